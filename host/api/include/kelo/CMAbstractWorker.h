@@ -1,0 +1,58 @@
+#pragma once
+#include "CMRequest.h"
+#include "CMRoot.h"
+#include "KeloRoles.h"
+#include "KeloValue.h"
+#include <QObject>
+
+/// What the root routes to: something that answers the requests below a prefix. Lives on a thread of
+/// its own with an event loop. The request operations are called on any thread.
+class KELO_EXPORT CMAbstractWorker : public QObject
+{
+    Q_OBJECT
+public:
+    explicit CMAbstractWorker(QObject* parent = nullptr);
+    ~CMAbstractWorker() override;
+
+    /// The paths below which this worker is asked, for example "/tidal". Does not change.
+    virtual QStringList prefixes() const = 0;
+
+    /// Any thread. Each answers the request's reply, now or later.
+    virtual void getDataRequest(const CMGetDataRequest& request) = 0;
+    virtual void setDataRequest(const CMSetDataRequest& request) = 0;
+    virtual void getRowsRequest(const CMGetRowsRequest& request) = 0;
+
+    /// Any thread; locked reads. See CMRoot.
+    virtual KeloValue nodeValue(const CMPath& path) const;
+    virtual KeloRoles dataRoles(const CMPath& path) const;
+    virtual KeloRoles servingRoles(const CMPath& path) const;
+    /// Any thread; null when the worker keeps no subscriptions.
+    virtual CMSubscribe* subscription() const;
+
+    /// The value at a path anywhere in the host tree, as a hash; invalid when there is none.
+    static QVariant getValue(const CMRoot& root, const CMPath& path);
+    /// Sends a value to a path anywhere in the host tree and reports through the reply, which is
+    /// made here.
+    static void invoke(const CMRoot& root, const CMPath& path, const QVariant& value,
+                       CMReply<QVariant>& reply);
+    /// Forwards a request to the host tree, without a deadline.
+    static void request(const CMRequest& request);
+
+    /// Subscribes a slot, in Qt's coded form, to the value at a path: slot(KeloValue new, KeloValue
+    /// old). One connection for each receiver, slot and path. Call on the receiver's thread.
+    void connectValueChange(const CMPath& path, QObject* receiver, const char* slot,
+                            Qt::ConnectionType type = Qt::AutoConnection);
+    void disconnectValueChange(const CMPath& path, QObject* receiver);
+    /// slot(CMPath).
+    void connectDataChange(const CMPath& path, QObject* receiver, const char* slot,
+                           Qt::ConnectionType type = Qt::AutoConnection);
+    void disconnectDataChange(const CMPath& path, QObject* receiver);
+    /// slot(CMPath, QVariant change, int count). The path counts as open meanwhile.
+    void connectRowsChange(const CMPath& path, QObject* receiver, const char* slot,
+                           Qt::ConnectionType type = Qt::AutoConnection);
+    void disconnectRowsChange(const CMPath& path, QObject* receiver);
+
+private:
+    class Connections;
+    std::unique_ptr<Connections> m_connections;
+};

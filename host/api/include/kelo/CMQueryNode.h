@@ -1,0 +1,28 @@
+#pragma once
+#include "CMUINode.h"
+
+/// A shown node that takes a text to search for. A client adds the text as the query parameter to the
+/// query path and asks for that path's rows; a rows request on this node that carries the parameter is
+/// answered by the node at the query path.
+class KELO_EXPORT CMQueryNode : public CMUINode
+{
+    Q_OBJECT
+public:
+    explicit CMQueryNode(const CMPath& path);
+    static CMQueryNode* create(CMNodes* nodes, const CMPath& path);
+
+    /// Name of the parameter that carries the user's text.
+    void setQuery(const QString& parameter);
+    /// The node that answers the search.
+    void setQueryPath(const CMPath& path);
+
+    bool getRowsRequest(const CMGetRowsRequest& request) override;
+
+protected:
+    KeloRolesType::Enum rolesType() const override;
+    void addDataRoles(KeloRoles& roles, const CMPath::Params& params) const override;
+
+private:
+    QString m_query;
+    CMPath m_queryPath;
+};

@@ -1,0 +1,140 @@
+#pragma once
+#include "CMError.h"
+#include "KeloShared.h"
+#include <condition_variable>
+#include <functional>
+#include <mutex>
+#include <QObject>
+#include <QPointer>
+#include <vector>
+
+/// Shared state of one answer. It is finished once: the first answer wins, later ones change
+/// nothing and are logged, and in test builds a second answer of the service side is an assertion.
+/// All operations may be called from any thread; watchers run without the lock held.
+class KELO_EXPORT CMVoidReplyData : public KeloSharedData
+{
+public:
+    /// Who finishes a reply. An answer that comes after the host gave up is no fault.
+    enum class Origin {
+        Service, ///< the node or worker that serves the request
+        Host     ///< the host: a deadline, a worker that stopped, a client that went away
+    };
+
+    ~CMVoidReplyData() override;
+
+    bool isFinished() const;
+    CMError error() const;
+    bool waitForFinished(int timeoutMs) const;
+    /// Finishes with an error; false when it was finished already.
+    bool finishWithError(const CMError& error, Origin origin);
+    void addWatcher(QObject* receiver, std::function<void()> callback, Qt::ConnectionType type);
+    /// Runs on the finishing thread, before the watchers; at once when finished already.
+    void addHook(std::function<void()> hook);
+
+protected:
+    /// Runs `store` under the lock when this is the first answer, then wakes and notifies.
+    bool finish(const std::function<void()>& store, Origin origin);
+
+    mutable std::mutex m_mutex;
+
+private:
+    struct Watcher
+    {
+        QPointer<QObject> receiver; ///< null pointer with isAnyThread set: run on the finishing thread
+        bool isAnyThread = false;
+        Qt::ConnectionType type = Qt::AutoConnection;
+        std::function<void()> callback;
+    };
+    static void run(const Watcher& watcher);
+
+    mutable std::condition_variable m_done;
+    bool m_finished = false;
+    Origin m_origin = Origin::Service;
+    CMError m_error;
+    std::vector<Watcher> m_watchers; ///< emptied when the reply finishes
+};
+
+/// Typed shared state of one answer.
+template <class T>
+class CMReplyData : public CMVoidReplyData
+{
+public:
+    /// Finishes with a value; false when it was finished already.
+    bool setValue(const T& value, Origin origin = Origin::Service)
+    {
+        return finish([&] { m_value = value; }, origin);
+    }
+    T value() const
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        return m_value;
+    }
+
+private:
+    T m_value{};
+};
+
+/// Handle to the answer of a request, whatever its value's type. An empty handle (default
+/// constructed) belongs to a request that nobody waits for: answering it does nothing.
+class KELO_EXPORT CMVoidReply
+{
+public:
+    CMVoidReply() = default;
+    explicit CMVoidReply(const KeloShared<CMVoidReplyData>& data) : m_data(data) {}
+
+    bool isNull() const { return !m_data; }
+    /// Finishes with an error; the first answer wins.
+    void setError(const CMError& error) const;
+    /// The error; not set while unfinished and after a value.
+    CMError error() const;
+    bool isFinished() const;
+    /// Blocks until finished; negative: no limit. Never runs an event loop. False on time-out.
+    bool waitForFinished(int timeoutMs) const;
+    /// Calls back once when the reply is finished, or soon when it is already: on the receiver's
+    /// thread, directly when that is the finishing thread and the type is not queued. Not called when
+    /// the receiver is gone. With a null receiver it runs on the finishing thread.
+    void addWatcher(QObject* receiver, std::function<void()> callback,
+                    Qt::ConnectionType type = Qt::AutoConnection) const;
+
+    const KeloShared<CMVoidReplyData>& data() const { return m_data; }
+
+private:
+    KeloShared<CMVoidReplyData> m_data;
+};
+
+/// Handle to an answer that carries a value of type T.
+template <class T>
+class CMReply : public CMVoidReply
+{
+public:
+    /// An empty handle.
+    CMReply() = default;
+    /// The typed handle of a reply; empty when its value is of another type.
+    explicit CMReply(const CMVoidReply& reply)
+        : CMVoidReply(dynamic_cast<CMReplyData<T>*>(reply.data().get()) ? reply : CMVoidReply())
+    {
+    }
+    /// A fresh, unfinished reply.
+    static CMReply create()
+    {
+        return CMReply(CMVoidReply(KeloShared<CMVoidReplyData>(new CMReplyData<T>)));
+    }
+
+    /// Finishes with a value; the first answer wins.
+    void setValue(const T& value) const
+    {
+        if (auto* typed = typedData())
+            typed->setValue(value);
+    }
+    /// The value; a default one while unfinished and after an error.
+    T value() const
+    {
+        auto* typed = typedData();
+        return typed ? typed->value() : T();
+    }
+
+private:
+    CMReplyData<T>* typedData() const { return static_cast<CMReplyData<T>*>(data().get()); }
+};
+
+Q_DECLARE_METATYPE(CMVoidReply)

@@ -1,0 +1,65 @@
+#pragma once
+#include "CMPath.h"
+#include "KeloValue.h"
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <QObject>
+#include <QVariant>
+
+/// What a client is told about an open rows path.
+struct KELO_EXPORT CMRowsNotice
+{
+    CMPath path;     ///< the path as the client opened it
+    QVariant change; ///< "close", "reset", or a list of texts such as "-4", "+3"
+    int count = -1;  ///< the new number of rows; negative when not said
+};
+
+/// Subscription object of one node tree: knows which rows paths clients have open, and carries
+/// change notices to them. Owned by its CMNodes. Every operation may be called from any thread; the
+/// signals are emitted on the caller's thread, so queued connections carry them to the worker.
+class KELO_EXPORT CMSubscribe : public QObject
+{
+    Q_OBJECT
+public:
+    using RowsListener = std::function<void(const CMRowsNotice&)>;
+
+    explicit CMSubscribe(QObject* parent = nullptr);
+    ~CMSubscribe() override;
+
+    /// Kind of change: what stood under the path is gone.
+    static const QString& RowsChangeClose();
+    /// Kind of change: everything under the path is to be asked for again.
+    static const QString& RowsChangeReset();
+
+    /// Opens a rows path for a client; the listener is called on the notifying thread, without
+    /// locks held. Returns a number for closeRows().
+    quint64 openRows(const CMPath& path, RowsListener listener);
+    /// Ends it; after the return the listener may still run once on another thread.
+    void closeRows(quint64 id);
+
+    /// Tells the clients that rows changed. The notice reaches every open path with the same base
+    /// whose parameters include the notice's. `change` is a kind or a list of row changes.
+    void rowsChanged(const CMPath& path, const QVariant& change, int count, int rowsVersion = -1);
+    /// Tells the clients that everything under the path changed; the notice reaches every open path
+    /// that starts with it.
+    void changedStartingWith(const CMPath& path, const QString& kind, int count = -1,
+                             int rowsVersion = -1);
+    /// Version of the rows at a path's base: grows with every notice that touches it.
+    int rowsVersion(const CMPath& path) const;
+
+    /// Tells the watchers of the path's value; the values are handed on as they are.
+    void valueChanged(const CMPath& path, const KeloValue& newValue, const KeloValue& oldValue);
+    /// Tells the watchers that the data roles at a path changed.
+    void dataChanged(const CMPath& path);
+
+Q_SIGNALS:
+    /// A client opened a rows path that nobody had open.
+    void rowsPathAdded(CMPath const& path);
+    /// The last client of a rows path closed it.
+    void rowsPathRemoved(CMPath const& path);
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};

@@ -1,0 +1,66 @@
+#pragma once
+#include "CMPath.h"
+#include <log4cplus/logger.h>
+#include <log4cplus/loggingmacros.h>
+#include <QString>
+#include <QStringList>
+#include <QTextStream>
+
+class CMRequest;
+
+/// The named logger; made on first use. Loggers are log4cplus ones, configured by the program.
+KELO_EXPORT const log4cplus::Logger& keloLogger(const char* name);
+
+/// One line of a log, built with << and written when it goes out of scope. Texts from outside have
+/// their control characters escaped, so that a line stays one line. When the level is off, nothing is
+/// formatted.
+class KELO_EXPORT KeloLogLine
+{
+public:
+    KeloLogLine(const char* logger, log4cplus::LogLevel level, const char* file, int line);
+    KeloLogLine(KeloLogLine&& other) noexcept;
+    KeloLogLine(const KeloLogLine&) = delete;
+    KeloLogLine& operator=(const KeloLogLine&) = delete;
+    ~KeloLogLine();
+
+    KeloLogLine& operator<<(const QString& text);
+    KeloLogLine& operator<<(const char* text);
+    KeloLogLine& operator<<(const QByteArray& text);
+    KeloLogLine& operator<<(const QStringList& texts);
+    KeloLogLine& operator<<(const CMPath& path);
+    KeloLogLine& operator<<(const CMRequest& request);
+    KeloLogLine& operator<<(bool flag);
+    KeloLogLine& operator<<(int number);
+    KeloLogLine& operator<<(qint64 number);
+
+private:
+    const log4cplus::Logger* m_logger; ///< null when the level is off
+    log4cplus::LogLevel m_level;
+    const char* m_file;
+    int m_line;
+    QString m_text;
+};
+
+/// The entry trace of a function: a TRACE line "Enter ", the signature, ": " and what the caller
+/// adds with <<. Give Q_FUNC_INFO as signature.
+KELO_EXPORT KeloLogLine dbglog_scopedFunction(const char* signature, const char* logger);
+
+#define KELO_LOG(logger, level) KeloLogLine(logger, log4cplus::level##_LOG_LEVEL, __FILE__, __LINE__)
+
+/// A text that must not be seen: prints as "***". Compares and converts only when asked by name.
+class KELO_EXPORT KeloSecret
+{
+public:
+    KeloSecret() = default;
+    explicit KeloSecret(const QString& text) : m_text(text) {}
+    bool isEmpty() const { return m_text.isEmpty(); }
+    const QString& reveal() const { return m_text; }
+    QString toString() const { return m_text.isEmpty() ? QString() : QStringLiteral("***"); }
+
+private:
+    QString m_text;
+};
+
+/// A URL for a log: user info and the values of query items that carry secrets (token, signature,
+/// code, key, ...) are replaced by "***".
+KELO_EXPORT QString keloUrlForLog(const QString& url);

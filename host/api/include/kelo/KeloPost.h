@@ -1,0 +1,13 @@
+#pragma once
+#include "KeloExport.h"
+#include <functional>
+#include <QObject>
+
+/// Runs a function on the receiver's thread, in a later turn of its event loop; nothing runs when
+/// the receiver is gone by then. May be called from any thread while the receiver is alive. This is
+/// the way by which functions cross threads; it carries an acquire-release step of its own, so what
+/// the caller wrote before is seen there.
+KELO_EXPORT void keloPost(QObject* receiver, std::function<void()> function);
+
+/// As keloPost(), but runs at once when the caller is on the receiver's thread already.
+KELO_EXPORT void keloPostOrCall(QObject* receiver, std::function<void()> function);

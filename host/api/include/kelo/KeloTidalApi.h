@@ -1,0 +1,255 @@
+#pragma once
+#include "KeloHash.h"
+#include "KeloJson.h"
+#include "KeloNames.h"
+#include <vector>
+
+// The service's answers. Each is a view of a parsed JSON object: a field is read when asked for, and
+// one that is null, missing or of another type reads as its empty value. Field names are the
+// service's own.
+
+/// Base of the views.
+class KELO_EXPORT KeloTidalApiObject
+{
+public:
+    KeloTidalApiObject() = default;
+    explicit KeloTidalApiObject(const KeloJson& json) : m_json(json) {}
+
+    /// Whether there is no object, or one without fields.
+    bool isEmpty() const { return !m_json.isObject() || m_json.isEmpty(); }
+    /// Whether the object holds the field and the field is not null.
+    bool contains(const QString& key) const;
+    const KeloJson& json() const { return m_json; }
+    /// A full copy as a hash; for those who ask for it.
+    KeloHash toHash() const;
+
+protected:
+    QString text(std::string_view key) const { return m_json.value(key).toString(); }
+    qint64 number(std::string_view key) const { return m_json.value(key).toInt64(); }
+
+private:
+    KeloJson m_json;
+};
+
+/// Why a request was refused. Unlike the others it is a hash: it can be made and changed.
+class KELO_EXPORT KeloTidalApiErrorResponse : public KeloHash
+{
+public:
+    KELO_NAME(Status, "status")
+    KELO_NAME(SubStatus, "subStatus")
+    KELO_NAME(UserMessage, "userMessage")
+
+    KeloTidalApiErrorResponse() = default;
+    /// Of a JSON object; empty for anything else.
+    explicit KeloTidalApiErrorResponse(const KeloJson& json);
+
+    int status() const { return value(Status()).toInt(); }
+    int subStatus() const { return value(SubStatus()).toInt(); }
+    QString userMessage() const { return value(UserMessage()).toString(); }
+    void setUserMessage(const QString& text) { insert(UserMessage(), text); }
+};
+
+/// Answer to the session request.
+class KELO_EXPORT KeloTidalApiSessionsResponse : public KeloTidalApiObject
+{
+public:
+    using KeloTidalApiObject::KeloTidalApiObject;
+    QString sessionId() const { return text("sessionId"); }
+    QString countryCode() const { return text("countryCode"); }
+    qint64 userId() const { return number("userId"); }
+};
+
+/// Answer to the subscription request.
+class KELO_EXPORT KeloTidalApiSubscriptionResponse : public KeloTidalApiObject
+{
+public:
+    using KeloTidalApiObject::KeloTidalApiObject;
+    QString highestSoundQuality() const { return text("highestSoundQuality"); }
+};
+
+/// An artist as it stands inside a track or an album.
+class KELO_EXPORT KeloTidalApiArtist : public KeloTidalApiObject
+{
+public:
+    using KeloTidalApiObject::KeloTidalApiObject;
+    qint64 id() const { return number("id"); }
+    QString name() const { return text("name"); }
+};
+
+/// An album as it stands inside a track.
+class KELO_EXPORT KeloTidalApiAlbum : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Cover, "cover")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    QString title() const { return text("title"); }
+    QString cover() const { return text("cover"); }
+};
+
+/// An album.
+class KELO_EXPORT KeloTidalApiAlbumResponse : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Cover, "cover")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    qint64 id() const { return number("id"); }
+    QString title() const { return text("title"); }
+    QString cover() const { return text("cover"); }
+    /// True when not said.
+    bool allowStreaming() const { return json().value("allowStreaming").toBool(true); }
+    KeloTidalApiArtist artist() const;
+    std::vector<KeloTidalApiArtist> artists() const;
+};
+
+/// An artist.
+class KELO_EXPORT KeloTidalApiArtistResponse : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Picture, "picture")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    qint64 id() const { return number("id"); }
+    QString name() const { return text("name"); }
+    QString url() const { return text("url"); }
+    QString picture() const { return text("picture"); }
+};
+
+/// A track, or a video among the tracks of a playlist.
+class KELO_EXPORT KeloTidalApiTrackResponse : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Artist, "artist")
+    KELO_NAME(Album, "album")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    qint64 id() const { return number("id"); }
+    QString title() const { return text("title"); }
+    /// True when not said.
+    bool allowStreaming() const { return json().value("allowStreaming").toBool(true); }
+    KeloTidalApiArtist artist() const;
+    std::vector<KeloTidalApiArtist> artists() const;
+    KeloTidalApiAlbum album() const;
+};
+
+/// A playlist. Its identifier is `uuid`; there is no `id`.
+class KELO_EXPORT KeloTidalApiPlaylistResponse : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Image, "image")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    QString uuid() const { return text("uuid"); }
+    QString title() const { return text("title"); }
+    QString description() const { return text("description"); }
+    QString image() const { return text("image"); }
+    std::vector<KeloTidalApiArtist> promotedArtists() const;
+};
+
+/// An entry of a favourites list: the item stands one level deeper.
+template <class ItemResponse>
+class KeloTidalApiFavorite : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Item, "item")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    ItemResponse item() const { return ItemResponse(json().value("item")); }
+};
+using KeloTidalApiFavoriteAlbumResponse = KeloTidalApiFavorite<KeloTidalApiAlbumResponse>;
+using KeloTidalApiFavoriteArtistResponse = KeloTidalApiFavorite<KeloTidalApiArtistResponse>;
+using KeloTidalApiFavoriteTrackResponse = KeloTidalApiFavorite<KeloTidalApiTrackResponse>;
+using KeloTidalApiFavoritePlaylistResponse = KeloTidalApiFavorite<KeloTidalApiPlaylistResponse>;
+
+/// A page of a list. items() and itemsFav() are two readings of the same elements: bare, and wrapped
+/// as favourites are. Elements that are no objects are left out of both.
+template <class ItemResponse>
+class KeloTidalApiList : public KeloTidalApiObject
+{
+public:
+    using Item = ItemResponse;
+    using Favorite = KeloTidalApiFavorite<ItemResponse>;
+    using KeloTidalApiObject::KeloTidalApiObject;
+
+    int totalNumberOfItems() const { return int(number("totalNumberOfItems")); }
+    std::vector<ItemResponse> items() const { return elements<ItemResponse>(); }
+    std::vector<Favorite> itemsFav() const { return elements<Favorite>(); }
+
+private:
+    template <class Element>
+    std::vector<Element> elements() const
+    {
+        const KeloJson list = json().value("items");
+        std::vector<Element> result;
+        if (!list.isArray())
+            return result;
+        result.reserve(std::size_t(list.size()));
+        list.forEach([&](const KeloJson& element) {
+            if (element.isObject())
+                result.emplace_back(element);
+        });
+        return result;
+    }
+};
+using KeloTidalApiAlbumsResponse = KeloTidalApiList<KeloTidalApiAlbumResponse>;
+using KeloTidalApiArtistsResponse = KeloTidalApiList<KeloTidalApiArtistResponse>;
+using KeloTidalApiTracksResponse = KeloTidalApiList<KeloTidalApiTrackResponse>;
+using KeloTidalApiPlaylistsResponse = KeloTidalApiList<KeloTidalApiPlaylistResponse>;
+
+/// Biography of an artist, with the service's link markup.
+class KELO_EXPORT KeloTidalApiArtistBioResponse : public KeloTidalApiObject
+{
+public:
+    using KeloTidalApiObject::KeloTidalApiObject;
+    QString text() const { return KeloTidalApiObject::text("text"); }
+};
+
+/// One root of the catalogue: a genre, a mood, an editorial group.
+class KELO_EXPORT KeloTidalApiContentRoots : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Image, "image")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    /// The service's key of the root, for the paths below it.
+    QString path() const { return text("path"); }
+    QString name() const { return text("name"); }
+    QString image() const { return text("image"); }
+};
+
+/// The roots of one kind.
+class KELO_EXPORT KeloTidalApiContentRootsResponse
+{
+public:
+    /// Takes the array that the service answered with.
+    void setRoot(const KeloJson& array) { m_root = array; }
+    bool isEmpty() const { return !m_root.isArray() || m_root.isEmpty(); }
+    /// The elements that are objects.
+    std::vector<KeloTidalApiContentRoots> root() const;
+
+private:
+    KeloJson m_root;
+};
+
+/// Playback information of a track.
+class KELO_EXPORT KeloTidalApiStreamUrlResponse : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(TrackId, "trackId")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    qint64 trackId() const { return number("trackId"); }
+    QString audioQuality() const { return text("audioQuality"); }
+    QString manifestMimeType() const { return text("manifestMimeType"); }
+    /// Base64 (RFC 4648 4).
+    QString manifest() const { return text("manifest"); }
+};
+
+/// A decoded stream manifest.
+class KELO_EXPORT KeloTidalApiManifest : public KeloTidalApiObject
+{
+public:
+    using KeloTidalApiObject::KeloTidalApiObject;
+    QString mimeType() const { return text("mimeType"); }
+    QStringList urls() const;
+};
+
+Q_DECLARE_METATYPE(KeloTidalApiErrorResponse)
+Q_DECLARE_METATYPE(KeloTidalApiSessionsResponse)
+Q_DECLARE_METATYPE(KeloTidalApiSubscriptionResponse)
+Q_DECLARE_METATYPE(KeloTidalApiTrackResponse)
+Q_DECLARE_METATYPE(KeloTidalApiContentRootsResponse)
+Q_DECLARE_METATYPE(KeloTidalApiStreamUrlResponse)

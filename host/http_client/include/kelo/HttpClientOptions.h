@@ -1,0 +1,42 @@
+#pragma once
+#include "HttpClientHeaders.h"
+#include "HttpClientPrivate.h"
+
+/// Options of one HTTP call. The setters return the object, so that they can be chained.
+class KELO_HTTP_EXPORT HttpClientOptions
+{
+public:
+    HttpClientOptions& setUserData(const HttpClientPrivate& userData)
+    {
+        m_userData = userData;
+        return *this;
+    }
+    /// Longest time for the whole call, in milliseconds; 0: no limit.
+    HttpClientOptions& setTimeoutMs(int ms)
+    {
+        m_timeoutMs = ms;
+        return *this;
+    }
+    /// Largest body of an answer, in bytes after decoding; 0: no limit. A larger one is a failure.
+    HttpClientOptions& setReadSizeLimit(int bytes)
+    {
+        m_readSizeLimit = bytes;
+        return *this;
+    }
+    HttpClientOptions& setHeaders(const HttpClientHeaders& headers)
+    {
+        m_headers = headers;
+        return *this;
+    }
+
+    const HttpClientPrivate& userData() const { return m_userData; }
+    int timeoutMs() const { return m_timeoutMs; }
+    int readSizeLimit() const { return m_readSizeLimit; }
+    const HttpClientHeaders& headers() const { return m_headers; }
+
+private:
+    HttpClientPrivate m_userData;
+    int m_timeoutMs = 30000;
+    int m_readSizeLimit = 0;
+    HttpClientHeaders m_headers;
+};

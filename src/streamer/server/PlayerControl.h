@@ -1,0 +1,27 @@
+#pragma once
+#include <functional>
+#include <kelo/CMReply.h>
+#include <QJsonObject>
+#include <QVariantHash>
+
+/// What the web API asks of the player. Every operation may be called from any thread.
+class PlayerControl
+{
+public:
+    using Listener = std::function<void(const QJsonObject& status)>;
+
+    virtual ~PlayerControl() = default;
+
+    /// The player's state in the form of the web API: state, path, title, artist, album, icon,
+    /// positionMs, durationMs, quality {asked, delivered}, note.
+    virtual QJsonObject status() const = 0;
+    /// Runs a command: "play" {path}, "pause", "resume", "stop", "next", "previous",
+    /// "seek" {positionMs}, "volume" {percent}. Answered when it has taken effect; "play" when the
+    /// item plays or has failed. An argument that is missing or wrong is a
+    /// CMError::BadRequestName() error.
+    virtual CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) = 0;
+    /// The listener is called on any thread at every change of the status (and about once a second
+    /// while playing). Returns a number for removeListener(), after whose return it does not run.
+    virtual quint64 addListener(Listener listener) = 0;
+    virtual void removeListener(quint64 id) = 0;
+};

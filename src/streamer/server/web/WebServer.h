@@ -1,0 +1,34 @@
+#pragma once
+#include <memory>
+#include <QString>
+
+class LoginControl;
+class PlayerControl;
+
+/// Where the web server listens.
+struct WebServerOptions
+{
+    QString address = QStringLiteral("127.0.0.1");
+    int port = 8095;         ///< 0 picks a free one
+    QString moduleFile;      ///< shown by the health page
+};
+
+/// The streamer's HTTP API under /api/v1, with /healthz, /readyz and /metrics. Owned by serve; has
+/// threads of its own and asks the tree, the player and the login, which outlive it.
+class WebServer
+{
+public:
+    WebServer(const WebServerOptions& options, PlayerControl& player, LoginControl& login);
+    ~WebServer();
+
+    /// Binds and starts; false with a sentence in `error`.
+    bool start(QString* error);
+    /// The port that it listens on.
+    int port() const;
+    /// Ends open event streams and waiting calls, then the threads. Takes less than a second.
+    void stop();
+
+private:
+    class Private;
+    std::unique_ptr<Private> d;
+};
