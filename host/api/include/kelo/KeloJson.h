@@ -65,28 +65,33 @@ public:
     template <class Visit>
     void forEach(Visit visit) const
     {
-        for (Cursor cursor = begin(); !isAtEnd(cursor); advance(cursor))
+        for (Cursor cursor = beginArray(); !isAtEnd(cursor); advance(cursor))
             visit(element(cursor));
     }
     /// Calls visit(std::string_view key, KeloJson value) for each field of an object, in order.
     template <class Visit>
     void forEachField(Visit visit) const
     {
-        for (Cursor cursor = begin(); !isAtEnd(cursor); advance(cursor))
+        for (Cursor cursor = beginObject(); !isAtEnd(cursor); advance(cursor))
             visit(key(cursor), element(cursor));
     }
 
 private:
     struct Document;
-    /// Place of an element: index into the document's tape.
+    /// Place of an element: index of its value into the document's tape. The value of a field
+    /// stands behind its key.
     struct Cursor
     {
         std::size_t index = 0;
         std::size_t end = 0;
+        std::size_t keySize = 0; ///< places that a key takes: one in an object, none in an array
     };
 
     KeloJson(const KeloShared<Document>& document, std::size_t index);
-    Cursor begin() const;
+    char type() const;
+    Cursor beginArray() const;
+    Cursor beginObject() const;
+    Cursor begin(char type, std::size_t keySize) const;
     bool isAtEnd(const Cursor& cursor) const { return cursor.index >= cursor.end; }
     void advance(Cursor& cursor) const;
     KeloJson element(const Cursor& cursor) const;

@@ -62,6 +62,7 @@ public:
     void setDisabled(bool disabled);
     QString id() const;
     void setId(const QString& id);
+    using KeloHash::value;
     QVariant value() const;
     /// The hash of a KeloValue.
     void setValue(const QVariant& value);

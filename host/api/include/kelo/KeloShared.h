@@ -1,5 +1,6 @@
 #pragma once
 #include <atomic>
+#include <type_traits>
 #include <utility>
 
 /// Base of shared data that KeloShared counts. Data is filled by its maker and not changed once a
@@ -18,7 +19,7 @@ public:
 /// Counted handle to shared data, cheap to copy and safe to hand to another thread: get() is an
 /// acquire load that pairs with the copy made by the sender, so a receiver sees what was written
 /// before the hand-over whatever carried it (a queued call, a list behind a lock).
-/// The handle itself is not for concurrent writers.
+/// The handle itself is not for concurrent writers. T may be incomplete where handles are only copied.
 template <class T>
 class KeloShared
 {
@@ -28,9 +29,9 @@ public:
     KeloShared(const KeloShared& other) : m_data(other.m_data) { add(); }
     KeloShared(KeloShared&& other) noexcept : m_data(std::exchange(other.m_data, nullptr)) {}
     template <class Other>
-    explicit KeloShared(const KeloShared<Other>& other) : m_data(other.get())
+    explicit KeloShared(const KeloShared<Other>& other) : KeloShared(static_cast<T*>(other.get()))
     {
-        add();
+        static_assert(std::is_base_of_v<T, Other>, "not a handle to a deriving class");
     }
     KeloShared& operator=(KeloShared other) noexcept
     {
@@ -47,7 +48,7 @@ public:
     {
         if (m_data)
             (void)m_data->m_references.load(std::memory_order_acquire);
-        return m_data;
+        return static_cast<T*>(m_data);
     }
     T* operator->() const { return get(); }
     T& operator*() const { return *get(); }
@@ -67,5 +68,5 @@ private:
             m_data->m_references.fetch_add(1, std::memory_order_acq_rel);
     }
 
-    T* m_data = nullptr;
+    KeloSharedData* m_data = nullptr;
 };
