@@ -1,0 +1,263 @@
+#include "CMRoot.h"
+
+#include "CMAbstractWorker.h"
+#include "CMPendingReplies.h"
+#include "CMWatchers.h"
+#include "CMWorkerRoute.h"
+#include "CMSlot.h"
+#include "KeloLog.h"
+
+#include <atomic>
+#include <map>
+
+namespace
+{
+/// The state behind every CMRoot. Lives to the end of the process.
+struct RootState
+{
+    std::mutex mutex; ///< guards routes and open
+    std::vector<std::shared_ptr<CMWorkerRoute>> routes;
+    struct OpenRows
+    {
+        std::weak_ptr<CMWorkerRoute> route;
+        quint64 id;
+    };
+    std::map<quint64, OpenRows> open;
+    quint64 lastOpen = 0;
+    CMDeadlines deadlines;
+
+    CMPendingReplies pending;
+    CMWatchers watchers;
+
+    /// The route with the longest prefix that the path starts with; null when there is none.
+    std::shared_ptr<CMWorkerRoute> find(const CMPath& path)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        std::shared_ptr<CMWorkerRoute> best;
+        int length = -1;
+        for (const auto& route : routes) {
+            const int matched = route->matchLength(path);
+            if (matched > length) {
+                length = matched;
+                best = route;
+            }
+        }
+        return best;
+    }
+};
+
+RootState& state()
+{
+    static RootState* const root = [] {
+        keloRegisterMetaTypes();
+        return new RootState;
+    }();
+    return *root;
+}
+
+CMError notFound(const CMPath& path)
+{
+    return CMError(CMError::NotFoundName(),
+                   TrString(TrCharData{"CMRoot", "There is nothing at %1", nullptr},
+                            {path.toEncoded()}));
+}
+
+/// Hands the request to the operation of its kind.
+void dispatch(CMAbstractWorker* worker, const CMRequest& request)
+{
+    if (const CMGetRowsRequest rows(request); !rows.isNull())
+        worker->getRowsRequest(rows);
+    else if (const CMSetDataRequest set(request); !set.isNull())
+        worker->setDataRequest(set);
+    else if (const CMGetDataRequest data(request); !data.isNull())
+        worker->getDataRequest(data);
+}
+
+std::chrono::milliseconds deadlineOf(const CMRequest& request, const CMDeadlines& deadlines)
+{
+    if (!CMGetRowsRequest(request).isNull())
+        return deadlines.rows;
+    return CMSetDataRequest(request).isNull() ? deadlines.data : deadlines.set;
+}
+
+/// Whether a rows request asks for a range that ends before it begins.
+bool isUpsideDown(const CMRequest& request)
+{
+    const CMGetRowsRequest rows(request);
+    return !rows.isNull() && rows.from() >= 0 && rows.to() >= 0 && rows.from() > rows.to();
+}
+
+void route(const CMRequest& request, std::chrono::milliseconds deadline)
+{
+    RootState& root = state();
+    if (isUpsideDown(request)) {
+        request.reply().setError(CMError(
+            CMError::BadRequestName(),
+            TrString(TrCharData{"CMRoot", "The first row comes after the last one", nullptr})));
+        return;
+    }
+    const std::shared_ptr<CMWorkerRoute> target = root.find(request.path());
+    const CMWorkerRoute::Visit visit(target);
+    if (!visit.worker()) {
+        request.reply().setError(notFound(request.path()));
+        return;
+    }
+    root.pending.add(request.reply(), visit.worker(), deadline);
+    dispatch(visit.worker(), request);
+}
+}
+
+bool CMRoot::addWorker(CMAbstractWorker* worker) const
+{
+    RootState& root = state();
+    const QStringList prefixes = worker->prefixes();
+    std::lock_guard<std::mutex> lock(root.mutex);
+    for (const auto& route : root.routes) {
+        for (const QString& prefix : prefixes) {
+            if (route->prefixes().contains(prefix)) {
+                KELO_LOG("Host", ERROR) << "the prefix " << prefix << " is taken";
+                return false;
+            }
+        }
+    }
+    root.routes.push_back(std::make_shared<CMWorkerRoute>(worker, prefixes));
+    return true;
+}
+
+void CMRoot::removeWorker(CMAbstractWorker* worker) const
+{
+    RootState& root = state();
+    std::shared_ptr<CMWorkerRoute> removed;
+    {
+        std::lock_guard<std::mutex> lock(root.mutex);
+        for (auto it = root.routes.begin(); it != root.routes.end(); ++it) {
+            if ((*it)->isFor(worker)) {
+                removed = *it;
+                root.routes.erase(it);
+                break;
+            }
+        }
+    }
+    if (!removed)
+        return;
+    removed->close();
+    root.pending.failAllOf(worker);
+}
+
+void CMRoot::request(const CMRequest& request) const
+{
+    CMDeadlines deadlines;
+    {
+        std::lock_guard<std::mutex> lock(state().mutex);
+        deadlines = state().deadlines;
+    }
+    route(request, deadlineOf(request, deadlines));
+}
+
+void CMRoot::requestInternal(const CMRequest& request) const
+{
+    route(request, CMPendingReplies::noDeadline());
+}
+
+CMReply<QVariant> CMRoot::invoke(const CMPath& path, const QVariant& value) const
+{
+    const CMSetDataRequest request(path, KeloRoles::Value(), value);
+    requestInternal(request);
+    return request.reply();
+}
+
+void CMRoot::setDeadlines(const CMDeadlines& deadlines) const
+{
+    std::lock_guard<std::mutex> lock(state().mutex);
+    state().deadlines = deadlines;
+}
+
+int CMRoot::pendingRequests() const
+{
+    return state().pending.size();
+}
+
+KeloValue CMRoot::value(const CMPath& path) const
+{
+    const CMWorkerRoute::Visit visit(state().find(path));
+    return visit.worker() ? visit.worker()->nodeValue(path) : KeloValue();
+}
+
+KeloRoles CMRoot::dataRoles(const CMPath& path) const
+{
+    const CMWorkerRoute::Visit visit(state().find(path));
+    return visit.worker() ? visit.worker()->dataRoles(path) : KeloRoles();
+}
+
+KeloRoles CMRoot::servingRoles(const CMPath& path) const
+{
+    const CMWorkerRoute::Visit visit(state().find(path));
+    return visit.worker() ? visit.worker()->servingRoles(path) : KeloRoles();
+}
+
+quint64 CMRoot::openRows(const CMPath& path, CMSubscribe::RowsListener listener) const
+{
+    RootState& root = state();
+    const std::shared_ptr<CMWorkerRoute> target = root.find(path);
+    const CMWorkerRoute::Visit visit(target);
+    CMSubscribe* subscription = visit.worker() ? visit.worker()->subscription() : nullptr;
+    if (!subscription)
+        return 0;
+    const quint64 inner = subscription->openRows(path, std::move(listener));
+    std::lock_guard<std::mutex> lock(root.mutex);
+    const quint64 id = ++root.lastOpen;
+    root.open.emplace(id, RootState::OpenRows{target, inner});
+    return id;
+}
+
+void CMRoot::closeRows(quint64 id) const
+{
+    RootState& root = state();
+    RootState::OpenRows open;
+    {
+        std::lock_guard<std::mutex> lock(root.mutex);
+        const auto found = root.open.find(id);
+        if (found == root.open.end())
+            return;
+        open = found->second;
+        root.open.erase(found);
+    }
+    const CMWorkerRoute::Visit visit(open.route.lock());
+    if (visit.worker() && visit.worker()->subscription())
+        visit.worker()->subscription()->closeRows(open.id);
+}
+
+quint64 CMRoot::watchValue(const CMPath& path, ValueListener listener) const
+{
+    return state().watchers.addValue(path, std::move(listener));
+}
+
+quint64 CMRoot::watchData(const CMPath& path, DataListener listener) const
+{
+    return state().watchers.addData(path, std::move(listener));
+}
+
+void CMRoot::unwatch(quint64 id) const
+{
+    state().watchers.remove(id);
+}
+
+void CMRoot::notifyValue(const CMPath& path, const KeloValue& newValue,
+                         const KeloValue& oldValue) const
+{
+    state().watchers.notifyValue(path, newValue, oldValue);
+}
+
+void CMRoot::notifyData(const CMPath& path) const
+{
+    state().watchers.notifyData(path);
+}
+
+QList<CMAbstractWorker*> CMRoot::workers() const
+{
+    std::lock_guard<std::mutex> lock(state().mutex);
+    QList<CMAbstractWorker*> workers;
+    for (const auto& route : state().routes)
+        workers.append(route->workerPointer());
+    return workers;
+}
