@@ -1,0 +1,288 @@
+#include <future>
+#include <gtest/gtest.h>
+#include <kelo/CMActivateNode.h>
+#include <kelo/CMListRowsNode.h>
+#include <kelo/CMNodesWorker.h>
+#include <kelo/CMQueryNode.h>
+#include <kelo/CMRoot.h>
+#include <kelo/CMValueItem.h>
+#include <kelo/CMValueNode.h>
+#include <kelo/CMWorkerThread.h>
+#include <kelo/KeloForm.h>
+#include <kelo/KeloPost.h>
+#include <QEventLoop>
+
+namespace
+{
+CMPath path(const char* encoded)
+{
+    return CMPath::fromEncoded(QString::fromUtf8(encoded));
+}
+
+const QStringList shortRoles{KeloRoles::Path(), KeloRoles::Title(), KeloRoles::Disabled()};
+
+/// A worker with one node of each kind; "/demo/hold" never answers.
+class DemoWorker : public CMNodesWorker
+{
+    Q_OBJECT
+public:
+    DemoWorker() : CMNodesWorker({}, QStringLiteral("demo"))
+    {
+        auto* top = CMListRowsNode::create(nodes(), addPrefix(QString()));
+        top->setTitle(TrString(QStringLiteral("Demo")));
+        list = CMListRowsNode::create(nodes(), addPrefix(QStringLiteral("list")));
+        list->setCopyPathParams(true);
+        for (int i = 0; i < 3; ++i) {
+            KeloRoles row;
+            row.setTitle(QString::number(i));
+            list->rowsAppend(row);
+        }
+        value = CMValueNode::create(nodes(), addPrefix(QStringLiteral("value")));
+        value->setTitle(TrString(QStringLiteral("Value")));
+        value->setContextPath(addPrefix(QStringLiteral("list")));
+        list->rowsAppend(value->path());
+        list->rowsAppend(path("/demo/nowhere"));
+        secret = CMValueNode::create(nodes(), addPrefix(QStringLiteral("secret")));
+        secret->setSecret(true);
+        action = CMActivateNode::create(nodes(), addPrefix(QStringLiteral("action")), this,
+                                        SLOT(on_action(CMSetDataRequest)), Qt::QueuedConnection);
+        action->setBusyText(TrString(QStringLiteral("busy")));
+        CMActivateNode::create(nodes(), addPrefix(QStringLiteral("nothing")), nullptr, nullptr,
+                               Qt::QueuedConnection);
+        auto* hold = CMActivateNode::create(nodes(), addPrefix(QStringLiteral("hold")), this,
+                                            SLOT(on_hold(CMSetDataRequest)), Qt::DirectConnection);
+        hold->setActivateRole(KeloRoles::PrePlay());
+        auto* query = CMQueryNode::create(nodes(), addPrefix(QStringLiteral("search")));
+        query->setQuery(QStringLiteral("query"));
+        query->setQueryPath(list->path());
+        form = new KeloForm(nodes(), addPrefix(QStringLiteral("form")));
+        form->container()->setAcceptPath(addPrefix(QStringLiteral("action")));
+    }
+
+    CMListRowsNode* list;
+    CMValueNode* value;
+    CMValueNode* secret;
+    CMActivateNode* action;
+    KeloForm* form;
+    std::promise<void> entered;
+    CMSetDataRequest held;
+
+private Q_SLOTS:
+    void on_action(const CMSetDataRequest& request) { request.reply().setValue(42); }
+    void on_hold(const CMSetDataRequest& request)
+    {
+        held = request;
+        entered.set_value();
+    }
+};
+
+class TreeTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        worker = static_cast<DemoWorker*>(thread.start("demo", [] { return new DemoWorker; }));
+        ASSERT_TRUE(worker);
+    }
+
+    KeloRowsRoles rows(const char* encoded, int from = 0, int to = 49)
+    {
+        const CMGetRowsRequest request(path(encoded), from, to, shortRoles);
+        CMRoot().request(request);
+        EXPECT_TRUE(request.reply().waitForFinished(10000));
+        lastError = request.reply().error();
+        return request.reply().value();
+    }
+    CMReply<QVariant> set(const char* encoded, const QVariant& value,
+                          const QString& role = KeloRoles::Value())
+    {
+        const CMSetDataRequest request(path(encoded), role, value);
+        CMRoot().request(request);
+        return request.reply();
+    }
+    QString errorOf(const CMReply<QVariant>& reply)
+    {
+        EXPECT_TRUE(reply.waitForFinished(10000));
+        return reply.error().name();
+    }
+
+    CMWorkerThread thread;
+    DemoWorker* worker = nullptr;
+    CMError lastError;
+};
+}
+
+TEST_F(TreeTest, everyRequestIsAnsweredAlsoWhereNobodyStands)
+{
+    EXPECT_EQ(rows("/demo/list").rowsCount(), 5);
+    for (const char* nowhere : {"/nobody", "/demos", "/demo/list/below", "/demo/unknown", ""}) {
+        rows(nowhere);
+        EXPECT_EQ(lastError.name(), CMError::NotFoundName()) << nowhere;
+    }
+    rows("/demo/list", 5, 2);
+    EXPECT_EQ(lastError.name(), CMError::BadRequestName());
+    rows("/demo/list", -3, 2);
+    EXPECT_EQ(lastError.name(), CMError::BadRequestName());
+    rows("/demo/value");
+    EXPECT_EQ(lastError.name(), QStringLiteral("Refused"));
+    EXPECT_EQ(errorOf(set("/demo/nothing", 1)), QStringLiteral("NotAvailable"));
+    EXPECT_EQ(errorOf(set("/demo/hold", 1)), QStringLiteral("Refused"));
+    EXPECT_EQ(errorOf(set("/demo/list", 1)), QStringLiteral("Refused"));
+    EXPECT_EQ(CMRoot().pendingRequests(), 0);
+}
+
+TEST_F(TreeTest, aListAnswersSlicesAndCopiesParametersOntoRowsThatReferToNodes)
+{
+    const KeloRowsRoles page = rows("/demo/list?id=7", 2, 4);
+    EXPECT_EQ(page.rowsCount(), 5);
+    const QVariantList list = page.rows().toList();
+    ASSERT_EQ(list.size(), 3);
+    EXPECT_EQ(list.at(0).toList().at(1).toString(), QStringLiteral("2"));
+    EXPECT_EQ(list.at(1).toList().at(0).toString(), QStringLiteral("/demo/value?id=7"));
+    EXPECT_TRUE(list.at(2).toList().at(2).toBool()) << "a row that refers to nothing is disabled";
+    EXPECT_EQ(page.roles().path(), path("/demo/list?id=7"));
+    EXPECT_TRUE(rows("/demo/list", 5, 9).rows().toList().isEmpty());
+}
+
+TEST_F(TreeTest, anActionIsBusyUntilItIsAnswered)
+{
+    const CMReply<QVariant> reply = set("/demo/action", 1);
+    ASSERT_TRUE(reply.waitForFinished(10000));
+    EXPECT_EQ(reply.value(), QVariant(42));
+    // The busy count is taken back on the worker's thread, after what is queued there.
+    worker->ping().waitForFinished(10000);
+    EXPECT_FALSE(CMRoot().dataRoles(path("/demo/action")).contains(KeloRoles::BusyText()));
+}
+
+TEST_F(TreeTest, theQueryNodeForwardsAndTheFormHandsItsParametersOn)
+{
+    EXPECT_EQ(rows("/demo/search?query=x").rowsCount(), 5);
+    rows("/demo/search");
+    EXPECT_EQ(lastError.name(), CMError::BadRequestName());
+    EXPECT_EQ(rows("/demo/form?id=5").roles().value(KeloRoles::AcceptPath()).toString(),
+              QStringLiteral("/demo/action?id=5"));
+}
+
+TEST_F(TreeTest, valuesAreStoredWatchedAndKeptSecret)
+{
+    QEventLoop loop;
+    EXPECT_EQ(errorOf(set("/demo/value", QStringLiteral("one"))), QString());
+    EXPECT_EQ(CMRoot().value(path("/demo/value")).string_(), QStringLiteral("one"));
+    worker->value->setReadOnly(true);
+    EXPECT_EQ(errorOf(set("/demo/value", QStringLiteral("two"))), QStringLiteral("ReadOnly"));
+    EXPECT_EQ(errorOf(set("/demo/secret", QVariantHash())), CMError::BadRequestName());
+
+    set("/demo/secret", QStringLiteral("hidden")).waitForFinished(10000);
+    EXPECT_EQ(CMRoot().value(path("/demo/secret")).string_(), QStringLiteral("hidden"));
+    EXPECT_FALSE(CMRoot().dataRoles(path("/demo/secret")).contains(KeloRoles::Value()));
+    const QVariant context = CMRoot().dataRoles(path("/demo/value")).context();
+    EXPECT_EQ(context.toHash().value(KeloRoles::Path()).toString(), QStringLiteral("/demo/list"));
+}
+
+TEST_F(TreeTest, aRequestIsAnsweredAtItsDeadlineAndALateAnswerIsDropped)
+{
+    CMDeadlines deadlines;
+    deadlines.set = std::chrono::milliseconds(20);
+    CMRoot().setDeadlines(deadlines);
+    auto entered = worker->entered.get_future();
+    const CMReply<QVariant> reply = set("/demo/hold", 1, KeloRoles::PrePlay());
+    entered.wait();
+    EXPECT_EQ(errorOf(reply), CMError::DeadlineName());
+    worker->held.reply().setValue(1);
+    EXPECT_FALSE(reply.value().isValid());
+    EXPECT_EQ(CMRoot().pendingRequests(), 0);
+}
+
+TEST_F(TreeTest, aStoppedWorkerOwesNothing)
+{
+    auto entered = worker->entered.get_future();
+    const CMReply<QVariant> reply = set("/demo/hold", 1, KeloRoles::PrePlay());
+    entered.wait();
+    std::vector<std::thread> clients;
+    for (int i = 0; i < 4; ++i) {
+        clients.emplace_back([] {
+            for (int n = 0; n < 200; ++n) {
+                const CMSetDataRequest request(path("/demo/action"), KeloRoles::Value(), n);
+                CMRoot().request(request);
+                ASSERT_TRUE(request.reply().waitForFinished(10000));
+            }
+        });
+    }
+    thread.stop();
+    for (std::thread& client : clients)
+        client.join();
+    EXPECT_EQ(errorOf(reply), QStringLiteral("Stopped"));
+    EXPECT_EQ(CMRoot().pendingRequests(), 0);
+    rows("/demo/list");
+    EXPECT_EQ(lastError.name(), CMError::NotFoundName());
+}
+
+TEST_F(TreeTest, noticesReachTheOpenPathsTheyAreMeantFor)
+{
+    std::vector<std::pair<QString, QString>> seen;
+    const auto listener = [&seen](const CMRowsNotice& notice) {
+        seen.emplace_back(notice.path.toEncoded(), notice.change.toStringList().join(','));
+    };
+    const quint64 one = CMRoot().openRows(path("/demo/list?a=1&b=2"), listener);
+    const quint64 two = CMRoot().openRows(path("/demo/list/deep"), listener);
+    CMSubscribe* subscription = worker->nodes()->subscribe();
+    const int version = subscription->rowsVersion(path("/demo/list"));
+    subscription->rowsChanged(path("/demo/list?a=1"), QStringList{QStringLiteral("-4")}, 3);
+    subscription->rowsChanged(path("/demo/list?a=2"), QStringList{QStringLiteral("-5")}, 3);
+    subscription->changedStartingWith(path("/demo/list"), CMSubscribe::RowsChangeClose());
+    subscription->changedStartingWith(path("/demo/lis"), CMSubscribe::RowsChangeClose());
+    CMRoot().closeRows(one);
+    worker->list->rowsClear();
+    const std::vector<std::pair<QString, QString>> expected{
+        {"/demo/list?a=1&b=2", "-4"}, {"/demo/list?a=1&b=2", "close"}, {"/demo/list/deep", "close"}};
+    EXPECT_EQ(seen, expected);
+    EXPECT_EQ(subscription->rowsVersion(path("/demo/list")), version + 4);
+    CMRoot().closeRows(two);
+}
+
+namespace
+{
+class Listener : public QObject
+{
+    Q_OBJECT
+public:
+    QStringList changes;
+    QEventLoop loop;
+    int wanted = 0;
+
+public Q_SLOTS:
+    void on_changed(const KeloValue& newValue, const KeloValue& oldValue)
+    {
+        changes << oldValue.string_() + QLatin1Char('>') + newValue.string_();
+        if (changes.size() == wanted)
+            loop.quit();
+    }
+};
+}
+
+TEST_F(TreeTest, aValueItemLoadsBeforeOrAfterTheValueIsThereAndTellsEveryChangeInOrder)
+{
+    Listener listener;
+    CMValueItem item(&listener, path("/demo/value"), &listener,
+                     SLOT(on_changed(KeloValue, KeloValue)));
+    EXPECT_FALSE(item.waitForLoaded(0));
+    std::thread writer([this] {
+        for (const char* text : {"a", "b", "c"})
+            worker->value->setValue(KeloValue::fromVariant(QString::fromUtf8(text)));
+    });
+    EXPECT_TRUE(item.waitForLoaded(-1));
+    EXPECT_TRUE(listener.changes.isEmpty()) << "the slot runs in a turn of the event loop";
+    listener.wanted = 3;
+    listener.loop.exec();
+    writer.join();
+    EXPECT_EQ(listener.changes, QStringList({">a", "a>b", "b>c"}));
+
+    CMValueItem late(&listener, path("/demo/value"), &listener,
+                     SLOT(on_changed(KeloValue, KeloValue)));
+    EXPECT_TRUE(late.isLoaded());
+    listener.wanted = 4;
+    listener.loop.exec();
+    EXPECT_EQ(listener.changes.last(), QStringLiteral(">c"));
+}
+
+#include "TreeTest.moc"
