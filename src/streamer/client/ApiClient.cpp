@@ -1,0 +1,185 @@
+#include "client/ApiClient.h"
+
+#include "client/DisplayText.h"
+
+#include <atomic>
+#include <httplib.h>
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <QStringList>
+#include <QUrl>
+
+namespace cli {
+
+namespace {
+
+constexpr time_t connectSeconds = 5;
+/// Above every deadline of the streamer, which answers for itself when one passes.
+constexpr time_t answerSeconds = 600;
+/// Event streams are silent for as long as nothing happens.
+constexpr time_t silenceSeconds = 7 * 24 * 60 * 60;
+
+std::unique_ptr<httplib::Client> makeClient(const QString& server, time_t readSeconds)
+{
+    auto client = std::make_unique<httplib::Client>(server.toStdString());
+    client->set_connection_timeout(connectSeconds);
+    client->set_read_timeout(readSeconds);
+    client->set_write_timeout(connectSeconds);
+    client->set_keep_alive(true);
+    client->set_tcp_nodelay(true);
+    return client;
+}
+
+std::string target(const QString& path, const Query& query)
+{
+    QByteArray result = "/api/v1/" + path.toLatin1();
+    char separator = '?';
+    for (const auto& [key, value] : query) {
+        result += separator + QUrl::toPercentEncoding(key) + '=' + QUrl::toPercentEncoding(value);
+        separator = '&';
+    }
+    return result.toStdString();
+}
+
+ApiReply unreachable(const QString& server, httplib::Error error)
+{
+    ApiReply reply;
+    if (error == httplib::Error::Read || error == httplib::Error::Write)
+        reply.message = QStringLiteral("the streamer at %1 broke off").arg(server);
+    else
+        reply.message =
+            QStringLiteral("no streamer reachable at %1 (start one with: kelo serve)").arg(server);
+    return reply;
+}
+
+/// The text of a problem document (RFC 9457, section 3), or of whatever else came.
+QString problemText(int status, const QJsonObject& problem)
+{
+    const QString title = shown(problem.value(QLatin1String("title")).toString());
+    const QString detail = shown(problem.value(QLatin1String("detail")).toString());
+    if (!title.isEmpty() && !detail.isEmpty() && title != detail)
+        return title + QStringLiteral(": ") + detail;
+    if (!detail.isEmpty() || !title.isEmpty())
+        return detail.isEmpty() ? title : detail;
+    return QStringLiteral("the streamer answered with status %1").arg(status);
+}
+
+ApiReply makeReply(int status, const QByteArray& body, bool wantsJson)
+{
+    ApiReply reply;
+    reply.status = status;
+    reply.body = body;
+    const QJsonDocument document = QJsonDocument::fromJson(body);
+    reply.document = document.object();
+    const bool isSuccess = status >= 200 && status < 300;
+    reply.outcome = isSuccess ? ApiReply::Outcome::Done : ApiReply::Outcome::Refused;
+    if (!isSuccess) {
+        reply.message = problemText(status, reply.document);
+    } else if (wantsJson && !document.isObject() && !body.trimmed().isEmpty()) {
+        reply.outcome = ApiReply::Outcome::Refused;
+        reply.message = QStringLiteral("the answer is no JSON document; is this a streamer?");
+    }
+    return reply;
+}
+
+ApiReply fromResult(const QString& server, const httplib::Result& result, bool wantsJson = true)
+{
+    if (!result)
+        return unreachable(server, result.error());
+    return makeReply(result->status, QByteArray::fromStdString(result->body), wantsJson);
+}
+
+} // namespace
+
+/// The connection of one events() call; stop() may reach it from another thread.
+class ApiClient::EventStream
+{
+public:
+    explicit EventStream(const QString& server) : client(makeClient(server, silenceSeconds)) {}
+
+    std::unique_ptr<httplib::Client> client;
+    std::atomic<bool> isStopped{false};
+};
+
+ApiClient::ApiClient(const QString& server)
+    : m_server(server.endsWith('/') ? server.chopped(1) : server),
+      m_client(makeClient(m_server, answerSeconds)),
+      m_stream(std::make_unique<EventStream>(m_server))
+{
+}
+
+ApiClient::~ApiClient() = default;
+
+bool ApiClient::isServerAddress(const QString& text)
+{
+    const QUrl url(text, QUrl::StrictMode);
+    return url.isValid() && !url.host().isEmpty() && url.userInfo().isEmpty() &&
+           (url.path().isEmpty() || url.path() == QLatin1String("/")) && !url.hasQuery() &&
+           !url.hasFragment() &&
+           (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
+}
+
+ApiReply ApiClient::get(const QString& path, const Query& query)
+{
+    return fromResult(m_server, m_client->Get(target(path, query)));
+}
+
+ApiReply ApiClient::post(const QString& path, const QByteArray& body)
+{
+    return fromResult(m_server,
+                      m_client->Post(target(path, {}), body.toStdString(), "application/json"));
+}
+
+ApiReply ApiClient::remove(const QString& path)
+{
+    return fromResult(m_server, m_client->Delete(target(path, {})));
+}
+
+ApiReply ApiClient::probe(const QString& path)
+{
+    return fromResult(m_server, m_client->Get(path.toStdString()), false);
+}
+
+ApiReply ApiClient::events(const QStringList& paths, const std::function<void()>& onOpen,
+                           std::function<bool(const ServerEvent&)> onEvent)
+{
+    Query query;
+    for (const QString& path : paths)
+        query.append({QStringLiteral("path"), path});
+
+    EventParser parser(std::move(onEvent));
+    int status = 0;
+    bool isEnough = false;
+    QByteArray refusal;
+    const httplib::Headers headers = {{"Accept", "text/event-stream"}};
+    const auto onResponse = [&](const httplib::Response& response) {
+        status = response.status;
+        if (status == 200 && onOpen)
+            onOpen();
+        return !m_stream->isStopped;
+    };
+    const auto onContent = [&](const char* bytes, size_t size) {
+        constexpr int longestRefusal = 64 * 1024;
+        if (status != 200) {
+            refusal.append(bytes, static_cast<int>(size));
+            return refusal.size() < longestRefusal;
+        }
+        isEnough = !parser.feed(bytes, size);
+        return !isEnough && !m_stream->isStopped;
+    };
+    const auto result = m_stream->client->Get(target(QStringLiteral("events"), query), headers,
+                                              onResponse, onContent);
+    if (isEnough || m_stream->isStopped)
+        return makeReply(200, {}, false);
+    if (!result)
+        return unreachable(m_server, result.error());
+    return makeReply(status, refusal, false);
+}
+
+void ApiClient::stop()
+{
+    m_stream->isStopped = true;
+    m_stream->client->stop();
+}
+
+} // namespace cli

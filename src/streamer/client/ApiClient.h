@@ -1,0 +1,77 @@
+#pragma once
+
+#include "client/EventParser.h"
+
+#include <functional>
+#include <memory>
+#include <QJsonObject>
+#include <QPair>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+namespace httplib {
+class Client;
+}
+
+namespace cli {
+
+/// What came back from the streamer.
+struct ApiReply
+{
+    enum class Outcome {
+        Done,        ///< 2xx
+        Refused,     ///< the streamer answered with an error; message says which
+        Unreachable, ///< no answer at all, or not to the end
+    };
+
+    Outcome outcome = Outcome::Unreachable;
+    int status = 0;
+    QByteArray body;      ///< as it came
+    QJsonObject document; ///< the body; of an error the problem document, where there is one
+    QString message;      ///< for people, fit for a terminal; empty when done
+
+    bool isDone() const { return outcome == Outcome::Done; }
+};
+
+using Query = QVector<QPair<QString, QString>>;
+
+/// The streamer's HTTP API, as calls that block. Owned by main(); one thread at a time, except for
+/// stop(). It holds one connection open between calls and a second one per event stream. Nothing
+/// throws; it does not repeat calls.
+class ApiClient
+{
+public:
+    /// \p server is a checked address, see isServerAddress().
+    explicit ApiClient(const QString& server);
+    ~ApiClient();
+
+    /// True for `http://HOST[:PORT]` or https without a path.
+    static bool isServerAddress(const QString& text);
+
+    const QString& server() const { return m_server; }
+
+    /// \p path is below /api/v1, "rows". Query values are encoded here.
+    [[nodiscard]] ApiReply get(const QString& path, const Query& query = {});
+    [[nodiscard]] ApiReply post(const QString& path, const QByteArray& body = "{}");
+    [[nodiscard]] ApiReply remove(const QString& path);
+    /// A path beside the API, "/healthz"; its body need not be JSON.
+    [[nodiscard]] ApiReply probe(const QString& path);
+
+    /// Reads events, with \p paths open, until the stream ends, \p onEvent returns false or stop()
+    /// is called. \p onOpen is called once the streamer has opened them. Done when the stream ended
+    /// in order. One stream at a time, and none after stop().
+    [[nodiscard]] ApiReply events(const QStringList& paths, const std::function<void()>& onOpen,
+                                  std::function<bool(const ServerEvent&)> onEvent);
+    /// Ends events() from another thread, as done.
+    void stop();
+
+private:
+    class EventStream;
+
+    const QString m_server;
+    std::unique_ptr<httplib::Client> m_client;
+    std::unique_ptr<EventStream> m_stream;
+};
+
+} // namespace cli

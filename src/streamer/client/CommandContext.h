@@ -1,0 +1,49 @@
+#pragma once
+
+#include "client/ApiClient.h"
+#include "client/JsonText.h"
+#include "client/Terminal.h"
+
+namespace cli {
+
+/// Exit statuses that scripts rely on.
+enum ExitStatus {
+    ExitDone = 0,
+    ExitRefused = 1,     ///< the streamer answered with an error
+    ExitUsage = 2,       ///< wrong usage
+    ExitUnreachable = 3, ///< no streamer reachable
+};
+
+/// What every command gets: the streamer, the place to print, the form to print in. Made by
+/// main() for one command, used on the main thread.
+struct CommandContext
+{
+    ApiClient& api;
+    Terminal& terminal;
+    bool isJson = false;
+
+    /// Prints what went wrong and gives the exit status for it; 0 and nothing printed when nothing
+    /// did.
+    int finish(const ApiReply& reply) const
+    {
+        if (reply.isDone())
+            return ExitDone;
+        terminal.error(QStringLiteral("kelo: ") + reply.message);
+        return reply.outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
+    }
+
+    /// Prints the reply's document as it came.
+    int printJson(const ApiReply& reply) const
+    {
+        if (reply.isDone())
+            printJson(reply.body);
+        return finish(reply);
+    }
+
+    void printJson(const QByteArray& document) const
+    {
+        terminal.line(QString::fromUtf8(printableJson(document.trimmed())));
+    }
+};
+
+} // namespace cli

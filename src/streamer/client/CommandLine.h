@@ -1,0 +1,94 @@
+#pragma once
+
+#include "client/CommandContext.h"
+#include "settings/ServeOptions.h"
+#include "settings/SettingsLoader.h"
+
+#include <functional>
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace cli {
+
+/// The command line of `kelo`: its commands, their options and help, and running the one that was
+/// asked for. Made by main() (or a test) for one run, used on the main thread.
+class CommandLine
+{
+public:
+    /// What surrounds the run.
+    struct Surroundings
+    {
+        std::ostream& out;
+        std::ostream& err;
+        Terminal::Properties terminal;
+        /// Runs the streamer.
+        std::function<int(const ServeOptions&, const Settings&)> serve;
+        /// Called before a command that goes on until it is interrupted.
+        std::function<void()> endOnInterrupt;
+    };
+
+    explicit CommandLine(Surroundings surroundings);
+    ~CommandLine();
+
+    /// \p arguments without the program's name. Gives the exit status.
+    int run(std::vector<std::string> arguments);
+
+private:
+    using Command = std::function<int(const CommandContext&)>;
+
+    void addBrowsing();
+    void addPlaying();
+    void addSeekVolumeStatus();
+    void addLogin();
+    void addStreamer();
+    void addMachine();
+    CLI::App* add(const char* group, const char* name, const char* description,
+                  const char* examples);
+    /// A command that asks the streamer: has --json and --server.
+    CLI::App* addClient(const char* group, const char* name, const char* description,
+                        const char* examples, Command command);
+    void addClientOptions(CLI::App* app);
+    void addSettingsOptions(CLI::App* app);
+    LoadedSettings loadSettings() const;
+    int runServe();
+    int runClient(const Command& command);
+
+    Surroundings m_around;
+    Terminal m_terminal;
+    std::unique_ptr<CLI::App> m_app;
+    std::function<int()> m_chosen; ///< set by the command that the arguments name
+
+    /// Where the parser puts what the options say; only the chosen command's are looked at.
+    struct Values
+    {
+        bool isJson = false;
+        std::string server;
+        std::string path;
+        std::string text = "1";
+        std::string kind;
+        std::string roles;
+        std::vector<std::string> paths;
+        int from = 0;
+        int to = 49;
+        int depth = 2;
+        int percent = 0;
+        bool isFollowing = false;
+        bool wantsStatus = false;
+        std::string config;
+        std::string listen;
+        std::string output;
+        std::string logLevel;
+        std::string stateDirectory;
+        std::string module;
+        std::vector<std::string> overrides;
+        bool isDemo = false;
+    } m_values;
+};
+
+} // namespace cli

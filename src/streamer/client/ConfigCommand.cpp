@@ -1,0 +1,55 @@
+#include "client/ConfigCommand.h"
+
+#include "client/CommandContext.h"
+#include "client/DisplayText.h"
+#include "settings/SettingsKeys.h"
+
+#include <QJsonDocument>
+
+namespace cli {
+
+bool printProblems(Terminal& terminal, const LoadedSettings& loaded)
+{
+    for (const QString& problem : loaded.problems)
+        terminal.error(QStringLiteral("kelo: ") + shown(problem));
+    return !loaded.problems.isEmpty();
+}
+
+int ConfigCommand::run(Terminal& terminal) const
+{
+    if (printProblems(terminal, loaded))
+        return ExitUsage;
+    int widestWord = 0;
+    int widestValue = 0;
+    QJsonObject document;
+    for (const SettingsKey& key : settingsKeys()) {
+        const QJsonValue value = QJsonValue::fromVariant(key.read(loaded.settings));
+        document.insert(key.name, QJsonObject{{QStringLiteral("value"), value},
+                                              {QStringLiteral("origin"), loaded.origin(key.name)}});
+        widestWord = qMax(widestWord, key.word().size());
+        widestValue = qMax(widestValue, value.isString() ? columns(value.toString()) + 2 : 8);
+    }
+    if (isJson) {
+        const QByteArray text = QJsonDocument(document).toJson(QJsonDocument::Indented);
+        terminal.line(QString::fromUtf8(printableJson(text.trimmed())));
+        return ExitDone;
+    }
+    QString section;
+    for (const SettingsKey& key : settingsKeys()) {
+        if (key.section() != section) {
+            section = key.section();
+            terminal.line(terminal.styled('[' + section + ']', Terminal::Style::Bold));
+        }
+        const QJsonValue value = document.value(key.name).toObject().value(QLatin1String("value"));
+        const QString text = value.isString()
+                                 ? shown(QString::fromUtf8(jsonString(value.toString())))
+                                 : valueText(value);
+        terminal.line(padded(key.word(), widestWord) + QStringLiteral(" = ") +
+                      padded(text, qMin(widestValue, 44)) +
+                      terminal.styled(QStringLiteral("  # ") + shown(loaded.origin(key.name)),
+                                      Terminal::Style::Dim));
+    }
+    return ExitDone;
+}
+
+} // namespace cli

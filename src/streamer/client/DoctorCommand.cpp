@@ -1,0 +1,152 @@
+#include "client/DoctorCommand.h"
+
+#include "client/AudioCheck.h"
+#include "client/DisplayText.h"
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <sys/timex.h>
+#include <unistd.h>
+
+namespace cli {
+
+int DoctorCommand::run(const CommandContext& context)
+{
+    add("versions", Result::Good,
+        QStringLiteral("kelo " KELO_VERSION ", Qt %1").arg(QLatin1String(qVersion())));
+    checkAudio();
+    checkClock();
+    checkSettings();
+    checkState();
+    checkStreamer(context.api);
+    if (context.isJson)
+        context.printJson(json());
+    else
+        print(context.terminal);
+    for (const Check& check : m_checks) {
+        if (check.result == Result::Bad)
+            return ExitRefused;
+    }
+    return ExitDone;
+}
+
+void DoctorCommand::checkAudio()
+{
+    const AudioCheck audio = AudioCheck::look();
+    if (audio.version.isEmpty()) {
+        add("audio", Result::Bad, QStringLiteral("GStreamer cannot start"));
+        return;
+    }
+    if (!audio.missing.isEmpty())
+        add("audio", Result::Bad,
+            QStringLiteral("%1 lacks %2; install gstreamer1.0-plugins-base and -good")
+                .arg(audio.version, audio.missing.join(QStringLiteral(", "))));
+    else
+        add("audio", Result::Good, audio.version + QStringLiteral(", plays FLAC"));
+    if (!audio.hasAac)
+        add("codecs", Result::Warning,
+            QStringLiteral("no AAC decoder; LOW and HIGH need one (gstreamer1.0-libav)"));
+}
+
+/// Logins and tokens depend on the clock: one from before this program was made is wrong for sure.
+void DoctorCommand::checkClock()
+{
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    timex state = {};
+    const bool isUnsynchronised = adjtimex(&state) == TIME_ERROR;
+    const QString text = now.toString(Qt::ISODate);
+    if (now.date() < QDate(2025, 1, 1))
+        add("clock", Result::Bad, text + QStringLiteral(" lies in the past"));
+    else if (isUnsynchronised)
+        add("clock", Result::Warning, text + QStringLiteral(", not synchronised"));
+    else
+        add("clock", Result::Good, text);
+}
+
+void DoctorCommand::checkSettings()
+{
+    for (const QString& problem : m_loaded.problems)
+        add("settings", Result::Bad, problem);
+    if (m_loaded.problems.isEmpty())
+        add("settings", Result::Good,
+            m_loaded.file.isEmpty() ? QStringLiteral("defaults, no file") : m_loaded.file);
+    const OAuth2Settings& oauth2 = m_loaded.settings.tidal.oauth2;
+    if (oauth2.clientId.isEmpty())
+        add("client id", Result::Warning,
+            QStringLiteral(
+                "tidal.oauth2.client_id is not set; a login needs one (not with --demo)"));
+}
+
+void DoctorCommand::checkState()
+{
+    QFileInfo place(m_stateDirectory);
+    const bool exists = place.exists();
+    while (!place.exists() && !place.isRoot())
+        place = QFileInfo(place.absolutePath());
+    const bool isWritable =
+        place.isDir() && access(place.filePath().toLocal8Bit().constData(), W_OK | X_OK) == 0;
+    if (isWritable)
+        add("state", Result::Good,
+            m_stateDirectory +
+                (exists ? QString() : QStringLiteral(" (made when serving starts)")));
+    else
+        add("state", Result::Bad,
+            QStringLiteral("%1 is not writable; logins would be lost").arg(m_stateDirectory));
+}
+
+void DoctorCommand::checkStreamer(ApiClient& api)
+{
+    QElapsedTimer timer;
+    timer.start();
+    const ApiReply health = api.probe(QStringLiteral("/healthz"));
+    if (!health.isDone()) {
+        add("streamer", Result::Bad, health.message);
+        return;
+    }
+    add("streamer", Result::Good,
+        QStringLiteral("%1 answers in %2 ms").arg(api.server()).arg(timer.elapsed()));
+    const ApiReply ready = api.probe(QStringLiteral("/readyz"));
+    if (!ready.isDone())
+        add("ready", Result::Warning, ready.message);
+    const ApiReply login = api.get(QStringLiteral("login"));
+    if (!login.isDone())
+        add("login", Result::Bad, login.message);
+    else if (login.document.value(QLatin1String("loggedIn")).toBool())
+        add("login", Result::Good, QStringLiteral("logged in"));
+    else
+        add("login", Result::Warning, QStringLiteral("not logged in (kelo login)"));
+}
+
+void DoctorCommand::print(Terminal& terminal) const
+{
+    using Style = Terminal::Style;
+    static const struct
+    {
+        const char* word;
+        Style style;
+    } looks[] = {{"ok  ", Style::Good}, {"warn", Style::Warning}, {"FAIL", Style::Bad}};
+    for (const Check& check : m_checks) {
+        const auto& look = looks[static_cast<int>(check.result)];
+        terminal.line(terminal.styled(QString::fromLatin1(look.word), look.style) +
+                      QStringLiteral("  ") + check.name.leftJustified(10) + shown(check.detail));
+    }
+}
+
+QByteArray DoctorCommand::json() const
+{
+    static const char* const words[] = {"ok", "warn", "fail"};
+    QJsonArray checks;
+    for (const Check& check : m_checks) {
+        checks.append(QJsonObject{
+            {QStringLiteral("name"), check.name},
+            {QStringLiteral("result"), QLatin1String(words[static_cast<int>(check.result)])},
+            {QStringLiteral("detail"), check.detail}});
+    }
+    return QJsonDocument(QJsonObject{{QStringLiteral("checks"), checks}})
+        .toJson(QJsonDocument::Compact);
+}
+
+} // namespace cli

@@ -1,0 +1,65 @@
+#include "client/JsonText.h"
+
+#include "client/DisplayText.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace cli {
+
+QByteArray printableJson(const QByteArray& document)
+{
+    QByteArray result;
+    result.reserve(document.size());
+    bool isInString = false;
+    bool isEscaped = false;
+    const auto escape = [&result](uint code) {
+        result += "\\u" + QByteArray::number(code, 16).rightJustified(4, '0');
+    };
+    for (int i = 0; i < document.size(); ++i) {
+        const auto c = static_cast<uchar>(document.at(i));
+        const auto next = static_cast<uchar>(i + 1 < document.size() ? document.at(i + 1) : 0);
+        if (c == 0xc2 && next >= 0x80 && next <= 0x9f) { // U+0080 to U+009F in UTF-8
+            escape(next);
+            ++i;
+        } else if (c == 0x7f || (c < 0x20 && isInString)) {
+            escape(c);
+        } else if (c >= 0x20 || c == '\n') {
+            result += static_cast<char>(c);
+        }
+        if (c == '"' && !isEscaped)
+            isInString = !isInString;
+        isEscaped = c == '\\' && !isEscaped;
+    }
+    return result;
+}
+
+QString valueText(const QJsonValue& value)
+{
+    if (value.isString())
+        return shown(value.toString());
+    QByteArray text;
+    if (value.isArray())
+        text = QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact);
+    else if (value.isObject())
+        text = QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
+    else if (!value.isUndefined())
+        text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
+    return shown(QString::fromUtf8(text));
+}
+
+QByteArray jsonString(const QString& text)
+{
+    return QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
+}
+
+std::optional<QJsonValue> parseJsonValue(const QByteArray& text)
+{
+    const QJsonDocument document = QJsonDocument::fromJson('[' + text + ']');
+    if (!document.isArray() || document.array().size() != 1)
+        return std::nullopt;
+    return document.array().first();
+}
+
+} // namespace cli

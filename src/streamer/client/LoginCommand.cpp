@@ -1,0 +1,237 @@
+#include "client/LoginCommand.h"
+
+#include "client/DisplayText.h"
+#include "client/QrCode.h"
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <optional>
+#include <QJsonDocument>
+#include <thread>
+
+namespace cli {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Style = Terminal::Style;
+
+bool isLoggedIn(const QJsonObject& login)
+{
+    return login.value(QLatin1String("loggedIn")).toBool();
+}
+
+QJsonObject pendingOf(const QJsonObject& login)
+{
+    return login.value(QLatin1String("pending")).toObject();
+}
+
+QString problemOf(const QJsonObject& login)
+{
+    const QJsonValue problem = login.value(QLatin1String("problem"));
+    return problem.isNull() || problem.isUndefined() ? QString() : valueText(problem);
+}
+
+/// Reads login events on a thread of its own and hands the latest answer to who waits. Lives on the
+/// stack of LoginCommand::run; its destructor ends the stream and the thread.
+class LoginEvents
+{
+public:
+    explicit LoginEvents(ApiClient& api) : m_api(api), m_thread([this] { read(); }) {}
+    ~LoginEvents()
+    {
+        m_api.stop();
+        m_thread.join();
+    }
+    LoginEvents(const LoginEvents&) = delete;
+    LoginEvents& operator=(const LoginEvents&) = delete;
+
+    /// Returns once the stream is open (true) or has ended without (false).
+    bool waitForOpen()
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait(lock, [this] { return m_isOpen || m_end; });
+        return m_isOpen;
+    }
+
+    /// The next login answer; nothing when \p until passes or the stream ends first.
+    std::optional<QByteArray> next(Clock::time_point until)
+    {
+        std::unique_lock lock(m_mutex);
+        m_changed.wait_until(lock, until, [this] { return m_latest || m_end; });
+        return std::exchange(m_latest, std::nullopt);
+    }
+
+    /// How the stream ended; nothing while it goes on.
+    std::optional<ApiReply> end()
+    {
+        const std::lock_guard lock(m_mutex);
+        return m_end;
+    }
+
+private:
+    void read()
+    {
+        const ApiReply reply = m_api.events(
+            {},
+            [this] {
+                const std::lock_guard lock(m_mutex);
+                m_isOpen = true;
+                m_changed.notify_all();
+            },
+            [this](const ServerEvent& event) {
+                const std::lock_guard lock(m_mutex);
+                if (event.name == "login")
+                    m_latest = event.data;
+                m_changed.notify_all();
+                return true;
+            });
+        const std::lock_guard lock(m_mutex);
+        m_end = reply;
+        m_changed.notify_all();
+    }
+
+    ApiClient& m_api;
+    std::mutex m_mutex; ///< guards all below
+    std::condition_variable m_changed;
+    bool m_isOpen = false;
+    std::optional<QByteArray> m_latest;
+    std::optional<ApiReply> m_end;
+    std::thread m_thread; ///< last: starts when the rest stands
+};
+
+/// Ends the command with the answer that decided it.
+int finished(const CommandContext& context, const QByteArray& body, const QJsonObject& login)
+{
+    if (isLoggedIn(login)) {
+        if (context.isJson)
+            context.printJson(body);
+        else
+            context.terminal.line(
+                context.terminal.styled(QStringLiteral("logged in"), Style::Good));
+        return ExitDone;
+    }
+    const QString problem = problemOf(login);
+    context.terminal.error(
+        QStringLiteral("kelo: not logged in: ") +
+        (problem.isEmpty() ? QStringLiteral("the login was ended elsewhere") : problem));
+    return ExitRefused;
+}
+
+/// Waits for the answer that decides the login, with a countdown where somebody looks.
+int waitForDecision(const CommandContext& context, LoginEvents& events, const QJsonObject& pending)
+{
+    constexpr std::chrono::hours longestWait(24); // when the streamer does not say
+    const QJsonValue expiresIn = pending.value(QLatin1String("expiresIn"));
+    const auto end = Clock::now() + (expiresIn.isDouble()
+                                         ? std::chrono::seconds(expiresIn.toVariant().toLongLong())
+                                         : std::chrono::seconds(longestWait));
+    const bool hasCountdown =
+        expiresIn.isDouble() && !context.isJson && context.terminal.isInteractive();
+    for (;;) {
+        const auto left = end - Clock::now();
+        if (hasCountdown)
+            context.terminal.redraw(
+                {QStringLiteral("waiting, %1 left")
+                     .arg(clockTime(
+                         std::chrono::duration_cast<std::chrono::milliseconds>(left).count()))});
+        const auto tick = Clock::now() + std::chrono::seconds(1);
+        if (const auto body = events.next(hasCountdown ? std::min(tick, end) : end)) {
+            const QJsonObject login = QJsonDocument::fromJson(*body).object();
+            if (isLoggedIn(login) || pendingOf(login).isEmpty())
+                return finished(context, *body, login);
+        } else if (const auto ended = events.end()) {
+            context.terminal.error(
+                QStringLiteral("kelo: the streamer ended while waiting for the login"));
+            return ended->outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
+        } else if (Clock::now() >= end) {
+            context.terminal.error(QStringLiteral("kelo: not logged in: the code has expired"));
+            return ExitRefused;
+        }
+    }
+}
+
+} // namespace
+
+/// The events are subscribed before the login starts, so that a quick confirmation is not missed.
+int LoginCommand::run(const CommandContext& context) const
+{
+    LoginEvents events(context.api);
+    if (!events.waitForOpen())
+        return context.finish(events.end().value_or(ApiReply()));
+    const ApiReply reply = context.api.post(QStringLiteral("login"));
+    if (!reply.isDone())
+        return context.finish(reply);
+    const QJsonObject pending = pendingOf(reply.document);
+    if (pending.isEmpty())
+        return finished(context, reply.body, reply.document);
+    showPending(context, pending);
+    return waitForDecision(context, events, pending);
+}
+
+/// With --json stdout belongs to the final answer, so people read on stderr.
+void LoginCommand::showPending(const CommandContext& context, const QJsonObject& pending)
+{
+    Terminal& terminal = context.terminal;
+    const auto text = [&pending](const char* name) {
+        return shown(pending.value(QLatin1String(name)).toString());
+    };
+    const QString address = text("verificationUri");
+    const QString complete = text("verificationUriComplete");
+    const auto print = [&](const QString& line) {
+        context.isJson ? terminal.error(line) : terminal.line(line);
+    };
+    print(QStringLiteral("Open     ") + terminal.styled(address, Style::Accent));
+    print(QStringLiteral("Code     ") + terminal.styled(text("userCode"), Style::Bold));
+    if (!complete.isEmpty())
+        print(QStringLiteral("or open  ") + complete);
+    if (context.isJson)
+        return;
+    QString target = complete.isEmpty() ? address : complete;
+    if (!target.contains(QLatin1String("://")))
+        target.prepend(QStringLiteral("https://"));
+    const QStringList code = qrCode(target, true);
+    if (code.isEmpty() || code.first().size() > terminal.width())
+        return;
+    terminal.line();
+    for (const QString& line : code) // black on white whatever the terminal's colours are
+        terminal.line(terminal.hasColours()
+                          ? QStringLiteral("\033[38;5;231;48;5;16m%1\033[0m").arg(line)
+                          : line);
+    terminal.line();
+}
+
+int LoginCommand::status(const CommandContext& context)
+{
+    const ApiReply reply = context.api.get(QStringLiteral("login"));
+    if (context.isJson)
+        return context.printJson(reply);
+    if (!reply.isDone())
+        return context.finish(reply);
+    Terminal& terminal = context.terminal;
+    terminal.line(isLoggedIn(reply.document)
+                      ? terminal.styled(QStringLiteral("logged in"), Style::Good)
+                      : terminal.styled(QStringLiteral("not logged in"), Style::Warning));
+    const QJsonObject pending = pendingOf(reply.document);
+    if (!pending.isEmpty()) {
+        terminal.line(QStringLiteral("waiting for code %1 at %2")
+                          .arg(valueText(pending.value(QLatin1String("userCode"))),
+                               valueText(pending.value(QLatin1String("verificationUri")))));
+    }
+    if (!problemOf(reply.document).isEmpty())
+        terminal.line(QStringLiteral("problem: ") + problemOf(reply.document));
+    return ExitDone;
+}
+
+int LoginCommand::logout(const CommandContext& context)
+{
+    const ApiReply reply = context.api.remove(QStringLiteral("login"));
+    if (context.isJson)
+        return context.printJson(reply);
+    if (reply.isDone())
+        context.terminal.line(QStringLiteral("logged out"));
+    return context.finish(reply);
+}
+
+} // namespace cli

@@ -1,0 +1,140 @@
+#include "client/RowsTable.h"
+
+#include "client/DisplayText.h"
+#include "client/PathText.h"
+
+#include <QJsonArray>
+
+namespace cli {
+
+namespace {
+
+constexpr int gap = 2;
+/// Narrower than this for title and description, and paths go below.
+constexpr int leastTextWidth = 32;
+
+QString roleText(const QJsonObject& row, const char* role)
+{
+    return shown(row.value(QLatin1String(role)).toVariant().toString());
+}
+
+} // namespace
+
+RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limit)
+    : m_terminal(terminal)
+{
+    const qint64 from = page.value(QLatin1String("from")).toVariant().toLongLong();
+    const QJsonArray rows = page.value(QLatin1String("rows")).toArray();
+    for (int i = 0; i < rows.size() && (limit < 0 || i < limit); ++i) {
+        const QJsonObject row = rows.at(i).toObject();
+        const QString path = row.value(QLatin1String("Path")).toString();
+        const bool isDisabledRow = isDisabled(row);
+        m_rows.append({QString::number(from + i), mark(row),
+                       title(row) + QString::fromLatin1(isDisabledRow ? " (disabled)" : ""),
+                       roleText(row, "Description"),
+                       path.isEmpty() ? QString() : shellWord(shown(path)), isHeader(row),
+                       isDisabledRow});
+    }
+    measure();
+}
+
+QString RowsTable::heading(const QJsonObject& page)
+{
+    const QString title = roleText(page.value(QLatin1String("roles")).toObject(), "Title");
+    return title.isEmpty() ? roleText(page, "path") : title;
+}
+
+QString RowsTable::mark(const QJsonObject& row)
+{
+    const QString type = row.value(QLatin1String("Type")).toString();
+    if (type == QLatin1String("Container"))
+        return QStringLiteral("▸");
+    if (type == QLatin1String("Audio"))
+        return QStringLiteral("♪");
+    if (type == QLatin1String("Action"))
+        return QStringLiteral("•");
+    return QStringLiteral(" ");
+}
+
+QString RowsTable::title(const QJsonObject& row)
+{
+    const QString text = roleText(row, "Title");
+    return text.isEmpty() ? QStringLiteral("(no title)") : text;
+}
+
+bool RowsTable::isDisabled(const QJsonObject& row)
+{
+    return row.value(QLatin1String("Disabled")).toVariant().toBool();
+}
+
+bool RowsTable::isHeader(const QJsonObject& row)
+{
+    return row.value(QLatin1String("Type")).toString() == QLatin1String("Header");
+}
+
+/// Shares the width out: what the path leaves, or everything with the path below; the description
+/// gives way first, down to a third.
+void RowsTable::measure()
+{
+    int widestPath = 0;
+    for (const Row& row : m_rows) {
+        m_numberWidth = qMax(m_numberWidth, columns(row.number));
+        m_titleWidth = qMax(m_titleWidth, columns(row.title));
+        m_descriptionWidth = qMax(m_descriptionWidth, columns(row.description));
+        widestPath = qMax(widestPath, columns(row.path));
+    }
+    const int before = m_numberWidth + gap + 1 + 1; // number, gap, mark, blank
+    const int between = m_descriptionWidth > 0 ? gap : 0;
+    const int wanted = m_titleWidth + between + m_descriptionWidth;
+    const int beside = m_terminal.width() - before - gap - widestPath;
+    m_pathsBelow = widestPath > 0 && beside < qMin(wanted, leastTextWidth);
+    const int available =
+        qMax(8, m_pathsBelow || widestPath == 0 ? m_terminal.width() - before : beside);
+    if (wanted <= available)
+        return;
+    const int third = (available - between) / 3;
+    m_descriptionWidth = qMin(m_descriptionWidth, qMax(third, available - between - m_titleWidth));
+    m_titleWidth = available - between - m_descriptionWidth;
+}
+
+QStringList RowsTable::lines() const
+{
+    QStringList result;
+    for (const Row& row : m_rows) {
+        if (row.isHeader && !result.isEmpty())
+            result.append(QString());
+        result += drawn(row);
+    }
+    return result;
+}
+
+QStringList RowsTable::drawn(const Row& row) const
+{
+    using Style = Terminal::Style;
+    const QString number = QString(m_numberWidth - columns(row.number), ' ') + row.number;
+    const QString title = padded(cut(row.title, m_titleWidth), m_titleWidth);
+    const QString description =
+        m_descriptionWidth > 0
+            ? QString(gap, ' ') +
+                  padded(cut(row.description, m_descriptionWidth), m_descriptionWidth)
+            : QString();
+    const Style titleStyle = row.isHeader     ? Style::Bold
+                             : row.isDisabled ? Style::Dim
+                                              : Style::Plain;
+    const bool hasPathBeside = !m_pathsBelow && !row.path.isEmpty();
+    QString line = m_terminal.styled(number, Style::Dim) + QString(gap, ' ') +
+                   m_terminal.styled(row.mark, Style::Accent) + ' ' +
+                   m_terminal.styled(title, titleStyle) +
+                   m_terminal.styled(description, Style::Dim);
+    if (hasPathBeside)
+        line += QString(gap, ' ') + m_terminal.styled(row.path, Style::Dim);
+    while (line.endsWith(' '))
+        line.chop(1);
+    QStringList result{line};
+    if (m_pathsBelow && !row.path.isEmpty())
+        result.append(QString(m_numberWidth + gap + 2, ' ') +
+                      m_terminal.styled(row.path, Style::Dim));
+    return result;
+}
+
+} // namespace cli

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "client/Terminal.h"
+
+#include <QJsonObject>
+
+namespace cli {
+
+/// A page of rows as an aligned table: row number, type mark, title, description, path. The path is
+/// never cut, since it is what a person copies into the next command; where it does not fit it
+/// takes a line of its own. A value made for one page, used on the main thread. It fetches nothing.
+class RowsTable
+{
+public:
+    /// \p page is the answer of `rows`. \p limit is the highest number of rows shown.
+    RowsTable(const Terminal& terminal, const QJsonObject& page, int limit = -1);
+
+    QStringList lines() const;
+
+    /// The container's title, or its path where it has none; fit for a terminal.
+    static QString heading(const QJsonObject& page);
+    /// One column that tells the kind of a row.
+    static QString mark(const QJsonObject& row);
+    static QString title(const QJsonObject& row);
+    static bool isDisabled(const QJsonObject& row);
+    static bool isHeader(const QJsonObject& row);
+
+private:
+    struct Row
+    {
+        QString number, mark, title, description, path;
+        bool isHeader = false;
+        bool isDisabled = false;
+    };
+
+    void measure();
+    QStringList drawn(const Row& row) const;
+
+    const Terminal& m_terminal;
+    QList<Row> m_rows;
+    int m_numberWidth = 1;
+    int m_titleWidth = 0;
+    int m_descriptionWidth = 0;
+    bool m_pathsBelow = false;
+};
+
+} // namespace cli

@@ -1,0 +1,122 @@
+#include "client/StatusView.h"
+
+#include "client/DisplayText.h"
+#include "client/PathText.h"
+
+namespace cli {
+
+namespace {
+
+QString joined(const QString& a, const QString& separator, const QString& b)
+{
+    return a.isEmpty() || b.isEmpty() ? a + b : a + separator + b;
+}
+
+} // namespace
+
+StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_terminal(terminal)
+{
+    const auto text = [](const QJsonObject& object, const char* name) {
+        return shown(object.value(QLatin1String(name)).toString());
+    };
+    const auto number = [&player](const char* name) {
+        return player.value(QLatin1String(name)).toVariant().toLongLong();
+    };
+    m_state = text(player, "state");
+    m_title = text(player, "title");
+    m_artist = text(player, "artist");
+    m_album = text(player, "album");
+    m_path = text(player, "path");
+    m_note = text(player, "note");
+    const QJsonObject quality = player.value(QLatin1String("quality")).toObject();
+    m_asked = text(quality, "asked");
+    m_delivered = text(quality, "delivered");
+    m_position = number("positionMs");
+    m_duration = number("durationMs");
+}
+
+QString StatusView::styledState() const
+{
+    using Style = Terminal::Style;
+    const Style style = m_state == QLatin1String("playing")   ? Style::Good
+                        : m_state == QLatin1String("stopped") ? Style::Dim
+                                                              : Style::Warning;
+    return m_terminal.styled(m_state, style);
+}
+
+QString StatusView::times() const
+{
+    if (m_duration <= 0)
+        return m_position > 0 ? clockTime(m_position) : QString();
+    return clockTime(m_position) + QStringLiteral(" / ") + clockTime(m_duration);
+}
+
+QString StatusView::bar() const
+{
+    const int width = qBound(0, m_terminal.width() - columns(times()) - 4, 50);
+    if (m_duration <= 0 || width < 8)
+        return {};
+    const int done =
+        static_cast<int>(qBound<qint64>(0, m_position, m_duration) * width / m_duration);
+    return m_terminal.styled(QString(done, QChar(0x2501)), Terminal::Style::Accent) +
+           m_terminal.styled(QString(width - done, QChar(0x2500)), Terminal::Style::Dim);
+}
+
+QString StatusView::quality() const
+{
+    if (m_asked.isEmpty() || m_asked == m_delivered || m_delivered.isEmpty())
+        return joined(m_delivered, QString(),
+                      m_delivered.isEmpty() && !m_asked.isEmpty()
+                          ? m_asked + QStringLiteral(" asked")
+                          : QString());
+    return QStringLiteral("%1 asked, %2 delivered").arg(m_asked, m_delivered);
+}
+
+QStringList StatusView::block() const
+{
+    const int width = m_terminal.width();
+    const int left = qMax(8, width - columns(m_state) - 2);
+    QStringList lines{joined(styledState(), QStringLiteral("  "),
+                             m_terminal.styled(cut(m_title, left), Terminal::Style::Bold))};
+    const auto add = [&lines](const QString& line) {
+        if (!line.isEmpty())
+            lines.append(QStringLiteral("  ") + line);
+    };
+    const auto addNamed = [&](const char* name, const QString& text) {
+        if (!text.isEmpty())
+            add(m_terminal.styled(QString::fromLatin1(name).leftJustified(9),
+                                  Terminal::Style::Dim) +
+                cut(text, qMax(8, width - 11)));
+    };
+    add(cut(joined(m_artist, QStringLiteral(" · "), m_album), qMax(8, width - 2)));
+    add(joined(bar(), QStringLiteral("  "), times()));
+    addNamed("quality", quality());
+    addNamed("note", m_note);
+    if (!m_path.isEmpty()) // for pasting, so never cut
+        add(m_terminal.styled(QStringLiteral("path     "), Terminal::Style::Dim) +
+            shellWord(m_path));
+    return lines;
+}
+
+QString StatusView::oneLine() const
+{
+    const QString separator = QStringLiteral("  ");
+    QString line = joined(m_title, QStringLiteral(" - "), m_artist);
+    if (!m_album.isEmpty())
+        line += QStringLiteral(" (%1)").arg(m_album);
+    line = joined(line, separator, times());
+    line = joined(line, separator, quality());
+    line = joined(line, separator, m_note);
+    return joined(styledState(), separator,
+                  cut(line, qMax(8, m_terminal.width() - columns(m_state) - 2)));
+}
+
+QString StatusView::fingerprint() const
+{
+    return QStringList{m_state,     m_title, m_artist,
+                       m_album,     m_path,  m_asked,
+                       m_delivered, m_note,  QString::number(m_duration)}
+        .join('\n');
+}
+
+} // namespace cli

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <iosfwd>
+#include <QString>
+#include <QStringList>
+
+namespace cli {
+
+/// Where a command prints: results to one stream, errors to the other, with the width and the
+/// colours that the reader has. Made by main() (or a test), used on the main thread only. It does
+/// not clean text: what comes from the service goes through shown() first.
+class Terminal
+{
+public:
+    enum class Style { Plain, Bold, Dim, Good, Warning, Bad, Accent };
+
+    struct Properties
+    {
+        int width = 80;
+        bool isInteractive = false; ///< a person looks at it: lines may be drawn over
+        bool hasColours = false;
+    };
+
+    Terminal(std::ostream& out, std::ostream& err, Properties properties);
+
+    /// What stdout is: its width (80 when unknown), and colours unless NO_COLOR is set.
+    static Properties ofStdout();
+
+    int width() const { return m_properties.width; }
+    bool isInteractive() const { return m_properties.isInteractive; }
+    bool hasColours() const { return m_properties.hasColours; }
+
+    /// Prints one line and flushes, so that a reader at the other end of a pipe follows.
+    void line(const QString& text = QString());
+    void error(const QString& text);
+    /// Draws \p lines over the block that the last call drew; just prints them when nobody looks.
+    void redraw(const QStringList& lines);
+    /// Leaves the drawn block as it is; the next redraw() starts a new one.
+    void keep() { m_drawnLines = 0; }
+
+    /// \p text in \p style; unchanged without colours.
+    QString styled(const QString& text, Style style) const;
+
+private:
+    std::ostream& m_out;
+    std::ostream& m_err;
+    const Properties m_properties;
+    int m_drawnLines = 0; ///< lines above the cursor that redraw() may draw over
+};
+
+} // namespace cli

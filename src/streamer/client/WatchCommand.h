@@ -1,0 +1,21 @@
+#pragma once
+
+#include "client/CommandContext.h"
+
+#include <QJsonObject>
+
+namespace cli {
+
+/// `kelo watch`: keeps paths open and prints each change notice as one line. Ends with the stream.
+/// Made for one run, used on the main thread. It reads no rows.
+struct WatchCommand
+{
+    QStringList paths; ///< empty: the top of the tree
+
+    int run(const CommandContext& context) const;
+
+    /// "close", "reset", or the changed roles with commas; fit for a terminal.
+    static QString changeText(const QJsonValue& change);
+};
+
+} // namespace cli

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+/// What `kelo serve` is told beside the settings. A plain value; --listen, --output, --log-level
+/// and -o are already part of the settings.
+struct ServeOptions
+{
+    bool isDemo = false;    ///< start the simulated service inside and log in by itself
+    QString stateDirectory; ///< absolute, chosen, not created yet
+    QString moduleFile;     ///< --module; empty: the installed one
+    QString settingsFile;   ///< the file that was read; empty: none
+};

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "settings/ListenAddress.h"
+#include "settings/Secret.h"
+
+#include <QString>
+
+/// What the streamer can be told, one struct per section of the settings file, with the defaults.
+/// Plain values: made once at start by SettingsLoader, then only read, on any thread. They are
+/// checked when loaded; these structs check nothing.
+
+struct ServerSettings
+{
+    ListenAddress listen;
+};
+
+struct LogSettings
+{
+    QString level = QStringLiteral("info"); ///< trace, debug, info, warn or error
+    QString file;                           ///< empty: stderr
+};
+
+/// How long a request that came from outside may stay unanswered, in seconds.
+struct DeadlineSettings
+{
+    double rowsSeconds = 120;
+    double dataSeconds = 120;
+    double setSeconds = 180;
+};
+
+struct PlayerSettings
+{
+    QString output = QStringLiteral("auto"); ///< auto, null or a GStreamer sink description
+};
+
+struct OAuth2Settings
+{
+    QString deviceCodeUrl = QStringLiteral("https://auth.tidal.com/v1/oauth2/device_authorization");
+    QString authorizationUrl = QStringLiteral("https://login.tidal.com/authorize");
+    QString tokenUrl = QStringLiteral("https://auth.tidal.com/v1/oauth2/token");
+    QString clientId;
+    Secret clientSecret;
+    QString clientSecretFile; ///< where clientSecret was read from, when it came from a file
+    QString scope = QStringLiteral("r_usr w_usr w_sub");
+};
+
+struct TidalSettings
+{
+    QString apiUrl = QStringLiteral("https://api.tidal.com/v1"); ///< without a closing slash
+    QString countryCode = QStringLiteral("NO");
+    QString imageUrl = QStringLiteral("https://resources.tidal.com/images/"); ///< with one
+    QString imageSize = QStringLiteral("320x320");
+    QString imageSizeArtist = QStringLiteral("320x320");
+    QString imageSizePlaylist = QStringLiteral("480x320");
+    QString imageSizeGenre = QStringLiteral("460x306");
+    QString imageSizeMood = QStringLiteral("342x342");
+    int maxIdleTimeMs = 30000;
+    QString soundQuality = QStringLiteral("LOSSLESS"); ///< LOW, HIGH, LOSSLESS or HI_RES
+    bool usePostPaywall = true;
+    OAuth2Settings oauth2;
+};
+
+struct Settings
+{
+    ServerSettings server;
+    LogSettings log;
+    DeadlineSettings deadlines;
+    PlayerSettings player;
+    TidalSettings tidal;
+};

@@ -1,0 +1,245 @@
+#include "settings/SettingsLoader.h"
+
+#include "settings/SettingsKeys.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <sstream>
+#include <string_view>
+#include <toml++/toml.h>
+
+namespace {
+
+QString fromUtf8(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
+}
+
+/// How a refused value is shown: clipped, and never with what may hold a password.
+QString described(const QVariant& value, bool isSecret)
+{
+    if (value.type() != QVariant::String)
+        return value.toString();
+    if (isSecret)
+        return QStringLiteral("a text");
+    const QString text = value.toString();
+    if (text.contains('@'))
+        return QStringLiteral("a text with an \"@\"");
+    return '"' + (text.size() > 60 ? text.left(60) + QStringLiteral("...") : text) + '"';
+}
+
+QString unknownKey(const QString& name)
+{
+    const QString section = name.left(qMax(0, name.lastIndexOf('.')));
+    QStringList words;
+    for (const SettingsKey& key : settingsKeys()) {
+        if (key.section() == section)
+            words.append(key.word());
+    }
+    if (words.isEmpty())
+        return QStringLiteral("%1: no such key; wanted a key of the sections %2")
+            .arg(name, settingsSections().join(QStringLiteral(", ")));
+    return QStringLiteral("%1: no such key; wanted one of %2")
+        .arg(name, words.join(QStringLiteral(", ")));
+}
+
+QString notWanted(const SettingsKey& key, const QString& got)
+{
+    return QStringLiteral("%1: wanted %2, got %3").arg(key.name, key.wanted, got);
+}
+
+/// Gathers the values of one load. Lives on the stack of SettingsLoader::load.
+class Reading
+{
+public:
+    explicit Reading(LoadedSettings& result) : m_result(result) {}
+
+    void readFile(const QString& file);
+    void apply(const SettingsOverride& given);
+    void findClientSecret();
+
+private:
+    void walk(const toml::table& table, const QString& section);
+    void readNode(const toml::node& node, const QString& name, const QString& where);
+    void store(const SettingsKey& key, const QVariant& value, const QString& origin);
+    void readSecretFile(const QString& file, const QString& origin);
+    void problem(const QString& where, const QString& what)
+    {
+        m_result.problems.append(where + QStringLiteral(": ") + what);
+    }
+
+    LoadedSettings& m_result;
+};
+
+void Reading::readFile(const QString& file)
+{
+    m_result.file = file;
+    QFile input(file);
+    if (QFileInfo(file).isDir() || !input.open(QIODevice::ReadOnly)) {
+        problem(file, QStringLiteral("cannot be read"));
+        return;
+    }
+    const QByteArray content = input.readAll();
+    const std::string_view text(content.constData(), static_cast<size_t>(content.size()));
+    try {
+        walk(toml::parse(text, file.toStdString()), QString());
+    } catch (const toml::parse_error& error) {
+        const auto begin = error.source().begin;
+        problem(QStringLiteral("%1:%2").arg(file).arg(begin.line),
+                QStringLiteral("not TOML (column %1): %2")
+                    .arg(begin.column)
+                    .arg(fromUtf8(error.description())));
+    }
+}
+
+void Reading::walk(const toml::table& table, const QString& section)
+{
+    for (const auto& [word, node] : table) {
+        const QString key = fromUtf8(word.str());
+        const QString name = section.isEmpty() ? key : section + '.' + key;
+        const QString where =
+            QStringLiteral("%1:%2").arg(m_result.file).arg(word.source().begin.line);
+        readNode(node, name, where);
+    }
+}
+
+void Reading::readNode(const toml::node& node, const QString& name, const QString& where)
+{
+    const SettingsKey* key = findSettingsKey(name);
+    const bool isSection = settingsSections().contains(name);
+    if (isSection && node.is_table()) {
+        walk(*node.as_table(), name);
+    } else if (isSection) {
+        problem(where, QStringLiteral("%1: wanted a section [%1]").arg(name));
+    } else if (!key) {
+        problem(where, unknownKey(name));
+    } else if (const auto* text = node.as_string()) {
+        store(*key, fromUtf8(text->get()), where);
+    } else if (const auto* number = node.as_integer()) {
+        store(*key, static_cast<qlonglong>(number->get()), where);
+    } else if (const auto* fraction = node.as_floating_point()) {
+        store(*key, fraction->get(), where);
+    } else if (const auto* truth = node.as_boolean()) {
+        store(*key, truth->get(), where);
+    } else {
+        std::ostringstream type;
+        type << node.type();
+        problem(where, notWanted(*key, QStringLiteral("a value of type ") +
+                                           QString::fromStdString(type.str())));
+    }
+}
+
+void Reading::store(const SettingsKey& key, const QVariant& value, const QString& origin)
+{
+    if (key.store(m_result.settings, value))
+        m_result.origins.insert(key.name, origin);
+    else
+        problem(origin, notWanted(key, described(value, key.isSecret)));
+}
+
+void Reading::apply(const SettingsOverride& given)
+{
+    const SettingsKey* key = findSettingsKey(given.key);
+    if (!key) {
+        problem(given.origin, unknownKey(given.key));
+        return;
+    }
+    if (given.value.isNull()) {
+        problem(given.origin, notWanted(*key, QStringLiteral("no \"=\" and value")));
+        return;
+    }
+    bool isNumber = false;
+    QVariant value(given.value);
+    if (key->kind == SettingsKey::Kind::Integer) {
+        const qlonglong number = given.value.toLongLong(&isNumber);
+        value = isNumber ? QVariant(number) : value;
+    } else if (key->kind == SettingsKey::Kind::Number) {
+        const double number = given.value.toDouble(&isNumber);
+        value = isNumber ? QVariant(number) : value;
+    } else if (key->kind == SettingsKey::Kind::Boolean) {
+        if (given.value == QLatin1String("true") || given.value == QLatin1String("false"))
+            value = given.value == QLatin1String("true");
+    }
+    store(*key, value, given.origin);
+}
+
+/// The first of: the setting itself, the file that the settings name, the service manager's
+/// credential.
+void Reading::findClientSecret()
+{
+    OAuth2Settings& oauth2 = m_result.settings.tidal.oauth2;
+    if (!oauth2.clientSecret.isEmpty())
+        return;
+    const QString fileKey = QStringLiteral("tidal.oauth2.client_secret_file");
+    if (!oauth2.clientSecretFile.isEmpty()) {
+        const QString origin = m_result.origin(fileKey);
+        if (origin.startsWith(m_result.file + ':') && !m_result.file.isEmpty())
+            oauth2.clientSecretFile =
+                QFileInfo(m_result.file).absoluteDir().absoluteFilePath(oauth2.clientSecretFile);
+        readSecretFile(oauth2.clientSecretFile, origin + QStringLiteral(": ") + fileKey);
+        return;
+    }
+    const QString credentials = qEnvironmentVariable("CREDENTIALS_DIRECTORY");
+    const QString credential = credentials + QStringLiteral("/kelo.client_secret");
+    if (!credentials.isEmpty() && QFileInfo::exists(credential))
+        readSecretFile(credential, QStringLiteral("CREDENTIALS_DIRECTORY"));
+}
+
+void Reading::readSecretFile(const QString& file, const QString& origin)
+{
+    constexpr int longestSecret = 4096;
+    QFile input(file);
+    if (QFileInfo(file).isDir() || !input.open(QIODevice::ReadOnly)) {
+        problem(origin,
+                QStringLiteral("wanted a file with the client secret, cannot read ") + file);
+        return;
+    }
+    const QString text = QString::fromUtf8(input.read(longestSecret)).trimmed();
+    m_result.settings.tidal.oauth2.clientSecret = Secret(text);
+    m_result.origins.insert(QStringLiteral("tidal.oauth2.client_secret"), file);
+}
+
+/// The user's file, else the system's, else nothing.
+QString defaultFile()
+{
+    QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
+    if (folder.isEmpty())
+        folder = QDir::homePath() + QStringLiteral("/.config");
+    for (const QString& file :
+         {folder + QStringLiteral("/kelo/kelo.toml"), QStringLiteral("/etc/kelo/kelo.toml")}) {
+        if (QFileInfo::exists(file))
+            return file;
+    }
+    return {};
+}
+
+} // namespace
+
+SettingsLoader::SettingsLoader(QString file, std::vector<SettingsOverride> overrides)
+    : m_file(std::move(file)), m_overrides(std::move(overrides))
+{
+}
+
+LoadedSettings SettingsLoader::load() const
+{
+    LoadedSettings result;
+    Reading reading(result);
+    const QString file = m_file.isEmpty() ? defaultFile() : m_file;
+    if (!file.isEmpty())
+        reading.readFile(file);
+    for (const SettingsOverride& given : m_overrides)
+        reading.apply(given);
+    reading.findClientSecret();
+    return result;
+}
+
+SettingsOverride SettingsLoader::splitOverride(const QString& text)
+{
+    const int at = text.indexOf('=');
+    if (at < 0)
+        return {text, QString(), QStringLiteral("-o")};
+    return {text.left(at).trimmed(),
+            text.mid(at + 1).isNull() ? QStringLiteral("") : text.mid(at + 1),
+            QStringLiteral("-o")};
+}
