@@ -1,0 +1,49 @@
+# The everyday commands. Each installs the Debian packages that are missing, configures and builds.
+# PRESET builds another preset: make test PRESET=asan
+PRESET ?= dev
+JOBS ?= $(shell nproc)
+
+.PHONY: help run test build release asan tsan fuzz bench format clean
+
+help:
+	@echo "make run     build, and play music from the simulated service"
+	@echo "make test    build and pass every test (PRESET=asan or tsan: under a sanitizer)"
+	@echo "make bench   measure, by instruction count"
+	@echo "make fuzz    run each fuzzer for FUZZ_SECONDS (default 30)"
+	@echo "make format  clang-format over all sources"
+
+packages:
+	@scripts/install-packages
+.PHONY: packages
+
+build: packages
+	@cmake --preset $(PRESET) > /dev/null
+	@cmake --build --preset $(PRESET) -j $(JOBS)
+
+release:
+	@$(MAKE) --no-print-directory build PRESET=release
+
+run: release
+	@scripts/run-demo build/release/bin
+
+test: build
+	@ctest --preset $(PRESET) -j $(JOBS) $(CTEST_ARGS)
+
+asan tsan:
+	@$(MAKE) --no-print-directory test PRESET=$@
+
+bench:
+	@scripts/install-packages scripts/packages-bench.txt
+	@$(MAKE) --no-print-directory release
+	@bench/run build/release
+
+fuzz:
+	@scripts/install-packages scripts/packages-fuzz.txt
+	@$(MAKE) --no-print-directory build PRESET=fuzz
+	@scripts/run-fuzzers build/fuzz $${FUZZ_SECONDS:-30}
+
+format:
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	@rm -rf build
