@@ -1,0 +1,272 @@
+#pragma once
+#include <atomic>
+#include <kelo/CMNodesWorker.h>
+#include <kelo/CMValueItem.h>
+#include <kelo/KeloMediaData.h>
+#include <kelo/KeloTidalApi.h>
+#include <kelo/KeloTidalTypes.h>
+#include <QList>
+#include <QSet>
+
+class CMActivateNode;
+class CMListRowsNode;
+class CMQueryNode;
+class PlayLogicInterface;
+class TidalBaseContextNode;
+class TidalBrowseNode;
+class TidalBrowserContextNode;
+class TidalHandler;
+class TidalMoveTrackNode;
+class TidalOrderingContextNode;
+class TidalPlaylistForm;
+class TidalTrackOrderingContextNode;
+
+/// How far the session of the logged-in user is set up.
+struct UserConfigState
+{
+    enum Enum {
+        NotConfigured = 0,       ///< no session; the start
+        SessionPending = 1,      ///< the session request has been sent
+        SubscriptionPending = 2, ///< the subscription request has been sent
+        Configured = 3           ///< requests are served
+    };
+};
+
+/// Root object of the TIDAL module: takes the host's requests, holds them back until the session of
+/// the user stands, keeps the static part of the tree, and brings items to the player. Owned by the
+/// host; it and everything it creates live on the thread that made it, and its state is touched there
+/// alone, save for what is said to be read on any thread. It sends nothing to the service itself: that
+/// is the handler's, and what the answers look like in rows is the responder's.
+class TidalWorker : public CMNodesWorker
+{
+    Q_OBJECT
+public:
+    /// Blocks until the host's OAuth2 service has taken the service's registration and published its
+    /// login state.
+    explicit TidalWorker(const QVariantHash& settings);
+    ~TidalWorker() override;
+
+    /// Any thread. Requests on context menus are served on the caller's thread, set-data and rows
+    /// requests in a later turn of the worker's event loop, data requests at once on the worker's
+    /// thread.
+    void getDataRequest(const CMGetDataRequest& request) override;
+    void setDataRequest(const CMSetDataRequest& request) override;
+    void getRowsRequest(const CMGetRowsRequest& request) override;
+
+    TidalHandler* getHandler() const { return m_handler; }
+    /// The menu of browsed items; null until the static tree is built.
+    TidalBrowserContextNode* getBrowserNode() const { return m_browserContext; }
+    /// The menu that the rows of a variation carry; null for an unknown variation and until the static
+    /// tree is built. Any thread.
+    TidalBaseContextNode* contextNode(KeloTidalContextVariation::Enum variation) const;
+    /// The action under "/context" or under "/playlistcontext" that adds an item to a playlist.
+    CMActivateNode* addToPlaylistNode(bool isPlaylistContext) const;
+    TidalPlaylistForm* newPlaylistForm() const { return m_newPlaylistForm; }
+    TidalPlaylistForm* updatePlaylistForm() const { return m_updatePlaylistForm; }
+    CMListRowsNode* myMusicNode() const { return m_myMusic; }
+    /// Where the artists' pages stand. Any thread.
+    CMPath artistsPath() const;
+
+    /// The settings as they were at the start, with the present country code and API address.
+    const KeloTidalSettings& tidalSettings() const { return m_settings; }
+    /// How the lists of My Music, and the tracks of playlists, are ordered.
+    KeloTidalBrowseSetting& myMusicSetting() { return m_myMusicSetting; }
+    KeloTidalBrowseSetting& playlistTracksSetting() { return m_playlistTracksSetting; }
+    /// The playlist whose tracks were listed last; it is reloaded after an edit.
+    const CMPath& playlistPath() const { return m_playlistPath; }
+    void setPlaylistPath(const CMPath& path) { m_playlistPath = path; }
+    /// The path that a client opened or closed last, menus and the create form aside.
+    const CMPath& currentPath() const { return m_currentPath; }
+
+    bool isUserConfigured() const { return m_userState == UserConfigState::Configured; }
+    bool isUserConfiguring() const;
+
+    /// A parameter of a path; empty when there is none.
+    static QString findQueryValue(const CMPath& path, const QString& name);
+    /// Tells clients that rows under a path changed.
+    void changeRowsSubscribe(const CMPath& path, QStringList changes, int count);
+
+    void addGenresNode(CMListRowsNode* node);
+    void addMoodsNode(TidalBrowseNode* node);
+    /// The first genre or mood node at the path; null when there is none.
+    CMListRowsNode* getGenresNode(const CMPath& path) const;
+    TidalBrowseNode* getMoodsNode(const CMPath& path) const;
+
+public Q_SLOTS:
+    void on_getData_invoke(const CMGetDataRequest& request);
+    void on_setData_invoke(const CMSetDataRequest& request);
+    void on_getRows_invoke(const CMGetRowsRequest& request);
+
+    /// New values of the host tree.
+    void on_internal_settingsChanged(KeloValue value);
+    void on_serviceOAuth_changed(const KeloValue& newValue, const KeloValue& oldValue);
+    /// A client opened, or the last one closed, a rows path.
+    void on_tidal_path_enter(const CMPath& path);
+    void on_tidal_path_leave(const CMPath& path);
+
+    /// Play requests of the host.
+    void on_media_play(const CMSetDataRequest& request);
+    void on_tidalId_play(const CMSetDataRequest& request);
+    void on_media_get(const CMSetDataRequest& request);
+    /// Runs the step of the present play state; an answer stands in the request's value under
+    /// KeloRoles::Value().
+    void on_internal_play(const CMSetDataRequest& request);
+    void on_internal_track(const CMSetDataRequest& request);
+    void on_internal_media(CMSetDataRequest mediaRequest, CMSetDataRequest playRequest);
+
+    /// Answers of the service, as the responder hands them on.
+    void on_tidalHandler_sessionsFinished(KeloTidalApiSessionsResponse session,
+                                          KeloTidalApiErrorResponse error);
+    void on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse subscription,
+                                              KeloTidalApiErrorResponse error);
+    void on_tidalHandler_track(KeloTidalApiTrackResponse response, KeloTidalApiErrorResponse error);
+    void on_tidalHandler_streamUrl(KeloTidalApiStreamUrlResponse response,
+                                   KeloTidalApiErrorResponse error,
+                                   const CMSetDataRequest& request);
+    void on_tidalHandler_contentRootsFeatured(KeloTidalApiContentRootsResponse roots,
+                                              KeloTidalApiErrorResponse error);
+    void on_tidalHandler_contentRootsGenres(KeloTidalApiContentRootsResponse roots,
+                                            KeloTidalApiErrorResponse error);
+    void on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResponse roots,
+                                           KeloTidalApiErrorResponse error);
+    void on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
+                                           KeloTidalContextVariation::Enum variation,
+                                           KeloTidalApiErrorResponse error, QVariant value,
+                                           QString playlistId,
+                                           KeloTidalRequestType::Enum requestType);
+    void on_tidalHandler_finishedFavorites(CMSetDataRequest request,
+                                           KeloTidalContextVariation::Enum variation,
+                                           KeloTidalApiErrorResponse error);
+    void on_newPlaylist_invoke(const CMSetDataRequest& request, const QString& playlistId,
+                               const QString& etag);
+    void on_updatePlaylist_invoke(const CMSetDataRequest& request);
+    void on_movePlaylistTrack_invoke(const CMSetDataRequest& request);
+
+    /// Actions of the context menus.
+    void on_addToPlaylist_invoke(const CMSetDataRequest& request);
+    void on_removeFromPlaylist_invoke(const CMSetDataRequest& request);
+    void on_move_activation(const CMSetDataRequest& request);
+
+private:
+    enum class PlayState { Idle = 0, RequestMedia = 1, MediaPending = 2, MediaReady = 3 };
+
+    /// Sends the service's data to the host's OAuth2 service and waits until it has taken them.
+    void registerService();
+
+    /// Whether a request is to be served now; if not it has been answered, served or postponed.
+    bool configure(const CMRequest& request);
+    /// Takes the set-up of the session one step further.
+    void configureUser();
+    /// Ends the set-up: answers what was postponed with "Failed to initialize TIDAL".
+    void failSetUp(const TrString& message);
+    void finishPosponedRequests(const CMError& error);
+    void returnToRequest(CMRequest request);
+    bool isLoggedIn() const;
+    void resetTopNode();
+    void updateUIStructure();
+    bool isTrackedPath(const CMPath& path) const;
+
+    /// Builds what is missing of the static tree; false when it cannot be built.
+    bool buildStaticStructure();
+    bool isStaticStructureBuilt() const { return m_isStructureBuilt; }
+    void buildContext();
+    void buildSearch();
+    void buildTopMenus();
+    void buildMyMusic();
+    void buildDiscoveryAndRising();
+    void buildNew();
+    void buildPlaylistContexts();
+    void buildForms();
+    CMListRowsNode* createMenu(const QString& subpath, const TrString& title);
+    TidalBrowseNode* createList(const CMPath& path, const TrString& title);
+    TidalBrowseNode* createPlayableList(const CMPath& path, const TrString& title,
+                                        const CMPath& contextPath);
+    /// A list of the New menu; `kind` is one of KeloTidalPlaylists() and its like.
+    TidalBrowseNode* createFeatured(const QString& api, const QString& group, const QString& kind,
+                                    const TrString& title);
+
+    bool isPlayPending() const;
+    bool isMediaPending() const;
+    bool isTrackPending() const;
+    bool isMediaMetaData() const;
+    bool isMediaResource() const;
+    bool isMediaReady() const;
+    /// Makes a request the play request, and forgets everything of the attempt before it.
+    void beginPlay(const CMSetDataRequest& request);
+    /// Idle, without media data, roles and requests; look-ups under way are answered with an error.
+    void resetPlay(const CMError& error);
+    /// The one way in which an attempt fails.
+    void failPlay(const CMError& error);
+    void onPrePlay(const CMSetDataRequest& request);
+    void onStatePlayRequestMedia(const CMSetDataRequest& request);
+    void onStatePlayRequestMediaPending(const CMSetDataRequest& request);
+    void onStatePlayRequestMediaReady();
+    void completeMetaData(const KeloTidalApiTrackResponse& track);
+    /// False when the manifest was refused and the attempt has ended.
+    bool completeResource(const KeloTidalApiStreamUrlResponse& stream);
+    /// The id of the track that is to be played; empty when there is none.
+    QString playTrackId() const;
+
+    TidalHandler* m_handler = nullptr; ///< a child
+    CMValueItem* m_settingsItem = nullptr;
+    CMValueItem* m_oauthItem = nullptr;
+    KeloTidalSettings m_settings;
+    KeloTidalBrowseSetting m_myMusicSetting;
+    KeloTidalBrowseSetting m_playlistTracksSetting;
+
+    int m_userState = UserConfigState::NotConfigured;
+    /// Set-up requests that are on their way; above one, the next answer belongs to an earlier set-up.
+    int m_sessionsUnderWay = 0;
+    int m_subscriptionsUnderWay = 0;
+    QList<CMRequest> m_postponedRequests; ///< in order of arrival; filled while a set-up runs
+    QSet<CMPath> m_enteredPaths;          ///< rows paths that clients have open
+    CMPath m_currentPath;
+    CMPath m_playlistPath;
+
+    // Nodes; owned by the tree, null until built.
+    bool m_isStructureBuilt = false;
+    CMListRowsNode* m_message = nullptr;
+    CMListRowsNode* m_top = nullptr;
+    TidalBrowserContextNode* m_browserContext = nullptr;
+    CMActivateNode* m_addToPlaylist = nullptr;
+    CMListRowsNode* m_searchContainer = nullptr;
+    CMQueryNode* m_search = nullptr;
+    CMListRowsNode* m_searchChoice = nullptr;
+    CMListRowsNode* m_genres = nullptr;
+    CMListRowsNode* m_playlists = nullptr;
+    CMListRowsNode* m_myMusic = nullptr;
+    CMListRowsNode* m_discovery = nullptr;
+    CMListRowsNode* m_rising = nullptr;
+    CMListRowsNode* m_new = nullptr;
+    TidalBrowseNode* m_favoriteArtists = nullptr;
+    TidalBrowseNode* m_newPlaylists = nullptr;
+    TidalBrowseNode* m_recommendedPlaylists = nullptr;
+    TidalBrowseNode* m_newAlbums = nullptr;
+    TidalBrowseNode* m_recommendedAlbums = nullptr;
+    TidalBrowseNode* m_topAlbums = nullptr;
+    TidalBrowseNode* m_newTracks = nullptr;
+    TidalBrowseNode* m_recommendedTracks = nullptr;
+    TidalBrowseNode* m_topTracks = nullptr;
+    TidalBrowserContextNode* m_playlistContext = nullptr;
+    CMActivateNode* m_removeFromPlaylist = nullptr;
+    CMActivateNode* m_addToPlaylistInPlaylist = nullptr;
+    TidalTrackOrderingContextNode* m_trackOrderingContext = nullptr;
+    TidalOrderingContextNode* m_orderingContext = nullptr;
+    TidalBrowserContextNode* m_myPlaylistTracksContext = nullptr;
+    TidalMoveTrackNode* m_moveTrack = nullptr;
+    TidalPlaylistForm* m_newPlaylistForm = nullptr;
+    TidalPlaylistForm* m_updatePlaylistForm = nullptr;
+    QList<CMListRowsNode*> m_genreNodes;
+    QList<TidalBrowseNode*> m_moodNodes;
+    /// By variation; read on any thread.
+    std::atomic<TidalBaseContextNode*> m_contextNodes[4] = {};
+
+    // Playing one item.
+    PlayLogicInterface* m_player = nullptr; ///< outlives the worker
+    PlayState m_playState = PlayState::Idle;
+    CMSetDataRequest m_playRequest;  ///< null when nothing plays or has been asked to
+    CMSetDataRequest m_mediaRequest; ///< the look-up of the stream; the last one asked
+    CMSetDataRequest m_trackRequest; ///< the look-up of the track; the last one asked
+    KeloMediaData m_mediaData;       ///< of the play request, completed by the look-ups
+    KeloRoles m_playItemRoles;       ///< what the player is told beside the media data
+};
