@@ -11,6 +11,8 @@ class KELO_HTTP_EXPORT HttpClientHeaders
 public:
     /// Sets a field, replacing those of the same name.
     void insert(const QString& name, const QString& value);
+    /// Adds a field behind the others; fields of the same name stay.
+    void append(const QString& name, const QString& value);
     /// The first field of that name; the fallback when there is none.
     QString value(const QString& name, const QString& fallback = QString()) const;
     bool contains(const QString& name) const;

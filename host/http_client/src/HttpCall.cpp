@@ -1,0 +1,287 @@
+#include "HttpCall.h"
+#include "CurlAddress.h"
+#include <algorithm>
+#include <cstring>
+#include <kelo/KeloLog.h>
+
+namespace {
+/// Most redirects that one call follows.
+constexpr int maxRedirects = 5;
+/// Largest header block of an answer, in bytes.
+constexpr int maxHeaderBytes = 256 * 1024;
+/// Body memory taken at once on the word of an answer's Content-Length, in bytes.
+constexpr curl_off_t maxReserve = 1024 * 1024;
+/// Room behind a body, so that a reader that wants padding need not copy it.
+constexpr int bodyPadding = 64;
+constexpr long connectTimeoutMs = 30000;
+constexpr long receiveBufferBytes = 64 * 1024;
+
+/// What the environment excludes from its proxy, and loopback.
+const QByteArray& noProxy()
+{
+    static const QByteArray hosts = [] {
+        QByteArray list = qgetenv("no_proxy");
+        if (list.isEmpty())
+            list = qgetenv("NO_PROXY");
+        if (list.trimmed() == "*")
+            return list;
+        return list + (list.isEmpty() ? "" : ",") + "localhost,127.0.0.0/8,::1";
+    }();
+    return hosts;
+}
+
+/// RFC 9110 5.6.2.
+bool isToken(const QByteArray& name)
+{
+    const auto isTokenByte = [](char c) {
+        return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') ||
+               (c != '\0' && std::strchr("!#$%&'*+-.^_`|~", c));
+    };
+    return !name.isEmpty() && std::all_of(name.begin(), name.end(), isTokenByte);
+}
+
+/// RFC 9110 5.5: neither line ends nor zero bytes.
+bool isFieldValue(const QByteArray& value)
+{
+    return std::none_of(value.begin(), value.end(),
+                        [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
+}
+
+bool isRedirect(long status)
+{
+    return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
+}
+} // namespace
+
+HttpCall::HttpCall(HttpClient::HttpVersion version, bool keepAlive) : m_easy(curl_easy_init())
+{
+    curl_easy_setopt(m_easy, CURLOPT_PRIVATE, this);
+    curl_easy_setopt(m_easy, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(m_easy, CURLOPT_TCP_NODELAY, 1L);
+    curl_easy_setopt(m_easy, CURLOPT_TCP_KEEPALIVE, 1L);
+    curl_easy_setopt(m_easy, CURLOPT_CONNECTTIMEOUT_MS, connectTimeoutMs);
+    curl_easy_setopt(m_easy, CURLOPT_BUFFERSIZE, receiveBufferBytes);
+    curl_easy_setopt(m_easy, CURLOPT_USERAGENT, "kelo/0.1.0");
+    curl_easy_setopt(m_easy, CURLOPT_ACCEPT_ENCODING, "");
+    curl_easy_setopt(m_easy, CURLOPT_PROTOCOLS_STR, "http,https");
+    curl_easy_setopt(m_easy, CURLOPT_NOPROXY, noProxy().constData());
+    curl_easy_setopt(m_easy, CURLOPT_HTTP_VERSION,
+                     version == HttpClient::Version11 ? CURL_HTTP_VERSION_1_1
+                                                      : CURL_HTTP_VERSION_2TLS);
+    curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, keepAlive ? 0L : 1L);
+    curl_easy_setopt(m_easy, CURLOPT_FRESH_CONNECT, keepAlive ? 0L : 1L);
+    curl_easy_setopt(m_easy, CURLOPT_WRITEFUNCTION, &HttpCall::writeBody);
+    curl_easy_setopt(m_easy, CURLOPT_WRITEDATA, this);
+    curl_easy_setopt(m_easy, CURLOPT_HEADERFUNCTION, &HttpCall::writeHeader);
+    curl_easy_setopt(m_easy, CURLOPT_HEADERDATA, this);
+}
+
+HttpCall::~HttpCall()
+{
+    curl_easy_cleanup(m_easy);
+    curl_slist_free_all(m_headers);
+}
+
+HttpCall* HttpCall::of(CURL* easy)
+{
+    char* call = nullptr;
+    curl_easy_getinfo(easy, CURLINFO_PRIVATE, &call);
+    return reinterpret_cast<HttpCall*>(call);
+}
+
+HttpClient::Failure HttpCall::prepare(quintptr id, Method method, const KeloUrl& url,
+                                      const QByteArray& body, const HttpClientOptions& options)
+{
+    m_id = id;
+    m_method = method;
+    m_url = url;
+    m_requestBody = body;
+    m_options = options;
+    m_redirects = 0;
+    m_started = std::chrono::steady_clock::now();
+    if (!CurlAddress::isHttp(url.toEncoded()))
+        return HttpClient::BadUrl;
+    if (!setHeaders(method, options.headers()))
+        return HttpClient::TransferFailed;
+    curl_easy_setopt(m_easy, CURLOPT_URL, url.toEncoded().constData());
+    setMethod(method);
+    setTimeout();
+    return HttpClient::NoFailure;
+}
+
+void HttpCall::setReceiver(QObject* receiver, const char* member)
+{
+    m_receiver = receiver;
+    m_member = member;
+}
+
+bool HttpCall::setHeaders(Method method, const HttpClientHeaders& headers)
+{
+    if (method != Method::Get)
+        m_headers = curl_slist_append(m_headers, "Expect:"); // the body is sent at once
+    for (const auto& field : headers.fields()) {
+        const QByteArray name = field.first.toLatin1();
+        const QByteArray value = field.second.toUtf8();
+        if (!isToken(name) || !isFieldValue(value)) {
+            KELO_LOG("http", ERROR) << "Header field refused: " << field.first;
+            return false;
+        }
+        const QByteArray line = value.trimmed().isEmpty() ? name + ';' : name + ": " + value;
+        m_headers = curl_slist_append(m_headers, line.constData());
+    }
+    curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, m_headers);
+    return true;
+}
+
+void HttpCall::setMethod(Method method)
+{
+    const bool hasBody = method == Method::Post || !m_requestBody.isEmpty();
+    if (hasBody && method != Method::Get) {
+        curl_easy_setopt(m_easy, CURLOPT_POST, 1L);
+        curl_easy_setopt(m_easy, CURLOPT_POSTFIELDSIZE, long(m_requestBody.size()));
+        curl_easy_setopt(m_easy, CURLOPT_POSTFIELDS, m_requestBody.constData());
+    } else {
+        curl_easy_setopt(m_easy, CURLOPT_HTTPGET, 1L);
+    }
+    curl_easy_setopt(m_easy, CURLOPT_CUSTOMREQUEST, method == Method::Delete ? "DELETE" : nullptr);
+}
+
+/// What is left of the call's time, at least a moment: curl takes zero for no limit.
+void HttpCall::setTimeout()
+{
+    using namespace std::chrono;
+    long left = 0;
+    if (m_options.timeoutMs() > 0) {
+        const auto spent = duration_cast<milliseconds>(steady_clock::now() - m_started).count();
+        left = std::max(1L, long(m_options.timeoutMs() - spent));
+    }
+    curl_easy_setopt(m_easy, CURLOPT_TIMEOUT_MS, left);
+}
+
+size_t HttpCall::writeBody(char* data, size_t, size_t count, void* call)
+{
+    return static_cast<HttpCall*>(call)->append(data, int(count)) ? count : 0;
+}
+
+bool HttpCall::append(const char* data, int size)
+{
+    const int limit = m_options.readSizeLimit();
+    m_isBodyTooLarge = limit > 0 && size > limit - m_body.size();
+    if (m_isBodyTooLarge || size > INT_MAX / 2 - m_body.size())
+        return false;
+    if (m_body.isEmpty()) {
+        curl_off_t length = 0;
+        curl_easy_getinfo(m_easy, CURLINFO_CONTENT_LENGTH_DOWNLOAD_T, &length);
+        m_body.reserve(std::max(size, int(std::min(length, maxReserve))) + bodyPadding);
+    }
+    m_body.append(data, size);
+    return true;
+}
+
+size_t HttpCall::writeHeader(char* data, size_t, size_t count, void* call)
+{
+    QByteArray& block = static_cast<HttpCall*>(call)->m_headerBlock;
+    if (count >= 5 && std::memcmp(data, "HTTP/", 5) == 0)
+        block.clear(); // the answer behind an interim one (RFC 9110 15.2)
+    else if (block.size() + int(count) > maxHeaderBytes)
+        return 0;
+    else
+        block.append(data, int(count));
+    return count;
+}
+
+HttpClientHeaders HttpCall::answerHeaders() const
+{
+    HttpClientHeaders headers;
+    const char* at = m_headerBlock.constData();
+    const char* end = at + m_headerBlock.size();
+    while (at < end) {
+        const char* lineEnd = std::find(at, end, '\n');
+        const char* colon = std::find(at, lineEnd, ':');
+        if (colon != lineEnd && colon != at) {
+            const QByteArray value =
+                QByteArray::fromRawData(colon + 1, int(lineEnd - colon) - 1).trimmed();
+            headers.append(QString::fromLatin1(at, int(colon - at)), QString::fromLatin1(value));
+        }
+        at = lineEnd + 1;
+    }
+    return headers;
+}
+
+HttpClient::Failure HttpCall::failure(CURLcode result) const
+{
+    if (m_isBodyTooLarge)
+        return HttpClient::BodyTooLarge;
+    switch (result) {
+    case CURLE_OK:
+        return HttpClient::NoFailure;
+    case CURLE_OPERATION_TIMEDOUT:
+        return HttpClient::TimedOut;
+    case CURLE_COULDNT_RESOLVE_HOST:
+    case CURLE_COULDNT_RESOLVE_PROXY:
+    case CURLE_COULDNT_CONNECT:
+        return HttpClient::ConnectionFailed;
+    case CURLE_PEER_FAILED_VERIFICATION:
+    case CURLE_SSL_CONNECT_ERROR:
+    case CURLE_SSL_CERTPROBLEM:
+    case CURLE_SSL_CACERT_BADFILE:
+    case CURLE_SSL_CIPHER:
+    case CURLE_SSL_ISSUER_ERROR:
+        return HttpClient::TlsFailed;
+    case CURLE_URL_MALFORMAT:
+    case CURLE_UNSUPPORTED_PROTOCOL:
+        return HttpClient::BadUrl;
+    default:
+        return HttpClient::TransferFailed;
+    }
+}
+
+bool HttpCall::redirect()
+{
+    long status = 0;
+    curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+    if (!isRedirect(status) || m_method != Method::Get || m_redirects >= maxRedirects)
+        return false;
+    char* text = nullptr;
+    curl_easy_getinfo(m_easy, CURLINFO_REDIRECT_URL, &text);
+    const QByteArray target = text;
+    if (target.isEmpty() || !CurlAddress::isSameOrigin(m_url.toEncoded(), target))
+        return false;
+    ++m_redirects;
+    m_body.clear();
+    m_headerBlock.clear();
+    curl_easy_setopt(m_easy, CURLOPT_URL, target.constData());
+    setTimeout();
+    return true;
+}
+
+void HttpCall::deliver(HttpClient::Failure failure) const
+{
+    if (!m_receiver)
+        return;
+    long status = 0;
+    if (failure == HttpClient::NoFailure)
+        curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+    const bool isWhole = failure == HttpClient::NoFailure;
+    const bool isInvoked = QMetaObject::invokeMethod(
+        m_receiver.data(), m_member.constData(), Qt::QueuedConnection, Q_ARG(KeloUrl, m_url),
+        Q_ARG(HttpClientPrivate, m_options.userData()), Q_ARG(int, int(status)),
+        Q_ARG(int, int(failure)), Q_ARG(QByteArray, isWhole ? m_body : QByteArray()),
+        Q_ARG(HttpClientHeaders, isWhole ? answerHeaders() : HttpClientHeaders()));
+    if (!isInvoked)
+        KELO_LOG("http", ERROR) << "Receiver cannot take an answer: " << m_member;
+}
+
+void HttpCall::clear()
+{
+    curl_easy_setopt(m_easy, CURLOPT_HTTPHEADER, nullptr);
+    curl_slist_free_all(m_headers);
+    m_headers = nullptr;
+    m_url = KeloUrl();
+    m_requestBody.clear();
+    m_options = HttpClientOptions();
+    m_receiver.clear();
+    m_body = QByteArray();
+    m_headerBlock.clear();
+    m_isBodyTooLarge = false;
+}
