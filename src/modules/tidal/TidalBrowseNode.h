@@ -1,0 +1,32 @@
+#pragma once
+#include <kelo/CMListRowsNode.h>
+#include <QStringList>
+
+class TidalWorker;
+
+/// A list whose rows come from the service: works out from path and parameters which request
+/// answers it; the answer reaches the waiting request later. Rows stored in it follow the
+/// service's. Owned by the worker's tree; rows requests come on any thread and are dispatched on
+/// the worker's.
+class TidalBrowseNode : public CMListRowsNode
+{
+    Q_OBJECT
+public:
+    static TidalBrowseNode* create(TidalWorker* worker, const CMPath& path);
+
+    bool getRowsRequest(const CMGetRowsRequest& request) override;
+
+public Q_SLOTS:
+    /// Sends the service request that answers this; a path that none answers is left to the host's
+    /// deadline.
+    void on_getRowsRequest(const CMGetRowsRequest& request);
+
+private:
+    TidalBrowseNode(TidalWorker* worker, const CMPath& path);
+    void handleContent(const CMGetRowsRequest& request, const QString& contentId,
+                       const QStringList& segments);
+    void handleArtist(const CMGetRowsRequest& request, const QString& artistId);
+    void handleList(const CMGetRowsRequest& request, const QStringList& segments);
+
+    TidalWorker* m_worker;
+};

@@ -1,0 +1,153 @@
+#include "TidalHandler.h"
+#include "TidalWorker.h"
+#include <kelo/CMValueItem.h>
+#include <kelo/HttpClient.h>
+#include <kelo/KeloLog.h>
+#include <kelo/KeloOAuth2.h>
+#include <kelo/KeloTidalConstants.h>
+#include <kelo/KeloUrl.h>
+
+namespace {
+constexpr int getTimeoutMs = 30000;
+constexpr int getReadSizeLimit = 262144;
+
+CMPath accessTokenPath()
+{
+    CMPath path = KeloOAuth2ServicePath();
+    path.appendSubpath(KeloTidalName());
+    path.appendSubpath(KeloOAuth2AccessTokenSubPath());
+    return path;
+}
+
+KeloUrl requestUrl(const QString& apiUrl, const QString& path, const TidalHandler::Query& query)
+{
+    KeloUrl url;
+    url.setUrl(apiUrl + path);
+    url.setQueryItems(query);
+    return url;
+}
+
+HttpClientOptions requestOptions(const HttpClientPrivate& userData, int timeoutMs,
+                                 int readSizeLimit, const HttpClientHeaders& headers)
+{
+    HttpClientOptions options;
+    options.setUserData(userData)
+        .setTimeoutMs(timeoutMs)
+        .setReadSizeLimit(readSizeLimit)
+        .setHeaders(headers);
+    return options;
+}
+} // namespace
+
+TidalHandler::TidalHandler(TidalWorker* worker, QString const& apiUrl, QString const& countryCode)
+    : QObject(worker), m_worker(worker),
+      m_httpClient(new HttpClient(this, HttpClient::VersionAny, true)), m_apiUrl(apiUrl),
+      m_accessToken(new CMValueItem(this, accessTokenPath())), m_responder(apiUrl, this)
+{
+    m_account.setCountryCode(countryCode);
+}
+
+TidalHandler::~TidalHandler() = default;
+
+void TidalHandler::setApiUrl(QString const& apiUrl)
+{
+    m_apiUrl = apiUrl;
+}
+
+void TidalHandler::setCountryCode(QString const& countryCode)
+{
+    m_account.setCountryCode(countryCode);
+}
+
+void TidalHandler::resetAccount()
+{
+    m_account.clear();
+}
+
+void TidalHandler::setAccount(QString const& sessionId, QString const& countryCode, qint64 userId)
+{
+    m_account.setSessionId(sessionId);
+    m_account.setCountryCode(countryCode);
+    m_account.setUserId(userId);
+}
+
+void* TidalHandler::get(QString path, QList<QPair<QString, QString>>& query, QObject* receiver,
+                        char const* member, HttpClientPrivate const& userData, int timeoutMs,
+                        int readSizeLimit)
+{
+    const KeloUrl url = requestUrl(m_apiUrl, path, query);
+    const HttpClientHeaders headers = authorized(HttpClientHeaders());
+    KELO_LOG("Tidal", INFO) << "Url get request: " << keloUrlForLog(url.toString());
+    return m_httpClient->get(url, receiver, member,
+                             requestOptions(userData, timeoutMs, readSizeLimit, headers));
+}
+
+void* TidalHandler::post(QString path, QList<QPair<QString, QString>>& query, QString& body,
+                         QObject* receiver, char const* member, HttpClientPrivate const& userData,
+                         int timeoutMs, HttpClientHeaders const& headers, int readSizeLimit)
+{
+    const KeloUrl url = requestUrl(m_apiUrl, path, query);
+    KELO_LOG("Tidal", INFO) << "Url post request: " << keloUrlForLog(url.toString());
+    KELO_LOG("Tidal", TRACE) << "Post data: " << body;
+    return m_httpClient->post(
+        url, body.toLatin1(), receiver, member,
+        requestOptions(userData, timeoutMs, readSizeLimit, authorized(headers)));
+}
+
+void* TidalHandler::deleteCall(QString path, QList<QPair<QString, QString>>& query,
+                               QObject* receiver, char const* member,
+                               HttpClientPrivate const& userData, int timeoutMs,
+                               HttpClientHeaders const& headers, int readSizeLimit)
+{
+    const KeloUrl url = requestUrl(m_apiUrl, path, query);
+    // The wording of a GET is deliberate: readers of logs rely on it.
+    KELO_LOG("Tidal", INFO) << "Url get request: " << keloUrlForLog(url.toString());
+    return m_httpClient->delete_(
+        url, QByteArray(), receiver, member,
+        requestOptions(userData, timeoutMs, readSizeLimit, authorized(headers)));
+}
+
+QString TidalHandler::accessToken() const
+{
+    return m_accessToken->value().string_();
+}
+
+bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& errorText) const
+{
+    if (!accessToken().isEmpty())
+        return true;
+    KELO_LOG("Tidal", WARN) << "Access token is not set";
+    if (!request.isNull())
+        request.reply().setError(CMError(errorText));
+    return false;
+}
+
+HttpClientHeaders TidalHandler::authorized(HttpClientHeaders headers) const
+{
+    headers.insert(QStringLiteral("Authorization"), QStringLiteral("Bearer ") + accessToken());
+    return headers;
+}
+
+TidalHandler::Query TidalHandler::countryQuery() const
+{
+    return {{QStringLiteral("countryCode"), m_account.countryCode()}};
+}
+
+QString TidalHandler::userPath(const QString& subPath) const
+{
+    return KeloTidalApiPathUsers() + QLatin1Char('/') + QString::number(m_account.userId()) +
+           subPath;
+}
+
+void TidalHandler::sendGet(const QString& path, Query query, const char* member,
+                           const HttpClientPrivate& userData)
+{
+    get(path, query, &m_responder, member, userData, getTimeoutMs, getReadSizeLimit);
+}
+
+HttpClientPrivate TidalHandler::syntheticRequest(const QString& apiPath)
+{
+    const CMGetRowsRequest request(KeloTidalPrefixPath() + apiPath, 0, 0, QStringList(), -1,
+                                   CMVoidReply());
+    return HttpClientPrivate(HttpClientPrivate::Data(request));
+}

@@ -1,0 +1,108 @@
+#pragma once
+#include "TidalNodeResponder.h"
+#include <kelo/CMRequest.h>
+#include <kelo/HttpClientHeaders.h>
+#include <kelo/HttpClientPrivate.h>
+#include <kelo/KeloTidalTypes.h>
+#include <kelo/TrString.h>
+#include <QList>
+#include <QObject>
+#include <QPair>
+#include <QString>
+
+class CMValueItem;
+class HttpClient;
+class TidalWorker;
+
+/// Client of the service's web API: every operation becomes one HTTP request, whose answer goes to
+/// the responder together with the request of the content tree that it serves. Owned by the worker,
+/// used on the worker's thread alone. It does not read answers and keeps no state between requests
+/// but the account; the access token is read afresh for each of them.
+class TidalHandler : public QObject
+{
+    Q_OBJECT
+public:
+    using Query = QList<QPair<QString, QString>>;
+
+    TidalHandler(TidalWorker* worker, QString const& apiUrl, QString const& countryCode);
+    ~TidalHandler() override;
+
+    TidalWorker* getWorker() const { return m_worker; }
+    TidalNodeResponder* responder() { return &m_responder; }
+    void setApiUrl(QString const& apiUrl);
+    void setCountryCode(QString const& countryCode);
+    /// Forgets the account, its country code included.
+    void resetAccount();
+    void setAccount(QString const& sessionId, QString const& countryCode, qint64 userId);
+    KeloTidalAccount getAccount() const { return m_account; }
+    void setAccountSoundQuality(KeloTidalSoundQualities::Enum quality);
+
+    /// The three ways to send. The address is the API's base URL followed by the path as it is; the
+    /// member is a method of the receiver with the signature of the responder's answer slots. They
+    /// return the HTTP client's handle of the call.
+    void* get(QString path, QList<QPair<QString, QString>>& query, QObject* receiver,
+              char const* member, HttpClientPrivate const& userData, int timeoutMs,
+              int readSizeLimit);
+    void* post(QString path, QList<QPair<QString, QString>>& query, QString& body,
+               QObject* receiver, char const* member, HttpClientPrivate const& userData,
+               int timeoutMs, HttpClientHeaders const& headers, int readSizeLimit);
+    void* deleteCall(QString path, QList<QPair<QString, QString>>& query, QObject* receiver,
+                     char const* member, HttpClientPrivate const& userData, int timeoutMs,
+                     HttpClientHeaders const& headers, int readSizeLimit);
+
+    // Catalogue. A request that cannot be sent is answered at once.
+
+    /// A list below one of the catalogue's roots: "/type/id/list".
+    void baseRequest(CMGetRowsRequest const& request, QString const& type, QString const& id,
+                     QString const& list);
+    void getAlbumTracks(CMGetRowsRequest const& request, QString const& albumId);
+    /// `type` names what is searched for: "albums", "tracks", "artists", "playlists".
+    void search(CMGetRowsRequest const& request, QString const& query, QString const& type);
+    void getArtist(CMGetRowsRequest request, QString const& artistId);
+    void getArtistContent(CMGetRowsRequest request, QString const& artistId, QString const& content,
+                          QString const& filter);
+    void getArtistBio(CMSetDataRequest request, QString const& artistId);
+    /// The last argument is not used.
+    void getPlaylistTracks(CMGetRowsRequest const& request, QString const& playlistId,
+                           KeloTidalBrowseSetting const& setting, QString);
+    /// The user's own lists. `group` is "favorites", or anything else for what the user made.
+    void getMyMusic(CMGetRowsRequest const& request, QString const& type, QString const& group,
+                    KeloTidalBrowseSetting* setting);
+    /// The roots of a kind: "featured", "moods", "genres". Ends in a signal of the responder; an
+    /// unknown kind and a missing token are only logged.
+    void getContentRoots(QString const& type);
+
+    // Login and playback. False when nothing was sent.
+
+    /// Ends in the responder's sessionsFinished().
+    bool retrieveSession();
+    /// Ends in the responder's subscriptionFinished().
+    bool subscribe();
+    /// Ends in the responder's trackFinished().
+    bool track(CMSetDataRequest const& request, QString const& trackId);
+    /// Ends in the responder's streamUrlFinished(). Never asks for more than the subscription
+    /// allows.
+    bool streamUrl(QString const& trackId, CMSetDataRequest const& request,
+                   KeloTidalSoundQualities::Enum quality, bool offline);
+
+private:
+    QString accessToken() const;
+    /// False, with a WARN line and where there is a request an error on it, without a token.
+    bool checkAccessToken(const CMRequest& request, const TrString& errorText) const;
+    HttpClientHeaders authorized(HttpClientHeaders headers) const;
+    Query countryQuery() const;
+    /// Path of something of the user's: "/users/" user id and the sub-path.
+    QString userPath(const QString& subPath) const;
+    /// A GET with the limits of this service, answered at the responder.
+    void sendGet(const QString& path, Query query, const char* member,
+                 const HttpClientPrivate& userData);
+    /// A request that nobody waits for, by whose path the responder knows what was asked.
+    static HttpClientPrivate syntheticRequest(const QString& apiPath);
+
+    TidalWorker* m_worker;
+    HttpClient* m_httpClient;
+    QString m_apiUrl;
+    KeloTidalAccount m_account;
+    CMValueItem* m_accessToken; ///< always the OAuth2 service's present token
+    TidalNodeResponder m_responder;
+};

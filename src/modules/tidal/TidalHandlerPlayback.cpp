@@ -1,0 +1,88 @@
+#include "TidalHandler.h"
+#include <kelo/CMAbstractWorker.h>
+#include <kelo/KeloTidalConstants.h>
+#include <kelo/KeloValue.h>
+#include <QMap>
+
+namespace {
+const char* const answerMember = "on_response_invoke";
+
+/// The service's word for a quality; the lowest for a number that is none.
+QString qualityName(KeloTidalSoundQualities::Enum quality)
+{
+    static const QMap<int, QString> names = {
+        {KeloTidalSoundQualities::LOW_, QStringLiteral("LOW")},
+        {KeloTidalSoundQualities::HIGH_, QStringLiteral("HIGH")},
+        {KeloTidalSoundQualities::LOSSLESS_, QStringLiteral("LOSSLESS")},
+        {KeloTidalSoundQualities::HI_RES_, QStringLiteral("HI_RES")}};
+    return names.value(quality, QStringLiteral("LOW"));
+}
+
+bool usePostPaywall()
+{
+    const QVariant value = CMAbstractWorker::getValue(CMRoot(), KeloTidalUsePostPaywallPath());
+    return KeloValue(KeloHash(value.toHash())).bool_();
+}
+
+QString trackPath(const QString& trackId)
+{
+    return KeloTidalApiPathTracks() + QLatin1Char('/') + trackId;
+}
+} // namespace
+
+bool TidalHandler::retrieveSession()
+{
+    if (!checkAccessToken(CMRequest(), TrString()))
+        return false;
+    sendGet(KeloTidalApiPathSessions(), Query(), answerMember,
+            syntheticRequest(KeloTidalApiPathSessions()));
+    return true;
+}
+
+bool TidalHandler::subscribe()
+{
+    if (!checkAccessToken(CMRequest(), TrString()))
+        return false;
+    sendGet(userPath(KeloTidalApiPathSubscription()), Query(), answerMember,
+            syntheticRequest(KeloTidalApiPathSubscription()));
+    return true;
+}
+
+bool TidalHandler::track(CMSetDataRequest const& request, QString const& trackId)
+{
+    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+        return false;
+    if (trackId.isEmpty()) {
+        request.reply().setError(CMError(QStringLiteral("TIDAL"), KELO_TR("Missing track ID")));
+        return false;
+    }
+    sendGet(trackPath(trackId), countryQuery(), answerMember,
+            HttpClientPrivate(HttpClientPrivate::Data(request)));
+    return true;
+}
+
+bool TidalHandler::streamUrl(QString const& trackId, CMSetDataRequest const& request,
+                             KeloTidalSoundQualities::Enum quality, bool offline)
+{
+    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+        return false;
+    const auto highest = m_account.highestSoundQuality().soundQuality();
+    const auto effective = int(highest) < int(quality) ? highest : quality;
+    Query query = countryQuery();
+    query.append({QStringLiteral("playbackmode"),
+                  offline ? QStringLiteral("OFFLINE") : QStringLiteral("STREAM")});
+    query.append({QStringLiteral("assetpresentation"), QStringLiteral("FULL")});
+    query.append({QStringLiteral("audioquality"), qualityName(effective)});
+    const QString& suffix = usePostPaywall() ? KeloTidalApiPathPlaybackInfoPostPaywall()
+                                             : KeloTidalApiPathPlaybackInfoPrePaywall();
+    sendGet(trackPath(trackId) + suffix, query, answerMember,
+            HttpClientPrivate(HttpClientPrivate::Data(request)));
+    return true;
+}
+
+void TidalHandler::setAccountSoundQuality(KeloTidalSoundQualities::Enum quality)
+{
+    KeloTidalSoundQuality record;
+    record.setSoundQuality(quality);
+    m_account.setHighestSoundQuality(record);
+}

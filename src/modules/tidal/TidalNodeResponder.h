@@ -1,0 +1,147 @@
+#pragma once
+#include "TidalItemRows.h"
+#include <kelo/CMPath.h>
+#include <kelo/CMRequest.h>
+#include <kelo/HttpClientHeaders.h>
+#include <kelo/HttpClientPrivate.h>
+#include <kelo/KeloJson.h>
+#include <kelo/KeloMediaData.h>
+#include <kelo/KeloTidalApi.h>
+#include <kelo/KeloTidalTypes.h>
+#include <kelo/KeloUrl.h>
+#include <QMap>
+#include <QObject>
+
+class TidalHandler;
+class TidalWorker;
+
+/// Receives every HTTP answer of the service and turns it into rows, a value or an error for the
+/// request that waits for it, or hands it to the worker by a signal. A member of the handler, which
+/// is also its parent; lives on the worker's thread. It sends no requests.
+class TidalNodeResponder : public QObject
+{
+    Q_OBJECT
+public:
+    /// What the items of a list are.
+    enum PathItemKind { Tracks = 0, Albums = 1, Playlists = 2, Artists = 3 };
+
+    TidalNodeResponder(const QString& name, TidalHandler* handler);
+    ~TidalNodeResponder() override;
+
+    /// Number of rows that a list is reported to have, given the rows asked for, the rows that
+    /// came, and the service's total.
+    int exactRows(CMGetRowsRequest const& request, int requestedCount, int receivedCount,
+                  int total);
+    /// The message for a failed answer. The service's own message is logged only.
+    QString resolveError(KeloTidalApiErrorResponse error, int status);
+    /// Answers with the one row "No items found".
+    void replyNoItems(CMGetRowsRequest const& request);
+    KeloTidalRequestType::Enum getRequestType(CMPath const& path);
+    PathItemKind requestPathType(CMPath const& path);
+    KeloTidalContextVariation::Enum contextType(CMPath const& path);
+    /// Context roles for an item's parameters; an invalid value where there is no context node.
+    QVariant getContextRoles(QMap<QString, QString> const& params,
+                             KeloTidalContextVariation::Enum variation);
+    /// One row, as long as `roles`.
+    QVariantList getVariantRole(QStringList const& roles, CMPath const& path, QString const& title,
+                                QString const& id, QString const& type, bool disabled,
+                                QVariant const& context, QString const& description,
+                                QString const& audioType, KeloMediaData const& mediaData,
+                                QString const& icon, QString containerType);
+
+    void replyTracks(HttpClientPrivate const& priv, QByteArray const& body, KeloError error,
+                     int requestedCount, CMPath const& path,
+                     KeloTidalContextVariation::Enum variation);
+    void replyAlbums(HttpClientPrivate const& priv, QByteArray const& body, KeloError error,
+                     int requestedCount, CMPath const& path,
+                     KeloTidalContextVariation::Enum variation);
+    void replyArtists(HttpClientPrivate const& priv, QByteArray const& body, KeloError error,
+                      int requestedCount, CMPath const& path,
+                      KeloTidalContextVariation::Enum variation);
+    void replyPlaylists(HttpClientPrivate const& priv, QByteArray const& body, KeloError error,
+                        int requestedCount, CMPath const& path, QString etag,
+                        KeloTidalContextVariation::Enum variation);
+
+    /// Answers with the artist's page. Not built: answers with an error.
+    void createArtistContent(CMGetRowsRequest const& request, QString const& artistId,
+                             QString const& artistUrl);
+    /// Answers from a radio that is kept. False: none is, the service is to be asked.
+    bool tryResponseRadio(CMGetRowsRequest const& request, QString const& artistId);
+
+public Q_SLOTS:
+    // Answers of the service: address, waiting requests, HTTP status, why the answer did not
+    // arrive, body, headers.
+    void on_response_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status, int code,
+                            QByteArray const& output, HttpClientHeaders header);
+    void on_baseResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
+                                int code, QByteArray const& output, HttpClientHeaders header);
+    // Not built: answer with an error.
+    void on_artistResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
+                                  int code, QByteArray const& output, HttpClientHeaders header);
+    void on_artistContentResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv,
+                                         int status, int code, QByteArray const& output,
+                                         HttpClientHeaders header);
+    void on_artistBioResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
+                                     int code, QByteArray const& output, HttpClientHeaders header);
+
+Q_SIGNALS:
+    void sessionsFinished(KeloTidalApiSessionsResponse response, KeloTidalApiErrorResponse error);
+    void subscriptionFinished(KeloTidalApiSubscriptionResponse response,
+                              KeloTidalApiErrorResponse error);
+    void streamUrlFinished(KeloTidalApiStreamUrlResponse response, KeloTidalApiErrorResponse error,
+                           CMSetDataRequest request);
+    void trackFinished(KeloTidalApiTrackResponse response, KeloTidalApiErrorResponse error);
+    void contentRootsFinishedMoods(KeloTidalApiContentRootsResponse response,
+                                   KeloTidalApiErrorResponse error);
+    void contentRootsFinishedGenres(KeloTidalApiContentRootsResponse response,
+                                    KeloTidalApiErrorResponse error);
+    void contentRootsFinishedFeatured(KeloTidalApiContentRootsResponse response,
+                                      KeloTidalApiErrorResponse error);
+    void addRemovePlaylistFinished(CMSetDataRequest request,
+                                   KeloTidalContextVariation::Enum variation,
+                                   KeloTidalApiErrorResponse error, QVariant value, QString segment,
+                                   KeloTidalRequestType::Enum type);
+    void addRemoveFavoritesFinished(CMSetDataRequest request,
+                                    KeloTidalContextVariation::Enum variation,
+                                    KeloTidalApiErrorResponse error);
+    void newPlaylistFinished(CMSetDataRequest request, QString uuid, QString etag);
+    void updatePlaylistFinished(CMSetDataRequest request);
+    void movePlaylistTrackFinished(CMSetDataRequest request);
+
+private:
+    using PlaylistList = std::vector<KeloTidalApiPlaylistResponse>;
+
+    void connectWorker();
+    /// Hands an answer to the worker by the signal of its kind.
+    void emitFinished(KeloTidalRequestType::Enum type, const CMPath& path,
+                      const HttpClientPrivate& priv, const KeloJson& answer,
+                      const KeloTidalApiErrorResponse& error);
+    void emitPlaylistFinished(KeloTidalRequestType::Enum type, const CMPath& path,
+                              const HttpClientPrivate& priv,
+                              const KeloTidalApiErrorResponse& error);
+    /// Answers with the message of a failed answer.
+    void replyFailure(const CMVoidReply& reply, int status, const QByteArray& body);
+    QVariantList noItemsRow(const QStringList& roles);
+    TidalItemRows::Page page(const CMGetRowsRequest& request, const CMPath& path,
+                             KeloTidalContextVariation::Enum variation);
+    /// The common frame of lists of albums, artists and tracks; false when there are no items and
+    /// the request has been answered so.
+    template <class ItemRows>
+    bool itemRows(const CMGetRowsRequest& request, const QByteArray& body, KeloError& error,
+                  int requestedCount, ItemRows& maker, QVariantList& rows, int& count);
+    /// Rows that a list of the tree has of its own, behind the service's.
+    void addStoredRows(const CMGetRowsRequest& request, QVariantList& rows, int& count);
+    /// Answers with the playlists of a list to open them from.
+    void replyPlaylistRows(const TidalItemRows::Page& page, int requestedCount, const QString& etag,
+                           const PlaylistList& playlists, int total);
+    /// Answers with the playlists of a context menu, to choose one from, behind two lead rows.
+    void replyChooser(const TidalItemRows::Page& page, const QString& etag,
+                      const PlaylistList& playlists, int total);
+    QVariantList chooserLeadRow(const CMGetRowsRequest& request, const CMPath& path, int index);
+    void replyRows(const CMGetRowsRequest& request, const QVariantList& rows, int count);
+
+    TidalHandler* m_handler;
+    TidalWorker* m_worker;
+    QString m_name;
+    QStringList m_roles; ///< the roles that rows of this module fill
+};
