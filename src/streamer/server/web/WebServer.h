@@ -1,6 +1,7 @@
 #pragma once
 #include <memory>
 #include <QString>
+#include <QStringList>
 
 class LoginControl;
 class PlayerControl;
@@ -9,8 +10,9 @@ class PlayerControl;
 struct WebServerOptions
 {
     QString address = QStringLiteral("127.0.0.1");
-    int port = 8095;         ///< 0 picks a free one
-    QString moduleFile;      ///< shown by the health page
+    int port = 8095;       ///< 0 picks a free one
+    QString moduleFile;    ///< shown by the health page
+    QStringList hostNames; ///< names, beside the usual ones, under which clients reach it
 };
 
 /// The streamer's HTTP API under /api/v1, with /healthz, /readyz and /metrics. Owned by serve; has

@@ -1,0 +1,47 @@
+#include "EndSignals.h"
+
+#include <chrono>
+#include <csignal>
+#include <cstdio>
+#include <sys/signalfd.h>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+constexpr std::chrono::milliseconds stopPatience{1500};
+
+} // namespace
+
+EndSignals::EndSignals(std::function<void()> onSignal)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    sigset_t signalSet;
+    sigemptyset(&signalSet);
+    sigaddset(&signalSet, SIGTERM);
+    sigaddset(&signalSet, SIGINT);
+    pthread_sigmask(SIG_BLOCK, &signalSet, nullptr);
+    m_fd = ::signalfd(-1, &signalSet, SFD_CLOEXEC | SFD_NONBLOCK);
+    m_notifier = std::make_unique<QSocketNotifier>(m_fd, QSocketNotifier::Read);
+    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(),
+                     [this, onSignal = std::move(onSignal)] {
+                         signalfd_siginfo info;
+                         if (::read(m_fd, &info, sizeof info) == ssize_t(sizeof info))
+                             onSignal();
+                     });
+}
+
+EndSignals::~EndSignals()
+{
+    m_notifier.reset();
+    ::close(m_fd);
+}
+
+void EndSignals::limitStopTime()
+{
+    std::thread([] {
+        std::this_thread::sleep_for(stopPatience);
+        std::fputs("kelo: stopping took too long, ending now\n", stderr);
+        ::_exit(1);
+    }).detach();
+}

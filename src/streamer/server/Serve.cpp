@@ -1,0 +1,46 @@
+#include "server/Serve.h"
+
+#include "EndSignals.h"
+#include "LogSetup.h"
+#include "Streamer.h"
+
+#include <iostream>
+#include <kelo/KeloLog.h>
+#include <QCoreApplication>
+
+namespace {
+
+constexpr int exitDone = 0;
+constexpr int exitFailed = 1;
+
+int failed(const QString& error)
+{
+    std::cerr << "kelo: " << error.toStdString() << std::endl;
+    return exitFailed;
+}
+
+} // namespace
+
+int keloServe(const ServeOptions& options, const Settings& settings)
+{
+    static char name[] = "kelo";
+    static char* arguments[] = {name, nullptr};
+    static int count = 1;
+    QString error;
+    QCoreApplication application(count, arguments);
+    EndSignals endSignals([] { QCoreApplication::quit(); });
+    if (!setUpLog(settings.log, &error))
+        return failed(error);
+
+    Streamer streamer(options, settings);
+    if (!streamer.start(&error))
+        return failed(error);
+    std::cout << "listening on " << streamer.address().toStdString() << std::endl;
+    KELO_LOG("Serve", INFO) << "Listening on " << streamer.address();
+
+    QCoreApplication::exec();
+    KELO_LOG("Serve", INFO) << "Stopping";
+    EndSignals::limitStopTime();
+    streamer.stop();
+    return exitDone;
+}

@@ -1,0 +1,134 @@
+#include "Streamer.h"
+
+#include "oauth2/OAuth2Worker.h"
+#include "oauth2/TreeLogin.h"
+#include "player/Player.h"
+#include "SettingsWorker.h"
+#include "web/WebServer.h"
+
+#include <cmath>
+#include <kelo/CMRoot.h>
+#include <kelo/KeloTidalConstants.h>
+#include <QDir>
+#include <QFile>
+#include <sys/stat.h>
+
+namespace {
+
+std::chrono::milliseconds fromSeconds(double seconds)
+{
+    return std::chrono::milliseconds(std::llround(seconds * 1000));
+}
+
+} // namespace
+
+Streamer::Streamer(const ServeOptions& options, const Settings& settings)
+    : m_options(options), m_settings(settings),
+      m_stateFolder(options.isDemo ? options.stateDirectory + QStringLiteral("/demo")
+                                   : options.stateDirectory),
+      m_moduleFile(options.moduleFile.isEmpty() ? ModuleLoader::installedFile()
+                                                : options.moduleFile)
+{
+}
+
+Streamer::~Streamer()
+{
+    stop();
+}
+
+bool Streamer::start(QString* error)
+{
+    const bool isStarted = makeStateFolder(error) && startDemo(error) && startWorkers(error) &&
+                           startModule(error) && startWeb(error);
+    if (!isStarted)
+        stop();
+    else if (m_options.isDemo)
+        m_login->start();
+    return isStarted;
+}
+
+void Streamer::stop()
+{
+    if (m_web)
+        m_web->stop();
+    m_web.reset();
+    m_module.stop();
+    m_login.reset();
+    m_player.reset();
+    m_oauth2Thread.stop();
+    m_settingsThread.stop();
+    m_demo.stop();
+}
+
+QString Streamer::address() const
+{
+    const QString host = m_settings.server.listen.host;
+    const bool isV6 = host.contains(':');
+    return QStringLiteral("http://%1:%2")
+        .arg(isV6 ? '[' + host + ']' : host)
+        .arg(m_web ? m_web->port() : 0);
+}
+
+bool Streamer::makeStateFolder(QString* error) const
+{
+    const bool isThere = QDir().exists(m_stateFolder);
+    if (!QDir().mkpath(m_stateFolder)) {
+        *error = QStringLiteral("cannot make the state folder %1").arg(m_stateFolder);
+        return false;
+    }
+    if (!isThere)
+        ::chmod(QFile::encodeName(m_stateFolder).constData(), S_IRWXU);
+    return true;
+}
+
+bool Streamer::startDemo(QString* error)
+{
+    if (!m_options.isDemo)
+        return true;
+    if (!m_demo.start(error))
+        return false;
+    m_demo.apply(m_settings.tidal);
+    return true;
+}
+
+bool Streamer::startWorkers(QString* error)
+{
+    CMDeadlines deadlines;
+    deadlines.rows = fromSeconds(m_settings.deadlines.rowsSeconds);
+    deadlines.data = fromSeconds(m_settings.deadlines.dataSeconds);
+    deadlines.set = fromSeconds(m_settings.deadlines.setSeconds);
+    CMRoot().setDeadlines(deadlines);
+
+    if (!m_settingsThread.start("settings", [this] { return new SettingsWorker(m_settings); })) {
+        *error = QStringLiteral("cannot publish the settings");
+        return false;
+    }
+    const QString tokens = m_stateFolder + QStringLiteral("/oauth2");
+    if (!m_oauth2Thread.start("oauth2", [&tokens] { return new OAuth2Worker(tokens); })) {
+        *error = QStringLiteral("cannot start the login service");
+        return false;
+    }
+    m_login = std::make_unique<TreeLogin>(KeloTidalName());
+    m_player = std::make_unique<Player>(m_settings.player, m_stateFolder);
+    return true;
+}
+
+QVariantHash Streamer::moduleSettings() const
+{
+    return QVariantHash{{QStringLiteral("prefix"), '/' + KeloService_Tidal_Id()}};
+}
+
+bool Streamer::startModule(QString* error)
+{
+    return m_module.start(m_moduleFile, moduleSettings(), error);
+}
+
+bool Streamer::startWeb(QString* error)
+{
+    WebServerOptions options;
+    options.address = m_settings.server.listen.host;
+    options.port = m_settings.server.listen.port;
+    options.moduleFile = m_moduleFile;
+    m_web = std::make_unique<WebServer>(options, *m_player, *m_login);
+    return m_web->start(error);
+}

@@ -1,0 +1,47 @@
+#pragma once
+#include "Demo.h"
+#include "ModuleLoader.h"
+#include "settings/ServeOptions.h"
+#include "settings/Settings.h"
+
+#include <kelo/CMWorkerThread.h>
+#include <memory>
+
+class Player;
+class TreeLogin;
+class WebServer;
+
+/// The assembled streamer: settings, login, player, module and web API, started in that order and
+/// stopped in the opposite one. Owned by serve, used on its thread. It reads no command line.
+class Streamer
+{
+public:
+    Streamer(const ServeOptions& options, const Settings& settings);
+    ~Streamer();
+
+    /// False with a sentence in `error`; what was started is stopped then.
+    [[nodiscard]] bool start(QString* error);
+    void stop();
+    /// Where clients reach it: "http://ADDR:PORT".
+    QString address() const;
+
+private:
+    bool startDemo(QString* error);
+    bool makeStateFolder(QString* error) const;
+    bool startWorkers(QString* error);
+    bool startModule(QString* error);
+    bool startWeb(QString* error);
+    QVariantHash moduleSettings() const;
+
+    const ServeOptions m_options;
+    Settings m_settings;
+    QString m_stateFolder; ///< a demo has one of its own
+    QString m_moduleFile;
+    Demo m_demo;
+    CMWorkerThread m_settingsThread;
+    CMWorkerThread m_oauth2Thread;
+    std::unique_ptr<Player> m_player;
+    std::unique_ptr<TreeLogin> m_login;
+    ModuleLoader m_module;
+    std::unique_ptr<WebServer> m_web;
+};

@@ -1,0 +1,133 @@
+#include "DeviceLogin.h"
+
+namespace {
+
+constexpr qint64 usualIntervalS = 5; // RFC 8628 3.2
+constexpr qint64 slowDownS = 5;      // RFC 8628 3.5
+constexpr qint64 longestPauseS = 30;
+constexpr qint64 usualExpiryS = 300;
+
+/// Services give the address without its scheme.
+QString withScheme(const QString& uri)
+{
+    if (uri.isEmpty() || uri.startsWith(QLatin1String("https://"), Qt::CaseInsensitive) ||
+        uri.startsWith(QLatin1String("http://"), Qt::CaseInsensitive))
+        return uri;
+    return QStringLiteral("https://") + uri;
+}
+
+QString expiredText()
+{
+    return QStringLiteral("The code has expired. Start the login again.");
+}
+
+} // namespace
+
+DeviceLogin::DeviceLogin(TokenEndpoint& endpoint, Clock& clock, Listener listener)
+    : m_endpoint(endpoint), m_clock(clock), m_listener(std::move(listener))
+{
+}
+
+void DeviceLogin::start(const KeloOAuth2ServiceInfo& info)
+{
+    m_info = info;
+    m_isRunning = true;
+    ++m_generation;
+    TokenEndpoint::Form form;
+    form.append({QStringLiteral("client_id"), info.clientId()});
+    form.append({QStringLiteral("scope"), info.scope()});
+    m_endpoint.post(info.deviceCodeUrl(), form, QString(), guarded(&DeviceLogin::onCode));
+}
+
+void DeviceLogin::cancel()
+{
+    m_isRunning = false;
+    ++m_generation;
+    m_deviceCode = KeloSecret();
+}
+
+TokenEndpoint::Done DeviceLogin::guarded(void (DeviceLogin::*handle)(const OAuth2Answer&))
+{
+    return [this, handle, generation = m_generation](int status, const QByteArray& body) {
+        if (generation == m_generation)
+            (this->*handle)(OAuth2Answer(status, body));
+    };
+}
+
+void DeviceLogin::onCode(const OAuth2Answer& answer)
+{
+    DeviceCode code;
+    const QString deviceCode = answer.text("deviceCode", "device_code");
+    code.userCode = answer.text("userCode", "user_code");
+    code.verificationUri = withScheme(answer.text("verificationUri", "verification_uri"));
+    code.verificationUriComplete =
+        withScheme(answer.text("verificationUriComplete", "verification_uri_complete"));
+    if (!answer.isSuccess() || deviceCode.isEmpty() || code.userCode.isEmpty() ||
+        code.verificationUri.isEmpty()) {
+        fail(QStringLiteral("No login code: %1.").arg(answer.problem()));
+        return;
+    }
+    m_deviceCode = KeloSecret(deviceCode);
+    m_intervalS = qMin(answer.number("interval", "interval", usualIntervalS), longestPauseS);
+    code.expiresInS = qMin(answer.number("expiresIn", "expires_in", usualExpiryS), qint64(86400));
+    m_expiresAtMs = m_clock.steadyMs() + code.expiresInS * 1000;
+    pollLater(m_intervalS);
+    m_listener.code(code);
+}
+
+void DeviceLogin::pollLater(qint64 delayS)
+{
+    m_pauseS = delayS;
+    const qint64 leftMs = qMax(qint64(0), m_expiresAtMs - m_clock.steadyMs());
+    m_clock.callLater(qMin(delayS * 1000, leftMs), this, [this, generation = m_generation] {
+        if (generation == m_generation)
+            poll();
+    });
+}
+
+void DeviceLogin::poll()
+{
+    if (isExpired()) {
+        fail(expiredText());
+        return;
+    }
+    TokenEndpoint::Form form;
+    const QString authorization = addClient(m_info, form);
+    form.append({QStringLiteral("device_code"), m_deviceCode.reveal()});
+    form.append({QStringLiteral("grant_type"),
+                 QStringLiteral("urn:ietf:params:oauth:grant-type:device_code")});
+    form.append({QStringLiteral("scope"), m_info.scope()});
+    m_endpoint.post(m_info.tokenUrl(), form, authorization, guarded(&DeviceLogin::onToken));
+}
+
+void DeviceLogin::onToken(const OAuth2Answer& answer)
+{
+    const TokenSet tokens = TokenSet::fromAnswer(answer, m_clock.wallMs());
+    if (!tokens.isEmpty()) {
+        cancel();
+        m_listener.tokens(tokens);
+        return;
+    }
+    const QString error = answer.error();
+    if (error == QLatin1String("authorization_pending")) {
+        pollLater(m_intervalS);
+    } else if (error == QLatin1String("slow_down")) {
+        m_intervalS += slowDownS;
+        pollLater(m_intervalS);
+    } else if (error == QLatin1String("expired_token")) {
+        fail(expiredText());
+    } else if (error == QLatin1String("access_denied")) {
+        fail(QStringLiteral("The login was refused."));
+    } else if (answer.isTemporary()) {
+        // RFC 8628 3.5: ask less often when the service does not answer.
+        pollLater(qMax(m_intervalS, qMin(2 * m_pauseS, longestPauseS)));
+    } else {
+        fail(QStringLiteral("The login failed: %1.").arg(answer.problem()));
+    }
+}
+
+void DeviceLogin::fail(const QString& problem)
+{
+    cancel();
+    m_listener.failed(problem);
+}

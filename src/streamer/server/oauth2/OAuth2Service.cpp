@@ -1,0 +1,231 @@
+#include "OAuth2Service.h"
+
+#include <kelo/CMActivateNode.h>
+#include <kelo/CMRoot.h>
+
+namespace {
+
+CMPath servicePath(const QString& name)
+{
+    CMPath path = KeloOAuth2ServicePath();
+    path.appendSubpath(name);
+    return path;
+}
+
+CMPath below(const CMPath& path, const QString& segment)
+{
+    CMPath result = path;
+    result.appendSubpath(segment);
+    return result;
+}
+
+} // namespace
+
+OAuth2Service::OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes,
+                             const TokenStore& store, TokenEndpoint& endpoint, Clock& clock,
+                             QObject* parent)
+    : QObject(parent), m_info(info), m_path(servicePath(info.serviceName())), m_store(store),
+      m_clock(clock), m_login(endpoint, clock,
+                              {[this](const DeviceCode& code) { onCode(code); },
+                               [this](const TokenSet& tokens) { adopt(tokens); },
+                               [this](const QString& problem) { onLoginFailed(problem); }}),
+      m_refresh(endpoint, clock,
+                {[this](const TokenSet& tokens) { adopt(tokens); },
+                 [this](const QString& problem) { onRefreshFailed(problem); },
+                 [this](const QString& problem) { endLogin(problem); }})
+{
+    addNodes(nodes);
+    publishToken(QString());
+    publish(plainInfo(false));
+    loadTokens();
+}
+
+void OAuth2Service::addNodes(CMNodes* nodes)
+{
+    const QStringList name{m_info.displayName()};
+    m_tokenNode = CMValueNode::create(nodes, below(m_path, KeloOAuth2AccessTokenSubPath()));
+    m_tokenNode->setTitle(KELO_TR("Access token"));
+    m_tokenNode->setReadOnly(true);
+    m_tokenNode->setSecret(true);
+
+    auto* logout = CMActivateNode::create(nodes, below(m_path, QStringLiteral("logout")), this,
+                                          SLOT(on_logout(CMSetDataRequest)), Qt::QueuedConnection);
+    logout->setTitle(
+        TrString(TrCharData{trExtractContext(Q_FUNC_INFO), "Log out of %1", nullptr}, name));
+    auto* refresh =
+        CMActivateNode::create(nodes, below(m_path, QStringLiteral("refresh")), this,
+                               SLOT(on_refresh(CMSetDataRequest)), Qt::QueuedConnection);
+    refresh->setTitle(KELO_TR("Renew the access token"));
+
+    m_stateNode = new OAuth2LoginNode(
+        m_path, this, [this](const CMSetDataRequest& request) { startLogin(request); });
+    m_stateNode->setTitle(
+        TrString(TrCharData{trExtractContext(Q_FUNC_INFO), "Log in to %1", nullptr}, name));
+    m_stateNode->setNodes(nodes);
+}
+
+void OAuth2Service::loadTokens()
+{
+    const TokenSet tokens = m_store.load(m_info);
+    const bool isAlive = tokens.isAlive(m_clock.wallMs());
+    if (isAlive) {
+        publishToken(tokens.access.reveal());
+        publish(plainInfo(true));
+    }
+    if (isAlive || !tokens.refresh.isEmpty())
+        m_refresh.setTokens(m_info, tokens);
+}
+
+void OAuth2Service::setInfo(const KeloOAuth2ServiceInfo& info)
+{
+    const bool isOtherLogin = info.tokenUrl() != m_info.tokenUrl() ||
+                              info.clientId() != m_info.clientId() ||
+                              info.deviceCodeUrl() != m_info.deviceCodeUrl();
+    m_info = info;
+    if (!isOtherLogin)
+        return;
+    m_login.cancel();
+    m_refresh.reset();
+    answerLogins(CMError(QStringLiteral("The login service has changed.")));
+    publish(plainInfo(false));
+    publishToken(QString());
+    loadTokens();
+}
+
+void OAuth2Service::startLogin(const CMSetDataRequest& request)
+{
+    const auto reply = request.reply();
+    if (m_state.loggedIn() || m_state.isPending()) {
+        reply.setValue(m_state.toVariant());
+        return;
+    }
+    if (m_info.clientId().isEmpty()) {
+        onLoginFailed(QStringLiteral("No client id is set for %1; see the settings.")
+                          .arg(m_info.displayName()));
+        reply.setError(CMError(m_state.problem()));
+        return;
+    }
+    m_waitingLogins.push_back(reply);
+    if (m_login.isRunning())
+        return;
+    KELO_LOG("OAuth2", INFO) << "Login to " << m_info.displayName() << " starts";
+    publish(plainInfo(false));
+    m_login.start(m_info);
+}
+
+void OAuth2Service::answerLogins(const CMError& error)
+{
+    const auto waiting = std::move(m_waitingLogins);
+    m_waitingLogins.clear();
+    for (const auto& reply : waiting) {
+        if (error.isSet())
+            reply.setError(error);
+        else
+            reply.setValue(m_state.toVariant());
+    }
+}
+
+void OAuth2Service::onCode(const DeviceCode& code)
+{
+    KeloOAuth2Info info = plainInfo(false);
+    info.setUserCode(code.userCode);
+    info.setVerificationUri(code.verificationUri);
+    if (!code.verificationUriComplete.isEmpty())
+        info.setVerificationUriComplete(code.verificationUriComplete);
+    info.setExpiresIn(int(code.expiresInS));
+    publish(info);
+    answerLogins(CMError());
+}
+
+void OAuth2Service::onLoginFailed(const QString& problem)
+{
+    KELO_LOG("OAuth2", WARN) << "Login to " << m_info.displayName() << ": " << problem;
+    KeloOAuth2Info info = plainInfo(false);
+    info.setProblem(problem);
+    publish(info);
+    answerLogins(CMError(problem));
+}
+
+void OAuth2Service::adopt(const TokenSet& tokens)
+{
+    if (!m_store.save(m_info, tokens))
+        KELO_LOG("OAuth2", ERROR) << "The login to " << m_info.displayName()
+                                  << " is not stored and will not outlast a restart";
+    m_refresh.setTokens(m_info, tokens);
+    m_login.cancel();
+    publishToken(tokens.access.reveal());
+    if (!m_state.loggedIn())
+        KELO_LOG("OAuth2", INFO) << "Logged in to " << m_info.displayName();
+    publish(plainInfo(true));
+    answerLogins(CMError());
+}
+
+void OAuth2Service::onRefreshFailed(const QString& problem)
+{
+    KELO_LOG("OAuth2", WARN) << "The access token of " << m_info.displayName()
+                             << " is not renewed: " << problem;
+    if (m_state.loggedIn() || m_state.isPending())
+        return;
+    KeloOAuth2Info info = plainInfo(false);
+    info.setProblem(QStringLiteral("The login is not renewed yet: %1.").arg(problem));
+    publish(info);
+}
+
+void OAuth2Service::endLogin(const QString& problem)
+{
+    if (problem.isEmpty())
+        KELO_LOG("OAuth2", INFO) << "Logged out of " << m_info.displayName();
+    else
+        KELO_LOG("OAuth2", WARN) << m_info.displayName() << ": " << problem;
+    m_store.remove(m_info);
+    if (m_login.isRunning() && !problem.isEmpty())
+        return; // the stored login ended while the user is at a new one
+    KeloOAuth2Info info = plainInfo(false);
+    if (!problem.isEmpty())
+        info.setProblem(problem);
+    publish(info);
+    publishToken(QString());
+}
+
+void OAuth2Service::on_logout(CMSetDataRequest request)
+{
+    m_login.cancel();
+    m_refresh.reset();
+    endLogin(QString());
+    answerLogins(CMError(QStringLiteral("The login was cancelled.")));
+    request.reply().setValue(QVariant());
+}
+
+void OAuth2Service::on_refresh(CMSetDataRequest request)
+{
+    const KeloValue value = KeloValue::fromVariant(request.value());
+    const QString refused = value.string_();
+    tokenRefused(refused.isEmpty() ? m_accessToken : refused);
+    request.reply().setValue(QVariant());
+}
+
+KeloOAuth2Info OAuth2Service::plainInfo(bool isLoggedIn) const
+{
+    KeloOAuth2Info info;
+    info.setLoggedIn(isLoggedIn);
+    info.setDisplayName(m_info.displayName());
+    return info;
+}
+
+void OAuth2Service::publish(const KeloOAuth2Info& info)
+{
+    if (!m_state.isEmpty() && info == m_state)
+        return;
+    m_state = info;
+    KeloValue value;
+    value.setOauth2Info(info);
+    m_stateNode->setValue(value);
+}
+
+void OAuth2Service::publishToken(const QString& token)
+{
+    m_accessToken = token;
+    KeloValue value;
+    value.setString(token);
+    m_tokenNode->setValue(value);
+}

@@ -1,0 +1,64 @@
+#include "TokenEndpoint.h"
+
+#include <kelo/KeloLog.h>
+
+namespace {
+
+constexpr int answerTimeoutMs = 20000;
+constexpr int longestAnswer = 256 * 1024;
+
+QByteArray encodedForm(const TokenEndpoint::Form& form)
+{
+    QByteArray body;
+    for (const auto& [key, value] : form) {
+        if (!body.isEmpty())
+            body += '&';
+        body += KeloUrl::toPercentEncoding(key) + '=' + KeloUrl::toPercentEncoding(value);
+    }
+    return body;
+}
+
+} // namespace
+
+QString addClient(const KeloOAuth2ServiceInfo& info, TokenEndpoint::Form& form)
+{
+    form.append({QStringLiteral("client_id"), info.clientId()});
+    if (info.clientSecret().isEmpty())
+        return QString();
+    if (info.authMethod() == KeloOAuth2AuthMethod::Basic_) {
+        const QByteArray pair = KeloUrl::toPercentEncoding(info.clientId()) + ':' +
+                                KeloUrl::toPercentEncoding(info.clientSecret());
+        return QStringLiteral("Basic ") + QString::fromLatin1(pair.toBase64());
+    }
+    form.append({QStringLiteral("client_secret"), info.clientSecret()});
+    return QString();
+}
+
+HttpTokenEndpoint::HttpTokenEndpoint(QObject* parent) : QObject(parent), m_client(nullptr) {}
+
+void HttpTokenEndpoint::post(const QString& url, const Form& form, const QString& authorization,
+                             Done done)
+{
+    HttpClientHeaders headers;
+    headers.insert(QStringLiteral("Accept"), QStringLiteral("application/json"));
+    if (!authorization.isEmpty())
+        headers.insert(QStringLiteral("Authorization"), authorization);
+    HttpClientOptions options;
+    options.setTimeoutMs(answerTimeoutMs).setReadSizeLimit(longestAnswer).setHeaders(headers);
+    m_client.post(KeloUrl(url), encodedForm(form), new TokenCall(this, std::move(done)),
+                  "on_answer_invoke", options);
+}
+
+TokenCall::TokenCall(QObject* parent, TokenEndpoint::Done done)
+    : QObject(parent), m_done(std::move(done))
+{
+}
+
+void TokenCall::on_answer_invoke(KeloUrl url, HttpClientPrivate, int status, int code,
+                                 QByteArray body, HttpClientHeaders)
+{
+    KELO_LOG("OAuth2", DEBUG) << keloUrlForLog(url.toString()) << " answered with status " << status
+                              << ", code " << code;
+    deleteLater();
+    m_done(status, body);
+}

@@ -1,0 +1,55 @@
+#pragma once
+#include <functional>
+#include <kelo/HttpClient.h>
+#include <kelo/KeloOAuth2.h>
+#include <QList>
+#include <QPair>
+
+/// Sends forms to a login service (RFC 6749 and RFC 8628). Used on one thread; answers come on the
+/// same thread, never from inside post().
+class TokenEndpoint
+{
+public:
+    using Form = QList<QPair<QString, QString>>;
+    /// Status 0: the answer did not arrive whole.
+    using Done = std::function<void(int status, const QByteArray& body)>;
+
+    virtual ~TokenEndpoint() = default;
+
+    /// `authorization` is the value of the header of that name; empty for none.
+    virtual void post(const QString& url, const Form& form, const QString& authorization,
+                      Done done) = 0;
+};
+
+/// Client authentication (RFC 6749 2.3.1): adds id and, where there is one, secret to the form, or
+/// the id alone and returns the authorization header's value, as the service wants it.
+QString addClient(const KeloOAuth2ServiceInfo& info, TokenEndpoint::Form& form);
+
+/// The token endpoint over HTTP. Owned by the OAuth2 worker, on its thread. Bodies are never
+/// logged.
+class HttpTokenEndpoint : public QObject, public TokenEndpoint
+{
+    Q_OBJECT
+public:
+    explicit HttpTokenEndpoint(QObject* parent = nullptr);
+
+    void post(const QString& url, const Form& form, const QString& authorization,
+              Done done) override;
+
+private:
+    HttpClient m_client;
+};
+
+/// Receiver of one answer; deletes itself with it.
+class TokenCall : public QObject
+{
+    Q_OBJECT
+public:
+    TokenCall(QObject* parent, TokenEndpoint::Done done);
+
+    Q_INVOKABLE void on_answer_invoke(KeloUrl url, HttpClientPrivate userData, int status, int code,
+                                      QByteArray body, HttpClientHeaders headers);
+
+private:
+    TokenEndpoint::Done m_done;
+};

@@ -1,0 +1,94 @@
+#include "TreeLogin.h"
+
+#include <chrono>
+#include <kelo/CMRoot.h>
+
+namespace {
+
+qint64 steadyMs()
+{
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
+
+} // namespace
+
+TreeLogin::TreeLogin(const QString& serviceName) : m_path(KeloOAuth2ServicePath())
+{
+    m_path.appendSubpath(serviceName);
+    m_watch = CMRoot().watchValue(
+        m_path, [this](const KeloValue& value, const KeloValue&) { onValue(value.oauth2Info()); });
+    const KeloValue present = CMRoot().value(m_path);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_info.isEmpty()) {
+        m_info = present.oauth2Info();
+        m_publishedAtMs = steadyMs();
+    }
+}
+
+TreeLogin::~TreeLogin()
+{
+    CMRoot().unwatch(m_watch);
+}
+
+void TreeLogin::onValue(const KeloOAuth2Info& info)
+{
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_info = info;
+        m_publishedAtMs = steadyMs();
+    }
+    const QJsonObject json = status();
+    std::lock_guard<std::mutex> lock(m_listenersMutex);
+    for (const auto& listener : m_listeners)
+        listener.second(json);
+}
+
+QJsonObject TreeLogin::status() const
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return toJson(m_info);
+}
+
+QJsonObject TreeLogin::toJson(const KeloOAuth2Info& info) const
+{
+    QJsonObject json{{QStringLiteral("loggedIn"), info.loggedIn()}};
+    if (info.isPending()) {
+        const qint64 left = info.expiresIn() - (steadyMs() - m_publishedAtMs) / 1000;
+        QJsonObject pending{{KeloOAuth2Info::UserCode(), info.userCode()},
+                            {KeloOAuth2Info::VerificationUri(), info.verificationUri()},
+                            {KeloOAuth2Info::ExpiresIn(), double(qMax(qint64(0), left))}};
+        if (!info.verificationUriComplete().isEmpty())
+            pending.insert(KeloOAuth2Info::VerificationUriComplete(),
+                           info.verificationUriComplete());
+        json.insert(QStringLiteral("pending"), pending);
+    }
+    if (!info.problem().isEmpty())
+        json.insert(KeloOAuth2Info::Problem(), info.problem());
+    return json;
+}
+
+CMReply<QVariant> TreeLogin::start()
+{
+    return CMRoot().invoke(m_path, true);
+}
+
+CMReply<QVariant> TreeLogin::logout()
+{
+    CMPath path = m_path;
+    path.appendSubpath(QStringLiteral("logout"));
+    return CMRoot().invoke(path, true);
+}
+
+quint64 TreeLogin::addListener(Listener listener)
+{
+    std::lock_guard<std::mutex> lock(m_listenersMutex);
+    m_listeners.emplace(++m_lastId, std::move(listener));
+    return m_lastId;
+}
+
+void TreeLogin::removeListener(quint64 id)
+{
+    std::lock_guard<std::mutex> lock(m_listenersMutex);
+    m_listeners.erase(id);
+}

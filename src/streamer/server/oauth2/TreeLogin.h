@@ -1,0 +1,35 @@
+#pragma once
+#include "LoginControl.h"
+
+#include <kelo/CMPath.h>
+#include <kelo/KeloOAuth2.h>
+#include <map>
+#include <mutex>
+
+/// The login of one service as the web API wants it, read from and driven through the content tree.
+/// Owned by serve; every operation may be called from any thread.
+class TreeLogin : public LoginControl
+{
+public:
+    explicit TreeLogin(const QString& serviceName);
+    ~TreeLogin() override;
+
+    QJsonObject status() const override;
+    CMReply<QVariant> start() override;
+    CMReply<QVariant> logout() override;
+    quint64 addListener(Listener listener) override;
+    void removeListener(quint64 id) override;
+
+private:
+    void onValue(const KeloOAuth2Info& info);
+    QJsonObject toJson(const KeloOAuth2Info& info) const;
+
+    CMPath m_path;
+    quint64 m_watch = 0;
+    mutable std::mutex m_mutex;
+    KeloOAuth2Info m_info;       ///< the latest; guarded by the mutex
+    qint64 m_publishedAtMs = 0;  ///< steady time of m_info; guarded by the mutex
+    std::mutex m_listenersMutex; ///< held while listeners run, so that removal waits for them
+    std::map<quint64, Listener> m_listeners;
+    quint64 m_lastId = 0;
+};

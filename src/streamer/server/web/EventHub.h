@@ -1,0 +1,46 @@
+#pragma once
+#include "EventClient.h"
+#include "HttpReply.h"
+
+#include <atomic>
+#include <kelo/CMSubscribe.h>
+#include <memory>
+#include <set>
+
+class LoginControl;
+class PlayerControl;
+
+/// Hands news of the tree, the player and the login to the clients that follow them. Owned by the
+/// web server; any thread. It neither reads nor writes connections.
+class EventHub
+{
+public:
+    EventHub(PlayerControl& player, LoginControl& login);
+    ~EventHub();
+
+    /// A new client with these rows paths open; null with the reason in `refusal` when there are
+    /// too many clients or paths, or nobody serves a path.
+    std::shared_ptr<EventClient> open(const QList<CMPath>& paths, HttpReply* refusal);
+    /// Ends a client's paths; its stream is over.
+    void close(const std::shared_ptr<EventClient>& client);
+    /// Ends all streams; open() refuses from now on.
+    void stop();
+
+    int clients() const;
+    /// Clients that were dropped because they did not keep up.
+    int dropped() const { return m_dropped; }
+
+private:
+    void broadcast(const std::string& kind, const std::string& data);
+    static bool openRows(const std::shared_ptr<EventClient>& client, const CMPath& path);
+    static void closeRows(EventClient& client);
+
+    PlayerControl& m_player;
+    LoginControl& m_login;
+    quint64 m_playerListener;
+    quint64 m_loginListener;
+    mutable std::mutex m_mutex;
+    std::set<std::shared_ptr<EventClient>> m_clients; ///< guarded by the mutex, as the next
+    bool m_isStopped = false;
+    std::atomic<int> m_dropped{0};
+};

@@ -1,0 +1,17 @@
+#pragma once
+#include "HttpReply.h"
+
+/// The health pages. Owned by the web server; any thread.
+class HealthApi
+{
+public:
+    explicit HealthApi(const QString& moduleFile) : m_moduleFile(moduleFile) {}
+
+    /// The process lives and answers; which workers and module it runs.
+    HttpReply health() const;
+    /// Whether it can serve: the module is there and every worker's thread turns.
+    HttpReply readiness() const;
+
+private:
+    const QString m_moduleFile;
+};

@@ -1,0 +1,106 @@
+#include "HttpConnection.h"
+
+#include <arpa/inet.h>
+#include <cerrno>
+#include <cstring>
+#include <poll.h>
+#include <sys/socket.h>
+
+namespace {
+
+int pollFor(pollfd* fds, nfds_t count, int timeoutMs)
+{
+    int result = 0;
+    do {
+        result = ::poll(fds, count, timeoutMs);
+    } while (result < 0 && errno == EINTR);
+    return result;
+}
+
+void nameOf(const sockaddr_storage& address, std::string& ip, int& port)
+{
+    char text[INET6_ADDRSTRLEN] = {};
+    if (address.ss_family == AF_INET6) {
+        const auto& v6 = reinterpret_cast<const sockaddr_in6&>(address);
+        inet_ntop(AF_INET6, &v6.sin6_addr, text, sizeof text);
+        port = ntohs(v6.sin6_port);
+    } else {
+        const auto& v4 = reinterpret_cast<const sockaddr_in&>(address);
+        inet_ntop(AF_INET, &v4.sin_addr, text, sizeof text);
+        port = ntohs(v4.sin_port);
+    }
+    ip = text;
+}
+
+} // namespace
+
+bool HttpConnection::waitForRequest(int wakeFd, int timeoutMs) const
+{
+    if (m_begin < m_end)
+        return true;
+    pollfd fds[] = {{m_socket, POLLIN, 0}, {wakeFd, POLLIN, 0}};
+    if (pollFor(fds, 2, timeoutMs) <= 0 || fds[1].revents != 0)
+        return false;
+    char byte = 0;
+    return ::recv(m_socket, &byte, 1, MSG_PEEK | MSG_DONTWAIT) > 0;
+}
+
+bool HttpConnection::waitFor(short events) const
+{
+    pollfd fd = {m_socket, events, 0};
+    return pollFor(&fd, 1, m_timeoutMs) > 0;
+}
+
+bool HttpConnection::is_readable() const
+{
+    return m_begin < m_end || waitFor(POLLIN);
+}
+
+bool HttpConnection::is_writable() const
+{
+    char byte = 0;
+    const ssize_t peeked = ::recv(m_socket, &byte, 1, MSG_PEEK | MSG_DONTWAIT);
+    const bool isGone =
+        peeked == 0 || (peeked < 0 && errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR);
+    return !isGone && waitFor(POLLOUT);
+}
+
+ssize_t HttpConnection::read(char* bytes, size_t size)
+{
+    if (m_begin == m_end) {
+        if (!waitFor(POLLIN))
+            return -1;
+        const ssize_t received = ::recv(m_socket, m_buffer.data(), m_buffer.size(), 0);
+        if (received <= 0)
+            return received;
+        m_begin = 0;
+        m_end = size_t(received);
+    }
+    const size_t count = std::min(size, m_end - m_begin);
+    std::memcpy(bytes, m_buffer.data() + m_begin, count);
+    m_begin += count;
+    return ssize_t(count);
+}
+
+ssize_t HttpConnection::write(const char* bytes, size_t size)
+{
+    if (!waitFor(POLLOUT))
+        return -1;
+    return ::send(m_socket, bytes, size, MSG_NOSIGNAL);
+}
+
+void HttpConnection::get_remote_ip_and_port(std::string& ip, int& port) const
+{
+    sockaddr_storage address = {};
+    socklen_t size = sizeof address;
+    ::getpeername(m_socket, reinterpret_cast<sockaddr*>(&address), &size);
+    nameOf(address, ip, port);
+}
+
+void HttpConnection::get_local_ip_and_port(std::string& ip, int& port) const
+{
+    sockaddr_storage address = {};
+    socklen_t size = sizeof address;
+    ::getsockname(m_socket, reinterpret_cast<sockaddr*>(&address), &size);
+    nameOf(address, ip, port);
+}

@@ -1,0 +1,23 @@
+#pragma once
+#include <kelo/CMError.h>
+#include <QJsonObject>
+#include <string>
+
+/// What a call of the HTTP API is answered with. A plain value.
+struct HttpReply
+{
+    int status = 200;
+    std::string contentType = "application/json";
+    std::string body;
+
+    static HttpReply json(const QJsonObject& object);
+    static HttpReply json(std::string text);
+    /// A problem document (RFC 9457). `name` is that of the tree's error, empty for the API's own.
+    static HttpReply problem(int status, const QString& detail, const QString& title = QString(),
+                             const QString& name = QString());
+    static HttpReply badRequest(const QString& detail) { return problem(400, detail); }
+    /// The problem document of an error that the tree answered with; the status follows its name.
+    static HttpReply error(const CMError& error);
+    /// Name of the error that waiting calls get when the streamer stops.
+    static QString stoppingName() { return QStringLiteral("Stopping"); }
+};

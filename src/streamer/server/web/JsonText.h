@@ -1,0 +1,39 @@
+#pragma once
+#include <QJsonObject>
+#include <QVariant>
+#include <rapidjson/stringbuffer.h>
+#include <rapidjson/writer.h>
+#include <string>
+
+/// Writes a JSON document from what the content tree answers with. One document per object, on one
+/// thread. Keys of hashes come out sorted, so equal answers are equal texts.
+class JsonText
+{
+public:
+    void beginObject() { m_writer.StartObject(); }
+    void endObject() { m_writer.EndObject(); }
+    void beginArray() { m_writer.StartArray(); }
+    void endArray() { m_writer.EndArray(); }
+    void key(const QString& name);
+    void string(const QString& text);
+    void number(qint64 number) { m_writer.Int64(number); }
+    /// Any value: paths as their text, hashes and lists in depth; what has no JSON form is null.
+    void value(const QVariant& value) { write(value, 0); }
+    /// A role's value: as value(), types by their names.
+    void role(const QString& role, const QVariant& value);
+    /// The fields of a hash, without braces.
+    void fields(const QVariantHash& roles);
+
+    std::string text() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
+
+    static std::string fromObject(const QJsonObject& object);
+
+private:
+    void write(const QVariant& value, int depth);
+    bool writePlain(const QVariant& value);
+    template <class Map>
+    void writeMap(const Map& map, QStringList keys, int depth);
+
+    rapidjson::StringBuffer m_buffer;
+    rapidjson::Writer<rapidjson::StringBuffer> m_writer{m_buffer};
+};

@@ -1,0 +1,43 @@
+#include "ReplyWaiter.h"
+
+#include "HttpReply.h"
+
+#include <vector>
+
+void ReplyWaiter::wait(const CMVoidReply& reply)
+{
+    if (reply.isNull())
+        return;
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        if (m_isStopped) {
+            lock.unlock();
+            end(reply);
+            return;
+        }
+        m_waiting.insert(reply.data().get());
+    }
+    reply.waitForFinished(-1);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_waiting.erase(m_waiting.find(reply.data().get()));
+}
+
+void ReplyWaiter::stop()
+{
+    std::vector<CMVoidReply> waiting;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_isStopped = true;
+        for (CMVoidReplyData* data : m_waiting)
+            waiting.emplace_back(KeloShared<CMVoidReplyData>(data));
+    }
+    for (const CMVoidReply& reply : waiting)
+        end(reply);
+}
+
+void ReplyWaiter::end(const CMVoidReply& reply)
+{
+    reply.data()->finishWithError(
+        CMError(HttpReply::stoppingName(), QStringLiteral("The streamer is stopping.")),
+        CMVoidReplyData::Origin::Host);
+}

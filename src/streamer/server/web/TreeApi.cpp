@@ -1,0 +1,176 @@
+#include "TreeApi.h"
+
+#include "JsonText.h"
+
+#include <kelo/CMRoot.h>
+#include <kelo/KeloOAuth2.h>
+
+namespace {
+
+constexpr int pageSize = 50;
+/// A wish for more rows ends here; the count says that there are more.
+constexpr int mostRows = 10000;
+
+const QStringList& rowRoles()
+{
+    static const QStringList roles{
+        KeloRoles::Path(),        KeloRoles::Type(),          KeloRoles::Title(),
+        KeloRoles::Disabled(),    KeloRoles::MediaData(),     KeloRoles::Icon(),
+        KeloRoles::Id(),          KeloRoles::AudioType(),     KeloRoles::Context(),
+        KeloRoles::Description(), KeloRoles::ContainerType(), KeloRoles::ContainerPlayable()};
+    return roles;
+}
+
+const QStringList& dataRoles()
+{
+    static const QStringList roles =
+        rowRoles() + QStringList{KeloRoles::Value(),      KeloRoles::Edit(),
+                                 KeloRoles::ReadOnly(),   KeloRoles::SearchPath(),
+                                 KeloRoles::AcceptPath(), KeloRoles::Query(),
+                                 KeloRoles::QueryPath(),  KeloRoles::BusyText()};
+    return roles;
+}
+
+/// The roles of a list of values as an object, those without a value left out.
+void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& values)
+{
+    json.beginObject();
+    const int count = qMin(roles.size(), values.size());
+    for (int i = 0; i < count; ++i) {
+        if (!values.at(i).isValid())
+            continue;
+        json.key(roles.at(i));
+        json.role(roles.at(i), values.at(i));
+    }
+    json.endObject();
+}
+
+} // namespace
+
+TreeApi::Rows TreeApi::fetch(const CMPath& path, int from, int to, const QStringList& roles)
+{
+    Rows result;
+    qint64 next = from;
+    bool isDone = false;
+    while (!isDone) {
+        // A range that is no range is the node's to refuse, as it stands.
+        const bool isRange = from >= 0 && from <= to;
+        const int last = isRange ? int(qMin(qint64(to), next + pageSize - 1)) : to;
+        const CMGetRowsRequest request(path, int(next), last, roles);
+        CMRoot().request(request);
+        m_waiter.wait(request.reply());
+        result.error = request.reply().error();
+        if (result.error.isSet())
+            return result;
+        result.last = request.reply().value();
+        const QVariantList page = result.last.rows().toList();
+        result.rows += page;
+        const qint64 asked = last - next + 1;
+        next += asked;
+        isDone = !isRange || page.size() < asked || next > to || next >= result.last.rowsCount() ||
+                 result.rows.size() >= mostRows;
+    }
+    return result;
+}
+
+HttpReply TreeApi::rows(const HttpCall& call)
+{
+    QString fault;
+    const auto path = call.path(&fault);
+    const auto from = call.integer("from", 0, &fault);
+    const int lastByDefault = int(qMin(qint64(from.value_or(0)) + pageSize - 1, qint64(INT_MAX)));
+    const auto to = call.integer("to", lastByDefault, &fault);
+    const auto roles = call.roles(rowRoles(), &fault);
+    if (!path || !from || !to || !roles)
+        return HttpReply::badRequest(fault);
+
+    const Rows rows = fetch(*path, *from, *to, *roles);
+    if (rows.error.isSet())
+        return HttpReply::error(rows.error);
+    const KeloRoles own =
+        rows.last.roles().isEmpty() ? CMRoot().servingRoles(*path) : rows.last.roles();
+
+    JsonText json;
+    json.beginObject();
+    json.key(QStringLiteral("path"));
+    json.string(path->toEncoded());
+    json.key(QStringLiteral("from"));
+    json.number(*from);
+    json.key(QStringLiteral("rowsCount"));
+    json.number(rows.last.rowsCount());
+    json.key(QStringLiteral("rowsVersion"));
+    json.number(rows.last.rowsVersion());
+    json.key(QStringLiteral("roles"));
+    json.beginObject();
+    json.fields(own.toHash());
+    json.endObject();
+    json.key(QStringLiteral("rows"));
+    json.beginArray();
+    for (const QVariant& row : rows.rows)
+        writeRoles(json, *roles, row.toList());
+    json.endArray();
+    json.endObject();
+    return HttpReply::json(json.text());
+}
+
+HttpReply TreeApi::data(const HttpCall& call)
+{
+    QString fault;
+    const auto path = call.path(&fault);
+    const auto roles = call.roles(dataRoles(), &fault);
+    if (!path || !roles)
+        return HttpReply::badRequest(fault);
+
+    const CMGetDataRequest request(*path, *roles);
+    CMRoot().request(request);
+    m_waiter.wait(request.reply());
+    if (request.reply().error().isSet())
+        return HttpReply::error(request.reply().error());
+
+    JsonText json;
+    json.beginObject();
+    json.key(QStringLiteral("path"));
+    json.string(path->toEncoded());
+    json.key(QStringLiteral("data"));
+    writeRoles(json, *roles, request.reply().value());
+    json.endObject();
+    return HttpReply::json(json.text());
+}
+
+HttpReply TreeApi::set(const HttpCall& call)
+{
+    QString fault;
+    const auto body = call.object(&fault);
+    if (!body)
+        return HttpReply::badRequest(fault);
+    if (!body->value("path").isString())
+        return HttpReply::badRequest(QStringLiteral("path: wanted a text"));
+    const auto path = HttpCall::readPath(body->value("path").toString(), &fault);
+    if (!path)
+        return HttpReply::badRequest(fault);
+    const KeloJson roleText = body->value("role");
+    if (!roleText.isNull() && (!roleText.isString() || roleText.toString().isEmpty()))
+        return HttpReply::badRequest(QStringLiteral("role: wanted a role name"));
+    if (path->startsWith(KeloOAuth2AddServicePath()))
+        return HttpReply::problem(403, QStringLiteral("login services are added by modules alone"));
+
+    const QString role = roleText.isNull() ? KeloRoles::Value() : roleText.toString();
+    QVariant value = body->contains("value") ? body->value("value").toVariant() : QVariant(1);
+    if (role == KeloRoles::Value() && !body->value("value").isObject()) {
+        const KeloValue wrapped = KeloValue::fromVariant(value);
+        if (!wrapped.isEmpty())
+            value = wrapped.toVariant();
+    }
+    const CMSetDataRequest request(*path, role, value);
+    CMRoot().request(request);
+    m_waiter.wait(request.reply());
+    if (request.reply().error().isSet())
+        return HttpReply::error(request.reply().error());
+
+    JsonText json;
+    json.beginObject();
+    json.key(QStringLiteral("reply"));
+    json.value(request.reply().value());
+    json.endObject();
+    return HttpReply::json(json.text());
+}
