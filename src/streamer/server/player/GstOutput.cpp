@@ -1,0 +1,329 @@
+#include "GstOutput.h"
+#include <algorithm>
+#include <cmath>
+#include <kelo/KeloLog.h>
+
+namespace {
+constexpr const char* logger = "player";
+constexpr unsigned playFlagAudio = 0x2; // of playbin's flags, which no header declares
+constexpr unsigned playFlagSoftVolume = 0x10;
+constexpr unsigned playFlagBuffering = 0x100;
+
+struct Unref
+{
+    void operator()(gpointer object) const { gst_object_unref(object); }
+};
+template <class T>
+using GstPtr = std::unique_ptr<T, Unref>;
+
+/// Whether the machine's automatic sink found a device to open.
+bool hasSoundDevice(GstElement* sink)
+{
+    const bool isReady = gst_element_set_state(sink, GST_STATE_READY) == GST_STATE_CHANGE_SUCCESS;
+    bool isFake = false;
+    if (isReady && GST_IS_BIN(sink)) {
+        GstIterator* children = gst_bin_iterate_elements(GST_BIN(sink));
+        GValue item = G_VALUE_INIT;
+        while (gst_iterator_next(children, &item) == GST_ITERATOR_OK) {
+            const auto* child = GST_ELEMENT(g_value_get_object(&item));
+            const GstElementFactory* factory =
+                gst_element_get_factory(const_cast<GstElement*>(child));
+            isFake = isFake || !factory || g_strcmp0(GST_OBJECT_NAME(factory), "fakesink") == 0;
+            g_value_reset(&item);
+        }
+        g_value_unset(&item);
+        gst_iterator_free(children);
+    }
+    gst_element_set_state(sink, GST_STATE_NULL);
+    return isReady && !isFake;
+}
+
+GstElement* makeAutoSink(QString* note)
+{
+    GstElement* sink = gst_element_factory_make("autoaudiosink", nullptr);
+    if (sink) {
+        gst_object_ref_sink(sink);
+        if (hasSoundDevice(sink))
+            return sink;
+        gst_object_unref(sink);
+    }
+    *note = QStringLiteral("no sound device, playing silently");
+    sink = gst_element_factory_make("fakesink", nullptr);
+    if (sink) {
+        gst_object_ref_sink(sink);
+        g_object_set(sink, "sync", TRUE, nullptr);
+    }
+    return sink;
+}
+
+GstElement* parseSink(const QString& description, QString* error)
+{
+    GError* failure = nullptr;
+    GstElement* sink =
+        gst_parse_bin_from_description(description.toUtf8().constData(), TRUE, &failure);
+    if (sink)
+        gst_object_ref_sink(sink);
+    if (failure) {
+        if (error)
+            *error = QStringLiteral("\"%1\" is no sink that GStreamer knows: %2")
+                         .arg(description, QString::fromUtf8(failure->message));
+        g_error_free(failure);
+        if (sink)
+            gst_object_unref(sink);
+        return nullptr;
+    }
+    return sink;
+}
+} // namespace
+
+std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* error)
+{
+    GError* failure = nullptr;
+    if (!gst_init_check(nullptr, nullptr, &failure)) {
+        if (error)
+            *error = QStringLiteral("GStreamer does not start: %1")
+                         .arg(QString::fromUtf8(failure ? failure->message : "no reason given"));
+        g_clear_error(&failure);
+        return nullptr;
+    }
+    QString note;
+    GstPtr<GstElement> audioSink(sink == QLatin1String("auto") ? makeAutoSink(&note)
+                                                               : parseSink(sink, error));
+    if (!audioSink) {
+        if (error && error->isEmpty())
+            *error = QStringLiteral("GStreamer has no sink; its base plug-ins are missing");
+        return nullptr;
+    }
+    GstElement* playbin = gst_element_factory_make("playbin3", nullptr);
+    if (!playbin) {
+        if (error)
+            *error = QStringLiteral("GStreamer has no playbin3; its base plug-ins are missing");
+        return nullptr;
+    }
+    gst_object_ref_sink(playbin);
+    g_object_set(playbin, "audio-sink", audioSink.get(), "flags",
+                 playFlagAudio | playFlagSoftVolume | playFlagBuffering, nullptr);
+    if (!note.isEmpty())
+        KELO_LOG(logger, WARN) << note;
+    return std::unique_ptr<AudioOutput>(new GstOutput(playbin, note));
+}
+
+GstOutput::GstOutput(GstElement* playbin, const QString& note) : m_playbin(playbin), m_note(note)
+{
+    const GstPtr<GstBus> bus(gst_element_get_bus(m_playbin));
+    gst_bus_set_sync_handler(bus.get(), &GstOutput::onBusMessage, this, nullptr);
+    g_signal_connect(m_playbin, "about-to-finish", G_CALLBACK(&GstOutput::onAboutToFinish), this);
+    g_signal_connect(m_playbin, "source-setup", G_CALLBACK(&GstOutput::onSourceSetup), this);
+}
+
+GstOutput::~GstOutput()
+{
+    halt();
+    const GstPtr<GstBus> bus(gst_element_get_bus(m_playbin));
+    gst_bus_set_sync_handler(bus.get(), nullptr, nullptr, nullptr);
+    gst_object_unref(m_playbin);
+}
+
+void GstOutput::open(const OutputItem& item)
+{
+    m_isPauseWanted = false;
+    begin(item);
+}
+
+void GstOutput::begin(const OutputItem& item)
+{
+    halt();
+    KELO_LOG(logger, DEBUG) << "opening " << keloUrlForLog(item.uri);
+    m_item = item;
+    m_isOpen = true;
+    m_isStartPending = item.startMs > 0;
+    g_object_set(m_playbin, "uri", item.uri.toUtf8().constData(), nullptr);
+    setState(m_isStartPending || m_isPauseWanted ? GST_STATE_PAUSED : GST_STATE_PLAYING);
+}
+
+void GstOutput::halt()
+{
+    {
+        // A streaming thread that waits for the next address would keep the pipeline from stopping.
+        std::lock_guard<std::mutex> lock(m_handover.mutex);
+        ++m_handover.session;
+        m_handover.isAnswered = true;
+        m_handover.nextUri.clear();
+    }
+    m_handover.changed.notify_all();
+    gst_element_set_state(m_playbin, GST_STATE_NULL);
+    {
+        std::lock_guard<std::mutex> lock(m_handover.mutex);
+        m_handover.isAnswered = false;
+    }
+    m_isOpen = m_hasStarted = m_isBuffering = m_isStartPending = m_isNextGiven = false;
+    m_streams = 0;
+    m_next = OutputItem();
+}
+
+void GstOutput::setNext(const OutputItem& item)
+{
+    m_next = item;
+    {
+        std::lock_guard<std::mutex> lock(m_handover.mutex);
+        m_handover.isAnswered = true;
+        m_handover.nextUri = item.uri.toStdString();
+    }
+    m_handover.changed.notify_all();
+}
+
+void GstOutput::pause()
+{
+    m_isPauseWanted = true;
+    if (m_isOpen)
+        setState(GST_STATE_PAUSED);
+}
+
+void GstOutput::resume()
+{
+    m_isPauseWanted = false;
+    if (m_isOpen && !m_isStartPending && !m_isBuffering)
+        setState(GST_STATE_PLAYING);
+}
+
+void GstOutput::stop()
+{
+    m_isPauseWanted = false;
+    halt();
+}
+
+void GstOutput::seek(qint64 positionMs)
+{
+    if (!m_isOpen)
+        return;
+    if (m_isNextGiven || !m_hasStarted) {
+        // The pipeline reads the next item already, or nothing yet: begin again at the position.
+        OutputItem item = m_item;
+        const OutputItem next = m_next;
+        item.startMs = positionMs;
+        begin(item);
+        if (!next.uri.isEmpty())
+            setNext(next);
+        return;
+    }
+    {
+        std::lock_guard<std::mutex> lock(m_handover.mutex);
+        m_handover.isAnswered = true;
+    }
+    m_handover.changed.notify_all();
+    gst_element_seek_simple(m_playbin, GST_FORMAT_TIME,
+                            GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
+                            positionMs * GST_MSECOND);
+    std::lock_guard<std::mutex> lock(m_handover.mutex);
+    m_handover.isAnswered = !m_next.uri.isEmpty();
+}
+
+void GstOutput::setVolume(int percent)
+{
+    // Loudness is perceived about as the cube root of the amplitude.
+    g_object_set(m_playbin, "volume", std::pow(percent / 100.0, 3.0), nullptr);
+}
+
+qint64 GstOutput::positionMs() const
+{
+    gint64 position = 0;
+    if (m_isOpen && m_hasStarted &&
+        gst_element_query_position(m_playbin, GST_FORMAT_TIME, &position))
+        return std::max<qint64>(0, position / GST_MSECOND);
+    return m_isOpen ? m_item.startMs : 0;
+}
+
+qint64 GstOutput::durationMs() const
+{
+    gint64 duration = 0;
+    if (m_isOpen && gst_element_query_duration(m_playbin, GST_FORMAT_TIME, &duration) &&
+        duration > 0)
+        return duration / GST_MSECOND;
+    return m_isOpen ? m_item.durationHintMs : 0;
+}
+
+void GstOutput::setState(GstState state)
+{
+    if (gst_element_set_state(m_playbin, state) == GST_STATE_CHANGE_FAILURE)
+        KELO_LOG(logger, DEBUG) << "the pipeline refuses to become "
+                                << gst_element_state_get_name(state);
+}
+
+void GstOutput::onPrerolled()
+{
+    if (m_isStartPending) {
+        m_isStartPending = false;
+        // Ends in another preroll, from which playing starts.
+        if (gst_element_seek_simple(m_playbin, GST_FORMAT_TIME,
+                                    GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
+                                    m_item.startMs * GST_MSECOND))
+            return;
+    }
+    if (!m_isPauseWanted && !m_isBuffering)
+        setState(GST_STATE_PLAYING);
+    else if (m_isPauseWanted)
+        onPlaying();
+}
+
+void GstOutput::onPlaying()
+{
+    if (std::exchange(m_hasStarted, true))
+        return;
+    events().started();
+}
+
+void GstOutput::onStreamStart()
+{
+    if (++m_streams == 1)
+        return;
+    m_item = m_next;
+    m_next = OutputItem();
+    m_isNextGiven = false;
+    {
+        std::lock_guard<std::mutex> lock(m_handover.mutex);
+        m_handover.isAnswered = false;
+        m_handover.nextUri.clear();
+    }
+    events().itemChanged();
+}
+
+void GstOutput::onEnd()
+{
+    const OutputItem next = m_next;
+    if (next.uri.isEmpty()) {
+        halt();
+        return events().finished();
+    }
+    // The address came too late for the pipeline: a short gap.
+    begin(next);
+    events().itemChanged();
+    m_hasStarted = true;
+}
+
+void GstOutput::onAsked()
+{
+    events().aboutToFinish();
+}
+
+void GstOutput::onNextTaken()
+{
+    m_isNextGiven = true;
+}
+
+void GstOutput::onBuffering(int percent)
+{
+    const bool isBuffering = percent < 100;
+    if (!m_isOpen || m_isBuffering == isBuffering)
+        return;
+    m_isBuffering = isBuffering;
+    if (!m_isPauseWanted && !m_isStartPending)
+        setState(isBuffering ? GST_STATE_PAUSED : GST_STATE_PLAYING);
+}
+
+void GstOutput::onError(OutputError error)
+{
+    error.isOfNext = m_isNextGiven;
+    error.positionMs = positionMs();
+    halt();
+    events().error(error);
+}

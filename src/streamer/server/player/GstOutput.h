@@ -1,0 +1,81 @@
+#pragma once
+#include "AudioOutput.h"
+#include <condition_variable>
+#include <gst/gst.h>
+#include <mutex>
+#include <QObject>
+
+/// Sound through GStreamer's playbin3. Messages of the pipeline are posted to the player's thread
+/// from the bus's sync handler, so no glib main loop runs. Items that follow each other without a
+/// gap are handed over while playbin's "about-to-finish" call waits on the streaming thread.
+class GstOutput : public AudioOutput
+{
+public:
+    /// "auto" takes the machine's sound device, and without one plays silently in real time;
+    /// anything else is a description of a sink as gst-launch takes it. Null, with a sentence in
+    /// `error`, when the description is none or GStreamer's parts are missing.
+    static std::unique_ptr<AudioOutput> create(const QString& sink, QString* error);
+    ~GstOutput() override;
+
+    void open(const OutputItem& item) override;
+    void setNext(const OutputItem& item) override;
+    void pause() override;
+    void resume() override;
+    void stop() override;
+    void seek(qint64 positionMs) override;
+    void setVolume(int percent) override;
+    qint64 positionMs() const override;
+    qint64 durationMs() const override;
+    QString note() const override { return m_note; }
+
+private:
+    /// What the streaming threads share with the player's thread, behind a mutex.
+    struct Handover
+    {
+        std::mutex mutex;
+        std::condition_variable changed;
+        quint64 session = 0;     ///< grows with every open and stop
+        bool isAnswered = false; ///< the player has said what follows, or that nothing waits for it
+        std::string nextUri;     ///< empty: nothing follows
+    };
+
+    GstOutput(GstElement* playbin, const QString& note);
+
+    static GstBusSyncReply onBusMessage(GstBus* bus, GstMessage* message, gpointer self);
+    static void onAboutToFinish(GstElement* playbin, gpointer self);
+    static void onSourceSetup(GstElement* playbin, GstElement* source, gpointer self);
+    void handleBusMessage(GstMessage* message);
+    /// Runs a function on the player's thread unless the session has ended by then. Any thread.
+    void post(std::function<void()> function);
+    void waitForNext();
+    void postError(GstMessage* message);
+    quint64 session() const;
+
+    void begin(const OutputItem& item);
+    void halt();
+    void onPrerolled();
+    void onPlaying();
+    void onStreamStart();
+    void onEnd();
+    void onAsked();
+    void onNextTaken();
+    void onBuffering(int percent);
+    void onError(OutputError error);
+    void setState(GstState state);
+
+    QObject m_context; ///< receives what the streaming threads post
+    GstElement* m_playbin;
+    QString m_note;
+    mutable Handover m_handover;
+
+    // Of the player's thread alone.
+    bool m_isOpen = false;
+    bool m_hasStarted = false;
+    bool m_isPauseWanted = false;
+    bool m_isBuffering = false;
+    bool m_isStartPending = false; ///< a start position waits for the pipeline to be ready
+    bool m_isNextGiven = false;    ///< playbin has taken the next address
+    int m_streams = 0;             ///< streams that began since the pipeline was opened
+    OutputItem m_item;
+    OutputItem m_next;
+};

@@ -1,0 +1,164 @@
+// The part of GstOutput that runs on GStreamer's streaming threads.
+#include "GstOutput.h"
+#include <chrono>
+#include <kelo/KeloLog.h>
+#include <kelo/KeloPost.h>
+
+namespace {
+constexpr const char* logger = "player";
+constexpr guint sourceTimeoutSeconds = 15;
+/// How long the end of one stream waits to be told the address of the next.
+constexpr std::chrono::seconds handoverWait{8};
+
+OutputError::Kind kindOf(const GError* failure, guint httpStatus)
+{
+    if (httpStatus == 403 || httpStatus == 410)
+        return OutputError::Refused;
+    if (httpStatus == 404)
+        return OutputError::NotFound;
+    if (failure->domain == GST_RESOURCE_ERROR) {
+        if (failure->code == GST_RESOURCE_ERROR_NOT_AUTHORIZED)
+            return OutputError::Refused;
+        if (failure->code == GST_RESOURCE_ERROR_NOT_FOUND)
+            return OutputError::NotFound;
+        if (failure->code == GST_RESOURCE_ERROR_OPEN_WRITE ||
+            failure->code == GST_RESOURCE_ERROR_WRITE || failure->code == GST_RESOURCE_ERROR_BUSY)
+            return OutputError::Device;
+        return OutputError::Network;
+    }
+    return failure->domain == GST_STREAM_ERROR ? OutputError::Decode : OutputError::Network;
+}
+
+QString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* failure)
+{
+    const QString cause =
+        httpStatus ? QString::number(httpStatus) : QString::fromUtf8(failure->message);
+    switch (kind) {
+    case OutputError::Refused:
+        return QStringLiteral("the address was refused (%1)").arg(cause);
+    case OutputError::NotFound:
+        return QStringLiteral("nothing stands at the address (%1)").arg(cause);
+    case OutputError::Decode:
+        return QStringLiteral("the audio cannot be decoded: %1").arg(cause);
+    case OutputError::Device:
+        return QStringLiteral("the sound device cannot be used: %1").arg(cause);
+    case OutputError::Network:
+        break;
+    }
+    return QStringLiteral("the audio did not arrive: %1").arg(cause);
+}
+} // namespace
+
+GstBusSyncReply GstOutput::onBusMessage(GstBus*, GstMessage* message, gpointer self)
+{
+    static_cast<GstOutput*>(self)->handleBusMessage(message);
+    gst_message_unref(message);
+    return GST_BUS_DROP;
+}
+
+void GstOutput::handleBusMessage(GstMessage* message)
+{
+    const bool isFromPipeline = GST_MESSAGE_SRC(message) == GST_OBJECT(m_playbin);
+    switch (GST_MESSAGE_TYPE(message)) {
+    case GST_MESSAGE_ERROR:
+        postError(message);
+        break;
+    case GST_MESSAGE_EOS:
+        if (isFromPipeline)
+            post([this] { onEnd(); });
+        break;
+    case GST_MESSAGE_STREAM_START:
+        if (isFromPipeline)
+            post([this] { onStreamStart(); });
+        break;
+    case GST_MESSAGE_ASYNC_DONE:
+        if (isFromPipeline)
+            post([this] { onPrerolled(); });
+        break;
+    case GST_MESSAGE_STATE_CHANGED: {
+        GstState state = GST_STATE_NULL;
+        gst_message_parse_state_changed(message, nullptr, &state, nullptr);
+        if (isFromPipeline && state == GST_STATE_PLAYING)
+            post([this] { onPlaying(); });
+        break;
+    }
+    case GST_MESSAGE_BUFFERING: {
+        gint percent = 100;
+        gst_message_parse_buffering(message, &percent);
+        post([this, percent] { onBuffering(percent); });
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void GstOutput::postError(GstMessage* message)
+{
+    GError* failure = nullptr;
+    gchar* debug = nullptr;
+    const GstStructure* details = nullptr;
+    gst_message_parse_error(message, &failure, &debug);
+    gst_message_parse_error_details(message, &details);
+    guint httpStatus = 0;
+    if (details)
+        gst_structure_get_uint(details, "http-status-code", &httpStatus);
+    OutputError error;
+    error.kind = kindOf(failure, httpStatus);
+    error.text = sentenceOf(error.kind, httpStatus, failure);
+    // The debug text is not logged: it holds the address with its signature.
+    KELO_LOG(logger, WARN) << GST_OBJECT_NAME(GST_MESSAGE_SRC(message)) << ": " << error.text;
+    g_error_free(failure);
+    g_free(debug);
+    post([this, error] { onError(error); });
+}
+
+void GstOutput::post(std::function<void()> function)
+{
+    const quint64 posted = session();
+    keloPost(&m_context, [this, posted, function = std::move(function)] {
+        if (posted == session())
+            function();
+    });
+}
+
+quint64 GstOutput::session() const
+{
+    std::lock_guard<std::mutex> lock(m_handover.mutex);
+    return m_handover.session;
+}
+
+void GstOutput::onAboutToFinish(GstElement*, gpointer self)
+{
+    static_cast<GstOutput*>(self)->waitForNext();
+}
+
+void GstOutput::waitForNext()
+{
+    post([this] { onAsked(); });
+    std::string uri;
+    {
+        std::unique_lock<std::mutex> lock(m_handover.mutex);
+        const quint64 session = m_handover.session;
+        // Playbin takes the next address only from within this call.
+        m_handover.changed.wait_for(lock, handoverWait, [this, session] {
+            return m_handover.isAnswered || m_handover.session != session;
+        });
+        if (m_handover.session == session)
+            uri = m_handover.nextUri;
+    }
+    if (uri.empty())
+        return;
+    post([this] { onNextTaken(); });
+    g_object_set(m_playbin, "uri", uri.c_str(), nullptr);
+}
+
+void GstOutput::onSourceSetup(GstElement*, GstElement* source, gpointer)
+{
+    GObjectClass* properties = G_OBJECT_GET_CLASS(source);
+    if (g_object_class_find_property(properties, "user-agent"))
+        g_object_set(source, "user-agent", "kelo", nullptr);
+    if (g_object_class_find_property(properties, "timeout") &&
+        g_object_class_find_property(properties, "is-live"))
+        g_object_set(source, "timeout", sourceTimeoutSeconds, nullptr);
+}

@@ -1,0 +1,33 @@
+#pragma once
+#include "AudioOutput.h"
+#include "QueueEntry.h"
+
+/// An item of the player: its entry in the queue and, once a module has completed it, its address.
+/// A value type.
+struct PlayItem
+{
+    QueueEntry entry;
+    CMPath path; ///< the row's; of an item without a row, the play request's
+    QString title;
+    QString artist;
+    QString album;
+    QString icon;
+    QString uri; ///< empty until the item is completed
+    QString qualityAsked;
+    QString qualityDelivered; ///< empty when unknown
+    qint64 startMs = 0;
+    qint64 durationMs = 0;   ///< as the item says; 0 when it does not
+    qint64 maxIdleMs = 0;    ///< longest pause after which the address is good; 0 when not said
+    bool wasRefused = false; ///< the address was refused once already
+
+    /// What is known before a module has completed the entry.
+    static PlayItem ofEntry(const QueueEntry& entry);
+    /// The item that a module completed for an entry.
+    static PlayItem completed(const KeloRoles& item, const QueueEntry& entry);
+    /// The item that a module handed over on somebody else's request.
+    static PlayItem foreign(const KeloRoles& item);
+
+    OutputItem forOutput() const { return {uri, startMs, durationMs}; }
+    /// The title, or what else names the item.
+    QString name() const;
+};

@@ -1,0 +1,115 @@
+#include "Player.h"
+#include "PlayerCommand.h"
+#include "PlayerEngine.h"
+#include <kelo/KeloTidalConstants.h>
+
+Player::Player(const PlayerOptions& options)
+    : m_options(options), m_time(m_steadyTime),
+      m_makeOutput([description = options.output](TimeSource& time, QString* error) {
+          return AudioOutput::create(description, time, error);
+      })
+{
+}
+
+Player::Player(const PlayerOptions& options, OutputFactory makeOutput, TimeSource& time)
+    : m_options(options), m_time(time), m_makeOutput(std::move(makeOutput))
+{
+}
+
+Player::~Player()
+{
+    stop();
+}
+
+bool Player::start(QString* error)
+{
+    bool isMade = false;
+    m_thread.start([this, error, &isMade] {
+        QString problem;
+        std::unique_ptr<AudioOutput> output = m_makeOutput(m_time, &problem);
+        isMade = output != nullptr;
+        if (isMade)
+            m_engine = std::make_unique<PlayerEngine>(
+                std::move(output), m_time, m_options.stateDir,
+                [this](const PlayerStatus& status) { publish(status); });
+        else if (error)
+            *error = problem;
+    });
+    if (!isMade) {
+        m_thread.stop([] {});
+        return false;
+    }
+    {
+        std::lock_guard<std::mutex> lock(m_threadMutex);
+        m_isRunning = true;
+    }
+    PlayLogicInterface::setInstance(KeloPlayerPath(), this);
+    return true;
+}
+
+void Player::stop()
+{
+    {
+        std::lock_guard<std::mutex> lock(m_threadMutex);
+        if (!m_isRunning)
+            return;
+        m_isRunning = false;
+    }
+    PlayLogicInterface::setInstance(KeloPlayerPath(), nullptr);
+    m_thread.stop([this] { m_engine.reset(); });
+}
+
+bool Player::post(std::function<void(PlayerEngine&)> function)
+{
+    std::lock_guard<std::mutex> lock(m_threadMutex);
+    if (!m_isRunning)
+        return false;
+    m_thread.post([this, function = std::move(function)] { function(*m_engine); });
+    return true;
+}
+
+void Player::publish(const PlayerStatus& status)
+{
+    {
+        std::lock_guard<std::mutex> lock(m_statusMutex);
+        m_status = status;
+    }
+    m_listeners.notify(status.toJson(status.measuredMs));
+}
+
+QJsonObject Player::status() const
+{
+    std::lock_guard<std::mutex> lock(m_statusMutex);
+    return m_status.toJson(m_time.nowMs());
+}
+
+CMReply<QVariant> Player::command(const QString& name, const QVariantHash& arguments)
+{
+    const auto reply = CMReply<QVariant>::create();
+    const PlayerCommand command = PlayerCommand::parse(name, arguments);
+    if (!command.run) {
+        reply.setError(command.error);
+        return reply;
+    }
+    const bool isPosted =
+        post([run = command.run, reply](PlayerEngine& engine) { run(engine, reply); });
+    if (!isPosted)
+        reply.setError(CMError(TrString(QStringLiteral("the player is not running"))));
+    return reply;
+}
+
+quint64 Player::addListener(Listener listener)
+{
+    return m_listeners.add(std::move(listener));
+}
+
+void Player::removeListener(quint64 id)
+{
+    m_listeners.remove(id);
+}
+
+QVariant Player::play(const KeloRoles& item, int)
+{
+    post([item](PlayerEngine& engine) { engine.accept(item); });
+    return QVariant(true);
+}

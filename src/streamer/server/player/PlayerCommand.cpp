@@ -1,0 +1,89 @@
+#include "PlayerCommand.h"
+#include "PlayerEngine.h"
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr double largestPosition = 1e12;
+
+PlayerCommand wrong(const QString& text)
+{
+    return {nullptr, CMError(CMError::BadRequestName(), TrString(text))};
+}
+
+/// A whole number from 0 to `largest`; empty, with a sentence in `problem`, when it is none.
+std::optional<qint64> wholeNumber(const QVariantHash& arguments, const QString& key, double largest,
+                                  QString* problem)
+{
+    if (!arguments.contains(key)) {
+        *problem = QStringLiteral("\"%1\" is missing").arg(key);
+        return {};
+    }
+    const QVariant value = arguments.value(key);
+    const int type = value.userType();
+    const bool isNumber = type == QMetaType::Int || type == QMetaType::UInt ||
+                          type == QMetaType::LongLong || type == QMetaType::ULongLong ||
+                          type == QMetaType::Double;
+    const double number = isNumber ? value.toDouble() : -1;
+    if (!(number >= 0 && number <= largest) || std::floor(number) != number) {
+        *problem = QStringLiteral("\"%1\" must be a whole number from 0 to %2")
+                       .arg(key)
+                       .arg(largest, 0, 'f', 0);
+        return {};
+    }
+    return qint64(number);
+}
+
+PlayerCommand parsePlay(const QVariantHash& arguments)
+{
+    const QVariant value = arguments.value(QStringLiteral("path"));
+    const QString text = value.toString();
+    if (value.userType() != QMetaType::QString || text.isEmpty())
+        return wrong(
+            QStringLiteral("\"path\" is missing: a row's path, a list's path or a track id"));
+    const bool isId = std::all_of(text.begin(), text.end(), [](QChar c) {
+        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
+    });
+    if (isId)
+        return {[text](PlayerEngine& engine, const auto& reply) { engine.playId(text, reply); },
+                {}};
+    bool isPath = false;
+    const CMPath path = CMPath::fromEncoded(text, &isPath);
+    if (!isPath || path.base().isEmpty())
+        return wrong(QStringLiteral("\"path\" is not well-formed"));
+    return {[path](PlayerEngine& engine, const auto& reply) { engine.play(path, reply); }, {}};
+}
+
+PlayerCommand parseNumber(const QVariantHash& arguments, const QString& key, double largest,
+                          const std::function<PlayerCommand::Run(qint64)>& make)
+{
+    QString problem;
+    const std::optional<qint64> number = wholeNumber(arguments, key, largest, &problem);
+    return number ? PlayerCommand{make(*number), {}} : wrong(problem);
+}
+} // namespace
+
+PlayerCommand PlayerCommand::parse(const QString& name, const QVariantHash& arguments)
+{
+    using Plain = void (PlayerEngine::*)(const PlayerEngine::Reply&);
+    static const QHash<QString, Plain> plain{{QStringLiteral("pause"), &PlayerEngine::pause},
+                                             {QStringLiteral("resume"), &PlayerEngine::resume},
+                                             {QStringLiteral("stop"), &PlayerEngine::stop},
+                                             {QStringLiteral("next"), &PlayerEngine::next},
+                                             {QStringLiteral("previous"), &PlayerEngine::previous}};
+    if (const Plain run = plain.value(name))
+        return {[run](PlayerEngine& engine, const auto& reply) { (engine.*run)(reply); }, {}};
+    if (name == QLatin1String("play"))
+        return parsePlay(arguments);
+    if (name == QLatin1String("seek"))
+        return parseNumber(arguments, QStringLiteral("positionMs"), largestPosition, [](qint64 ms) {
+            return [ms](PlayerEngine& engine, const auto& reply) { engine.seek(ms, reply); };
+        });
+    if (name == QLatin1String("volume"))
+        return parseNumber(arguments, QStringLiteral("percent"), 100, [](qint64 percent) {
+            return [percent](PlayerEngine& engine, const auto& reply) {
+                engine.setVolume(int(percent), reply);
+            };
+        });
+    return wrong(QStringLiteral("\"%1\" is no command of the player").arg(name));
+}

@@ -1,0 +1,252 @@
+#include "PlayerEngine.h"
+#include <kelo/KeloLog.h>
+
+namespace {
+constexpr qint64 tickMs = 1000;
+constexpr qint64 nearEndMs = 10000;
+constexpr qint64 restartMs = 3000; ///< from here on "previous" means the item's own beginning
+constexpr int maxNoteLength = 400;
+
+CMError errorOf(const QString& text)
+{
+    return CMError(TrString(text));
+}
+} // namespace
+
+PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, TimeSource& time,
+                           const QString& stateDir, Publish publish)
+    : m_time(time), m_output(std::move(output)), m_publish(std::move(publish)), m_store(stateDir)
+{
+    connectOutput();
+    const PlayerStore::Kept kept = m_store.load();
+    m_volume = kept.volume;
+    m_item = kept.item;
+    m_output->setVolume(m_volume);
+    this->publish();
+}
+
+PlayerEngine::~PlayerEngine()
+{
+    fail(QStringLiteral("the player ends"));
+    m_output->stop();
+}
+
+void PlayerEngine::command(const Reply& reply)
+{
+    fail(QStringLiteral("superseded by another command"));
+    m_reply = reply;
+    m_failures = 0;
+    m_isPauseWanted = false;
+    m_note.clear();
+    m_isNoteFresh = false;
+}
+
+void PlayerEngine::succeed()
+{
+    std::exchange(m_reply, Reply()).setValue(QVariant(true));
+}
+
+void PlayerEngine::fail(const QString& text)
+{
+    std::exchange(m_reply, Reply()).setError(errorOf(text));
+}
+
+void PlayerEngine::play(const CMPath& path, const Reply& reply)
+{
+    command(reply);
+    startChain(Purpose::Start, QueueEntry());
+    if (m_state == State::Stopped)
+        m_state = State::Resolving;
+    m_finder.find(path, [this](const RowFinder::Found& found) { onFound(found); });
+    publish();
+}
+
+void PlayerEngine::playId(const QString& id, const Reply& reply)
+{
+    command(reply);
+    QueueEntry entry;
+    entry.id = id;
+    startChain(Purpose::Start, entry);
+    resolve();
+}
+
+void PlayerEngine::pause(const Reply& reply)
+{
+    if (m_state == State::Stopped)
+        return reply.setError(errorOf(QStringLiteral("nothing is playing")));
+    if (m_state == State::Resolving) {
+        m_isPauseWanted = true;
+    } else if (m_state == State::Playing) {
+        m_output->pause();
+        m_pausedAtMs = m_time.nowMs();
+        m_state = State::Paused;
+        publish();
+    }
+    reply.setValue(QVariant(true));
+}
+
+void PlayerEngine::resume(const Reply& reply)
+{
+    const bool isIdleTooLong = m_item.maxIdleMs > 0 &&
+                               m_time.nowMs() - m_pausedAtMs > m_item.maxIdleMs &&
+                               m_item.entry.canResolve();
+    if (m_state == State::Stopped || (m_state == State::Paused && isIdleTooLong)) {
+        if (!m_item.entry.canResolve())
+            return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
+        const qint64 position = m_state == State::Paused ? m_output->positionMs() : 0;
+        command(reply);
+        return replay(position);
+    }
+    m_isPauseWanted = false;
+    if (m_state == State::Paused) {
+        m_output->resume();
+        m_state = State::Playing;
+        startTicking();
+        publish();
+    }
+    reply.setValue(QVariant(true));
+}
+
+void PlayerEngine::replay(qint64 offsetMs)
+{
+    startChain(Purpose::Start, m_item.entry);
+    m_chain.offsetMs = offsetMs;
+    resolve();
+}
+
+void PlayerEngine::stop(const Reply& reply)
+{
+    command(reply);
+    halt();
+    succeed();
+}
+
+void PlayerEngine::halt()
+{
+    endChain();
+    m_output->stop();
+    m_next = PlayItem();
+    m_state = State::Stopped;
+    save();
+    publish();
+}
+
+void PlayerEngine::next(const Reply& reply)
+{
+    if (m_item.entry.isEmpty())
+        return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
+    const PlayItem next = m_next;
+    command(reply);
+    if (!next.uri.isEmpty()) {
+        endChain();
+        m_isSkipping = true;
+        return openItem(next);
+    }
+    startChain(Purpose::Start, m_item.entry);
+    m_chain.skips = true;
+    walk();
+}
+
+void PlayerEngine::previous(const Reply& reply)
+{
+    const bool isSounding = m_state == State::Playing || m_state == State::Paused;
+    if (isSounding && m_output->positionMs() >= restartMs)
+        return seek(0, reply);
+    if (m_item.entry.isEmpty())
+        return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
+    command(reply);
+    startChain(Purpose::Start, m_item.entry);
+    m_chain.skips = true;
+    m_chain.step = -1;
+    walk();
+}
+
+void PlayerEngine::seek(qint64 positionMs, const Reply& reply)
+{
+    if (m_state != State::Playing && m_state != State::Paused)
+        return reply.setError(errorOf(QStringLiteral("nothing is playing")));
+    const qint64 duration = m_output->durationMs();
+    m_output->seek(duration > 0 ? std::min(positionMs, duration) : positionMs);
+    publish();
+    reply.setValue(QVariant(true));
+}
+
+void PlayerEngine::setVolume(int percent, const Reply& reply)
+{
+    m_volume = percent;
+    m_output->setVolume(percent);
+    save();
+    reply.setValue(QVariant(true));
+}
+
+void PlayerEngine::accept(const KeloRoles& roles)
+{
+    if (m_resolver.take(roles) != ItemResolver::Claim::Foreign)
+        return;
+    const PlayItem item = PlayItem::foreign(roles);
+    if (item.uri.isEmpty()) {
+        KELO_LOG("player", WARN) << "an item without an address was handed over";
+        return;
+    }
+    command(Reply());
+    endChain();
+    openItem(item);
+}
+
+void PlayerEngine::addNote(const QString& text)
+{
+    KELO_LOG("player", INFO) << text;
+    if (!m_isNoteFresh || m_note.isEmpty() || m_note.size() > maxNoteLength)
+        m_note = text;
+    else
+        m_note += QStringLiteral("; ") + text;
+    m_isNoteFresh = true;
+}
+
+void PlayerEngine::save()
+{
+    m_store.save({m_volume, m_item});
+}
+
+void PlayerEngine::publish()
+{
+    PlayerStatus status;
+    status.state = m_state;
+    status.path = m_item.path.toEncoded();
+    status.title = m_item.title;
+    status.artist = m_item.artist;
+    status.album = m_item.album;
+    status.icon = m_item.icon;
+    status.qualityAsked = m_item.qualityAsked;
+    status.qualityDelivered = m_item.qualityDelivered;
+    status.note = m_note.isEmpty() ? m_output->note() : m_note;
+    if (m_state == State::Playing || m_state == State::Paused) {
+        status.positionMs = m_output->positionMs();
+        status.durationMs = m_output->durationMs();
+    } else if (m_state == State::Resolving) {
+        status.positionMs = m_chain.offsetMs;
+    }
+    if (status.durationMs == 0)
+        status.durationMs = m_item.durationMs;
+    status.measuredMs = m_time.nowMs();
+    m_publish(status);
+}
+
+void PlayerEngine::startTicking()
+{
+    m_time.callAfter(tickMs, this, [this, number = ++m_tick] { tick(number); });
+}
+
+void PlayerEngine::tick(quint64 number)
+{
+    if (number != m_tick || m_state != State::Playing)
+        return;
+    startTicking();
+    const qint64 position = m_output->positionMs();
+    if (position - m_item.startMs >= tickMs)
+        m_failures = 0;
+    const qint64 duration = m_output->durationMs();
+    if (duration > 0 && duration - position <= nearEndMs)
+        prefetch();
+    publish();
+}

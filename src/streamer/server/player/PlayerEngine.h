@@ -1,0 +1,114 @@
+#pragma once
+#include "ItemResolver.h"
+#include "PlayerStatus.h"
+#include "PlayerStore.h"
+#include "RowFinder.h"
+#include "TimeSource.h"
+
+/// The player's logic: the present item, the queue behind it, and what happens when something
+/// fails. Owned by Player; lives on the player's thread, where every operation is called. It opens
+/// no network connection and decodes nothing: modules resolve, the output sounds.
+///
+/// Whatever leads to another item (a command, the end of the present one, a failure) is one chain:
+/// find a row, resolve it, open it or hand it to the output as the next. A new chain supersedes the
+/// one before.
+class PlayerEngine : public QObject
+{
+    Q_OBJECT
+public:
+    using Reply = CMReply<QVariant>;
+    using Publish = std::function<void(const PlayerStatus&)>;
+
+    PlayerEngine(std::unique_ptr<AudioOutput> output, TimeSource& time, const QString& stateDir,
+                 Publish publish);
+    /// Answers a command that still waits, with an error.
+    ~PlayerEngine() override;
+
+    void play(const CMPath& path, const Reply& reply);
+    void playId(const QString& id, const Reply& reply);
+    void pause(const Reply& reply);
+    void resume(const Reply& reply);
+    void stop(const Reply& reply);
+    void next(const Reply& reply);
+    void previous(const Reply& reply);
+    void seek(qint64 positionMs, const Reply& reply);
+    void setVolume(int percent, const Reply& reply);
+    /// An item that a module hands over.
+    void accept(const KeloRoles& item);
+
+private:
+    using State = PlayerStatus::State;
+    enum class Purpose {
+        Start,   ///< the item is opened when it is resolved
+        Prefetch ///< it follows the present one without a gap
+    };
+    struct Chain
+    {
+        bool isActive = false;
+        quint64 generation = 0; ///< answers that belong to an earlier chain are dropped
+        Purpose purpose = Purpose::Start;
+        int step = 1;       ///< direction in the list
+        bool skips = false; ///< a failing item is passed over; else it ends the chain
+        bool wasRefused = false;
+        qint64 offsetMs = 0;
+        QueueEntry at; ///< the entry being resolved, or from which the next is looked for
+    };
+
+    // PlayerEngine.cpp: commands.
+    void command(const Reply& reply);
+    void succeed();
+    void fail(const QString& text);
+    void replay(qint64 offsetMs);
+    void halt();
+    void publish();
+    void save();
+    void addNote(const QString& text);
+    void tick(quint64 number);
+    void startTicking();
+
+    // PlayerEngineChain.cpp: from a row to an item.
+    void startChain(Purpose purpose, const QueueEntry& at);
+    void endChain();
+    void walk();
+    void onFound(const RowFinder::Found& found);
+    void onListEnd(const RowFinder::Found& found);
+    void resolve();
+    void onResolved(const ItemResolver::Result& result);
+    void onItemFailed(const QString& text);
+    /// Ends a chain that found nothing to open; what plays goes on.
+    void refuse(const QString& text);
+    void openItem(const PlayItem& item);
+    void prefetch();
+
+    // PlayerEngineOutput.cpp: events of the output.
+    void connectOutput();
+    void onStarted();
+    void onAboutToFinish();
+    void onItemChanged();
+    void onFinished();
+    void onError(const OutputError& error);
+    void onNextRefused(const OutputError& error);
+
+    TimeSource& m_time;
+    std::unique_ptr<AudioOutput> m_output;
+    Publish m_publish;
+    PlayerStore m_store;
+    RowFinder m_finder;
+    ItemResolver m_resolver;
+
+    State m_state = State::Stopped;
+    int m_volume = 100;
+    PlayItem m_item; ///< what plays or was asked for last
+    PlayItem m_next; ///< handed to the output to follow; of empty address when none is
+    Chain m_chain;
+    Reply m_reply; ///< the command that waits for the chain; null when none does
+    QString m_note;
+    bool m_isNoteFresh = false;   ///< the note is of after the last start, so it outlives the next
+    bool m_isPauseWanted = false; ///< the item is to start paused
+    bool m_isLast = false;        ///< nothing follows the present item
+    bool m_isNextBarred = false;  ///< the next item failed early: it is asked for again at the end
+    bool m_isSkipping = false;    ///< the opened item is passed over when it fails before it starts
+    int m_failures = 0;           ///< items in a row that failed; reset when one plays
+    qint64 m_pausedAtMs = 0;
+    quint64 m_tick = 0; ///< number of the latest tick; earlier ones do nothing
+};

@@ -1,0 +1,163 @@
+// The part of PlayerEngine that leads from a row to an item.
+#include "PlayerEngine.h"
+
+namespace {
+constexpr int maxFailures = 10;
+}
+
+void PlayerEngine::startChain(Purpose purpose, const QueueEntry& at)
+{
+    endChain();
+    m_chain.isActive = true;
+    m_chain.purpose = purpose;
+    m_chain.at = at;
+}
+
+void PlayerEngine::endChain()
+{
+    const quint64 generation = m_chain.generation + 1;
+    m_chain = Chain();
+    m_chain.generation = generation;
+    m_finder.cancel();
+    m_resolver.cancel();
+}
+
+void PlayerEngine::walk()
+{
+    m_finder.next(m_chain.at, m_chain.step,
+                  [this](const RowFinder::Found& found) { onFound(found); });
+}
+
+void PlayerEngine::onFound(const RowFinder::Found& found)
+{
+    for (const QString& title : found.skipped)
+        addNote(QStringLiteral("skipped: %1 cannot be played").arg(title));
+    if (found.entry.isEmpty())
+        return onListEnd(found);
+    m_chain.at = found.entry;
+    m_chain.skips = m_chain.skips || found.isList;
+    if (!found.entry.isPlayable())
+        return refuse(QStringLiteral("%1 cannot be played").arg(found.entry.row.title()));
+    resolve();
+}
+
+void PlayerEngine::onListEnd(const RowFinder::Found& found)
+{
+    const Chain chain = m_chain;
+    endChain();
+    const bool isSounding = m_state == State::Playing || m_state == State::Paused;
+    if (chain.purpose == Purpose::Prefetch) {
+        if (found.error.isSet())
+            addNote(QStringLiteral("the list does not go on: %1").arg(found.error.message()));
+        m_isLast = true;
+        m_output->setNext(OutputItem());
+        return publish();
+    }
+    const bool isFirstItem = !chain.skips || found.isList;
+    QString text = found.error.message();
+    if (text.isEmpty() && isFirstItem)
+        text = found.isList ? QStringLiteral("nothing in this list can be played")
+                            : QStringLiteral("no such row");
+    if (!text.isEmpty())
+        return refuse(text);
+    if (chain.step < 0 && isSounding)
+        m_output->seek(0);
+    else
+        halt();
+    publish();
+    succeed();
+}
+
+void PlayerEngine::refuse(const QString& text)
+{
+    endChain();
+    addNote(text);
+    fail(text);
+    if (m_state == State::Playing || m_state == State::Paused)
+        publish();
+    else
+        halt();
+}
+
+void PlayerEngine::resolve()
+{
+    if (m_chain.purpose == Purpose::Start) {
+        m_output->stop();
+        m_next = PlayItem();
+        m_item = PlayItem::ofEntry(m_chain.at);
+        m_state = State::Resolving;
+        publish();
+    }
+    m_resolver.resolve(m_chain.at, m_chain.offsetMs,
+                       [this](const ItemResolver::Result& result) { onResolved(result); });
+}
+
+void PlayerEngine::onResolved(const ItemResolver::Result& result)
+{
+    if (result.error.isSet())
+        return onItemFailed(result.error.message());
+    PlayItem item = PlayItem::completed(result.item, m_chain.at);
+    if (item.uri.isEmpty())
+        return onItemFailed(QStringLiteral("the service gave no address"));
+    if (m_chain.offsetMs > 0)
+        item.startMs = m_chain.offsetMs;
+    item.wasRefused = m_chain.wasRefused;
+    const Chain chain = m_chain;
+    endChain();
+    if (chain.purpose == Purpose::Prefetch) {
+        m_next = item;
+        m_output->setNext(item.forOutput());
+        return publish();
+    }
+    m_isSkipping = chain.skips;
+    openItem(item);
+}
+
+void PlayerEngine::openItem(const PlayItem& item)
+{
+    m_item = item;
+    m_next = PlayItem();
+    m_isLast = false;
+    m_isNextBarred = false;
+    m_state = State::Resolving;
+    m_output->open(item.forOutput());
+    save();
+    publish();
+}
+
+void PlayerEngine::onItemFailed(const QString& text)
+{
+    const QString name = PlayItem::ofEntry(m_chain.at).name();
+    if (!m_chain.skips) {
+        addNote(QStringLiteral("%1: %2").arg(name, text));
+        fail(text);
+        return halt();
+    }
+    addNote(QStringLiteral("skipped: %1: %2").arg(name, text));
+    m_chain.offsetMs = 0;
+    m_chain.wasRefused = false;
+    if (++m_failures < maxFailures) {
+        publish();
+        return walk();
+    }
+    const QString reason =
+        QStringLiteral("stopped after %1 items in a row that cannot be played").arg(maxFailures);
+    m_note.clear();
+    addNote(reason);
+    fail(reason);
+    if (m_chain.purpose == Purpose::Start)
+        return halt();
+    endChain();
+    m_isLast = true;
+    m_output->setNext(OutputItem());
+    publish();
+}
+
+void PlayerEngine::prefetch()
+{
+    if (m_chain.isActive || m_isLast || m_isNextBarred || !m_next.uri.isEmpty())
+        return;
+    startChain(Purpose::Prefetch, m_item.entry);
+    m_chain.skips = true;
+    walk();
+}

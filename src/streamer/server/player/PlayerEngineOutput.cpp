@@ -1,0 +1,114 @@
+// The part of PlayerEngine that follows the output.
+#include "PlayerEngine.h"
+
+void PlayerEngine::connectOutput()
+{
+    AudioOutput::Events events;
+    events.started = [this] { onStarted(); };
+    events.aboutToFinish = [this] { onAboutToFinish(); };
+    events.itemChanged = [this] { onItemChanged(); };
+    events.finished = [this] { onFinished(); };
+    events.error = [this](const OutputError& error) { onError(error); };
+    m_output->setEvents(events);
+}
+
+void PlayerEngine::onStarted()
+{
+    m_state = State::Playing;
+    if (!std::exchange(m_isNoteFresh, false))
+        m_note.clear();
+    if (std::exchange(m_isPauseWanted, false)) {
+        m_output->pause();
+        m_pausedAtMs = m_time.nowMs();
+        m_state = State::Paused;
+    }
+    startTicking();
+    publish();
+    succeed();
+}
+
+void PlayerEngine::onAboutToFinish()
+{
+    if (m_isLast || m_isNextBarred)
+        m_output->setNext(OutputItem());
+    else
+        prefetch();
+}
+
+void PlayerEngine::onItemChanged()
+{
+    if (m_next.uri.isEmpty())
+        return;
+    m_item = m_next;
+    m_next = PlayItem();
+    m_isLast = false;
+    m_failures = 0;
+    if (!std::exchange(m_isNoteFresh, false))
+        m_note.clear();
+    save();
+    publish();
+}
+
+void PlayerEngine::onFinished()
+{
+    m_failures = 0;
+    if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
+        // A command is leading elsewhere already.
+        m_state = State::Resolving;
+        return publish();
+    }
+    if (m_chain.isActive) {
+        // The next item is still being resolved: it is opened when it comes.
+        m_chain.purpose = Purpose::Start;
+        m_state = State::Resolving;
+        return publish();
+    }
+    if (!m_next.uri.isEmpty())
+        return openItem(PlayItem(m_next));
+    if (m_isLast)
+        return halt();
+    startChain(Purpose::Start, m_item.entry);
+    m_chain.skips = true;
+    m_state = State::Resolving;
+    walk();
+    publish();
+}
+
+void PlayerEngine::onError(const OutputError& error)
+{
+    if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
+        m_state = State::Resolving; // a command is leading elsewhere already
+        return publish();
+    }
+    if (error.isOfNext && !m_next.uri.isEmpty())
+        return onNextRefused(error);
+    const bool isWaitedFor = !m_reply.isNull();
+    if (error.kind == OutputError::Device) {
+        addNote(error.text);
+        fail(error.text);
+        return halt();
+    }
+    const bool isPaused = m_state == State::Paused;
+    const bool again =
+        error.kind == OutputError::Refused && !m_item.wasRefused && m_item.entry.canResolve();
+    startChain(Purpose::Start, m_item.entry);
+    m_chain.skips = m_isSkipping || !isWaitedFor;
+    m_state = State::Resolving;
+    if (!again)
+        return onItemFailed(error.text);
+    m_isPauseWanted = m_isPauseWanted || isPaused;
+    m_chain.wasRefused = true;
+    m_chain.offsetMs = error.positionMs;
+    resolve();
+}
+
+void PlayerEngine::onNextRefused(const OutputError& error)
+{
+    // The next item is tried again when its turn comes; the present one goes on where it was.
+    const bool isPaused = m_state == State::Paused;
+    PlayItem item = m_item;
+    item.startMs = error.positionMs;
+    openItem(item);
+    m_isNextBarred = true;
+    m_isPauseWanted = isPaused;
+}

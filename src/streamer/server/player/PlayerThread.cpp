@@ -1,0 +1,42 @@
+#include "PlayerThread.h"
+#include <future>
+#include <kelo/KeloPost.h>
+#include <QCoreApplication>
+#include <QEvent>
+#include <QEventLoop>
+
+PlayerThread::~PlayerThread()
+{
+    if (isRunning())
+        stop([] {});
+}
+
+void PlayerThread::start(std::function<void()> setUp)
+{
+    std::promise<QEventLoop*> ready;
+    std::future<QEventLoop*> started = ready.get_future();
+    m_thread = std::thread([&ready, setUp = std::move(setUp)] {
+        QEventLoop loop; // first, so that the thread has an event dispatcher
+        setUp();
+        ready.set_value(&loop);
+        loop.exec();
+        // What was dropped with deleteLater() goes before its thread does.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    });
+    m_loop = started.get();
+}
+
+void PlayerThread::stop(std::function<void()> tearDown)
+{
+    post([loop = m_loop, tearDown = std::move(tearDown)] {
+        tearDown();
+        loop->quit();
+    });
+    m_thread.join();
+    m_loop = nullptr;
+}
+
+void PlayerThread::post(std::function<void()> function)
+{
+    keloPost(m_loop, std::move(function));
+}

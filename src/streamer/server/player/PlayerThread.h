@@ -1,0 +1,27 @@
+#pragma once
+#include <functional>
+#include <thread>
+
+class QEventLoop;
+
+/// A thread with an event loop, for objects that are not workers of the host tree. Owned by Player.
+class PlayerThread
+{
+public:
+    PlayerThread() = default;
+    ~PlayerThread();
+    PlayerThread(const PlayerThread&) = delete;
+    PlayerThread& operator=(const PlayerThread&) = delete;
+
+    /// Starts the thread and runs `setUp` on it; returns when that has returned.
+    void start(std::function<void()> setUp);
+    /// Runs `tearDown` on the thread, then ends it. Returns when it has ended.
+    void stop(std::function<void()> tearDown);
+    /// Runs a function on the thread in a later turn of its loop. Between start() and stop().
+    void post(std::function<void()> function);
+    bool isRunning() const { return m_thread.joinable(); }
+
+private:
+    std::thread m_thread;
+    QEventLoop* m_loop = nullptr; ///< lives on the thread; null while that does not run
+};

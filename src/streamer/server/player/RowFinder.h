@@ -1,0 +1,59 @@
+#pragma once
+#include "QueueEntry.h"
+#include <functional>
+#include <kelo/CMError.h>
+#include <kelo/KeloRowsRoles.h>
+#include <QObject>
+
+/// Finds rows in the host tree: the row that a path names, and the playable rows before and after
+/// one. Owned by the player's engine, lives on the player's thread. Follows one question at a time,
+/// reads lists a page at a time, keeps nothing of them, and plays nothing.
+class RowFinder : public QObject
+{
+    Q_OBJECT
+public:
+    struct Found
+    {
+        QueueEntry entry;    ///< empty when there is no such row
+        bool isList = false; ///< the path named a list, whose first playable row this is
+        QStringList skipped; ///< titles of rows on the way that cannot be played
+        CMError error;       ///< set when a list could not be read
+    };
+    using Done = std::function<void(const Found&)>;
+
+    /// Finds the row at a path, or the first playable row when a list stands there.
+    void find(const CMPath& path, Done done);
+    /// Finds the nearest playable row after (`step` 1) or before (-1) an entry in its list.
+    void next(const QueueEntry& entry, int step, Done done);
+    /// Drops the question; its `done` does not run.
+    void cancel();
+
+private:
+    struct Page
+    {
+        QList<KeloRoles> rows;
+        int count = 0; ///< rows of the whole list
+        CMError error;
+    };
+    using Match = std::function<bool(const KeloRoles&)>;
+    /// A search for a row in one list after the other.
+    struct Search
+    {
+        QList<CMPath> lists; ///< the first is being read, those behind it are tried next
+        int from = 0;
+        Match match;
+        std::function<void(const QueueEntry&)> then; ///< an empty entry when no list has the row
+    };
+
+    void fetch(const CMPath& list, int from, int to, std::function<void(const Page&)> then);
+    void search(Search search);
+    void walk(const CMPath& list, int index, int step);
+    void walkPage(const CMPath& list, int from, int step, const Page& page);
+    void onOwnRows(const CMPath& path, const Page& page);
+    void finish(const QueueEntry& entry = QueueEntry());
+
+    Done m_done;
+    Found m_found;            ///< what is known of the answer so far
+    quint64 m_generation = 0; ///< grows with each question; answers for earlier ones are dropped
+    int m_pagesLeft = 0;      ///< pages that the question may still read
+};
