@@ -37,7 +37,8 @@ void TidalContextRoles::learn(const QVariant& roles, std::initializer_list<std::
     if (m_shared.isEmpty() || m_shared.contains(KeloRoles::AcceptPath()))
         return;
     const QString text = m_shared.value(KeloRoles::Path()).toString();
-    auto path = std::make_unique<TidalEncodedPath>(CMPath::fromEncoded(text), m_keys);
+    const CMPath base = CMPath::fromEncoded(text.left(text.indexOf(QLatin1Char('?'))));
+    auto path = std::make_unique<TidalEncodedPath>(base, m_keys);
     if (path->text(values) == text)
         m_path = std::move(path);
 }

@@ -1,4 +1,5 @@
 #include "TidalItemRows.h"
+#include <algorithm>
 #include <charconv>
 #include <kelo/CMWorker.h>
 #include <kelo/KeloMimeTypes.h>
@@ -103,6 +104,15 @@ QStringList trackContextKeys(bool isPlaylist)
 }
 } // namespace
 
+const QString& TidalRepeatedText::text(std::string_view utf8)
+{
+    if (utf8 != m_utf8) {
+        m_utf8 = utf8;
+        m_text = toText(utf8);
+    }
+    return m_text;
+}
+
 TidalItemRows::TidalItemRows(const Page& page, const CMPath& itemPath, const QStringList& pathKeys,
                              const QStringList& contextKeys, const QString& imageSize)
     : m_plan(page.request.roles()), m_row(m_plan.emptyRow()), m_path(itemPath, pathKeys),
@@ -131,13 +141,15 @@ void TidalItemRows::setShared(TidalRowPlan::Column column, const QVariant& value
 QVariant TidalItemRows::imageUrl(const KeloJson& image)
 {
     const std::string_view id = image.toUtf8();
-    if (id.empty())
-        return QVariant();
+    if (id == m_imageId)
+        return m_imageUrl;
+    m_imageId = id;
     m_scratch = m_imagePrefix;
-    for (const char c : id)
-        m_scratch += c == '-' ? '/' : c;
+    m_scratch += id;
+    std::replace(m_scratch.end() - std::ptrdiff_t(id.size()), m_scratch.end(), '-', '/');
     m_scratch += m_imageSuffix;
-    return toText(m_scratch);
+    m_imageUrl = id.empty() ? QVariant() : QVariant(toText(m_scratch));
+    return m_imageUrl;
 }
 
 TidalAlbumRows::TidalAlbumRows(const Page& page)
@@ -214,37 +226,41 @@ QVariantList TidalArtistRows::row(const KeloTidalApiArtistResponse& artist, int 
 TidalTrackRows::TidalTrackRows(const Page& page)
     : TidalItemRows(page, page.path, {QStringLiteral("trackId")},
                     trackContextKeys(!playlistOf(page.path).isEmpty()), page.settings.imageSize()),
-      m_playlist(playlistOf(page.path).toStdString()), m_listPath(page.path.toEncoded())
+      m_playlist(playlistOf(page.path).toStdString())
 {
     setShared(Plan::Type, KeloRolesType::Audio());
     setShared(Plan::AudioType, KeloRolesAudioType::MusicTrack());
     const QString anyId = QStringLiteral("0");
-    m_prePlayPath =
-        page.worker->addPrefix(KeloTidalPrePlayPath() + QLatin1Char('/') + anyId).toEncoded();
+    KeloMetaData metaData;
+    metaData.setServiceID(KeloService_Tidal_Id());
+    metaData.setAlbum(QString());
+    metaData.setArtist(QString());
+    metaData.setContentPlayContextPath(page.path);
+    metaData.setPrePlayPath(
+        page.worker->addPrefix(KeloTidalPrePlayPath() + QLatin1Char('/') + anyId));
+    m_metaData = metaData.toHash();
+    m_prePlayPath = m_metaData.value(KeloMetaData::PrePlayPath()).toString();
     m_prePlayPath.chop(anyId.size());
     KeloResource resource;
     resource.setMimeType(MimeTypes::Audio::unknown());
     KeloMediaData mediaData;
+    mediaData.setMetaData(metaData);
     mediaData.setResources({resource});
-    m_resources = mediaData.value(KeloMediaData::Resources());
+    m_mediaData = mediaData.toHash();
 }
 
-QVariant TidalTrackRows::mediaData(const KeloTidalApiAlbum& album, const QString& artist,
-                                   std::string_view id) const
+QVariant TidalTrackRows::mediaData(const KeloJson& album, const QString& artist,
+                                   std::string_view id)
 {
     QString prePlayPath;
     prePlayPath.reserve(m_prePlayPath.size() + int(id.size()));
     prePlayPath += m_prePlayPath;
     prePlayPath += QLatin1String(id.data(), int(id.size()));
-    QVariantHash metaData = serviceMetaData(5);
-    metaData.insert(KeloMetaData::Album(), album.title());
-    metaData.insert(KeloMetaData::Artist(), artist);
-    metaData.insert(KeloMetaData::PrePlayPath(), prePlayPath);
-    metaData.insert(KeloMetaData::ContentPlayContextPath(), m_listPath);
-    QVariantHash mediaData;
-    mediaData.reserve(2);
-    mediaData.insert(KeloMediaData::MetaData(), metaData);
-    mediaData.insert(KeloMediaData::Resources(), m_resources);
+    m_metaData[KeloMetaData::PrePlayPath()] = prePlayPath;
+    m_metaData[KeloMetaData::Album()] = m_albumTitle.text(album.value("title").toUtf8());
+    m_metaData[KeloMetaData::Artist()] = artist;
+    QVariantHash mediaData = m_mediaData;
+    mediaData[KeloMediaData::MetaData()] = m_metaData;
     return mediaData;
 }
 
@@ -255,11 +271,11 @@ QVariantList TidalTrackRows::row(const KeloTidalApiTrackResponse& track, int pos
     const Decimal id(json.value("id"));
     const std::string_view artist = json.value("artist").value("name").toUtf8();
     const KeloJson artists = json.value("artists");
-    const KeloTidalApiAlbum album(json.value("album"));
+    const KeloJson album = json.value("album");
     QString names;
     if (m_plan.wants(Plan::Description) || m_plan.wants(Plan::MediaData)) {
         joinNames(m_scratch, artists);
-        names = toText(m_scratch.empty() ? artist : m_scratch);
+        names = m_names.text(m_scratch.empty() ? artist : m_scratch);
     }
 
     QVariantList row = m_row;
@@ -273,7 +289,7 @@ QVariantList TidalTrackRows::row(const KeloTidalApiTrackResponse& track, int pos
     m_plan.set(row, Plan::Id, [&] { return id.toString(); });
     m_plan.set(row, Plan::Disabled, [&] { return boolean(!track.allowStreaming()); });
     m_plan.set(row, Plan::Description, [&] { return names; });
-    m_plan.set(row, Plan::Icon, [&] { return imageUrl(album.json().value("cover")); });
+    m_plan.set(row, Plan::Icon, [&] { return imageUrl(album.value("cover")); });
     m_plan.set(row, Plan::MediaData, [&] { return mediaData(album, names, id.view()); });
     m_plan.set(row, Plan::Context, [&] {
         joinPairs(m_artists, artists);

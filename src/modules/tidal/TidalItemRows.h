@@ -8,6 +8,18 @@
 
 class CMWorker;
 
+/// A text that is likely to be the one before again, as the album of its tracks is: equal texts
+/// share their data. A value type of one thread.
+class TidalRepeatedText
+{
+public:
+    const QString& text(std::string_view utf8);
+
+private:
+    std::string m_utf8;
+    QString m_text;
+};
+
 /// Makes the rows of one page out of the service's items: base of one class for each kind of item.
 /// What the rows of a page share is made once, and only what the client asked for is made at all.
 /// Lives on the worker's thread, as long as the page is built. It does not choose, count or send
@@ -46,6 +58,8 @@ protected:
 private:
     std::string m_imagePrefix;
     std::string m_imageSuffix;
+    std::string m_imageId; ///< of the address made last
+    QVariant m_imageUrl;
 };
 
 class TidalAlbumRows : public TidalItemRows
@@ -73,13 +87,14 @@ public:
     QVariantList row(const KeloTidalApiTrackResponse& track, int position);
 
 private:
-    QVariant mediaData(const KeloTidalApiAlbum& album, const QString& artist,
-                       std::string_view id) const;
+    QVariant mediaData(const KeloJson& album, const QString& artist, std::string_view id);
 
-    std::string m_playlist; ///< identifier of the playlist that is listed; empty for other lists
-    QString m_prePlayPath;  ///< encoded, without the track's id
-    QVariant m_listPath;
-    QVariant m_resources;
+    std::string m_playlist;  ///< identifier of the playlist that is listed; empty for other lists
+    QString m_prePlayPath;   ///< encoded, without the track's id
+    QVariantHash m_metaData; ///< of the row made last
+    QVariantHash m_mediaData;
+    TidalRepeatedText m_names;
+    TidalRepeatedText m_albumTitle;
     std::string m_artists; ///< kept for its memory
 };
 
