@@ -41,7 +41,7 @@ CommandLine::CommandLine(Surroundings surroundings)
         qEnvironmentVariable("KELO_SERVER", QStringLiteral("http://127.0.0.1:8095")).toStdString();
     m_app->formatter(std::make_shared<HelpFormatter>());
     m_app->set_version_flag("--version", "kelo " KELO_VERSION);
-    m_app->require_subcommand(1);
+    m_app->require_subcommand(0, 1); // none at all gets a message of its own
     m_app->footer("kelo serve --demo                  a streamer with a simulated service\n"
                   "kelo tree                          what there is\n"
                   "kelo search 'blue train'           find something\n"
@@ -321,6 +321,10 @@ int CommandLine::run(std::vector<std::string> arguments)
     } catch (const CLI::ParseError& error) {
         m_terminal.error(QStringLiteral("kelo: %1 (see kelo --help)")
                              .arg(shown(QString::fromStdString(error.what()))));
+        return ExitUsage;
+    }
+    if (!m_chosen) {
+        m_terminal.error(QStringLiteral("kelo: wanted a command (see kelo --help)"));
         return ExitUsage;
     }
     return m_chosen();

@@ -1,0 +1,149 @@
+#include "client/DisplayText.h"
+#include "client/EventParser.h"
+#include "client/JsonText.h"
+#include "client/PathText.h"
+#include "client/PlayerCommands.h"
+#include "client/QrCode.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(DisplayText, ShowsControlCharactersWrittenOut)
+{
+    const struct
+    {
+        QString text;
+        QString expected;
+    } rows[] = {
+        {QStringLiteral("plain é 漢"), QStringLiteral("plain é 漢")},
+        {QStringLiteral("a\nb\r\t"), QStringLiteral("a\\nb\\r\\t")},
+        {QStringLiteral("\x1b[31mred"), QStringLiteral("\\x1b[31mred")},
+        {QString(QChar(0x9b)) + "2J", QStringLiteral("\\x9b2J")},
+        {QString(QChar(0x7f)), QStringLiteral("\\x7f")},
+        {QString(QChar(0x202e)) + "gnp", QStringLiteral("\\u202egnp")},
+        {QString(QChar(0)), QStringLiteral("\\x00")},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(cli::shown(row.text), row.expected);
+}
+
+TEST(DisplayText, CutsByTheColumnsThatCharactersTake)
+{
+    const QString combining = QStringLiteral("e\u0301te\u0301"); // two accents of their own
+    const struct
+    {
+        QString text;
+        int columns;
+        int width;
+        QString expected;
+    } rows[] = {
+        {QStringLiteral("abcdef"), 6, 6, QStringLiteral("abcdef")},
+        {QStringLiteral("abcdef"), 6, 5, QStringLiteral("abcd…")},
+        {QStringLiteral("漢字漢字"), 8, 7, QStringLiteral("漢字漢…")},
+        {QStringLiteral("漢字漢字"), 8, 6, QStringLiteral("漢字…")}, // half a character is none
+        {combining, 3, 3, combining},
+        {combining, 3, 2, QStringLiteral("e\u0301…")},
+        {QStringLiteral("🎵🎵"), 4, 3, QStringLiteral("🎵…")},
+        {QStringLiteral("abc"), 3, 0, QString()},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(cli::columns(row.text), row.columns) << row.text.toStdString();
+        EXPECT_EQ(cli::cut(row.text, row.width), row.expected) << row.text.toStdString();
+        EXPECT_LE(cli::columns(cli::cut(row.text, row.width)), row.width);
+    }
+    EXPECT_EQ(cli::padded(QStringLiteral("漢"), 4), QStringLiteral("漢  "));
+}
+
+TEST(JsonText, KeepsControlCharactersOfDocumentsFromTheTerminal)
+{
+    const QByteArray c1 = "\xc2\x9b";
+    EXPECT_EQ(cli::printableJson("{\"a\": \"x" + c1 + "2J\\\"\x7f\"}\r\n"),
+              "{\"a\": \"x\\u009b2J\\\"\\u007f\"}\n");
+    EXPECT_EQ(cli::printableJson("[\"é\",\"\x1b\"]"), "[\"é\",\"\\u001b\"]");
+    EXPECT_EQ(cli::valueText(QJsonValue(QStringLiteral("a\x1b"))), QStringLiteral("a\\x1b"));
+    EXPECT_FALSE(cli::parseJsonValue("1],[2"));
+    EXPECT_FALSE(cli::parseJsonValue("1,2"));
+    EXPECT_FALSE(cli::parseJsonValue("HIGH"));
+    EXPECT_EQ(cli::parseJsonValue("9007199254740993")->toVariant().toLongLong(),
+              9007199254740993LL);
+}
+
+TEST(PathText, RoundTripsAndQuotesForTheShell)
+{
+    const QString encoded = QStringLiteral("/a/b?k%26=v%3D%20%C3%A9&query=x%2Fy");
+    const cli::PathText path = cli::PathText::parse(encoded);
+    EXPECT_EQ(path.base, QStringLiteral("/a/b"));
+    EXPECT_EQ(path.parameters.value(QStringLiteral("k&")), QStringLiteral("v= é"));
+    EXPECT_EQ(path.encoded(), encoded);
+    EXPECT_EQ(path.lastSegment(), QStringLiteral("b"));
+    EXPECT_EQ(cli::shellWord(QStringLiteral("/a/b")), QStringLiteral("/a/b"));
+    EXPECT_EQ(cli::shellWord(encoded), '\'' + encoded + '\'');
+    EXPECT_EQ(cli::shellWord(QStringLiteral("it's")), QStringLiteral("'it'\\''s'"));
+    EXPECT_EQ(cli::shellWord(QString()), QStringLiteral("''"));
+}
+
+TEST(EventParser, FindsTheSameEventsHoweverTheBytesArrive)
+{
+    const QByteArray stream = ": hello\n\nevent: rows\ndata: {\"a\":1}\n\ndata:x\r\ndata: y\r\n\r\n"
+                              "event: none\n\nevent: login\rdata: z\r\rdata: unfinished\n";
+    const QList<QByteArray> expected{"rows={\"a\":1}", "message=x\ny", "login=z"};
+    for (int piece = 1; piece <= stream.size(); ++piece) {
+        QList<QByteArray> events;
+        cli::EventParser parser([&events](const cli::ServerEvent& event) {
+            events.append(event.name + '=' + event.data);
+            return true;
+        });
+        for (int at = 0; at < stream.size(); at += piece) {
+            const QByteArray part = stream.mid(at, piece);
+            ASSERT_TRUE(parser.feed(part.constData(), static_cast<size_t>(part.size())));
+        }
+        EXPECT_EQ(events, expected) << "pieces of " << piece;
+    }
+}
+
+TEST(EventParser, RefusesAnEventWithoutEnd)
+{
+    cli::EventParser parser([](const cli::ServerEvent&) { return true; });
+    const QByteArray line = "data: " + QByteArray(1024 * 1024, 'x') + '\n';
+    int taken = 0;
+    while (taken < 10 && parser.feed(line.constData(), static_cast<size_t>(line.size())))
+        ++taken;
+    EXPECT_EQ(taken, 3);
+}
+
+TEST(SeekCommand, ReadsTimes)
+{
+    const struct
+    {
+        const char* text;
+        qint64 expected; ///< -1: refused
+        bool isRelative;
+    } rows[] = {{"90", 90000, false},      {"1:30", 90000, false}, {"1:02:03.5", 3723500, false},
+                {"+15", 15000, true},      {"", -1, false},        {"1:75", -1, false},
+                {"1:2:3:4", -1, false},    {"abc", -1, false},     {"0", 0, false},
+                {"99999999999", -1, false}};
+    for (const auto& row : rows) {
+        bool isRelative = false;
+        const auto time = cli::SeekCommand::parse(QString::fromLatin1(row.text), isRelative);
+        EXPECT_EQ(time.value_or(-1), row.expected) << row.text;
+        EXPECT_EQ(isRelative, row.isRelative) << row.text;
+    }
+    bool isRelative = false;
+    EXPECT_EQ(cli::SeekCommand::parse(QStringLiteral("-1:30"), isRelative), -90000);
+    EXPECT_TRUE(isRelative);
+}
+
+TEST(QrCode, DrawsTwoModulesPerCell)
+{
+    const QStringList code = cli::qrCode(QStringLiteral("https://example.org/ABCDE"), true);
+    ASSERT_EQ(code.size(), (25 + 2 * 2 + 1) / 2);
+    for (const QString& line : code)
+        EXPECT_EQ(line.size(), 25 + 2 * 2);
+    EXPECT_EQ(code.first(), QString(29, QChar(0x2588))); // the quiet zone is light
+    // The finder pattern: seven dark modules, of which the second row is dark at both ends alone.
+    EXPECT_EQ(code.at(1).mid(2, 7), QStringLiteral(" ▄▄▄▄▄ "));
+    EXPECT_TRUE(cli::qrCode(QString(5000, 'x'), true).isEmpty());
+}
+
+} // namespace

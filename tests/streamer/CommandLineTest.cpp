@@ -1,0 +1,354 @@
+#include "streamer/ScriptedStreamer.h"
+
+#include <gmock/gmock.h>
+#include <QJsonDocument>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+const char* const tidalRows = "GET /api/v1/rows?path=%2Ftidal&from=0&to=49";
+
+TEST(CommandLine, ExitStatusTellsWhatWentWrong)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("GET /api/v1/player", {200, R"({"state":"stopped"})"});
+    streamer.answer("GET /api/v1/login", {502, R"({"title":"Service","detail":"it's \u001bdown"})",
+                                          "application/problem+json"});
+    streamer.answer("POST /api/v1/player/stop", {500, "<html>oops</html>", "text/html"});
+    streamer.answer("POST /api/v1/player/pause", {200, "hello", "text/plain"});
+    const struct
+    {
+        std::vector<std::string> arguments;
+        int status;
+        const char* message;
+    } rows[] = {
+        {{"status"}, 0, ""},
+        {{"login", "--status"}, 1, "kelo: Service: it's \\x1bdown\n"},
+        {{"login", "--status", "--json"}, 1, "kelo: Service: it's \\x1bdown\n"},
+        {{"rows", "/none"}, 1, "kelo: Not found: no such node\n"},
+        {{"watch", "/none"}, 1, "kelo: Not found: no such node\n"},
+        {{"stop"}, 1, "status 500"},
+        {{"pause"}, 1, "no JSON document"},
+        {{}, 2, "kelo --help"},
+        {{"dance"}, 2, "dance"},
+        {{"rows"}, 2, "PATH"},
+        {{"rows", "/", "--from", "x"}, 2, "--from"},
+        {{"search", "x", "--in", "films"}, 2, "films"},
+        {{"volume", "101"}, 2, "101"},
+        {{"seek", "soon"}, 2, "1:30"},
+        {{"set", "/x", "HIGH"}, 2, "no JSON"},
+        {{"status", "--server", "nonsense"}, 2, "http://HOST:PORT"},
+        {{"status", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
+        {{"watch", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
+        {{"login", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
+    };
+    for (const auto& row : rows) {
+        const auto run = streamer.run(row.arguments);
+        EXPECT_EQ(run.status, row.status) << row.message;
+        EXPECT_THAT(run.err, HasSubstr(row.message));
+        EXPECT_EQ(run.out.empty(), row.status != 0);
+    }
+}
+
+TEST(CommandLine, HelpShowsExamplesBeforeOptions)
+{
+    ScriptedStreamer streamer;
+    for (const char* command : {"rows", "serve", "seek", ""}) {
+        std::vector<std::string> arguments{"--help"};
+        if (*command)
+            arguments.insert(arguments.begin(), command);
+        const auto run = streamer.run(arguments);
+        EXPECT_EQ(run.status, 0);
+        const size_t examples = run.out.find("Examples:\n  kelo ");
+        ASSERT_NE(examples, std::string::npos) << run.out;
+        EXPECT_LT(examples, run.out.find("Options:"));
+    }
+    EXPECT_EQ(streamer.calls().size(), 0u);
+}
+
+TEST(CommandLine, SendsWhatTheApiWants)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("GET /api/v1/player", {200, R"({"state":"playing","positionMs":20000})"});
+    const struct
+    {
+        std::vector<std::string> arguments;
+        const char* expected;
+    } rows[] = {
+        {{"rows", "/a?q=%20", "--from", "-1", "--to", "120", "--roles", "Title,Path"},
+         "GET /api/v1/rows?path=%2Fa%3Fq%3D%2520&from=-1&to=120&roles=Title%2CPath"},
+        {{"data", "/a", "--roles", "Title"}, "GET /api/v1/data?path=%2Fa&roles=Title"},
+        {{"set", "/a\"b"}, R"(POST /api/v1/set {"path":"/a\"b","value":1})"},
+        {{"set", "/a", "9007199254740993"},
+         R"(POST /api/v1/set {"path":"/a","value":9007199254740993})"},
+        {{"set", "/a", "{\"x\": [null]}"},
+         R"(POST /api/v1/set {"path":"/a","value":{"x": [null]}})"},
+        {{"watch", "/a", "/b"}, "GET /api/v1/events?path=%2Fa&path=%2Fb"},
+        {{"play", "123"}, R"(POST /api/v1/player/play {"path":"123"})"},
+        {{"next"}, "POST /api/v1/player/next {}"},
+        {{"seek", "1:30"}, R"(POST /api/v1/player/seek {"positionMs":90000})"},
+        {{"seek", "+1"}, R"(POST /api/v1/player/seek {"positionMs":21000})"},
+        {{"seek", "--", "-30"}, R"(POST /api/v1/player/seek {"positionMs":0})"},
+        {{"volume", "40"}, R"(POST /api/v1/player/volume {"percent":40})"},
+        {{"logout"}, "DELETE /api/v1/login"},
+    };
+    for (const auto& row : rows) {
+        EXPECT_EQ(streamer.run(row.arguments).status, 1);
+        EXPECT_EQ(streamer.calls().back(), row.expected);
+    }
+}
+
+const char* const page = R"({"path":"/tidal","from":9,"rowsCount":99,"rowsVersion":1,
+"roles":{"Title":"Top"},"rows":[
+{"Title":"Group","Type":"Header"},
+{"Title":"Album","Description":"漢字","Type":"Container","Path":"/a?id=1"},
+{"Title":"Song \u001b[31m","Type":"Audio","Path":"/s","Disabled":true}]})";
+
+TEST(RowsCommand, PrintsAnAlignedTableWithPathsToPaste)
+{
+    ScriptedStreamer streamer;
+    streamer.answer(tidalRows, {200, page});
+    const auto run = streamer.run({"rows", "/tidal"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "Top  99 rows, here 9 to 11\n"
+                       " 9    Group\n"
+                       "10  ▸ Album                     漢字  '/a?id=1'\n"
+                       "11  ♪ Song \\x1b[31m (disabled)        /s\n");
+}
+
+TEST(RowsCommand, FitsTheWidthAndNeverCutsPaths)
+{
+    ScriptedStreamer streamer;
+    const std::string longText(70, 'x');
+    const std::string path = "/" + std::string(60, 'p');
+    streamer.answer(
+        tidalRows,
+        {200, R"({"path":"/tidal","from":0,"rowsCount":1,"roles":{},"rows":[{"Title":")" +
+                  longText + R"(","Description":")" + longText + R"(","Path":")" + path +
+                  R"("}]})"});
+    for (const int width : {40, 80, 120, 240}) {
+        const auto run = streamer.run({"rows", "/tidal"}, {width, false, false});
+        EXPECT_THAT(run.out, HasSubstr(path));
+        for (const QString& line : QString::fromStdString(run.out).split('\n')) {
+            const bool mayBeLonger = width < 80 && line.contains(QString::fromStdString(path));
+            EXPECT_TRUE(mayBeLonger || line.size() <= width) << line.toStdString();
+        }
+        EXPECT_EQ(run.out.find('\033'), std::string::npos);
+    }
+    EXPECT_THAT(streamer.run({"rows", "/tidal"}, {80, true, true}).out, HasSubstr("\033[2m"));
+}
+
+TEST(CommandLine, JsonIsTheDocumentAsItCame)
+{
+    ScriptedStreamer streamer;
+    const std::string body = "{\"z\": 9007199254740993,\n \"a\": [1.0, \"\xc2\x9b\"]}";
+    const std::string printed = "{\"z\": 9007199254740993,\n \"a\": [1.0, \"\\u009b\"]}\n";
+    streamer.answer(tidalRows, {200, body});
+    streamer.answer("GET /api/v1/data?path=%2Fx", {200, body});
+    streamer.answer("POST /api/v1/set", {200, body});
+    streamer.answer("GET /api/v1/player", {200, body});
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"rows", "/tidal"}, {"data", "/x"}, {"set", "/x"}, {"status"}}) {
+        std::vector<std::string> before = arguments;
+        before.insert(before.begin(), "--json");
+        EXPECT_EQ(streamer.run(before).out, printed);
+        std::vector<std::string> after = arguments;
+        after.push_back("--json");
+        EXPECT_EQ(streamer.run(after).out, printed);
+    }
+}
+
+TEST(NodeCommands, PrintDataAndRepliesForPeople)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("GET /api/v1/data?path=%2Fx",
+                    {200, R"({"data":{"Title":"A\nB","Value":{"k":[true,null,5]},"N":7}})"});
+    EXPECT_EQ(streamer.run({"data", "/x"}).out,
+              "N      7\nTitle  A\\nB\nValue  {\"k\":[true,null,5]}\n");
+    const struct
+    {
+        const char* reply;
+        const char* expected;
+    } rows[] = {{R"({"reply":null})", "done\n"},
+                {R"({"reply":"ok\u0007"})", "ok\\x07\n"},
+                {R"({"reply":{"a":1}})", "a  1\n"},
+                {R"({"reply":[1]})", "[1]\n"}};
+    for (const auto& row : rows) {
+        streamer.answer("POST /api/v1/set", {200, row.reply});
+        EXPECT_EQ(streamer.run({"set", "/x"}).out, row.expected);
+    }
+}
+
+/// The service's tree as far as a search walks it, the lists named as a translation would.
+void addSearchTree(ScriptedStreamer& streamer)
+{
+    streamer.answer("GET /api/v1/rows?path=%2Ftidal&from=0&to=0",
+                    {200, R"({"rows":[],"roles":{"SearchPath":"/tidal/sc"}})"});
+    streamer.answer("GET /api/v1/rows?path=%2Ftidal%2Fsc&from=0&to=0",
+                    {200, R"({"rows":[{"Path":"/tidal/search"}]})"});
+    std::string rows;
+    for (const std::string kind : {"albums", "tracks", "artists", "playlists"}) {
+        const std::string list = "/l/" + kind;
+        rows += (rows.empty() ? "" : ",") + ("{\"Title\":\"Liste\",\"Path\":\"" + list) +
+                R"(?query=it%27s%20%26"})";
+        const std::string query =
+            "GET /api/v1/rows?path=%2Fl%2F" + kind + "%3Fquery%3Dit%2527s%2520%2526&from=0&to=";
+        const std::string answer =
+            R"({"path":"x","from":0,"rowsCount":7,"roles":{},"rows":[{"Title":"a )" + kind +
+            R"(","Type":"Audio","Path":"/p"}]})";
+        streamer.answer(query + "4", {200, answer});
+        streamer.answer(query + "49", {200, answer});
+    }
+    streamer.answer(
+        "GET /api/v1/rows?path=%2Ftidal%2Fsearch%3Fquery%3Dit%2527s%2520%2526&from=0&to=49",
+        {200, "{\"rows\":[" + rows + "]}"});
+}
+
+TEST(SearchCommand, WalksTheTreeToTheLists)
+{
+    ScriptedStreamer streamer;
+    addSearchTree(streamer);
+    const auto all = streamer.run({"search", "it's &"});
+    EXPECT_EQ(all.status, 0) << all.err;
+    EXPECT_THAT(all.out, StartsWith("albums  7 found, all: kelo rows "
+                                    "'/l/albums?query=it%27s%20%26'\n0  ♪ a albums  /p\n\ntracks"));
+    EXPECT_THAT(all.out, HasSubstr("a playlists"));
+
+    const auto one = streamer.run({"search", "it's &", "--in", "artists"});
+    EXPECT_THAT(one.out, HasSubstr("a artists"));
+    EXPECT_THAT(one.out, Not(HasSubstr("a albums")));
+
+    const auto json = streamer.run({"search", "it's &", "--json"});
+    const QJsonObject document =
+        QJsonDocument::fromJson(QByteArray::fromStdString(json.out)).object();
+    EXPECT_EQ(document.keys(), (QStringList{"albums", "artists", "playlists", "query", "tracks"}));
+}
+
+TEST(SearchCommand, SaysWhenNobodyIsLoggedIn)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("GET /api/v1/rows?path=%2Ftidal&from=0&to=0",
+                    {200, R"({"rows":[],"roles":{}})"});
+    const auto run = streamer.run({"search", "x"});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("kelo login"));
+}
+
+TEST(TreeCommand, DescendsToTheDepthAndStopsAtCycles)
+{
+    ScriptedStreamer streamer;
+    const auto rowsOf = [](const char* path) {
+        return std::string("GET /api/v1/rows?path=%2F") + path + "&from=0&to=49";
+    };
+    streamer.answer(rowsOf(""), {200, R"({"path":"/","rowsCount":60,"roles":{},"rows":[
+        {"Title":"A","Type":"Container","Path":"/a"},{"Title":"Play","Type":"Action","Path":"/x"},
+        {"Title":"Gone","Type":"Container","Path":"/gone"}]})"});
+    streamer.answer(rowsOf("a"), {200, R"({"path":"/a","rowsCount":2,"roles":{},"rows":[
+        {"Title":"Up","Type":"Container","Path":"/"},
+        {"Title":"B","Type":"Container","Path":"/b"}]})"});
+    EXPECT_EQ(streamer.run({"tree"}).out, "/\n  ▸ A  /a\n    ▸ Up  /\n    ▸ B  /b\n  • Play  /x\n"
+                                          "  ▸ Gone  /gone\n    (Not found: no such node)\n"
+                                          "  ... 57 more\n");
+    EXPECT_EQ(streamer.calls().size(), 3u);
+    EXPECT_THAT(streamer.run({"tree", "--depth", "3"}).out,
+                HasSubstr("    ▸ Up  /\n      (shown above)\n"));
+    const auto json = streamer.run({"tree", "--json"});
+    const QJsonObject tree = QJsonDocument::fromJson(QByteArray::fromStdString(json.out)).object();
+    EXPECT_EQ(tree["rows"][0]["rows"][1]["Title"].toString(), QStringLiteral("B"));
+    EXPECT_EQ(streamer.run({"tree", "/none"}).status, 1);
+}
+
+TEST(StatusCommand, ShowsWhatPlays)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("GET /api/v1/player", {200, R"({"state":"playing","path":"/t?id=1",
+        "title":"So \u001bWhat","artist":"Miles","album":"Blue","positionMs":65000,
+        "durationMs":130000,"quality":{"asked":"HI_RES","delivered":"HIGH"},"note":"skipped 1"})"});
+    EXPECT_EQ(streamer.run({"status"}, {31, false, false}).out,
+              "playing  So \\x1bWhat\n  Miles · Blue\n  ━━━━━━━━────────  1:05 / 2:10\n"
+              "  quality  HI_RES asked, HIGH …\n  note     skipped 1\n  path     '/t?id=1'\n");
+    streamer.answer("GET /api/v1/player", {200, R"({"state":"stopped"})"});
+    EXPECT_EQ(streamer.run({"status"}).out, "stopped\n");
+}
+
+TEST(ServeCommand, HandsOptionsAndSettingsOver)
+{
+    QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+    std::ostringstream out;
+    std::ostringstream err;
+    QStringList served;
+    const auto run = [&](std::vector<std::string> arguments) {
+        err.str({});
+        cli::CommandLine commandLine(
+            {out,
+             err,
+             {},
+             [&](const ServeOptions& options, const Settings& settings) {
+                 served = QStringList{
+                     options.stateDirectory, options.moduleFile, settings.server.listen.toString(),
+                     settings.player.output, settings.log.level, options.isDemo ? "demo" : ""};
+                 return 7;
+             },
+             nullptr});
+        return commandLine.run(std::move(arguments));
+    };
+    EXPECT_EQ(run({"serve", "--demo", "--listen", "127.0.0.1:0", "--output", "null", "--log-level",
+                   "warn", "--module", "/m.so", "--state-dir", "/s", "-o", "log.level=debug"}),
+              7);
+    EXPECT_EQ(served, (QStringList{"/s", "/m.so", "127.0.0.1:0", "null", "warn", "demo"}));
+    EXPECT_EQ(run({"serve", "--listen", "here"}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("--listen: server.listen: wanted ADDR:PORT"));
+    EXPECT_EQ(run({"serve", "--config", "/none.toml"}), 2);
+    EXPECT_THAT(err.str(), HasSubstr("/none.toml: cannot be read"));
+}
+
+TEST(ConfigCommand, ShowsOriginsAndMasksSecrets)
+{
+    QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+    ScriptedStreamer streamer;
+    for (const bool isJson : {false, true}) {
+        std::vector<std::string> arguments{"config", "-o", "tidal.oauth2.client_secret=hush", "-o",
+                                           "log.level=debug"};
+        if (isJson)
+            arguments.push_back("--json");
+        const auto run = streamer.run(arguments);
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_THAT(run.out, HasSubstr("\"***\""));
+        EXPECT_THAT(run.out, HasSubstr("\"debug\""));
+        EXPECT_THAT(run.out, HasSubstr("-o"));
+        EXPECT_THAT(run.out, Not(HasSubstr("hush")));
+    }
+}
+
+TEST(DoctorCommand, FailsOnWhatKeepsItFromPlaying)
+{
+    QTemporaryDir folder;
+    qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+    ScriptedStreamer streamer;
+    streamer.answer("GET /healthz", {200, "ok\n", "text/plain"});
+    streamer.answer("GET /readyz", {503, "starting", "text/plain"});
+    streamer.answer("GET /api/v1/login", {200, R"({"loggedIn":true})"});
+    const std::string state = folder.filePath("deep/state").toStdString();
+    const auto good = streamer.run({"doctor", "--state-dir", state});
+    EXPECT_EQ(good.status, 0) << good.out;
+    EXPECT_THAT(good.out, HasSubstr("GStreamer 1."));
+    EXPECT_THAT(good.out, HasSubstr("ok    login     logged in"));
+    EXPECT_THAT(good.out, HasSubstr("warn  ready "));
+    EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
+
+    const auto bad =
+        streamer.run({"doctor", "--state-dir", "/proc/none", "--server", "http://127.0.0.1:1"});
+    EXPECT_EQ(bad.status, 1);
+    EXPECT_THAT(bad.out, HasSubstr("FAIL  streamer  no streamer reachable"));
+    EXPECT_THAT(bad.out, HasSubstr("FAIL  state "));
+}
+
+} // namespace

@@ -1,0 +1,132 @@
+#include "streamer/ScriptedStreamer.h"
+
+#include <gmock/gmock.h>
+#include <regex>
+
+namespace {
+
+using testing::HasSubstr;
+
+const char* const events = "GET /api/v1/events";
+const char* const eventsOfA = "GET /api/v1/events?path=%2Fa";
+
+ScriptedStreamer::Answer stream(const std::string& body, const std::string& after = "")
+{
+    return {200, body, "text/event-stream", after};
+}
+
+TEST(WatchCommand, PrintsOneLineForEachNotice)
+{
+    ScriptedStreamer streamer;
+    streamer.answer(
+        eventsOfA,
+        stream("event: rows\ndata: {\"path\":\"/a?k=\\u001b\",\"change\":\"reset\",\"count\":6}\n\n"
+               "event: player\ndata: {}\n\n: alive\n\n"
+               "event: rows\ndata: {\"path\":\"/a\",\"change\":[\"-4\",\"7\"],\"count\":-1}\n\n"
+               "event: rows\ndata: broken\n\n"));
+    const auto run = streamer.run({"watch", "/a"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    const std::string time = "[0-2][0-9]:[0-5][0-9]:[0-5][0-9]";
+    EXPECT_TRUE(std::regex_match(run.out, std::regex(time + "  '/a\\?k=\\\\x1b'  reset  6\n" +
+                                                     time + "  /a  -4,7  -1\n" + time + ".*\n")))
+        << run.out;
+    const auto json = streamer.run({"watch", "/a", "--json"});
+    EXPECT_THAT(json.out, HasSubstr("{\"path\":\"/a\",\"change\":[\"-4\",\"7\"],\"count\":-1}\n"));
+}
+
+TEST(RowsCommand, FollowPrintsThePageAgainAfterEachChange)
+{
+    ScriptedStreamer streamer;
+    const std::string rows = "GET /api/v1/rows?path=%2Fa&from=0&to=49";
+    const std::string notice = "event: rows\ndata: {\"path\":\"/a\"}\n\n";
+    streamer.answer(rows, {200, R"({"path":"/a","from":0,"rowsCount":0,"roles":{},"rows":[]})"});
+    streamer.answer(eventsOfA, stream(notice + "event: login\ndata: {}\n\n" + notice));
+    const auto run = streamer.run({"rows", "/a", "--follow"});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(run.out, "/a  0 rows\n\n/a  0 rows\n\n/a  0 rows\n");
+    EXPECT_THAT(streamer.calls(), testing::ElementsAre(eventsOfA, rows, rows, rows));
+}
+
+TEST(StatusCommand, FollowPrintsALineForEachChangeAndDrawsInPlaceForPeople)
+{
+    ScriptedStreamer streamer;
+    const std::string first = R"({"state":"playing","title":"A","positionMs":1000})";
+    const std::string moved = R"({"state":"playing","title":"A","positionMs":2000})";
+    const std::string paused = R"({"state":"paused","title":"A","positionMs":2000})";
+    streamer.answer("GET /api/v1/player", {200, first});
+    streamer.answer(events,
+                    stream("event: player\ndata: " + moved +
+                           "\n\nevent: rows\ndata: {}\n\nevent: player\ndata: " + paused + "\n\n"));
+    EXPECT_EQ(streamer.run({"status", "--follow"}).out, "playing  A  0:01\npaused  A  0:02\n");
+    EXPECT_EQ(streamer.run({"status", "--follow"}, {80, true, false}).out,
+              "playing  A\n  0:01\n\033[2A\033[Jplaying  A\n  0:02\n\033[2A\033[Jpaused  A\n"
+              "  0:02\n");
+    EXPECT_EQ(streamer.run({"status", "--follow", "--json"}).out,
+              first + '\n' + moved + '\n' + paused + '\n');
+}
+
+TEST(LoginCommand, WaitsForTheDecision)
+{
+    const std::string pending =
+        R"({"loggedIn":false,"pending":{"userCode":"ABCDE","verificationUri":"example.org/x",
+            "verificationUriComplete":"example.org/x/ABCDE","expiresIn":)";
+    const std::string still = "event: login\ndata: {\"loggedIn\":false,\"pending\":{\"a\":1}}\n\n";
+    const struct
+    {
+        std::string answer;
+        std::string stream;
+        int status;
+        const char* out;
+        const char* err;
+    } rows[] = {
+        {pending + "300}}", still + "event: login\ndata: {\"loggedIn\":true}\n\n", 0, "logged in\n",
+         ""},
+        {pending + "300}}",
+         "event: login\ndata: {\"loggedIn\":false,\"problem\":\"access_denied\"}\n\n", 1, "ABCDE",
+         "kelo: not logged in: access_denied\n"},
+        {pending + "300}}", "event: login\ndata: {\"loggedIn\":false}\n\n", 1, "ABCDE",
+         "ended elsewhere"},
+        {pending + "300}}", still, 3, "ABCDE", "the streamer ended"},
+        {R"({"loggedIn":true})", "", 0, "logged in\n", ""},
+        {R"({"loggedIn":false,"problem":"no client id"})", "", 1, "", "no client id"},
+    };
+    for (const auto& row : rows) {
+        ScriptedStreamer streamer;
+        streamer.answer("POST /api/v1/login", {200, row.answer});
+        streamer.answer(events, stream(row.stream, "POST /api/v1/login"));
+        const auto run = streamer.run({"login"});
+        EXPECT_EQ(run.status, row.status) << row.stream;
+        EXPECT_THAT(run.out, HasSubstr(row.out));
+        EXPECT_THAT(run.err, HasSubstr(row.err));
+    }
+}
+
+TEST(LoginCommand, ShowsAddressCodeAndQrCodeAndSaysWhenItExpires)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("POST /api/v1/login",
+                    {200, R"({"loggedIn":false,"pending":{"userCode":"AB\u001bC",
+                        "verificationUri":"example.org/x","expiresIn":0}})"});
+    streamer.answer(events, stream("", "GET /end"));
+    const auto run = streamer.run({"login"}, {80, true, false});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("the code has expired"));
+    EXPECT_THAT(run.out, HasSubstr("Open     example.org/x\nCode     AB\\x1bC\n"));
+    EXPECT_THAT(run.out, HasSubstr("█ ▄▄▄▄▄ █"));
+    EXPECT_THAT(run.out, HasSubstr("waiting, 0:00 left"));
+    httplib::Client(streamer.address()).Get("/end");
+}
+
+TEST(LoginCommand, JsonKeepsStdoutForTheFinalAnswer)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("POST /api/v1/login",
+                    {200, R"({"loggedIn":false,"pending":{"userCode":"ABCDE"}})"});
+    streamer.answer(events,
+                    stream("event: login\ndata: {\"loggedIn\":true}\n\n", "POST /api/v1/login"));
+    const auto run = streamer.run({"login", "--json"});
+    EXPECT_EQ(run.out, "{\"loggedIn\":true}\n");
+    EXPECT_THAT(run.err, HasSubstr("ABCDE"));
+}
+
+} // namespace

@@ -1,0 +1,80 @@
+#include "streamer/ScriptedStreamer.h"
+
+#include <sstream>
+
+ScriptedStreamer::ScriptedStreamer()
+{
+    const auto handler = [this](const httplib::Request& request, httplib::Response& response) {
+        respond(request, response);
+    };
+    m_server.Get(".*", handler).Post(".*", handler).Delete(".*", handler);
+    m_server.set_keep_alive_timeout(1);
+    m_port = m_server.bind_to_any_port("127.0.0.1");
+    m_thread = std::thread([this] { m_server.listen_after_bind(); });
+    // Answered once the server runs; stopping it earlier would do nothing.
+    httplib::Client(address()).Get("/");
+    m_calls.clear();
+}
+
+ScriptedStreamer::~ScriptedStreamer()
+{
+    m_server.stop();
+    m_thread.join();
+}
+
+void ScriptedStreamer::answer(const std::string& call, Answer answer)
+{
+    const std::lock_guard lock(m_mutex);
+    m_answers[call] = std::move(answer);
+}
+
+std::vector<std::string> ScriptedStreamer::calls()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_calls;
+}
+
+void ScriptedStreamer::respond(const httplib::Request& request, httplib::Response& response)
+{
+    const std::string call = request.method + ' ' + request.target;
+    const std::lock_guard lock(m_mutex);
+    m_calls.push_back(request.body.empty() ? call : call + ' ' + request.body);
+    m_arrived.notify_all();
+    const auto found = m_answers.find(call);
+    if (found == m_answers.end()) {
+        response.status = 404;
+        response.set_content(R"({"title":"Not found","detail":"no such node"})",
+                             "application/problem+json");
+        return;
+    }
+    const Answer answer = found->second;
+    response.status = answer.status;
+    if (answer.type != "text/event-stream") {
+        response.set_content(answer.body, answer.type.c_str());
+        return;
+    }
+    response.set_chunked_content_provider(
+        answer.type.c_str(), [this, answer](size_t, httplib::DataSink& sink) {
+            std::unique_lock wait(m_mutex);
+            m_arrived.wait(wait, [&] {
+                return answer.after.empty() ||
+                       std::any_of(m_calls.begin(), m_calls.end(), [&](const std::string& call) {
+                           return call.rfind(answer.after, 0) == 0;
+                       });
+            });
+            sink.write(answer.body.data(), answer.body.size());
+            sink.done();
+            return true;
+        });
+}
+
+ScriptedStreamer::Run ScriptedStreamer::run(std::vector<std::string> arguments,
+                                            cli::Terminal::Properties terminal)
+{
+    std::ostringstream out;
+    std::ostringstream err;
+    arguments.insert(arguments.begin(), {"--server", address()});
+    cli::CommandLine commandLine({out, err, terminal, nullptr, nullptr});
+    const int status = commandLine.run(std::move(arguments));
+    return {status, out.str(), err.str()};
+}

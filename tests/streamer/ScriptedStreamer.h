@@ -1,0 +1,53 @@
+#pragma once
+
+#include "client/CommandLine.h"
+
+#include <condition_variable>
+#include <httplib.h>
+#include <map>
+#include <mutex>
+#include <thread>
+
+/// A streamer that answers from a script, on loopback with a port of its own. A test adds answers,
+/// runs commands against it and looks at what arrived. Unknown calls get a 404 problem.
+class ScriptedStreamer
+{
+public:
+    struct Answer
+    {
+        int status;
+        std::string body;
+        std::string type = "application/json";
+        std::string after =
+            {}; ///< sends the body only when this call has arrived: "POST /api/v1/login"
+    };
+    struct Run
+    {
+        int status;
+        std::string out;
+        std::string err;
+    };
+
+    ScriptedStreamer();
+    ~ScriptedStreamer();
+
+    /// \p call is the method and the target as it stands on the wire; calls() shows them the same.
+    void answer(const std::string& call, Answer answer);
+    /// "METHOD target", with a blank and the body where there is one, in order of arrival.
+    std::vector<std::string> calls();
+    std::string address() const { return "http://127.0.0.1:" + std::to_string(m_port); }
+
+    /// Runs a command line against this streamer.
+    Run run(std::vector<std::string> arguments, cli::Terminal::Properties terminal = {});
+
+private:
+    void respond(const httplib::Request& request, httplib::Response& response);
+
+    httplib::Server m_server;
+    int m_port = 0;
+    std::mutex m_mutex; ///< guards all below
+    std::condition_variable m_arrived;
+    std::map<std::string, Answer> m_answers;
+    std::vector<std::string> m_calls;
+    std::thread m_thread;
+};

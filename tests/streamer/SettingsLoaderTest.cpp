@@ -1,0 +1,213 @@
+#include "settings/SettingsLoader.h"
+#include "settings/SettingsKeys.h"
+#include "settings/StateDirectory.h"
+
+#include <gmock/gmock.h>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+namespace {
+
+using testing::HasSubstr;
+
+/// A folder of its own as the user's settings folder, and nothing of this machine's.
+class SettingsLoaderTest : public testing::Test
+{
+protected:
+    SettingsLoaderTest()
+    {
+        qputenv("XDG_CONFIG_HOME", m_folder.path().toLocal8Bit());
+        qunsetenv("CREDENTIALS_DIRECTORY");
+    }
+
+    QString write(const QString& name, const QByteArray& content)
+    {
+        const QString path = m_folder.filePath(name);
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(content);
+        return path;
+    }
+
+    static LoadedSettings load(const QString& file, const QStringList& overrides = {})
+    {
+        std::vector<SettingsOverride> list;
+        for (const QString& text : overrides)
+            list.push_back(SettingsLoader::splitOverride(text));
+        return SettingsLoader(file, list).load();
+    }
+
+    QTemporaryDir m_folder;
+};
+
+TEST_F(SettingsLoaderTest, ReadsEveryKeyBackFromAFileThatSetsThemAll)
+{
+    const QByteArray content = R"([server]
+listen = "[::1]:0"
+[log]
+level = "trace"
+file = "/tmp/kelo.log"
+[deadlines]
+rows_s = 0.25
+data_s = 3
+set_s = 4.5
+[player]
+output = "null"
+[tidal]
+api_url = "http://127.0.0.1:9000/v1/"
+country_code = "DE"
+image_url = "http://127.0.0.1:9000/images"
+image_size = "1x2"
+image_size_artist = "3x4"
+image_size_playlist = "5x6"
+image_size_genre = "7x8"
+image_size_mood = "9x10"
+max_idle_time_ms = 0
+sound_quality = "HI_RES"
+use_post_paywall = false
+[tidal.oauth2]
+device_code_url = "http://127.0.0.1:9000/d"
+authorization_url = "http://127.0.0.1:9000/a"
+token_url = "http://127.0.0.1:9000/t"
+client_id = "id"
+client_secret = "hush"
+client_secret_file = ""
+scope = "r_usr"
+)";
+    const QString file = write(QStringLiteral("all.toml"), content);
+    const LoadedSettings loaded = load(file);
+    ASSERT_EQ(loaded.problems, QStringList());
+    for (const SettingsKey& key : settingsKeys()) {
+        const int line =
+            content.left(content.indexOf('\n' + key.word().toLatin1() + " =") + 1).count('\n') + 1;
+        EXPECT_EQ(loaded.origin(key.name), QStringLiteral("%1:%2").arg(file).arg(line));
+        const bool isDefault = key.read(loaded.settings) == key.read(Settings());
+        EXPECT_EQ(isDefault, key.word() == QLatin1String("client_secret_file"))
+            << key.name.toStdString();
+    }
+    const Settings& settings = loaded.settings;
+    EXPECT_EQ(settings.server.listen.host, QStringLiteral("::1"));
+    EXPECT_EQ(settings.server.listen.port, 0);
+    EXPECT_EQ(settings.deadlines.rowsSeconds, 0.25);
+    EXPECT_EQ(settings.deadlines.dataSeconds, 3);
+    EXPECT_EQ(settings.tidal.apiUrl, QStringLiteral("http://127.0.0.1:9000/v1"));
+    EXPECT_EQ(settings.tidal.imageUrl, QStringLiteral("http://127.0.0.1:9000/images/"));
+    EXPECT_EQ(settings.tidal.oauth2.clientSecret.reveal(), QStringLiteral("hush"));
+    EXPECT_EQ(findSettingsKey(QStringLiteral("tidal.oauth2.client_secret"))->read(settings),
+              QVariant(QStringLiteral("***")));
+}
+
+TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
+{
+    const struct
+    {
+        const char* content;
+        const char* line;
+        const char* expected;
+    } rows[] = {
+        {"[server]\n\nlisten = 8095", ":3: server.listen: ", "wanted ADDR:PORT"},
+        {"[server]\nlisten = \"127.0.0.1\"", ":2: server.listen: ", "got \"127.0.0.1\""},
+        {"[server]\nlisten = \"1.2.3:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
+        {"[server]\nlisten = \"127.0.0.1:65536\"", ":2: server.listen: ", "wanted ADDR:PORT"},
+        {"[server]\nlisten = \"::1:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
+        {"[server]\nport = 1", ":2: server.port: ", "wanted one of listen"},
+        {"[servr]\nlisten = 1", ":1: servr: ", "no such key"},
+        {"server = 3", ":1: server: ", "wanted a section [server]"},
+        {"[[server]]\nlisten = \"127.0.0.1:1\"", ":1: server: ", "wanted a section [server]"},
+        {"[log]\nlevel = \"loud\"", ":2: log.level: ", "trace, debug, info, warn, error"},
+        {"[deadlines]\nrows_s = 0", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+        {"[deadlines]\nrows_s = -0.1", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+        {"[deadlines]\nrows_s = nan", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+        {"[deadlines]\nrows_s = inf", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+        {"[deadlines]\nrows_s = \"5\"", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+        {"[player]\noutput = \" \"", ":2: player.output: ", "wanted auto, null or"},
+        {"[tidal]\napi_url = \"ftp://x/\"", ":2: tidal.api_url: ", "wanted an http or https"},
+        {"[tidal]\napi_url = \"http://\"", ":2: tidal.api_url: ", "wanted an http or https"},
+        {"[tidal]\nimage_url = \"http://u:pw@x/\"", ":2: tidal.image_url: ", "with an \"@\""},
+        {"[tidal]\nimage_size = \"320\"", ":2: tidal.image_size: ", "wanted WIDTHxHEIGHT"},
+        {"[tidal]\ncountry_code = \"no\"", ":2: tidal.country_code: ", "two capital letters"},
+        {"[tidal]\nmax_idle_time_ms = 1.5", ":2: tidal.max_idle_time_ms: ", "whole milli"},
+        {"[tidal]\nmax_idle_time_ms = -1", ":2: tidal.max_idle_time_ms: ", "whole milli"},
+        {"[tidal]\nmax_idle_time_ms = 2147483648", ":2: tidal.max_idle_time_ms: ", "whole milli"},
+        {"[tidal]\nsound_quality = \"MAX\"", ":2: tidal.sound_quality: ", "LOSSLESS, HI_RES"},
+        {"[tidal]\nuse_post_paywall = 1", ":2: tidal.use_post_paywall: ", "true or false"},
+        {"[tidal]\nimage_size = [1]", ":2: tidal.image_size: ", "got a value of type array"},
+        {"[tidal.oauth2]\nscope = 2024-01-01", ":2: tidal.oauth2.scope: ", "type date"},
+        {"[tidal.oauth2]\nclient_secret_file = \"none\"", ":2: ", "cannot read"},
+        {"[log]\nlevel = ", ":2: ", "not TOML"},
+    };
+    for (const auto& row : rows) {
+        const QString file = write(QStringLiteral("wrong.toml"), row.content);
+        const LoadedSettings loaded = load(file);
+        ASSERT_EQ(loaded.problems.size(), 1) << row.content;
+        const std::string problem = loaded.problems.first().toStdString();
+        EXPECT_THAT(problem, testing::StartsWith(file.toStdString() + row.line)) << row.content;
+        EXPECT_THAT(problem, HasSubstr(row.expected)) << row.content;
+        EXPECT_THAT(problem, testing::Not(HasSubstr("pw"))) << row.content;
+    }
+}
+
+TEST_F(SettingsLoaderTest, CollectsAllProblemsOfFileAndCommandLine)
+{
+    const QString file = write(QStringLiteral("wrong.toml"), "[log]\nlevel = 1\nfile = 2\n");
+    const LoadedSettings loaded =
+        load(file, {"tidal.max_idle_time_ms=x", "log.level", "=", "tidal.use_post_paywall=1"});
+    EXPECT_EQ(loaded.problems.size(), 6);
+    for (int i = 2; i < 6; ++i)
+        EXPECT_TRUE(loaded.problems.value(i).startsWith(QLatin1String("-o: ")));
+}
+
+TEST_F(SettingsLoaderTest, PrefersCommandLineToFileToDefault)
+{
+    write(QStringLiteral("kelo/kelo.toml"), "[log]\nlevel = \"warn\"\nfile = \"a\"\n");
+    const LoadedSettings user = load(QString(), {"log.level=error", "deadlines.rows_s=0.5",
+                                                 "tidal.use_post_paywall=false", "log.file="});
+    ASSERT_EQ(user.problems, QStringList());
+    EXPECT_EQ(user.settings.log.level, QStringLiteral("error"));
+    EXPECT_EQ(user.settings.log.file, QString());
+    EXPECT_EQ(user.settings.deadlines.rowsSeconds, 0.5);
+    EXPECT_FALSE(user.settings.tidal.usePostPaywall);
+    EXPECT_EQ(user.origin(QStringLiteral("log.level")), QStringLiteral("-o"));
+    EXPECT_EQ(user.origin(QStringLiteral("tidal.api_url")), QStringLiteral("default"));
+
+    const LoadedSettings named = load(write(QStringLiteral("other.toml"), ""));
+    EXPECT_EQ(named.settings.log.level, QStringLiteral("info"));
+    EXPECT_EQ(load(m_folder.filePath(QStringLiteral("gone.toml"))).problems.size(), 1);
+    EXPECT_EQ(load(m_folder.path()).problems.size(), 1);
+}
+
+TEST_F(SettingsLoaderTest, TakesTheClientSecretFromTheFirstPlaceThatHasOne)
+{
+    write(QStringLiteral("credentials/kelo.client_secret"), "from credential\n");
+    qputenv("CREDENTIALS_DIRECTORY",
+            m_folder.filePath(QStringLiteral("credentials")).toLocal8Bit());
+    write(QStringLiteral("secret"), "from file\n");
+    const QByteArray section = "[tidal.oauth2]\n";
+    const QByteArray file = "client_secret_file = \"secret\"\n"; // beside the settings file
+    const struct
+    {
+        QByteArray content;
+        const char* expected;
+    } rows[] = {{section + file + "client_secret = \"from setting\"", "from setting"},
+                {section + file, "from file"},
+                {section, "from credential"}};
+    for (const auto& row : rows) {
+        const LoadedSettings loaded = load(write(QStringLiteral("s.toml"), row.content));
+        EXPECT_EQ(loaded.problems, QStringList());
+        EXPECT_EQ(loaded.settings.tidal.oauth2.clientSecret.reveal(), row.expected);
+    }
+}
+
+TEST(StateDirectory, PrefersCommandLineToServiceManagerToUser)
+{
+    qputenv("XDG_STATE_HOME", "/user");
+    qputenv("STATE_DIRECTORY", "/managed:/other");
+    EXPECT_EQ(stateDirectory(QStringLiteral("/given")), QStringLiteral("/given"));
+    EXPECT_EQ(stateDirectory(), QStringLiteral("/managed"));
+    qunsetenv("STATE_DIRECTORY");
+    EXPECT_EQ(stateDirectory(), QStringLiteral("/user/kelo"));
+}
+
+} // namespace
