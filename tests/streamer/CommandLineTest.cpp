@@ -344,8 +344,11 @@ TEST(DoctorCommand, FailsOnWhatKeepsItFromPlaying)
     EXPECT_THAT(good.out, HasSubstr("warn  ready "));
     EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
 
+    QFile file(folder.filePath("file"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly)); // nothing can be made below a file
     const auto bad =
-        streamer.run({"doctor", "--state-dir", "/proc/none", "--server", "http://127.0.0.1:1"});
+        streamer.run({"doctor", "--state-dir", file.fileName().toStdString() + "/state", "--server",
+                      "http://127.0.0.1:1"});
     EXPECT_EQ(bad.status, 1);
     EXPECT_THAT(bad.out, HasSubstr("FAIL  streamer  no streamer reachable"));
     EXPECT_THAT(bad.out, HasSubstr("FAIL  state "));

@@ -9,6 +9,7 @@ ScriptedStreamer::ScriptedStreamer()
     };
     m_server.Get(".*", handler).Post(".*", handler).Delete(".*", handler);
     m_server.set_keep_alive_timeout(1);
+    m_server.set_tcp_nodelay(true);
     m_port = m_server.bind_to_any_port("127.0.0.1");
     m_thread = std::thread([this] { m_server.listen_after_bind(); });
     // Answered once the server runs; stopping it earlier would do nothing.
