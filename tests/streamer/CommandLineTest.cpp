@@ -29,10 +29,10 @@ TEST(CommandLine, ExitStatusTellsWhatWentWrong)
         const char* message;
     } rows[] = {
         {{"status"}, 0, ""},
-        {{"login", "--status"}, 1, "kelo: Service: it's \\x1bdown\n"},
-        {{"login", "--status", "--json"}, 1, "kelo: Service: it's \\x1bdown\n"},
-        {{"rows", "/none"}, 1, "kelo: Not found: no such node\n"},
-        {{"watch", "/none"}, 1, "kelo: Not found: no such node\n"},
+        {{"login", "--status"}, 1, "kelo: it's \\x1bdown\n"},
+        {{"login", "--status", "--json"}, 1, "kelo: it's \\x1bdown\n"},
+        {{"rows", "/none"}, 1, "kelo: no such node\n"},
+        {{"watch", "/none"}, 1, "kelo: no such node\n"},
         {{"stop"}, 1, "status 500"},
         {{"pause"}, 1, "no JSON document"},
         {{}, 2, "kelo --help"},
@@ -253,7 +253,7 @@ TEST(TreeCommand, DescendsToTheDepthAndStopsAtCycles)
         {"Title":"Up","Type":"Container","Path":"/"},
         {"Title":"B","Type":"Container","Path":"/b"}]})"});
     EXPECT_EQ(streamer.run({"tree"}).out, "/\n  ▸ A  /a\n    ▸ Up  /\n    ▸ B  /b\n  • Play  /x\n"
-                                          "  ▸ Gone  /gone\n    (Not found: no such node)\n"
+                                          "  ▸ Gone  /gone\n    (no such node)\n"
                                           "  ... 57 more\n");
     EXPECT_EQ(streamer.calls().size(), 3u);
     EXPECT_THAT(streamer.run({"tree", "--depth", "3"}).out,

@@ -55,12 +55,10 @@ ApiReply unreachable(const QString& server, httplib::Error error)
 /// The text of a problem document (RFC 9457, section 3), or of whatever else came.
 QString problemText(int status, const QJsonObject& problem)
 {
-    const QString title = shown(problem.value(QLatin1String("title")).toString());
-    const QString detail = shown(problem.value(QLatin1String("detail")).toString());
-    if (!title.isEmpty() && !detail.isEmpty() && title != detail)
-        return title + QStringLiteral(": ") + detail;
+    const QString detail = problem.value(QLatin1String("detail")).toString();
+    const QString title = problem.value(QLatin1String("title")).toString();
     if (!detail.isEmpty() || !title.isEmpty())
-        return detail.isEmpty() ? title : detail;
+        return shown(detail.isEmpty() ? title : detail);
     return QStringLiteral("the streamer answered with status %1").arg(status);
 }
 
