@@ -1,4 +1,5 @@
 #pragma once
+#include <array>
 #include <atomic>
 #include <kelo/CMNodesWorker.h>
 #include <kelo/CMValueItem.h>
@@ -17,9 +18,7 @@ class TidalBrowseNode;
 class TidalBrowserContextNode;
 class TidalHandler;
 class TidalMoveTrackNode;
-class TidalOrderingContextNode;
 class TidalPlaylistForm;
-class TidalTrackOrderingContextNode;
 
 /// How far the session of the logged-in user is set up.
 struct UserConfigState
@@ -34,15 +33,15 @@ struct UserConfigState
 
 /// Root object of the TIDAL module: takes the host's requests, holds them back until the session of
 /// the user stands, keeps the static part of the tree, and brings items to the player. Owned by the
-/// host; it and everything it creates live on the thread that made it, and its state is touched there
-/// alone, save for what is said to be read on any thread. It sends nothing to the service itself: that
-/// is the handler's, and what the answers look like in rows is the responder's.
+/// host; it and everything it creates live on the thread that made it, and its state is touched
+/// there alone, save for what is said to be read on any thread. It sends nothing to the service
+/// itself: that is the handler's, and what the answers look like in rows is the responder's.
 class TidalWorker : public CMNodesWorker
 {
     Q_OBJECT
 public:
-    /// Blocks until the host's OAuth2 service has taken the service's registration and published its
-    /// login state.
+    /// Blocks until the host's OAuth2 service has taken the service's registration and published
+    /// its login state.
     explicit TidalWorker(const QVariantHash& settings);
     ~TidalWorker() override;
 
@@ -56,8 +55,8 @@ public:
     TidalHandler* getHandler() const { return m_handler; }
     /// The menu of browsed items; null until the static tree is built.
     TidalBrowserContextNode* getBrowserNode() const { return m_browserContext; }
-    /// The menu that the rows of a variation carry; null for an unknown variation and until the static
-    /// tree is built. Any thread.
+    /// The menu that the rows of a variation carry; null for an unknown variation and until the
+    /// static tree is built. Any thread.
     TidalBaseContextNode* contextNode(KeloTidalContextVariation::Enum variation) const;
     /// The action under "/context" or under "/playlistcontext" that adds an item to a playlist.
     CMActivateNode* addToPlaylistNode(bool isPlaylistContext) const;
@@ -152,23 +151,28 @@ private:
 
     /// Sends the service's data to the host's OAuth2 service and waits until it has taken them.
     void registerService();
+    /// Where the host's OAuth2 service publishes the login state of this service.
+    static CMPath loginPath();
 
     /// Whether a request is to be served now; if not it has been answered, served or postponed.
     bool configure(const CMRequest& request);
     /// Takes the set-up of the session one step further.
     void configureUser();
-    /// Ends the set-up: answers what was postponed with "Failed to initialize TIDAL".
+    /// Ends the set-up: answers what was postponed with an error.
     void failSetUp(const TrString& message);
     void finishPosponedRequests(const CMError& error);
     void returnToRequest(CMRequest request);
     bool isLoggedIn() const;
     void resetTopNode();
     void updateUIStructure();
-    bool isTrackedPath(const CMPath& path) const;
+    /// Appends a request to the postponed ones, or refuses it when there are too many.
+    void postpone(const CMRequest& request);
+    /// Whether a path can become the current one.
+    static bool isTrackedPath(const CMPath& path);
 
     /// Builds what is missing of the static tree; false when it cannot be built.
     bool buildStaticStructure();
-    bool isStaticStructureBuilt() const { return m_isStructureBuilt; }
+    bool isStaticStructureBuilt() const { return m_browserContext != nullptr; }
     void buildContext();
     void buildSearch();
     void buildTopMenus();
@@ -177,6 +181,7 @@ private:
     void buildNew();
     void buildPlaylistContexts();
     void buildForms();
+    CMActivateNode* createAddToPlaylist(const CMPath& contextPath);
     CMListRowsNode* createMenu(const QString& subpath, const TrString& title);
     TidalBrowseNode* createList(const CMPath& path, const TrString& title);
     TidalBrowseNode* createPlayableList(const CMPath& path, const TrString& title,
@@ -215,7 +220,8 @@ private:
     KeloTidalBrowseSetting m_playlistTracksSetting;
 
     int m_userState = UserConfigState::NotConfigured;
-    /// Set-up requests that are on their way; above one, the next answer belongs to an earlier set-up.
+    /// Set-up requests that are on their way; above one, the next answer belongs to an earlier
+    /// set-up.
     int m_sessionsUnderWay = 0;
     int m_subscriptionsUnderWay = 0;
     QList<CMRequest> m_postponedRequests; ///< in order of arrival; filled while a set-up runs
@@ -224,7 +230,6 @@ private:
     CMPath m_playlistPath;
 
     // Nodes; owned by the tree, null until built.
-    bool m_isStructureBuilt = false;
     CMListRowsNode* m_message = nullptr;
     CMListRowsNode* m_top = nullptr;
     TidalBrowserContextNode* m_browserContext = nullptr;
@@ -248,18 +253,14 @@ private:
     TidalBrowseNode* m_recommendedTracks = nullptr;
     TidalBrowseNode* m_topTracks = nullptr;
     TidalBrowserContextNode* m_playlistContext = nullptr;
-    CMActivateNode* m_removeFromPlaylist = nullptr;
     CMActivateNode* m_addToPlaylistInPlaylist = nullptr;
-    TidalTrackOrderingContextNode* m_trackOrderingContext = nullptr;
-    TidalOrderingContextNode* m_orderingContext = nullptr;
-    TidalBrowserContextNode* m_myPlaylistTracksContext = nullptr;
     TidalMoveTrackNode* m_moveTrack = nullptr;
     TidalPlaylistForm* m_newPlaylistForm = nullptr;
     TidalPlaylistForm* m_updatePlaylistForm = nullptr;
     QList<CMListRowsNode*> m_genreNodes;
     QList<TidalBrowseNode*> m_moodNodes;
     /// By variation; read on any thread.
-    std::atomic<TidalBaseContextNode*> m_contextNodes[4] = {};
+    std::array<std::atomic<TidalBaseContextNode*>, 4> m_contextNodes{};
 
     // Playing one item.
     PlayLogicInterface* m_player = nullptr; ///< outlives the worker

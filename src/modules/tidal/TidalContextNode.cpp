@@ -1,0 +1,157 @@
+#include "TidalContextNode.h"
+
+#include "TidalBrowseNode.h"
+#include "TidalEditNode.h"
+#include "TidalWorker.h"
+#include <kelo/KeloLog.h>
+#include <kelo/KeloTidalConstants.h>
+
+namespace {
+constexpr int menuContainerType = KeloRolesContainerType::List_;
+}
+
+TidalBaseContextNode* TidalBaseContextNode::create(TidalWorker* worker, const CMPath& path)
+{
+    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
+    auto* node = new TidalBaseContextNode(worker, path);
+    node->setNodes(worker->nodes());
+    return node;
+}
+
+TidalBaseContextNode::TidalBaseContextNode(TidalWorker* worker, const CMPath& path)
+    : CMListRowsNode(path), m_worker(worker)
+{
+    KELO_LOG("Tidal", DEBUG) << "TidalBaseContextNode: path: " << path;
+    setContainerType(menuContainerType);
+    KeloMetaData metaData;
+    metaData.setServiceID(KeloService_Tidal_Id());
+    KeloMediaData mediaData;
+    mediaData.setMetaData(metaData);
+    setMediaData(mediaData);
+    setCopyPathParams(true);
+    m_favoritesNode =
+        TidalAddRemoveFavouritesNode::create(worker, path + QStringLiteral("/favorites"));
+    m_favoritesNode->setTitle(KELO_TR("Favorite"));
+    rowsAppend(m_favoritesNode->path());
+}
+
+TidalBaseContextNode::~TidalBaseContextNode() = default;
+
+QVariant TidalBaseContextNode::getContextRoles(const QMap<QString, QString>& params)
+{
+    std::call_once(m_rolesOnce, [this] {
+        m_roles = getDataRoles(CMPath::Params()).toHash();
+        m_encodedPath = path().toEncoded();
+    });
+    QString text;
+    text.reserve(m_encodedPath.size() + params.size() * 32);
+    text += m_encodedPath;
+    QChar separator = QLatin1Char('?');
+    for (auto it = params.constBegin(); it != params.constEnd(); ++it) {
+        text += separator;
+        CMPath::appendEncodedParam(text, it.key(), it.value());
+        separator = QLatin1Char('&');
+    }
+    QVariantHash roles = m_roles;
+    roles[KeloRoles::Path()] = text;
+    return roles;
+}
+
+void TidalBaseContextNode::setFavorite(bool favorite)
+{
+    m_favoritesNode->setFavorite(favorite);
+}
+
+TidalBrowserContextNode* TidalBrowserContextNode::create(TidalWorker* worker, const CMPath& path)
+{
+    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
+    auto* node = new TidalBrowserContextNode(worker, path);
+    node->setNodes(worker->nodes());
+    return node;
+}
+
+TidalBrowserContextNode::TidalBrowserContextNode(TidalWorker* worker, const CMPath& path)
+    : TidalBaseContextNode(worker, path), m_worker(worker)
+{
+    const CMPath listPath = path + KeloTidalAddToPlaylists() + KeloTidalRequest() +
+                            QStringLiteral("/created") + KeloTidalApiPathUsers() +
+                            QStringLiteral("/") + KeloTidalPlaylists().toLower();
+    TidalBrowseNode* list = TidalBrowseNode::create(worker, listPath);
+    list->setContainerType(menuContainerType);
+    list->setTitle(KELO_TR("Add to playlist"));
+    rowsAppend(list->path());
+    m_playlistPath = list->path();
+}
+
+TidalBrowserContextNode::~TidalBrowserContextNode() = default;
+
+KeloRoles TidalBrowserContextNode::artistRoles(const CMPath& path, const KeloRolesType::Enum& type,
+                                               const QString& title, const QString& id) const
+{
+    QVariant context = KeloHash().toVariant();
+    TidalBaseContextNode* menu = m_worker->contextNode(KeloTidalContextVariation::Base);
+    if (!id.isEmpty() && menu)
+        context = menu->getContextRoles(
+            {{QStringLiteral("id"), id}, {QStringLiteral("type"), KeloTidalArtists()}});
+    KeloRoles roles;
+    roles.setPath(path);
+    roles.setType(type);
+    roles.setTitle(title);
+    roles.setContext(context);
+    return roles;
+}
+
+CMRowList TidalBrowserContextNode::artistRows(const QString& artists) const
+{
+    CMRowList rows;
+    if (artists.isEmpty())
+        return rows;
+    const TrString heading = KELO_TR("Track artists");
+    rows.append(
+        CMRow(artistRoles(CMPath(), KeloRolesType::Header_, heading.toString(), QString())));
+    const QStringList entries = artists.split(QLatin1Char(','));
+    for (const QString& entry : entries) {
+        // The first piece alone is the name, so a name is cut at its first "_"; deliberate.
+        const QStringList pieces = entry.split(QLatin1Char('_'));
+        CMPath path = m_worker->artistsPath();
+        path.addParam(QStringLiteral("artistId"), pieces.last());
+        rows.append(
+            CMRow(artistRoles(path, KeloRolesType::Container_, pieces.first(), pieces.last())));
+    }
+    return rows;
+}
+
+bool TidalBrowserContextNode::getRowsRequest(const CMGetRowsRequest& request)
+{
+    if (!isOwnPath(request.path())) {
+        request.reply().setValue(KeloRowsRoles());
+        return false;
+    }
+    // The version first: rows that change in between are then newer than said, and asked for again.
+    const int version = subscribe()->rowsVersion(request.path());
+    const CMRowList stored = rows();
+    const CMDynamicContent menu{
+        stored.size(), [stored](int offset, int count) { return stored.mid(offset, count); }};
+
+    const QString artists = request.path().param(QStringLiteral("artists"));
+    const int artistCount = artists.isEmpty() ? 0 : artists.count(QLatin1Char(',')) + 2;
+    const CMDynamicContent section{artistCount, [this, artists](int offset, int count) {
+                                       return artistRows(artists).mid(offset, count);
+                                   }};
+    return respondGetRowsRequest(request, {menu, section}, version, rowsRoles(), true);
+}
+
+TidalMyMusicContextNode* TidalMyMusicContextNode::create(TidalWorker* worker, const CMPath& path)
+{
+    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
+    auto* node = new TidalMyMusicContextNode(worker, path);
+    node->setNodes(worker->nodes());
+    return node;
+}
+
+TidalMyMusicContextNode::TidalMyMusicContextNode(TidalWorker* worker, const CMPath& path)
+    : TidalBrowserContextNode(worker, path)
+{
+}
+
+TidalMyMusicContextNode::~TidalMyMusicContextNode() = default;

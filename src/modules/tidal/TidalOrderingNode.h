@@ -1,0 +1,61 @@
+#pragma once
+#include <kelo/CMListRowsNode.h>
+#include <kelo/CMValueNode.h>
+#include <kelo/TrString.h>
+
+class TidalWorker;
+
+/// One setting of a menu that orders lists: a text, one of those that stand at the node's path +
+/// "/Enums". Owned by the worker's tree. Changing it is not built: it is answered with an error
+/// that says so.
+class TidalFilterEnumNode : public CMValueNode
+{
+    Q_OBJECT
+public:
+    /// A value that can be chosen, and how it is shown.
+    struct Choice
+    {
+        TrString title;
+        QString value;
+    };
+
+    /// Makes the setting and its choices.
+    static TidalFilterEnumNode* create(TidalWorker* worker, const CMPath& path,
+                                       const TrString& title, const QList<Choice>& choices,
+                                       const QString& value);
+    ~TidalFilterEnumNode() override;
+
+    /// Whether it orders the tracks of playlists instead of the lists of My Music.
+    void setIsTracks(bool isTracks) { m_isTracks = isTracks; }
+    bool isTracks() const { return m_isTracks; }
+    bool setDataRequest(const CMSetDataRequest& request) override;
+
+private:
+    explicit TidalFilterEnumNode(const CMPath& path);
+
+    bool m_isTracks = false; ///< set before the tree knows the node's menu
+};
+
+/// Menu of how the lists of My Music are ordered and filtered. Owned by the worker's tree.
+class TidalOrderingContextNode : public CMListRowsNode
+{
+    Q_OBJECT
+public:
+    static TidalOrderingContextNode* create(TidalWorker* worker, const CMPath& path);
+    ~TidalOrderingContextNode() override;
+
+private:
+    TidalOrderingContextNode(TidalWorker* worker, const CMPath& path);
+};
+
+/// Menu of how the tracks of playlists are ordered. Owned by the worker's tree.
+class TidalTrackOrderingContextNode : public CMListRowsNode
+{
+    Q_OBJECT
+public:
+    static TidalTrackOrderingContextNode* create(TidalWorker* worker, const CMPath& path);
+    ~TidalTrackOrderingContextNode() override;
+
+private:
+    TidalTrackOrderingContextNode(TidalWorker* worker, const CMPath& path);
+};

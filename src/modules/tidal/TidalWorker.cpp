@@ -1,0 +1,175 @@
+#include "TidalWorker.h"
+
+#include "TidalBrowseNode.h"
+#include "TidalContextNode.h"
+#include "TidalHandler.h"
+#include <kelo/CMActivateNode.h>
+#include <kelo/CMListRowsNode.h>
+#include <kelo/CMSlot.h>
+#include <kelo/KeloLog.h>
+#include <kelo/KeloModule.h>
+#include <kelo/KeloOAuth2.h>
+#include <kelo/KeloTidalConstants.h>
+#include <kelo/PlayLogicInterface.h>
+
+namespace {
+/// The types of this module that travel in signals and queued calls, beside the host's.
+void registerMetaTypes()
+{
+    keloRegisterMetaTypes();
+    qRegisterMetaType<KeloTidalApiErrorResponse>("KeloTidalApiErrorResponse");
+    qRegisterMetaType<KeloTidalApiSessionsResponse>("KeloTidalApiSessionsResponse");
+    qRegisterMetaType<KeloTidalApiSubscriptionResponse>("KeloTidalApiSubscriptionResponse");
+    qRegisterMetaType<KeloTidalApiTrackResponse>("KeloTidalApiTrackResponse");
+    qRegisterMetaType<KeloTidalApiStreamUrlResponse>("KeloTidalApiStreamUrlResponse");
+    qRegisterMetaType<KeloTidalApiContentRootsResponse>("KeloTidalApiContentRootsResponse");
+    qRegisterMetaType<KeloTidalContextVariation::Enum>("KeloTidalContextVariation::Enum");
+    qRegisterMetaType<KeloTidalRequestType::Enum>("KeloTidalRequestType::Enum");
+    qRegisterMetaType<KeloTidalOrderingType::Enum>("KeloTidalOrderingType::Enum");
+}
+
+QString settingText(const CMPath& path)
+{
+    const QVariant value = CMAbstractWorker::getValue(CMRoot(), path);
+    return KeloValue(KeloHash(value.toHash())).string_();
+}
+
+KeloOAuth2ServiceInfo serviceInfo()
+{
+    const QString deviceCodeUrl = settingText(KeloTidalDeviceCodeUrlPath());
+    const QString authorizationUrl = settingText(KeloTidalAuthorizationServiceUrlPath());
+    const QString clientId = settingText(KeloTidalClientIdPath());
+    const QString clientSecret = settingText(KeloTidalClientSecretPath());
+    const QString tokenUrl = settingText(KeloTidalTokenServiceUrlPath());
+    const QString scope = settingText(KeloTidalScope());
+
+    KeloOAuth2ServiceInfo info;
+    info.setServiceName(KeloTidalName());
+    info.setDisplayName(QStringLiteral("Tidal"));
+    info.setAuthorizationUrl(authorizationUrl);
+    info.setClientId(clientId);
+    info.setClientSecret(clientSecret);
+    info.setTokenUrl(tokenUrl);
+    info.setScope(scope);
+    info.setScopeData(QVariant(scope));
+    info.setUsePkce(true);
+    info.setAuthMethod(KeloOAuth2AuthMethod::RequestBody_);
+    info.setDeviceCodeUrl(deviceCodeUrl);
+    return info;
+}
+} // namespace
+
+/// The module's entry; see KeloWorkerCreate.
+extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
+{
+    {
+        auto line = dbglog_scopedFunction(Q_FUNC_INFO, "Tidal");
+        if (name)
+            line << "name: " << name;
+    }
+    const auto* hash = static_cast<const QVariantHash*>(settings);
+    return new TidalWorker(hash ? *hash : QVariantHash());
+}
+
+TidalWorker::TidalWorker(const QVariantHash& settings)
+    : CMNodesWorker(settings, KeloService_Tidal_Id())
+{
+    registerMetaTypes();
+    CMActivateNode::create(nodes(), KeloTidalPlayIdPath(), this,
+                           SLOT(on_tidalId_play(CMSetDataRequest)), Qt::QueuedConnection);
+    CMActivateNode::create(nodes(), KeloTidalGetMediaPath(), this,
+                           SLOT(on_media_get(CMSetDataRequest)), Qt::QueuedConnection);
+    CMActivateNode* playMedia =
+        CMActivateNode::create(nodes(), KeloTidalPlayMediaPath(), this,
+                               SLOT(on_media_play(CMSetDataRequest)), Qt::QueuedConnection);
+    playMedia->setActivateRole(KeloRoles::PrePlay());
+
+    m_settingsItem = new CMValueItem(this, KeloTidalSettingsPath(), this,
+                                     SLOT(on_internal_settingsChanged(KeloValue)));
+    const QVariant value = CMAbstractWorker::getValue(CMRoot(), KeloTidalSettingsPath());
+    m_settings = KeloValue(KeloHash(value.toHash())).tidalSettings();
+    m_handler = new TidalHandler(this, m_settings.apiUrl(), m_settings.countryCode());
+
+    keloConnect(nodes()->subscribe(), SIGNAL(rowsPathAdded(CMPath const&)), this,
+                SLOT(on_tidal_path_enter(CMPath const&)));
+    keloConnect(nodes()->subscribe(), SIGNAL(rowsPathRemoved(CMPath const&)), this,
+                SLOT(on_tidal_path_leave(CMPath const&)));
+    m_player = PlayLogicInterface::instance(KeloPlayerPath());
+
+    m_myMusicSetting.setFilter(KeloTidalFilter::All_);
+    m_myMusicSetting.setOrder(KeloTidalOrder::Name_);
+    m_myMusicSetting.setOrderDirection(KeloTidalOrderDirection::Asc_);
+    m_playlistTracksSetting.setOrder(KeloTidalOrder::Index_);
+    m_playlistTracksSetting.setOrderDirection(KeloTidalOrderDirection::Asc_);
+
+    m_message = CMListRowsNode::create(nodes(), KeloTidalMessagePath());
+    m_message->setTitle(KELO_TR("Info message"));
+    KeloRowsRoles messageRoles;
+    messageRoles.setType({KeloRowsRolesType::Default_});
+    m_message->setRowsRoles(messageRoles);
+    KeloRoles successful;
+    successful.setTitle(Language::ntr("Successful", trExtractContext(Q_FUNC_INFO)));
+    m_message->rowsAppend(successful);
+    m_top = CMListRowsNode::create(nodes(), addPrefix(QString()));
+    m_top->setTitle(KELO_TR("TIDAL"));
+
+    registerService();
+    m_oauthItem = new CMValueItem(this, loginPath(), this,
+                                  SLOT(on_serviceOAuth_changed(KeloValue, KeloValue)));
+    m_oauthItem->waitForLoaded(-1);
+}
+
+TidalWorker::~TidalWorker()
+{
+    // The handler's answers and the nodes' slots must not find a worker that is half gone.
+    nodes()->subscribe()->disconnect(this);
+    delete m_oauthItem;
+    delete m_settingsItem;
+    delete m_handler;
+    m_handler = nullptr;
+}
+
+void TidalWorker::registerService()
+{
+    CMReply<QVariant> reply;
+    CMAbstractWorker::invoke(CMRoot(), KeloOAuth2AddServicePath(), serviceInfo().toVariant(),
+                             reply);
+    reply.waitForFinished(-1);
+    if (const CMError error = reply.error(); error.isSet())
+        KELO_LOG("Tidal", ERROR) << "The OAuth2 service refused the registration: "
+                                 << error.message();
+}
+
+CMPath TidalWorker::loginPath()
+{
+    CMPath path = KeloOAuth2ServicePath();
+    path.appendSubpath(KeloTidalName());
+    return path;
+}
+
+void TidalWorker::on_internal_settingsChanged(KeloValue value)
+{
+    const KeloTidalSettings settings = value.tidalSettings();
+    m_settings.setCountryCode(settings.countryCode());
+    m_settings.setApiUrl(settings.apiUrl());
+    if (!m_handler)
+        return;
+    m_handler->setCountryCode(settings.countryCode());
+    m_handler->setApiUrl(settings.apiUrl());
+}
+
+TidalBaseContextNode* TidalWorker::contextNode(KeloTidalContextVariation::Enum variation) const
+{
+    const std::size_t index = std::size_t(variation);
+    return index < m_contextNodes.size() ? m_contextNodes[index].load() : nullptr;
+}
+
+CMActivateNode* TidalWorker::addToPlaylistNode(bool isPlaylistContext) const
+{
+    return isPlaylistContext ? m_addToPlaylistInPlaylist : m_addToPlaylist;
+}
+
+CMPath TidalWorker::artistsPath() const
+{
+    return addPrefix(KeloTidalRequest()) + QStringLiteral("/") + KeloTidalArtists().toLower();
+}

@@ -1,0 +1,200 @@
+// The gate that requests pass, the set-up of the user's session, and logging in and out.
+#include "TidalHandler.h"
+#include "TidalWorker.h"
+#include <kelo/CMListRowsNode.h>
+#include <kelo/CMQueryNode.h>
+#include <kelo/KeloLog.h>
+#include <kelo/KeloOAuth2.h>
+#include <kelo/KeloTidalConstants.h>
+#include <QMap>
+
+namespace {
+CMError tidalError(const TrString& message)
+{
+    return CMError(QStringLiteral("TIDAL"), message);
+}
+
+/// The lowest quality for a name that is none.
+KeloTidalSoundQualities::Enum qualityOf(const QString& name)
+{
+    static const QMap<QString, KeloTidalSoundQualities::Enum> qualities = {
+        {QStringLiteral("LOW"), KeloTidalSoundQualities::LOW_},
+        {QStringLiteral("HIGH"), KeloTidalSoundQualities::HIGH_},
+        {QStringLiteral("LOSSLESS"), KeloTidalSoundQualities::LOSSLESS_},
+        {QStringLiteral("HI_RES"), KeloTidalSoundQualities::HI_RES_}};
+    return qualities.value(name, KeloTidalSoundQualities::LOW_);
+}
+
+/// Counts an answer off; true when it is the one to the newest request.
+bool isNewestAnswer(int& underWay)
+{
+    if (underWay > 0)
+        --underWay;
+    return underWay == 0;
+}
+} // namespace
+
+bool TidalWorker::isLoggedIn() const
+{
+    return m_oauthItem && m_oauthItem->value().oauth2Info().loggedIn();
+}
+
+bool TidalWorker::isUserConfiguring() const
+{
+    return m_userState != UserConfigState::NotConfigured &&
+           m_userState != UserConfigState::Configured;
+}
+
+bool TidalWorker::configure(const CMRequest& request)
+{
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request;
+    if (!buildStaticStructure()) {
+        request.reply().setError(tidalError(KELO_TR("Failed to initialize TIDAL UI")));
+        return false;
+    }
+    if (!isLoggedIn()) {
+        const CMGetRowsRequest rows(request);
+        if (!rows.isNull() && rows.path() == m_top->path())
+            CMNodesWorker::getRowsRequest(rows);
+        else
+            request.reply().setError(tidalError(KELO_TR("Not logged into TIDAL!")));
+        return false;
+    }
+    switch (m_userState) {
+    case UserConfigState::Configured:
+        return true;
+    case UserConfigState::SessionPending:
+    case UserConfigState::SubscriptionPending:
+        postpone(request);
+        return false;
+    case UserConfigState::NotConfigured:
+        postpone(request);
+        configureUser();
+        return false;
+    default:
+        request.reply().setError(tidalError(KELO_TR("TIDAL in invalid state!")));
+        return false;
+    }
+}
+
+void TidalWorker::configureUser()
+{
+    if (!isLoggedIn()) {
+        failSetUp(KELO_TR("User was logged out"));
+        return;
+    }
+    // The state comes before the request, so that an answer finds it whenever it comes.
+    switch (m_userState) {
+    case UserConfigState::NotConfigured:
+        m_userState = UserConfigState::SessionPending;
+        if (m_handler->retrieveSession())
+            ++m_sessionsUnderWay;
+        else
+            failSetUp(KELO_TR("Failed to initialize TIDAL"));
+        break;
+    case UserConfigState::SessionPending:
+        m_userState = UserConfigState::SubscriptionPending;
+        if (m_handler->subscribe())
+            ++m_subscriptionsUnderWay;
+        else
+            failSetUp(KELO_TR("Failed to initialize TIDAL"));
+        break;
+    case UserConfigState::SubscriptionPending:
+        m_userState = UserConfigState::Configured;
+        finishPosponedRequests(CMError());
+        break;
+    case UserConfigState::Configured:
+        finishPosponedRequests(CMError());
+        break;
+    }
+}
+
+void TidalWorker::failSetUp(const TrString& message)
+{
+    m_userState = UserConfigState::NotConfigured;
+    finishPosponedRequests(tidalError(message));
+}
+
+void TidalWorker::on_tidalHandler_sessionsFinished(KeloTidalApiSessionsResponse session,
+                                                   KeloTidalApiErrorResponse error)
+{
+    const bool isNewest = isNewestAnswer(m_sessionsUnderWay);
+    if (!isLoggedIn()) {
+        configureUser();
+    } else if (!isNewest || m_userState != UserConfigState::SessionPending) {
+        KELO_LOG("Tidal", DEBUG) << "Session answer of an earlier set-up dropped";
+    } else if (!error.isEmpty()) {
+        failSetUp(KELO_TR("Failed to initialize TIDAL"));
+    } else {
+        m_handler->setAccount(session.sessionId(), session.countryCode(), session.userId());
+        updateUIStructure();
+        configureUser();
+    }
+}
+
+void TidalWorker::on_tidalHandler_subscriptionFinished(
+    KeloTidalApiSubscriptionResponse subscription, KeloTidalApiErrorResponse error)
+{
+    const bool isNewest = isNewestAnswer(m_subscriptionsUnderWay);
+    if (!isLoggedIn()) {
+        configureUser();
+    } else if (!isNewest || m_userState != UserConfigState::SubscriptionPending) {
+        KELO_LOG("Tidal", DEBUG) << "Subscription answer of an earlier set-up dropped";
+    } else if (!error.isEmpty()) {
+        failSetUp(KELO_TR("Failed to initialize TIDAL"));
+    } else {
+        m_handler->setAccountSoundQuality(qualityOf(subscription.highestSoundQuality()));
+        configureUser();
+    }
+}
+
+void TidalWorker::on_serviceOAuth_changed(const KeloValue& newValue, const KeloValue& oldValue)
+{
+    const bool loggedIn = newValue.oauth2Info().loggedIn();
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "Logged in: " << loggedIn;
+    if (oldValue.isEmpty() || loggedIn == oldValue.oauth2Info().loggedIn())
+        return;
+    if (!loggedIn) {
+        m_userState = UserConfigState::NotConfigured;
+        m_handler->resetAccount();
+        // A copy: clients that are told may close their paths at once.
+        const QSet<CMPath> entered = m_enteredPaths;
+        for (const CMPath& path : entered)
+            nodes()->subscribe()->changedStartingWith(path, CMSubscribe::RowsChangeClose(), -1, -1);
+    }
+    resetTopNode();
+}
+
+void TidalWorker::resetTopNode()
+{
+    const bool loggedIn = isLoggedIn();
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal")
+        << "Is ui initialize: " << isStaticStructureBuilt() << ", is logged in: " << loggedIn;
+    if (!isStaticStructureBuilt())
+        return;
+    m_top->rowsClear();
+    m_top->setSearchPath(CMPath());
+    if (!loggedIn) {
+        KeloRoles text;
+        text.setType(KeloRolesType::Text_);
+        text.setTitle(KELO_TR("Please login to continue"));
+        m_top->rowsAppend(text);
+        m_top->rowsAppend(loginPath());
+        return;
+    }
+    for (const CMListRowsNode* menu :
+         {m_new, m_rising, m_discovery, m_playlists, m_genres, m_myMusic})
+        m_top->rowsAppend(menu->path());
+    m_top->setSearchPath(m_searchContainer->path());
+}
+
+void TidalWorker::updateUIStructure()
+{
+    if (!buildStaticStructure())
+        return;
+    m_handler->getContentRoots(QStringLiteral("featured"));
+    if (m_genres->rowsSize() > 0)
+        return;
+    m_handler->getContentRoots(QStringLiteral("genres"));
+    m_handler->getContentRoots(QStringLiteral("moods"));
+}
