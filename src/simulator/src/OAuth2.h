@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Faults.h"
+
+#include <map>
+#include <mutex>
+
+namespace kelosim {
+
+// The authorisation server: device codes, refreshes, and the tokens that the web API accepts. Owned
+// by SimServer, used from every connection thread. Knows one client and one user.
+class OAuth2
+{
+public:
+    static constexpr const char* clientId = "kelo-demo";
+    static constexpr const char* clientSecret = "kelo-demo-secret";
+
+    OAuth2(Faults& faults, bool approveAtOnce) : m_faults(faults), m_approveAtOnce(approveAtOnce) {}
+
+    // Below /v1/oauth2; `host` is what the client reached us under.
+    HttpResponse deviceAuthorization(const HttpRequest& request, const std::string& host);
+    HttpResponse token(const HttpRequest& request);
+
+    // The person's answer; false for a code that nobody waits for.
+    bool decide(const std::string& userCode, bool approve);
+    // The page behind the verification address.
+    HttpResponse page(const std::string& userCode) const;
+
+    enum class Check { Valid, Missing, Garbage, Expired };
+    Check check(const HttpRequest& request) const;
+
+    std::string issueToken();
+    void expireTokens();
+
+private:
+    enum class State { Pending, Approved, Denied };
+    struct Device
+    {
+        std::string userCode;
+        State state = State::Pending;
+        std::int64_t expires = 0;
+        std::int64_t interval = 2000;
+        std::int64_t lastPoll = 0;
+    };
+
+    // m_mutex is held in these.
+    HttpResponse deviceToken(const Pairs& form);
+    HttpResponse refreshToken(const Pairs& form);
+    HttpResponse grant(const std::string& refreshToken);
+    std::string newAccessToken(std::int64_t seconds);
+    std::string secret(const char* prefix);
+
+    Faults& m_faults;
+    const bool m_approveAtOnce;
+    mutable std::mutex m_mutex;
+    std::map<std::string, Device> m_devices;            // by device code
+    std::map<std::string, std::int64_t> m_accessTokens; // with the end of their life, epoch ms
+    std::map<std::string, bool> m_refreshTokens;        // false: ended by rotation
+    std::uint64_t m_secrets = 0;
+};
+
+} // namespace kelosim

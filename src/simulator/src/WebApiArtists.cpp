@@ -1,0 +1,72 @@
+#include "WebApi.h"
+
+namespace kelosim {
+
+HttpResponse WebApi::artists(const Call& call)
+{
+    constexpr PageRule rule{10, 1000};
+    const std::string& idText = call.segment(1);
+    const std::string& part = call.segment(2);
+    const auto id = toNumber(idText);
+    const auto index = id ? m_catalogue.artistIndex(*id) : std::nullopt;
+    if (call.segments.size() > 3)
+        return notFound("Resource");
+    // Odd but true of the service: the albums of an unknown artist are an empty list.
+    if (!index)
+        return part == "albums" && id ? albumList(call, rule, {})
+                                      : notFound("Artist [" + idText + "]");
+    if (part.empty()) {
+        JsonWriter json = writer(call);
+        call.items.artist(json, m_catalogue.artist(*index));
+        return HttpResponse::json(200, json.take());
+    }
+    if (part == "toptracks")
+        return trackList(call, rule, m_catalogue.topTracks(*index));
+    if (part == "albums")
+        return artistAlbums(call, *index);
+    if (part == "bio")
+        return artistBio(call, *index);
+    if (part == "playlistscreatedby")
+        return playlistList(call, rule, m_library.artistPlaylists(*id));
+    if (part == "similar") {
+        const std::vector<int> similar = m_catalogue.similar(*index);
+        return similar.empty() ? notFound("Similar artists for artist [" + idText + "]")
+                               : artistList(call, {10, 100}, similar, true);
+    }
+    if (part == "radio") {
+        const std::vector<int> radio = m_catalogue.radio(*index);
+        return radio.empty()
+                   ? apiError(404, 2001,
+                              "Artist radio cannot be generated for artist [" + idText + "]")
+                   : trackList(call, {10, 100}, radio);
+    }
+    return notFound("Resource");
+}
+
+HttpResponse WebApi::artistAlbums(const Call& call, int artist)
+{
+    const std::string filter = call.request.queryValue("filter");
+    std::vector<int> albums;
+    if (filter == "EPSANDSINGLES")
+        albums = m_catalogue.albumsOf(artist, {"EP", "SINGLE"});
+    else if (filter == "COMPILATIONS")
+        albums = m_catalogue.appearances(artist);
+    else if (filter == "ALL")
+        albums = m_catalogue.albumsOf(artist, {"ALBUM", "EP", "SINGLE", "COMPILATION"});
+    else
+        albums = m_catalogue.albumsOf(artist, {"ALBUM"});
+    return albumList(call, {10, 1000}, albums);
+}
+
+HttpResponse WebApi::artistBio(const Call& call, int artist)
+{
+    if (!m_catalogue.hasBio(artist))
+        return notFound("Bio of artist [" + call.segment(1) + "]");
+    JsonWriter json = writer(call);
+    json.beginObject().field("source", "ExampleBios");
+    json.field("lastUpdated", "2021-11-08T19:46:34.127+0000");
+    json.field("text", m_catalogue.bio(artist)).field("summary", "").endObject();
+    return HttpResponse::json(200, json.take());
+}
+
+} // namespace kelosim

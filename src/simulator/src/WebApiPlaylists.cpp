@@ -1,0 +1,199 @@
+#include "WebApi.h"
+
+#include <set>
+
+// Playlists: reading, and the edits that a tag guards.
+namespace kelosim {
+
+namespace {
+
+HttpResponse tagError()
+{
+    return apiError(412, 7002,
+                    "You must send the correct Etag value in the If-None-Match header to modify a "
+                    "playlist");
+}
+
+} // namespace
+
+HttpResponse WebApi::playlists(const Call& call)
+{
+    const auto playlist = m_library.playlist(call.segment(1));
+    const std::string& part = call.segment(2);
+    const bool items = part == "tracks" || part == "items";
+    if (!playlist || call.segments.size() > 4 || (!part.empty() && !items))
+        return notFound(part.empty() || items ? "Playlist" : "Resource");
+    if (!call.isGet())
+        return playlistEdit(call, *playlist);
+    if (call.segments.size() == 4)
+        return methodNotAllowed();
+    HttpResponse response;
+    if (items) {
+        response = playlistItems(call, *playlist);
+    } else {
+        JsonWriter json = writer(call);
+        call.items.playlist(json, *playlist);
+        response = HttpResponse::json(200, json.take());
+    }
+    if (response.status == 200)
+        response.headers.emplace_back("ETag", playlist->tag());
+    return response;
+}
+
+HttpResponse WebApi::playlistItems(const Call& call, const Playlist& playlist)
+{
+    const bool wrapped = call.segment(2) == "items";
+    const auto keyOf = [&](const std::string& order, std::size_t i) -> std::optional<SortKey> {
+        const PlaylistItem& item = playlist.items[i];
+        if (order == "INDEX")
+            return SortKey{"", static_cast<std::int64_t>(i)};
+        if (order == "DATE")
+            return SortKey{"", item.added};
+        const auto index = m_catalogue.trackIndex(item.id);
+        const Track track = index ? m_catalogue.track(*index) : Track();
+        if (order == "NAME")
+            return SortKey{fold(track.title), 0};
+        if (order == "ARTIST")
+            return SortKey{index ? fold(m_catalogue.artist(track.artists.front()).name) : "", 0};
+        if (order == "ALBUM")
+            return SortKey{index ? fold(m_catalogue.album(track.album).title) : "", track.number};
+        return order == "LENGTH" ? std::optional<SortKey>({"", track.duration}) : std::nullopt;
+    };
+    const auto positions = sortedPositions(call.request, playlist.items.size(), keyOf);
+    const PageRule rule = wrapped ? PageRule{10, 100} : PageRule{10, 9999};
+    return list(call, rule, positions.size(), [&](JsonWriter& json, std::size_t i) {
+        const std::size_t position = positions[i];
+        const PlaylistItem& item = playlist.items[position];
+        const auto video = m_catalogue.videoIndex(item.id);
+        if (wrapped)
+            json.beginObject().key("item");
+        if (video)
+            call.items.video(json, *video, &item, position);
+        else
+            call.items.track(json, m_catalogue.track(*m_catalogue.trackIndex(item.id)), &item,
+                             position);
+        if (wrapped)
+            json.field("type", video ? "video" : "track").field("cut", nullptr).endObject();
+        return true;
+    });
+}
+
+HttpResponse WebApi::playlistEdit(const Call& call, const Playlist& playlist)
+{
+    const HttpRequest& request = call.request;
+    const bool post = request.method == "POST";
+    const bool remove = request.method == "DELETE";
+    const std::string* tag = request.header("If-None-Match");
+    if (!post && !remove)
+        return methodNotAllowed();
+    const bool rename = post && call.segments.size() == 2;
+    // A replica that lags refuses even the tag it has just handed out.
+    if (!rename && tag && m_faults.use("tag-lag", request))
+        return tagError();
+    if (call.segments.size() == 4)
+        return changeItems(call, playlist.uuid, tag);
+    if (call.segments.size() == 3)
+        return post ? addItems(call, playlist.uuid, tag) : methodNotAllowed();
+    if (remove) {
+        const Library::Edit result = m_library.remove(playlist.uuid, tag);
+        return result == Library::Edit::Done ? HttpResponse::empty(204)
+                                             : editAnswer(call, result, playlist);
+    }
+    const Pairs form = parsePairs(request.body);
+    const std::string* title = findValue(form, "title");
+    if (title && title->empty())
+        return apiError(400, 1002, "title parameter is invalid");
+    const Library::Edit result =
+        m_library.rename(playlist.uuid, title, findValue(form, "description"));
+    if (result != Library::Edit::Done)
+        return editAnswer(call, result, playlist);
+    HttpResponse response = HttpResponse::empty(200);
+    if (const auto after = m_library.playlist(playlist.uuid))
+        response.headers.emplace_back("ETag", after->tag());
+    return response;
+}
+
+HttpResponse WebApi::addItems(const Call& call, const std::string& uuid, const std::string* tag)
+{
+    const Pairs form = parsePairs(call.request.body);
+    const bool strict = m_faults.use("strict-ids", call.request).has_value();
+    const auto toIndex = toNumber(textKey(form, "toIndex", "-1"));
+    std::vector<std::int64_t> ids;
+    std::set<std::string> seen;
+    for (const std::string& text : split(textKey(form, "trackIds"), ',')) {
+        if (strict && (text.empty() || !seen.insert(text).second))
+            return apiError(400, 1002, "trackIds parameter is invalid");
+        if (text.empty())
+            continue;
+        const auto id = toNumber(text);
+        if (!id || (!m_catalogue.trackIndex(*id) && !m_catalogue.videoIndex(*id)))
+            return notFound("Track [" + text + "]");
+        ids.push_back(*id);
+    }
+    if (ids.empty() || !toIndex)
+        return apiError(
+            400, 1002, ids.empty() ? "trackIds parameter missing" : "toIndex parameter is invalid");
+    const bool skip = call.segment(2) == "items" && textKey(form, "onDupes") == "SKIP";
+    Playlist after;
+    std::vector<std::int64_t> added;
+    const Library::Edit result = m_library.addItems(uuid, tag, ids, *toIndex, &after, &added, skip);
+    if (result != Library::Edit::Done)
+        return editAnswer(call, result, after);
+    JsonWriter json = writer(call);
+    json.beginObject().field("lastUpdated", after.updated).key("addedItemIds").beginArray();
+    for (const std::int64_t id : added)
+        json.value(id);
+    HttpResponse response = HttpResponse::json(200, json.endArray().endObject().take());
+    response.headers.emplace_back("ETag", after.tag());
+    return response;
+}
+
+HttpResponse WebApi::changeItems(const Call& call, const std::string& uuid, const std::string* tag)
+{
+    std::vector<std::int64_t> positions;
+    for (const std::string& text : split(call.segment(3), ',')) {
+        if (const auto position = toNumber(text))
+            positions.push_back(*position);
+        else if (!text.empty())
+            return apiError(400, 1002, "index parameter is invalid");
+    }
+    Playlist after;
+    if (call.request.method == "DELETE")
+        return editAnswer(call, m_library.removeItems(uuid, tag, positions, &after), after);
+    std::string target = textKey(parsePairs(call.request.body), "toIndex");
+    if (target.empty())
+        target = call.request.queryValue("toIndex");
+    const auto toIndex = toNumber(target);
+    if (!toIndex)
+        return apiError(400, 1002, "toIndex parameter missing");
+    return editAnswer(call, m_library.moveItems(uuid, tag, positions, *toIndex, &after), after);
+}
+
+HttpResponse WebApi::editAnswer(const Call& call, Library::Edit edit, const Playlist& after)
+{
+    HttpResponse response;
+    switch (edit) {
+    case Library::Edit::Done:
+        response = HttpResponse::json(
+            200, JsonWriter().beginObject().field("lastUpdated", after.updated).endObject().take());
+        response.headers.emplace_back("ETag", after.tag());
+        return response;
+    case Library::Edit::NotFound:
+        response = notFound("Playlist");
+        break;
+    case Library::Edit::WrongTag:
+        response = tagError();
+        break;
+    case Library::Edit::NotOwner:
+        response = apiError(403, 4033, "User is not the owner of the playlist");
+        break;
+    case Library::Edit::BadIndex:
+        response = notFound("Playlist item");
+        break;
+    }
+    if (m_faults.use("refuse-no-body", call.request))
+        response = HttpResponse::empty(response.status);
+    return response;
+}
+
+} // namespace kelosim
