@@ -1,0 +1,144 @@
+#include "FakeModule.h"
+#include <chrono>
+#include <kelo/KeloTidalConstants.h>
+#include <kelo/PlayLogicInterface.h>
+
+KeloRoles FakeModule::track(const CMPath& list, const QString& id)
+{
+    CMPath path = list;
+    path.addParam("trackId", id);
+    KeloMetaData metaData;
+    metaData.setArtist("Artist " + id);
+    metaData.setPrePlayPath(prePlayPath(id));
+    metaData.setContentPlayContextPath(list);
+    KeloMediaData mediaData;
+    mediaData.setMetaData(metaData);
+    KeloRoles roles = row(KeloRolesType::Audio_, "Track " + id);
+    roles.setPath(path);
+    roles.setMediaData(mediaData);
+    return roles;
+}
+
+KeloRoles FakeModule::row(KeloRolesType::Enum type, const QString& title)
+{
+    KeloRoles roles;
+    roles.setType(type);
+    roles.setTitle(title);
+    return roles;
+}
+
+KeloRoles FakeModule::item(const CMPath& path, const QString& id, qint64 maxIdleMs)
+{
+    KeloResource resource;
+    resource.setUri("fake:" + id);
+    resource.setMimeType("audio/flac");
+    resource.setMaxIdleTime(maxIdleMs);
+    KeloMetaData metaData;
+    metaData.setAlbum("Album " + id);
+    KeloMediaData mediaData;
+    mediaData.setMetaData(metaData);
+    mediaData.setResources({resource});
+    KeloRoles roles = row(KeloRolesType::Audio_, "Track " + id);
+    roles.setPath(path);
+    roles.setMediaData(mediaData);
+    return roles;
+}
+
+void FakeModule::addList(const CMPath& path, const QList<KeloRoles>& rows)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_lists[path.toEncoded()] = rows;
+}
+
+void FakeModule::setAnswer(const QString& id, const Answer& answer)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_answers[id] = answer;
+}
+
+bool FakeModule::waitForHeld()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    return m_changed.wait_for(lock, std::chrono::seconds(20), [this] { return !m_held.isNull(); });
+}
+
+void FakeModule::release()
+{
+    CMSetDataRequest request;
+    QString id;
+    Answer scripted;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        request = std::exchange(m_held, CMSetDataRequest());
+        id = m_heldId;
+        scripted = m_answers[id];
+    }
+    answer(request, id, scripted);
+}
+
+QStringList FakeModule::asked()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_asked;
+}
+
+QStringList FakeModule::prefixes() const
+{
+    return {"/fake", "/tidal"};
+}
+
+void FakeModule::getDataRequest(const CMGetDataRequest& request)
+{
+    request.reply().setError(CMError(CMError::NotFoundName(), TrString(QString("no data"))));
+}
+
+void FakeModule::getRowsRequest(const CMGetRowsRequest& request)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    const auto found = m_lists.find(request.path().toEncoded());
+    if (found == m_lists.end())
+        return request.reply().setError(
+            CMError(CMError::NotFoundName(), TrString(QString("no such list"))));
+    QVariantList rows;
+    for (int i = request.from(); i <= request.to() && i < found->second.size(); ++i) {
+        QVariantList values;
+        for (const QString& role : request.roles())
+            values.append(found->second.at(i).value(role));
+        rows.append(QVariant(values));
+    }
+    KeloRowsRoles reply;
+    reply.setRows(rows);
+    reply.setRowsCount(found->second.size());
+    request.reply().setValue(reply);
+}
+
+void FakeModule::setDataRequest(const CMSetDataRequest& request)
+{
+    const bool isId = request.path() == KeloTidalPlayIdPath();
+    const QString id = isId ? request.value().toHash().value(KeloTidalPlayItem::Id()).toString()
+                            : request.path().splitBase().last();
+    const KeloRoles row(KeloHash(request.value().toHash()));
+    Answer scripted;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_asked << QString("%1 at %2").arg(id).arg(row.mediaData().metaData().prePlayTimeOffset());
+        scripted = m_answers[id];
+        if (!m_held.isNull())
+            scripted.error = "droping play request, busy";
+        else if (scripted.isHeld) {
+            m_held = request;
+            m_heldId = id;
+            m_changed.notify_all();
+            return;
+        }
+    }
+    answer(request, id, scripted);
+}
+
+void FakeModule::answer(const CMSetDataRequest& request, const QString& id, const Answer& answer)
+{
+    if (!answer.error.isEmpty())
+        return request.reply().setError(CMError(TrString(answer.error)));
+    PlayLogicInterface* player = PlayLogicInterface::instance(KeloPlayerPath());
+    request.reply().setValue(player->play(item(request.path(), id, answer.maxIdleMs), 0));
+}

@@ -1,0 +1,50 @@
+#pragma once
+#include <condition_variable>
+#include <kelo/CMAbstractWorker.h>
+#include <map>
+#include <mutex>
+
+/// A module of a few lists whose pre-play answers a test scripts. Like a real one it completes one
+/// item at a time. Its tracks stand at LIST?trackId=ID, their address is "fake:ID".
+class FakeModule : public CMAbstractWorker
+{
+public:
+    /// How a pre-play request of a track is answered.
+    struct Answer
+    {
+        QString error;       ///< empty: with the item
+        bool isHeld = false; ///< not before release()
+        qint64 maxIdleMs = 0;
+    };
+
+    static CMPath prePlayPath(const QString& id) { return CMPath("/fake/prePlay/" + id); }
+    static KeloRoles track(const CMPath& list, const QString& id);
+    static KeloRoles row(KeloRolesType::Enum type, const QString& title);
+    /// The item that the module hands over for a request path.
+    static KeloRoles item(const CMPath& path, const QString& id, qint64 maxIdleMs = 0);
+
+    void addList(const CMPath& path, const QList<KeloRoles>& rows);
+    void setAnswer(const QString& id, const Answer& answer);
+    /// Waits until a held request is there.
+    bool waitForHeld();
+    /// Answers the held request.
+    void release();
+    /// Pre-play requests so far: "ID at OFFSET", in order.
+    QStringList asked();
+
+    QStringList prefixes() const override;
+    void getDataRequest(const CMGetDataRequest& request) override;
+    void setDataRequest(const CMSetDataRequest& request) override;
+    void getRowsRequest(const CMGetRowsRequest& request) override;
+
+private:
+    void answer(const CMSetDataRequest& request, const QString& id, const Answer& answer);
+
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::map<QString, QList<KeloRoles>> m_lists; ///< by encoded path
+    std::map<QString, Answer> m_answers;
+    QStringList m_asked;
+    CMSetDataRequest m_held; ///< null when there is none
+    QString m_heldId;
+};

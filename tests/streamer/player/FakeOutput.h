@@ -1,0 +1,106 @@
+#pragma once
+#include "AudioOutput.h"
+#include <kelo/KeloPost.h>
+#include <map>
+#include <mutex>
+#include <QObject>
+#include <QStringList>
+
+/// What the test and the output share: the test scripts it and reads the log from its own thread.
+struct OutputScript
+{
+    std::mutex mutex;
+    QStringList log;                        ///< operations in order
+    std::map<QString, OutputError> refused; ///< addresses that fail when they are opened
+    qint64 positionMs = 0;
+    qint64 durationMs = 100000;
+    QObject* context = nullptr; ///< of the player's thread
+    AudioOutput::Events events; ///< copied when an item is opened
+
+    QStringList operations()
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        return log;
+    }
+    void setPosition(qint64 ms)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        positionMs = ms;
+    }
+    void refuse(const QString& uri, OutputError::Kind kind, const QString& text)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        OutputError error;
+        error.kind = kind;
+        error.text = text;
+        refused[uri] = error;
+    }
+    /// Raises an event on the player's thread.
+    void raise(std::function<void(const AudioOutput::Events&)> event)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        keloPost(context, [this, event = std::move(event)] {
+            AudioOutput::Events copy;
+            {
+                std::lock_guard<std::mutex> lock(mutex);
+                copy = events;
+            }
+            event(copy);
+        });
+    }
+};
+
+/// An output without sound that starts whatever it is given, unless scripted otherwise, and whose
+/// further events the test raises.
+class FakeOutput : public AudioOutput
+{
+public:
+    explicit FakeOutput(OutputScript& script) : m_script(script) { m_script.context = &m_context; }
+
+    void open(const OutputItem& item) override
+    {
+        std::lock_guard<std::mutex> lock(m_script.mutex);
+        m_script.log << QStringLiteral("open %1 %2").arg(item.uri).arg(item.startMs);
+        m_script.positionMs = item.startMs;
+        m_script.events = events();
+        const auto refused = m_script.refused.find(item.uri);
+        const bool fails = refused != m_script.refused.end();
+        OutputError error = fails ? refused->second : OutputError();
+        error.positionMs = item.startMs;
+        keloPost(&m_context, [this, fails, error, opened = ++m_opened] {
+            if (opened != m_opened)
+                return;
+            if (fails)
+                events().error(error);
+            else
+                events().started();
+        });
+    }
+    void setNext(const OutputItem& item) override { add(QStringLiteral("next ") + item.uri); }
+    void pause() override { add(QStringLiteral("pause")); }
+    void resume() override { add(QStringLiteral("resume")); }
+    void stop() override { ++m_opened; }
+    void seek(qint64 positionMs) override { add(QStringLiteral("seek %1").arg(positionMs)); }
+    void setVolume(int percent) override { add(QStringLiteral("volume %1").arg(percent)); }
+    qint64 positionMs() const override
+    {
+        std::lock_guard<std::mutex> lock(m_script.mutex);
+        return m_script.positionMs;
+    }
+    qint64 durationMs() const override
+    {
+        std::lock_guard<std::mutex> lock(m_script.mutex);
+        return m_script.durationMs;
+    }
+
+private:
+    void add(const QString& line)
+    {
+        std::lock_guard<std::mutex> lock(m_script.mutex);
+        m_script.log << line;
+    }
+
+    OutputScript& m_script;
+    QObject m_context;
+    int m_opened = 0;
+};

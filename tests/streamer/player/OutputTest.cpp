@@ -1,0 +1,230 @@
+#include "AudioOutput.h"
+#include "FlacHeader.h"
+#include "ManualTime.h"
+#include "PlayerThread.h"
+#include "SimStreams.h"
+#include <condition_variable>
+#include <gtest/gtest.h>
+#include <QStringList>
+
+namespace {
+/// An output on a thread of its own, and the log of its events.
+class OutputTest : public testing::Test
+{
+protected:
+    void make(const QString& description)
+    {
+        ASSERT_TRUE(sim.isStarted());
+        thread.start([this, description] {
+            output = AudioOutput::create(description, time, &problem);
+            if (!output)
+                return;
+            AudioOutput::Events events;
+            events.started = [this] { add("started"); };
+            events.aboutToFinish = [this] {
+                add("aboutToFinish");
+                if (!next.uri.isEmpty())
+                    output->setNext(std::exchange(next, OutputItem()));
+                else
+                    output->setNext(OutputItem());
+            };
+            events.itemChanged = [this] { add("itemChanged"); };
+            events.finished = [this] { add("finished"); };
+            events.error = [this](const OutputError& error) {
+                add(QString("error %1%2").arg(error.kind).arg(error.isOfNext ? " of next" : ""));
+            };
+            output->setEvents(events);
+        });
+    }
+    ~OutputTest() override
+    {
+        if (thread.isRunning())
+            thread.stop([this] { output.reset(); });
+    }
+    /// Runs a function on the output's thread and waits for it.
+    void on(const std::function<void()>& function)
+    {
+        std::mutex doneMutex;
+        std::condition_variable done;
+        bool isDone = false;
+        thread.post([&] {
+            function();
+            std::lock_guard<std::mutex> lock(doneMutex);
+            isDone = true;
+            done.notify_all();
+        });
+        std::unique_lock<std::mutex> lock(doneMutex);
+        done.wait(lock, [&] { return isDone; });
+    }
+    void open(const QString& uri, qint64 startMs = 0)
+    {
+        on([&] { output->open({uri, startMs, 0}); });
+    }
+    qint64 position()
+    {
+        qint64 ms = 0;
+        on([&] { ms = output->positionMs(); });
+        return ms;
+    }
+    qint64 duration()
+    {
+        qint64 ms = 0;
+        on([&] { ms = output->durationMs(); });
+        return ms;
+    }
+    /// Waits until the log ends with an event; the whole log.
+    QString waitFor(const QString& event)
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(30), [&] {
+            return !log.isEmpty() && log.last() == event;
+        })) << log.join(",").toStdString();
+        return log.join(",");
+    }
+    void add(const QString& event)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        log << event;
+        changed.notify_all();
+    }
+
+    SimStreams sim;
+    ManualTime time;
+    OutputItem next; ///< handed over when the output asks for it; of the output's thread
+    QString problem;
+    PlayerThread thread;
+    std::unique_ptr<AudioOutput> output;
+    std::mutex mutex;
+    std::condition_variable changed;
+    QStringList log;
+};
+
+TEST_F(OutputTest, NullPlaysInRealTimeSeeksPausesAndChangesItems)
+{
+    make("null");
+    next.uri = sim.address(1);
+    open(sim.address(0));
+    waitFor("started");
+    EXPECT_EQ(duration(), 2000); // from the stream's header
+    time.advance(500);
+    EXPECT_EQ(position(), 500);
+    on([this] { output->pause(); });
+    time.advance(5000);
+    EXPECT_EQ(position(), 500);
+    on([this] {
+        output->resume();
+        output->seek(1000);
+    });
+    time.advance(400);
+    EXPECT_EQ(position(), 1400);
+    waitFor("aboutToFinish");
+    ASSERT_TRUE(sim.server().waitForRequests("/audio/", 2, 20000));
+    time.advance(600);
+    waitFor("itemChanged");
+    EXPECT_EQ(position(), 0);
+    waitFor("itemChanged");
+    time.advance(1);
+    waitFor("aboutToFinish");
+    time.advance(2000);
+    EXPECT_EQ(waitFor("finished"), "started,aboutToFinish,itemChanged,aboutToFinish,finished");
+}
+
+TEST_F(OutputTest, EveryOutputTellsARefusedAddressFromOneThatIsNotThere)
+{
+    const QString good = sim.address(0);
+    const QString refused = good.left(good.indexOf('?')) + "?token=1~2~3";
+    const struct
+    {
+        QString output;
+        QString uri;
+        OutputError::Kind kind;
+    } cases[] = {
+        {"null", refused, OutputError::Refused},
+        {"null", sim.baseUrl() + "/nothing", OutputError::NotFound},
+        {"null", "http://127.0.0.1:1/", OutputError::Network},
+        {"fakesink sync=false", refused, OutputError::Refused},
+        {"fakesink sync=false", sim.baseUrl() + "/nothing", OutputError::NotFound},
+        {"fakesink sync=false", "http://127.0.0.1:1/", OutputError::Network},
+        {"fakesink sync=false", sim.baseUrl() + "/sim/log", OutputError::Decode},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE((one.output + " " + one.uri).toStdString());
+        make(one.output);
+        open(one.uri);
+        EXPECT_EQ(waitFor(QString("error %1").arg(one.kind)), QString("error %1").arg(one.kind));
+        thread.stop([this] { output.reset(); });
+        log.clear();
+    }
+}
+
+TEST_F(OutputTest, GStreamerPlaysTwoItemsWithoutAGap)
+{
+    make("fakesink sync=false");
+    next.uri = sim.address(1);
+    open(sim.address(0));
+    EXPECT_EQ(waitFor("finished").split(',').filter(QRegularExpression("start|Changed|fini")),
+              QStringList({"started", "itemChanged", "finished"}));
+}
+
+TEST_F(OutputTest, GStreamerStartsAtAPositionPausesAndSeeks)
+{
+    make("fakesink sync=true");
+    open(sim.address(0), 1500);
+    waitFor("started");
+    EXPECT_GE(position(), 1500);
+    EXPECT_EQ(duration(), 2000);
+    on([this] {
+        output->pause();
+        output->seek(100);
+        output->setVolume(50);
+        output->resume();
+    });
+    waitFor("finished");
+}
+
+TEST_F(OutputTest, GStreamerStopsWhileAStreamWaitsForTheNext)
+{
+    ASSERT_TRUE(sim.isStarted());
+    std::mutex askedMutex;
+    std::condition_variable asked;
+    bool isAsked = false;
+    thread.start([&] {
+        output = AudioOutput::create("fakesink sync=false", time, &problem);
+        AudioOutput::Events events;
+        events.started = [] {};
+        events.aboutToFinish = [&] { // leaves the question open
+            std::lock_guard<std::mutex> lock(askedMutex);
+            isAsked = true;
+            asked.notify_all();
+        };
+        output->setEvents(events);
+    });
+    open(sim.address(0));
+    std::unique_lock<std::mutex> lock(askedMutex);
+    ASSERT_TRUE(asked.wait_for(lock, std::chrono::seconds(20), [&] { return isAsked; }));
+    const auto before = std::chrono::steady_clock::now();
+    on([this] { output->stop(); });
+    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(4));
+}
+
+TEST_F(OutputTest, ASinkThatIsNoneIsRefusedWithASentence)
+{
+    QString error;
+    EXPECT_EQ(AudioOutput::create("nosuchsink", time, &error), nullptr);
+    EXPECT_TRUE(error.contains("nosuchsink"));
+}
+
+TEST(FlacHeaderTest, ReadsTheLengthAndNothingFromOtherData)
+{
+    QByteArray head = QByteArray::fromHex("664c614300000022" // marker, block STREAMINFO of 34 bytes
+                                          "10001000000000000000"
+                                          "0ac442f0000d7ac0"); // 44100 Hz, 883392 samples
+    head.append(QByteArray(16, '\0'));
+    EXPECT_EQ(flacDurationMs(head), 20031);
+    EXPECT_EQ(flacDurationMs(head.left(41)), 0);
+    EXPECT_EQ(flacDurationMs(QByteArray(64, '\0')), 0);
+    QByteArray noRate = head;
+    noRate.replace(18, 3, QByteArray(3, '\0'));
+    EXPECT_EQ(flacDurationMs(noRate), 0);
+}
+} // namespace

@@ -1,0 +1,147 @@
+#include "PlayerFixture.h"
+
+namespace {
+using PlayerFailureTest = PlayerFixture;
+
+TEST_F(PlayerFailureTest, PassesOverWhatFailsInAListAndFailsARowThatWasAskedFor)
+{
+    addTracks({"1", "2", "3"});
+    enum Fault { Module, Decode, NotFound, Device };
+    const struct
+    {
+        Fault fault;
+        QString text;
+        bool isListStopped; ///< a broken device ends everything
+    } cases[] = {
+        {Module, "media data request failed", false},
+        {Decode, "cannot be decoded", false},
+        {NotFound, "nothing there", false},
+        {Device, "no device", true},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.text.toStdString());
+        const OutputError::Kind kind = one.fault == Decode     ? OutputError::Decode
+                                       : one.fault == NotFound ? OutputError::NotFound
+                                                               : OutputError::Device;
+        if (one.fault == Module)
+            module->setAnswer("1", {one.text});
+        else
+            script.refuse("fake:1", kind, one.text);
+        EXPECT_EQ(play(pathOf("1")), one.text);
+        EXPECT_TRUE(waitForState("stopped")["note"].toString().contains(one.text));
+        EXPECT_EQ(play(list.toEncoded()), one.isListStopped ? one.text : "ok");
+        if (!one.isListStopped) {
+            EXPECT_EQ(waitForTitle("Track 2")["note"].toString(), "skipped: Track 1: " + one.text);
+        }
+        EXPECT_EQ(run("stop"), "ok");
+        module->setAnswer("1", {});
+    }
+}
+
+TEST_F(PlayerFailureTest, GivesUpAfterTenFailuresInARow)
+{
+    QStringList ids;
+    for (int i = 1; i <= 30; ++i)
+        ids << QString::number(i);
+    addTracks(ids);
+    for (int i = 2; i <= 30; ++i) // half by the module, half by the output
+        if (i % 2)
+            module->setAnswer(QString::number(i), {"not available"});
+        else
+            script.refuse(QString("fake:%1").arg(i), OutputError::Decode, "broken");
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    const QString text = "stopped after 10 items in a row that cannot be played";
+    EXPECT_EQ(run("next"), text);
+    EXPECT_EQ(waitForState("stopped")["note"], text);
+    EXPECT_EQ(module->asked().size(), 11);
+}
+
+TEST_F(PlayerFailureTest, ResolvesARefusedAddressOnceAtTheSamePosition)
+{
+    addTracks({"1", "2"});
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    OutputError refused;
+    refused.kind = OutputError::Refused;
+    refused.text = "refused (403)";
+    refused.positionMs = 42000;
+    script.raise([refused](const auto& events) { events.error(refused); });
+    waitForOperation("open fake:1 42000");
+    waitForState("playing");
+    script.raise([refused](const auto& events) { events.error(refused); });
+    EXPECT_EQ(waitForTitle("Track 2")["note"], "skipped: Track 1: refused (403)");
+    EXPECT_EQ(module->asked(), QStringList({"1 at 0", "1 at 42000", "2 at 0"}));
+
+    script.refuse("fake:1", OutputError::Refused, refused.text);
+    EXPECT_EQ(play(pathOf("1")), refused.text);
+    EXPECT_EQ(module->asked().mid(3), QStringList({"1 at 0", "1 at 0"}));
+}
+
+TEST_F(PlayerFailureTest, ANextItemThatFailsEarlyLeavesThePresentOneAlone)
+{
+    addTracks({"1", "2"});
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    nearEnd();
+    waitForOperation("next fake:2");
+    OutputError refused;
+    refused.kind = OutputError::Refused;
+    refused.isOfNext = true;
+    refused.positionMs = 95500;
+    script.raise([refused](const auto& events) { events.error(refused); });
+    waitForOperation("open fake:1 95500");
+    waitForTitle("Track 1");
+    script.raise([](const auto& events) { events.finished(); });
+    waitForTitle("Track 2");
+    EXPECT_EQ(opened().join(","), "open fake:1 0,next fake:2,open fake:1 95500,open fake:2 0");
+}
+
+TEST_F(PlayerFailureTest, ANewerPlaySupersedesOneThatIsBeingResolved)
+{
+    addTracks({"1", "2", "3"});
+    module->setAnswer("1", {QString(), true});
+    const auto first = begin("play", {{"path", pathOf("1")}});
+    ASSERT_TRUE(module->waitForHeld());
+    const auto second = begin("play", {{"path", pathOf("2")}});
+    const auto third = begin("play", {{"path", pathOf("3")}});
+    EXPECT_EQ(outcome(first), "superseded by another command");
+    EXPECT_EQ(outcome(second), "superseded by another command");
+    waitForTitle("Track 3", "resolving");
+    module->release(); // its item comes too late, and only then the module is free
+    EXPECT_EQ(outcome(third), "ok");
+    EXPECT_EQ(opened().join(","), "open fake:3 0");
+    EXPECT_EQ(module->asked(), QStringList({"1 at 0", "3 at 0"}));
+}
+
+TEST_F(PlayerFailureTest, AStopWhileResolvingDropsTheItem)
+{
+    addTracks({"1"});
+    module->setAnswer("1", {QString(), true});
+    const auto reply = begin("play", {{"path", pathOf("1")}});
+    ASSERT_TRUE(module->waitForHeld());
+    ASSERT_EQ(run("stop"), "ok");
+    EXPECT_NE(outcome(reply), "ok");
+    module->release();
+    ASSERT_EQ(run("stop"), "ok");
+    EXPECT_EQ(opened().join(","), "");
+}
+
+TEST_F(PlayerFailureTest, AWrongPathDoesNotEndWhatPlays)
+{
+    addTracks({"1"});
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    EXPECT_EQ(play("/fake/nowhere"), "no such list");
+    EXPECT_EQ(waitForTitle("Track 1")["note"], "no such list");
+}
+
+TEST_F(PlayerFailureTest, AnswersWhatWaitsWhenThePlayerEnds)
+{
+    addTracks({"1"});
+    module->setAnswer("1", {QString(), true});
+    const auto reply = begin("play", {{"path", pathOf("1")}});
+    ASSERT_TRUE(module->waitForHeld());
+    player->stop();
+    EXPECT_EQ(outcome(reply), "the player ends");
+    EXPECT_EQ(outcome(begin("pause")), "the player is not running");
+    player->start(nullptr);
+    module->release();
+}
+} // namespace

@@ -1,0 +1,225 @@
+#include "PlayerFixture.h"
+#include <kelo/KeloTidalTypes.h>
+
+namespace {
+using PlayerTest = PlayerFixture;
+
+TEST_F(PlayerTest, PlaysWhatAPathNames)
+{
+    QList<KeloRoles> rows{FakeModule::row(KeloRolesType::Header_, "Head")};
+    for (int i = 1; i <= 120; ++i)
+        rows << FakeModule::track(list, QString::number(i));
+    module->addList(list, rows);
+    module->addList(CMPath("/fake/texts"), {FakeModule::row(KeloRolesType::Text_, "Nothing")});
+    // Another service may tell its rows apart by a segment or by a parameter of its own.
+    KeloRoles bySegment = FakeModule::track(list, "201");
+    bySegment.setPath(CMPath("/fake/segments/one"));
+    KeloRoles byParam = FakeModule::track(list, "202");
+    byParam.setPath(CMPath("/fake/params", {{"song", "9"}}));
+    module->addList(CMPath("/fake/segments"), {bySegment});
+    module->addList(CMPath("/fake/params"), {byParam});
+    module->addList(CMPath("/fake/disabled"), [&] {
+        KeloRoles row = FakeModule::track(CMPath("/fake/disabled"), "301");
+        row.setDisabled(true);
+        return QList<KeloRoles>{row};
+    }());
+
+    const struct
+    {
+        QString path;
+        QString outcome;
+        QString opened;
+    } cases[] = {
+        {pathOf("1"), "ok", "open fake:1 0"},
+        {pathOf("117"), "ok", "open fake:117 0"},
+        {list.toEncoded(), "ok", "open fake:1 0"},
+        {"4711", "ok", "open fake:4711 0"},
+        {"/fake/segments/one", "ok", "open fake:201 0"},
+        {"/fake/params?song=9", "ok", "open fake:202 0"},
+        {pathOf("999"), "no such row", ""},
+        {"/fake/nowhere", "no such list", ""},
+        {"/fake/texts", "nothing in this list can be played", ""},
+        {"/fake/disabled?trackId=301", "Track 301 cannot be played", ""},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.path.toStdString());
+        const int before = opened().size();
+        EXPECT_EQ(play(one.path), one.outcome);
+        EXPECT_EQ(opened().mid(before).join(","), one.opened);
+        EXPECT_EQ(run("stop"), "ok");
+    }
+}
+
+TEST_F(PlayerTest, TellsWhatPlays)
+{
+    addTracks({"1"});
+    EXPECT_EQ(player->status(), (QJsonObject{{"state", "stopped"}}));
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    script.setPosition(2000);
+    ASSERT_EQ(run("seek", {{"positionMs", 2000}}), "ok");
+    time.advance(500);
+    const QJsonObject expected{
+        {"state", "playing"},   {"path", pathOf("1")},
+        {"title", "Track 1"},   {"artist", "Artist 1"},
+        {"album", "Album 1"},   {"positionMs", 2500},
+        {"durationMs", 100000}, {"quality", QJsonObject{{"delivered", "LOSSLESS"}}}};
+    EXPECT_EQ(player->status(), expected);
+}
+
+TEST_F(PlayerTest, RefusesMalformedCommands)
+{
+    const struct
+    {
+        const char* name;
+        QVariantHash arguments;
+    } cases[] = {
+        {"dance", {}},
+        {"play", {}},
+        {"play", {{"path", ""}}},
+        {"play", {{"path", 5}}},
+        {"play", {{"path", "/fake/%zz"}}},
+        {"seek", {}},
+        {"seek", {{"positionMs", -1}}},
+        {"seek", {{"positionMs", "1"}}},
+        {"seek", {{"positionMs", 1e300}}},
+        {"volume", {{"percent", 101}}},
+        {"volume", {{"percent", 0.5}}},
+        {"volume", {{"percent", qQNaN()}}},
+    };
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.name);
+        const auto reply = begin(one.name, one.arguments);
+        ASSERT_TRUE(reply.waitForFinished(waitMs));
+        EXPECT_EQ(reply.error().name(), CMError::BadRequestName());
+    }
+    for (const char* name : {"pause", "resume", "next", "previous"})
+        EXPECT_NE(run(name), "ok") << name;
+}
+
+TEST_F(PlayerTest, NextAndPreviousWalkTheListAndSayWhatTheySkip)
+{
+    KeloRoles disabled = FakeModule::track(list, "2");
+    disabled.setDisabled(true);
+    module->addList(list, {FakeModule::track(list, "1"), disabled,
+                           FakeModule::row(KeloRolesType::Container_, "Album"),
+                           FakeModule::row(KeloRolesType::Header_, "Head"),
+                           FakeModule::track(list, "3")});
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    ASSERT_EQ(run("next"), "ok");
+    EXPECT_EQ(waitForTitle("Track 3")["note"].toString(),
+              "skipped: Track 2 cannot be played; skipped: Album cannot be played");
+    script.setPosition(3000);
+    ASSERT_EQ(run("previous"), "ok"); // from three seconds on it is the item's own beginning
+    script.setPosition(2999);
+    ASSERT_EQ(run("previous"), "ok");
+    waitForTitle("Track 1");
+    ASSERT_EQ(run("previous"), "ok"); // nothing before the first row
+    waitForTitle("Track 1");
+    ASSERT_EQ(run("next"), "ok");
+    ASSERT_EQ(run("next"), "ok");
+    waitForState("stopped");
+    EXPECT_EQ(script.operations().mid(1).join(","),
+              "open fake:1 0,open fake:3 0,seek 0,open fake:1 0,seek 0,open fake:3 0");
+}
+
+TEST_F(PlayerTest, GoesOnWithoutAGapAndStopsAtTheListsEnd)
+{
+    addTracks({"1", "2"});
+    ASSERT_EQ(play(list.toEncoded()), "ok");
+    time.advance(1000);
+    EXPECT_EQ(module->asked(), QStringList({"1 at 0"})); // late, since addresses expire
+    nearEnd();
+    waitForOperation("next fake:2");
+    waitForTitle("Track 1");
+    script.raise([](const auto& events) { events.itemChanged(); });
+    waitForTitle("Track 2");
+    script.raise([](const auto& events) { events.aboutToFinish(); });
+    waitForOperation("next ");
+    script.raise([](const auto& events) { events.finished(); });
+    EXPECT_EQ(waitForState("stopped")["title"], "Track 2");
+    EXPECT_EQ(opened().join(","), "open fake:1 0,next fake:2,next ");
+}
+
+TEST_F(PlayerTest, OpensTheNextItemLateWhenItIsResolvedAfterTheEnd)
+{
+    addTracks({"1", "2"});
+    module->setAnswer("2", {QString(), true});
+    ASSERT_EQ(play(list.toEncoded()), "ok");
+    nearEnd();
+    ASSERT_TRUE(module->waitForHeld());
+    script.raise([](const auto& events) { events.finished(); });
+    waitForState("resolving");
+    module->release();
+    waitForTitle("Track 2");
+    EXPECT_EQ(opened().join(","), "open fake:1 0,open fake:2 0");
+}
+
+TEST_F(PlayerTest, ResolvesAgainAfterAPauseLongerThanTheAddressLives)
+{
+    addTracks({"1"});
+    module->setAnswer("1", {QString(), false, 30000});
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    script.setPosition(5000);
+    for (const qint64 pauseMs : {30000, 30001}) {
+        ASSERT_EQ(run("pause"), "ok");
+        EXPECT_EQ(waitForState("paused")["positionMs"], 5000);
+        time.advance(pauseMs);
+        ASSERT_EQ(run("resume"), "ok");
+        waitForState("playing");
+    }
+    EXPECT_EQ(module->asked(), QStringList({"1 at 0", "1 at 5000"}));
+    EXPECT_EQ(script.operations().mid(1).join(","),
+              "open fake:1 0,pause,resume,pause,open fake:1 5000");
+}
+
+TEST_F(PlayerTest, KeepsVolumeAndQueueOverARestart)
+{
+    addTracks({"1", "2"});
+    ASSERT_EQ(run("volume", {{"percent", 40}}), "ok");
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    player.reset();
+    startPlayer();
+    const QJsonObject status = player->status();
+    EXPECT_EQ(status["state"], "stopped");
+    EXPECT_EQ(status["title"], "Track 1");
+    EXPECT_EQ(script.operations().last(), "volume 40");
+    ASSERT_EQ(run("next"), "ok");
+    waitForTitle("Track 2");
+    player.reset();
+    startPlayer();
+    ASSERT_EQ(run("resume"), "ok");
+    waitForTitle("Track 2");
+}
+
+TEST_F(PlayerTest, PlaysWhatAModuleHandsOverForSomebodyElseAndWalksItsList)
+{
+    addTracks({"1", "2"});
+    KeloRoles item = FakeModule::item(FakeModule::prePlayPath("1"), "1");
+    KeloMediaData mediaData = item.mediaData();
+    mediaData.setMetaData(FakeModule::track(list, "1").mediaData().metaData());
+    item.setMediaData(mediaData);
+    player->play(item, 0);
+    waitForTitle("Track 1");
+    ASSERT_EQ(run("next"), "ok");
+    waitForTitle("Track 2");
+}
+
+TEST_F(PlayerTest, ListenersMayGoFromWithinAndDoNotRunAfterwards)
+{
+    int calls = 0; // of the player's thread until the listener has gone
+    quint64 id = 0;
+    std::mutex mutex;
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        id = player->addListener([&](const QJsonObject&) {
+            std::lock_guard<std::mutex> lock(mutex);
+            ++calls;
+            player->removeListener(id);
+        });
+    }
+    ASSERT_EQ(run("stop"), "ok");
+    ASSERT_EQ(run("stop"), "ok");
+    player->removeListener(id);
+    EXPECT_EQ(calls, 1);
+}
+} // namespace
