@@ -229,7 +229,6 @@ HttpClient::Failure HttpCall::failure(CURLcode result) const
     case CURLE_SSL_ISSUER_ERROR:
         return HttpClient::TlsFailed;
     case CURLE_URL_MALFORMAT:
-    case CURLE_UNSUPPORTED_PROTOCOL:
         return HttpClient::BadUrl;
     default:
         return HttpClient::TransferFailed;

@@ -2,10 +2,11 @@
 #include "KeloHash.h"
 #include "KeloJson.h"
 #include "KeloNames.h"
+#include <climits>
 #include <vector>
 
-// The service's answers. Each is a view of a parsed JSON object: a field is read when asked for, and
-// one that is null, missing or of another type reads as its empty value. Field names are the
+// The service's answers. Each is a view of a parsed JSON object: a field is read when asked for,
+// and one that is null, missing or of another type reads as its empty value. Field names are the
 // service's own.
 
 /// Base of the views.
@@ -156,8 +157,8 @@ using KeloTidalApiFavoriteArtistResponse = KeloTidalApiFavorite<KeloTidalApiArti
 using KeloTidalApiFavoriteTrackResponse = KeloTidalApiFavorite<KeloTidalApiTrackResponse>;
 using KeloTidalApiFavoritePlaylistResponse = KeloTidalApiFavorite<KeloTidalApiPlaylistResponse>;
 
-/// A page of a list. items() and itemsFav() are two readings of the same elements: bare, and wrapped
-/// as favourites are. Elements that are no objects are left out of both.
+/// A page of a list. items() and itemsFav() are two readings of the same elements: bare, and
+/// wrapped as favourites are. Elements that are no objects are left out of both.
 template <class ItemResponse>
 class KeloTidalApiList : public KeloTidalApiObject
 {
@@ -166,7 +167,11 @@ public:
     using Favorite = KeloTidalApiFavorite<ItemResponse>;
     using KeloTidalApiObject::KeloTidalApiObject;
 
-    int totalNumberOfItems() const { return int(number("totalNumberOfItems")); }
+    /// Never below zero.
+    int totalNumberOfItems() const
+    {
+        return int(qBound(qint64(0), number("totalNumberOfItems"), qint64(INT_MAX)));
+    }
     std::vector<ItemResponse> items() const { return elements<ItemResponse>(); }
     std::vector<Favorite> itemsFav() const { return elements<Favorite>(); }
 

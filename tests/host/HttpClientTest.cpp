@@ -1,0 +1,405 @@
+#include "ScriptedServer.h"
+#include <atomic>
+#include <gtest/gtest.h>
+#include <kelo/HttpClient.h>
+#include <QEventLoop>
+#include <QTimer>
+
+namespace {
+using Answer = ScriptedServer::Answer;
+using Then = ScriptedServer::Then;
+
+/// Takes the answers and waits for them.
+class Receiver : public QObject
+{
+    Q_OBJECT
+public:
+    struct Delivery
+    {
+        KeloUrl url;
+        HttpClientPrivate userData;
+        int status = -1;
+        int code = -1;
+        QByteArray body;
+        HttpClientHeaders headers;
+    };
+    std::vector<Delivery> deliveries;
+
+    bool waitFor(std::size_t count)
+    {
+        m_wanted = count;
+        QTimer guard;
+        guard.setSingleShot(true);
+        connect(&guard, &QTimer::timeout, &m_loop, &QEventLoop::quit);
+        guard.start(20000);
+        if (deliveries.size() < count)
+            m_loop.exec();
+        return deliveries.size() >= count;
+    }
+
+    Q_INVOKABLE void onAnswer(KeloUrl const& url, HttpClientPrivate const& userData, int status,
+                              int code, QByteArray const& body, HttpClientHeaders const& headers)
+    {
+        deliveries.push_back({url, userData, status, code, body, headers});
+        if (deliveries.size() >= m_wanted)
+            m_loop.quit();
+    }
+
+private:
+    std::size_t m_wanted = 0;
+    QEventLoop m_loop;
+};
+
+KeloUrl toUrl(const std::string& text)
+{
+    return KeloUrl(QString::fromStdString(text));
+}
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+HttpClientOptions headerOptions(const char* name, const QString& value)
+{
+    HttpClientHeaders headers;
+    headers.insert(text(name), value);
+    return HttpClientOptions().setHeaders(headers);
+}
+
+/// One client, one receiver, one server.
+struct Rig
+{
+    explicit Rig(const ScriptedServer::Script& script) : server(script), client(nullptr) {}
+    explicit Rig(const std::string& bytes, Then then = Then::Keep)
+        : Rig([=](const std::string&) {
+              return Answer{bytes, then};
+          })
+    {
+    }
+
+    ScriptedServer server;
+    Receiver receiver;
+    HttpClient client;
+
+    void* get(const std::string& path, const HttpClientOptions& options = HttpClientOptions())
+    {
+        return client.get(toUrl(server.url(path)), &receiver, "onAnswer", options);
+    }
+    /// Gets a path and waits for its answer.
+    Receiver::Delivery fetch(const std::string& path,
+                             const HttpClientOptions& options = HttpClientOptions())
+    {
+        get(path, options);
+        return wait();
+    }
+    Receiver::Delivery wait()
+    {
+        EXPECT_TRUE(receiver.waitFor(1)) << "no answer";
+        EXPECT_EQ(client.callsUnderWay(), 0);
+        const Receiver::Delivery delivery =
+            receiver.deliveries.empty() ? Receiver::Delivery() : receiver.deliveries.back();
+        receiver.deliveries.clear();
+        return delivery;
+    }
+};
+
+/// A body as "deflate" sends it (RFC 1950), without the length that Qt puts before it.
+std::string deflated(const std::string& body)
+{
+    return qCompress(QByteArray::fromStdString(body)).mid(4).toStdString();
+}
+} // namespace
+
+TEST(HttpClientTest, anAnswerComesWholeQueuedAndWithTheCallersData)
+{
+    Rig rig(
+        "HTTP/1.1 100 Continue\r\nX-Interim: 1\r\n\r\n" +
+        ScriptedServer::whole("{\"a\":1}", "eTag: \"7\"\r\nX-Two: a\r\nx-two: b\r\n", "404 Not"));
+    const CMGetRowsRequest request(CMPath(text("/a")), 0, 9, {});
+    const HttpClientOptions options = headerOptions("Authorization", text("Bearer x"))
+                                          .setUserData(HttpClientPrivate::Data(request));
+    rig.get("/p?q=%20", options);
+    EXPECT_TRUE(rig.receiver.deliveries.empty()) << "never from inside the call";
+    const Receiver::Delivery answer = rig.wait();
+
+    EXPECT_EQ(answer.url, toUrl(rig.server.url("/p?q=%20")));
+    EXPECT_TRUE(answer.userData.getCMGetRowsRequest() == request);
+    EXPECT_TRUE(answer.userData.getCMSetDataRequest().isNull());
+    EXPECT_EQ(answer.status, 404);
+    EXPECT_EQ(answer.code, HttpClient::NoFailure);
+    EXPECT_EQ(answer.body, QByteArray("{\"a\":1}"));
+    EXPECT_EQ(answer.headers.value(text("ETAG")), text("\"7\""));
+    EXPECT_EQ(answer.headers.value(text("X-TWO")), text("a"));
+    EXPECT_FALSE(answer.headers.contains(text("X-Interim")));
+    const std::string sent = rig.server.requests().at(0);
+    EXPECT_EQ(sent.rfind("GET /p?q=%20 HTTP/1.1\r\n", 0), 0u) << sent;
+    EXPECT_NE(sent.find("\r\nAuthorization: Bearer x\r\n"), std::string::npos) << sent;
+    EXPECT_NE(sent.find("\r\nUser-Agent: kelo/0.1.0\r\n"), std::string::npos) << sent;
+}
+
+TEST(HttpClientTest, callsOfEachKindShareAHandleWithoutMixingUp)
+{
+    Rig rig(ScriptedServer::whole("ok"));
+    const KeloUrl url = toUrl(rig.server.url("/x"));
+    const auto send = [&](auto method, const QByteArray& body, const HttpClientOptions& options) {
+        (rig.client.*method)(url, body, &rig.receiver, "onAnswer", options);
+        EXPECT_EQ(rig.wait().status, 200);
+        return rig.server.requests().back();
+    };
+    const auto has = [](const std::string& sent, const std::string& part) {
+        return sent.find(part) != std::string::npos;
+    };
+    std::string sent = send(&HttpClient::post, QByteArray("a=1"), HttpClientOptions());
+    EXPECT_TRUE(has(sent, "POST /x ") && has(sent, "\r\n\r\na=1")) << sent;
+    EXPECT_TRUE(has(sent, "\r\nContent-Type: application/x-www-form-urlencoded\r\n")) << sent;
+    sent = send(&HttpClient::post, QByteArray(), headerOptions("content-type", text("text/plain")));
+    EXPECT_TRUE(has(sent, "\r\nContent-Length: 0\r\n") && has(sent, "text/plain")) << sent;
+    EXPECT_FALSE(has(sent, "urlencoded")) << sent;
+    sent = send(&HttpClient::post, QByteArray(2 * 1024 * 1024, 'x'), HttpClientOptions());
+    EXPECT_FALSE(has(sent, "Expect")) << sent.substr(0, 200);
+    sent = send(&HttpClient::delete_, QByteArray("i=2"), HttpClientOptions());
+    EXPECT_TRUE(has(sent, "DELETE /x ") && has(sent, "\r\n\r\ni=2")) << sent;
+    sent = send(&HttpClient::delete_, QByteArray(), HttpClientOptions());
+    EXPECT_TRUE(has(sent, "DELETE /x ")) << sent;
+    EXPECT_EQ(rig.fetch("/y").status, 200);
+    sent = rig.server.requests().back();
+    EXPECT_TRUE(has(sent, "GET /y ") && !has(sent, "Content-")) << sent;
+    EXPECT_EQ(rig.server.connections(), 1) << "the connection is kept";
+}
+
+TEST(HttpClientTest, withoutKeepAliveEachCallHasAConnection)
+{
+    Rig rig(ScriptedServer::whole("ok"));
+    HttpClient client(nullptr, HttpClient::Version11, false);
+    for (int i = 0; i < 2; ++i) {
+        client.get(toUrl(rig.server.url("/")), &rig.receiver, "onAnswer", HttpClientOptions());
+        EXPECT_EQ(rig.wait().status, 200);
+    }
+    EXPECT_EQ(rig.server.connections(), 2);
+}
+
+TEST(HttpClientTest, aKeptConnectionThatTheServerClosedIsReplaced)
+{
+    Rig rig(ScriptedServer::whole("ok"), Then::Close);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(rig.fetch("/").body, QByteArray("ok"));
+    EXPECT_EQ(rig.server.connections(), 3);
+}
+
+TEST(HttpClientTest, manyCallsAtOnceAreEachAnsweredOnce)
+{
+    Rig rig([](const std::string& request) {
+        return Answer{ScriptedServer::whole(request.substr(4, request.find(' ', 4) - 4))};
+    });
+    constexpr int count = 120;
+    for (int i = 0; i < count; ++i)
+        rig.get("/" + std::to_string(i));
+    ASSERT_TRUE(rig.receiver.waitFor(count));
+    for (const Receiver::Delivery& answer : rig.receiver.deliveries)
+        EXPECT_TRUE(answer.url.toEncoded().endsWith(answer.body)) << answer.body.constData();
+    EXPECT_EQ(rig.receiver.deliveries.size(), std::size_t(count));
+}
+
+TEST(HttpClientTest, whatDoesNotArriveWholeIsAFailureWithoutStatusAndBody)
+{
+    const struct
+    {
+        const char* name;
+        std::string bytes;
+        Then then;
+        int code;
+    } table[] = {
+        {"truncated", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc", Then::Close,
+         HttpClient::TransferFailed},
+        {"broken chunk", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\nzz\r\n",
+         Then::Close, HttpClient::TransferFailed},
+        {"missing last chunk", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n",
+         Then::Close, HttpClient::TransferFailed},
+        {"not HTTP", "+OK POP3 ready\r\n\r\n", Then::Close, HttpClient::TransferFailed},
+        {"nothing", "", Then::Close, HttpClient::TransferFailed},
+        {"broken deflate", ScriptedServer::whole("garbage", "Content-Encoding: deflate\r\n"),
+         Then::Keep, HttpClient::TransferFailed},
+        {"endless headers",
+         "HTTP/1.1 200 OK\r\n" +
+             [] {
+                 std::string lines;
+                 for (int i = 0; i < 40; ++i)
+                     lines += "X: " + std::string(8000, 'x') + "\r\n";
+                 return lines;
+             }(),
+         Then::Hang, HttpClient::TransferFailed},
+        {"silence", "", Then::Hang, HttpClient::TimedOut},
+        {"stalled body", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc", Then::Hang,
+         HttpClient::TimedOut},
+    };
+    for (const auto& row : table) {
+        Rig rig(row.bytes, row.then);
+        const int timeoutMs = row.code == HttpClient::TimedOut ? 100 : 20000;
+        const auto answer = rig.fetch("/", HttpClientOptions().setTimeoutMs(timeoutMs));
+        EXPECT_EQ(answer.code, row.code) << row.name;
+        EXPECT_EQ(answer.status, 0) << row.name;
+        EXPECT_TRUE(answer.body.isEmpty() && answer.headers.isEmpty()) << row.name;
+    }
+}
+
+TEST(HttpClientTest, whatCannotBeSentFailsWithoutAConnection)
+{
+    Rig rig(ScriptedServer::whole("ok"));
+    const std::string good = rig.server.url("/");
+    int refusedPort = 0;
+    {
+        ScriptedServer gone([](const std::string&) { return Answer{}; });
+        refusedPort = gone.port();
+    }
+    const struct
+    {
+        std::string url;
+        const char* headerName;
+        const char* headerValue;
+        int code;
+    } table[] = {
+        {"", "X", "1", HttpClient::BadUrl},
+        {"?a=b", "X", "1", HttpClient::BadUrl},
+        {"127.0.0.1/", "X", "1", HttpClient::BadUrl},
+        {"file:///etc/hostname", "X", "1", HttpClient::BadUrl},
+        {"http://", "X", "1", HttpClient::BadUrl},
+        {"http://127.0.0.1:99999/", "X", "1", HttpClient::BadUrl},
+        {"http://127.0.0.1:" + std::to_string(refusedPort) + "/", "X", "1",
+         HttpClient::ConnectionFailed},
+        {good, "X", "1\r\nY: 2", HttpClient::TransferFailed},
+        {good, "X", "1\nY: 2", HttpClient::TransferFailed},
+        {good, "X:", "1", HttpClient::TransferFailed},
+        {good, "X Y", "1", HttpClient::TransferFailed},
+        {good, "", "1", HttpClient::TransferFailed},
+    };
+    for (const auto& row : table) {
+        rig.client.get(toUrl(row.url), &rig.receiver, "onAnswer",
+                       headerOptions(row.headerName, text(row.headerValue)));
+        const Receiver::Delivery answer = rig.wait();
+        EXPECT_EQ(answer.code, row.code) << row.url << ' ' << row.headerName;
+        EXPECT_EQ(answer.status, 0) << row.url;
+    }
+    EXPECT_EQ(rig.server.connections(), 0);
+    EXPECT_EQ(rig.fetch("/").status, 200) << "the client goes on";
+}
+
+TEST(HttpClientTest, theReadLimitCountsDecodedBytes)
+{
+    constexpr int limit = 100000;
+    for (const bool isDeflated : {false, true}) {
+        for (const int size : {limit, limit + 1}) {
+            const std::string body(std::size_t(size), 'x');
+            Rig rig(isDeflated
+                        ? ScriptedServer::whole(deflated(body), "Content-Encoding: deflate\r\n")
+                        : ScriptedServer::whole(body));
+            const auto answer = rig.fetch("/", HttpClientOptions().setReadSizeLimit(limit));
+            const bool fits = size == limit;
+            EXPECT_EQ(answer.code, fits ? HttpClient::NoFailure : HttpClient::BodyTooLarge);
+            EXPECT_EQ(answer.status, fits ? 200 : 0);
+            EXPECT_EQ(answer.body.size(), fits ? size : 0);
+            EXPECT_EQ(rig.fetch("/", HttpClientOptions()).body.size(), size)
+                << "no limit left over";
+        }
+    }
+}
+
+TEST(HttpClientTest, aChunkedAnswerIsPutTogether)
+{
+    Rig rig(
+        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n2\r\nde\r\n0\r\n\r\n");
+    EXPECT_EQ(rig.fetch("/").body, QByteArray("abcde"));
+}
+
+TEST(HttpClientTest, redirectsAreFollowedOnTheSameServerAlone)
+{
+    ScriptedServer other([](const std::string&) { return Answer{ScriptedServer::whole("other")}; });
+    const auto location = [](const std::string& target) {
+        return Answer{ScriptedServer::whole("moved", "Location: " + target + "\r\n", "302 Found")};
+    };
+    std::atomic<int> hops{0};
+    Rig rig([&](const std::string& request) {
+        const std::string path = request.substr(request.find(' ') + 1);
+        if (path.rfind("/same", 0) == 0)
+            return location("end");
+        if (path.rfind("/absolute", 0) == 0)
+            return location("http://127.0.0.1:" + path.substr(10, path.find(' ') - 10) + "/end");
+        if (path.rfind("/other", 0) == 0)
+            return location(other.url("/"));
+        if (path.rfind("/user", 0) == 0)
+            return location("http://u:p@127.0.0.1:" + path.substr(6, path.find(' ') - 6) + "/end");
+        if (path.rfind("/file", 0) == 0)
+            return location("file:///etc/hostname");
+        if (path.rfind("/circle", 0) == 0)
+            return ++hops, location("/circle");
+        return Answer{ScriptedServer::whole("end")};
+    });
+    const std::string port = std::to_string(rig.server.port());
+    const struct
+    {
+        std::string path;
+        int status;
+    } table[] = {{"/same", 200},  {"/absolute/" + port, 200},
+                 {"/other", 302}, {"/user/" + port, 302},
+                 {"/file", 302},  {"/circle", 302}};
+    for (const auto& row : table) {
+        const auto answer = rig.fetch(row.path, headerOptions("Authorization", text("Bearer x")));
+        EXPECT_EQ(answer.status, row.status) << row.path;
+        EXPECT_EQ(answer.body, QByteArray(row.status == 200 ? "end" : "moved")) << row.path;
+        EXPECT_EQ(answer.url, toUrl(rig.server.url(row.path)));
+    }
+    EXPECT_EQ(hops, 6) << "the call and five redirects";
+    EXPECT_EQ(other.connections(), 0) << "no token leaves the server";
+    rig.client.post(toUrl(rig.server.url("/same")), "a=1", &rig.receiver, "onAnswer",
+                    HttpClientOptions());
+    EXPECT_EQ(rig.wait().status, 302) << "a post is not sent twice";
+}
+
+TEST(HttpClientTest, anAbortedCallEndsOnceAndAStaleHandleHitsNothing)
+{
+    Rig rig([](const std::string& request) {
+        return request.find("/hang") == std::string::npos ? Answer{ScriptedServer::whole("ok")}
+                                                          : Answer{"", Then::Hang};
+    });
+    void* handle = rig.get("/hang");
+    rig.client.abort(handle);
+    rig.client.abort(handle);
+    EXPECT_TRUE(rig.receiver.deliveries.empty());
+    EXPECT_EQ(rig.wait().code, HttpClient::Aborted);
+    rig.get("/");
+    rig.client.abort(handle);
+    rig.client.abort(nullptr);
+    EXPECT_EQ(rig.wait().status, 200);
+}
+
+TEST(HttpClientTest, aReceiverThatIsGoneGetsNothingAndOthersStillDo)
+{
+    Rig rig([](const std::string&) { return Answer{ScriptedServer::whole("ok")}; });
+    auto gone = std::make_unique<Receiver>();
+    rig.client.get(toUrl(rig.server.url("/")), gone.get(), "onAnswer", HttpClientOptions());
+    rig.client.get(toUrl(rig.server.url("/")), nullptr, "onAnswer", HttpClientOptions());
+    rig.client.get(toUrl(rig.server.url("/")), &rig.receiver, "noSuchMember", HttpClientOptions());
+    gone.reset();
+    rig.get("/");
+    ASSERT_TRUE(rig.receiver.waitFor(1));
+    EXPECT_EQ(rig.receiver.deliveries[0].status, 200);
+}
+
+TEST(HttpClientTest, aDeletedClientAbortsWhatIsUnderWayAndTellsTheReceivers)
+{
+    ScriptedServer server([](const std::string&) { return Answer{"", Then::Hang}; });
+    Receiver receiver;
+    auto client = std::make_unique<HttpClient>(nullptr);
+    auto gone = std::make_unique<Receiver>();
+    for (int i = 0; i < 3; ++i)
+        client->get(toUrl(server.url("/")), &receiver, "onAnswer", HttpClientOptions());
+    client->get(toUrl(server.url("/")), gone.get(), "onAnswer", HttpClientOptions());
+    gone.reset();
+    client.reset();
+    EXPECT_TRUE(receiver.deliveries.empty());
+    ASSERT_TRUE(receiver.waitFor(3));
+    for (const Receiver::Delivery& delivery : receiver.deliveries)
+        EXPECT_EQ(delivery.code, HttpClient::Aborted);
+}
+
+#include "HttpClientTest.moc"

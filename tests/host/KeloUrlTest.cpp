@@ -1,0 +1,73 @@
+#include <gtest/gtest.h>
+#include <kelo/KeloUrl.h>
+
+namespace {
+KeloUrl url(const char* text)
+{
+    return KeloUrl(QString::fromUtf8(text));
+}
+
+QString text(const char* utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+} // namespace
+
+TEST(KeloUrlTest, whatMayNotStandInAUrlIsEscapedAndWhatIsEscapedStays)
+{
+    const struct
+    {
+        const char* set;
+        const char* encoded;
+    } table[] = {
+        {"", ""},
+        {"http://h:80/a/b?x=1&y=2#f", "http://h:80/a/b?x=1&y=2#f"},
+        {"http://[::1]:8/", "http://[::1]:8/"},
+        {"http://h/a b\r\nX: y", "http://h/a%20b%0D%0AX:%20y"},
+        {"http://h/%41%2f", "http://h/%41%2f"},
+        {"http://h/100%", "http://h/100%25"},
+        {"http://h/%4", "http://h/%254"},
+        {"http://h/%zz%20", "http://h/%25zz%20"},
+        {"http://h/\xc3\x85<>\"{}|\\^`\x7f", "http://h/%C3%85%3C%3E%22%7B%7D%7C%5C%5E%60%7F"},
+    };
+    for (const auto& row : table) {
+        EXPECT_EQ(url(row.set).toEncoded(), QByteArray(row.encoded)) << row.set;
+        EXPECT_EQ(KeloUrl::fromEncoded(row.set), url(row.set)) << row.set;
+        EXPECT_EQ(KeloUrl(url(row.set).toString()), url(row.set)) << row.set;
+    }
+}
+
+TEST(KeloUrlTest, queryItemsReplaceTheQueryAndKeepOnlyUnreservedBytes)
+{
+    KeloUrl address = url("http://h/p?old=1#part");
+    address.setQueryItems({{text("a b"), text("\xc3\x85&=+#?/%20")}, {text("~-._"), QString()}});
+    EXPECT_EQ(address.toEncoded(),
+              QByteArray("http://h/p?a%20b=%C3%85%26%3D%2B%23%3F%2F%2520&~-._=#part"));
+    address.setQueryItems({});
+    EXPECT_EQ(address.toEncoded(), QByteArray("http://h/p#part"));
+
+    KeloUrl bare;
+    bare.setQueryItems({{text("k"), text("v")}});
+    EXPECT_EQ(bare.toEncoded(), QByteArray("?k=v"));
+}
+
+TEST(KeloUrlTest, anEncodedItemIsAddedBehindTheQueryAndBeforeTheFragment)
+{
+    const struct
+    {
+        const char* before;
+        const char* after;
+    } table[] = {
+        {"", "?k=%20"},
+        {"http://h/p", "http://h/p?k=%20"},
+        {"http://h/p?", "http://h/p?k=%20"},
+        {"http://h/p?a=1", "http://h/p?a=1&k=%20"},
+        {"http://h/p?a=1#f?g", "http://h/p?a=1&k=%20#f?g"},
+        {"http://h/p#f?g", "http://h/p?k=%20#f?g"},
+    };
+    for (const auto& row : table) {
+        KeloUrl address = url(row.before);
+        address.addEncodedQueryItem("k", "%20");
+        EXPECT_EQ(address.toEncoded(), QByteArray(row.after)) << row.before;
+    }
+}
