@@ -1,0 +1,262 @@
+#include "SimFixture.h"
+
+#include <set>
+
+namespace {
+
+class SimApi : public SimFixture
+{
+protected:
+    std::vector<std::string> titles(const std::string& path, const char* inner = nullptr)
+    {
+        std::vector<std::string> out;
+        const Json page = json(path);
+        for (const Value& item : page["items"].GetArray())
+            out.push_back((inner ? item[inner] : item)["title"].GetString());
+        return out;
+    }
+};
+
+TEST_F(SimApi, ChecksCountryThenTokenThenResource)
+{
+    struct Row
+    {
+        const char* path;
+        const char* token; // nullptr: no header
+        const char* expected;
+    };
+    const std::string good = m_sim.issueToken();
+    const Row rows[] = {
+        {"/albums/1", nullptr, "400/1002"},
+        {"/albums/1?countryCode=", nullptr, "400/1002"},
+        {"/albums/1?countryCode=NO", nullptr, "401/1005"},
+        {"/albums/1?countryCode=NO", "", "401/1005"},
+        {"/albums/1?countryCode=NO", "foreign", "401/11002"},
+        {"/albums/1?countryCode=NO", good.c_str(), "404/2001"},
+        {"/albums/x?countryCode=NO", good.c_str(), "404/2001"},
+        {"/sessions", nullptr, "401/1005"},
+        {"/sessions", good.c_str(), "200"},
+        {"/users/770011/subscription", good.c_str(), "200"},
+        {"/nothing?countryCode=NO", good.c_str(), "404/2001"},
+        {"/genres/NoSuch?countryCode=NO", good.c_str(), "404/2001"},
+        {"/moods/relax/albums?countryCode=NO", good.c_str(), "404/2001"},
+        {"/artists/1?countryCode=NO", good.c_str(), "404/2001"},
+        {"/artists/1/albums?countryCode=NO", good.c_str(), "200"},
+        {"/tracks/1/playbackinfopostpaywall?audioquality=LOW", good.c_str(), "500/999"},
+        {"/tracks/6000100/playbackinfopostpaywall?audioquality=LOUD", good.c_str(), "404/2001"},
+        {"/tracks/6000100/playbackinfopostpaywall?audioquality=LOW&playbackmode=OFFLINE",
+         good.c_str(), "401/4007"},
+    };
+    httplib::Client plain("127.0.0.1", m_sim.port());
+    for (const Row& row : rows) {
+        httplib::Headers headers;
+        if (row.token)
+            headers.emplace("Authorization", std::string("Bearer ") + row.token);
+        EXPECT_EQ(outcome(plain.Get((std::string("/v1") + row.path).c_str(), headers)),
+                  row.expected)
+            << row.path;
+    }
+    m_sim.expireTokens();
+    EXPECT_EQ(outcome(get("/sessions", false)), "401/11003");
+}
+
+TEST_F(SimApi, EveryListPagesAndKeepsItsTotal)
+{
+    const Json own = json("/users/770011/playlists?limit=1");
+    const std::string uuid = own["items"][0]["uuid"].GetString();
+    const std::string lists[] = {"/featured/new/albums",
+                                 "/featured/top/tracks",
+                                 "/featured/recommended/playlists",
+                                 "/genres/Rock/albums",
+                                 "/genres/Rock/tracks",
+                                 "/genres/spoken_field/tracks",
+                                 "/moods/relax/playlists",
+                                 "/rising/new/tracks",
+                                 "/discovery/new/albums",
+                                 "/master/recommended/playlists",
+                                 "/artists/900110/toptracks",
+                                 "/artists/900110/albums",
+                                 "/artists/900110/albums?filter=EPSANDSINGLES",
+                                 "/artists/900110/albums?filter=COMPILATIONS",
+                                 "/artists/900110/radio",
+                                 "/artists/900112/playlistscreatedby",
+                                 "/search/albums?query=velvet",
+                                 "/search/tracks?query="
+                                 "%C3%98STOVER",
+                                 "/search/artists?query=dj",
+                                 "/search/playlists?query=essentials",
+                                 "/search/tracks?query=",
+                                 "/playlists/" + uuid + "/tracks",
+                                 "/users/770011/playlists",
+                                 "/users/770011/favorites/albums",
+                                 "/users/770011/favorites/artists",
+                                 "/users/770011/favorites/tracks",
+                                 "/users/770011/favorites/playlists"};
+    for (const std::string& list : lists) {
+        const std::string more = list + (list.find('?') == std::string::npos ? "?" : "&");
+        const Json first = json(list);
+        const int total = first["totalNumberOfItems"].GetInt();
+        EXPECT_EQ(first["limit"].GetInt(), 10) << list;
+        EXPECT_EQ(static_cast<int>(first["items"].Size()), std::min(10, total)) << list;
+        int seen = 0;
+        for (int offset = 0; offset < total; offset += 50) {
+            const Json page = json(more + "limit=50&offset=" + std::to_string(offset));
+            EXPECT_EQ(page["totalNumberOfItems"].GetInt(), total) << list;
+            EXPECT_EQ(page["offset"].GetInt(), offset) << list;
+            seen += static_cast<int>(page["items"].Size());
+        }
+        EXPECT_EQ(seen, total) << list;
+        EXPECT_EQ(json(more + "offset=" + std::to_string(total))["items"].Size(), 0u) << list;
+        EXPECT_EQ(json(more + "limit=0")["items"].Size(), 0u) << list;
+        for (const char* bad : {"limit=-1", "limit=x", "offset=-1", "offset=1.5"})
+            EXPECT_EQ(outcome(get(more + bad)), "400/1002") << list << bad;
+        EXPECT_EQ(outcome(get(more + "limit=20000")), "400/1001") << list;
+    }
+    EXPECT_GE(json("/featured/new/albums")["totalNumberOfItems"].GetInt(), 120);
+    EXPECT_EQ(json("/featured/top/albums")["totalNumberOfItems"].GetInt(), 20);
+    const Json album = json("/albums/500070/tracks"); // an album comes whole
+    EXPECT_EQ(album["items"].Size(), album["limit"].GetUint());
+}
+
+TEST_F(SimApi, SameSeedGivesTheSameCatalogueAndAnotherSeedAnother)
+{
+    const std::string path = "/v1/featured/new/albums?countryCode=NO&limit=50";
+    const std::string here = m_client->Get(path.c_str())->body;
+    for (const std::uint64_t seed : {1u, 2u}) {
+        kelosim::SimOptions options;
+        options.seed = seed;
+        kelosim::SimServer other(options);
+        std::string error;
+        ASSERT_TRUE(other.start(&error)) << error;
+        httplib::Client client("127.0.0.1", other.port());
+        client.set_bearer_token_auth(other.issueToken().c_str());
+        EXPECT_EQ(client.Get(path.c_str())->body == here, seed == 1);
+    }
+}
+
+TEST_F(SimApi, CatalogueHoldsEveryOddity)
+{
+    std::set<std::string> seen;
+    for (int id = 500000; id < 503000; ++id) {
+        const auto result = get("/albums/" + std::to_string(id));
+        if (!result || result->status != 200)
+            break;
+        const Json album = parse(result->body);
+        seen.insert(std::string("type ") + album["type"].GetString());
+        if (!album.HasMember("artist"))
+            seen.insert("artist missing");
+        else if (album["artist"].IsNull())
+            seen.insert("artist null");
+        if (album["cover"].IsNull())
+            seen.insert("cover null");
+        if (!album.HasMember("releaseDate"))
+            seen.insert("date missing");
+        else if (album["releaseDate"].IsNull())
+            seen.insert("date null");
+        seen.insert("artists " + std::to_string(album["artists"].Size()));
+        if (album["version"].IsString())
+            seen.insert(album["version"].GetStringLength() ? "version text" : "version empty");
+        if (!album["allowStreaming"].GetBool())
+            seen.insert("withdrawn");
+        if (album["title"].GetStringLength() >= 500)
+            seen.insert("long title");
+        if (album.HasMember("usageRules"))
+            seen.insert("unknown keys");
+    }
+    for (const char* oddity :
+         {"artist missing", "artist null", "cover null", "date missing", "date null", "artists 1",
+          "artists 2", "artists 12", "version text", "version empty", "withdrawn", "long title",
+          "unknown keys", "type ALBUM", "type EP", "type SINGLE", "type COMPILATION"})
+        EXPECT_EQ(seen.count(oddity), 1u) << oddity;
+
+    std::set<std::string> paths;
+    bool sharedPath = false, nullImage = false, noImage = false;
+    const Json genres = json("/genres");
+    for (const Value& root : genres.GetArray()) {
+        sharedPath |= !paths.insert(root["path"].GetString()).second;
+        noImage |= !root.HasMember("image");
+        nullImage |= root.HasMember("image") && root["image"].IsNull();
+    }
+    EXPECT_TRUE(sharedPath && nullImage && noImage);
+}
+
+TEST_F(SimApi, OrderAndFilterReallyOrderAndFilter)
+{
+    const std::string favorites = "/users/770011/favorites/albums?limit=100&order=";
+    auto up = titles(favorites + "NAME&orderDirection=ASC", "item");
+    const auto down = titles(favorites + "NAME&orderDirection=DESC", "item");
+    EXPECT_EQ(up.size(), 64u);
+    EXPECT_NE(up, titles("/users/770011/favorites/albums?limit=100", "item"));
+    EXPECT_EQ(std::set<std::string>(up.begin(), up.end()),
+              std::set<std::string>(down.begin(), down.end()));
+    EXPECT_EQ(up.front(), down.back());
+    const Json dated = json(favorites + "RELEASE_DATE&orderDirection=DESC");
+    std::string last = "9999";
+    for (const Value& entry : dated["items"].GetArray()) {
+        const Value& item = entry["item"];
+        const bool known = item.HasMember("releaseDate") && item["releaseDate"].IsString();
+        const std::string date = known ? item["releaseDate"].GetString() : "0";
+        EXPECT_LE(date, last);
+        last = date;
+    }
+    // An order that the list does not know changes nothing.
+    EXPECT_EQ(titles(favorites + "LENGTH", "item"),
+              titles("/users/770011/favorites/albums?limit=100", "item"));
+
+    const Json all = json("/users/770011/playlists?limit=50&filter=ALL");
+    const Json open = json("/users/770011/playlists?limit=50&filter=PUBLIC");
+    const Json hidden = json("/users/770011/playlists?limit=50&filter=PRIVATE");
+    EXPECT_GT(open["items"].Size(), 0u);
+    EXPECT_EQ(all["items"].Size(), open["items"].Size() + hidden["items"].Size());
+    for (const Value& playlist : open["items"].GetArray())
+        EXPECT_TRUE(playlist["publicPlaylist"].GetBool());
+
+    // The index of a playlist's entry is its place in the playlist, whatever the order.
+    const std::string uuid = all["items"][0]["uuid"].GetString();
+    const Json byIndex = json("/playlists/" + uuid + "/tracks?order=INDEX&orderDirection=DESC");
+    EXPECT_EQ(byIndex["items"][0]["index"].GetInt(), byIndex["totalNumberOfItems"].GetInt() - 1);
+}
+
+TEST_F(SimApi, AnotherCountryLeavesItemsOutOfPagesButNotOutOfTotals)
+{
+    const std::string path = "/v1/featured/new/albums?limit=100&countryCode=";
+    const Json home = parse(m_client->Get((path + "NO").c_str())->body);
+    const Json away = parse(m_client->Get((path + "SE").c_str())->body);
+    EXPECT_EQ(home["totalNumberOfItems"].GetInt(), away["totalNumberOfItems"].GetInt());
+    EXPECT_EQ(home["items"].Size(), 100u);
+    EXPECT_LT(away["items"].Size(), 100u);
+}
+
+TEST_F(SimApi, BodyForBenchmarksHasTheUsualSize)
+{
+    const std::string body = m_sim.tracksBody(50);
+    EXPECT_EQ(parse(body)["items"].Size(), 50u);
+    EXPECT_GT(body.size(), 55000u);
+    EXPECT_LT(body.size(), 75000u);
+}
+
+TEST_F(SimApi, LogKeepsOrderShortensSecretsAndWakesWaiters)
+{
+    get("/search/albums?query=a%26b&limit=3");
+    postForm("/users/770011/playlists", "title=x");
+    EXPECT_TRUE(m_sim.waitForRequests("/search", 1, 5000));
+    EXPECT_TRUE(m_sim.waitForRequests("/v1/search/albums", 1, 5000));
+    EXPECT_FALSE(m_sim.waitForRequests("/search", 2, 1));
+    const Json log = parse(m_client->Get("/sim/log")->body);
+    ASSERT_EQ(log.Size(), 2u);
+    const Value& query = log[0]["query"];
+    ASSERT_EQ(query.Size(), 3u);
+    EXPECT_STREQ(query[0][0].GetString(), "query");
+    EXPECT_STREQ(query[0][1].GetString(), "a&b");
+    EXPECT_STREQ(query[2][0].GetString(), "countryCode");
+    EXPECT_STREQ(log[1]["body"].GetString(), "title=x");
+    for (const Value& header : log[0]["headers"].GetArray()) {
+        if (std::string(header[0].GetString()) == "Authorization") {
+            EXPECT_STREQ(header[1].GetString(), "Bearer sim-...");
+        }
+    }
+    m_client->Post("/sim/reset");
+    EXPECT_EQ(m_sim.log(), "[]");
+}
+
+} // namespace

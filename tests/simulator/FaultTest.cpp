@@ -1,0 +1,197 @@
+#include "SimFixture.h"
+
+#include <chrono>
+#include <thread>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+class SimFault : public SimFixture
+{
+protected:
+    // The connection is closed early or reset by some faults; each try gets a fresh one.
+    httplib::Result fresh(const std::string& path)
+    {
+        httplib::Client client("127.0.0.1", m_sim.port());
+        client.set_bearer_token_auth(m_token.c_str());
+        return client.Get(("/v1" + path + withCountry(path)).c_str());
+    }
+
+    std::string m_token = m_sim.issueToken();
+};
+
+TEST_F(SimFault, BadLinesGetASentence)
+{
+    const char* rows[][2] = {
+        {"", "the fault line is empty"},
+        {"nonsense", "there is no fault 'nonsense'"},
+        {"status", "fault 'status' needs the key 'status'"},
+        {"status=abc", "key 'status' wants a number, not 'abc'"},
+        {"status=500 colour=red", "fault 'status' has no key 'colour'"},
+        {"status=500 body=xml", "key 'body' is one of json|html|none, not 'xml'"},
+        {"hang=3", "fault 'hang' has no key ''"},
+        {"delay ms=-1", "key 'ms' wants a number, not '-1'"},
+        {"quality=LOUD",
+         "key 'grant' is one of LOW|HIGH|LOSSLESS|HI_RES|HI_RES_LOSSLESS, not 'LOUD'"},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(addFault(row[0]), row[1]);
+    const auto posted = m_client->Post("/sim/faults", "empty-list\nnonsense\n", "text/plain");
+    EXPECT_EQ(posted->status, 400);
+    EXPECT_GT(json("/genres").Size(), 0u) << "none of a bad set is put in force";
+}
+
+TEST_F(SimFault, StatusStrikesWhereAndAsOftenAsTold)
+{
+    ASSERT_EQ(m_client
+                  ->Post("/sim/faults",
+                         "status=503 path=/albums count=2 after=1 body=html retry-after=7\n"
+                         "status=404 path=/genres sub=2001\nstatus=502 path=/moods body=none\n",
+                         "text/plain")
+                  ->status,
+              200);
+    for (const char* expected : {"200", "503", "503", "200"})
+        EXPECT_EQ(outcome(get("/albums/500070")), expected);
+    EXPECT_EQ(outcome(get("/artists/900110")), "200");
+    EXPECT_EQ(outcome(get("/genres")), "404/2001");
+    const auto none = get("/moods");
+    EXPECT_EQ(none->status, 502);
+    EXPECT_EQ(none->body, "");
+    m_client->Delete("/sim/faults");
+    EXPECT_EQ(outcome(get("/genres")), "200");
+}
+
+TEST_F(SimFault, BodiesHaveExactSizesPlainAndCompressed)
+{
+    for (const std::size_t size : {262143u, 262144u, 262145u}) {
+        for (const bool compressed : {false, true}) {
+            m_sim.clearFaults();
+            ASSERT_EQ(addFault("size bytes=" + std::to_string(size)), "");
+            m_client->set_decompress(true);
+            const auto result =
+                m_client->Get("/v1/genres?countryCode=NO",
+                              {{"Accept-Encoding", compressed ? "gzip, deflate" : "identity"}});
+            ASSERT_TRUE(result);
+            EXPECT_EQ(result->body.size(), size);
+            EXPECT_EQ(result->has_header("Content-Encoding"), compressed);
+            EXPECT_EQ(result->has_header("Content-Length"), !compressed);
+            EXPECT_TRUE(parse(result->body).IsArray());
+            Json cut;
+            EXPECT_TRUE(cut.Parse(result->body.c_str(), size - 1).HasParseError());
+        }
+    }
+}
+
+TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
+{
+    struct Row
+    {
+        const char* fault;
+        bool arrives;
+        std::size_t bytes; // of the body, where it arrives
+    };
+    const std::size_t whole = get("/genres")->body.size();
+    const Row rows[] = {{"reset when=before", false, 0},
+                        {"reset when=after", false, 0},
+                        {"truncate bytes=100", false, 0},
+                        {"truncate bytes=100 framing=ok", true, 100},
+                        {"empty", true, 0},
+                        {"drip bytes=700 ms=1", true, whole},
+                        {"chunked", true, whole},
+                        {"plain", true, whole}};
+    for (const Row& row : rows) {
+        ASSERT_EQ(addFault(std::string(row.fault) + " path=/genres count=1"), "");
+        const auto result = fresh("/genres");
+        EXPECT_EQ(static_cast<bool>(result), row.arrives) << row.fault;
+        if (result) {
+            EXPECT_EQ(result->body.size(), row.bytes) << row.fault;
+        }
+        EXPECT_EQ(outcome(fresh("/genres")), "200") << "after " << row.fault;
+    }
+    ASSERT_EQ(addFault("no-content path=/moods"), "");
+    EXPECT_EQ(get("/moods")->status, 204);
+}
+
+TEST_F(SimFault, SlowAnswersDoNotHoldUpOthersNorTheEnd)
+{
+    ASSERT_EQ(addFault("hang path=/search"), "");
+    ASSERT_EQ(addFault("delay path=/genres ms=100"), "");
+    std::thread hanging([this] { fresh("/search/albums?query=x"); });
+    ASSERT_TRUE(m_sim.waitForRequests("/search", 1, 10000));
+    const auto before = Clock::now();
+    EXPECT_EQ(outcome(get("/genres")), "200");
+    EXPECT_GE(Clock::now() - before, std::chrono::milliseconds(100));
+    const auto stopping = Clock::now();
+    m_sim.stop();
+    hanging.join();
+    EXPECT_LT(Clock::now() - stopping, std::chrono::seconds(2));
+    EXPECT_FALSE(get("/genres")) << "nobody listens any more";
+}
+
+TEST_F(SimFault, SwitchesChangeWhatTheServiceSays)
+{
+    ASSERT_EQ(addFault("hidden-items path=/featured"), "");
+    const Json hidden = json("/featured/top/albums?limit=20");
+    EXPECT_EQ(hidden["totalNumberOfItems"].GetInt(), 20);
+    EXPECT_EQ(hidden["items"].Size(), 16u);
+
+    ASSERT_EQ(addFault("empty-list path=/users"), "");
+    EXPECT_EQ(json("/users/770011/favorites/tracks")["totalNumberOfItems"].GetInt(), 0);
+    ASSERT_EQ(addFault("empty-list path=/genres"), "");
+    EXPECT_EQ(json("/genres").Size(), 0u);
+
+    ASSERT_EQ(addFault("subscription=null"), "");
+    EXPECT_TRUE(json("/users/770011/subscription")["highestSoundQuality"].IsNull());
+    ASSERT_EQ(addFault("session-country=SE"), "");
+    EXPECT_STREQ(json("/sessions")["countryCode"].GetString(), "SE");
+
+    ASSERT_EQ(addFault("float-numbers path=/albums"), "");
+    EXPECT_NE(get("/albums/500070")->body.find("\"id\":500070.0,"), std::string::npos);
+
+    ASSERT_EQ(addFault("short-tracks=2"), "");
+    EXPECT_EQ(json("/tracks/6000100")["duration"].GetInt(), 2);
+
+    ASSERT_EQ(addFault("token-expired"), "");
+    EXPECT_EQ(outcome(get("/sessions", false)), "401/11003");
+    m_client->set_bearer_token_auth(m_sim.issueToken().c_str());
+    EXPECT_EQ(outcome(get("/sessions", false)), "200");
+}
+
+TEST_F(SimFault, MalformedRequestsAreRefused)
+{
+    struct Row
+    {
+        const char* method;
+        const char* path;
+        const char* body;
+        int status;
+    };
+    const Row rows[] = {{"PUT", "/v1/genres?countryCode=NO", "", 405},
+                        {"POST", "/v1/albums/1?countryCode=NO", "x", 405},
+                        {"GET", "/v1", "", 400},
+                        {"GET", "/", "", 404},
+                        {"GET", "/sim/other", "", 404},
+                        {"GET", "/v1/oauth2/token", "", 405},
+                        {"POST", "/sim/login/approve", "{\"userCode\":7}", 404},
+                        {"POST", "/sim/login/approve", "{", 404},
+                        {"GET", "/%zz%", "", 404}};
+    for (const Row& row : rows) {
+        httplib::Request request;
+        request.method = row.method;
+        request.path = row.path;
+        request.body = row.body;
+        const auto result = m_client->send(request);
+        ASSERT_TRUE(result) << row.path;
+        EXPECT_EQ(result->status, row.status) << row.method << row.path;
+    }
+    kelosim::SimOptions options;
+    for (const char* bad : {"0.0.0.0:0", "127.0.0.1", "127.0.0.1:x", "127.0.0.1:70000"}) {
+        options.listen = bad;
+        std::string error;
+        EXPECT_FALSE(kelosim::SimServer(options).start(&error)) << bad;
+        EXPECT_NE(error.find(bad), std::string::npos) << error;
+    }
+}
+
+} // namespace

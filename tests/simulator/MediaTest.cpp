@@ -1,0 +1,218 @@
+#include "SimFixture.h"
+
+#include <FLAC/stream_decoder.h>
+
+namespace {
+
+// Decodes a FLAC file in memory and counts what comes out.
+struct Decoded
+{
+    std::string bytes;
+    std::size_t at = 0;
+    std::uint64_t samples = 0;
+    std::uint64_t announced = 0;
+    int loudest = 0;
+    int errors = 0;
+
+    explicit Decoded(std::string file) : bytes(std::move(file))
+    {
+        FLAC__StreamDecoder* decoder = FLAC__stream_decoder_new();
+        FLAC__stream_decoder_init_stream(decoder, read, nullptr, nullptr, nullptr, nullptr, write,
+                                         metadata, error, this);
+        FLAC__stream_decoder_process_until_end_of_stream(decoder);
+        FLAC__stream_decoder_delete(decoder);
+    }
+
+    static Decoded& self(void* data) { return *static_cast<Decoded*>(data); }
+    static FLAC__StreamDecoderReadStatus read(const FLAC__StreamDecoder*, FLAC__byte* out,
+                                              std::size_t* size, void* data)
+    {
+        Decoded& d = self(data);
+        *size = d.bytes.copy(reinterpret_cast<char*>(out), *size, d.at);
+        d.at += *size;
+        return *size ? FLAC__STREAM_DECODER_READ_STATUS_CONTINUE
+                     : FLAC__STREAM_DECODER_READ_STATUS_END_OF_STREAM;
+    }
+    static FLAC__StreamDecoderWriteStatus write(const FLAC__StreamDecoder*,
+                                                const FLAC__Frame* frame,
+                                                const FLAC__int32* const channels[], void* data)
+    {
+        Decoded& d = self(data);
+        d.samples += frame->header.blocksize;
+        for (unsigned i = 0; i < frame->header.blocksize; ++i)
+            d.loudest = std::max(d.loudest, std::abs(channels[0][i]));
+        return FLAC__STREAM_DECODER_WRITE_STATUS_CONTINUE;
+    }
+    static void metadata(const FLAC__StreamDecoder*, const FLAC__StreamMetadata* block, void* data)
+    {
+        if (block->type == FLAC__METADATA_TYPE_STREAMINFO)
+            self(data).announced = block->data.stream_info.total_samples;
+    }
+    static void error(const FLAC__StreamDecoder*, FLAC__StreamDecoderErrorStatus, void* data)
+    {
+        ++self(data).errors;
+    }
+};
+
+class SimMedia : public SimFixture
+{
+protected:
+    static std::string decode64(const std::string& text)
+    {
+        std::string out;
+        unsigned bits = 0, count = 0;
+        for (const char c : text) {
+            static const std::string digits =
+                "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+            const std::size_t value = digits.find(c);
+            if (value == std::string::npos)
+                break;
+            bits = bits << 6 | static_cast<unsigned>(value);
+            count += 6;
+            if (count >= 8)
+                out += static_cast<char>(bits >> (count -= 8) & 0xFF);
+        }
+        return out;
+    }
+
+    Json info(const std::string& id, const std::string& quality = "LOSSLESS")
+    {
+        return json("/tracks/" + id + "/playbackinfopostpaywall?audioquality=" + quality);
+    }
+
+    // Path and query of the stream.
+    std::string address(const std::string& id)
+    {
+        const Json manifest = parse(decode64(info(id)["manifest"].GetString()));
+        const std::string url = manifest["urls"][0].GetString();
+        EXPECT_EQ(url.rfind(m_sim.baseUrl(), 0), 0u) << url;
+        return url.substr(m_sim.baseUrl().size());
+    }
+};
+
+TEST_F(SimMedia, StreamsAreWholeFlacFilesOfTheTracksLength)
+{
+    const int seconds = json("/tracks/6000100")["duration"].GetInt();
+    const auto whole = m_client->Get(address("6000100").c_str());
+    ASSERT_EQ(whole->status, 200);
+    const Decoded music(whole->body);
+    EXPECT_EQ(music.errors, 0);
+    EXPECT_EQ(music.samples, music.announced);
+    EXPECT_NEAR(static_cast<double>(music.samples) / 44100.0, seconds, 0.1);
+    EXPECT_GT(music.loudest, 3000);
+    EXPECT_LE(music.loudest, 32767);
+
+    ASSERT_EQ(addFault("short-tracks=2"), "");
+    const Decoded brief(m_client->Get(address("6000100").c_str())->body);
+    EXPECT_NEAR(static_cast<double>(brief.samples) / 44100.0, 2.0, 0.1);
+    EXPECT_EQ(brief.errors, 0);
+    EXPECT_NE(m_client->Get(address("6000101").c_str())->body, brief.bytes);
+}
+
+TEST_F(SimMedia, RangesAndTokensAreChecked)
+{
+    ASSERT_EQ(addFault("short-tracks=9"), "");
+    const std::string path = address("6000102");
+    const std::string whole = m_client->Get(path.c_str())->body;
+    const std::string size = std::to_string(whole.size());
+    struct Row
+    {
+        std::string range;
+        int status;
+        std::string body;
+    };
+    const Row rows[] = {{"bytes=0-0", 206, whole.substr(0, 1)},
+                        {"bytes=40-49", 206, whole.substr(40, 10)},
+                        {"bytes=70000-270000", 206, whole.substr(70000, 200001)},
+                        {"bytes=1000-", 206, whole.substr(1000)},
+                        {"bytes=-100", 206, whole.substr(whole.size() - 100)},
+                        {"bytes=100-99999999", 206, whole.substr(100)},
+                        {"bytes=" + size + "-", 416, ""},
+                        {"bytes=-0", 416, ""},
+                        {"bytes=5-2", 200, whole},
+                        {"bytes=x-", 200, whole},
+                        {"lines=1-2", 200, whole}};
+    for (const Row& row : rows) {
+        const auto part = m_client->Get(path.c_str(), {{"Range", row.range}});
+        ASSERT_TRUE(part) << row.range;
+        EXPECT_EQ(part->status, row.status) << row.range;
+        EXPECT_TRUE(part->body == row.body) << row.range;
+    }
+    for (const std::string& bad : {path.substr(0, path.find('?')), path + "0",
+                                   "/audio/6000103" + path.substr(path.find("/0.flac")),
+                                   std::string("/audio/6000102/0.flac?token=1~1~0")})
+        EXPECT_EQ(m_client->Get(bad.c_str())->status, 403) << bad;
+    EXPECT_NE(address("6000102"), path) << "an address is handed out once";
+}
+
+TEST_F(SimMedia, GrantsAndManifestsFollowTheirSwitches)
+{
+    EXPECT_STREQ(info("6000100", "HI_RES")["audioQuality"].GetString(), "LOSSLESS");
+    EXPECT_STREQ(info("6000100", "LOW")["audioQuality"].GetString(), "LOW");
+    EXPECT_FALSE(info("6000100", "HIGH").HasMember("bitDepth"));
+    ASSERT_EQ(addFault("quality=HIGH count=1"), "");
+    EXPECT_STREQ(info("6000100")["audioQuality"].GetString(), "HIGH");
+    ASSERT_EQ(addFault("preview count=1"), "");
+    EXPECT_STREQ(info("6000100")["assetPresentation"].GetString(), "PREVIEW");
+
+    const auto manifest = [&](const char* kind) {
+        EXPECT_EQ(addFault(std::string("manifest count=1 kind=") + kind), "");
+        const Json answer = info("6000100");
+        return std::string(answer["manifestMimeType"].GetString()) + " " +
+               decode64(answer["manifest"].GetString());
+    };
+    EXPECT_EQ(manifest("dash").rfind("application/dash+xml <?xml", 0), 0u);
+    EXPECT_EQ(manifest("unknown").rfind("application/vnd.example", 0), 0u);
+    EXPECT_EQ(manifest("badbase64"), "application/vnd.tidal.bts ");
+    EXPECT_EQ(manifest("nonjson"), "application/vnd.tidal.bts this is no JSON");
+    EXPECT_NE(manifest("nourls").find("\"urls\":[]"), std::string::npos);
+    EXPECT_NE(manifest("manyurls").find("\",\"http"), std::string::npos);
+    EXPECT_NE(manifest("encrypted").find("OLD_AES"), std::string::npos);
+
+    ASSERT_EQ(addFault("playback-limit calls=2"), "");
+    const std::string path = "/tracks/6000100/playbackinfoprepaywall?audioquality=LOW";
+    for (const char* expected : {"200", "200", "401/4006", "401/4006"})
+        EXPECT_EQ(outcome(get(path)), expected);
+    EXPECT_EQ(outcome(get("/genres")), "200");
+}
+
+TEST_F(SimMedia, PicturesExistInTheirSizesOnly)
+{
+    const auto path = [](std::string id) {
+        for (char& c : id)
+            c = c == '-' ? '/' : c;
+        return "/images/" + id;
+    };
+    const Json album = json("/albums/500070");
+    const std::string cover = path(album["cover"].GetString());
+    const std::string genre = path(json("/genres")[0]["image"].GetString());
+    const std::string mood = path(json("/moods")[0]["image"].GetString());
+    const std::string artist = path(json("/artists/900110")["picture"].GetString());
+    const Json list = json("/users/770011/playlists?limit=1");
+    const std::string wide = path(list["items"][0]["image"].GetString());
+    const std::string square = path(list["items"][0]["squareImage"].GetString());
+    const std::pair<std::string, int> rows[] = {
+        {cover + "/320x320.jpg", 200},
+        {cover + "/origin.jpg", 200},
+        {"/images/" + cover.substr(7) + "/80x80.jpg", 200}, // a doubled slash
+        {cover + "/321x321.jpg", 403},
+        {cover + "/320x320.png", 403},
+        {cover, 403},
+        {genre + "/460x306.jpg", 200},
+        {genre + "/320x320.jpg", 403},
+        {mood + "/342x342.jpg", 200},
+        {artist + "/320x320.jpg", 200},
+        {artist + "/640x640.jpg", 403},
+        {wide + "/480x320.jpg", 200},
+        {wide + "/320x320.jpg", 403},
+        {square + "/320x320.jpg", 200},
+        {"/images/a/b/c/d/e/320x320.jpg", 403}};
+    for (const auto& row : rows) {
+        const auto result = m_client->Get(row.first.c_str());
+        ASSERT_TRUE(result) << row.first;
+        EXPECT_EQ(result->status, row.second) << row.first;
+        EXPECT_EQ(result->body.rfind("\xff\xd8\xff", 0) == 0, row.second == 200) << row.first;
+    }
+}
+
+} // namespace
