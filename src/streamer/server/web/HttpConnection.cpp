@@ -34,9 +34,11 @@ void nameOf(const sockaddr_storage& address, std::string& ip, int& port)
 
 } // namespace
 
-bool HttpConnection::waitForRequest(int wakeFd, int timeoutMs) const
+bool HttpConnection::waitForRequest(int wakeFd, int timeoutMs)
 {
-    if (m_begin < m_end)
+    m_isInRequestLine = true;
+    m_isInQuery = false;
+    if (m_begin < m_received.size())
         return true;
     pollfd fds[] = {{m_socket, POLLIN, 0}, {wakeFd, POLLIN, 0}};
     if (pollFor(fds, 2, timeoutMs) <= 0 || fds[1].revents != 0)
@@ -53,7 +55,7 @@ bool HttpConnection::waitFor(short events) const
 
 bool HttpConnection::is_readable() const
 {
-    return m_begin < m_end || waitFor(POLLIN);
+    return m_begin < m_received.size() || waitFor(POLLIN);
 }
 
 bool HttpConnection::is_writable() const
@@ -67,19 +69,36 @@ bool HttpConnection::is_writable() const
 
 ssize_t HttpConnection::read(char* bytes, size_t size)
 {
-    if (m_begin == m_end) {
+    if (m_begin == m_received.size()) {
+        char buffer[4096];
         if (!waitFor(POLLIN))
             return -1;
-        const ssize_t received = ::recv(m_socket, m_buffer.data(), m_buffer.size(), 0);
+        const ssize_t received = ::recv(m_socket, buffer, sizeof buffer, 0);
         if (received <= 0)
             return received;
-        m_begin = 0;
-        m_end = size_t(received);
+        keepReceived(buffer, size_t(received));
     }
-    const size_t count = std::min(size, m_end - m_begin);
-    std::memcpy(bytes, m_buffer.data() + m_begin, count);
+    const size_t count = std::min(size, m_received.size() - m_begin);
+    std::memcpy(bytes, m_received.data() + m_begin, count);
     m_begin += count;
     return ssize_t(count);
+}
+
+void HttpConnection::keepReceived(const char* bytes, size_t size)
+{
+    m_received.clear();
+    m_begin = 0;
+    size_t done = 0;
+    for (; done < size && m_isInRequestLine; ++done) {
+        const char byte = bytes[done];
+        if (byte == '?' && m_isInQuery)
+            m_received += "%3F";
+        else
+            m_received += byte;
+        m_isInQuery = m_isInQuery || byte == '?';
+        m_isInRequestLine = byte != '\n';
+    }
+    m_received.append(bytes + done, size - done);
 }
 
 ssize_t HttpConnection::write(const char* bytes, size_t size)

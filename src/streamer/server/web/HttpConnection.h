@@ -1,6 +1,6 @@
 #pragma once
-#include <array>
 #include <httplib.h>
+#include <string>
 
 /// One accepted connection as the HTTP library reads and writes it. Owned by the server's thread
 /// that serves it; closes nothing.
@@ -11,7 +11,7 @@ public:
 
     /// Waits until a request begins; false when none does in time, the peer has gone, or `wakeFd`
     /// becomes readable.
-    bool waitForRequest(int wakeFd, int timeoutMs) const;
+    bool waitForRequest(int wakeFd, int timeoutMs);
 
     bool is_readable() const override;
     /// False when the peer has gone, too.
@@ -24,10 +24,14 @@ public:
 
 private:
     bool waitFor(short events) const;
+    /// Encodes question marks inside the query of the request line: they may stand there as they
+    /// are (RFC 3986 3.4), but the library refuses them, and the text of a path has one.
+    void keepReceived(const char* bytes, size_t size);
 
     const socket_t m_socket;
     const int m_timeoutMs;
-    std::array<char, 4096> m_buffer;
-    size_t m_begin = 0; ///< what was received and not read yet is [m_begin, m_end)
-    size_t m_end = 0;
+    std::string m_received; ///< what was received
+    size_t m_begin = 0;     ///< of m_received, what was not read yet
+    bool m_isInRequestLine = false;
+    bool m_isInQuery = false; ///< of the request line
 };

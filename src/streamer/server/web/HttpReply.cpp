@@ -72,5 +72,6 @@ HttpReply HttpReply::error(const CMError& error)
         status = 504;
     else if (error.name() == stoppingName())
         status = 503;
-    return problem(status, error.message(), error.title(), error.name());
+    const bool isPlain = error.title() == CMError::DefaultTitle();
+    return problem(status, error.message(), isPlain ? QString() : error.title(), error.name());
 }

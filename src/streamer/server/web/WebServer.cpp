@@ -10,6 +10,7 @@
 #include "TreeApi.h"
 
 #include <cerrno>
+#include <climits>
 #include <cstring>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloLog.h>
@@ -164,6 +165,7 @@ void WebServer::Private::setUp(httplib::Server& server)
         .Delete(".*", handler)
         .Options(".*", handler);
     server.set_payload_max_length(largestBody);
+    server.set_keep_alive_max_count(INT_MAX); // said in a header; connections are not counted
     server.set_default_headers(defaultHeaders());
     // What the library refuses by itself: bodies and addresses above the caps, broken requests.
     server.set_error_handler([](const httplib::Request&, httplib::Response& response) {
@@ -289,7 +291,7 @@ bool WebServer::Private::writeEvents(EventClient& client, httplib::DataSink& sin
         }
         if (next == EventClient::Next::Nothing) {
             if (now - lastWrite < heartbeat)
-                return true;
+                return sink.is_writable();
             text = ": still here\n\n";
         }
     }

@@ -1,0 +1,132 @@
+#include "LoginWorld.h"
+
+#include <kelo/CMRoot.h>
+#include <QCoreApplication>
+
+void FakeClock::callLater(qint64 ms, QObject* receiver, std::function<void()> call)
+{
+    m_timers.emplace(m_steadyMs + ms, Timer{receiver, std::move(call)});
+}
+
+bool FakeClock::step()
+{
+    if (m_timers.empty())
+        return false;
+    const auto first = m_timers.begin();
+    m_steadyMs = std::max(m_steadyMs, first->first);
+    const Timer timer = first->second;
+    m_timers.erase(first);
+    if (timer.receiver)
+        timer.call();
+    return true;
+}
+
+void FakeClock::pass(qint64 seconds)
+{
+    const qint64 end = m_steadyMs + seconds * 1000;
+    while (!m_timers.empty() && m_timers.begin()->first <= end)
+        step();
+    m_steadyMs = end;
+}
+
+QString FakeEndpoint::Post::field(const char* name) const
+{
+    for (const auto& [key, value] : form) {
+        if (key == QLatin1String(name))
+            return value;
+    }
+    return QString();
+}
+
+void FakeEndpoint::answer(int status, const QByteArray& body)
+{
+    const Post post = posts.front();
+    posts.pop_front();
+    post.done(status, body);
+}
+
+LoginWorld::LoginWorld(const QString& folder, qint64 startS)
+    : store(folder.isEmpty() ? ownFolder.path() + QStringLiteral("/oauth2") : folder), clock(startS)
+{
+    const CMPath path(QStringLiteral("/oauth2/services/tidal"));
+    m_watches.push_back(CMRoot().watchValue(
+        path, [this](const KeloValue& value, const KeloValue&) { onState(value.oauth2Info()); }));
+    m_watches.push_back(CMRoot().watchValue(path + QStringLiteral("/accessToken"),
+                                            [this](const KeloValue& value, const KeloValue&) {
+                                                log << QStringLiteral("token ") + value.string_();
+                                            }));
+    service = std::make_unique<OAuth2Service>(info(), &nodes, store, endpoint, clock, nullptr);
+}
+
+LoginWorld::~LoginWorld()
+{
+    for (const quint64 watch : m_watches)
+        CMRoot().unwatch(watch);
+}
+
+KeloOAuth2ServiceInfo LoginWorld::info()
+{
+    KeloOAuth2ServiceInfo info;
+    info.setServiceName(QStringLiteral("tidal"));
+    info.setDisplayName(QStringLiteral("Tidal"));
+    info.setClientId(QStringLiteral("client"));
+    info.setClientSecret(QStringLiteral("hidden"));
+    info.setTokenUrl(QStringLiteral("https://auth.example.invalid/token"));
+    info.setDeviceCodeUrl(QStringLiteral("https://auth.example.invalid/device"));
+    info.setScope(QStringLiteral("r_usr w_usr"));
+    return info;
+}
+
+void LoginWorld::onState(const KeloOAuth2Info& info)
+{
+    QString text = info.loggedIn() ? QStringLiteral("logged in") : QStringLiteral("logged out");
+    if (info.isPending())
+        text += QStringLiteral(", code %1 at %2").arg(info.userCode(), info.verificationUri());
+    if (!info.problem().isEmpty())
+        text += QStringLiteral(": ") + info.problem();
+    log << text;
+}
+
+CMReply<QVariant> LoginWorld::send(const QString& segment, const QVariant& value)
+{
+    CMPath path(QStringLiteral("/oauth2/services/tidal"));
+    if (!segment.isEmpty())
+        path.appendSubpath(segment);
+    const CMSetDataRequest request(path, KeloRoles::Value(), value);
+    nodes.find(path)->setDataRequest(request);
+    QCoreApplication::sendPostedEvents();
+    return request.reply();
+}
+
+void LoginWorld::answer(int status, const QByteArray& body)
+{
+    const QString grant = endpoint.posts.front().field("grant_type");
+    const QString kind =
+        grant.isEmpty() ? QStringLiteral("code")
+        : grant == QLatin1String("refresh_token")
+            ? QStringLiteral("refresh ") + endpoint.posts.front().field("refresh_token")
+            : QStringLiteral("poll");
+    log << QStringLiteral("%1 s: %2").arg(clock.steadyMs() / 1000).arg(kind);
+    endpoint.answer(status, body);
+}
+
+void LoginWorld::logIn(const QByteArray& tokens)
+{
+    send(QString());
+    answer(200, deviceAnswer);
+    clock.step();
+    answer(200, tokens);
+    log.clear();
+}
+
+KeloOAuth2Info LoginWorld::state() const
+{
+    return nodes.find(CMPath(QStringLiteral("/oauth2/services/tidal")))->nodeValue().oauth2Info();
+}
+
+QString LoginWorld::publishedToken() const
+{
+    return nodes.find(CMPath(QStringLiteral("/oauth2/services/tidal/accessToken")))
+        ->nodeValue()
+        .string_();
+}

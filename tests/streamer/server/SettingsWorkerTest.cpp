@@ -1,0 +1,75 @@
+#include "SettingsWorker.h"
+
+#include <gtest/gtest.h>
+#include <kelo/CMWorkerThread.h>
+#include <kelo/KeloTidalConstants.h>
+#include <kelo/KeloTidalTypes.h>
+
+namespace {
+
+class SettingsWorkerTest : public testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        m_settings.tidal.apiUrl = QStringLiteral("http://here/v1");
+        m_settings.tidal.oauth2.clientId = QStringLiteral("me");
+        m_settings.tidal.oauth2.clientSecret = Secret(QStringLiteral("hidden"));
+        ASSERT_TRUE(m_thread.start("settings", [this] { return new SettingsWorker(m_settings); }));
+    }
+    static CMError set(const CMPath& path, const QVariant& value)
+    {
+        CMReply<QVariant> reply = CMRoot().invoke(path, KeloValue::fromVariant(value).toVariant());
+        reply.waitForFinished(-1);
+        return reply.error();
+    }
+    static int quality()
+    {
+        return CMRoot().value(KeloTidalSoundQualityPath()).tidalSoundQuality().soundQuality();
+    }
+
+    Settings m_settings;
+    CMWorkerThread m_thread;
+};
+
+} // namespace
+
+TEST_F(SettingsWorkerTest, PublishesWhatModulesRead)
+{
+    const auto text = [](const CMPath& path) { return CMRoot().value(path).string_(); };
+    const OAuth2Settings& oauth2 = m_settings.tidal.oauth2;
+    EXPECT_EQ(CMRoot().value(KeloTidalSettingsPath()).tidalSettings().apiUrl(), "http://here/v1");
+    EXPECT_EQ(CMRoot().value(KeloTidalSettingsPath()).tidalSettings().maxIdleTimeMs(), 30000);
+    EXPECT_EQ(text(KeloTidalDeviceCodeUrlPath()), oauth2.deviceCodeUrl);
+    EXPECT_EQ(text(KeloTidalAuthorizationServiceUrlPath()), oauth2.authorizationUrl);
+    EXPECT_EQ(text(KeloTidalTokenServiceUrlPath()), oauth2.tokenUrl);
+    EXPECT_EQ(text(KeloTidalClientIdPath()), "me");
+    EXPECT_EQ(text(KeloTidalScope()), oauth2.scope);
+    EXPECT_EQ(text(KeloTidalClientSecretPath()), "hidden");
+    EXPECT_FALSE(CMRoot().dataRoles(KeloTidalClientSecretPath()).contains(KeloRoles::Value()));
+    EXPECT_EQ(quality(), KeloTidalSoundQualities::LOSSLESS_);
+    EXPECT_TRUE(CMRoot().value(KeloTidalUsePostPaywallPath()).bool_());
+}
+
+TEST_F(SettingsWorkerTest, TakesGoodValuesAndRefusesOthers)
+{
+    EXPECT_FALSE(set(KeloTidalSoundQualityPath(), QStringLiteral("low")).isSet());
+    EXPECT_EQ(quality(), KeloTidalSoundQualities::LOW_);
+    EXPECT_FALSE(set(KeloTidalSoundQualityPath(), 3).isSet());
+    KeloTidalSoundQuality typed;
+    typed.setSoundQuality(KeloTidalSoundQualities::HIGH_);
+    KeloValue value;
+    value.setTidalSoundQuality(typed);
+    EXPECT_FALSE(set(KeloTidalSoundQualityPath(), value.toVariant()).isSet());
+    for (const QVariant& wrong :
+         {QVariant(), QVariant(4), QVariant(-1), QVariant("LOUD"), QVariant(true),
+          QVariant(QVariantHash{{"type", "tidalSoundQuality"}}),
+          QVariant(QVariantList{1, QVariantList{}})})
+        EXPECT_TRUE(set(KeloTidalSoundQualityPath(), wrong).isSet()) << wrong.typeName();
+    EXPECT_EQ(quality(), KeloTidalSoundQualities::HIGH_);
+
+    EXPECT_FALSE(set(KeloTidalUsePostPaywallPath(), false).isSet());
+    EXPECT_FALSE(CMRoot().value(KeloTidalUsePostPaywallPath()).bool_());
+    EXPECT_TRUE(set(KeloTidalUsePostPaywallPath(), QStringLiteral("no")).isSet());
+    EXPECT_TRUE(set(KeloTidalClientIdPath(), QStringLiteral("you")).isSet());
+}

@@ -1,0 +1,79 @@
+#include "LoginWorld.h"
+
+#include <gtest/gtest.h>
+#include <QFile>
+#include <QFileInfo>
+#include <sys/stat.h>
+
+namespace {
+
+TokenSet someTokens()
+{
+    TokenSet tokens;
+    tokens.access = KeloSecret(QStringLiteral("A"));
+    tokens.refresh = KeloSecret(QStringLiteral("R"));
+    tokens.obtainedAtMs = 1700000000000;
+    tokens.lifetimeMs = 3600000;
+    return tokens;
+}
+
+int modeOf(const QString& file)
+{
+    struct stat status = {};
+    ::stat(QFile::encodeName(file).constData(), &status);
+    return int(status.st_mode & 0777);
+}
+
+} // namespace
+
+TEST(TokenStoreTest, KeepsTokensForTheOwnerAlone)
+{
+    QTemporaryDir folder;
+    const TokenStore store(folder.path() + QStringLiteral("/deep/oauth2"));
+    const auto info = LoginWorld::info();
+    ASSERT_TRUE(store.save(info, someTokens()));
+    EXPECT_EQ(modeOf(store.fileName(info)), 0600);
+    EXPECT_EQ(modeOf(QFileInfo(store.fileName(info)).path()), 0700);
+    const TokenSet back = store.load(info);
+    EXPECT_EQ(back.access.reveal(), "A");
+    EXPECT_EQ(back.refresh.reveal(), "R");
+    EXPECT_TRUE(back.isAlive(1700000000001));
+    EXPECT_FALSE(back.isAlive(1699999999999)) << "a token of the future";
+
+    auto otherClient = info;
+    otherClient.setClientId(QStringLiteral("another"));
+    EXPECT_TRUE(store.load(otherClient).isEmpty());
+    auto otherService = info;
+    otherService.setTokenUrl(QStringLiteral("https://elsewhere.invalid/token"));
+    EXPECT_TRUE(store.load(otherService).isEmpty());
+
+    store.remove(info);
+    EXPECT_TRUE(store.load(info).isEmpty());
+}
+
+TEST(TokenStoreTest, ADamagedFileCountsAsLoggedOut)
+{
+    for (const QByteArray& text :
+         {QByteArray(), QByteArray("{"), QByteArray("[1,2]"), QByteArray("\0\xff\xfe", 3),
+          QByteArray(100000, 'x'), QByteArray(R"({"accessToken":5})"),
+          QByteArray(R"({"tokenUrl":"https://auth.example.invalid/token","clientId":"client"})")}) {
+        QTemporaryDir folder;
+        QFile file(folder.path() + QStringLiteral("/tidal.json"));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        file.close();
+        LoginWorld world(folder.path());
+        EXPECT_EQ(world.log, (QStringList{"token ", "logged out"})) << text.toStdString();
+    }
+}
+
+TEST(TokenStoreTest, AFolderThatCannotBeMadeIsReportedAndTheLoginGoesOn)
+{
+    QTemporaryDir folder;
+    QFile file(folder.path() + QStringLiteral("/file"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    LoginWorld world(file.fileName() + QStringLiteral("/below"));
+    EXPECT_FALSE(world.store.save(world.info(), someTokens()));
+    world.logIn(tokenAnswer);
+    EXPECT_EQ(world.publishedToken(), "A1");
+}

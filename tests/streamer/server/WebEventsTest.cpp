@@ -1,0 +1,163 @@
+#include "WebWorld.h"
+
+#include "web/EventClient.h"
+
+#include <condition_variable>
+#include <gtest/gtest.h>
+#include <kelo/CMListRowsNode.h>
+#include <thread>
+
+namespace {
+
+/// A client that follows a stream on a thread of its own.
+class Follower
+{
+public:
+    Follower(int port, const std::string& query)
+        : m_client("127.0.0.1", port), m_thread([this, query] { run(query); })
+    {
+    }
+    ~Follower()
+    {
+        m_client.stop();
+        m_thread.join();
+    }
+
+    /// Waits until the text holds the part; the text from then.
+    std::string waitFor(const std::string& part)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_isOver || m_text.find(part) != std::string::npos; });
+        return m_text;
+    }
+    int waitForEnd()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait(lock, [&] { return m_isOver; });
+        return m_status;
+    }
+
+private:
+    void run(const std::string& query)
+    {
+        m_client.set_read_timeout(60);
+        const auto result = m_client.Get(
+            "/api/v1/events" + query,
+            [this](const httplib::Response& response) {
+                m_status = response.status;
+                return true;
+            },
+            [this](const char* bytes, size_t size) {
+                std::lock_guard<std::mutex> lock(m_mutex);
+                m_text.append(bytes, size);
+                m_changed.notify_all();
+                return true;
+            });
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_isOver = true;
+        m_changed.notify_all();
+    }
+
+    httplib::Client m_client;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    std::string m_text;
+    bool m_isOver = false;
+    std::atomic<int> m_status{0};
+    std::thread m_thread;
+};
+
+} // namespace
+
+TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
+{
+    WebWorld world;
+    Follower follower(world.server.port(), "?path=/web/list%3Fa%3D1&path=/web/small");
+    follower.waitFor("retry:");
+    CMSubscribe* subscribe = world.worker->subscription();
+    subscribe->rowsChanged(CMPath(QStringLiteral("/web/other")), CMSubscribe::RowsChangeReset(), 1);
+    subscribe->rowsChanged(CMPath(QStringLiteral("/web/list")), QStringList{QStringLiteral("-4")},
+                           119);
+    world.player.notify({{QStringLiteral("state"), QStringLiteral("playing")}});
+    world.login.notify({{QStringLiteral("loggedIn"), true}});
+    subscribe->changedStartingWith(CMPath(QStringLiteral("/web")), CMSubscribe::RowsChangeClose());
+    const std::string close = R"(data: {"path":"/web/small","change":"close","count":-1})"
+                              "\n\n";
+    const std::string text = follower.waitFor(close);
+    const std::string expected = "retry: 3000\n\n"
+                                 R"(event: rows)"
+                                 "\n"
+                                 R"(data: {"path":"/web/list?a=1","change":["-4"],"count":119})"
+                                 "\n\n"
+                                 R"(event: player)"
+                                 "\n"
+                                 R"(data: {"state":"playing"})"
+                                 "\n\n"
+                                 R"(event: login)"
+                                 "\n"
+                                 R"(data: {"loggedIn":true})"
+                                 "\n\n";
+    EXPECT_EQ(text.substr(0, expected.size()), expected);
+    EXPECT_NE(text.find(R"({"path":"/web/list?a=1","change":"close","count":-1})"),
+              std::string::npos);
+}
+
+TEST(WebEventsTest, PathsCountAsOpenWhileTheStreamLives)
+{
+    WebWorld world;
+    std::promise<void> opened;
+    std::promise<void> closed;
+    QObject::connect(
+        world.worker->subscription(), &CMSubscribe::rowsPathAdded, world.worker,
+        [&] { opened.set_value(); }, Qt::DirectConnection);
+    QObject::connect(
+        world.worker->subscription(), &CMSubscribe::rowsPathRemoved, world.worker,
+        [&] { closed.set_value(); }, Qt::DirectConnection);
+    {
+        Follower follower(world.server.port(), "?path=/web/list");
+        opened.get_future().wait();
+        follower.waitFor("retry:");
+    }
+    closed.get_future().wait();
+}
+
+TEST(WebEventsTest, TheThirtyThirdClientIsRefusedAndStoppingEndsAll)
+{
+    WebWorld world;
+    std::vector<std::unique_ptr<Follower>> followers;
+    for (int i = 0; i < 32; ++i) {
+        followers.push_back(std::make_unique<Follower>(world.server.port(), ""));
+        followers.back()->waitFor("retry:");
+    }
+    const auto refused = world.get("/api/v1/events");
+    EXPECT_EQ(refused.status, 503);
+    EXPECT_EQ(refused.detail(), "There are 32 event streams already.");
+    EXPECT_EQ(world.get("/api/v1/player").status, 200) << "others are still served";
+    world.server.stop();
+    for (const auto& follower : followers)
+        EXPECT_EQ(follower->waitForEnd(), 200);
+}
+
+TEST(WebEventsTest, AClientThatDoesNotKeepUpIsDroppedAndStatesDoNotPileUp)
+{
+    using Next = EventClient::Next;
+    const std::chrono::milliseconds soon(0);
+    EventClient client;
+    std::string text;
+    client.push("player", "1", true);
+    client.push("player", "2", true);
+    client.push("rows", "a", false);
+    client.push("rows", "b", false);
+    for (const char* expected :
+         {"event: player\ndata: 2\n\n", "event: rows\ndata: a\n\n", "event: rows\ndata: b\n\n"}) {
+        EXPECT_EQ(client.next(text, soon), Next::Event);
+        EXPECT_EQ(text, expected);
+    }
+    EXPECT_EQ(client.next(text, soon), Next::Nothing);
+    for (int i = 0; i < 256; ++i)
+        client.push("rows", "x", false);
+    EXPECT_FALSE(client.isDropped());
+    client.push("rows", "one too many", false);
+    EXPECT_TRUE(client.isDropped());
+    EXPECT_EQ(client.next(text, soon), Next::End);
+}

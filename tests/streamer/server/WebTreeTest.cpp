@@ -1,0 +1,224 @@
+#include "WebWorld.h"
+
+#include <gtest/gtest.h>
+#include <QElapsedTimer>
+#include <QJsonArray>
+
+namespace {
+
+QJsonArray rowsOf(const WebWorld::Answer& answer)
+{
+    return answer.json.value(QStringLiteral("rows")).toArray();
+}
+
+} // namespace
+
+TEST(WebTreeTest, AWideRangeIsFetchedInPagesAndJoined)
+{
+    WebWorld world;
+    struct Range
+    {
+        const char* query;
+        int first;
+        int size;
+    };
+    for (const Range& range :
+         {Range{"", 0, 50}, Range{"&from=10", 10, 50}, Range{"&to=4", 0, 5},
+          Range{"&from=0&to=99", 0, 100}, Range{"&from=0&to=5000", 0, 120},
+          Range{"&from=100&to=2147483647", 100, 20}, Range{"&from=2147483647", 0, 0},
+          Range{"&from=119&to=119", 119, 1}}) {
+        const auto answer = world.get(std::string("/api/v1/rows?path=/web/list") + range.query);
+        ASSERT_EQ(answer.status, 200) << range.query;
+        ASSERT_EQ(rowsOf(answer).size(), range.size) << range.query;
+        EXPECT_EQ(answer.json.value(QStringLiteral("rowsCount")).toInt(), 120);
+        for (int i = 0; i < range.size; ++i)
+            EXPECT_EQ(rowsOf(answer).at(i).toObject().value(QStringLiteral("Title")).toString(),
+                      QString::number(range.first + i));
+        EXPECT_EQ(answer.json.value(QStringLiteral("roles"))
+                      .toObject()
+                      .value(QStringLiteral("Title"))
+                      .toString(),
+                  "Long list");
+    }
+}
+
+TEST(WebTreeTest, ARowCarriesItsRolesInTheirJsonShapes)
+{
+    WebWorld world;
+    const QJsonObject row = rowsOf(world.get("/api/v1/rows?path=/web/small")).at(0).toObject();
+    const auto text = [&row](const char* role) {
+        return row.value(QLatin1String(role)).toString();
+    };
+    EXPECT_EQ(text("Path"), "/web/a%20b?q=x%26y%3Dz");
+    EXPECT_EQ(text("Type"), "Audio");
+    EXPECT_EQ(text("ContainerType"), "List");
+    EXPECT_EQ(text("Title"), QStringLiteral("Line\nbreak \u2028 \U0001F3B5"));
+    EXPECT_EQ(row.value(QStringLiteral("Context")).toObject().value(QStringLiteral("Path")),
+              QJsonValue(QStringLiteral("/web/small?id=1")));
+    const QJsonObject media = row.value(QStringLiteral("MediaData")).toObject();
+    EXPECT_EQ(media.value(QStringLiteral("metaData")).toObject().value(QStringLiteral("artist")),
+              QJsonValue(QStringLiteral("Ärtist \"A\"")));
+    EXPECT_EQ(media.value(QStringLiteral("resources")).toArray().at(0).toObject().value("uri"),
+              QJsonValue(QStringLiteral("tidalitem://1")));
+    EXPECT_FALSE(row.contains(QStringLiteral("Icon"))) << "no value, no role";
+
+    const auto few = world.get("/api/v1/rows?path=/web/small&roles=Title,NoSuchRole");
+    EXPECT_EQ(rowsOf(few).at(0).toObject().keys(), QStringList{"Title"});
+}
+
+TEST(WebTreeTest, MalformedCallsGetASentenceAndTheTreesErrorsTheirStatus)
+{
+    WebWorld world;
+    struct Case
+    {
+        const char* target;
+        int status;
+        const char* detail; ///< a part of it
+    };
+    const std::string longPath = "rows?path=/" + std::string(5000, 'a');
+    for (const Case& row :
+         {Case{"rows", 400, "path: is missing"},
+          Case{"rows?path=", 400, "path: is missing"},
+          Case{"rows?path=/web/list?a=%25zz", 400, "path: is malformed"},
+          Case{"rows?path=/web/%zz", 400, "malformed escape"},
+          Case{"rows?path=/web/%ff", 400, "malformed escape"},
+          Case{longPath.c_str(), 400, "path: is longer than 4096"},
+          Case{"rows?path=/web/list&from=one", 400, "from: wanted a whole number"},
+          Case{"rows?path=/web/list&to=1.5", 400, "to: wanted a whole number"},
+          Case{"rows?path=/web/list&to=", 400, "to: wanted a whole number"},
+          Case{"rows?path=/web/list&to=99999999999", 400, "to: wanted a whole number"},
+          Case{"rows?path=/web/list&roles=", 400, "roles: wanted role names"},
+          Case{"rows?path=/web/list&roles=A,,B", 400, "roles: wanted role names"},
+          Case{"rows?path=/web/list&roles=A%20B", 400, "roles: wanted role names"},
+          Case{"rows?path=/web/list&from=-1", 400, ""},
+          Case{"rows?path=/web/list&from=5&to=4", 400, ""},
+          Case{"rows?path=/nobody", 404, ""},
+          Case{"data?path=/web/nothing", 404, ""},
+          Case{"nothing", 404, "there is no such address"},
+          Case{"set", 405, "does not take GET"},
+          Case{"events?path=/nobody", 404, "/nobody"},
+          Case{"events?path=%25", 400, "path: is malformed"}}) {
+        const auto answer = world.get(std::string("/api/v1/") + row.target);
+        EXPECT_EQ(answer.status, row.status) << row.target;
+        EXPECT_TRUE(answer.detail().contains(QLatin1String(row.detail)))
+            << row.target << ": " << answer.detail().toStdString();
+        EXPECT_EQ(answer.json.value(QStringLiteral("status")).toInt(), row.status);
+        const auto type = answer.headers.find("Content-Type");
+        ASSERT_NE(type, answer.headers.end());
+        EXPECT_EQ(type->second, "application/problem+json");
+    }
+    EXPECT_EQ(world.get("/api/v1/data?path=/web/value&roles=Title").status, 200);
+    EXPECT_EQ(world.get("/api/v1/rows?path=/web/list?a=1?2").json.value(QStringLiteral("path")),
+              QJsonValue(QStringLiteral("/web/list?a=1%3F2")));
+}
+
+TEST(WebTreeTest, SetWrapsPlainValuesAndPassesObjectsAndErrorsOn)
+{
+    WebWorld world;
+    struct Case
+    {
+        const char* body;
+        int status;
+        const char* reply; ///< the whole answer, or the problem's detail
+    };
+    for (const Case& row :
+         {Case{R"({"path":"/web/echo","value":"a"})", 200,
+               R"({"reply":{"string_":"a","type":"string_"}})"},
+          Case{R"({"path":"/web/echo","value":9007199254740993})", 200,
+               R"({"reply":{"i64_":9007199254740992,"type":"i64_"}})"},
+          Case{R"({"path":"/web/echo"})", 200, R"({"reply":{"i64_":1,"type":"i64_"}})"},
+          Case{R"({"path":"/web/echo","value":["a","b"]})", 200,
+               R"({"reply":{"stringList_":["a","b"],"type":"stringList_"}})"},
+          Case{R"({"path":"/web/echo","value":{"a":{"b":[1,null]}}})", 200,
+               R"({"reply":{"a":{"b":[1,null]}}})"},
+          Case{R"({"path":"/web/echo","role":"PrePlay","value":"a"})", 200, R"({"reply":"a"})"},
+          Case{R"({"path":"/web/fail"})", 502, "It failed"},
+          Case{R"({"path":"/web/list"})", 502, nullptr}, Case{R"({"path":"/no"})", 404, nullptr},
+          Case{R"({"path":5})", 400, "path: wanted a text"},
+          Case{R"({"path":""})", 400, "path: is missing"},
+          Case{R"({"path":"/web/echo","role":7})", 400, "role: wanted a role name"},
+          Case{"[]", 400, "the body is no JSON object"}, Case{"{", 400, nullptr},
+          Case{"\xff\xfe", 400, nullptr},
+          Case{R"({"path":"/oauth2/add","value":{}})", 403,
+               "login services are added by modules alone"}}) {
+        const auto answer = world.set(row.body);
+        EXPECT_EQ(answer.status, row.status) << row.body;
+        const QString text =
+            row.status == 200
+                ? QString::fromUtf8(QJsonDocument(answer.json).toJson(QJsonDocument::Compact))
+                : answer.detail();
+        if (row.reply) {
+            EXPECT_EQ(text.toStdString(), row.reply) << row.body;
+        }
+    }
+    const auto failed = world.set(R"({"path":"/web/fail"})");
+    EXPECT_EQ(failed.json.value(QStringLiteral("name")).toString(), "TIDAL");
+    EXPECT_EQ(failed.json.value(QStringLiteral("title")).toString(), "Oh");
+    EXPECT_EQ(world.post("/api/v1/set", std::string(1100000, ' ')).status, 413);
+    EXPECT_EQ(world.set(QByteArray(500, '[')).status, 400);
+}
+
+TEST(WebTreeTest, ACallThatNobodyAnswersEndsWithItsDeadline)
+{
+    WebWorld world;
+    CMDeadlines deadlines;
+    deadlines.set = std::chrono::milliseconds(50);
+    CMRoot().setDeadlines(deadlines);
+    EXPECT_EQ(world.set(R"({"path":"/web/hold"})").status, 504);
+}
+
+TEST(WebTreeTest, PlayerAndLoginCallsAreAnsweredWithTheirState)
+{
+    WebWorld world;
+    EXPECT_EQ(world.get("/api/v1/player").json, world.player.status());
+    EXPECT_EQ(world.post("/api/v1/player/play", R"({"path":"1"})").json, world.player.status());
+    EXPECT_EQ(world.post("/api/v1/player/pause", "").status, 200);
+    const auto failed = world.post("/api/v1/player/play", "{}");
+    EXPECT_EQ(failed.status, 502);
+    EXPECT_EQ(failed.detail(), "Asset is not ready");
+    EXPECT_EQ(world.post("/api/v1/player/seek", "{}").status, 400);
+    EXPECT_EQ(world.post("/api/v1/player/seek", "[1]").status, 400);
+    EXPECT_EQ(world.post("/api/v1/player/dance", "{}").status, 404);
+
+    const auto isLoggedIn = [](const WebWorld::Answer& answer) {
+        return answer.json.value(QStringLiteral("loggedIn")).toBool();
+    };
+    EXPECT_FALSE(isLoggedIn(world.get("/api/v1/login")));
+    EXPECT_TRUE(isLoggedIn(world.post("/api/v1/login", "")));
+    httplib::Request logout;
+    logout.method = "DELETE";
+    logout.path = "/api/v1/login";
+    EXPECT_FALSE(isLoggedIn(world.call(logout)));
+}
+
+TEST(WebTreeTest, StoppingAnswersWaitingCallsAndEndsIdleConnectionsAtOnce)
+{
+    WebWorld world;
+    httplib::Client idle("127.0.0.1", world.server.port());
+    idle.set_keep_alive(true);
+    ASSERT_TRUE(idle.Get("/healthz"));
+    auto waiting = std::async(std::launch::async, [&] {
+        return world.post("/api/v1/player/play", R"({"path":"wait"})").status;
+    });
+    world.player.waiting.get_future().wait();
+    QElapsedTimer timer;
+    timer.start();
+    world.server.stop();
+    EXPECT_LT(timer.elapsed(), 1000);
+    EXPECT_EQ(waiting.get(), 503);
+}
+
+TEST(WebTreeTest, HealthReadinessAndMetricsSayHowItIs)
+{
+    WebWorld world;
+    EXPECT_EQ(world.get("/healthz").json.value(QStringLiteral("status")).toString(), "ok");
+    EXPECT_EQ(world.get("/readyz").detail(), "no module is loaded");
+    world.get("/api/v1/rows?path=/nobody");
+    httplib::Client client("127.0.0.1", world.server.port());
+    const auto metrics = client.Get("/metrics");
+    ASSERT_TRUE(metrics);
+    EXPECT_NE(
+        metrics->body.find("kelo_http_requests_total{route=\"/api/v1/rows\",status=\"404\"} 1\n"),
+        std::string::npos)
+        << metrics->body;
+}

@@ -1,0 +1,156 @@
+#include "WebWorld.h"
+
+#include <gtest/gtest.h>
+#include <kelo/CMActivateNode.h>
+#include <kelo/CMListRowsNode.h>
+#include <kelo/CMValueNode.h>
+
+namespace {
+
+/// Refuses what no service list would take.
+class LongList : public CMListRowsNode
+{
+public:
+    using CMListRowsNode::CMListRowsNode;
+    bool getRowsRequest(const CMGetRowsRequest& request) override
+    {
+        if (request.to() - request.from() >= 50)
+            return false;
+        return CMListRowsNode::getRowsRequest(request);
+    }
+};
+
+KeloRoles richRow()
+{
+    KeloRoles menu;
+    menu.setPath(
+        CMPath(QStringLiteral("/web/small"), {{QStringLiteral("id"), QStringLiteral("1")}}));
+    KeloResource resource;
+    resource.setUri(QStringLiteral("tidalitem://1"));
+    KeloMetaData meta;
+    meta.setArtist(QStringLiteral("Ärtist \"A\""));
+    KeloMediaData media;
+    media.setMetaData(meta);
+    media.setResources({resource});
+    KeloRoles row;
+    row.setPath(
+        CMPath(QStringLiteral("/web/a b"), {{QStringLiteral("q"), QStringLiteral("x&y=z")}}));
+    row.setType(KeloRolesType::Audio_);
+    row.setTitle(QStringLiteral("Line\nbreak \u2028 \U0001F3B5"));
+    row.setContext(menu.toVariant());
+    row.setMediaData(media);
+    row.setContainerType(KeloRolesContainerType::List_);
+    return row;
+}
+
+} // namespace
+
+CMReply<QVariant> FakePlayer::command(const QString& name, const QVariantHash& arguments)
+{
+    auto reply = CMReply<QVariant>::create();
+    const QString path = arguments.value(QStringLiteral("path")).toString();
+    if (name == QLatin1String("seek") && !arguments.contains(QStringLiteral("positionMs")))
+        reply.setError(CMError(CMError::BadRequestName(), QStringLiteral("positionMs: missing")));
+    else if (path == QLatin1String("wait"))
+        waiting.set_value();
+    else if (name == QLatin1String("play") && path.isEmpty())
+        reply.setError(CMError(QStringLiteral("TIDAL"), QStringLiteral("Asset is not ready")));
+    else
+        reply.setValue(QVariant());
+    return reply;
+}
+
+CMReply<QVariant> FakeLogin::finish(bool loggedIn)
+{
+    isLoggedIn = loggedIn;
+    auto reply = CMReply<QVariant>::create();
+    reply.setValue(QVariant());
+    return reply;
+}
+
+WebWorker::WebWorker() : CMNodesWorker({}, QStringLiteral("web"))
+{
+    auto* list = new LongList(addPrefix(QStringLiteral("list")));
+    list->setNodes(nodes());
+    list->setTitle(TrString(QStringLiteral("Long list")));
+    for (int i = 0; i < 120; ++i) {
+        KeloRoles row;
+        row.setTitle(QString::number(i));
+        list->rowsAppend(row);
+    }
+    CMListRowsNode::create(nodes(), addPrefix(QStringLiteral("small")))->rowsAppend(richRow());
+    CMValueNode::create(nodes(), addPrefix(QStringLiteral("value")))
+        ->setTitle(TrString(QStringLiteral("Value")));
+    const auto action = [this](const char* name, const char* slot) {
+        CMActivateNode::create(nodes(), addPrefix(QString::fromLatin1(name)), this, slot,
+                               Qt::QueuedConnection);
+    };
+    action("echo", SLOT(on_echo(CMSetDataRequest)));
+    action("fail", SLOT(on_fail(CMSetDataRequest)));
+    action("hold", SLOT(on_hold(CMSetDataRequest)));
+}
+
+void WebWorker::on_echo(CMSetDataRequest request)
+{
+    request.reply().setValue(request.value());
+}
+
+void WebWorker::on_fail(CMSetDataRequest request)
+{
+    request.reply().setError(
+        CMError(QStringLiteral("TIDAL"), QStringLiteral("Oh"), QStringLiteral("It failed")));
+}
+
+void WebWorker::on_hold(CMSetDataRequest request)
+{
+    m_held.push_back(request);
+}
+
+WebWorld::WebWorld(const WebServerOptions& options)
+    : worker(static_cast<WebWorker*>(thread.start("web", [] { return new WebWorker; }))),
+      server(options, player, login)
+{
+    QString error;
+    if (!server.start(&error))
+        ADD_FAILURE() << error.toStdString();
+}
+
+WebWorld::~WebWorld()
+{
+    server.stop();
+    CMRoot().setDeadlines(CMDeadlines());
+}
+
+WebWorld::Answer WebWorld::call(httplib::Request request) const
+{
+    httplib::Client client("127.0.0.1", server.port());
+    client.set_url_encode(false);
+    const auto result = client.send(request);
+    Answer answer;
+    if (!result)
+        return answer;
+    answer.status = result->status;
+    answer.headers = result->headers;
+    answer.json = QJsonDocument::fromJson(QByteArray::fromStdString(result->body)).object();
+    return answer;
+}
+
+WebWorld::Answer WebWorld::get(const std::string& target, const httplib::Headers& headers) const
+{
+    httplib::Request request;
+    request.method = "GET";
+    request.path = target;
+    request.headers = headers;
+    return call(request);
+}
+
+WebWorld::Answer WebWorld::post(const std::string& target, const std::string& body,
+                                const httplib::Headers& headers) const
+{
+    httplib::Request request;
+    request.method = "POST";
+    request.path = target;
+    request.headers = headers;
+    request.body = body;
+    return call(request);
+}

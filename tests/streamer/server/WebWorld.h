@@ -1,0 +1,112 @@
+#pragma once
+#include "LoginControl.h"
+#include "PlayerControl.h"
+#include "web/WebServer.h"
+
+#include <future>
+#include <httplib.h>
+#include <kelo/CMNodesWorker.h>
+#include <kelo/CMWorkerThread.h>
+#include <map>
+#include <QJsonDocument>
+
+/// Keeps listeners as both controls do.
+template <class Control>
+class FakeControl : public Control
+{
+public:
+    using Listener = typename Control::Listener;
+
+    quint64 addListener(Listener listener) override
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_listeners[++m_last] = std::move(listener);
+        return m_last;
+    }
+    void removeListener(quint64 id) override
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_listeners.erase(id);
+    }
+    void notify(const QJsonObject& status)
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        for (const auto& listener : m_listeners)
+            listener.second(status);
+    }
+
+private:
+    std::mutex m_mutex;
+    quint64 m_last = 0;
+    std::map<quint64, Listener> m_listeners;
+};
+
+/// "play" of the path "wait" is never answered; an unknown path fails.
+class FakePlayer : public FakeControl<PlayerControl>
+{
+public:
+    QJsonObject status() const override { return {{QStringLiteral("state"), "stopped"}}; }
+    CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) override;
+
+    std::promise<void> waiting; ///< kept when an endless command has come
+};
+
+class FakeLogin : public FakeControl<LoginControl>
+{
+public:
+    QJsonObject status() const override
+    {
+        return {{QStringLiteral("loggedIn"), isLoggedIn.load()}};
+    }
+    CMReply<QVariant> start() override { return finish(true); }
+    CMReply<QVariant> logout() override { return finish(false); }
+
+    std::atomic<bool> isLoggedIn{false};
+
+private:
+    CMReply<QVariant> finish(bool loggedIn);
+};
+
+/// Paths below /web: "list" has 120 rows and fails above 50 at a time, "small" one of each kind,
+/// "value", "echo" answers with what was sent, "fail" with an error, "hold" never.
+class WebWorker : public CMNodesWorker
+{
+    Q_OBJECT
+public:
+    WebWorker();
+
+private Q_SLOTS:
+    void on_echo(CMSetDataRequest request);
+    void on_fail(CMSetDataRequest request);
+    void on_hold(CMSetDataRequest request);
+
+private:
+    std::vector<CMSetDataRequest> m_held;
+};
+
+/// A running web server over the worker, with a client's view of it.
+class WebWorld
+{
+public:
+    explicit WebWorld(const WebServerOptions& options = {QStringLiteral("127.0.0.1"), 0, {}, {}});
+    ~WebWorld();
+
+    struct Answer
+    {
+        int status = 0;
+        QJsonObject json;
+        httplib::Headers headers;
+        QString detail() const { return json.value(QStringLiteral("detail")).toString(); }
+    };
+    Answer get(const std::string& target, const httplib::Headers& headers = {}) const;
+    Answer post(const std::string& target, const std::string& body,
+                const httplib::Headers& headers = {}) const;
+    Answer call(httplib::Request request) const;
+    Answer set(const QByteArray& body) const { return post("/api/v1/set", body.toStdString()); }
+
+    FakePlayer player;
+    FakeLogin login;
+    CMWorkerThread thread;
+    WebWorker* worker;
+    WebServer server;
+};
