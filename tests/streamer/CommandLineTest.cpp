@@ -89,6 +89,8 @@ TEST(CommandLine, SendsWhatTheApiWants)
          R"(POST /api/v1/set {"path":"/a","value":9007199254740993})"},
         {{"set", "/a", "{\"x\": [null]}"},
          R"(POST /api/v1/set {"path":"/a","value":{"x": [null]}})"},
+        {{"watch"}, "GET /api/v1/events?path=%2Ftidal"},
+        {{"tree"}, "GET /api/v1/rows?path=%2Ftidal&from=0&to=49"},
         {{"watch", "/a", "/b"}, "GET /api/v1/events?path=%2Fa&path=%2Fb"},
         {{"play", "123"}, R"(POST /api/v1/player/play {"path":"123"})"},
         {{"next"}, "POST /api/v1/player/next {}"},
@@ -252,13 +254,14 @@ TEST(TreeCommand, DescendsToTheDepthAndStopsAtCycles)
     streamer.answer(rowsOf("a"), {200, R"({"path":"/a","rowsCount":2,"roles":{},"rows":[
         {"Title":"Up","Type":"Container","Path":"/"},
         {"Title":"B","Type":"Container","Path":"/b"}]})"});
-    EXPECT_EQ(streamer.run({"tree"}).out, "/\n  ▸ A  /a\n    ▸ Up  /\n    ▸ B  /b\n  • Play  /x\n"
-                                          "  ▸ Gone  /gone\n    (no such node)\n"
-                                          "  ... 57 more\n");
+    EXPECT_EQ(streamer.run({"tree", "/"}).out,
+              "/\n  ▸ A  /a\n    ▸ Up  /\n    ▸ B  /b\n  • Play  /x\n"
+              "  ▸ Gone  /gone\n    (no such node)\n"
+              "  ... 57 more\n");
     EXPECT_EQ(streamer.calls().size(), 3u);
-    EXPECT_THAT(streamer.run({"tree", "--depth", "3"}).out,
+    EXPECT_THAT(streamer.run({"tree", "/", "--depth", "3"}).out,
                 HasSubstr("    ▸ Up  /\n      (shown above)\n"));
-    const auto json = streamer.run({"tree", "--json"});
+    const auto json = streamer.run({"tree", "/", "--json"});
     const QJsonObject tree = QJsonDocument::fromJson(QByteArray::fromStdString(json.out)).object();
     EXPECT_EQ(tree["rows"][0]["rows"][1]["Title"].toString(), QStringLiteral("B"));
     EXPECT_EQ(streamer.run({"tree", "/none"}).status, 1);

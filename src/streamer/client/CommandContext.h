@@ -14,6 +14,12 @@ enum ExitStatus {
     ExitUnreachable = 3, ///< no streamer reachable
 };
 
+/// Where commands begin that are told no path: the service's top node.
+inline QString topPath()
+{
+    return QStringLiteral("/tidal");
+}
+
 /// What every command gets: the streamer, the place to print, the form to print in. Made by
 /// main() for one command, used on the main thread.
 struct CommandContext

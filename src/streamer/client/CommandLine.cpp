@@ -127,7 +127,7 @@ void CommandLine::addBrowsing()
                 command.paths.append(fromStd(path));
             return command.run(context);
         });
-    watch->add_option("PATH", m_values.paths, "Paths to keep open (/)");
+    watch->add_option("PATH", m_values.paths, "Paths to keep open (/tidal)");
     watch->preparse_callback([this](size_t) { m_values.isFollowing = true; });
 
     CLI::App* search = addClient(
@@ -147,10 +147,9 @@ void CommandLine::addBrowsing()
         browseGroup, "tree", "Show the tree as an outline.",
         "kelo tree\nkelo tree /tidal --depth 3", [this](const CommandContext& context) {
             const QString path = fromStd(m_values.path);
-            return TreeCommand(path.isEmpty() ? QStringLiteral("/") : path, m_values.depth)
-                .run(context);
+            return TreeCommand(path.isEmpty() ? topPath() : path, m_values.depth).run(context);
         });
-    tree->add_option("PATH", m_values.path, "Where to begin (/)");
+    tree->add_option("PATH", m_values.path, "Where to begin (/tidal)");
     tree->add_option("--depth", m_values.depth, "Levels below it (2)")->check(CLI::Range(1, 16));
 }
 

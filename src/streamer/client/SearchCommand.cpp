@@ -39,7 +39,7 @@ QStringList SearchCommand::kinds()
 /// last segment of their paths since titles are translated.
 ApiReply SearchCommand::findLists(ApiClient& api, Lists& lists) const
 {
-    const ApiReply top = RowsCommand::fetch(api, QStringLiteral("/tidal"), 0, 0);
+    const ApiReply top = RowsCommand::fetch(api, topPath(), 0, 0);
     if (!top.isDone())
         return top;
     const QString container = top.document.value(QLatin1String("roles"))

@@ -21,7 +21,7 @@ QString WatchCommand::changeText(const QJsonValue& change)
 
 int WatchCommand::run(const CommandContext& context) const
 {
-    const QStringList watched = paths.isEmpty() ? QStringList{QStringLiteral("/")} : paths;
+    const QStringList watched = paths.isEmpty() ? QStringList{topPath()} : paths;
     const ApiReply stream = context.api.events(watched, nullptr, [&](const ServerEvent& event) {
         if (event.name != "rows")
             return true;

@@ -10,7 +10,7 @@ namespace cli {
 /// Made for one run, used on the main thread. It reads no rows.
 struct WatchCommand
 {
-    QStringList paths; ///< empty: the top of the tree
+    QStringList paths; ///< empty: topPath()
 
     int run(const CommandContext& context) const;
 
