@@ -196,8 +196,8 @@ private:
     bool isMediaMetaData() const;
     bool isMediaResource() const;
     bool isMediaReady() const;
-    /// Makes a request the play request, and forgets everything of the attempt before it.
-    void beginPlay(const CMSetDataRequest& request);
+    /// Makes a request the play request, forgets everything of the attempt before it, and starts.
+    void beginPlay(const CMSetDataRequest& request, const KeloMediaData& mediaData);
     /// Idle, without media data, roles and requests; look-ups under way are answered with an error.
     void resetPlay(const CMError& error);
     /// The one way in which an attempt fails.
@@ -209,8 +209,6 @@ private:
     void completeMetaData(const KeloTidalApiTrackResponse& track);
     /// False when the manifest was refused and the attempt has ended.
     bool completeResource(const KeloTidalApiStreamUrlResponse& stream);
-    /// The id of the track that is to be played; empty when there is none.
-    QString playTrackId() const;
 
     TidalHandler* m_handler = nullptr; ///< a child
     CMValueItem* m_settingsItem = nullptr;
@@ -268,6 +266,7 @@ private:
     CMSetDataRequest m_playRequest;  ///< null when nothing plays or has been asked to
     CMSetDataRequest m_mediaRequest; ///< the look-up of the stream; the last one asked
     CMSetDataRequest m_trackRequest; ///< the look-up of the track; the last one asked
+    QString m_playTrackId;           ///< of the play request; empty when it names none
     KeloMediaData m_mediaData;       ///< of the play request, completed by the look-ups
     KeloRoles m_playItemRoles;       ///< what the player is told beside the media data
 };

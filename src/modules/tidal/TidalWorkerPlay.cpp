@@ -60,6 +60,14 @@ bool isPlainId(const QString& id)
     };
     return std::all_of(id.begin(), id.end(), isUnreserved);
 }
+
+/// The id of the track that the first resource refers to; empty when there is none.
+QString trackIdOf(const KeloMediaData& mediaData)
+{
+    QString id = mediaData.resources().value(0).uri();
+    id.remove(KeloTidalPlayItemPrefix());
+    return isPlainId(id) ? id : QString();
+}
 } // namespace
 
 bool TidalWorker::isPlayPending() const
@@ -99,19 +107,12 @@ bool TidalWorker::isMediaReady() const
     return isMediaMetaData() && isMediaResource();
 }
 
-QString TidalWorker::playTrackId() const
-{
-    const QList<KeloResource> resources = m_mediaData.resources();
-    QString id = resources.isEmpty() ? QString() : resources.first().uri();
-    id.remove(KeloTidalPlayItemPrefix());
-    return isPlainId(id) ? id : QString();
-}
-
 void TidalWorker::resetPlay(const CMError& error)
 {
     m_playState = PlayState::Idle;
     m_mediaData.clear();
     m_playItemRoles.clear();
+    m_playTrackId.clear();
     m_playRequest = CMSetDataRequest();
     if (isTrackPending())
         m_trackRequest.reply().setError(error);
@@ -128,12 +129,16 @@ void TidalWorker::failPlay(const CMError& error)
     resetPlay(error);
 }
 
-void TidalWorker::beginPlay(const CMSetDataRequest& request)
+void TidalWorker::beginPlay(const CMSetDataRequest& request, const KeloMediaData& mediaData)
 {
     // An attempt that the host gave up may have left look-ups behind.
     resetPlay(playError(KELO_TR("media data request failed")));
     m_playRequest = request;
     m_playState = PlayState::RequestMedia;
+    m_playItemRoles = itemRolesOf(request.value());
+    m_mediaData = mediaData;
+    m_playTrackId = trackIdOf(mediaData);
+    on_internal_play(request);
 }
 
 void TidalWorker::on_media_play(const CMSetDataRequest& request)
@@ -148,15 +153,14 @@ void TidalWorker::on_media_play(const CMSetDataRequest& request)
         request.reply().setError(playError(KELO_TR("prePlayData not set")));
         return;
     }
-    beginPlay(request);
-    m_playItemRoles = itemRolesOf(request.value());
     metaData.setAllowSeekTime(true);
     metaData.setStartTime(metaData.prePlayTimeOffset());
     KeloResource resource = incoming.resources().value(0);
     resource.setUri(trackReference(metaData.prePlayData()));
-    m_mediaData.setMetaData(metaData);
-    m_mediaData.setResources({resource});
-    on_internal_play(request);
+    KeloMediaData mediaData;
+    mediaData.setMetaData(metaData);
+    mediaData.setResources({resource});
+    beginPlay(request, mediaData);
 }
 
 void TidalWorker::on_tidalId_play(const CMSetDataRequest& request)
@@ -170,14 +174,14 @@ void TidalWorker::on_tidalId_play(const CMSetDataRequest& request)
         request.reply().setError(playError(KELO_TR("droping play request, busy")));
         return;
     }
-    beginPlay(request);
     KeloMetaData metaData;
     metaData.setServiceID(KeloService_Tidal_Id());
     KeloResource resource;
     resource.setUri(trackReference(item.value(KeloTidalPlayItem::Id()).toString()));
-    m_mediaData.setMetaData(metaData);
-    m_mediaData.setResources({resource});
-    on_internal_play(request);
+    KeloMediaData mediaData;
+    mediaData.setMetaData(metaData);
+    mediaData.setResources({resource});
+    beginPlay(request, mediaData);
 }
 
 void TidalWorker::onPrePlay(const CMSetDataRequest& request)
@@ -186,12 +190,10 @@ void TidalWorker::onPrePlay(const CMSetDataRequest& request)
         request.reply().setError(playError(KELO_TR("droping play request, busy")));
         return;
     }
-    beginPlay(request);
-    m_playItemRoles = itemRolesOf(request.value());
-    m_mediaData = mediaDataOf(request.value());
-    KeloMetaData metaData = m_mediaData.metaData();
+    KeloMediaData mediaData = mediaDataOf(request.value());
+    KeloMetaData metaData = mediaData.metaData();
     metaData.setStartTime(metaData.prePlayTimeOffset());
-    QList<KeloResource> resources = m_mediaData.resources();
+    QList<KeloResource> resources = mediaData.resources();
     KeloResource resource = resources.isEmpty() ? KeloResource() : resources.takeFirst();
     // Without an id the pre-play path itself is the request's.
     const QStringList segments = request.path().splitBase();
@@ -199,9 +201,9 @@ void TidalWorker::onPrePlay(const CMSetDataRequest& request)
     const bool hasId = QStringLiteral("/") + last != KeloTidalPrePlayPath();
     resource.setUri(KeloTidalPlayItemPrefix() + (hasId ? last : QString()));
     resources.prepend(resource);
-    m_mediaData.setMetaData(metaData);
-    m_mediaData.setResources(resources);
-    on_internal_play(request);
+    mediaData.setMetaData(metaData);
+    mediaData.setResources(resources);
+    beginPlay(request, mediaData);
 }
 
 void TidalWorker::on_internal_play(const CMSetDataRequest& request)
@@ -223,7 +225,7 @@ void TidalWorker::on_internal_play(const CMSetDataRequest& request)
 
 void TidalWorker::onStatePlayRequestMedia(const CMSetDataRequest& request)
 {
-    const QString id = playTrackId();
+    const QString id = m_playTrackId;
     if (!isMediaMetaData() && !responseOf(request).isValid()) {
         if (id.isEmpty()) {
             failPlay(playError(KELO_TR("invalid play request data")));
