@@ -158,6 +158,7 @@ TEST(KeloJsonTest, writtenTextReadsBackAndWhatJsonLacksIsNull)
     EXPECT_EQ(written(QVariant()), "null");
     EXPECT_EQ(written(std::numeric_limits<double>::infinity()), "null");
     EXPECT_EQ(written(QDateTime()), "null");
+    EXPECT_EQ(written(QByteArray("a\0b", 3)), "\"a\\u0000b\"");
     EXPECT_EQ(written(QStringList{QStringLiteral("x")}), "[\"x\"]");
     EXPECT_EQ(written(QVariantMap{{QStringLiteral("k"), 1u}}), "{\"k\":1}");
     EXPECT_FALSE(KeloJson::parse(KeloJson::write(QString(QChar(0xd800)))).isNull());

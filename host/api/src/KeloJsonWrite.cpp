@@ -43,8 +43,10 @@ void Writer::write(const QVariant& value, int depth)
         return writeArray(value.toStringList(), depth);
     case QMetaType::QString:
         return writeString(value.toString());
-    case QMetaType::QByteArray:
-        return writeString(QString::fromUtf8(value.toByteArray()));
+    case QMetaType::QByteArray: {
+        const QByteArray utf8 = value.toByteArray();
+        return writeString(QString::fromUtf8(utf8.constData(), utf8.size()));
+    }
     case QMetaType::Bool:
         text += value.toBool() ? "true" : "false";
         return;
