@@ -45,7 +45,7 @@ void Writer::write(const QVariant& value, int depth)
         return writeString(value.toString());
     case QMetaType::QByteArray: {
         const QByteArray utf8 = value.toByteArray();
-        return writeString(QString::fromUtf8(utf8.constData(), utf8.size()));
+        return writeString(QString::fromUtf8(utf8.constData(), std::max(0, utf8.size())));
     }
     case QMetaType::Bool:
         text += value.toBool() ? "true" : "false";
