@@ -76,7 +76,7 @@ protected:
     QString waitFor(const QString& event)
     {
         std::unique_lock<std::mutex> lock(mutex);
-        EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(30), [&] {
+        EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(15), [&] {
             return !log.isEmpty() && log.last() == event;
         })) << log.join(",").toStdString();
         return log.join(",");
@@ -105,7 +105,8 @@ TEST_F(OutputTest, NullPlaysInRealTimeSeeksPausesAndChangesItems)
     next.uri = sim.address(1);
     open(sim.address(0));
     waitFor("started");
-    EXPECT_EQ(duration(), 2000); // from the stream's header
+    const qint64 length = duration(); // from the stream's header
+    EXPECT_NEAR(length, 2000, 100);
     time.advance(500);
     EXPECT_EQ(position(), 500);
     on([this] { output->pause(); });
@@ -119,11 +120,10 @@ TEST_F(OutputTest, NullPlaysInRealTimeSeeksPausesAndChangesItems)
     EXPECT_EQ(position(), 1400);
     waitFor("aboutToFinish");
     ASSERT_TRUE(sim.server().waitForRequests("/audio/", 2, 20000));
-    time.advance(600);
+    time.advance(length - 1400);
     waitFor("itemChanged");
     EXPECT_EQ(position(), 0);
-    waitFor("itemChanged");
-    time.advance(1);
+    time.advance(200);
     waitFor("aboutToFinish");
     time.advance(2000);
     EXPECT_EQ(waitFor("finished"), "started,aboutToFinish,itemChanged,aboutToFinish,finished");
@@ -151,7 +151,9 @@ TEST_F(OutputTest, EveryOutputTellsARefusedAddressFromOneThatIsNotThere)
         SCOPED_TRACE((one.output + " " + one.uri).toStdString());
         make(one.output);
         open(one.uri);
-        EXPECT_EQ(waitFor(QString("error %1").arg(one.kind)), QString("error %1").arg(one.kind));
+        const QString events = waitFor(QString("error %1").arg(one.kind));
+        EXPECT_EQ(events.count("error"), 1) << events.toStdString();
+        EXPECT_FALSE(events.contains("started"));
         thread.stop([this] { output.reset(); });
         log.clear();
     }
@@ -172,7 +174,7 @@ TEST_F(OutputTest, GStreamerStartsAtAPositionPausesAndSeeks)
     open(sim.address(0), 1500);
     waitFor("started");
     EXPECT_GE(position(), 1500);
-    EXPECT_EQ(duration(), 2000);
+    EXPECT_NEAR(duration(), 2000, 100);
     on([this] {
         output->pause();
         output->seek(100);

@@ -15,14 +15,17 @@ public:
         std::string error;
         m_isStarted = m_server.start(&error);
         const QJsonObject tracks =
-            QJsonDocument::fromJson(QByteArray::fromStdString(m_server.tracksBody(5))).object();
-        m_tracks = tracks["items"].toArray();
+            QJsonDocument::fromJson(QByteArray::fromStdString(m_server.tracksBody(50))).object();
+        for (const QJsonValue& track : tracks["items"].toArray())
+            if (track.toObject()["allowStreaming"].toBool())
+                m_tracks.append(track);
     }
     bool isStarted() const { return m_isStarted && !m_tracks.isEmpty(); }
     QString baseUrl() const { return QString::fromStdString(m_server.baseUrl()); }
     kelosim::SimServer& server() { return m_server; }
 
-    /// The address of one of the first tracks, as playback info hands it out; empty when refused.
+    /// The address of one of the first tracks that can be streamed, as playback info hands it out;
+    /// empty when refused.
     QString address(int number)
     {
         httplib::Client client(m_server.baseUrl());

@@ -154,10 +154,11 @@ void GstOutput::halt()
     gst_element_set_state(m_playbin, GST_STATE_NULL);
     {
         std::lock_guard<std::mutex> lock(m_handover.mutex);
+        ++m_handover.session; // what the pipeline said while it stopped is of no session
         m_handover.isAnswered = false;
     }
     m_isOpen = m_hasStarted = m_isBuffering = m_isStartPending = m_isNextGiven = false;
-    m_streams = 0;
+    m_group = 0;
     m_next = OutputItem();
 }
 
@@ -272,9 +273,11 @@ void GstOutput::onPlaying()
     events().started();
 }
 
-void GstOutput::onStreamStart()
+void GstOutput::onStreamStart(guint group)
 {
-    if (++m_streams == 1)
+    // The pipeline may announce one item more than once.
+    const guint before = std::exchange(m_group, group);
+    if (before == 0 || before == group || !m_isNextGiven)
         return;
     m_item = m_next;
     m_next = OutputItem();

@@ -55,7 +55,7 @@ private:
     void halt();
     void onPrerolled();
     void onPlaying();
-    void onStreamStart();
+    void onStreamStart(guint group);
     void onEnd();
     void onAsked();
     void onNextTaken();
@@ -75,7 +75,7 @@ private:
     bool m_isBuffering = false;
     bool m_isStartPending = false; ///< a start position waits for the pipeline to be ready
     bool m_isNextGiven = false;    ///< playbin has taken the next address
-    int m_streams = 0;             ///< streams that began since the pipeline was opened
+    guint m_group = 0; ///< group of the stream that sounds, which every item has its own of
     OutputItem m_item;
     OutputItem m_next;
 };

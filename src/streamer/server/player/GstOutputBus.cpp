@@ -47,6 +47,22 @@ QString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* failu
     }
     return QStringLiteral("the audio did not arrive: %1").arg(cause);
 }
+
+/// Whether the streams that a message announces include audio; without, the pipeline waits for
+/// ever.
+bool hasAudio(GstMessage* message)
+{
+    GstStreamCollection* streams = nullptr;
+    gst_message_parse_stream_collection(message, &streams);
+    bool isAudio = !streams;
+    for (guint i = 0; streams && i < gst_stream_collection_get_size(streams); ++i) {
+        GstStream* stream = gst_stream_collection_get_stream(streams, i);
+        isAudio = isAudio || (gst_stream_get_stream_type(stream) & GST_STREAM_TYPE_AUDIO);
+    }
+    if (streams)
+        gst_object_unref(streams);
+    return isAudio;
+}
 } // namespace
 
 GstBusSyncReply GstOutput::onBusMessage(GstBus*, GstMessage* message, gpointer self)
@@ -68,8 +84,8 @@ void GstOutput::handleBusMessage(GstMessage* message)
             post([this] { onEnd(); });
         break;
     case GST_MESSAGE_STREAM_START:
-        if (isFromPipeline)
-            post([this] { onStreamStart(); });
+        if (guint group = 0; isFromPipeline && gst_message_parse_group_id(message, &group))
+            post([this, group] { onStreamStart(group); });
         break;
     case GST_MESSAGE_ASYNC_DONE:
         if (isFromPipeline)
@@ -82,6 +98,15 @@ void GstOutput::handleBusMessage(GstMessage* message)
             post([this] { onPlaying(); });
         break;
     }
+    case GST_MESSAGE_STREAM_COLLECTION:
+        if (!hasAudio(message))
+            post([this] {
+                OutputError error;
+                error.kind = OutputError::Decode;
+                error.text = QStringLiteral("the address holds no audio");
+                onError(error);
+            });
+        break;
     case GST_MESSAGE_BUFFERING: {
         gint percent = 100;
         gst_message_parse_buffering(message, &percent);

@@ -53,10 +53,15 @@ void NullOutput::startTrack()
 {
     if (!m_track.answer.isFine)
         return fail(m_track.answer.error);
+    begin();
+    events().started();
+}
+
+void NullOutput::begin()
+{
     m_state = m_isPauseWanted ? State::Paused : State::Playing;
     m_sinceMs = m_time.nowMs();
     schedule();
-    events().started();
 }
 
 void NullOutput::setNext(const OutputItem& item)
@@ -167,8 +172,14 @@ void NullOutput::onEnd()
         stop();
         m_track.item = next;
         m_state = State::Probing;
-        probe(m_probe, m_track, [this] { startTrack(); });
-        return events().itemChanged();
+        return probe(m_probe, m_track, [this] {
+            const StreamProbe::Answer answer = m_track.answer;
+            if (answer.isFine)
+                begin();
+            events().itemChanged();
+            if (!answer.isFine)
+                fail(answer.error);
+        });
     }
     const qint64 over = m_baseMs + m_time.nowMs() - m_sinceMs - durationMs();
     m_track = m_next;

@@ -35,6 +35,7 @@ private:
 
     void probe(Probe& probe, Track& track, std::function<void()> then);
     void startTrack();
+    void begin();
     void schedule();
     void onTimer();
     void onEnd();

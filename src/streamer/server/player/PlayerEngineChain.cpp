@@ -72,11 +72,11 @@ void PlayerEngine::refuse(const QString& text)
 {
     endChain();
     addNote(text);
-    fail(text);
     if (m_state == State::Playing || m_state == State::Paused)
         publish();
     else
         halt();
+    fail(text);
 }
 
 void PlayerEngine::resolve()
@@ -130,8 +130,8 @@ void PlayerEngine::onItemFailed(const QString& text)
     const QString name = PlayItem::ofEntry(m_chain.at).name();
     if (!m_chain.skips) {
         addNote(QStringLiteral("%1: %2").arg(name, text));
-        fail(text);
-        return halt();
+        halt();
+        return fail(text);
     }
     addNote(QStringLiteral("skipped: %1: %2").arg(name, text));
     m_chain.offsetMs = 0;
@@ -144,9 +144,10 @@ void PlayerEngine::onItemFailed(const QString& text)
         QStringLiteral("stopped after %1 items in a row that cannot be played").arg(maxFailures);
     m_note.clear();
     addNote(reason);
-    fail(reason);
-    if (m_chain.purpose == Purpose::Start)
-        return halt();
+    if (m_chain.purpose == Purpose::Start) {
+        halt();
+        return fail(reason);
+    }
     endChain();
     m_isLast = true;
     m_output->setNext(OutputItem());

@@ -85,8 +85,8 @@ void PlayerEngine::onError(const OutputError& error)
     const bool isWaitedFor = !m_reply.isNull();
     if (error.kind == OutputError::Device) {
         addNote(error.text);
-        fail(error.text);
-        return halt();
+        halt();
+        return fail(error.text);
     }
     const bool isPaused = m_state == State::Paused;
     const bool again =
