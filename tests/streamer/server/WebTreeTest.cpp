@@ -158,6 +158,31 @@ TEST(WebTreeTest, SetWrapsPlainValuesAndPassesObjectsAndErrorsOn)
     EXPECT_EQ(world.set(QByteArray(500, '[')).status, 400);
 }
 
+TEST(WebTreeTest, BodiesOfEveryFramingAreReadOrRefused)
+{
+    WebWorld world;
+    const std::string head = "POST /api/v1/set HTTP/1.1\r\nHost: localhost\r\n";
+    const std::string body = R"({"path":"/web/echo"})";
+    const std::string size = std::to_string(body.size());
+    struct Case
+    {
+        std::string request;
+        const char* status;
+    };
+    for (const Case& row :
+         {Case{head + "\r\n", "400"}, // no body at all, and no waiting for one
+          Case{head + "Content-Length: " + size + "\r\n\r\n" + body, "200"},
+          Case{head + "Transfer-Encoding: chunked\r\n\r\n14\r\n" + body + "\r\n0\r\n\r\n", "200"},
+          Case{head + "Content-Type: application/x-www-form-urlencoded\r\nContent-Length: " + size +
+                   "\r\n\r\n" + body,
+               "200"},
+          Case{head + "Content-Type: multipart/form-data; boundary=b\r\nContent-Length: 7\r\n\r\n"
+                      "--b--\r\n",
+               "415"}}) {
+        EXPECT_EQ(world.statusOf(row.request), row.status) << row.request;
+    }
+}
+
 TEST(WebTreeTest, ACallThatNobodyAnswersEndsWithItsDeadline)
 {
     WebWorld world;

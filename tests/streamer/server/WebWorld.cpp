@@ -4,6 +4,9 @@
 #include <kelo/CMActivateNode.h>
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMValueNode.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace {
 
@@ -153,4 +156,19 @@ WebWorld::Answer WebWorld::post(const std::string& target, const std::string& bo
     request.headers = headers;
     request.body = body;
     return call(request);
+}
+
+std::string WebWorld::statusOf(const std::string& bytes) const
+{
+    const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
+    sockaddr_in address = {};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(uint16_t(server.port()));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    char answer[13] = {};
+    if (::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
+        ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL) == ssize_t(bytes.size()))
+        (void)!::recv(socket, answer, 12, MSG_WAITALL);
+    ::close(socket);
+    return std::string(answer).substr(std::min<size_t>(9, std::string(answer).size()));
 }

@@ -104,6 +104,9 @@ public:
     Answer call(httplib::Request request) const;
     Answer set(const QByteArray& body) const { return post("/api/v1/set", body.toStdString()); }
 
+    /// Sends bytes as they are and returns the status of the answer as text.
+    std::string statusOf(const std::string& bytes) const;
+
     FakePlayer player;
     FakeLogin login;
     CMWorkerThread thread;

@@ -19,6 +19,8 @@ QString reason(int status)
         return QStringLiteral("Body too large");
     case 414:
         return QStringLiteral("Address too long");
+    case 415:
+        return QStringLiteral("Wrong content type");
     case 500:
         return QStringLiteral("Internal error");
     case 502:

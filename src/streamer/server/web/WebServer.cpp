@@ -83,9 +83,13 @@ private:
         m_routes[path][method] = std::move(handler);
     }
     void setUp(httplib::Server& server);
-    void serve(const httplib::Request& request, httplib::Response& response);
-    HttpReply answer(const httplib::Request& request, httplib::Response& response,
-                     std::string* route);
+    /// False when the body was refused; the response says why.
+    static bool readBody(const httplib::Request& request, httplib::Response& response,
+                         const httplib::ContentReader& reader, std::string& body);
+    void serve(const httplib::Request& request, const std::string& body,
+               httplib::Response& response);
+    HttpReply answer(const httplib::Request& request, const std::string& body,
+                     httplib::Response& response, std::string* route);
     HttpReply command(const QString& name, const HttpCall& call);
     HttpReply loginAnswer(const CMReply<QVariant>& reply);
     /// Starts an event stream; the reply counts only when there is none.
@@ -155,15 +159,21 @@ void WebServer::Private::addOtherRoutes()
 
 void WebServer::Private::setUp(httplib::Server& server)
 {
-    const auto handler = [this](const httplib::Request& request, httplib::Response& response) {
-        serve(request, response);
+    const auto plain = [this](const httplib::Request& request, httplib::Response& response) {
+        serve(request, std::string(), response);
     };
-    server.Get(".*", handler)
-        .Post(".*", handler)
-        .Put(".*", handler)
-        .Patch(".*", handler)
-        .Delete(".*", handler)
-        .Options(".*", handler);
+    const auto withBody = [this](const httplib::Request& request, httplib::Response& response,
+                                 const httplib::ContentReader& reader) {
+        std::string body;
+        if (readBody(request, response, reader, body))
+            serve(request, body, response);
+    };
+    server.Get(".*", plain)
+        .Options(".*", plain)
+        .Post(".*", withBody)
+        .Put(".*", withBody)
+        .Patch(".*", withBody)
+        .Delete(".*", withBody);
     server.set_payload_max_length(largestBody);
     server.set_keep_alive_max_count(INT_MAX); // said in a header; connections are not counted
     server.set_default_headers(defaultHeaders());
@@ -180,11 +190,31 @@ void WebServer::Private::setUp(httplib::Server& server)
         });
 }
 
-void WebServer::Private::serve(const httplib::Request& request, httplib::Response& response)
+bool WebServer::Private::readBody(const httplib::Request& request, httplib::Response& response,
+                                  const httplib::ContentReader& reader, std::string& body)
+{
+    // RFC 9112 6.3: without either field there is no body; the library would wait for one.
+    if (!request.has_header("Content-Length") && !request.has_header("Transfer-Encoding"))
+        return true;
+    if (request.is_multipart_form_data()) {
+        reader([](const httplib::MultipartFormData&) { return true; },
+               [](const char*, size_t) { return true; });
+        send(HttpReply::problem(415, QStringLiteral("wanted a JSON body")), response);
+        return false;
+    }
+    // On failure the library has set the status.
+    return reader([&body](const char* bytes, size_t size) {
+        body.append(bytes, size);
+        return true;
+    });
+}
+
+void WebServer::Private::serve(const httplib::Request& request, const std::string& body,
+                               httplib::Response& response)
 {
     const auto begin = std::chrono::steady_clock::now();
     std::string route = "other";
-    const HttpReply reply = answer(request, response, &route);
+    const HttpReply reply = answer(request, body, response, &route);
     if (reply.status != 0)
         send(reply, response);
     const auto duration = std::chrono::steady_clock::now() - begin;
@@ -195,8 +225,8 @@ void WebServer::Private::serve(const httplib::Request& request, httplib::Respons
         << qint64(std::chrono::duration_cast<std::chrono::milliseconds>(duration).count()) << " ms";
 }
 
-HttpReply WebServer::Private::answer(const httplib::Request& request, httplib::Response& response,
-                                     std::string* route)
+HttpReply WebServer::Private::answer(const httplib::Request& request, const std::string& body,
+                                     httplib::Response& response, std::string* route)
 {
     if (auto refusal = m_guard.check(request))
         return *refusal;
@@ -211,7 +241,7 @@ HttpReply WebServer::Private::answer(const httplib::Request& request, httplib::R
     if (!query)
         return HttpReply::badRequest(QStringLiteral("the query has a malformed escape"));
     call.query = *query;
-    call.body = QByteArray::fromStdString(request.body);
+    call.body = QByteArray::fromStdString(body);
 
     if (request.path == events && request.method == "GET")
         return startEvents(call, response);
