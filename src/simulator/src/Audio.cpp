@@ -110,9 +110,9 @@ HttpResponse Audio::serve(const HttpRequest& request)
     if (request.method != "GET" && request.method != "HEAD")
         return HttpResponse::html(405, "Method not allowed");
     const std::vector<std::string> segments = request.segments();
-    const auto id = segments.size() == 3 ? toNumber(segments[1]) : std::nullopt;
-    const auto index = id ? m_catalogue.trackIndex(*id) : std::nullopt;
-    if (!index || !isTokenValid(*id, request.queryValue("token")))
+    const std::int64_t id = segments.size() == 3 ? toNumber(segments[1]).value_or(-1) : -1;
+    const auto index = m_catalogue.trackIndex(id);
+    if (!index || !isTokenValid(id, request.queryValue("token")))
         return HttpResponse::html(403, "<html><body>Access denied</body></html>");
     const Track track = m_catalogue.track(*index);
     const int shortened = shortSeconds();

@@ -10,9 +10,6 @@ namespace kelosim {
 namespace {
 
 constexpr int artistTotal = 420; // "Various Artists" is index 0
-constexpr std::int64_t artistBase = 900100;
-constexpr std::int64_t albumBase = 500000;
-constexpr std::int64_t trackBase = 6000000;
 constexpr std::int64_t day = 86400000;
 constexpr std::int64_t newestRelease = 1767225600000; // 2026-01-01
 constexpr const char* types[] = {"ALBUM", "EP", "SINGLE", "COMPILATION"};
@@ -59,7 +56,7 @@ Artist Catalogue::artist(int index) const
     const auto number = static_cast<std::uint64_t>(index);
     Artist artist;
     artist.index = index;
-    artist.id = artistBase + index;
+    artist.id = artistId(index);
     artist.name = index == 0 ? "Various Artists" : artistName(of(WName, number));
     artist.genre = static_cast<int>(of(WList, number) % 18);
     artist.popularity = static_cast<int>(of(WVariety, number) % 100);
@@ -76,7 +73,7 @@ Album Catalogue::album(int index) const
     const int odd = static_cast<int>(variety % 100); // the album's one peculiarity
     Album album;
     album.index = index;
-    album.id = albumBase + index;
+    album.id = albumId(index);
     album.title =
         odd == 1 ? longTitle(of(WName, number, 1), 500) : albumTitle(of(WName, number, 1));
     if (odd >= 2 && odd < 8)
@@ -116,7 +113,7 @@ Track Catalogue::track(int index) const
     const int odd = static_cast<int>(variety % 1000);
     Track track;
     track.index = index;
-    track.id = trackBase + index;
+    track.id = trackId(index);
     track.album = albumOfTrack(index);
     const AlbumBase& base = m_albums[static_cast<std::size_t>(track.album)];
     const std::uint64_t name = of(WName, number, 2);
@@ -150,21 +147,21 @@ int Catalogue::trackDuration(int track) const
 
 std::optional<int> Catalogue::artistIndex(std::int64_t id) const
 {
-    const std::int64_t index = id - artistBase;
+    const std::int64_t index = id - artistId(0);
     return index >= 0 && index < artistCount() ? std::optional<int>(static_cast<int>(index))
                                                : std::nullopt;
 }
 
 std::optional<int> Catalogue::albumIndex(std::int64_t id) const
 {
-    const std::int64_t index = id - albumBase;
+    const std::int64_t index = id - albumId(0);
     return index >= 0 && index < albumCount() ? std::optional<int>(static_cast<int>(index))
                                               : std::nullopt;
 }
 
 std::optional<int> Catalogue::trackIndex(std::int64_t id) const
 {
-    const std::int64_t index = id - trackBase;
+    const std::int64_t index = id - trackId(0);
     return index >= 0 && index < m_trackCount ? std::optional<int>(static_cast<int>(index))
                                               : std::nullopt;
 }

@@ -96,6 +96,9 @@ public:
     std::optional<int> albumIndex(std::int64_t id) const;
     std::optional<int> trackIndex(std::int64_t id) const;
     std::optional<int> videoIndex(std::int64_t id) const;
+    static std::int64_t artistId(int index) { return 900100 + index; }
+    static std::int64_t albumId(int index) { return 500000 + index; }
+    static std::int64_t trackId(int index) { return 6000000 + index; }
     static std::int64_t videoId(int index) { return 70000000 + index; }
     int albumOfTrack(int track) const;
 

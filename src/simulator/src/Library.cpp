@@ -72,7 +72,7 @@ void Library::fill()
         std::vector<std::int64_t> ids;
         for (std::uint64_t i = 0; i < count; ++i) {
             const auto total = static_cast<std::uint64_t>(m_catalogue.trackCount());
-            ids.push_back(m_catalogue.track(static_cast<int>(mix(seed, salt, i) % total)).id);
+            ids.push_back(Catalogue::trackId(static_cast<int>(mix(seed, salt, i) % total)));
         }
         return ids;
     };
@@ -153,11 +153,11 @@ void Library::fillFavorites()
         }
     };
     fillKind(FavoriteKind::Albums, 64, m_catalogue.albumCount(),
-             [&](int i) { return std::to_string(m_catalogue.album(i).id); });
+             [&](int i) { return std::to_string(Catalogue::albumId(i)); });
     fillKind(FavoriteKind::Artists, 23, m_catalogue.artistCount() - 1,
-             [&](int i) { return std::to_string(m_catalogue.artist(i + 1).id); });
+             [&](int i) { return std::to_string(Catalogue::artistId(i + 1)); });
     fillKind(FavoriteKind::Tracks, 132, m_catalogue.trackCount(),
-             [&](int i) { return std::to_string(m_catalogue.track(i).id); });
+             [&](int i) { return std::to_string(Catalogue::trackId(i)); });
     fillKind(FavoriteKind::Playlists, 9, editorialCount,
              [&](int i) { return m_order[static_cast<std::size_t>(i)]; });
 }

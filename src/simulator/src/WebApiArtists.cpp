@@ -7,14 +7,14 @@ HttpResponse WebApi::artists(const Call& call)
     constexpr PageRule rule{10, 1000};
     const std::string& idText = call.segment(1);
     const std::string& part = call.segment(2);
-    const auto id = toNumber(idText);
-    const auto index = id ? m_catalogue.artistIndex(*id) : std::nullopt;
+    const std::int64_t id = toNumber(idText).value_or(-1);
+    const auto index = m_catalogue.artistIndex(id);
     if (call.segments.size() > 3)
         return notFound("Resource");
     // Odd but true of the service: the albums of an unknown artist are an empty list.
     if (!index)
-        return part == "albums" && id ? albumList(call, rule, {})
-                                      : notFound("Artist [" + idText + "]");
+        return part == "albums" && id >= 0 ? albumList(call, rule, {})
+                                           : notFound("Artist [" + idText + "]");
     if (part.empty()) {
         JsonWriter json = writer(call);
         call.items.artist(json, m_catalogue.artist(*index));
@@ -27,7 +27,7 @@ HttpResponse WebApi::artists(const Call& call)
     if (part == "bio")
         return artistBio(call, *index);
     if (part == "playlistscreatedby")
-        return playlistList(call, rule, m_library.artistPlaylists(*id));
+        return playlistList(call, rule, m_library.artistPlaylists(id));
     if (part == "similar") {
         const std::vector<int> similar = m_catalogue.similar(*index);
         return similar.empty() ? notFound("Similar artists for artist [" + idText + "]")

@@ -56,8 +56,8 @@ HttpResponse WebApi::subList(const Call& call, const Root& root)
 
 HttpResponse WebApi::albums(const Call& call)
 {
-    const auto id = toNumber(call.segment(1));
-    const auto index = id ? m_catalogue.albumIndex(*id) : std::nullopt;
+    const std::int64_t id = toNumber(call.segment(1)).value_or(-1);
+    const auto index = m_catalogue.albumIndex(id);
     if (!index || !m_catalogue.isAvailable(*index, call.country))
         return notFound("Album [" + call.segment(1) + "]");
     const Album album = m_catalogue.album(*index);
@@ -83,8 +83,8 @@ HttpResponse WebApi::albums(const Call& call)
 
 HttpResponse WebApi::tracks(const Call& call)
 {
-    const auto id = toNumber(call.segment(1));
-    const auto index = id ? m_catalogue.trackIndex(*id) : std::nullopt;
+    const std::int64_t id = toNumber(call.segment(1)).value_or(-1);
+    const auto index = m_catalogue.trackIndex(id);
     if (!index)
         return notFound("Track [" + call.segment(1) + "]");
     const Track track = m_catalogue.track(*index);

@@ -31,8 +31,8 @@ HttpResponse WebApi::playbackInfo(const Call& call)
     const HttpRequest& request = call.request;
     const std::string& idText = call.segment(1);
     const int asked = rank(request.queryValue("audioquality"));
-    const auto id = toNumber(idText);
-    const auto index = id ? m_catalogue.trackIndex(*id) : std::nullopt;
+    const std::int64_t id = toNumber(idText).value_or(-1);
+    const auto index = m_catalogue.trackIndex(id);
     if (auto refusal = playbackLimit(call))
         return std::move(*refusal);
     if (!index)
@@ -52,7 +52,7 @@ HttpResponse WebApi::playbackInfo(const Call& call)
     const std::string manifest =
         this->manifest(call, *index, qualities[granted], preview, &mimeType);
     JsonWriter json = writer(call);
-    json.beginObject().field("trackId", *id);
+    json.beginObject().field("trackId", id);
     json.field("assetPresentation", preview ? "PREVIEW" : "FULL");
     if (preview)
         json.field("previewReason", "FULL_REQUIRES_SUBSCRIPTION");
@@ -62,7 +62,7 @@ HttpResponse WebApi::playbackInfo(const Call& call)
     json.field("manifestMimeType", mimeType);
     json.field(
         "manifestHash",
-        base64(hex(mix(static_cast<std::uint64_t>(*id), static_cast<std::uint64_t>(granted)), 16)));
+        base64(hex(mix(static_cast<std::uint64_t>(id), static_cast<std::uint64_t>(granted)), 16)));
     json.field("manifest", manifest).field("albumReplayGain", -7.9);
     json.field("albumPeakAmplitude", 1.0).field("trackReplayGain", -7.42);
     json.field("trackPeakAmplitude", 0.988553);
