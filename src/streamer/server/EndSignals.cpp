@@ -9,7 +9,11 @@
 
 namespace {
 
+#if defined(__SANITIZE_THREAD__) || defined(__SANITIZE_ADDRESS__)
+constexpr std::chrono::milliseconds stopPatience{8000};
+#else
 constexpr std::chrono::milliseconds stopPatience{1500};
+#endif
 
 } // namespace
 
