@@ -26,7 +26,8 @@ if(KELO_TEST_BUILD)
     add_compile_definitions(KELO_TEST_BUILD)
 endif()
 if(KELO_SANITIZE)
-    add_compile_options(-fsanitize=${KELO_SANITIZE} -fno-omit-frame-pointer -g)
+    # GCC says of this warning that it is not to be relied on beside sanitizers.
+    add_compile_options(-fsanitize=${KELO_SANITIZE} -fno-omit-frame-pointer -Wno-maybe-uninitialized)
     add_link_options(-fsanitize=${KELO_SANITIZE})
 endif()
 
