@@ -77,7 +77,9 @@ const Kind* kindOf(const std::string& name)
 
 std::string bareKey(const char* key)
 {
-    return key + std::string_view(key).find_first_not_of("*!");
+    while (*key == '*' || *key == '!')
+        ++key;
+    return key;
 }
 
 bool isNumber(const Kind& kind, const std::string& key)
