@@ -19,6 +19,7 @@ TEST(CMPathTest, encodedTextBringsEveryPathBackUnchanged)
     hostile.addParam(QStringLiteral("query"), QStringLiteral("AC/DC & \"x\" = ? # %20 + \U0001F3B5\n"));
     hostile.addParam(QStringLiteral("k&=ey"), QString());
     hostile.addParam(QStringLiteral("zz"), QStringLiteral("~-._"));
+    hostile.addParam(QStringLiteral("zero"), QString(1, QChar(0)) + QStringLiteral("x"));
     const CMPath samples[] = {CMPath(), CMPath(QStringLiteral("/tidal")),
                               CMPath(QStringLiteral("a//b/")), hostile};
     for (const CMPath& sample : samples) {

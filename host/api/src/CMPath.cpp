@@ -1,5 +1,6 @@
 #include "CMPath.h"
 
+#include <algorithm>
 #include <QByteArray>
 
 class CMPath::Data : public KeloSharedData
@@ -88,7 +89,8 @@ QString decoded(const QStringRef& text, bool& ok)
         bytes += char(high * 16 + low);
         i += 2;
     }
-    const QString result = QString::fromUtf8(bytes);
+    // With the size said, so that a zero byte does not end the text.
+    const QString result = QString::fromUtf8(bytes.constData(), std::max(0, bytes.size()));
     if (result.toUtf8() != bytes)
         ok = false;
     return result;
