@@ -53,7 +53,8 @@ bool isRedirect(long status)
 }
 } // namespace
 
-HttpCall::HttpCall(HttpClient::HttpVersion version, bool keepAlive) : m_easy(curl_easy_init())
+HttpCall::HttpCall(HttpClient::HttpVersion version, bool keepAlive)
+    : m_easy(curl_easy_init()), m_isKeptAlive(keepAlive)
 {
     curl_easy_setopt(m_easy, CURLOPT_PRIVATE, this);
     curl_easy_setopt(m_easy, CURLOPT_NOSIGNAL, 1L);
@@ -69,7 +70,6 @@ HttpCall::HttpCall(HttpClient::HttpVersion version, bool keepAlive) : m_easy(cur
                      version == HttpClient::Version11 ? CURL_HTTP_VERSION_1_1
                                                       : CURL_HTTP_VERSION_2TLS);
     curl_easy_setopt(m_easy, CURLOPT_FORBID_REUSE, keepAlive ? 0L : 1L);
-    curl_easy_setopt(m_easy, CURLOPT_FRESH_CONNECT, keepAlive ? 0L : 1L);
     curl_easy_setopt(m_easy, CURLOPT_WRITEFUNCTION, &HttpCall::writeBody);
     curl_easy_setopt(m_easy, CURLOPT_WRITEDATA, this);
     curl_easy_setopt(m_easy, CURLOPT_HEADERFUNCTION, &HttpCall::writeHeader);
@@ -135,8 +135,12 @@ bool HttpCall::setHeaders(Method method, const HttpClientHeaders& headers)
 
 void HttpCall::setMethod(Method method)
 {
+    // curl sends a request again when a kept connection turns out to be closed. What changes
+    // something is sent once, so it gets a connection of its own.
+    const bool isRead = method == Method::Get;
+    curl_easy_setopt(m_easy, CURLOPT_FRESH_CONNECT, isRead && m_isKeptAlive ? 0L : 1L);
     const bool hasBody = method == Method::Post || !m_requestBody.isEmpty();
-    if (hasBody && method != Method::Get) {
+    if (hasBody && !isRead) {
         curl_easy_setopt(m_easy, CURLOPT_POST, 1L);
         curl_easy_setopt(m_easy, CURLOPT_POSTFIELDSIZE, long(m_requestBody.size()));
         curl_easy_setopt(m_easy, CURLOPT_POSTFIELDS, m_requestBody.constData());

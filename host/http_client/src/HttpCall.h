@@ -47,6 +47,7 @@ private:
     HttpClientHeaders answerHeaders() const;
 
     CURL* m_easy;
+    const bool m_isKeptAlive; ///< connections are kept for the next call
     quintptr m_id = 0;
     Method m_method = Method::Get;
     KeloUrl m_url;
