@@ -1,0 +1,110 @@
+// One rows request through the whole chain, and a bare libcurl fetch of the same body, for counting
+// instructions. Modes:
+//   kelo-chain-bench service            serves until stdin ends; prints its address and a token
+//   kelo-chain-bench chain URL TOKEN N   N rows requests, from CMRoot::request to the finished reply
+//   kelo-chain-bench curl URL TOKEN N    N fetches with one easy handle that keeps its connection
+#include "ModuleWorld.h"
+#include <curl/curl.h>
+#include <iostream>
+#include <limits>
+#include <kelo/CMRoot.h>
+#include <kelo/CMWorkerThread.h>
+#include <kelosim/SimServer.h>
+#include <log4cplus/initializer.h>
+#include <log4cplus/logger.h>
+#include <log4cplus/loglevel.h>
+#include <QCoreApplication>
+#include <unistd.h>
+#include <vector>
+
+namespace
+{
+const char* const listPath = "/tidal/req/featured/new/tracks";
+const char* const listUrl = "/v1/featured/new/tracks?countryCode=NO&offset=0&limit=50";
+
+int serve()
+{
+    // Uncompressed, so that inflating the body does not hide what the chain costs.
+    kelosim::SimOptions options;
+    options.faults = {"plain"};
+    kelosim::SimServer sim(options);
+    std::string error;
+    if (!sim.start(&error)) {
+        std::cerr << error << "\n";
+        return 1;
+    }
+    std::cout << sim.baseUrl() << " " << sim.issueToken() << std::endl;
+    std::cin.ignore(std::numeric_limits<std::streamsize>::max());
+    return 0;
+}
+
+int chain(const QString& url, const QString& token, int count)
+{
+    CMWorkerThread hostThread;
+    hostThread.start("host", [&] { return new HostValues(url + QStringLiteral("/v1"), token); });
+    CMWorkerThread moduleThread;
+    moduleThread.start("module", [&] {
+        return new TidalWorker(QVariantHash());
+    });
+    // Kept, so that what is counted ends with the finished reply: dropping the rows comes after it.
+    std::vector<CMGetRowsRequest> answered;
+    for (int i = 0; i < count; ++i) {
+        const CMGetRowsRequest request(CMPath(QString::fromUtf8(listPath)), 0, 49,
+                                       ModuleWorld::allRoles());
+        CMRoot().request(request);
+        request.reply().waitForFinished(-1);
+        if (request.reply().value().rows().toList().size() != 50) {
+            std::cerr << request.reply().error().message().toStdString() << "\n";
+            return 1;
+        }
+        answered.push_back(request);
+    }
+    _exit(0);
+}
+
+std::size_t collect(char* data, std::size_t size, std::size_t count, void* body)
+{
+    static_cast<std::string*>(body)->append(data, size * count);
+    return size * count;
+}
+
+int fetch(const std::string& url, const std::string& token, int count)
+{
+    curl_global_init(CURL_GLOBAL_DEFAULT);
+    CURL* easy = curl_easy_init();
+    curl_slist* headers = curl_slist_append(nullptr, ("Authorization: Bearer " + token).c_str());
+    std::string body;
+    curl_easy_setopt(easy, CURLOPT_URL, (url + listUrl).c_str());
+    curl_easy_setopt(easy, CURLOPT_HTTPHEADER, headers);
+    curl_easy_setopt(easy, CURLOPT_ACCEPT_ENCODING, "");
+    curl_easy_setopt(easy, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(easy, CURLOPT_TIMEOUT_MS, 30000L);
+    curl_easy_setopt(easy, CURLOPT_WRITEFUNCTION, collect);
+    curl_easy_setopt(easy, CURLOPT_WRITEDATA, &body);
+    int result = 0;
+    for (int i = 0; i < count && !result; ++i) {
+        body.clear();
+        result = curl_easy_perform(easy) != CURLE_OK || body.empty();
+    }
+    curl_slist_free_all(headers);
+    curl_easy_cleanup(easy);
+    return result;
+}
+}
+
+int main(int argc, char** argv)
+{
+    const log4cplus::Initializer logging;
+    log4cplus::Logger::getRoot().setLogLevel(log4cplus::OFF_LOG_LEVEL);
+    QCoreApplication app(argc, argv);
+    const QStringList arguments = app.arguments();
+    if (arguments.value(1) == QLatin1String("service"))
+        return serve();
+    if (arguments.size() == 5 && arguments.at(1) == QLatin1String("chain"))
+        return chain(arguments.at(2), arguments.at(3), arguments.at(4).toInt());
+    if (arguments.size() == 5 && arguments.at(1) == QLatin1String("curl"))
+        return fetch(arguments.at(2).toStdString(), arguments.at(3).toStdString(),
+                     arguments.at(4).toInt());
+    std::cerr << "usage: kelo-chain-bench service| chain URL TOKEN N | curl URL TOKEN N\n";
+    return 2;
+}
