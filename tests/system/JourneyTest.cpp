@@ -98,7 +98,7 @@ TEST(JourneyTest, aSearchFindsAllFourKinds)
     }
     const Outcome all = streamer.kelo({"search", word});
     EXPECT_EQ(all.status, 0) << all.err.toStdString();
-    EXPECT_TRUE(all.out.contains("Albums") && all.out.contains("Playlists"))
+    EXPECT_TRUE(all.out.contains("albums") && all.out.contains("playlists"))
         << all.out.toStdString();
     EXPECT_EQ(titles(streamer.rows(QStringLiteral(
                   "/tidal/search/choose/req/albums?query=zzzz%20no%20such%20thing"))),
