@@ -39,7 +39,7 @@ Streamer::~Streamer()
 bool Streamer::start(QString* error)
 {
     const bool isStarted = makeStateFolder(error) && startDemo(error) && startWorkers(error) &&
-                           startModule(error) && startWeb(error);
+                           startPlayer(error) && startModule(error) && startWeb(error);
     if (!isStarted)
         stop();
     else if (m_options.isDemo)
@@ -109,8 +109,13 @@ bool Streamer::startWorkers(QString* error)
         return false;
     }
     m_login = std::make_unique<TreeLogin>(KeloTidalName());
-    m_player = std::make_unique<Player>(m_settings.player, m_stateFolder);
     return true;
+}
+
+bool Streamer::startPlayer(QString* error)
+{
+    m_player = std::make_unique<Player>(PlayerOptions{m_settings.player.output, m_stateFolder});
+    return m_player->start(error);
 }
 
 QVariantHash Streamer::moduleSettings() const

@@ -29,6 +29,7 @@ private:
     bool startDemo(QString* error);
     bool makeStateFolder(QString* error) const;
     bool startWorkers(QString* error);
+    bool startPlayer(QString* error);
     bool startModule(QString* error);
     bool startWeb(QString* error);
     QVariantHash moduleSettings() const;
