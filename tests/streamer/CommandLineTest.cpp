@@ -250,14 +250,14 @@ TEST(TreeCommand, DescendsToTheDepthAndStopsAtCycles)
     };
     streamer.answer(rowsOf(""), {200, R"({"path":"/","rowsCount":60,"roles":{},"rows":[
         {"Title":"A","Type":"Container","Path":"/a"},{"Title":"Play","Type":"Action","Path":"/x"},
-        {"Title":"Gone","Type":"Container","Path":"/gone"}]})"});
+        {"Title":"Gone","Type":"Container","Path":"/gone"},{"Title":"H","Type":"Header"}]})"});
     streamer.answer(rowsOf("a"), {200, R"({"path":"/a","rowsCount":2,"roles":{},"rows":[
         {"Title":"Up","Type":"Container","Path":"/"},
         {"Title":"B","Type":"Container","Path":"/b"}]})"});
     EXPECT_EQ(streamer.run({"tree", "/"}).out,
               "/\n  ▸ A  /a\n    ▸ Up  /\n    ▸ B  /b\n  • Play  /x\n"
-              "  ▸ Gone  /gone\n    (no such node)\n"
-              "  ... 57 more\n");
+              "  ▸ Gone  /gone\n    (no such node)\n    H\n"
+              "  ... 56 more\n");
     EXPECT_EQ(streamer.calls().size(), 3u);
     EXPECT_THAT(streamer.run({"tree", "/", "--depth", "3"}).out,
                 HasSubstr("    ▸ Up  /\n      (shown above)\n"));
@@ -278,6 +278,46 @@ TEST(StatusCommand, ShowsWhatPlays)
               "  quality  HI_RES asked, HIGH …\n  note     skipped 1\n  path     '/t?id=1'\n");
     streamer.answer("GET /api/v1/player", {200, R"({"state":"stopped"})"});
     EXPECT_EQ(streamer.run({"status"}).out, "stopped\n");
+}
+
+TEST(StatusCommand, NamesTheArtistOnceAndKeepsThePositionWhole)
+{
+    ScriptedStreamer streamer;
+    const struct
+    {
+        const char* title;
+        const char* artist;
+        int width;
+        const char* block;
+        const char* play;
+        const char* pause;
+    } rows[] = {
+        {"Song - Ann", "Ann", 80, "playing  Song\n  Ann · Album\n", "Song - Ann (Album)",
+         "Song - Ann (Album)  0:01 / 2:10"},
+        {"Song - Ann", "Bo, Ann", 80, "playing  Song\n  Bo, Ann · Album\n",
+         "Song - Bo, Ann (Album)", "Song - Bo, Ann (Album)  0:01 / 2:10"},
+        {"Annie", "Ann", 80, "playing  Annie\n  Ann · Album\n", "Annie - Ann (Album)",
+         "Annie - Ann (Album)  0:01 / 2:10"},
+        {" - Ann", "Ann", 80, "playing   - Ann\n", " - Ann - Ann", " - Ann - Ann"},
+        {"A song of some length - Ann", "Ann", 40, "playing  A song of some length\n",
+         "A song of some length - Ann (A…", "A song of some le…  0:01 / 2:10"},
+    };
+    for (const auto& row : rows) {
+        const std::string player =
+            std::string(
+                R"({"state":"playing","album":"Album","positionMs":1000,"durationMs":130000,)") +
+            R"("title":")" + row.title + R"(","artist":")" + row.artist + "\"}";
+        for (const char* call :
+             {"GET /api/v1/player", "POST /api/v1/player/play", "POST /api/v1/player/pause"})
+            streamer.answer(call, {200, player});
+        const cli::Terminal::Properties terminal{row.width, false, false};
+        EXPECT_THAT(streamer.run({"status"}, terminal).out, StartsWith(row.block));
+        EXPECT_THAT(streamer.run({"play", "1"}, terminal).out,
+                    StartsWith(std::string("playing  ") + row.play));
+        EXPECT_THAT(streamer.run({"pause"}, terminal).out,
+                    StartsWith(std::string("playing  ") + row.pause));
+        EXPECT_THAT(streamer.run({"play", "1"}, terminal).out, Not(HasSubstr("0:0")));
+    }
 }
 
 TEST(ServeCommand, HandsOptionsAndSettingsOver)

@@ -33,8 +33,9 @@ int PlayerCommand::run(const CommandContext& context) const
         return context.printJson(reply);
     if (reply.isDone()) {
         const bool hasState = reply.document.contains(QLatin1String("state"));
-        context.terminal.line(hasState ? StatusView(context.terminal, reply.document).oneLine()
-                                       : QStringLiteral("done"));
+        const StatusView view(context.terminal, reply.document);
+        const bool startsAnItem = action == QLatin1String("play");
+        context.terminal.line(hasState ? view.oneLine(!startsAnItem) : QStringLiteral("done"));
     }
     return context.finish(reply);
 }

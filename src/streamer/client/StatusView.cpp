@@ -12,6 +12,18 @@ QString joined(const QString& a, const QString& separator, const QString& b)
     return a.isEmpty() || b.isEmpty() ? a + b : a + separator + b;
 }
 
+/// \p title without the artist that rows of tracks end in, since the artist is shown beside it.
+QString withoutArtist(const QString& title, const QString& artist)
+{
+    const QString separator = QStringLiteral(" - ");
+    for (const QString& name : QStringList{artist} + artist.split(QStringLiteral(", "))) {
+        const QString end = separator + name;
+        if (!name.isEmpty() && title.size() > end.size() && title.endsWith(end))
+            return title.chopped(end.size());
+    }
+    return title;
+}
+
 } // namespace
 
 StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_terminal(terminal)
@@ -23,8 +35,8 @@ StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_
         return player.value(QLatin1String(name)).toVariant().toLongLong();
     };
     m_state = text(player, "state");
-    m_title = text(player, "title");
     m_artist = text(player, "artist");
+    m_title = withoutArtist(text(player, "title"), m_artist);
     m_album = text(player, "album");
     m_path = text(player, "path");
     m_note = text(player, "note");
@@ -98,17 +110,20 @@ QStringList StatusView::block() const
     return lines;
 }
 
-QString StatusView::oneLine() const
+/// What names the item gives way to the position, which says nothing when it is cut.
+QString StatusView::oneLine(bool withPosition) const
 {
     const QString separator = QStringLiteral("  ");
+    const QString position = withPosition ? times() : QString();
     QString line = joined(m_title, QStringLiteral(" - "), m_artist);
     if (!m_album.isEmpty())
         line += QStringLiteral(" (%1)").arg(m_album);
-    line = joined(line, separator, times());
+    const int left = m_terminal.width() - columns(m_state) - 2;
+    if (!position.isEmpty())
+        line = joined(cut(line, qMax(8, left - columns(position) - 2)), separator, position);
     line = joined(line, separator, quality());
     line = joined(line, separator, m_note);
-    return joined(styledState(), separator,
-                  cut(line, qMax(8, m_terminal.width() - columns(m_state) - 2)));
+    return joined(styledState(), separator, cut(line, qMax(8, left)));
 }
 
 QString StatusView::fingerprint() const

@@ -14,7 +14,7 @@ public:
     StatusView(const Terminal& terminal, const QJsonObject& player);
 
     QStringList block() const;
-    QString oneLine() const;
+    QString oneLine(bool withPosition = true) const;
     /// What tells one answer from the next for somebody who follows: all but the position.
     QString fingerprint() const;
 

@@ -60,7 +60,7 @@ QJsonObject TreeCommand::visit(const CommandContext& context, const QJsonObject&
             indent + terminal.styled(RowsTable::mark(row), Terminal::Style::Accent) + ' ' +
             terminal.styled(title, RowsTable::isDisabled(row) ? Terminal::Style::Dim
                                                               : Terminal::Style::Plain) +
-            QStringLiteral("  ") + terminal.styled(place, Terminal::Style::Dim));
+            QString(place.isEmpty() ? 0 : 2, ' ') + terminal.styled(place, Terminal::Style::Dim));
     }
     QJsonObject result = row;
     const bool isContainer =
