@@ -89,6 +89,14 @@ ApiReply fromResult(const QString& server, const httplib::Result& result, bool w
 
 } // namespace
 
+ApiReply ApiReply::refusal(const QString& message)
+{
+    ApiReply reply;
+    reply.outcome = Outcome::Refused;
+    reply.message = message;
+    return reply;
+}
+
 /// The connection of one events() call; stop() may reach it from another thread.
 class ApiClient::EventStream
 {

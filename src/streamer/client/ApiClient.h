@@ -32,6 +32,8 @@ struct ApiReply
     QString message;      ///< for people, fit for a terminal; empty when done
 
     bool isDone() const { return outcome == Outcome::Done; }
+    /// An answer that a command gives itself, because the streamer's did not hold what it needs.
+    static ApiReply refusal(const QString& message);
 };
 
 using Query = QVector<QPair<QString, QString>>;

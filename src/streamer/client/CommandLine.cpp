@@ -49,6 +49,7 @@ CommandLine::CommandLine(Surroundings surroundings)
                   "kelo status --follow               see it play");
     addClientOptions(m_app.get());
     addBrowsing();
+    addLibrary();
     addPlaying();
     addSeekVolumeStatus();
     addLogin();
@@ -58,19 +59,20 @@ CommandLine::CommandLine(Surroundings surroundings)
 
 CommandLine::~CommandLine() = default;
 
-CLI::App* CommandLine::add(const char* group, const char* name, const char* description,
-                           const char* examples)
+CLI::App* CommandLine::add(CLI::App& parent, const char* group, const char* name,
+                           const char* description, const char* examples)
 {
-    CLI::App* app = m_app->add_subcommand(name, description);
-    app->group(group);
+    CLI::App* app = parent.add_subcommand(name, description);
+    if (*group)
+        app->group(group);
     app->footer(examples);
     return app;
 }
 
-CLI::App* CommandLine::addClient(const char* group, const char* name, const char* description,
-                                 const char* examples, Command command)
+CLI::App* CommandLine::addClientTo(CLI::App& parent, const char* group, const char* name,
+                                   const char* description, const char* examples, Command command)
 {
-    CLI::App* app = add(group, name, description, examples);
+    CLI::App* app = add(parent, group, name, description, examples);
     addClientOptions(app);
     app->callback([this, command = std::move(command)] {
         m_chosen = [this, command] { return runClient(command); };
@@ -226,7 +228,7 @@ void CommandLine::addSettingsOptions(CLI::App* app)
 
 void CommandLine::addStreamer()
 {
-    CLI::App* serve = add(streamerGroup, "serve", "Run the streamer.",
+    CLI::App* serve = add(*m_app, streamerGroup, "serve", "Run the streamer.",
                           "kelo serve\n"
                           "kelo serve --demo --listen 127.0.0.1:0 --output null\n"
                           "kelo serve --config kelo.toml -o tidal.sound_quality=HIGH");
@@ -243,8 +245,9 @@ void CommandLine::addStreamer()
 
 void CommandLine::addMachine()
 {
-    CLI::App* config = add(streamerGroup, "config", "Show the settings and where each comes from.",
-                           "kelo config\nkelo config --config kelo.toml -o log.level=debug");
+    CLI::App* config =
+        add(*m_app, streamerGroup, "config", "Show the settings and where each comes from.",
+            "kelo config\nkelo config --config kelo.toml -o log.level=debug");
     addSettingsOptions(config);
     config->add_flag("--json", m_values.isJson, "Print one JSON document");
     config->callback([this] {

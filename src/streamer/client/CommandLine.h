@@ -16,6 +16,8 @@ class App;
 
 namespace cli {
 
+struct PlaylistCommand;
+
 /// The command line of `kelo`: its commands, their options and help, and running the one that was
 /// asked for. Made by main() (or a test) for one run, used on the main thread.
 class CommandLine
@@ -48,11 +50,23 @@ private:
     void addLogin();
     void addStreamer();
     void addMachine();
-    CLI::App* add(const char* group, const char* name, const char* description,
-                  const char* examples);
+    void addLibrary();
+    void addPlaylists(CLI::App& parent);
+    void addPlaylistItems(CLI::App& parent);
+    void addPlaylistId(CLI::App* app);
+    CLI::App* addPlaylistCommand(CLI::App& parent, const char* name, const char* description,
+                                 const char* examples,
+                                 int (PlaylistCommand::*run)(const CommandContext&) const);
+    static CLI::App* add(CLI::App& parent, const char* group, const char* name,
+                         const char* description, const char* examples);
     /// A command that asks the streamer: has --json and --server.
     CLI::App* addClient(const char* group, const char* name, const char* description,
-                        const char* examples, Command command);
+                        const char* examples, Command command)
+    {
+        return addClientTo(*m_app, group, name, description, examples, std::move(command));
+    }
+    CLI::App* addClientTo(CLI::App& parent, const char* group, const char* name,
+                          const char* description, const char* examples, Command command);
     void addClientOptions(CLI::App* app);
     void addSettingsOptions(CLI::App* app);
     LoadedSettings loadSettings() const;
@@ -74,6 +88,9 @@ private:
         std::string kind;
         std::string roles;
         std::vector<std::string> paths;
+        std::string playlist;
+        std::string title;
+        std::string description;
         int from = 0;
         int to = 49;
         int depth = 2;
@@ -88,6 +105,7 @@ private:
         std::string module;
         std::vector<std::string> overrides;
         bool isDemo = false;
+        bool isDryRun = false;
     } m_values;
 };
 

@@ -14,14 +14,6 @@ namespace {
 constexpr int rowsOfOne = 50;
 constexpr int rowsOfEach = 5;
 
-ApiReply refused(const QString& message)
-{
-    ApiReply reply;
-    reply.outcome = ApiReply::Outcome::Refused;
-    reply.message = message;
-    return reply;
-}
-
 QString rowPath(const QJsonValue& row)
 {
     return row.toObject().value(QLatin1String("Path")).toString();
@@ -47,7 +39,8 @@ ApiReply SearchCommand::findLists(ApiClient& api, Lists& lists) const
                                   .value(QLatin1String("SearchPath"))
                                   .toString();
     if (container.isEmpty())
-        return refused(QStringLiteral("search is not offered now; it needs a login (kelo login)"));
+        return ApiReply::refusal(
+            QStringLiteral("search is not offered now; it needs a login (kelo login)"));
 
     const ApiReply queries = RowsCommand::fetch(api, container, 0, 0);
     if (!queries.isDone())
@@ -55,7 +48,7 @@ ApiReply SearchCommand::findLists(ApiClient& api, Lists& lists) const
     PathText query =
         PathText::parse(rowPath(queries.document.value(QLatin1String("rows")).toArray().at(0)));
     if (query.base.isEmpty())
-        return refused(
+        return ApiReply::refusal(
             QStringLiteral("the search node at %1 has no query row").arg(shown(container)));
     query.parameters.insert(QStringLiteral("query"), text);
 
@@ -69,7 +62,8 @@ ApiReply SearchCommand::findLists(ApiClient& api, Lists& lists) const
             lists.insert(list.lastSegment(), list.encoded());
     }
     if (lists.isEmpty())
-        return refused(QStringLiteral("the search at %1 has no lists").arg(shown(query.encoded())));
+        return ApiReply::refusal(
+            QStringLiteral("the search at %1 has no lists").arg(shown(query.encoded())));
     return choices;
 }
 
@@ -82,7 +76,8 @@ int SearchCommand::run(const CommandContext& context) const
     if (kind.isEmpty())
         return printAll(context, lists);
     if (!lists.contains(kind))
-        return context.finish(refused(QStringLiteral("the service cannot search in ") + kind));
+        return context.finish(
+            ApiReply::refusal(QStringLiteral("the service cannot search in ") + kind));
     return printOne(context, lists.value(kind));
 }
 

@@ -1,0 +1,258 @@
+#include "streamer/ScriptedStreamer.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <QUrl>
+
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+std::string encoded(const std::string& path)
+{
+    return QUrl::toPercentEncoding(QString::fromStdString(path)).toStdString();
+}
+
+/// A row as JSON; \p more are further roles, with a comma in front.
+std::string row(const std::string& type, const std::string& title, const std::string& path,
+                const std::string& more = "")
+{
+    return R"({"Type":")" + type + R"(","Title":")" + title + R"(","Path":")" + path + '"' + more +
+           '}';
+}
+
+std::string context(const std::string& path)
+{
+    return R"(,"Context":{"Path":")" + path + "\"}";
+}
+
+/// A streamer with one playlist of two tracks, its menus, chooser and forms.
+class EditCommands : public testing::Test
+{
+protected:
+    EditCommands()
+    {
+        const std::string menu = R"(,"ContainerType":"List")";
+        addRows("/tidal", {row("Container", "Meine Musik", "/t/myMusic")});
+        addRows("/t/myMusic", {row("Container", "Listen", "/t/req/created/playlists"),
+                               row("Container", "Neu", "/t/createPlaylist")});
+        addRows("/t/req/created/playlists",
+                {row("Container", "Mine", list, R"(,"Id":"p1")" + context("/t/pm?id=p1"))});
+        addRows(list, {track("1"), track("2")}, 2);
+        addRows("/t/pm?id=p1", {row("Action", "weg", "/t/pm/removeFromPlaylists?id=p1"),
+                                row("Container", "Form", "/t/updatePlaylists?id=p1")});
+        addRows("/t/tm?id=2", {row("Action", "Favorit", "/t/tm/favorites?id=2"),
+                               row("Container", "Dazu", "/t/tm/addToPlaylists/req/created?id=2"),
+                               row("Action", "weg", "/t/pm/removeFromPlaylists?id=2&rowNum=1"),
+                               row("Container", "Schieben", "/t/tm/moveTrack?id=2")});
+        addRows("/t/tm/moveTrack?id=2", {row("Text", "Zeile", "/t/tm/moveTrack/rowNum?id=2"),
+                                         row("Action", "Los", "/t/tm/moveTrack/move?id=2")});
+        addRows("/t/tm/addToPlaylists/req/created?id=2",
+                {row("Container", "Neu", "/t/createPlaylist?id=2", R"(,"Id":"1")"),
+                 row("Action", "Mine", "/t/add?id=2&playlistId=p1", R"(,"Id":"p1")")});
+        for (const std::string form : {"/t/createPlaylist", "/t/updatePlaylists?id=p1"}) {
+            addRows(form,
+                    {row("Text", "Titel", "/t/f/title"), row("Text", "Text", "/t/f/description")},
+                    2, R"("AcceptPath":"/t/f/accept?of=)" + form.substr(3, 6) + '"');
+        }
+        addData("/t/tm?id=2", R"("Type":"Container")" + menu);
+        addData(second, R"("ContainerType":"None")");
+        addData("/t/tm/favorites?id=2", R"("Title":"Add to favorites")");
+        addData("/t/req/created/playlists", R"("ContainerType":"None")" + context("/t/tm?id=2"));
+        streamer.answer("POST /api/v1/set", {200, R"({"reply":null})"});
+    }
+
+    static std::string track(const std::string& id)
+    {
+        return row("Audio", "Song " + id, list + "&trackId=" + id, context("/t/tm?id=" + id));
+    }
+
+    void addRows(const std::string& path, const std::vector<std::string>& rows, int count = -1,
+                 const std::string& roles = "")
+    {
+        const auto answer = [&](size_t from, size_t to) {
+            std::string body;
+            for (size_t i = from; i <= to && i < rows.size(); ++i)
+                body += (body.empty() ? "" : ",") + rows[i];
+            streamer.answer("GET /api/v1/rows?path=" + encoded(path) +
+                                "&from=" + std::to_string(from) + "&to=" + std::to_string(to),
+                            {200, R"({"path":")" + path + R"(","from":0,"rowsCount":)" +
+                                      std::to_string(count < 0 ? rows.size() : size_t(count)) +
+                                      R"(,"roles":{)" + roles + R"(},"rows":[)" + body + "]}"});
+        };
+        answer(0, 49);
+        for (size_t i = 0; i <= rows.size(); ++i)
+            answer(i, i);
+    }
+
+    void addData(const std::string& path, const std::string& roles)
+    {
+        streamer.answer("GET /api/v1/data?path=" + encoded(path),
+                        {200, R"({"path":"x","data":{)" + roles + "}}"});
+    }
+
+    /// What was sent to nodes since the last call.
+    std::vector<std::string> sent()
+    {
+        std::vector<std::string> result;
+        const std::vector<std::string> calls = streamer.calls();
+        const std::string post = "POST /api/v1/set ";
+        for (size_t i = m_seen; i < calls.size(); ++i) {
+            if (calls[i].rfind(post, 0) == 0)
+                result.push_back(calls[i].substr(post.size()));
+        }
+        m_seen = calls.size();
+        return result;
+    }
+
+    static inline const std::string list = "/t/req/created/playlists?contentId=p1&playlistId=p1";
+    const std::string second = list + "&trackId=2";
+    ScriptedStreamer streamer;
+
+private:
+    size_t m_seen = 0;
+};
+
+TEST_F(EditCommands, walkMenusAndFormsAndSendWhatAScreenWould)
+{
+    const struct
+    {
+        std::vector<std::string> arguments;
+        const char* out;
+        std::vector<std::string> sent;
+    } edits[] = {
+        {{"create", "a \"b\"\n&=", "--description", "d"},
+         "created\n", // the script's list does not grow
+         {R"({"path":"/t/f/title","value":"a \"b\"\n&="})",
+          R"({"path":"/t/f/description","value":"d"})",
+          R"({"path":"/t/f/accept?of=create","value":1})"}},
+        {{"create", ""},
+         "created\n",
+         {R"({"path":"/t/f/title","value":""})", R"({"path":"/t/f/description","value":""})",
+          R"({"path":"/t/f/accept?of=create","value":1})"}},
+        {{"rename", "p1", "12"},
+         "renamed \"Mine\" to \"12\"\n",
+         {R"({"path":"/t/f/title","value":"12"})", R"({"path":"/t/f/description","value":""})",
+          R"({"path":"/t/f/accept?of=update","value":1})"}},
+        {{"delete", list},
+         "deleted \"Mine\"\n",
+         {R"({"path":"/t/pm/removeFromPlaylists?id=p1","value":1})"}},
+        {{"add", "p1", second, "/t/tm?id=2"},
+         "added 2 items to \"Mine\"\n",
+         {R"({"path":"/t/add?id=2&playlistId=p1","value":1})",
+          R"({"path":"/t/add?id=2&playlistId=p1","value":1})"}},
+        {{"remove", "p1", "1"},
+         "removed \"Song 2\"\n",
+         {R"({"path":"/t/pm/removeFromPlaylists?id=2&rowNum=1","value":1})"}},
+        {{"move", "p1", "1", "0"},
+         "moved \"Song 2\" to 0\n",
+         {R"({"path":"/t/tm/moveTrack/rowNum?id=2","value":0})",
+          R"({"path":"/t/tm/moveTrack/move?id=2","value":1})"}},
+    };
+    for (const auto& edit : edits) {
+        std::vector<std::string> arguments{"playlist"};
+        arguments.insert(arguments.end(), edit.arguments.begin(), edit.arguments.end());
+        const auto run = streamer.run(arguments);
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(run.out, edit.out);
+        EXPECT_EQ(sent(), edit.sent);
+
+        arguments.push_back("--dry-run");
+        const auto dry = streamer.run(arguments);
+        EXPECT_EQ(std::count(dry.out.begin(), dry.out.end(), '\n'), long(edit.sent.size()));
+        EXPECT_THAT(dry.out, StartsWith("kelo set "));
+        arguments.push_back("--json");
+        const std::string json = streamer.run(arguments).out;
+        for (const std::string& step : edit.sent)
+            EXPECT_THAT(json, HasSubstr(R"({"method":"set",)" + step.substr(1)));
+        EXPECT_THAT(sent(), ElementsAre());
+    }
+}
+
+TEST_F(EditCommands, refuseBeforeAnythingIsSent)
+{
+    streamer.answer("GET /api/v1/data?path=%2Fbusy",
+                    {502, R"({"detail":"Not logged in"})", "application/problem+json"});
+    addData("/t/none?a=1", R"("ContainerType":"None")");
+    const struct
+    {
+        std::vector<std::string> arguments;
+        int status;
+        const char* message;
+    } rows[] = {
+        {{"playlist", "delete", "p2"}, 1, "none of your playlists has the id p2"},
+        {{"playlist", "add", "p2", second}, 1, "none of your playlists has the id p2"},
+        {{"playlist", "add", "p1", second, "/busy"}, 1, "Not logged in"},
+        {{"playlist", "add", "p1", "/t/none?a=1"}, 1, "no list has a row with the path"},
+        {{"playlist", "remove", "p1", "2"}, 1, "there is no row 2, the last one is 1"},
+        {{"playlist", "remove", "p1", "-1"}, 2, "-1"},
+        {{"playlist", "move", "p1", "1"}, 2, "TO"},
+        {{"playlist"}, 2, "subcommand"},
+        {{"favorite", second, "maybe"}, 2, "maybe"},
+        {{"favorite", "/t/req/nothing"}, 1, "no such node"},
+        {{"menu", second, "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
+    };
+    for (const auto& one : rows) {
+        const auto run = streamer.run(one.arguments);
+        EXPECT_EQ(run.status, one.status) << one.message;
+        EXPECT_THAT(run.err, HasSubstr(one.message));
+        EXPECT_EQ(run.out, "");
+    }
+    EXPECT_THAT(sent(), ElementsAre());
+    streamer.answer("POST /api/v1/set", {502, R"({"detail":"Non existing track index"})"});
+    const auto refused = streamer.run({"playlist", "move", "p1", "1", "9"});
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_EQ(refused.err, "kelo: Non existing track index\n");
+    EXPECT_EQ(sent().size(), 1u) << "after a refusal nothing more is sent";
+}
+
+TEST_F(EditCommands, menuShowsWhatActionsSayOfThemselves)
+{
+    const char* const expected = "0  • Add to favorites                  '/t/tm/favorites?id=2'\n";
+    for (const std::string& path :
+         {second, std::string("/t/tm?id=2"), std::string("/t/req/created/playlists")}) {
+        const auto run = streamer.run({"menu", path}, {200, false, false});
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_THAT(run.out, StartsWith(expected)) << path;
+        EXPECT_THAT(run.out, HasSubstr("2  • weg               (no such node)"));
+    }
+    const auto json = streamer.run({"menu", second, "--json"});
+    EXPECT_THAT(json.out, HasSubstr(R"("Title":"Add to favorites")"));
+    EXPECT_THAT(json.out, HasSubstr(R"("problem":"no such node")"));
+}
+
+TEST_F(EditCommands, favoriteSendsOnlyWhatChangesSomething)
+{
+    const std::string action = R"({"path":"/t/tm/favorites?id=2","value":1})";
+    const struct
+    {
+        const char* title;
+        const char* wish;
+        const char* out;
+        bool isSent;
+    } rows[] = {
+        {"Add to favorites", "", "favorite on\n", true},
+        {"Add to favorites", "on", "favorite on\n", true},
+        {"Add to favorites", "off", "favorite off (it was already)\n", false},
+        {"Remove from favorites", "", "favorite off\n", true},
+        {"Remove from favorites", "on", "favorite on (it was already)\n", false},
+        {"Favorite", "on", "", false},
+    };
+    for (const auto& one : rows) {
+        addData("/t/tm/favorites?id=2", std::string(R"("Title":")") + one.title + '"');
+        std::vector<std::string> arguments{"favorite", second};
+        if (*one.wish)
+            arguments.push_back(one.wish);
+        const auto run = streamer.run(arguments);
+        EXPECT_EQ(run.status, *one.out ? 0 : 1);
+        EXPECT_EQ(run.out, one.out);
+        // The script's menu never changes, which is said.
+        EXPECT_EQ(run.err.find("does not show the change") != std::string::npos, one.isSent);
+        EXPECT_EQ(sent(),
+                  one.isSent ? std::vector<std::string>{action} : std::vector<std::string>{});
+    }
+}
+
+} // namespace
