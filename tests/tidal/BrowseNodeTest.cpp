@@ -56,11 +56,3 @@ TEST(BrowseNode, LeavesPathsThatNoRequestAnswersToTheDeadline)
     }
     CMRoot().setDeadlines(CMDeadlines());
 }
-
-TEST(BrowseNode, SaysThatArtistPagesAreNotBuilt)
-{
-    ModuleWorld world;
-    const auto request =
-        world.rows(CMPath::fromEncoded(QStringLiteral("/tidal/req/artists?artistId=9")), 0, 9, {});
-    EXPECT_EQ(request.reply().error().name(), QStringLiteral("TIDAL"));
-}

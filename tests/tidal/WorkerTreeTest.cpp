@@ -130,7 +130,6 @@ TEST_F(WorkerTreeTest, WhatIsNotBuiltSaysSo)
         "/tidal/playlistcontext/addToPlaylists?id=1&type=Albums",
         "/tidal/playlistcontext/removeFromPlaylists?id=1&type=Playlists",
         "/tidal/myPlaylistTrackscontext/moveTrack/move?playlistId=1",
-        "/tidal/orderingcontext/order",
         "/tidal/createPlaylist/accept",
         "/tidal/updatePlaylists/accept?id=1",
     };

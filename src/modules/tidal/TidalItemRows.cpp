@@ -223,8 +223,10 @@ QVariantList TidalArtistRows::row(const KeloTidalApiArtistResponse& artist, int 
     return row;
 }
 
-TidalTrackRows::TidalTrackRows(const Page& page)
-    : TidalItemRows(page, page.path, {QStringLiteral("trackId")},
+TidalTrackRows::TidalTrackRows(const Page& page) : TidalTrackRows(page, page.path) {}
+
+TidalTrackRows::TidalTrackRows(const Page& page, const CMPath& itemPath)
+    : TidalItemRows(page, itemPath, {QStringLiteral("trackId")},
                     trackContextKeys(!playlistOf(page.path).isEmpty()), page.settings.imageSize()),
       m_playlist(playlistOf(page.path).toStdString())
 {

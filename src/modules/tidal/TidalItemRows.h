@@ -84,6 +84,8 @@ class TidalTrackRows : public TidalItemRows
 public:
     using Response = KeloTidalApiTracksResponse;
     explicit TidalTrackRows(const Page& page);
+    /// Rows that stand at another path than the list's.
+    TidalTrackRows(const Page& page, const CMPath& itemPath);
     QVariantList row(const KeloTidalApiTrackResponse& track, int position);
 
 private:

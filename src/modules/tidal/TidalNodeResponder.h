@@ -62,10 +62,17 @@ public:
                         int requestedCount, CMPath const& path, QString etag,
                         KeloTidalContextVariation::Enum variation);
 
-    /// Answers with the artist's page. Not built: answers with an error.
+    /// Keeps an artist's radio, and answers with the rows asked for. A radio that is not asked for
+    /// from its first row on is not kept.
+    void replyRadioTracks(HttpClientPrivate const& priv, QByteArray const& body, KeloError error,
+                          int requestedCount, CMPath const& path,
+                          KeloTidalContextVariation::Enum variation);
+
+    /// Answers with the menu of an artist's page. An empty address stands for the path's.
     void createArtistContent(CMGetRowsRequest const& request, QString const& artistId,
                              QString const& artistUrl);
-    /// Answers from a radio that is kept. False: none is, the service is to be asked.
+    /// Answers from the radio that is kept. False: it is another artist's, the service is to be
+    /// asked.
     bool tryResponseRadio(CMGetRowsRequest const& request, QString const& artistId);
 
 public Q_SLOTS:
@@ -75,7 +82,7 @@ public Q_SLOTS:
                             QByteArray const& output, HttpClientHeaders header);
     void on_baseResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
                                 int code, QByteArray const& output, HttpClientHeaders header);
-    // Not built: answer with an error.
+    // Answers about an artist; a failure without a status in its body is left to the host's deadline.
     void on_artistResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
                                   int code, QByteArray const& output, HttpClientHeaders header);
     void on_artistContentResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv,
@@ -121,6 +128,9 @@ private:
                               const KeloTidalApiErrorResponse& error);
     /// Answers with the message of a failed answer.
     void replyFailure(const CMVoidReply& reply, int status, const QByteArray& body);
+    /// The same, but a body that tells no status leaves the reply to the host's deadline.
+    void replyArtistFailure(const CMVoidReply& reply, int status, const QByteArray& body);
+    static int requestedCountOf(const CMGetRowsRequest& request);
     QVariantList noItemsRow(const QStringList& roles);
     TidalItemRows::Page page(const CMGetRowsRequest& request, const CMPath& path,
                              KeloTidalContextVariation::Enum variation);
@@ -143,5 +153,7 @@ private:
     TidalHandler* m_handler;
     TidalWorker* m_worker;
     QString m_name;
-    QStringList m_roles; ///< the roles that rows of this module fill
+    QList<KeloRoles> m_radioList; ///< from the radio's first track on
+    QString m_radioId;            ///< of the artist whose radio is kept; empty when none is
+    QStringList m_roles;          ///< the roles that rows of this module fill
 };

@@ -1,3 +1,4 @@
+#include "TidalListAnswer.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
 #include <kelo/CMGlobal.h>
@@ -6,60 +7,13 @@
 #include <kelo/KeloTidalConstants.h>
 #include <limits>
 
-namespace {
-/// The service's total, kept within what a rows count can be.
-int totalOf(const KeloJson& answer)
-{
-    const qint64 total = answer.value("totalNumberOfItems").toInt64();
-    return int(qBound<qint64>(0, total, std::numeric_limits<int>::max()));
-}
-
-int requestedCountOf(const CMGetRowsRequest& request)
+int TidalNodeResponder::requestedCountOf(const CMGetRowsRequest& request)
 {
     if (request.isNull())
         return 0;
     const qint64 count = qint64(request.to()) - request.from() + 1;
     return int(qBound<qint64>(0, count, std::numeric_limits<int>::max()));
 }
-
-/// Whether the items stand one level deeper, as favourites do; the first one tells.
-bool isFavorites(const KeloJson& items)
-{
-    bool isFirst = true;
-    bool result = false;
-    items.forEach([&](const KeloJson& item) {
-        if (!item.isObject() || !isFirst)
-            return;
-        isFirst = false;
-        result = !item.value("item").isNull();
-    });
-    return result;
-}
-
-/// Calls visit(KeloJson item, int position) for each item that is an object.
-template <class Visit>
-void forEachItem(const KeloJson& items, Visit visit)
-{
-    const bool isWrapped = isFavorites(items);
-    int position = -1;
-    items.forEach([&](const KeloJson& element) {
-        ++position;
-        const KeloJson item = isWrapped ? element.value("item") : element;
-        if (item.isObject())
-            visit(item, position);
-        else
-            KELO_LOG("Tidal", WARN) << "Skipping item " << position << ", it is not an object";
-    });
-}
-
-KeloJson parseList(const QByteArray& body, KeloError& error)
-{
-    const KeloJson answer = KeloJson::parse(body, &error);
-    if (error.isSet())
-        KELO_LOG("Tidal", WARN) << "Failed to parse list: " << error.message();
-    return answer;
-}
-} // namespace
 
 void TidalNodeResponder::on_baseResponse_invoke(KeloUrl const&, HttpClientPrivate const& priv,
                                                 int status, int, QByteArray const& output,
@@ -121,16 +75,14 @@ bool TidalNodeResponder::itemRows(const CMGetRowsRequest& request, const QByteAr
                                   KeloError& error, int requestedCount, ItemRows& maker,
                                   QVariantList& rows, int& count)
 {
-    const KeloJson answer = parseList(body, error);
-    const int total = totalOf(answer);
-    if (total == 0) {
+    const TidalListAnswer answer(body, error);
+    if (answer.total() == 0) {
         replyNoItems(request);
         return false;
     }
-    const KeloJson items = answer.value("items");
-    rows.reserve(qMin(items.size(), requestedCount));
+    rows.reserve(qMin(answer.size(), requestedCount));
     int length = 0;
-    forEachItem(items, [&](const KeloJson& item, int position) {
+    answer.forEachItem([&](const KeloJson& item, int position) {
         if (length++ < requestedCount)
             rows.append(QVariant(maker.row(typename ItemRows::Response::Item(item), position)));
     });
@@ -139,7 +91,7 @@ bool TidalNodeResponder::itemRows(const CMGetRowsRequest& request, const QByteAr
         KELO_LOG("Tidal", TRACE) << "Truncating: requestedCount: " << requestedCount
                                  << "' rows.length: " << length;
     }
-    count = exactRows(request, requestedCount, rows.size(), total);
+    count = exactRows(request, requestedCount, rows.size(), answer.total());
     return true;
 }
 
@@ -219,16 +171,15 @@ void TidalNodeResponder::replyPlaylists(HttpClientPrivate const& priv, QByteArra
                                         QString etag, KeloTidalContextVariation::Enum variation)
 {
     const CMGetRowsRequest request = priv.getCMGetRowsRequest();
-    const KeloJson answer = parseList(body, error);
-    const int total = totalOf(answer);
+    const TidalListAnswer answer(body, error);
+    const int total = answer.total();
     const bool isChooser = path.contains(KeloTidalContextIdentifier());
     if (!isChooser && total == 0) {
         replyNoItems(request);
         return;
     }
     PlaylistList playlists;
-    forEachItem(answer.value("items"),
-                [&](const KeloJson& item, int) { playlists.emplace_back(item); });
+    answer.forEachItem([&](const KeloJson& item, int) { playlists.emplace_back(item); });
     if (isChooser)
         replyChooser(page(request, path, variation), etag, playlists, total);
     else

@@ -1,8 +1,7 @@
 #include "TidalOrderingNode.h"
 
-#include "TidalNotBuilt.h"
 #include "TidalWorker.h"
-#include <kelo/KeloTidalTypes.h>
+#include <kelo/KeloLog.h>
 
 namespace {
 KeloValue textValue(const QString& text)
@@ -26,7 +25,10 @@ CMPath settingPath(const CMPath& menu, const QString& component)
 }
 } // namespace
 
-TidalFilterEnumNode::TidalFilterEnumNode(const CMPath& path) : CMValueNode(path) {}
+TidalFilterEnumNode::TidalFilterEnumNode(TidalWorker* worker, const CMPath& path)
+    : CMValueNode(path), m_worker(worker)
+{
+}
 
 TidalFilterEnumNode::~TidalFilterEnumNode() = default;
 
@@ -36,7 +38,7 @@ TidalFilterEnumNode* TidalFilterEnumNode::create(TidalWorker* worker, const CMPa
 {
     Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
     const CMPath enumPath = path + QStringLiteral("/Enums");
-    auto* node = new TidalFilterEnumNode(path);
+    auto* node = new TidalFilterEnumNode(worker, path);
     node->setReadOnly(false);
     node->setTitle(title);
     node->setValue(textValue(value));
@@ -57,10 +59,68 @@ TidalFilterEnumNode* TidalFilterEnumNode::create(TidalWorker* worker, const CMPa
     return node;
 }
 
+KeloTidalOrderingType::Enum TidalFilterEnumNode::getOrderingType(const CMPath& path)
+{
+    const QStringList segments = path.splitBase();
+    const QString component = segments.isEmpty() ? QString() : segments.last();
+    if (component == KeloTidalOrderingType::Order())
+        return KeloTidalOrderingType::Order_;
+    if (component == KeloTidalOrderingType::OrderDirection())
+        return KeloTidalOrderingType::OrderDirection_;
+    if (component == KeloTidalOrderingType::Filter())
+        return KeloTidalOrderingType::Filter_;
+    return KeloTidalOrderingType::Enum(0);
+}
+
 bool TidalFilterEnumNode::setDataRequest(const CMSetDataRequest& request)
 {
-    replyNotBuilt(request, KELO_TR("Changing the order of lists is not built yet"));
+    return handleBrowseSetting(request);
+}
+
+bool TidalFilterEnumNode::handleBrowseSetting(const CMSetDataRequest& request)
+{
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "path: " << request.path();
+    const KeloTidalOrderingType::Enum type = getOrderingType(request.path());
+    if (type < KeloTidalOrderingType::Order_ || type > KeloTidalOrderingType::Filter_)
+        return false;
+    if (!isOwnPath(request.path()))
+        return replyNotFound(request);
+    const QString chosen = KeloValue::fromVariant(request.value()).string_();
+    if (chosen.isEmpty()) {
+        request.reply().setError(
+            CMError(CMError::BadRequestName(), KELO_TR("What was sent is no text to choose")));
+        return true;
+    }
+    KeloTidalBrowseSetting& setting =
+        m_isTracks ? m_worker->playlistTracksSetting() : m_worker->myMusicSetting();
+    on_handleBrowseSetting(type, chosen, &setting, request);
     return true;
+}
+
+void TidalFilterEnumNode::on_handleBrowseSetting(KeloTidalOrderingType::Enum type, QString value,
+                                                 KeloTidalBrowseSetting* setting,
+                                                 const CMSetDataRequest& request)
+{
+    // A filter is in force before it is shown, the others are shown first.
+    switch (type) {
+    case KeloTidalOrderingType::Filter_:
+        setting->setFilter(KeloTidalFilter::fromString(value));
+        setValue(textValue(value));
+        break;
+    case KeloTidalOrderingType::Order_:
+        setValue(textValue(value));
+        setting->setOrder(KeloTidalOrder::fromString(value));
+        break;
+    case KeloTidalOrderingType::OrderDirection_:
+        setValue(textValue(value));
+        setting->setOrderDirection(KeloTidalOrderDirection::fromString(value));
+        break;
+    default:
+        Q_ASSERT_X(false, Q_FUNC_INFO, "false");
+        break;
+    }
+    request.reply().setValue(QVariant());
+    subscribe()->changedStartingWith(path(), CMSubscribe::RowsChangeClose(), -1);
 }
 
 TidalOrderingContextNode* TidalOrderingContextNode::create(TidalWorker* worker, const CMPath& path)

@@ -1,13 +1,15 @@
 #pragma once
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMValueNode.h>
+#include <kelo/KeloTidalTypes.h>
 #include <kelo/TrString.h>
 
 class TidalWorker;
 
 /// One setting of a menu that orders lists: a text, one of those that stand at the node's path +
-/// "/Enums". Owned by the worker's tree. Changing it is not built: it is answered with an error
-/// that says so.
+/// "/Enums". A choice goes into the worker's browse settings, which the next list is asked for
+/// with. Owned by the worker's tree; choices are taken on the worker's thread. It does not check
+/// that a text is one of the choices, and reloads no list.
 class TidalFilterEnumNode : public CMValueNode
 {
     Q_OBJECT
@@ -28,11 +30,21 @@ public:
     /// Whether it orders the tracks of playlists instead of the lists of My Music.
     void setIsTracks(bool isTracks) { m_isTracks = isTracks; }
     bool isTracks() const { return m_isTracks; }
+    /// The setting that a path names by its last component; none of the three for any other path.
+    static KeloTidalOrderingType::Enum getOrderingType(const CMPath& path);
+    /// Takes a text as the choice; an error for what is no text.
     bool setDataRequest(const CMSetDataRequest& request) override;
 
-private:
-    explicit TidalFilterEnumNode(const CMPath& path);
+public Q_SLOTS:
+    /// Stores a choice, answers the request and closes the choices that clients have open.
+    void on_handleBrowseSetting(KeloTidalOrderingType::Enum type, QString value,
+                                KeloTidalBrowseSetting* setting, const CMSetDataRequest& request);
 
+private:
+    TidalFilterEnumNode(TidalWorker* worker, const CMPath& path);
+    bool handleBrowseSetting(const CMSetDataRequest& request);
+
+    TidalWorker* m_worker;
     bool m_isTracks = false; ///< set before the tree knows the node's menu
 };
 

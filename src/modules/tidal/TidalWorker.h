@@ -190,6 +190,12 @@ private:
     TidalBrowseNode* createFeatured(const QString& api, const QString& group, const QString& kind,
                                     const TrString& title);
 
+    /// A menu entry for a genre or a mood, unless there is one.
+    void addGenre(const KeloTidalApiContentRoots& root);
+    void addMood(const KeloTidalApiContentRoots& root);
+    /// Tells clients of the top node that one of its menus has been filled.
+    void notifyTop(const CMListRowsNode* menu);
+
     bool isPlayPending() const;
     bool isMediaPending() const;
     bool isTrackPending() const;
@@ -257,6 +263,7 @@ private:
     TidalPlaylistForm* m_updatePlaylistForm = nullptr;
     QList<CMListRowsNode*> m_genreNodes;
     QList<TidalBrowseNode*> m_moodNodes;
+    std::vector<KeloTidalApiContentRoots> m_featuredRoots; ///< as the service named them last
     /// By variation; read on any thread.
     std::array<std::atomic<TidalBaseContextNode*>, 4> m_contextNodes{};
 

@@ -1,7 +1,9 @@
 // Genres, moods and featured groups that the service names.
 #include "TidalBrowseNode.h"
 #include "TidalWorker.h"
+#include <kelo/CMListRowsNode.h>
 #include <kelo/KeloLog.h>
+#include <kelo/KeloTidalConstants.h>
 
 namespace {
 template <class Node>
@@ -14,9 +16,25 @@ Node* firstAt(const QList<Node*>& nodes, const CMPath& path)
     return nullptr;
 }
 
-void logNotShown(const char* kind)
+/// Whether the service's key of a root can stand in a path.
+bool isUsable(const KeloTidalApiContentRoots& root)
 {
-    KELO_LOG("Tidal", DEBUG) << "The content roots " << kind << " are not shown yet";
+    const QString key = root.path();
+    if (key.contains(QLatin1Char('/')) || key.contains(QLatin1Char('?'))) {
+        KELO_LOG("Tidal", WARN) << "Skipping a content root, its path cannot be used: " << key;
+        return false;
+    }
+    return !key.isEmpty();
+}
+
+/// Address of a root's image; empty for a root without one.
+QString iconOf(const KeloTidalApiContentRoots& root, const QString& imageUrl, const QString& size)
+{
+    QString image = root.image();
+    if (image.isEmpty())
+        return QString();
+    image.replace(QLatin1Char('-'), QLatin1Char('/'));
+    return imageUrl + image + QLatin1Char('/') + size + QStringLiteral(".jpg");
 }
 } // namespace
 
@@ -40,20 +58,102 @@ TidalBrowseNode* TidalWorker::getMoodsNode(const CMPath& path) const
     return firstAt(m_moodNodes, path);
 }
 
-void TidalWorker::on_tidalHandler_contentRootsFeatured(KeloTidalApiContentRootsResponse,
-                                                       KeloTidalApiErrorResponse)
+void TidalWorker::on_tidalHandler_contentRootsFeatured(KeloTidalApiContentRootsResponse roots,
+                                                       KeloTidalApiErrorResponse error)
 {
-    logNotShown("featured");
+    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt())
+        return;
+    m_featuredRoots = roots.root();
+    // The Masters lists keep their titles.
+    const QHash<QString, QList<TidalBrowseNode*>> lists = {
+        {QStringLiteral("new"), {m_newPlaylists, m_newAlbums, m_newTracks}},
+        {QStringLiteral("top"), {m_topAlbums, m_topTracks}},
+        {QStringLiteral("recommended"),
+         {m_recommendedAlbums, m_recommendedTracks, m_recommendedPlaylists}}};
+    bool isChanged = false;
+    for (const KeloTidalApiContentRoots& root : m_featuredRoots) {
+        const QString name = root.name();
+        if (name.isEmpty())
+            continue;
+        const QList<TidalBrowseNode*> named = lists.value(root.path());
+        for (TidalBrowseNode* list : named) {
+            isChanged = isChanged || list->title() != name;
+            list->setTitle(name);
+        }
+    }
+    if (isChanged)
+        nodes()->subscribe()->rowsChanged(m_new->path(), CMSubscribe::RowsChangeReset(),
+                                          m_new->rowsSize());
 }
 
-void TidalWorker::on_tidalHandler_contentRootsGenres(KeloTidalApiContentRootsResponse,
-                                                     KeloTidalApiErrorResponse)
+void TidalWorker::on_tidalHandler_contentRootsGenres(KeloTidalApiContentRootsResponse roots,
+                                                     KeloTidalApiErrorResponse error)
 {
-    logNotShown("genres");
+    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
+        m_genres->rowsSize() > 0)
+        return;
+    const std::vector<KeloTidalApiContentRoots> genres = roots.root();
+    for (const KeloTidalApiContentRoots& genre : genres) {
+        if (isUsable(genre))
+            addGenre(genre);
+    }
+    notifyTop(m_genres);
 }
 
-void TidalWorker::on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResponse,
-                                                    KeloTidalApiErrorResponse)
+void TidalWorker::addGenre(const KeloTidalApiContentRoots& root)
 {
-    logNotShown("moods");
+    const CMPath path = m_genres->path() + QStringLiteral("/") + root.path();
+    if (getGenresNode(path))
+        return;
+    const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
+    CMListRowsNode* genre = CMListRowsNode::create(nodes(), path);
+    genre->setTitle(root.name());
+    genre->setIcon(iconOf(root, settings.imageUrl(), settings.imageSizeGenre()));
+    const CMPath lists = addPrefix(KeloTidalRequest() + KeloTidalApiPathGenres() +
+                                   QLatin1Char('/') + root.path() + QLatin1Char('/'));
+    for (const QString& kind : {KeloTidalPlaylists(), KeloTidalAlbums(), KeloTidalTracks()}) {
+        const CMPath context = kind == KeloTidalPlaylists()
+                                   ? addPrefix(QStringLiteral("/trackOrderingcontext"))
+                                   : CMPath();
+        genre->rowsAppend(createPlayableList(lists + kind.toLower(), kind, context)->path());
+    }
+    addGenresNode(genre);
+    genre->setPlayable(true);
+    m_genres->rowsAppend(path);
+}
+
+void TidalWorker::on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResponse roots,
+                                                    KeloTidalApiErrorResponse error)
+{
+    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
+        m_playlists->rowsSize() > 0)
+        return;
+    const std::vector<KeloTidalApiContentRoots> moods = roots.root();
+    for (const KeloTidalApiContentRoots& mood : moods) {
+        if (isUsable(mood))
+            addMood(mood);
+    }
+    notifyTop(m_playlists);
+}
+
+void TidalWorker::addMood(const KeloTidalApiContentRoots& root)
+{
+    const CMPath path = m_playlists->path() + KeloTidalRequest() + KeloTidalApiPathMoods() +
+                        QStringLiteral("/") + root.path() + QStringLiteral("/playlists");
+    if (getMoodsNode(path))
+        return;
+    const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
+    TidalBrowseNode* mood =
+        createPlayableList(path, root.name(), addPrefix(QStringLiteral("/trackOrderingcontext")));
+    mood->setProperty("category", KeloTidalApiPathMoods());
+    mood->setIcon(iconOf(root, settings.imageUrl(), settings.imageSizeMood()));
+    addMoodsNode(mood);
+    m_playlists->rowsAppend(path);
+}
+
+void TidalWorker::notifyTop(const CMListRowsNode* menu)
+{
+    if (menu->rowsSize() > 0)
+        nodes()->subscribe()->rowsChanged(m_top->path(), CMSubscribe::RowsChangeReset(),
+                                          m_top->rowsSize());
 }
