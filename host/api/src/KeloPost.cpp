@@ -1,35 +1,26 @@
 #include "KeloPost.h"
 
-#include <atomic>
-#include <memory>
+#include "KeloShared.h"
+
 #include <QThread>
 
 namespace
 {
-/// A function on its way to another thread. The flag pairs the sender's writes with the receiver's
-/// reads, however the event queue in between is locked.
+/// A function on its way to another thread. The shared handle pairs the sender's writes with the
+/// receiver's reads, however the event queue in between is locked.
 class PostedCall
 {
 public:
-    explicit PostedCall(std::function<void()> function)
-        : m_call(std::make_shared<Call>(std::move(function)))
-    {
-        m_call->isReady.store(true, std::memory_order_release);
-    }
-    void operator()() const
-    {
-        if (m_call->isReady.load(std::memory_order_acquire))
-            m_call->function();
-    }
+    explicit PostedCall(std::function<void()> function) : m_call(new Call(std::move(function))) {}
+    void operator()() const { m_call->function(); }
 
 private:
-    struct Call
+    struct Call : public KeloSharedData
     {
         explicit Call(std::function<void()> f) : function(std::move(f)) {}
-        std::function<void()> function;
-        std::atomic<bool> isReady{false};
+        const std::function<void()> function;
     };
-    std::shared_ptr<Call> m_call;
+    KeloShared<Call> m_call;
 };
 }
 

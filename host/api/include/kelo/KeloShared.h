@@ -16,18 +16,18 @@ public:
     mutable std::atomic<int> m_references{0};
 };
 
-/// Counted handle to shared data, cheap to copy and safe to hand to another thread: get() is an
-/// acquire load that pairs with the copy made by the sender, so a receiver sees what was written
-/// before the hand-over whatever carried it (a queued call, a list behind a lock).
+/// Counted handle to shared data, cheap to copy and safe to hand to another thread: making a handle is
+/// a release store and reading it an acquire load, so a receiver sees what was written before the
+/// hand-over whatever carried it (a queued call, a list behind a lock).
 /// The handle itself is not for concurrent writers. T may be incomplete where handles are only copied.
 template <class T>
 class KeloShared
 {
 public:
     KeloShared() = default;
-    explicit KeloShared(T* data) : m_data(data) { add(); }
-    KeloShared(const KeloShared& other) : m_data(other.m_data) { add(); }
-    KeloShared(KeloShared&& other) noexcept : m_data(std::exchange(other.m_data, nullptr)) {}
+    explicit KeloShared(T* data) { set(added(data)); }
+    KeloShared(const KeloShared& other) { set(added(other.data())); }
+    KeloShared(KeloShared&& other) noexcept { set(other.release()); }
     template <class Other>
     explicit KeloShared(const KeloShared<Other>& other) : KeloShared(static_cast<T*>(other.get()))
     {
@@ -35,38 +35,45 @@ public:
     }
     KeloShared& operator=(KeloShared other) noexcept
     {
-        std::swap(m_data, other.m_data);
+        KeloSharedData* const mine = data();
+        set(other.data());
+        other.set(mine);
         return *this;
     }
     ~KeloShared()
     {
-        if (m_data && m_data->m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
-            delete m_data;
+        KeloSharedData* const shared = data();
+        if (shared && shared->m_references.fetch_sub(1, std::memory_order_acq_rel) == 1)
+            delete shared;
     }
 
-    T* get() const
-    {
-        if (m_data)
-            (void)m_data->m_references.load(std::memory_order_acquire);
-        return static_cast<T*>(m_data);
-    }
+    T* get() const { return static_cast<T*>(data()); }
     T* operator->() const { return get(); }
     T& operator*() const { return *get(); }
-    explicit operator bool() const { return m_data != nullptr; }
-    bool operator==(const KeloShared& other) const { return m_data == other.m_data; }
+    explicit operator bool() const { return data() != nullptr; }
+    bool operator==(const KeloShared& other) const { return data() == other.data(); }
 
     /// Whether this handle is the only one, so that its data may be written.
     bool isUnique() const
     {
-        return m_data && m_data->m_references.load(std::memory_order_acquire) == 1;
+        return data() && data()->m_references.load(std::memory_order_acquire) == 1;
     }
 
 private:
-    void add() const
+    static KeloSharedData* added(KeloSharedData* shared)
     {
-        if (m_data)
-            m_data->m_references.fetch_add(1, std::memory_order_acq_rel);
+        if (shared)
+            shared->m_references.fetch_add(1, std::memory_order_relaxed);
+        return shared;
+    }
+    KeloSharedData* data() const { return m_data.load(std::memory_order_acquire); }
+    void set(KeloSharedData* shared) { m_data.store(shared, std::memory_order_release); }
+    KeloSharedData* release()
+    {
+        KeloSharedData* const shared = data();
+        set(nullptr);
+        return shared;
     }
 
-    KeloSharedData* m_data = nullptr;
+    std::atomic<KeloSharedData*> m_data{nullptr};
 };

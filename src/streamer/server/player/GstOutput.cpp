@@ -110,6 +110,7 @@ std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* err
 
 GstOutput::GstOutput(GstElement* playbin, const QString& note) : m_playbin(playbin), m_note(note)
 {
+    m_isMade.store(true, std::memory_order_release);
     const GstPtr<GstBus> bus(gst_element_get_bus(m_playbin));
     gst_bus_set_sync_handler(bus.get(), &GstOutput::onBusMessage, this, nullptr);
     g_signal_connect(m_playbin, "about-to-finish", G_CALLBACK(&GstOutput::onAboutToFinish), this);

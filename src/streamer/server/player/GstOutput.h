@@ -1,5 +1,7 @@
 #pragma once
 #include "AudioOutput.h"
+
+#include <atomic>
 #include <condition_variable>
 #include <gst/gst.h>
 #include <mutex>
@@ -41,6 +43,8 @@ private:
 
     GstOutput(GstElement* playbin, const QString& note);
 
+    /// This object on a streaming thread.
+    static GstOutput* of(gpointer self);
     static GstBusSyncReply onBusMessage(GstBus* bus, GstMessage* message, gpointer self);
     static void onAboutToFinish(GstElement* playbin, gpointer self);
     static void onSourceSetup(GstElement* playbin, GstElement* source, gpointer self);
@@ -67,6 +71,9 @@ private:
     GstElement* m_playbin;
     QString m_note;
     mutable Handover m_handover;
+    /// Set last by the constructor and read first by the streaming threads, which GStreamer hands the
+    /// object to: what was written before is seen there.
+    std::atomic<bool> m_isMade{false};
 
     // Of the player's thread alone.
     bool m_isOpen = false;

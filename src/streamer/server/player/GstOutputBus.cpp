@@ -65,9 +65,16 @@ bool hasAudio(GstMessage* message)
 }
 } // namespace
 
+GstOutput* GstOutput::of(gpointer self)
+{
+    auto* output = static_cast<GstOutput*>(self);
+    (void)output->m_isMade.load(std::memory_order_acquire);
+    return output;
+}
+
 GstBusSyncReply GstOutput::onBusMessage(GstBus*, GstMessage* message, gpointer self)
 {
-    static_cast<GstOutput*>(self)->handleBusMessage(message);
+    of(self)->handleBusMessage(message);
     gst_message_unref(message);
     return GST_BUS_DROP;
 }
@@ -155,7 +162,7 @@ quint64 GstOutput::session() const
 
 void GstOutput::onAboutToFinish(GstElement*, gpointer self)
 {
-    static_cast<GstOutput*>(self)->waitForNext();
+    of(self)->waitForNext();
 }
 
 void GstOutput::waitForNext()
