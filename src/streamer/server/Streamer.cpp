@@ -7,13 +7,17 @@
 #include "web/WebServer.h"
 
 #include <cmath>
+#include <future>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloTidalConstants.h>
+#include <mutex>
 #include <QDir>
 #include <QFile>
 #include <sys/stat.h>
 
 namespace {
+
+constexpr std::chrono::seconds demoLoginLimit{10};
 
 std::chrono::milliseconds fromSeconds(double seconds)
 {
@@ -43,8 +47,25 @@ bool Streamer::start(QString* error)
     if (!isStarted)
         stop();
     else if (m_options.isDemo)
-        m_login->start();
+        logInToDemo();
     return isStarted;
+}
+
+/// So that whoever reads the address finds the tree open. A login that does not come to an end in
+/// time goes on by itself.
+void Streamer::logInToDemo()
+{
+    std::promise<void> promise;
+    std::once_flag done;
+    const auto tell = [&](const QJsonObject& login) {
+        if (login.value(QLatin1String("loggedIn")).toBool())
+            std::call_once(done, [&] { promise.set_value(); });
+    };
+    const quint64 listener = m_login->addListener(tell);
+    m_login->start();
+    tell(m_login->status());
+    promise.get_future().wait_for(demoLoginLimit);
+    m_login->removeListener(listener);
 }
 
 void Streamer::stop()

@@ -32,6 +32,7 @@ private:
     bool startPlayer(QString* error);
     bool startModule(QString* error);
     bool startWeb(QString* error);
+    void logInToDemo();
     QVariantHash moduleSettings() const;
 
     const ServeOptions m_options;
