@@ -140,7 +140,10 @@ TEST_F(WireTest, playingAsksForTheTrackAndItsStreamNoBetterThanTheSubscription)
     sim->addFault("subscription quality=HIGH");
     rows("/tidal");
     EXPECT_EQ(streamer.post("/api/v1/player/play", "{\"path\":\"6000001\"}").status, 200);
-    EXPECT_EQ(requestsOf(*sim, "/tracks/6000001"),
+    // The two look-ups run at the same time.
+    QStringList requests = requestsOf(*sim, "/tracks/6000001");
+    requests.sort();
+    EXPECT_EQ(requests,
               QStringList({"GET /tracks/6000001?countryCode=NO",
                            "GET /tracks/6000001/playbackinfopostpaywall?countryCode=NO"
                            "&playbackmode=STREAM&assetpresentation=FULL&audioquality=HIGH"}));
