@@ -120,25 +120,4 @@ TEST_F(WorkerTreeTest, ContextRolesAreTheNodesRolesForTheParameters)
     EXPECT_EQ(worker()->contextNode(KeloTidalContextVariation::Enum(4)), nullptr);
     EXPECT_EQ(worker()->contextNode(KeloTidalContextVariation::Enum(-1)), nullptr);
 }
-
-TEST_F(WorkerTreeTest, WhatIsNotBuiltSaysSo)
-{
-    startConfigured();
-    const char* const paths[] = {
-        "/tidal/context/favorites?id=1&type=Tracks",
-        "/tidal/context/addToPlaylists?id=1&type=Tracks",
-        "/tidal/playlistcontext/addToPlaylists?id=1&type=Albums",
-        "/tidal/playlistcontext/removeFromPlaylists?id=1&type=Playlists",
-        "/tidal/myPlaylistTrackscontext/moveTrack/move?playlistId=1",
-        "/tidal/createPlaylist/accept",
-        "/tidal/updatePlaylists/accept?id=1",
-    };
-    for (const char* path : paths) {
-        const CMSetDataRequest request = set(q(path), q("Name"));
-        EXPECT_TRUE(errorOf(request).endsWith(q("is not built yet"))) << path;
-        EXPECT_EQ(request.reply().error().name(), q("TIDAL")) << path;
-    }
-    EXPECT_TRUE(errorOf(askData(q("/tidal/context/favorites?id=1"), {KeloRoles::Title()}))
-                    .endsWith(q("is not built yet")));
-}
 } // namespace

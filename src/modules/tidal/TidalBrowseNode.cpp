@@ -56,9 +56,12 @@ void TidalBrowseNode::handleContent(const CMGetRowsRequest& request, const QStri
 {
     const QString kind = segments.value(segments.size() - 1);
     if (kind == KeloTidalPlaylists().toLower()) {
-        m_worker->setPlaylistPath(request.path());
-        m_worker->getHandler()->getPlaylistTracks(request, contentId,
-                                                  m_worker->playlistTracksSetting(), QString());
+        TidalHandler* handler = m_worker->getHandler();
+        if (handler->responder()->contextType(request.path()) ==
+            KeloTidalContextVariation::PlaylistTracks)
+            m_worker->setPlaylistPath(request.path());
+        handler->getPlaylistTracks(request, contentId, m_worker->playlistTracksSetting(),
+                                   QString());
     } else if (kind == KeloTidalAlbums().toLower()) {
         m_worker->getHandler()->getAlbumTracks(request, contentId);
     }

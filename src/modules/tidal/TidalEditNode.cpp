@@ -1,7 +1,10 @@
 #include "TidalEditNode.h"
 
-#include "TidalNotBuilt.h"
+#include "TidalActionReply.h"
+#include "TidalHandler.h"
 #include "TidalWorker.h"
+#include <kelo/CMGlobal.h>
+#include <kelo/CMSubscribe.h>
 #include <kelo/CMValueNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
@@ -10,13 +13,13 @@ TidalAddRemoveFavouritesNode* TidalAddRemoveFavouritesNode::create(TidalWorker* 
                                                                    const CMPath& path)
 {
     Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalAddRemoveFavouritesNode(path);
+    auto* node = new TidalAddRemoveFavouritesNode(worker, path);
     node->setNodes(worker->nodes());
     return node;
 }
 
-TidalAddRemoveFavouritesNode::TidalAddRemoveFavouritesNode(const CMPath& path)
-    : CMActivateNode(path)
+TidalAddRemoveFavouritesNode::TidalAddRemoveFavouritesNode(TidalWorker* worker, const CMPath& path)
+    : CMActivateNode(path), m_worker(worker)
 {
     setInvoke(this, SLOT(on_node_invoke(CMSetDataRequest)), Qt::DirectConnection);
     KeloMetaData metaData;
@@ -33,13 +36,26 @@ bool TidalAddRemoveFavouritesNode::getDataRequest(const CMGetDataRequest& reques
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request.path();
     if (!request.path().startsWith(path()))
         return CMUINode::getDataRequest(request);
-    replyNotBuilt(request, KELO_TR("Looking up favorites is not built yet"));
-    return true;
+    const CMPath& asked = request.path();
+    const QVariantList values =
+        CMGlobal::itemRolesToList(getDataRoles(asked.params()), request.roles());
+    const CMSetDataRequest prepared(m_worker->addPrefix(QStringLiteral("/context/favorites")),
+                                    KeloRoles::Title(), QVariant(values));
+    return QMetaObject::invokeMethod(m_worker->getHandler(), "on_isFavorite_invoke",
+                                     Qt::AutoConnection, Q_ARG(CMGetDataRequest, request),
+                                     Q_ARG(CMSetDataRequest, prepared),
+                                     Q_ARG(QString, asked.param(QStringLiteral("type"))));
 }
 
 void TidalAddRemoveFavouritesNode::on_node_invoke(const CMSetDataRequest& request)
 {
-    replyNotBuilt(request, KELO_TR("Changing favorites is not built yet"));
+    const QString id = TidalWorker::findQueryValue(request.path(), QStringLiteral("id"));
+    const QString type = TidalWorker::findQueryValue(request.path(), QStringLiteral("type"));
+    const char* const member =
+        m_isFavorite ? "on_removeFromFavorites_invoke" : "on_addToFavorites_invoke";
+    QMetaObject::invokeMethod(m_worker->getHandler(), member, Qt::QueuedConnection,
+                              Q_ARG(CMSetDataRequest, request), Q_ARG(QString, type),
+                              Q_ARG(QString, id));
 }
 
 TidalMoveTrackNode* TidalMoveTrackNode::create(TidalWorker* worker, const CMPath& path)
@@ -51,7 +67,7 @@ TidalMoveTrackNode* TidalMoveTrackNode::create(TidalWorker* worker, const CMPath
 }
 
 TidalMoveTrackNode::TidalMoveTrackNode(TidalWorker* worker, const CMPath& path)
-    : CMListRowsNode(path)
+    : CMListRowsNode(path), m_worker(worker)
 {
     m_rowNumNode = CMValueNode::create(worker->nodes(), path + QStringLiteral("/rowNum"));
     m_rowNumNode->setTitle(KELO_TR("Row number"));
@@ -67,6 +83,8 @@ TidalMoveTrackNode::TidalMoveTrackNode(TidalWorker* worker, const CMPath& path)
     m_moveNode->setTitle(KELO_TR("Move to row"));
     rowsAppend(m_moveNode->path());
     setContainerType(KeloRolesContainerType::List_);
+    // Which track of which playlist is moved stands in the parameters.
+    setCopyPathParams(true);
 }
 
 TidalMoveTrackNode::~TidalMoveTrackNode() = default;
@@ -74,4 +92,11 @@ TidalMoveTrackNode::~TidalMoveTrackNode() = default;
 QString TidalMoveTrackNode::getRowNum() const
 {
     return QString::number(m_rowNumNode->value().i64_());
+}
+
+void TidalMoveTrackNode::movePlaylistTrackFinish(const CMSetDataRequest& request)
+{
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request.path();
+    request.reply().setValue(tidalActionReply({m_worker->playlistPath()}).toVariant());
+    subscribe()->changedStartingWith(path(), CMSubscribe::RowsChangeClose(), -1);
 }

@@ -7,8 +7,8 @@ class CMValueNode;
 class TidalWorker;
 
 /// "Favorite" in a context menu: makes the menu's item a favourite, or none any more. Owned by the
-/// worker's tree; its slots run on the worker's thread. Asking the service for the state and
-/// changing it is not built: both are answered with an error that says so.
+/// worker's tree; its slots run on the worker's thread. Whether the item is a favorite it knows
+/// only from the last time that its data were asked for: one flag for all items of the menu.
 class TidalAddRemoveFavouritesNode : public CMActivateNode
 {
     Q_OBJECT
@@ -18,14 +18,16 @@ public:
 
     void setFavorite(bool favorite) { m_isFavorite = favorite; }
     bool isFavorite() const { return m_isFavorite; }
+    /// Asks the service, which lets the title say what activating the node does.
     bool getDataRequest(const CMGetDataRequest& request) override;
 
 public Q_SLOTS:
     void on_node_invoke(const CMSetDataRequest& request);
 
 private:
-    explicit TidalAddRemoveFavouritesNode(const CMPath& path);
+    TidalAddRemoveFavouritesNode(TidalWorker* worker, const CMPath& path);
 
+    TidalWorker* m_worker;
     std::atomic<bool> m_isFavorite{false}; ///< of the item that the service was last asked about
 };
 
@@ -40,10 +42,13 @@ public:
 
     /// The row number that was filled in last, in decimal.
     QString getRowNum() const;
+    /// Answers a move that the service has carried out, and closes the menu.
+    void movePlaylistTrackFinish(const CMSetDataRequest& request);
 
 private:
     TidalMoveTrackNode(TidalWorker* worker, const CMPath& path);
 
+    TidalWorker* m_worker;
     CMValueNode* m_rowNumNode = nullptr;
     CMActivateNode* m_moveNode = nullptr;
 };

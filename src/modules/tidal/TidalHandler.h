@@ -62,15 +62,41 @@ public:
     void getArtistContent(CMGetRowsRequest request, QString const& artistId, QString const& content,
                           QString const& filter);
     void getArtistBio(CMSetDataRequest request, QString const& artistId);
-    /// The last argument is not used.
+    /// `marker` says that rows were added before ("/addToPlaylists=3"), so that the answer tells
+    /// clients; empty when none were. The service does not see it.
     void getPlaylistTracks(CMGetRowsRequest const& request, QString const& playlistId,
-                           KeloTidalBrowseSetting const& setting, QString);
+                           KeloTidalBrowseSetting const& setting, QString marker);
     /// The user's own lists. `group` is "favorites", or anything else for what the user made.
     void getMyMusic(CMGetRowsRequest const& request, QString const& type, QString const& group,
                     KeloTidalBrowseSetting* setting);
     /// The roots of a kind: "featured", "moods", "genres". Ends in a signal of the responder; an
     /// unknown kind and a missing token are only logged.
     void getContentRoots(QString const& type);
+
+    // Changes of the user's library. A request that cannot be sent is answered at once; the others
+    // by the responder and the worker, in the end.
+
+    void createNewPlaylist(CMSetDataRequest const& request, QString const& title,
+                           QString const& description);
+    void updatePlaylist(CMSetDataRequest const& request, QString const& title,
+                        QString const& description, QString const& playlistId);
+    /// The next four change the playlist only while it has this tag.
+    void removePlaylist(CMSetDataRequest const& request, QString const& playlistId,
+                        QString const& etag);
+    /// `trackIds` as the body is to carry them; a negative index appends.
+    void addToPlaylist(CMSetDataRequest const& request, QString const& playlistId,
+                       QString const& trackIds, QString const& etag, int toIndex);
+    void removeFromPlaylist(CMSetDataRequest const& request, QString const& playlistId,
+                            QString const& indices, QString const& etag);
+    void moveTrack(CMSetDataRequest const& request, QString const& index, QString const& toIndex,
+                   QString const& playlistId, QString const& etag);
+    /// Begins an edit, or begins it anew: reads the playlist, whose answer sends the edit that the
+    /// request's path names. The argument is what the edit is about, invalid for a deletion.
+    void loopPlaylistManipulation(CMSetDataRequest const& request, QString const& playlistId,
+                                  QVariant const& argument);
+    /// Reads the tracks of an item that is to be added to a playlist.
+    void getTracksForPlaylists(CMSetDataRequest const& request, QString const& kind,
+                               QString const& id);
 
     // Login and playback. False when nothing was sent.
 
@@ -85,10 +111,25 @@ public:
     bool streamUrl(QString const& trackId, CMSetDataRequest const& request,
                    KeloTidalSoundQualities::Enum quality, bool offline);
 
+public Q_SLOTS:
+    // Favorites. A kind is KeloTidalAlbums() or one of its like; another one is answered with an
+    // error.
+
+    /// Asks whether an item is one; `prepared` carries the values to answer with.
+    void on_isFavorite_invoke(CMGetDataRequest const& request, CMSetDataRequest const& prepared,
+                              QString const& kind);
+    void on_addToFavorites_invoke(CMSetDataRequest const& request, QString const& kind,
+                                  QString const& id);
+    void on_removeFromFavorites_invoke(CMSetDataRequest const& request, QString const& kind,
+                                       QString const& id);
+
 private:
     QString accessToken() const;
     /// False, with a WARN line and where there is a request an error on it, without a token.
     bool checkAccessToken(const CMRequest& request, const TrString& errorText) const;
+    /// False, with an error on the request, while nobody's account is known.
+    bool checkUser(const CMRequest& request, const QString& domain,
+                   const TrString& errorText) const;
     HttpClientHeaders authorized(HttpClientHeaders headers) const;
     Query countryQuery() const;
     /// Path of something of the user's: "/users/" user id and the sub-path.
@@ -96,6 +137,11 @@ private:
     /// A GET with the limits of this service, answered at the responder.
     void sendGet(const QString& path, Query query, const char* member,
                  const HttpClientPrivate& userData);
+    /// A POST and a DELETE with the limits of this service, answered at the responder.
+    void sendPost(const QString& path, Query query, QString body, const char* member,
+                  const HttpClientPrivate& userData, const HttpClientHeaders& headers);
+    void sendDelete(const QString& path, Query query, const HttpClientPrivate& userData,
+                    const HttpClientHeaders& headers);
     /// A request that nobody waits for, by whose path the responder knows what was asked.
     static HttpClientPrivate syntheticRequest(const QString& apiPath);
 

@@ -164,7 +164,7 @@ void TidalHandler::getArtistBio(CMSetDataRequest request, QString const& artistI
 }
 
 void TidalHandler::getPlaylistTracks(CMGetRowsRequest const& request, QString const& playlistId,
-                                     KeloTidalBrowseSetting const& setting, QString)
+                                     KeloTidalBrowseSetting const& setting, QString marker)
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
@@ -172,8 +172,13 @@ void TidalHandler::getPlaylistTracks(CMGetRowsRequest const& request, QString co
     addItem(query, "order", orderText(setting));
     addItem(query, "orderDirection", directionText(setting));
     addPaging(query, request);
+    HttpClientPrivate userData = userDataOf(request);
+    if (!marker.isEmpty()) {
+        const CMSetDataRequest secondary(request.path(), KeloRoles::Id(), marker, CMVoidReply());
+        userData = HttpClientPrivate(HttpClientPrivate::Data(request, secondary));
+    }
     sendGet(QStringLiteral("/playlists/") + playlistId + QStringLiteral("/tracks"), query,
-            rowsMember, userDataOf(request));
+            rowsMember, userData);
 }
 
 void TidalHandler::getMyMusic(CMGetRowsRequest const& request, QString const& type,

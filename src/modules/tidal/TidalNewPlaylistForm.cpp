@@ -1,7 +1,10 @@
 #include "TidalNewPlaylistForm.h"
 
-#include "TidalNotBuilt.h"
+#include "TidalActionReply.h"
+#include "TidalContextNode.h"
+#include "TidalHandler.h"
 #include "TidalWorker.h"
+#include <kelo/CMRoot.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
 
@@ -12,13 +15,18 @@ TrString fieldText(const char* text, const char* comment)
     return TrString(TrCharData{"TIDAL", text, comment});
 }
 
+void clear(CMValueNode* node)
+{
+    KeloValue empty;
+    empty.setString(QString());
+    node->setValue(empty);
+}
+
 CMValueNode* createField(CMNodes* nodes, const CMPath& path, const TrString& title)
 {
     CMValueNode* node = CMValueNode::create(nodes, path);
     node->setTitle(title);
-    KeloValue empty;
-    empty.setString(QString());
-    node->setValue(empty);
+    clear(node);
     return node;
 }
 } // namespace
@@ -30,7 +38,8 @@ TidalPlaylistForm* TidalPlaylistForm::create(TidalWorker* worker, const CMPath& 
 }
 
 TidalPlaylistForm::TidalPlaylistForm(const CMPath& path, TidalWorker* worker)
-    : KeloForm(worker->nodes(), path), m_isCreate(path.contains(KeloTidalCreatePlaylist()))
+    : KeloForm(worker->nodes(), path), m_worker(worker),
+      m_isCreate(path.contains(KeloTidalCreatePlaylist()))
 {
     m_titleNode =
         createField(nodes(), path + QStringLiteral("/title"), fieldText("Title", "Playlist title"));
@@ -61,6 +70,65 @@ void TidalPlaylistForm::on_load()
 void TidalPlaylistForm::on_acceptNode_invoked(const CMSetDataRequest& request)
 {
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request.path();
-    replyNotBuilt(request, m_isCreate ? KELO_TR("Creating playlists is not built yet")
-                                      : KELO_TR("Changing playlists is not built yet"));
+    const QString title = m_titleNode->value().string_();
+    const QString description = m_descriptionNode->value().string_();
+    if (m_isCreate) {
+        m_worker->getHandler()->createNewPlaylist(request, title, description);
+        return;
+    }
+    QString playlistId = TidalWorker::findQueryValue(request.path(), QStringLiteral("playlistId"));
+    if (playlistId.isEmpty())
+        playlistId = TidalWorker::findQueryValue(request.path(), QStringLiteral("id"));
+    m_worker->getHandler()->updatePlaylist(request, title, description, playlistId);
+}
+
+void TidalPlaylistForm::clearFields()
+{
+    clear(m_titleNode);
+    clear(m_descriptionNode);
+}
+
+void TidalPlaylistForm::addPlaylistFinish(const CMSetDataRequest& request,
+                                          const QString& playlistId, const QString& etag)
+{
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request.path();
+    if (!request.path().params().isEmpty() && !playlistId.isEmpty() && !etag.isEmpty())
+        addItem(request.path(), playlistId, etag);
+    request.reply().setValue(tidalActionReply({container()->path()}).toVariant());
+    clearFields();
+}
+
+void TidalPlaylistForm::addItem(const CMPath& formPath, const QString& playlistId,
+                                const QString& etag)
+{
+    CMPath path = m_worker->getBrowserNode()->path() + KeloTidalAddToPlaylists();
+    path.addParam(QStringLiteral("ETag"), etag);
+    path.addParam(QStringLiteral("contentId"), playlistId);
+    path.addParam(QStringLiteral("playlistId"), playlistId);
+    path.addParam(QStringLiteral("id"), formPath.param(QStringLiteral("id")));
+    path.addParam(QStringLiteral("rowNum"), QStringLiteral("0"));
+    if (formPath.param(QStringLiteral("type")) == KeloTidalTracks()) {
+        path.addParam(QStringLiteral("artists"), formPath.param(QStringLiteral("artists")));
+        path.addParam(QStringLiteral("type"), KeloTidalTracks());
+    } else {
+        // Whatever is no track is added as an album; deliberate.
+        path.addParam(QStringLiteral("type"), KeloTidalAlbums());
+    }
+    const CMReply<QVariant> reply = CMRoot().invoke(path, 1);
+    reply.addWatcher(this, [reply] {
+        if (const CMError error = reply.error(); error.isSet())
+            KELO_LOG("Tidal", ERROR)
+                << "Can not add Track to playlist. Error message: " << error.message();
+    });
+}
+
+void TidalPlaylistForm::updatePlaylistFinish(const CMSetDataRequest& request)
+{
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request.path();
+    clearFields();
+    KeloRoles result;
+    result.setPath(m_worker->myMusicNode()->path());
+    KeloActionReply reply = tidalActionReply({container()->path()});
+    reply.setResult(result);
+    request.reply().setValue(reply.toVariant());
 }

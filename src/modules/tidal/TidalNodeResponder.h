@@ -17,7 +17,8 @@ class TidalWorker;
 
 /// Receives every HTTP answer of the service and turns it into rows, a value or an error for the
 /// request that waits for it, or hands it to the worker by a signal. A member of the handler, which
-/// is also its parent; lives on the worker's thread. It sends no requests.
+/// is also its parent; lives on the worker's thread. Of its own it asks for nothing: it sends only
+/// the next request of an edit that takes several, through the handler.
 class TidalNodeResponder : public QObject
 {
     Q_OBJECT
@@ -82,13 +83,30 @@ public Q_SLOTS:
                             QByteArray const& output, HttpClientHeaders header);
     void on_baseResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
                                 int code, QByteArray const& output, HttpClientHeaders header);
-    // Answers about an artist; a failure without a status in its body is left to the host's deadline.
+    // Answers about an artist; a failure without a status in its body is left to the host's
+    // deadline.
     void on_artistResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
                                   int code, QByteArray const& output, HttpClientHeaders header);
     void on_artistContentResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv,
                                          int status, int code, QByteArray const& output,
                                          HttpClientHeaders header);
     void on_artistBioResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
+                                     int code, QByteArray const& output, HttpClientHeaders header);
+    void on_newPlaylist_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
+                               int code, QByteArray const& output, HttpClientHeaders header);
+    void on_updatePlaylist_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
+                                  int code, QByteArray const& output, HttpClientHeaders header);
+    void on_movePlaylistTrack_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
+                                     int code, QByteArray const& output, HttpClientHeaders header);
+    /// The playlist as it is before an edit: sends the edit.
+    void on_playlistRepeatReponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv,
+                                         int status, int code, QByteArray const& output,
+                                         HttpClientHeaders header);
+    /// The tracks of what is to be added to a playlist: begins the edit that adds them.
+    void on_addToPlaylistResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv,
+                                         int status, int code, QByteArray const& output,
+                                         HttpClientHeaders header);
+    void on_isFavoriteReponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
                                      int code, QByteArray const& output, HttpClientHeaders header);
 
 Q_SIGNALS:
@@ -149,6 +167,8 @@ private:
                       const PlaylistList& playlists, int total);
     QVariantList chooserLeadRow(const CMGetRowsRequest& request, const CMPath& path, int index);
     void replyRows(const CMGetRowsRequest& request, const QVariantList& rows, int count);
+    /// Tells clients of rows that an edit has added to the list, when the marker says so.
+    void notifyAdded(const HttpClientPrivate& priv, const QByteArray& body, const CMPath& path);
 
     TidalHandler* m_handler;
     TidalWorker* m_worker;

@@ -105,6 +105,18 @@ void TidalNodeResponder::replyTracks(HttpClientPrivate const& priv, QByteArray c
     int count = 0;
     if (itemRows(request, body, error, requestedCount, maker, rows, count))
         replyRows(request, rows, count);
+    notifyAdded(priv, body, path);
+}
+
+void TidalNodeResponder::notifyAdded(const HttpClientPrivate& priv, const QByteArray& body,
+                                     const CMPath& path)
+{
+    const CMSetDataRequest secondary(priv.getCMRequestSec());
+    const QString prefix = KeloTidalAddToPlaylists() + QLatin1Char('=');
+    const QString marker = secondary.isNull() ? QString() : secondary.value().toString();
+    if (marker.startsWith(prefix))
+        m_worker->changeRowsSubscribe(path, {QLatin1Char('+') + marker.mid(prefix.size())},
+                                      TidalListAnswer::totalOf(KeloJson::parse(body)));
 }
 
 void TidalNodeResponder::replyAlbums(HttpClientPrivate const& priv, QByteArray const& body,
@@ -174,6 +186,8 @@ void TidalNodeResponder::replyPlaylists(HttpClientPrivate const& priv, QByteArra
     const TidalListAnswer answer(body, error);
     const int total = answer.total();
     const bool isChooser = path.contains(KeloTidalContextIdentifier());
+    if (!isChooser && variation == KeloTidalContextVariation::Playlist)
+        m_worker->setPlaylistPath(path);
     if (!isChooser && total == 0) {
         replyNoItems(request);
         return;

@@ -71,7 +71,8 @@ public:
     /// How the lists of My Music, and the tracks of playlists, are ordered.
     KeloTidalBrowseSetting& myMusicSetting() { return m_myMusicSetting; }
     KeloTidalBrowseSetting& playlistTracksSetting() { return m_playlistTracksSetting; }
-    /// The playlist whose tracks were listed last; it is reloaded after an edit.
+    /// The list of the user's playlists, or of the tracks of one, that was shown last; it is
+    /// reloaded after an edit.
     const CMPath& playlistPath() const { return m_playlistPath; }
     void setPlaylistPath(const CMPath& path) { m_playlistPath = path; }
     /// The path that a client opened or closed last, menus and the create form aside.
@@ -189,6 +190,9 @@ private:
     /// A list of the New menu; `kind` is one of KeloTidalPlaylists() and its like.
     TidalBrowseNode* createFeatured(const QString& api, const QString& group, const QString& kind,
                                     const TrString& title);
+
+    /// Tells clients of the tracks that were added to a playlist, once it has been read anew.
+    void notifyAdded(const CMPath& tracks, const QString& playlistId, const QString& trackIds);
 
     /// A menu entry for a genre or a mood, unless there is one.
     void addGenre(const KeloTidalApiContentRoots& root);

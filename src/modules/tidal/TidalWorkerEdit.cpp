@@ -1,50 +1,180 @@
-// Editing of playlists and favorites. Not built: each action answers its request with an error that
-// says so.
-#include "TidalNotBuilt.h"
+// Editing of playlists and favorites: the actions of the context menus, and their ends.
+#include "TidalActionReply.h"
+#include "TidalContextNode.h"
+#include "TidalEditNode.h"
+#include "TidalHandler.h"
+#include "TidalNewPlaylistForm.h"
 #include "TidalWorker.h"
+#include <algorithm>
+#include <kelo/CMListRowsNode.h>
+#include <kelo/CMSubscribe.h>
+#include <kelo/KeloLog.h>
+#include <kelo/KeloTidalConstants.h>
 
-void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
-                                                    KeloTidalContextVariation::Enum,
-                                                    KeloTidalApiErrorResponse, QVariant, QString,
-                                                    KeloTidalRequestType::Enum)
+namespace {
+/// Of a playlist that changed after its tag was read; the service has changed nothing.
+constexpr int staleTagSubStatus = 7002;
+
+bool isStaleTag(const KeloTidalApiErrorResponse& error)
 {
-    replyNotBuilt(request, KELO_TR("Changing playlists is not built yet"));
+    return error.contains(KeloTidalApiErrorResponse::Status()) &&
+           error.subStatus() == staleTagSubStatus;
 }
 
-void TidalWorker::on_tidalHandler_finishedFavorites(CMSetDataRequest request,
-                                                    KeloTidalContextVariation::Enum,
-                                                    KeloTidalApiErrorResponse)
+void logRefusal(const CMPath& path, const KeloTidalApiErrorResponse& error)
 {
-    replyNotBuilt(request, KELO_TR("Changing favorites is not built yet"));
+    if (!error.isEmpty())
+        KELO_LOG("Tidal", WARN) << "The service refused a change: " << path
+                                << " status: " << error.status()
+                                << " sub status: " << error.subStatus()
+                                << " user message: " << error.userMessage();
 }
 
-void TidalWorker::on_newPlaylist_invoke(const CMSetDataRequest& request, const QString&,
-                                        const QString&)
+/// Whether a text is what the service takes for positions in a playlist: anything else could make
+/// another request of the address that it becomes part of.
+bool isRowNumber(const QString& text)
 {
-    replyNotBuilt(request, KELO_TR("Creating playlists is not built yet"));
+    return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) {
+        return (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char(',');
+    });
 }
 
-void TidalWorker::on_updatePlaylist_invoke(const CMSetDataRequest& request)
+CMError noRowError()
 {
-    replyNotBuilt(request, KELO_TR("Changing playlists is not built yet"));
+    return CMError(QStringLiteral("TIDAL"), KELO_TR("Which row of the playlist is not said"));
 }
-
-void TidalWorker::on_movePlaylistTrack_invoke(const CMSetDataRequest& request)
-{
-    replyNotBuilt(request, KELO_TR("Moving tracks is not built yet"));
-}
+} // namespace
 
 void TidalWorker::on_addToPlaylist_invoke(const CMSetDataRequest& request)
 {
-    replyNotBuilt(request, KELO_TR("Adding to playlists is not built yet"));
+    const CMPath& path = request.path();
+    const QString type = findQueryValue(path, QStringLiteral("type"));
+    const QString id = findQueryValue(path, QStringLiteral("id"));
+    if (type == KeloTidalTracks())
+        m_handler->loopPlaylistManipulation(
+            request, findQueryValue(path, QStringLiteral("playlistId")), QVariant(id));
+    else
+        m_handler->getTracksForPlaylists(request, type, id);
 }
 
 void TidalWorker::on_removeFromPlaylist_invoke(const CMSetDataRequest& request)
 {
-    replyNotBuilt(request, KELO_TR("Removing from playlists is not built yet"));
+    const CMPath& path = request.path();
+    const QString row = findQueryValue(path, QStringLiteral("rowNum"));
+    const QString type = findQueryValue(path, QStringLiteral("type"));
+    if (type == KeloTidalTracks()) {
+        // Without a row the whole playlist would go.
+        if (isRowNumber(row))
+            m_handler->loopPlaylistManipulation(
+                request, findQueryValue(path, QStringLiteral("playlistId")), QVariant(row));
+        else
+            request.reply().setError(noRowError());
+    } else if (type == KeloTidalPlaylists()) {
+        m_handler->loopPlaylistManipulation(request, findQueryValue(path, QStringLiteral("id")),
+                                            QVariant());
+    }
+    // Another type is left to the host's deadline; deliberate, there is no such menu.
 }
 
 void TidalWorker::on_move_activation(const CMSetDataRequest& request)
 {
-    replyNotBuilt(request, KELO_TR("Moving tracks is not built yet"));
+    const CMPath& path = request.path();
+    if (!isRowNumber(findQueryValue(path, QStringLiteral("rowNum")))) {
+        request.reply().setError(noRowError());
+        return;
+    }
+    m_handler->loopPlaylistManipulation(request, findQueryValue(path, QStringLiteral("playlistId")),
+                                        QVariant(m_moveTrack->getRowNum()));
+}
+
+void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
+                                                    KeloTidalContextVariation::Enum variation,
+                                                    KeloTidalApiErrorResponse error, QVariant value,
+                                                    QString playlistId,
+                                                    KeloTidalRequestType::Enum requestType)
+{
+    if (isStaleTag(error)) {
+        // As often as it takes, until the host has given the request up.
+        if (request.reply().isFinished())
+            return;
+        QString id = findQueryValue(request.path(), QStringLiteral("playlistId"));
+        if (id.isEmpty())
+            id = findQueryValue(request.path(), QStringLiteral("id"));
+        m_handler->loopPlaylistManipulation(request, id, value);
+        return;
+    }
+    // Any other refusal ends like a success: clients reload what may have changed; deliberate.
+    logRefusal(request.path(), error);
+    // The menu of a playlist's tracks counts as the menu of playlists; deliberate.
+    const bool isPlaylistMenu = variation == KeloTidalContextVariation::PlaylistTracks ||
+                                variation == KeloTidalContextVariation::Playlist;
+    const TidalBrowserContextNode* menu = isPlaylistMenu ? m_playlistContext : m_browserContext;
+    const CMPath listPath = menu->getPlaylistPath();
+    QList<CMPath> reloads = {listPath, menu->path()};
+    nodes()->subscribe()->changedStartingWith(listPath, CMSubscribe::RowsChangeClose(), -1);
+    if (variation == KeloTidalContextVariation::Playlist)
+        reloads.append(m_playlistPath);
+
+    CMPath tracks = KeloTidalMyPlaylistsPath();
+    tracks.addParam(QStringLiteral("contentId"), playlistId);
+    if (requestType == KeloTidalRequestType::AddToPlaylists)
+        notifyAdded(tracks, playlistId, value.toString());
+    else
+        changeRowsSubscribe(tracks, {QLatin1Char('-') + value.toString()}, 0);
+    request.reply().setValue(tidalActionReply(reloads).toVariant());
+}
+
+void TidalWorker::notifyAdded(const CMPath& tracks, const QString& playlistId,
+                              const QString& trackIds)
+{
+    // Empty parts count too, so a list that ends in a comma counts one more; deliberate, the
+    // clients take the number of rows from the same notice.
+    const int count = trackIds.split(QLatin1Char(',')).size();
+    const CMGetRowsRequest request(tracks, 0, 49, QStringList());
+    m_handler->getPlaylistTracks(request, playlistId, m_playlistTracksSetting,
+                                 KeloTidalAddToPlaylists() + QLatin1Char('=') +
+                                     QString::number(count));
+}
+
+void TidalWorker::on_tidalHandler_finishedFavorites(CMSetDataRequest request,
+                                                    KeloTidalContextVariation::Enum variation,
+                                                    KeloTidalApiErrorResponse error)
+{
+    // A refusal ends like a success; deliberate.
+    logRefusal(request.path(), error);
+    const TidalBaseContextNode* menu = contextNode(KeloTidalContextVariation::Base);
+    if (variation == KeloTidalContextVariation::Browse)
+        menu = m_browserContext;
+    else if (variation == KeloTidalContextVariation::PlaylistTracks ||
+             variation == KeloTidalContextVariation::Playlist)
+        menu = m_playlistContext;
+    request.reply().setValue(tidalActionReply({menu->path()}).toVariant());
+
+    // The variation names the list, whatever the item is; deliberate.
+    QString kind;
+    if (variation < KeloTidalContextVariation::Playlist)
+        kind = KeloTidalTracks();
+    else if (variation == KeloTidalContextVariation::Playlist)
+        kind = KeloTidalPlaylists();
+    else
+        return;
+    const CMPath list = m_myMusic->path() + KeloTidalRequest() + KeloTidalApiPathFavorites() +
+                        KeloTidalApiPathUsers() + QStringLiteral("/") + kind.toLower();
+    nodes()->subscribe()->rowsChanged(list, CMSubscribe::RowsChangeReset(), -1);
+}
+
+void TidalWorker::on_newPlaylist_invoke(const CMSetDataRequest& request, const QString& playlistId,
+                                        const QString& etag)
+{
+    m_newPlaylistForm->addPlaylistFinish(request, playlistId, etag);
+}
+
+void TidalWorker::on_updatePlaylist_invoke(const CMSetDataRequest& request)
+{
+    m_updatePlaylistForm->updatePlaylistFinish(request);
+}
+
+void TidalWorker::on_movePlaylistTrack_invoke(const CMSetDataRequest& request)
+{
+    m_moveTrack->movePlaylistTrackFinish(request);
 }

@@ -1,0 +1,15 @@
+#pragma once
+#include <kelo/KeloActionReply.h>
+
+/// The reply of a finished action: clients are to reload the rows at the paths, in that order.
+inline KeloActionReply tidalActionReply(const QList<CMPath>& paths)
+{
+    QList<KeloEvent> events;
+    events.reserve(paths.size());
+    for (const CMPath& path : paths)
+        events.append(KeloEvent(KeloEventRowsType::Reload_, path));
+    KeloActionReply reply;
+    reply.setXclass(QStringLiteral("KeloActionReply"));
+    reply.setEvents(events);
+    return reply;
+}

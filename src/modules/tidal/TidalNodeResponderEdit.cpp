@@ -1,0 +1,195 @@
+// Answers to changes of the user's library: they end the request with an error, hand it to the
+// worker, or send the next request of an edit.
+#include "TidalContextNode.h"
+#include "TidalHandler.h"
+#include "TidalNodeResponder.h"
+#include "TidalWorker.h"
+#include <kelo/KeloLog.h>
+#include <kelo/KeloTidalConstants.h>
+
+namespace {
+CMError editError(const TrString& message)
+{
+    return CMError(QStringLiteral("TIDAL"), message);
+}
+
+/// What the service says about a refusal.
+CMError serviceError(int status, const QByteArray& body)
+{
+    const KeloTidalApiErrorResponse error(KeloJson::parse(body));
+    KELO_LOG("Tidal", WARN) << "The service refused a change: status: " << status
+                            << " sub status: " << error.subStatus()
+                            << " user message: " << error.userMessage();
+    const QString message = error.userMessage();
+    if (message.isEmpty())
+        return editError(TrString(QStringLiteral("Error, failed to parse error message")));
+    return editError(TrString(message));
+}
+
+template <class List, class IdOf>
+bool hasFavorite(const KeloJson& answer, const QString& id, IdOf idOf)
+{
+    for (const auto& favorite : List(answer).itemsFav()) {
+        if (idOf(favorite.item()) == id)
+            return true;
+    }
+    return false;
+}
+
+/// Whether the page of favorites of a kind holds an item.
+bool holdsItem(const KeloJson& answer, const QString& type, const QString& id)
+{
+    const auto numberOf = [](const auto& item) { return QString::number(item.id()); };
+    if (type == KeloTidalAlbums())
+        return hasFavorite<KeloTidalApiAlbumsResponse>(answer, id, numberOf);
+    if (type == KeloTidalArtists())
+        return hasFavorite<KeloTidalApiArtistsResponse>(answer, id, numberOf);
+    if (type == KeloTidalTracks())
+        return hasFavorite<KeloTidalApiTracksResponse>(answer, id, numberOf);
+    if (type == KeloTidalPlaylists())
+        return hasFavorite<KeloTidalApiPlaylistsResponse>(
+            answer, id, [](const auto& playlist) { return playlist.uuid(); });
+    return false;
+}
+} // namespace
+
+void TidalNodeResponder::on_newPlaylist_invoke(KeloUrl const&, HttpClientPrivate const& priv,
+                                               int status, int, QByteArray const& output,
+                                               HttpClientHeaders header)
+{
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "newPlaylist response code: " << status;
+    const CMSetDataRequest request = priv.getCMSetDataRequest();
+    if (status != 201) {
+        request.reply().setError(serviceError(status, output));
+        return;
+    }
+    QString uuid;
+    QString etag;
+    // Without parameters there is no item to add, so nobody needs the playlist; deliberate.
+    if (!request.path().params().isEmpty()) {
+        etag = header.value(QStringLiteral("ETag"));
+        KeloError error;
+        const KeloTidalApiPlaylistResponse playlist(KeloJson::parse(output, &error));
+        if (error.isSet()) {
+            KELO_LOG("Tidal", WARN) << "Error occured in parsing response";
+            request.reply().setError(editError(TrString(error.message())));
+            return;
+        }
+        uuid = playlist.uuid();
+    }
+    Q_EMIT
+    newPlaylistFinished(request, uuid, etag);
+}
+
+void TidalNodeResponder::on_updatePlaylist_invoke(KeloUrl const&, HttpClientPrivate const& priv,
+                                                  int status, int, QByteArray const& output,
+                                                  HttpClientHeaders)
+{
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "updatePlaylist response code: " << status;
+    const CMSetDataRequest request = priv.getCMSetDataRequest();
+    if (status == 200) {
+        Q_EMIT
+        updatePlaylistFinished(request);
+    } else {
+        request.reply().setError(serviceError(status, output));
+    }
+}
+
+void TidalNodeResponder::on_movePlaylistTrack_invoke(KeloUrl const&, HttpClientPrivate const& priv,
+                                                     int status, int, QByteArray const& output,
+                                                     HttpClientHeaders)
+{
+    const CMSetDataRequest request = priv.getCMSetDataRequest();
+    if (status == 200) {
+        Q_EMIT
+        movePlaylistTrackFinished(request);
+        return;
+    }
+    const CMError logged = serviceError(status, output);
+    const KeloTidalApiErrorResponse error(KeloJson::parse(output));
+    // Without a status in the body the request is left to its deadline; deliberate.
+    if (error.contains(KeloTidalApiErrorResponse::Status()))
+        request.reply().setError(
+            editError(TrString(TrCharData{"TIDAL", "Non existing track index", nullptr})));
+}
+
+void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const&,
+                                                         HttpClientPrivate const& priv, int, int,
+                                                         QByteArray const& output,
+                                                         HttpClientHeaders header)
+{
+    const CMSetDataRequest request = priv.getCMSetDataRequest();
+    // An edit that the host has given up must not be carried out behind its back.
+    if (request.reply().isFinished())
+        return;
+    // The status is not looked at, and a text that is no JSON leaves the request to its deadline;
+    // both deliberate: the edit itself is what the service refuses.
+    const QString etag = header.value(QStringLiteral("ETag"));
+    KeloError error;
+    const KeloTidalApiPlaylistResponse playlist(KeloJson::parse(output, &error));
+    if (error.isSet()) {
+        KELO_LOG("Tidal", WARN) << "Error occured in parsing response";
+        return;
+    }
+    const CMSetDataRequest secondary(priv.getCMRequestSec());
+    const QString argument = secondary.isNull() ? QString() : secondary.value().toString();
+    const CMPath& path = request.path();
+    if (!secondary.isNull() && path.contains(KeloTidalRemoveFromPlaylists())) {
+        if (argument.isEmpty())
+            m_handler->removePlaylist(request, playlist.uuid(), etag);
+        else
+            m_handler->removeFromPlaylist(request, playlist.uuid(), argument, etag);
+    } else if (path.contains(KeloTidalMoveTrack())) {
+        const QString row = TidalWorker::findQueryValue(path, QStringLiteral("rowNum"));
+        m_handler->moveTrack(request, row, argument, playlist.uuid(), etag);
+    } else {
+        constexpr int append = -1;
+        m_handler->addToPlaylist(request, playlist.uuid(), argument, etag, append);
+    }
+}
+
+void TidalNodeResponder::on_addToPlaylistResponse_invoke(KeloUrl const&,
+                                                         HttpClientPrivate const& priv, int, int,
+                                                         QByteArray const& output,
+                                                         HttpClientHeaders)
+{
+    const CMSetDataRequest request = priv.getCMSetDataRequest();
+    // The status is not looked at: an answer without tracks adds nothing; deliberate.
+    QString ids;
+    for (const auto& track : KeloTidalApiTracksResponse(KeloJson::parse(output)).items()) {
+        if (track.allowStreaming())
+            ids += QString::number(track.id()) + QLatin1Char(',');
+    }
+    // The comma behind the last one stays; deliberate, the service takes it.
+    const QString playlistId =
+        TidalWorker::findQueryValue(request.path(), QStringLiteral("playlistId"));
+    m_handler->loopPlaylistManipulation(request, playlistId, QVariant(ids));
+}
+
+void TidalNodeResponder::on_isFavoriteReponse_invoke(KeloUrl const&, HttpClientPrivate const& priv,
+                                                     int status, int, QByteArray const& output,
+                                                     HttpClientHeaders)
+{
+    const CMGetDataRequest request = priv.getCMGetDataRequest();
+    if (status != 200) {
+        request.reply().setError(serviceError(status, output));
+        return;
+    }
+    const QString type = request.path().param(QStringLiteral("type"));
+    const QString id = request.path().param(QStringLiteral("id"));
+    dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "type: " << type << " id: " << id;
+    const bool isFavorite = holdsItem(KeloJson::parse(output), type, id);
+    const TrString title =
+        isFavorite ? KELO_TR("Remove from favorites") : KELO_TR("Add to favorites");
+
+    const CMSetDataRequest prepared(priv.getCMRequestSec());
+    QVariantList values = prepared.isNull() ? QVariantList() : prepared.value().toList();
+    const QStringList& roles = request.roles();
+    for (int i = 0; i < roles.size() && i < values.size(); ++i) {
+        if (roles.at(i) == KeloRoles::Title())
+            values[i] = title.toString();
+    }
+    if (TidalBaseContextNode* menu = m_worker->contextNode(contextType(request.path())))
+        menu->setFavorite(isFavorite);
+    request.reply().setValue(values);
+}
