@@ -12,7 +12,12 @@ class PostedCall
 {
 public:
     explicit PostedCall(std::function<void()> function) : m_call(new Call(std::move(function))) {}
-    void operator()() const { m_call->function(); }
+    void operator()() const
+    {
+        // A handle of its own: the sender may be the one who drops the call after it has run.
+        const KeloShared<Call> call = m_call;
+        call->function();
+    }
 
 private:
     struct Call : public KeloSharedData
