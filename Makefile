@@ -3,13 +3,14 @@
 PRESET ?= dev
 JOBS ?= $(shell nproc)
 
-.PHONY: help run test build release asan tsan fuzz bench format clean
+.PHONY: help run tidy test build release asan tsan fuzz bench format clean
 
 help:
 	@echo "make run     build, and play music from the simulated service"
 	@echo "make test    build and pass every test (PRESET=asan or tsan: under a sanitizer)"
 	@echo "make bench   measure, by instruction count"
 	@echo "make fuzz    run each fuzzer for FUZZ_SECONDS (default 30)"
+	@echo "make tidy    clang-tidy over all sources"
 	@echo "make format  clang-format over all sources"
 
 packages:
@@ -37,10 +38,14 @@ bench:
 	@$(MAKE) --no-print-directory release
 	@bench/run build/release
 
-fuzz:
+fuzz: packages
 	@scripts/install-packages scripts/packages-fuzz.txt
-	@$(MAKE) --no-print-directory build PRESET=fuzz
+	@cmake --preset fuzz > /dev/null
+	@cmake --build --preset fuzz -j $(JOBS) --target fuzz_json fuzz_path fuzz_url
 	@scripts/run-fuzzers build/fuzz $${FUZZ_SECONDS:-30}
+
+tidy: build
+	@git ls-files "host/*.cpp" "src/*.cpp" | xargs -P $(JOBS) -n 4 clang-tidy --quiet -p build/$(PRESET)
 
 format:
 	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
