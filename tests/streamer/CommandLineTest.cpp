@@ -300,12 +300,13 @@ TEST(StatusCommand, NamesTheArtistOnceAndKeepsThePositionWhole)
          "Annie - Ann (Album)  0:01 / 2:10"},
         {" - Ann", "Ann", 80, "playing   - Ann\n", " - Ann - Ann", " - Ann - Ann"},
         {"A song of some length - Ann", "Ann", 40, "playing  A song of some length\n",
-         "A song of some length - Ann (A…", "A song of some le…  0:01 / 2:10"},
+         "A song of some length - …  HIGH\n", "A song of s…  0:01 / 2:10  HIGH\n"},
     };
     for (const auto& row : rows) {
         const std::string player =
             std::string(
-                R"({"state":"playing","album":"Album","positionMs":1000,"durationMs":130000,)") +
+                R"({"state":"playing","album":"Album","positionMs":1000,"durationMs":130000,
+                    "quality":{"delivered":"HIGH"},)") +
             R"("title":")" + row.title + R"(","artist":")" + row.artist + "\"}";
         for (const char* call :
              {"GET /api/v1/player", "POST /api/v1/player/play", "POST /api/v1/player/pause"})

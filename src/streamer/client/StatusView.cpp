@@ -110,20 +110,19 @@ QStringList StatusView::block() const
     return lines;
 }
 
-/// What names the item gives way to the position, which says nothing when it is cut.
+/// What names the item gives way to what stands behind it, which says nothing when it is cut.
 QString StatusView::oneLine(bool withPosition) const
 {
     const QString separator = QStringLiteral("  ");
-    const QString position = withPosition ? times() : QString();
+    const QString behind = joined(withPosition ? times() : QString(), separator, quality());
     QString line = joined(m_title, QStringLiteral(" - "), m_artist);
     if (!m_album.isEmpty())
         line += QStringLiteral(" (%1)").arg(m_album);
-    const int left = m_terminal.width() - columns(m_state) - 2;
-    if (!position.isEmpty())
-        line = joined(cut(line, qMax(8, left - columns(position) - 2)), separator, position);
-    line = joined(line, separator, quality());
+    const int left = qMax(8, m_terminal.width() - columns(m_state) - 2);
+    if (!behind.isEmpty())
+        line = joined(cut(line, qMax(8, left - columns(behind) - 2)), separator, behind);
     line = joined(line, separator, m_note);
-    return joined(styledState(), separator, cut(line, qMax(8, left)));
+    return joined(styledState(), separator, cut(line, left));
 }
 
 QString StatusView::fingerprint() const
