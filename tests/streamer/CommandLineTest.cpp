@@ -124,6 +124,30 @@ TEST(RowsCommand, PrintsAnAlignedTableWithPathsToPaste)
                        "11  ♪ Song \\x1b[31m (disabled)        /s\n");
 }
 
+TEST(RowsCommand, ShowsTheValuesOfSettingsAndChoices)
+{
+    const char* const menu = R"({"path":"/m","from":0,"rowsCount":4,"rowsVersion":3,"roles":{},
+"rows":[{"Title":"Group","Type":"Header"},{"Title":"Order","Type":"Text","Path":"/m/order"},
+{"Title":"Yes","Type":"Choice"},{"Title":"Odd","Type":"Choice"}]})";
+    const char* const values = R"({"rowsVersion":VERSION,"rows":[{},
+{"Value":{"type":"string_","string_":"De\u001bsc"}},{"Value":{"type":"bool_","bool_":true}},
+{"Value":{"type":"string_","string_":[1]}}]})";
+    const auto shownWith = [&](const char* version) {
+        ScriptedStreamer streamer;
+        streamer.answer("GET /api/v1/rows?path=%2Fm&from=0&to=49", {200, menu});
+        const QString answer = QString::fromUtf8(values).replace("VERSION", version);
+        streamer.answer("GET /api/v1/rows?path=%2Fm&from=0&to=49&roles=Value",
+                        {200, answer.toStdString()});
+        return streamer.run({"rows", "/m"}).out;
+    };
+    EXPECT_EQ(shownWith("3"), "/m  4 rows\n"
+                              "0    Group\n"
+                              "1    Order  De\\x1bsc  /m/order\n"
+                              "2    Yes    true\n"
+                              "3    Odd\n");
+    EXPECT_THAT(shownWith("4"), Not(HasSubstr("true"))) << "the rows may be others by then";
+}
+
 TEST(RowsCommand, FitsTheWidthAndNeverCutsPaths)
 {
     ScriptedStreamer streamer;
@@ -180,7 +204,11 @@ TEST(NodeCommands, PrintDataAndRepliesForPeople)
     } rows[] = {{R"({"reply":null})", "done\n"},
                 {R"({"reply":"ok\u0007"})", "ok\\x07\n"},
                 {R"({"reply":{"a":1}})", "a  1\n"},
-                {R"({"reply":[1]})", "[1]\n"}};
+                {R"({"reply":[1]})", "[1]\n"},
+                {R"({"reply":{"class":"KeloActionReply"}})", "done\n"},
+                {R"({"reply":{"class":"KeloActionReply","result":{"Title":"Bio",)"
+                 R"("Description":"a\nb","Path":"/m"}}})",
+                 "Bio\na\\nb\n"}};
     for (const auto& row : rows) {
         streamer.answer("POST /api/v1/set", {200, row.reply});
         EXPECT_EQ(streamer.run({"set", "/x"}).out, row.expected);

@@ -18,6 +18,18 @@ void printEntries(Terminal& terminal, const QJsonObject& entries)
     }
 }
 
+/// What a finished action has to say: the title and text of its result, or that it is done.
+void printAction(Terminal& terminal, const QJsonObject& reply)
+{
+    const QJsonObject result = reply.value(QLatin1String("result")).toObject();
+    const QString title = shown(result.value(QLatin1String("Title")).toString());
+    const QString text = shown(result.value(QLatin1String("Description")).toString());
+    terminal.line(title.isEmpty() ? QStringLiteral("done")
+                                  : terminal.styled(title, Terminal::Style::Bold));
+    if (!text.isEmpty())
+        terminal.line(text);
+}
+
 } // namespace
 
 int DataCommand::run(const CommandContext& context) const
@@ -48,7 +60,10 @@ int SetCommand::run(const CommandContext& context) const
         return context.printJson(reply);
     if (reply.isDone()) {
         const QJsonValue answer = reply.document.value(QLatin1String("reply"));
-        if (answer.isObject())
+        const QString kind = answer.toObject().value(QLatin1String("class")).toString();
+        if (kind == QLatin1String("KeloActionReply"))
+            printAction(context.terminal, answer.toObject());
+        else if (answer.isObject())
             printEntries(context.terminal, answer.toObject());
         else
             context.terminal.line(answer.isNull() || answer.isUndefined() ? QStringLiteral("done")

@@ -3,6 +3,7 @@
 #include "client/DisplayText.h"
 #include "client/RowsTable.h"
 
+#include <algorithm>
 #include <QJsonArray>
 
 namespace cli {
@@ -34,7 +35,7 @@ ApiReply RowsCommand::print(const CommandContext& context) const
         context.printJson(reply.body);
         return reply;
     }
-    const QJsonObject& page = reply.document;
+    const QJsonObject page = withValues(context.api, reply.document);
     const int got = page.value(QLatin1String("rows")).toArray().size();
     const qint64 first = page.value(QLatin1String("from")).toVariant().toLongLong();
     const qint64 all = page.value(QLatin1String("rowsCount")).toVariant().toLongLong();
@@ -49,6 +50,31 @@ ApiReply RowsCommand::print(const CommandContext& context) const
     for (const QString& line : RowsTable(terminal, page).lines())
         terminal.line(line);
     return reply;
+}
+
+/// Values are no usual role of a row, so they are asked for where a row can have one.
+QJsonObject RowsCommand::withValues(ApiClient& api, QJsonObject page) const
+{
+    QJsonArray rows = page.value(QLatin1String("rows")).toArray();
+    const bool hasValues = std::any_of(rows.begin(), rows.end(), [](const QJsonValue& row) {
+        return RowsTable::hasValue(row.toObject());
+    });
+    if (!roles.isEmpty() || !hasValues)
+        return page;
+    const ApiReply reply = fetch(api, path, from, to, QStringLiteral("Value"));
+    const QJsonArray values = reply.document.value(QLatin1String("rows")).toArray();
+    const QString version = QStringLiteral("rowsVersion");
+    if (!reply.isDone() || values.size() != rows.size() ||
+        reply.document.value(version) != page.value(version))
+        return page;
+    for (int i = 0; i < rows.size(); ++i) {
+        QJsonObject row = rows.at(i).toObject();
+        const QString name = QStringLiteral("Value");
+        row.insert(name, values.at(i).toObject().value(name));
+        rows.replace(i, row);
+    }
+    page.insert(QStringLiteral("rows"), rows);
+    return page;
 }
 
 /// The path is opened before the first page is read, so that no change in between is missed.

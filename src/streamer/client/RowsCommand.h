@@ -22,6 +22,8 @@ struct RowsCommand
 
 private:
     ApiReply print(const CommandContext& context) const;
+    /// Adds the values to a page that shows settings or choices; as it was when they cannot be had.
+    QJsonObject withValues(ApiClient& api, QJsonObject page) const;
     int follow(const CommandContext& context) const;
 };
 

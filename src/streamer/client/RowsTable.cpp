@@ -1,6 +1,7 @@
 #include "client/RowsTable.h"
 
 #include "client/DisplayText.h"
+#include "client/JsonText.h"
 #include "client/PathText.h"
 
 #include <QJsonArray>
@@ -18,6 +19,20 @@ QString roleText(const QJsonObject& row, const char* role)
     return shown(row.value(QLatin1String(role)).toVariant().toString());
 }
 
+/// The description, or else the value if it is a text, a number or a truth.
+QString secondText(const QJsonObject& row)
+{
+    const QString description = roleText(row, "Description");
+    if (!description.isEmpty())
+        return description;
+    QJsonValue value = row.value(QLatin1String("Value"));
+    if (value.isObject()) {
+        const QJsonObject typed = value.toObject();
+        value = typed.value(typed.value(QLatin1String("type")).toString());
+    }
+    return value.isObject() || value.isArray() || value.isNull() ? QString() : valueText(value);
+}
+
 } // namespace
 
 RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limit)
@@ -31,9 +46,8 @@ RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limi
         const bool isDisabledRow = isDisabled(row);
         m_rows.append({QString::number(from + i), mark(row),
                        title(row) + QString::fromLatin1(isDisabledRow ? " (disabled)" : ""),
-                       roleText(row, "Description"),
-                       path.isEmpty() ? QString() : shellWord(shown(path)), isHeader(row),
-                       isDisabledRow});
+                       secondText(row), path.isEmpty() ? QString() : shellWord(shown(path)),
+                       isHeader(row), isDisabledRow});
     }
     measure();
 }
@@ -70,6 +84,13 @@ bool RowsTable::isDisabled(const QJsonObject& row)
 bool RowsTable::isHeader(const QJsonObject& row)
 {
     return row.value(QLatin1String("Type")).toString() == QLatin1String("Header");
+}
+
+bool RowsTable::hasValue(const QJsonObject& row)
+{
+    const QString type = row.value(QLatin1String("Type")).toString();
+    const bool isNode = !row.value(QLatin1String("Path")).toString().isEmpty();
+    return type == QLatin1String("Choice") || (type == QLatin1String("Text") && isNode);
 }
 
 /// Shares the width out: what the path leaves, or everything with the path below; the description

@@ -6,7 +6,8 @@
 
 namespace cli {
 
-/// A page of rows as an aligned table: row number, type mark, title, description, path. The path is
+/// A page of rows as an aligned table: row number, type mark, title, description or, of a setting,
+/// its value, path. The path is
 /// never cut, since it is what a person copies into the next command; where it does not fit it
 /// takes a line of its own. A value made for one page, used on the main thread. It fetches nothing.
 class RowsTable
@@ -24,6 +25,8 @@ public:
     static QString title(const QJsonObject& row);
     static bool isDisabled(const QJsonObject& row);
     static bool isHeader(const QJsonObject& row);
+    /// Whether a row is a setting or one of its choices, which have a value.
+    static bool hasValue(const QJsonObject& row);
 
 private:
     struct Row
