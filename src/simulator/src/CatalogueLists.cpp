@@ -88,9 +88,9 @@ void Catalogue::makeRoots()
     for (int i = 0; i < 5; ++i)
         m_roots[1].push_back({moods[i][0], moods[i][1], true, false, false, false,
                               pictureId(PictureKind::Mood, static_cast<std::uint64_t>(i)), false});
-    m_roots[2] = {{"New", "new", true, false, true, true, {}, false},
-                  {"Recommended", "recommended", true, false, true, true, {}, true},
-                  {"Top", "top", true, false, true, true, {}, false},
+    m_roots[2] = {{"Just In", "new", true, false, true, true, {}, false},
+                  {"Staff Picks", "recommended", true, false, true, true, {}, true},
+                  {"Most Played", "top", true, false, true, true, {}, false},
                   {"Exclusive", "exclusive", true, false, true, true, {}, true},
                   {"Local", "local", true, false, true, true, {}, false}};
     m_roots[3] = {{"New", "new", false, false, true, true, {}, true}};
