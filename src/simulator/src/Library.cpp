@@ -365,7 +365,9 @@ void Library::addFavorite(FavoriteKind kind, const std::string& id)
         if (one.id == id)
             return;
     }
-    list.push_back({id, nowMs()});
+    // Ahead of the others: the unordered list is in no order of time, but a new entry is on its
+    // first page, where clients look for it.
+    list.insert(list.begin(), {id, nowMs()});
 }
 
 void Library::removeFavorite(FavoriteKind kind, const std::string& id)
