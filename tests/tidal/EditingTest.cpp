@@ -148,11 +148,11 @@ TEST(Editing, RefusesWhatItCannotSend)
 
 TEST(Editing, AnswersByStatusAndBody)
 {
+    QStringList log;
     EditWorld world;
     using Slot = void (TidalNodeResponder::*)(KeloUrl const&, HttpClientPrivate const&, int, int,
                                               QByteArray const&, HttpClientHeaders);
     TidalNodeResponder* responder = world.worker()->getHandler()->responder();
-    QStringList log;
     world.onWorker([&] {
         QObject::connect(responder, &TidalNodeResponder::newPlaylistFinished, responder,
                          [&](CMSetDataRequest, QString uuid, QString etag) {
