@@ -126,6 +126,7 @@ TEST_F(OrderingTest, AChoiceClosesTheViewsOfItsChoices)
                                 playlistTracks + q("order/Enums")})
         ids << subscription->openRows(CMPath(path), listen);
     choose(myMusic + q("order"), "Date");
+    settle(); // the answer comes before the notice
     EXPECT_EQ(told, QStringList{myMusic + q("order/Enums close")});
     for (const quint64 id : ids)
         subscription->closeRows(id);
