@@ -38,9 +38,8 @@ protected:
         addRows("/tidal", {row("Container", "Meine Musik", "/t/myMusic")});
         addRows("/t/myMusic", {row("Container", "Listen", "/t/req/created/playlists"),
                                row("Container", "Neu", "/t/createPlaylist")});
-        addRows("/t/req/created/playlists",
-                {row("Container", "Mine", list, R"(,"Id":"p1")" + context("/t/pm?id=p1"))});
-        addRows(list, {track("1"), track("2")}, 2);
+        addRows(playlists, {mine});
+        addRows(list, {track("1"), track("2")});
         addRows("/t/pm?id=p1", {row("Action", "weg", "/t/pm/removeFromPlaylists?id=p1"),
                                 row("Container", "Form", "/t/updatePlaylists?id=p1")});
         addRows("/t/tm?id=2", {row("Action", "Favorit", "/t/tm/favorites?id=2"),
@@ -55,7 +54,7 @@ protected:
         for (const std::string form : {"/t/createPlaylist", "/t/updatePlaylists?id=p1"}) {
             addRows(form,
                     {row("Text", "Titel", "/t/f/title"), row("Text", "Text", "/t/f/description")},
-                    2, R"("AcceptPath":"/t/f/accept?of=)" + form.substr(3, 6) + '"');
+                    R"("AcceptPath":"/t/f/accept?of=)" + form.substr(3, 6) + '"');
         }
         addData("/t/tm?id=2", R"("Type":"Container")" + menu);
         addData(second, R"("ContainerType":"None")");
@@ -69,18 +68,23 @@ protected:
         return row("Audio", "Song " + id, list + "&trackId=" + id, context("/t/tm?id=" + id));
     }
 
-    void addRows(const std::string& path, const std::vector<std::string>& rows, int count = -1,
-                 const std::string& roles = "")
+    /// \p earlier: the rows are so only from when a call has arrived that begins with it.
+    void addRows(const std::string& path, const std::vector<std::string>& rows,
+                 const std::string& roles = "", const std::string& earlier = "")
     {
         const auto answer = [&](size_t from, size_t to) {
             std::string body;
             for (size_t i = from; i <= to && i < rows.size(); ++i)
                 body += (body.empty() ? "" : ",") + rows[i];
-            streamer.answer("GET /api/v1/rows?path=" + encoded(path) +
-                                "&from=" + std::to_string(from) + "&to=" + std::to_string(to),
-                            {200, R"({"path":")" + path + R"(","from":0,"rowsCount":)" +
-                                      std::to_string(count < 0 ? rows.size() : size_t(count)) +
-                                      R"(,"roles":{)" + roles + R"(},"rows":[)" + body + "]}"});
+            const std::string call = "GET /api/v1/rows?path=" + encoded(path) +
+                                     "&from=" + std::to_string(from) + "&to=" + std::to_string(to);
+            const std::string page = R"({"path":")" + path + R"(","from":0,"rowsCount":)" +
+                                     std::to_string(rows.size()) + R"(,"roles":{)" + roles +
+                                     R"(},"rows":[)" + body + "]}";
+            if (earlier.empty())
+                streamer.answer(call, {200, page});
+            else
+                streamer.answerAfter(earlier, call, {200, page});
         };
         answer(0, 49);
         for (size_t i = 0; i <= rows.size(); ++i)
@@ -97,22 +101,22 @@ protected:
     std::vector<std::string> sent()
     {
         std::vector<std::string> result;
-        const std::vector<std::string> calls = streamer.calls();
-        const std::string post = "POST /api/v1/set ";
-        for (size_t i = m_seen; i < calls.size(); ++i) {
-            if (calls[i].rfind(post, 0) == 0)
-                result.push_back(calls[i].substr(post.size()));
+        const std::string post = set + ' ';
+        for (const std::string& call : streamer.calls()) {
+            if (call.rfind(post, 0) == 0)
+                result.push_back(call.substr(post.size()));
         }
-        m_seen = calls.size();
+        streamer.forget();
         return result;
     }
 
     static inline const std::string list = "/t/req/created/playlists?contentId=p1&playlistId=p1";
     const std::string second = list + "&trackId=2";
+    const std::string set = "POST /api/v1/set";
+    const std::string playlists = "/t/req/created/playlists";
+    const std::string mine =
+        row("Container", "Mine", list, R"(,"Id":"p1")" + context("/t/pm?id=p1"));
     ScriptedStreamer streamer;
-
-private:
-    size_t m_seen = 0;
 };
 
 TEST_F(EditCommands, walkMenusAndFormsAndSendWhatAScreenWould)
@@ -122,41 +126,59 @@ TEST_F(EditCommands, walkMenusAndFormsAndSendWhatAScreenWould)
         std::vector<std::string> arguments;
         const char* out;
         std::vector<std::string> sent;
+        std::string changedList;
+        std::vector<std::string> rowsAfter;
     } edits[] = {
         {{"create", "a \"b\"\n&=", "--description", "d"},
-         "created\n", // the script's list does not grow
+         "created p9\n",
          {R"({"path":"/t/f/title","value":"a \"b\"\n&="})",
           R"({"path":"/t/f/description","value":"d"})",
-          R"({"path":"/t/f/accept?of=create","value":1})"}},
+          R"({"path":"/t/f/accept?of=create","value":1})"},
+         playlists,
+         {mine, row("Container", "as stored", "/t/x", R"(,"Id":"p9")")}},
         {{"create", ""},
          "created\n",
          {R"({"path":"/t/f/title","value":""})", R"({"path":"/t/f/description","value":""})",
-          R"({"path":"/t/f/accept?of=create","value":1})"}},
+          R"({"path":"/t/f/accept?of=create","value":1})"},
+         playlists,
+         {mine}},
         {{"rename", "p1", "12"},
          "renamed \"Mine\" to \"12\"\n",
          {R"({"path":"/t/f/title","value":"12"})", R"({"path":"/t/f/description","value":""})",
-          R"({"path":"/t/f/accept?of=update","value":1})"}},
+          R"({"path":"/t/f/accept?of=update","value":1})"},
+         list,
+         {}},
         {{"delete", list},
          "deleted \"Mine\"\n",
-         {R"({"path":"/t/pm/removeFromPlaylists?id=p1","value":1})"}},
+         {R"({"path":"/t/pm/removeFromPlaylists?id=p1","value":1})"},
+         playlists,
+         {row("Text", "No items found", "")}},
         {{"add", "p1", second, "/t/tm?id=2"},
          "added 2 items to \"Mine\"\n",
          {R"({"path":"/t/add?id=2&playlistId=p1","value":1})",
-          R"({"path":"/t/add?id=2&playlistId=p1","value":1})"}},
+          R"({"path":"/t/add?id=2&playlistId=p1","value":1})"},
+         list,
+         {track("1"), track("2"), track("2"), track("2")}},
         {{"remove", "p1", "1"},
          "removed \"Song 2\"\n",
-         {R"({"path":"/t/pm/removeFromPlaylists?id=2&rowNum=1","value":1})"}},
+         {R"({"path":"/t/pm/removeFromPlaylists?id=2&rowNum=1","value":1})"},
+         list,
+         {track("1"), track("7")}}, // another client has added one meanwhile
         {{"move", "p1", "1", "0"},
          "moved \"Song 2\" to 0\n",
          {R"({"path":"/t/tm/moveTrack/rowNum?id=2","value":0})",
-          R"({"path":"/t/tm/moveTrack/move?id=2","value":1})"}},
+          R"({"path":"/t/tm/moveTrack/move?id=2","value":1})"},
+         list,
+         {track("2"), track("1")}},
     };
     for (const auto& edit : edits) {
         std::vector<std::string> arguments{"playlist"};
         arguments.insert(arguments.end(), edit.arguments.begin(), edit.arguments.end());
+        addRows(edit.changedList, edit.rowsAfter, "", set);
         const auto run = streamer.run(arguments);
         EXPECT_EQ(run.status, 0) << run.err;
         EXPECT_EQ(run.out, edit.out);
+        EXPECT_EQ(run.err, "");
         EXPECT_EQ(sent(), edit.sent);
 
         arguments.push_back("--dry-run");
@@ -208,6 +230,26 @@ TEST_F(EditCommands, refuseBeforeAnythingIsSent)
     EXPECT_EQ(sent().size(), 1u) << "after a refusal nothing more is sent";
 }
 
+TEST_F(EditCommands, tellWhenTheServiceTookNothing)
+{
+    const struct
+    {
+        std::vector<std::string> arguments;
+        const char* message;
+    } rows[] = {
+        {{"playlist", "delete", "p1"}, "the playlist is still there"},
+        {{"playlist", "add", "p1", second}, "the playlist has not grown"},
+        {{"playlist", "remove", "p1", "1"}, "the row is still there"},
+    };
+    for (const auto& one : rows) {
+        const auto run = streamer.run(one.arguments);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_THAT(run.err, HasSubstr(one.message));
+        EXPECT_EQ(run.out, "");
+        EXPECT_EQ(sent().size(), 1u);
+    }
+}
+
 TEST_F(EditCommands, menuShowsWhatActionsSayOfThemselves)
 {
     const char* const expected = "0  • Add to favorites                  '/t/tm/favorites?id=2'\n";
@@ -253,6 +295,10 @@ TEST_F(EditCommands, favoriteSendsOnlyWhatChangesSomething)
         EXPECT_EQ(sent(),
                   one.isSent ? std::vector<std::string>{action} : std::vector<std::string>{});
     }
+    addData("/t/tm/favorites?id=2", R"("Title":"Add to favorites")");
+    streamer.answerAfter(set, "GET /api/v1/data?path=" + encoded("/t/tm/favorites?id=2"),
+                         {200, R"({"data":{"Title":"Remove from favorites"}})"});
+    EXPECT_EQ(streamer.run({"favorite", second}).err, "");
 }
 
 } // namespace

@@ -29,6 +29,36 @@ void ScriptedStreamer::answer(const std::string& call, Answer answer)
     m_answers[call] = std::move(answer);
 }
 
+void ScriptedStreamer::answerAfter(const std::string& earlier, const std::string& call,
+                                   Answer answer)
+{
+    const std::lock_guard lock(m_mutex);
+    answer.after = earlier;
+    m_laterAnswers[call] = std::move(answer);
+}
+
+void ScriptedStreamer::forget()
+{
+    const std::lock_guard lock(m_mutex);
+    m_calls.clear();
+    m_laterAnswers.clear();
+}
+
+bool ScriptedStreamer::hasArrived(const std::string& start) const
+{
+    return std::any_of(m_calls.begin(), m_calls.end(),
+                       [&](const std::string& call) { return call.rfind(start, 0) == 0; });
+}
+
+const ScriptedStreamer::Answer* ScriptedStreamer::find(const std::string& call) const
+{
+    const auto later = m_laterAnswers.find(call);
+    if (later != m_laterAnswers.end() && hasArrived(later->second.after))
+        return &later->second;
+    const auto found = m_answers.find(call);
+    return found == m_answers.end() ? nullptr : &found->second;
+}
+
 std::vector<std::string> ScriptedStreamer::calls()
 {
     const std::lock_guard lock(m_mutex);
@@ -41,14 +71,14 @@ void ScriptedStreamer::respond(const httplib::Request& request, httplib::Respons
     const std::lock_guard lock(m_mutex);
     m_calls.push_back(request.body.empty() ? call : call + ' ' + request.body);
     m_arrived.notify_all();
-    const auto found = m_answers.find(call);
-    if (found == m_answers.end()) {
+    const Answer* found = find(call);
+    if (!found) {
         response.status = 404;
         response.set_content(R"({"title":"Not found","detail":"no such node"})",
                              "application/problem+json");
         return;
     }
-    const Answer answer = found->second;
+    const Answer answer = *found;
     response.status = answer.status;
     if (answer.type != "text/event-stream") {
         response.set_content(answer.body, answer.type.c_str());
@@ -57,12 +87,7 @@ void ScriptedStreamer::respond(const httplib::Request& request, httplib::Respons
     response.set_chunked_content_provider(
         answer.type.c_str(), [this, answer](size_t, httplib::DataSink& sink) {
             std::unique_lock wait(m_mutex);
-            m_arrived.wait(wait, [&] {
-                return answer.after.empty() ||
-                       std::any_of(m_calls.begin(), m_calls.end(), [&](const std::string& call) {
-                           return call.rfind(answer.after, 0) == 0;
-                       });
-            });
+            m_arrived.wait(wait, [&] { return answer.after.empty() || hasArrived(answer.after); });
             sink.write(answer.body.data(), answer.body.size());
             sink.done();
             return true;

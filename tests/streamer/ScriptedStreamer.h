@@ -33,6 +33,10 @@ public:
 
     /// \p call is the method and the target as it stands on the wire; calls() shows them the same.
     void answer(const std::string& call, Answer answer);
+    /// The same from when a call has arrived that begins with \p earlier.
+    void answerAfter(const std::string& earlier, const std::string& call, Answer answer);
+    /// Forgets the calls, and the answers that were to follow on some.
+    void forget();
     /// "METHOD target", with a blank and the body where there is one, in order of arrival.
     std::vector<std::string> calls();
     std::string address() const { return "http://127.0.0.1:" + std::to_string(m_port); }
@@ -42,12 +46,16 @@ public:
 
 private:
     void respond(const httplib::Request& request, httplib::Response& response);
+    /// The answer of now, none when the call is unknown. m_mutex is held.
+    const Answer* find(const std::string& call) const;
+    bool hasArrived(const std::string& start) const;
 
     httplib::Server m_server;
     int m_port = 0;
     std::mutex m_mutex; ///< guards all below
     std::condition_variable m_arrived;
     std::map<std::string, Answer> m_answers;
+    std::map<std::string, Answer> m_laterAnswers; ///< `after` names the earlier call
     std::vector<std::string> m_calls;
     std::thread m_thread;
 };

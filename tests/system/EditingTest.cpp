@@ -306,3 +306,34 @@ TEST_F(EditingTest, whatAnotherClientDoesMeanwhileIsNeitherLostNorDoubled)
     expected.removeAt(2);
     EXPECT_EQ(left, expected);
 }
+
+TEST_F(EditingTest, aRefusedEditIsToldAndChangesNothing)
+{
+    const QString id = make("Kept");
+    kelo({"playlist", "add", id, pathOf(newTracks, 0), pathOf(newTracks, 1)});
+    const QList<qint64> before = service->tracks(id);
+    ASSERT_EQ(before.size(), 2);
+    const struct
+    {
+        const char* fault;
+        QStringList command;
+    } refusals[] = {
+        {"status method=POST status=403 body=none", {"add", id, pathOf(newTracks, 2)}},
+        {"status method=DELETE status=404", {"remove", id, "0"}},
+        {"status method=DELETE status=500 body=html", {"delete", id}},
+        {"status method=POST status=404", {"move", id, "1", "0"}},
+        {"hang method=POST", {"rename", id, "Another"}},
+    };
+    for (const auto& refusal : refusals) {
+        ASSERT_EQ(sim->addFault(refusal.fault + (" path=/playlists/" + id.toStdString())), "");
+        const Outcome outcome = streamer.kelo(QStringList{"playlist"} + refusal.command);
+        sim->clearFaults();
+        EXPECT_EQ(outcome.status, 1) << refusal.fault;
+        EXPECT_NE(outcome.err, "") << refusal.fault;
+        EXPECT_EQ(outcome.out, "") << refusal.fault;
+        EXPECT_EQ(service->tracks(id), before) << refusal.fault;
+        EXPECT_EQ(text(service->playlist(id), "title"), "Kept") << refusal.fault;
+    }
+    kelo({"playlist", "remove", id, "0"});
+    EXPECT_EQ(service->tracks(id), before.mid(1));
+}

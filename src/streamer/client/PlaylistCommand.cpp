@@ -51,6 +51,13 @@ QString newId(const QMap<QString, QString>& before, const QMap<QString, QString>
     return named.size() == 1 ? named.first() : fresh.size() == 1 ? fresh.first() : QString();
 }
 
+using Match = TreeWalk::Match;
+
+Match hasId(const QString& id)
+{
+    return [id](const QJsonObject& row) { return roleText(row, "Id") == id; };
+}
+
 QString quotedTitle(const QJsonObject& row)
 {
     return QStringLiteral("\"%1\"").arg(shown(roleText(row, "Title")));
@@ -97,11 +104,12 @@ ApiReply PlaylistCommand::findPlaylist(const TreeWalk& walk, QJsonObject& playli
         QStringLiteral("none of your playlists has the id %1").arg(shown(id)), playlist);
 }
 
-ApiReply PlaylistCommand::findItem(const TreeWalk& walk, QJsonObject& item) const
+ApiReply PlaylistCommand::findItem(const TreeWalk& walk, QString& list, QJsonObject& item) const
 {
     QJsonObject playlist;
     const ApiReply reply = findPlaylist(walk, playlist);
-    return reply.isDone() ? walk.rowAt(roleText(playlist, "Path"), row, item) : reply;
+    list = roleText(playlist, "Path");
+    return reply.isDone() ? walk.rowAt(list, row, item) : reply;
 }
 
 /// Both fields are filled, so that nothing of an earlier, failed submission is sent along.
@@ -128,7 +136,7 @@ ApiReply PlaylistCommand::fillForm(const TreeWalk& walk, const QString& form,
 }
 
 int PlaylistCommand::finish(const CommandContext& context, const ApiReply& found,
-                            const EditSteps& steps, const QString& done) const
+                            const EditSteps& steps, const QString& done, const Check& check) const
 {
     if (!found.isDone())
         return context.finish(found);
@@ -136,10 +144,11 @@ int PlaylistCommand::finish(const CommandContext& context, const ApiReply& found
         printDryRun(context, steps);
         return ExitDone;
     }
-    const ApiReply reply = send(context.api, steps);
-    if (context.isJson)
-        return context.printJson(reply);
-    if (reply.isDone())
+    const ApiReply sent = send(context.api, steps);
+    if (sent.isDone() && context.isJson)
+        context.printJson(sent.body);
+    const ApiReply reply = sent.isDone() && check ? check() : sent;
+    if (reply.isDone() && !context.isJson)
         context.terminal.line(done);
     return context.finish(reply);
 }
@@ -198,8 +207,18 @@ int PlaylistCommand::destroy(const CommandContext& context) const
     ApiReply reply = findPlaylist(walk, playlist);
     if (reply.isDone())
         reply = findInMenu(walk, contextPath(playlist), isAction, "removeFromPlaylists", action);
+    const Check isGone = [&] {
+        QString list;
+        QJsonObject left;
+        ApiReply now = findPlaylists(walk, list);
+        if (now.isDone())
+            now = walk.find(list, hasId(roleText(playlist, "Id")), left);
+        return left.isEmpty() ? now
+                              : ApiReply::refusal(QStringLiteral(
+                                    "sent, but the playlist is still there; the service refused"));
+    };
     return finish(context, reply, {{roleText(action, "Path")}},
-                  QStringLiteral("deleted %1").arg(quotedTitle(playlist)));
+                  QStringLiteral("deleted %1").arg(quotedTitle(playlist)), isGone);
 }
 
 /// The chooser of each row's menu lists the playlists that the row can be added to.
@@ -208,8 +227,12 @@ int PlaylistCommand::add(const CommandContext& context) const
     const TreeWalk walk(context.api);
     QJsonObject playlist;
     EditSteps steps;
+    int before = 0;
     ApiReply reply = findPlaylist(walk, playlist);
-    const QString wanted = roleText(playlist, "Id");
+    const QString list = roleText(playlist, "Path");
+    if (reply.isDone())
+        reply = walk.count(list, before);
+    const Match isWanted = hasId(roleText(playlist, "Id"));
     for (const QString& path : paths) {
         QString menu;
         QJsonObject chooser;
@@ -221,40 +244,63 @@ int PlaylistCommand::add(const CommandContext& context) const
         if (reply.isDone())
             reply = walk.need(
                 roleText(chooser, "Path"),
-                [&wanted](const QJsonObject& one) {
-                    return isAction(one) && roleText(one, "Id") == wanted;
-                },
+                [&](const QJsonObject& one) { return isAction(one) && isWanted(one); },
                 QStringLiteral("%1 cannot be added to %2").arg(shown(path), quotedTitle(playlist)),
                 action);
         steps.append({roleText(action, "Path")});
     }
+    const Check hasGrown = [&] {
+        int after = 0;
+        const ApiReply now = walk.count(list, after);
+        return !now.isDone() || after > before
+                   ? now
+                   : ApiReply::refusal(QStringLiteral(
+                         "sent, but the playlist has not grown; the service refused, or nothing of "
+                         "this can be played"));
+    };
     const QString what =
         steps.size() == 1 ? QString() : QStringLiteral("%1 items ").arg(steps.size());
     return finish(context, reply, steps,
-                  QStringLiteral("added %1to %2").arg(what, quotedTitle(playlist)));
+                  QStringLiteral("added %1to %2").arg(what, quotedTitle(playlist)), hasGrown);
 }
 
 int PlaylistCommand::remove(const CommandContext& context) const
 {
     const TreeWalk walk(context.api);
+    QString list;
     QJsonObject item;
     QJsonObject action;
-    ApiReply reply = findItem(walk, item);
+    int before = 0;
+    ApiReply reply = findItem(walk, list, item);
     if (reply.isDone())
         reply = findInMenu(walk, contextPath(item), isAction, "removeFromPlaylists", action);
+    if (reply.isDone())
+        reply = walk.count(list, before);
+    const Check isGone = [&] {
+        int after = 0;
+        ApiReply now = walk.count(list, after);
+        QJsonObject left;
+        if (now.isDone() && after >= before) // others may have added something
+            now = walk.rowAt(list, row, left);
+        return left.isEmpty() || roleText(left, "Path") != roleText(item, "Path")
+                   ? now
+                   : ApiReply::refusal(
+                         QStringLiteral("sent, but the row is still there; the service refused"));
+    };
     return finish(context, reply, {{roleText(action, "Path")}},
-                  QStringLiteral("removed %1").arg(quotedTitle(item)));
+                  QStringLiteral("removed %1").arg(quotedTitle(item)), isGone);
 }
 
 /// The menu that moves an item has two rows: where to, and the action.
 int PlaylistCommand::move(const CommandContext& context) const
 {
     const TreeWalk walk(context.api);
+    QString list;
     QJsonObject item;
     QJsonObject mover;
     QJsonObject field;
     QJsonObject action;
-    ApiReply reply = findItem(walk, item);
+    ApiReply reply = findItem(walk, list, item);
     if (reply.isDone())
         reply = findInMenu(walk, contextPath(item), isContainer, "moveTrack", mover);
     const QString menu = roleText(mover, "Path");

@@ -7,7 +7,8 @@ namespace cli {
 
 /// The commands of `kelo playlist`: they find the menus, choosers and forms that a screen would
 /// show, fill them in and submit them. Made for one run, used on the main thread. Everything is
-/// looked up before anything is sent.
+/// looked up before anything is sent. Actions answer the same whether the service took them or not,
+/// so where it can be told the lists are looked at afterwards.
 struct PlaylistCommand
 {
     QString id; ///< the playlist's, or the path of its row
@@ -31,11 +32,13 @@ private:
     [[nodiscard]] static ApiReply findCollection(const TreeWalk& walk, QString& path);
     [[nodiscard]] static ApiReply findPlaylists(const TreeWalk& walk, QString& list);
     [[nodiscard]] ApiReply findPlaylist(const TreeWalk& walk, QJsonObject& playlist) const;
-    [[nodiscard]] ApiReply findItem(const TreeWalk& walk, QJsonObject& item) const;
+    [[nodiscard]] ApiReply findItem(const TreeWalk& walk, QString& list, QJsonObject& item) const;
     [[nodiscard]] ApiReply fillForm(const TreeWalk& walk, const QString& form,
                                     EditSteps& steps) const;
+    /// Looks whether an edit has happened; a refusal when it has not.
+    using Check = std::function<ApiReply()>;
     int finish(const CommandContext& context, const ApiReply& found, const EditSteps& steps,
-               const QString& done) const;
+               const QString& done, const Check& check = nullptr) const;
 };
 
 } // namespace cli

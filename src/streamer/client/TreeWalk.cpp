@@ -140,6 +140,16 @@ ApiReply TreeWalk::rowAt(const QString& list, int number, QJsonObject& row) cons
     return reply;
 }
 
+ApiReply TreeWalk::count(const QString& list, int& items) const
+{
+    const ApiReply reply = RowsCommand::fetch(m_api, list, 0, 0);
+    const QJsonObject first =
+        reply.document.value(QLatin1String("rows")).toArray().at(0).toObject();
+    items =
+        contextPath(first).isEmpty() ? 0 : reply.document.value(QLatin1String("rowsCount")).toInt();
+    return reply;
+}
+
 ApiReply TreeWalk::data(const QString& path, QJsonObject& roles) const
 {
     const ApiReply reply = m_api.get(QStringLiteral("data"), {{QStringLiteral("path"), path}});

@@ -38,6 +38,8 @@ public:
                                 QJsonObject& row) const;
     /// The row at a number; a number behind the last one is a refusal.
     [[nodiscard]] ApiReply rowAt(const QString& list, int number, QJsonObject& row) const;
+    /// How many items a list has; a row that only says that there are none is no item.
+    [[nodiscard]] ApiReply count(const QString& list, int& items) const;
     /// A node's data roles.
     [[nodiscard]] ApiReply data(const QString& path, QJsonObject& roles) const;
     /// The context menu of the row or list at \p path; a menu's own path is given back.
