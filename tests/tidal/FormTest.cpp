@@ -26,7 +26,12 @@ protected:
         EXPECT_FALSE(
             world.set(form + q("/description"), text(description)).reply().error().isSet());
     }
-    QString field(const QString& path) { return CMRoot().value(CMPath(path)).string_(); }
+    /// A field once the worker is idle: a form is cleared in the turn in which it is answered.
+    QString field(const QString& path)
+    {
+        world.onWorker([] {});
+        return CMRoot().value(CMPath(path)).string_();
+    }
     /// The user's playlist of that title, as the service holds it.
     QJsonObject playlist(const QString& title)
     {

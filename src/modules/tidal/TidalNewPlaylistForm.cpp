@@ -114,7 +114,11 @@ void TidalPlaylistForm::addItem(const CMPath& formPath, const QString& playlistI
         // Whatever is no track is added as an album; deliberate.
         path.addParam(QStringLiteral("type"), KeloTidalAlbums());
     }
-    const CMReply<QVariant> reply = CMRoot().invoke(path, 1);
+    // As from outside, so that it has a deadline: an edit is begun again for as long as its request
+    // waits.
+    const CMSetDataRequest addition(path, KeloRoles::Value(), 1);
+    CMRoot().request(addition);
+    const CMReply<QVariant> reply = addition.reply();
     reply.addWatcher(this, [reply] {
         if (const CMError error = reply.error(); error.isSet())
             KELO_LOG("Tidal", ERROR)
