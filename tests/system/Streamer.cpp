@@ -128,10 +128,11 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
 
 bool Streamer::startDemo(const QStringList& arguments)
 {
+    // A demo says where it listens once it is logged in.
     return start(QByteArray(), QStringList{QStringLiteral("--demo")} + arguments)
-        && waitForEvent("login", [](const QJsonObject& login) {
-               return login.value(QStringLiteral("loggedIn")).toBool();
-           });
+        && get(QStringLiteral("/api/v1/login"))
+               .body.value(QStringLiteral("loggedIn"))
+               .toBool();
 }
 
 int Streamer::stop()

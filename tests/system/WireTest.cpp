@@ -144,9 +144,9 @@ TEST_F(WireTest, playingAsksForTheTrackAndItsStreamNoBetterThanTheSubscription)
     QStringList requests = requestsOf(*sim, "/tracks/6000001");
     requests.sort();
     EXPECT_EQ(requests,
-              QStringList({"GET /tracks/6000001?countryCode=NO",
-                           "GET /tracks/6000001/playbackinfopostpaywall?countryCode=NO"
-                           "&playbackmode=STREAM&assetpresentation=FULL&audioquality=HIGH"}));
+              QStringList({"GET /tracks/6000001/playbackinfopostpaywall?countryCode=NO"
+                           "&playbackmode=STREAM&assetpresentation=FULL&audioquality=HIGH",
+                           "GET /tracks/6000001?countryCode=NO"}));
 }
 
 TEST_F(WireTest, noSecretIsInTheLog)
