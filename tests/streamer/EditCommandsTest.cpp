@@ -87,8 +87,10 @@ protected:
                 streamer.answerAfter(earlier, call, {200, page});
         };
         answer(0, 49);
-        for (size_t i = 0; i <= rows.size(); ++i)
-            answer(i, i);
+        for (size_t from = 0; from <= rows.size(); ++from) {
+            for (size_t to = from; to <= rows.size() + 1; ++to)
+                answer(from, to);
+        }
     }
 
     void addData(const std::string& path, const std::string& roles)
@@ -248,6 +250,8 @@ TEST_F(EditCommands, tellWhenTheServiceTookNothing)
         EXPECT_EQ(run.out, "");
         EXPECT_EQ(sent().size(), 1u);
     }
+    addRows(list, {track("2")}, "", set); // another row went than the one that was meant
+    EXPECT_THAT(streamer.run({"playlist", "remove", "p1", "1"}).err, HasSubstr("another order"));
 }
 
 TEST_F(EditCommands, menuShowsWhatActionsSayOfThemselves)

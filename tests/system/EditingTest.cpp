@@ -8,8 +8,7 @@
 #include <QUrl>
 #include <thread>
 
-namespace
-{
+namespace {
 const QString created = QStringLiteral("/tidal/myMusic/req/created/users/playlists");
 const QString newTracks = QStringLiteral("/tidal/req/featured/new/tracks");
 const QString bigPlaylist = QStringLiteral("f2ebea3a-0590-4f3c-8ac8-c11a0a12af21"); // 400 tracks
@@ -36,8 +35,8 @@ public:
 
     QJsonArray items(const QString& path, int limit = 9999)
     {
-        const std::string target = "/v1" + path.toStdString() + "?countryCode=NO&offset=0&limit="
-            + std::to_string(limit);
+        const std::string target =
+            "/v1" + path.toStdString() + "?countryCode=NO&offset=0&limit=" + std::to_string(limit);
         const auto result = m_http.Get(target.c_str(), {{"Authorization", m_token}});
         return result ? QJsonDocument::fromJson(QByteArray::fromStdString(result->body))
                             .object()
@@ -79,9 +78,8 @@ public:
     }
     void removeFavoriteAlbum(qint64 id)
     {
-        const std::string path =
-            "/v1" + user.toStdString() + "/favorites/albums/" + std::to_string(id)
-            + "?countryCode=NO";
+        const std::string path = "/v1" + user.toStdString() + "/favorites/albums/" +
+                                 std::to_string(id) + "?countryCode=NO";
         m_http.Delete(path.c_str(), {{"Authorization", m_token}});
     }
     /// Adds a track at the end, with a fresh tag as often as it takes.
@@ -187,7 +185,7 @@ protected:
     std::unique_ptr<OtherClient> service;
     Streamer streamer;
 };
-}
+} // namespace
 
 TEST_F(EditingTest, aFavoriteIsMadeSeenAndTakenBack)
 {

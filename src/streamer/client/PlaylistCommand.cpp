@@ -264,6 +264,8 @@ int PlaylistCommand::add(const CommandContext& context) const
                   QStringLiteral("added %1to %2").arg(what, quotedTitle(playlist)), hasGrown);
 }
 
+/// Afterwards the row is looked for where it and its neighbours were, since a service that shows
+/// the playlist in another order than its own takes the row's number for another item.
 int PlaylistCommand::remove(const CommandContext& context) const
 {
     const TreeWalk walk(context.api);
@@ -271,21 +273,20 @@ int PlaylistCommand::remove(const CommandContext& context) const
     QJsonObject item;
     QJsonObject action;
     int before = 0;
+    const int first = qMax(0, row - 1);
     ApiReply reply = findItem(walk, list, item);
+    const QString path = roleText(item, "Path");
     if (reply.isDone())
         reply = findInMenu(walk, contextPath(item), isAction, "removeFromPlaylists", action);
     if (reply.isDone())
-        reply = walk.count(list, before);
+        reply = walk.countOf(list, first, row + 1, path, before);
     const Check isGone = [&] {
         int after = 0;
-        ApiReply now = walk.count(list, after);
-        QJsonObject left;
-        if (now.isDone() && after >= before) // others may have added something
-            now = walk.rowAt(list, row, left);
-        return left.isEmpty() || roleText(left, "Path") != roleText(item, "Path")
-                   ? now
-                   : ApiReply::refusal(
-                         QStringLiteral("sent, but the row is still there; the service refused"));
+        const ApiReply now = walk.countOf(list, first, row, path, after);
+        return after < before ? now
+                              : ApiReply::refusal(QStringLiteral(
+                                    "sent, but the row is still there: the service refused, or the "
+                                    "playlist is shown in another order than its own"));
     };
     return finish(context, reply, {{roleText(action, "Path")}},
                   QStringLiteral("removed %1").arg(quotedTitle(item)), isGone);

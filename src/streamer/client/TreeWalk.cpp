@@ -150,6 +150,18 @@ ApiReply TreeWalk::count(const QString& list, int& items) const
     return reply;
 }
 
+ApiReply TreeWalk::countOf(const QString& list, int from, int to, const QString& wanted,
+                           int& rows) const
+{
+    const ApiReply reply = RowsCommand::fetch(m_api, list, from, to);
+    const QJsonArray page = reply.document.value(QLatin1String("rows")).toArray();
+    rows =
+        static_cast<int>(std::count_if(page.begin(), page.end(), [&wanted](const QJsonValue& row) {
+            return roleText(row.toObject(), "Path") == wanted;
+        }));
+    return reply;
+}
+
 ApiReply TreeWalk::data(const QString& path, QJsonObject& roles) const
 {
     const ApiReply reply = m_api.get(QStringLiteral("data"), {{QStringLiteral("path"), path}});

@@ -40,6 +40,9 @@ public:
     [[nodiscard]] ApiReply rowAt(const QString& list, int number, QJsonObject& row) const;
     /// How many items a list has; a row that only says that there are none is no item.
     [[nodiscard]] ApiReply count(const QString& list, int& items) const;
+    /// How many of the rows \p from to \p to have the path \p wanted.
+    [[nodiscard]] ApiReply countOf(const QString& list, int from, int to, const QString& wanted,
+                                   int& rows) const;
     /// A node's data roles.
     [[nodiscard]] ApiReply data(const QString& path, QJsonObject& roles) const;
     /// The context menu of the row or list at \p path; a menu's own path is given back.
