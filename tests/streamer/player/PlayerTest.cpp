@@ -37,6 +37,7 @@ TEST_F(PlayerTest, PlaysWhatAPathNames)
         {"/fake/segments/one", "ok", "open fake:201 0"},
         {"/fake/params?song=9", "ok", "open fake:202 0"},
         {pathOf("999"), "no such row", ""},
+        {"/fake/alone?trackId=55", "ok", "open fake:55 0"}, // a row below no list
         {"/fake/nowhere", "no such list", ""},
         {"/fake/texts", "nothing in this list can be played", ""},
         {"/fake/disabled?trackId=301", "Track 301 cannot be played", ""},

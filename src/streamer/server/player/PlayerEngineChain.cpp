@@ -36,7 +36,7 @@ void PlayerEngine::onFound(const RowFinder::Found& found)
         return onListEnd(found);
     m_chain.at = found.entry;
     m_chain.skips = m_chain.skips || found.isList;
-    if (!found.entry.isPlayable())
+    if (found.entry.id.isEmpty() && !found.entry.isPlayable())
         return refuse(QStringLiteral("%1 cannot be played").arg(found.entry.row.title()));
     resolve();
 }

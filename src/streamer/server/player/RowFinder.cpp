@@ -113,7 +113,11 @@ void RowFinder::find(const CMPath& path, Done done)
     }
     CMPath list = path;
     list.removeParam(trackIdParam);
-    search({{list}, 0, isRow, [this](const QueueEntry& entry) { finish(entry); }});
+    search({{list}, 0, isRow, [this, id = path.param(trackIdParam)](const QueueEntry& entry) {
+                // Rows that stand in no list of their own, as a radio's do, name their track.
+                const bool isListMissing = m_found.error.name() == CMError::NotFoundName();
+                finish(entry.isEmpty() && isListMissing ? QueueEntry{{}, id, {}, -1} : entry);
+            }});
 }
 
 void RowFinder::onOwnRows(const CMPath& path, const Page& page)

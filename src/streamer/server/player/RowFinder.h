@@ -21,7 +21,8 @@ public:
     };
     using Done = std::function<void(const Found&)>;
 
-    /// Finds the row at a path, or the first playable row when a list stands there.
+    /// Finds the row at a path, or the first playable row when a list stands there. A path that
+    /// names a track below no list is found as that track alone.
     void find(const CMPath& path, Done done);
     /// Finds the nearest playable row after (`step` 1) or before (-1) an entry in its list.
     void next(const QueueEntry& entry, int step, Done done);
