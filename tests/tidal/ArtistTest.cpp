@@ -217,12 +217,12 @@ TEST_F(ArtistTest, ABiographyLosesItsLinks)
 
 TEST_F(ArtistTest, FailuresSayWhyOrEndAtTheDeadline)
 {
-    CMDeadlines deadlines;
-    deadlines.rows = deadlines.set = std::chrono::milliseconds(300);
-    CMRoot().setDeadlines(deadlines);
     const std::string gone = R"({"status":404,"userMessage":"Bio of artist [7] not found"})";
     EXPECT_EQ(errorOf(bio(gone, 404)), q("Not found"));
     EXPECT_EQ(errorOf(bio("", 200)), QString());
+    CMDeadlines deadlines;
+    deadlines.rows = deadlines.set = std::chrono::milliseconds(300);
+    CMRoot().setDeadlines(deadlines);
     for (const char* body : {"", "<html>", "{}", "[]"}) {
         const CMSetDataRequest request = bio(body, 500);
         wait(request.reply());
