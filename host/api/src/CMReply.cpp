@@ -3,6 +3,7 @@
 #include "KeloLog.h"
 #include "KeloPost.h"
 
+#include <algorithm>
 #include <chrono>
 #include <QThread>
 
@@ -57,9 +58,13 @@ bool CMVoidReplyData::finish(const std::function<void()>& store, Origin origin)
         m_origin = origin;
         watchers.swap(m_watchers);
     }
+    // Who is woken finds the hooks' work done.
+    const auto firstWatcher =
+        std::stable_partition(watchers.begin(), watchers.end(),
+                              [](const Watcher& watcher) { return watcher.isAnyThread; });
+    std::for_each(watchers.begin(), firstWatcher, run);
     m_done.notify_all();
-    for (const Watcher& watcher : watchers)
-        run(watcher);
+    std::for_each(firstWatcher, watchers.end(), run);
     return true;
 }
 
