@@ -128,7 +128,7 @@ TEST_F(TreeTest, everyRequestIsAnsweredAlsoWhereNobodyStands)
     EXPECT_EQ(errorOf(set("/demo/nothing", 1)), QStringLiteral("NotAvailable"));
     EXPECT_EQ(errorOf(set("/demo/hold", 1)), QStringLiteral("Refused"));
     EXPECT_EQ(errorOf(set("/demo/list", 1)), QStringLiteral("Refused"));
-    EXPECT_EQ(CMRoot().pendingRequests(), 0);
+    EXPECT_EQ(CMRoot().pendingRequests(), 0) << "each was answered on this thread";
 }
 
 TEST_F(TreeTest, aListAnswersSlicesAndCopiesParametersOntoRowsThatReferToNodes)
@@ -190,7 +190,6 @@ TEST_F(TreeTest, aRequestIsAnsweredAtItsDeadlineAndALateAnswerIsDropped)
     EXPECT_EQ(errorOf(reply), CMError::DeadlineName());
     worker->held.reply().setValue(1);
     EXPECT_FALSE(reply.value().isValid());
-    EXPECT_EQ(CMRoot().pendingRequests(), 0);
 }
 
 TEST_F(TreeTest, aStoppedWorkerOwesNothing)
