@@ -1,15 +1,16 @@
 // One rows request through the whole chain, and a bare libcurl fetch of the same body, for counting
 // instructions. Modes:
 //   kelo-chain-bench service            serves until stdin ends; prints its address and a token
-//   kelo-chain-bench chain URL TOKEN N   N rows requests, from CMRoot::request to the finished reply
-//   kelo-chain-bench curl URL TOKEN N    N fetches with one easy handle that keeps its connection
+//   kelo-chain-bench chain URL TOKEN N   N rows requests, from CMRoot::request to the finished
+//   reply kelo-chain-bench curl URL TOKEN N    N fetches with one easy handle that keeps its
+//   connection
 #include "ModuleWorld.h"
 #include <curl/curl.h>
 #include <iostream>
-#include <limits>
 #include <kelo/CMRoot.h>
 #include <kelo/CMWorkerThread.h>
 #include <kelosim/SimServer.h>
+#include <limits>
 #include <log4cplus/initializer.h>
 #include <log4cplus/logger.h>
 #include <log4cplus/loglevel.h>
@@ -17,8 +18,7 @@
 #include <unistd.h>
 #include <vector>
 
-namespace
-{
+namespace {
 const char* const listPath = "/tidal/req/featured/new/tracks";
 const char* const listUrl = "/v1/featured/new/tracks?countryCode=NO&offset=0&limit=50";
 
@@ -43,9 +43,7 @@ int chain(const QString& url, const QString& token, int count)
     CMWorkerThread hostThread;
     hostThread.start("host", [&] { return new HostValues(url + QStringLiteral("/v1"), token); });
     CMWorkerThread moduleThread;
-    moduleThread.start("module", [&] {
-        return new TidalWorker(QVariantHash());
-    });
+    moduleThread.start("module", [&] { return new TidalWorker(QVariantHash()); });
     // Kept, so that what is counted ends with the finished reply: dropping the rows comes after it.
     std::vector<CMGetRowsRequest> answered;
     for (int i = 0; i < count; ++i) {
@@ -90,7 +88,7 @@ int fetch(const std::string& url, const std::string& token, int count)
     curl_easy_cleanup(easy);
     return result;
 }
-}
+} // namespace
 
 int main(int argc, char** argv)
 {

@@ -2,8 +2,7 @@
 #include <kelo/CMPath.h>
 #include <QSet>
 
-namespace
-{
+namespace {
 CMPath path(const char* encoded)
 {
     bool ok = false;
@@ -11,12 +10,13 @@ CMPath path(const char* encoded)
     EXPECT_TRUE(ok) << encoded;
     return result;
 }
-}
+} // namespace
 
 TEST(CMPathTest, encodedTextBringsEveryPathBackUnchanged)
 {
     CMPath hostile(QStringLiteral("/a b/ä?#%41/\u4e2d"));
-    hostile.addParam(QStringLiteral("query"), QStringLiteral("AC/DC & \"x\" = ? # %20 + \U0001F3B5\n"));
+    hostile.addParam(QStringLiteral("query"),
+                     QStringLiteral("AC/DC & \"x\" = ? # %20 + \U0001F3B5\n"));
     hostile.addParam(QStringLiteral("k&=ey"), QString());
     hostile.addParam(QStringLiteral("zz"), QStringLiteral("~-._"));
     hostile.addParam(QStringLiteral("zero"), QString(1, QChar(0)) + QStringLiteral("x"));

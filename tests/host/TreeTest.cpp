@@ -12,8 +12,7 @@
 #include <kelo/KeloPost.h>
 #include <QEventLoop>
 
-namespace
-{
+namespace {
 CMPath path(const char* encoded)
 {
     return CMPath::fromEncoded(QString::fromUtf8(encoded));
@@ -110,7 +109,7 @@ protected:
     DemoWorker* worker = nullptr;
     CMError lastError;
 };
-}
+} // namespace
 
 TEST_F(TreeTest, everyRequestIsAnsweredAlsoWhereNobodyStands)
 {
@@ -232,15 +231,15 @@ TEST_F(TreeTest, noticesReachTheOpenPathsTheyAreMeantFor)
     subscription->changedStartingWith(path("/demo/lis"), CMSubscribe::RowsChangeClose());
     CMRoot().closeRows(one);
     worker->list->rowsClear();
-    const std::vector<std::pair<QString, QString>> expected{
-        {"/demo/list?a=1&b=2", "-4"}, {"/demo/list?a=1&b=2", "close"}, {"/demo/list/deep", "close"}};
+    const std::vector<std::pair<QString, QString>> expected{{"/demo/list?a=1&b=2", "-4"},
+                                                            {"/demo/list?a=1&b=2", "close"},
+                                                            {"/demo/list/deep", "close"}};
     EXPECT_EQ(seen, expected);
     EXPECT_EQ(subscription->rowsVersion(path("/demo/list")), version + 4);
     CMRoot().closeRows(two);
 }
 
-namespace
-{
+namespace {
 class Listener : public QObject
 {
     Q_OBJECT
@@ -257,7 +256,7 @@ public Q_SLOTS:
             loop.quit();
     }
 };
-}
+} // namespace
 
 TEST_F(TreeTest, aValueItemLoadsBeforeOrAfterTheValueIsThereAndTellsEveryChangeInOrder)
 {

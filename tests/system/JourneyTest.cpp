@@ -4,8 +4,7 @@
 #include <kelosim/SimServer.h>
 #include <QJsonArray>
 
-namespace
-{
+namespace {
 QJsonObject rowAt(const QJsonObject& page, int index)
 {
     return page.value(QStringLiteral("rows")).toArray().at(index).toObject();
@@ -25,20 +24,20 @@ QStringList titles(const QJsonObject& page)
 }
 
 const QString newAlbums = QStringLiteral("/tidal/req/featured/new/albums");
-}
+} // namespace
 
 TEST(JourneyTest, aListenerBrowsesToAnAlbumAndPlaysItThroughToTheNextTrack)
 {
     Streamer streamer;
-    ASSERT_TRUE(streamer.startDemo({QStringLiteral("--fault"), QStringLiteral("short-tracks=2")})
-                || streamer.startDemo())
+    ASSERT_TRUE(streamer.startDemo({QStringLiteral("--fault"), QStringLiteral("short-tracks=2")}) ||
+                streamer.startDemo())
         << streamer.errors().toStdString();
 
-    EXPECT_EQ(titles(streamer.rows(QStringLiteral("/tidal"))),
-              QStringList({"New", "TIDAL Rising", "TIDAL Discovery", "Playlists", "Genres",
-                           "My Music"}));
-    EXPECT_EQ(streamer.rows(QStringLiteral("/tidal/new")).value(QStringLiteral("rowsCount")).toInt(),
-              13);
+    EXPECT_EQ(
+        titles(streamer.rows(QStringLiteral("/tidal"))),
+        QStringList({"New", "TIDAL Rising", "TIDAL Discovery", "Playlists", "Genres", "My Music"}));
+    EXPECT_EQ(
+        streamer.rows(QStringLiteral("/tidal/new")).value(QStringLiteral("rowsCount")).toInt(), 13);
 
     const QJsonObject albums = streamer.rows(newAlbums);
     EXPECT_EQ(albums.value(QStringLiteral("rows")).toArray().size(), 50);
@@ -61,8 +60,8 @@ TEST(JourneyTest, aListenerBrowsesToAnAlbumAndPlaysItThroughToTheNextTrack)
     const Outcome play = streamer.kelo({QStringLiteral("play"), text(rowAt(tracks, 0), "Path")});
     ASSERT_EQ(play.status, 0) << play.err.toStdString();
     EXPECT_TRUE(streamer.waitForEvent("player", [](const QJsonObject& player) {
-        return text(player, "state") == QLatin1String("playing")
-            && player.value(QStringLiteral("positionMs")).toDouble() > 0;
+        return text(player, "state") == QLatin1String("playing") &&
+               player.value(QStringLiteral("positionMs")).toDouble() > 0;
     }));
     const QString first = text(streamer.kelo({"status", "--json"}).json(), "title");
     EXPECT_FALSE(first.isEmpty());
@@ -205,8 +204,8 @@ TEST(JourneyTest, aServeThatCannotServeSaysWhy)
         file.close();
         const Outcome outcome = Streamer::run(
             QStringList{"serve", "--config", file.fileName(), "--listen", "127.0.0.1:0",
-                        "--state-dir", dir.filePath("state"), "--output", "null"}
-            + item.arguments);
+                        "--state-dir", dir.filePath("state"), "--output", "null"} +
+            item.arguments);
         EXPECT_EQ(outcome.status, item.status) << item.said << outcome.err.toStdString();
         EXPECT_TRUE(outcome.err.contains(item.said)) << outcome.err.toStdString();
     }

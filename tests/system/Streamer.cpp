@@ -13,8 +13,7 @@ constexpr int stopLimitMs = 10000;
 constexpr int stopLimitMs = 2000;
 #endif
 
-namespace
-{
+namespace {
 httplib::Client clientOf(const QString& url)
 {
     httplib::Client client(url.toStdString());
@@ -70,7 +69,7 @@ private:
     QByteArray m_buffer;
     bool m_hasFound = false;
 };
-}
+} // namespace
 
 QJsonObject Outcome::json() const
 {
@@ -90,11 +89,19 @@ QByteArray Streamer::settingsFor(const kelosim::SimServer& sim)
     const QByteArray base = QByteArray::fromStdString(sim.baseUrl());
     return "[deadlines]\nrows_s = 4\ndata_s = 4\nset_s = 8\n"
            "[tidal]\n"
-           "api_url = \"" + base + "/v1\"\n"
-           "image_url = \"" + base + "/images/\"\n"
+           "api_url = \"" +
+           base +
+           "/v1\"\n"
+           "image_url = \"" +
+           base +
+           "/images/\"\n"
            "[tidal.oauth2]\n"
-           "device_code_url = \"" + base + "/v1/oauth2/device_authorization\"\n"
-           "token_url = \"" + base + "/v1/oauth2/token\"\n"
+           "device_code_url = \"" +
+           base +
+           "/v1/oauth2/device_authorization\"\n"
+           "token_url = \"" +
+           base +
+           "/v1/oauth2/token\"\n"
            "client_id = \"kelo-demo\"\nclient_secret = \"kelo-demo-secret\"\n";
 }
 
@@ -105,10 +112,15 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
     if (!config.open(QIODevice::WriteOnly) || config.write(settings) != settings.size())
         return false;
     config.close();
-    QStringList all{QStringLiteral("serve"), QStringLiteral("--config"), file,
-                    QStringLiteral("--listen"), QStringLiteral("127.0.0.1:0"),
-                    QStringLiteral("--state-dir"), m_dir.filePath(QStringLiteral("state")),
-                    QStringLiteral("--output"), QStringLiteral("null")};
+    QStringList all{QStringLiteral("serve"),
+                    QStringLiteral("--config"),
+                    file,
+                    QStringLiteral("--listen"),
+                    QStringLiteral("127.0.0.1:0"),
+                    QStringLiteral("--state-dir"),
+                    m_dir.filePath(QStringLiteral("state")),
+                    QStringLiteral("--output"),
+                    QStringLiteral("null")};
     all += arguments;
     m_process = std::make_unique<QProcess>();
     m_process->setProcessChannelMode(QProcess::SeparateChannels);
@@ -129,10 +141,8 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
 bool Streamer::startDemo(const QStringList& arguments)
 {
     // A demo says where it listens once it is logged in.
-    return start(QByteArray(), QStringList{QStringLiteral("--demo")} + arguments)
-        && get(QStringLiteral("/api/v1/login"))
-               .body.value(QStringLiteral("loggedIn"))
-               .toBool();
+    return start(QByteArray(), QStringList{QStringLiteral("--demo")} + arguments) &&
+           get(QStringLiteral("/api/v1/login")).body.value(QStringLiteral("loggedIn")).toBool();
 }
 
 int Streamer::stop()
@@ -178,16 +188,16 @@ Outcome Streamer::kelo(const QStringList& arguments) const
 
 QJsonObject Streamer::rows(const QString& path, const QStringList& arguments) const
 {
-    const Outcome outcome = kelo(
-        QStringList{QStringLiteral("rows"), path, QStringLiteral("--json")} + arguments);
+    const Outcome outcome =
+        kelo(QStringList{QStringLiteral("rows"), path, QStringLiteral("--json")} + arguments);
     EXPECT_EQ(outcome.status, 0) << path.toStdString() << ": " << outcome.err.toStdString();
     return outcome.json();
 }
 
 QString Streamer::rowsError(const QString& path) const
 {
-    const Answer answer =
-        get(QStringLiteral("/api/v1/rows?path=") + QString::fromUtf8(QUrl::toPercentEncoding(path)));
+    const Answer answer = get(QStringLiteral("/api/v1/rows?path=") +
+                              QString::fromUtf8(QUrl::toPercentEncoding(path)));
     EXPECT_GE(answer.status, 400) << path.toStdString();
     return answer.body.value(QStringLiteral("detail")).toString();
 }
@@ -208,8 +218,8 @@ Streamer::Answer Streamer::get(const QString& path) const
 
 Streamer::Answer Streamer::post(const QString& path, const QByteArray& json) const
 {
-    return answerOf(clientOf(m_url).Post(path.toStdString().c_str(), json.toStdString(),
-                                         "application/json"));
+    return answerOf(
+        clientOf(m_url).Post(path.toStdString().c_str(), json.toStdString(), "application/json"));
 }
 
 bool Streamer::waitForEvent(const QByteArray& name, const Predicate& predicate,
@@ -221,8 +231,8 @@ bool Streamer::waitForEvent(const QByteArray& name, const Predicate& predicate,
     const auto start = std::chrono::steady_clock::now();
     const std::string path = "/api/v1/events" + query.toStdString();
     client.Get(path.c_str(), [&](const char* data, std::size_t size) {
-        return reader.take(data, size)
-            && std::chrono::steady_clock::now() - start < std::chrono::milliseconds(timeoutMs);
+        return reader.take(data, size) &&
+               std::chrono::steady_clock::now() - start < std::chrono::milliseconds(timeoutMs);
     });
     return reader.hasFound();
 }

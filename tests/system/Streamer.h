@@ -7,8 +7,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
-namespace kelosim
-{
+namespace kelosim {
 class SimServer;
 }
 

@@ -6,8 +6,7 @@
 #include <QJsonDocument>
 #include <QUrl>
 
-namespace
-{
+namespace {
 /// A request as the service saw it: method, path below /v1 and the query in order.
 QStringList requestsOf(const kelosim::SimServer& sim, const QString& pathStart)
 {
@@ -20,10 +19,11 @@ QStringList requestsOf(const kelosim::SimServer& sim, const QString& pathStart)
             continue;
         QStringList items;
         for (const QJsonValue& item : entry.value(QStringLiteral("query")).toArray())
-            items << item.toArray().at(0).toString() + QLatin1Char('=')
-                    + item.toArray().at(1).toString();
-        lines << entry.value(QStringLiteral("method")).toString() + QLatin1Char(' ') + path.mid(3)
-                + (items.isEmpty() ? QString() : QLatin1Char('?') + items.join(QLatin1Char('&')));
+            items << item.toArray().at(0).toString() + QLatin1Char('=') +
+                         item.toArray().at(1).toString();
+        lines << entry.value(QStringLiteral("method")).toString() + QLatin1Char(' ') + path.mid(3) +
+                     (items.isEmpty() ? QString()
+                                      : QLatin1Char('?') + items.join(QLatin1Char('&')));
     }
     return lines;
 }
@@ -32,10 +32,13 @@ QString headerOf(const kelosim::SimServer& sim, const QString& pathStart, const 
 {
     const QJsonArray log = QJsonDocument::fromJson(QByteArray::fromStdString(sim.log())).array();
     for (const QJsonValue& value : log) {
-        if (!value.toObject().value(QStringLiteral("path")).toString().startsWith(
-                QStringLiteral("/v1") + pathStart))
+        if (!value.toObject()
+                 .value(QStringLiteral("path"))
+                 .toString()
+                 .startsWith(QStringLiteral("/v1") + pathStart))
             continue;
-        for (const QJsonValue& header : value.toObject().value(QStringLiteral("headers")).toArray()) {
+        for (const QJsonValue& header :
+             value.toObject().value(QStringLiteral("headers")).toArray()) {
             if (header.toArray().at(0).toString().compare(name, Qt::CaseInsensitive) == 0)
                 return header.toArray().at(1).toString();
         }
@@ -61,8 +64,8 @@ protected:
 
     Streamer::Answer rows(const QString& path, const QString& range = QString())
     {
-        return streamer.get(QStringLiteral("/api/v1/rows?path=")
-                            + QString::fromUtf8(QUrl::toPercentEncoding(path)) + range);
+        return streamer.get(QStringLiteral("/api/v1/rows?path=") +
+                            QString::fromUtf8(QUrl::toPercentEncoding(path)) + range);
     }
 
     std::unique_ptr<kelosim::SimServer> sim;
@@ -71,7 +74,7 @@ protected:
 using WireTest = ServiceTest;
 using SetupTest = ServiceTest;
 using FaultTest = ServiceTest;
-}
+} // namespace
 
 TEST_F(WireTest, theFirstRequestSetsTheSessionUpInOrder)
 {
@@ -110,7 +113,8 @@ TEST_F(WireTest, everyListAsksWithItsOwnPathAndItemsInOrder)
         {"/tidal/req/albums?contentId=500001", "&from=0&to=9",
          "GET /albums/500001/tracks?countryCode=NO&offset=0&limit=10"},
         {"/tidal/req/playlists?contentId=abc", "&from=0&to=9",
-         "GET /playlists/abc/tracks?countryCode=NO&order=INDEX&orderDirection=ASC&offset=0&limit=10"},
+         "GET "
+         "/playlists/abc/tracks?countryCode=NO&order=INDEX&orderDirection=ASC&offset=0&limit=10"},
         {"/tidal/search/choose/req/tracks?query=a%26b%3D%2F%C3%A5", "&from=0&to=9",
          "GET /search/tracks?query=a&b=/\u00e5&countryCode=NO&offset=0&limit=10"},
         {"/tidal/myMusic/req/favorites/users/albums", "&from=0&to=9",
@@ -160,8 +164,8 @@ TEST_F(WireTest, noSecretIsInTheLog)
     streamer.stop();
     const QByteArray log = streamer.errors();
     EXPECT_TRUE(log.contains("Url get request: ")) << log.left(2000).toStdString();
-    EXPECT_TRUE(log.contains(
-        "Enter virtual void TidalWorker::getRowsRequest(const CMGetRowsRequest&): "));
+    EXPECT_TRUE(
+        log.contains("Enter virtual void TidalWorker::getRowsRequest(const CMGetRowsRequest&): "));
     EXPECT_FALSE(log.contains("Bearer "));
     EXPECT_FALSE(log.contains("kelo-demo-secret"));
     const int token = log.indexOf("token=");
@@ -201,9 +205,9 @@ TEST_F(FaultTest, eachFailureOfTheServiceIsOneAnswerWithItsText)
 {
     ASSERT_EQ(rows("/tidal").status, 200);
     const QStringList lists{
-        "/tidal/req/featured/new/albums", "/tidal/req/albums?contentId=500001",
+        "/tidal/req/featured/new/albums",           "/tidal/req/albums?contentId=500001",
         "/tidal/search/choose/req/artists?query=a", "/tidal/myMusic/req/favorites/users/tracks",
-        "/tidal/req/featured/new/playlists", "/tidal/myMusic/req/created/users/playlists"};
+        "/tidal/req/featured/new/playlists",        "/tidal/myMusic/req/created/users/playlists"};
     const struct
     {
         const char* fault;
@@ -232,7 +236,8 @@ TEST_F(FaultTest, eachFailureOfTheServiceIsOneAnswerWithItsText)
             const std::string where = std::string(fault.fault) + " " + list.toStdString();
             if (*fault.text) {
                 EXPECT_EQ(answer.status, 502) << where;
-                EXPECT_EQ(answer.body.value("detail").toString().toStdString(), fault.text) << where;
+                EXPECT_EQ(answer.body.value("detail").toString().toStdString(), fault.text)
+                    << where;
             } else {
                 EXPECT_EQ(answer.status, 200) << where;
                 EXPECT_EQ(answer.body.value("rowsCount").toInt(), 1) << where;

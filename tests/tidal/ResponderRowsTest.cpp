@@ -151,6 +151,11 @@ TEST_F(ResponderRows, ShowsATrackThatPlaysItsList)
                                        {"artists", "A, x_1,B_2"},
                                        {"playlistId", "u 1"}}));
     }
+    const auto reordered = answered(list, 0, 0, page(R"({"id":5,"title":"T","index":42})", 50));
+    const QVariant context = rowAt(reordered, 0).context().toHash().value(KeloRoles::Path());
+    EXPECT_EQ(encoded(context.toString().toUtf8().constData()).param(QStringLiteral("rowNum")),
+              QStringLiteral("42"))
+        << "an edit names the place in the playlist, whatever the order of the rows";
 }
 
 TEST_F(ResponderRows, ShowsArtistsWithTheStoredRowBehindTheLast)

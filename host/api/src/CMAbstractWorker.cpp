@@ -54,8 +54,7 @@ private:
     std::vector<Connection> m_connections;
 };
 
-namespace
-{
+namespace {
 /// Runs on the receiver's thread as the connection type wants.
 void deliver(QObject* receiver, Qt::ConnectionType type, std::function<void()> call)
 {
@@ -66,7 +65,7 @@ void deliver(QObject* receiver, Qt::ConnectionType type, std::function<void()> c
     else
         keloPostOrCall(receiver, std::move(call));
 }
-}
+} // namespace
 
 CMAbstractWorker::CMAbstractWorker(QObject* parent)
     : QObject(parent), m_connections(new Connections)
@@ -117,9 +116,8 @@ void CMAbstractWorker::connectValueChange(const CMPath& path, QObject* receiver,
 {
     const CMSlot target(receiver, slot, Qt::DirectConnection);
     const auto listener = [=](const KeloValue& newValue, const KeloValue& oldValue) {
-        deliver(receiver, type, [=] {
-            target.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, oldValue));
-        });
+        deliver(receiver, type,
+                [=] { target.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, oldValue)); });
     };
     m_connections->add(Connections::Value, path, receiver, CMRoot().watchValue(path, listener));
 }

@@ -3,8 +3,7 @@
 #include "CMUINode.h"
 #include "KeloLog.h"
 
-namespace
-{
+namespace {
 CMError nothingAt(const CMPath& path)
 {
     return CMError(CMError::NotFoundName(),
@@ -27,7 +26,7 @@ void serve(CMNode* node, const Request& request, bool (CMNode::*operation)(const
                 TrString(TrCharData{"CMNodesWorker", "%1 does not take this request", nullptr},
                          {request.path().toEncoded()})));
 }
-}
+} // namespace
 
 CMNodesWorker::CMNodesWorker(const QVariantHash& settings, const QString& serviceId,
                              QObject* parent)

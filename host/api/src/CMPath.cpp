@@ -10,16 +10,15 @@ public:
     Params params;
 };
 
-namespace
-{
+namespace {
 const QString emptyText;
 const CMPath::Params emptyParams;
 
 /// RFC 3986 2.3.
 bool isUnreserved(uchar c)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-'
-        || c == '.' || c == '_' || c == '~';
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
+           c == '.' || c == '_' || c == '~';
 }
 
 /// What stays as it is in an encoded base.
@@ -107,7 +106,7 @@ bool startsWithSegments(const QString& text, const QString& start, int& end)
     end = head.size();
     return end == text.size() || text.at(end) == QLatin1Char('/');
 }
-}
+} // namespace
 
 CMPath::CMPath() = default;
 

@@ -2,13 +2,12 @@
 
 #include <vector>
 
-namespace
-{
+namespace {
 CMError hostError(const QString& name, const char* text)
 {
     return CMError(name, TrString(TrCharData{"CMRoot", text, nullptr}));
 }
-}
+} // namespace
 
 void CMPendingReplies::add(const CMVoidReply& reply, CMAbstractWorker* worker,
                            std::chrono::milliseconds deadline)

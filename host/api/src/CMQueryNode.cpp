@@ -34,10 +34,10 @@ bool CMQueryNode::getRowsRequest(const CMGetRowsRequest& request)
 
     CMNode* answerer = nodes()->find(target);
     if (!answerer || request.path().param(query).isEmpty()) {
-        request.reply().setError(
-            CMError(CMError::BadRequestName(),
-                    TrString(TrCharData{"CMQueryNode", "What to search for is missing: %1", nullptr},
-                             {query})));
+        request.reply().setError(CMError(
+            CMError::BadRequestName(),
+            TrString(TrCharData{"CMQueryNode", "What to search for is missing: %1", nullptr},
+                     {query})));
         return true;
     }
     target.addParams(request.path().params());

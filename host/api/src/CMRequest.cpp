@@ -1,7 +1,6 @@
 #include "CMRequest.h"
 
-namespace
-{
+namespace {
 class GetDataRequestData : public CMRequestData
 {
 public:
@@ -29,10 +28,7 @@ class GetRowsRequestData : public CMRequestData
 public:
     GetRowsRequestData(const CMPath& path, int from, int to, const QStringList& roles,
                        int rowsVersion, const CMVoidReply& reply)
-        : CMRequestData(path, reply),
-          m_from(from),
-          m_to(to),
-          m_rowsVersion(rowsVersion),
+        : CMRequestData(path, reply), m_from(from), m_to(to), m_rowsVersion(rowsVersion),
           m_roles(roles)
     {
     }
@@ -46,10 +42,9 @@ public:
 template <class Kind>
 KeloShared<CMRequestData> asKind(const CMRequest& request)
 {
-    return dynamic_cast<Kind*>(request.data().get()) ? request.data()
-                                                     : KeloShared<CMRequestData>();
+    return dynamic_cast<Kind*>(request.data().get()) ? request.data() : KeloShared<CMRequestData>();
 }
-}
+} // namespace
 
 CMRequestData* CMRequest::d() const
 {

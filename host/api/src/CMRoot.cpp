@@ -2,16 +2,15 @@
 
 #include "CMAbstractWorker.h"
 #include "CMPendingReplies.h"
+#include "CMSlot.h"
 #include "CMWatchers.h"
 #include "CMWorkerRoute.h"
-#include "CMSlot.h"
 #include "KeloLog.h"
 
 #include <atomic>
 #include <map>
 
-namespace
-{
+namespace {
 /// The state behind every CMRoot. Lives to the end of the process.
 struct RootState
 {
@@ -57,9 +56,9 @@ RootState& state()
 
 CMError notFound(const CMPath& path)
 {
-    return CMError(CMError::NotFoundName(),
-                   TrString(TrCharData{"CMRoot", "There is nothing at %1", nullptr},
-                            {path.toEncoded()}));
+    return CMError(
+        CMError::NotFoundName(),
+        TrString(TrCharData{"CMRoot", "There is nothing at %1", nullptr}, {path.toEncoded()}));
 }
 
 /// Hands the request to the operation of its kind.
@@ -105,7 +104,7 @@ void route(const CMRequest& request, std::chrono::milliseconds deadline)
     root.pending.add(request.reply(), visit.worker(), deadline);
     dispatch(visit.worker(), request);
 }
-}
+} // namespace
 
 bool CMRoot::addWorker(CMAbstractWorker* worker) const
 {

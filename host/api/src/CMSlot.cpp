@@ -6,8 +6,7 @@
 #include "KeloUrl.h"
 #include "KeloValue.h"
 
-namespace
-{
+namespace {
 /// The method of a coded or bare signature; invalid when there is none.
 QMetaMethod methodOf(const QMetaObject* meta, const char* signature, QMetaMethod::MethodType kind)
 {
@@ -18,7 +17,7 @@ QMetaMethod methodOf(const QMetaObject* meta, const char* signature, QMetaMethod
                                                   : meta->indexOfMethod(normalized);
     return index < 0 ? QMetaMethod() : meta->method(index);
 }
-}
+} // namespace
 
 CMSlot::CMSlot(QObject* receiver, const char* slot, Qt::ConnectionType type) : m_type(type)
 {

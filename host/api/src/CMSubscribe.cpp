@@ -17,8 +17,8 @@ public:
     mutable std::mutex mutex;
     quint64 lastId = 0;
     std::map<quint64, OpenPath> open;
-    QHash<CMPath, int> clients;      ///< open paths by number of clients, never zero
-    QHash<QString, int> versions;    ///< by base; absent: 0
+    QHash<CMPath, int> clients;   ///< open paths by number of clients, never zero
+    QHash<QString, int> versions; ///< by base; absent: 0
 };
 
 CMSubscribe::CMSubscribe(QObject* parent) : QObject(parent), d(new Private) {}
@@ -48,7 +48,8 @@ quint64 CMSubscribe::openRows(const CMPath& path, RowsListener listener)
         isFirst = ++d->clients[path] == 1;
     }
     if (isFirst)
-        Q_EMIT rowsPathAdded(path);
+        Q_EMIT
+    rowsPathAdded(path);
     return id;
 }
 
@@ -67,7 +68,8 @@ void CMSubscribe::closeRows(quint64 id)
             return;
         d->clients.erase(clients);
     }
-    Q_EMIT rowsPathRemoved(path);
+    Q_EMIT
+    rowsPathRemoved(path);
 }
 
 void CMSubscribe::rowsChanged(const CMPath& path, const QVariant& change, int count,

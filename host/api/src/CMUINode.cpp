@@ -94,8 +94,8 @@ KeloRoles CMUINode::getDataRoles(const CMPath::Params& params) const
     if (!contextPath.isEmpty()) {
         // The menu's own roles; its path alone while the node is not there.
         const auto* menu = nodes() ? qobject_cast<CMUINode*>(nodes()->find(contextPath)) : nullptr;
-        KeloRoles context = menu && menu != this ? menu->getDataRoles(contextPath.params())
-                                                 : KeloRoles();
+        KeloRoles context =
+            menu && menu != this ? menu->getDataRoles(contextPath.params()) : KeloRoles();
         context.setPath(contextPath);
         roles.setContext(context.toVariant());
     }

@@ -16,7 +16,7 @@ public:
     KeloValue value;
     bool isLoaded = false;
     quint64 watch = 0;
-    CMSlot slot;           ///< direct: deliver() sees to the thread
+    CMSlot slot;            ///< direct: deliver() sees to the thread
     QPointer<QObject> item; ///< what posted notices need to be alive
 
     /// Any thread. The first value that is not empty loads the item; a read that a publication has

@@ -27,9 +27,9 @@ public:
     {
         int length = -1;
         for (const QString& prefix : m_prefixes) {
-            if (prefix.size() > length && path.base().startsWith(prefix)
-                && (path.base().size() == prefix.size()
-                    || path.base().at(prefix.size()) == QLatin1Char('/')))
+            if (prefix.size() > length && path.base().startsWith(prefix) &&
+                (path.base().size() == prefix.size() ||
+                 path.base().at(prefix.size()) == QLatin1Char('/')))
                 length = prefix.size();
         }
         return length;

@@ -67,7 +67,8 @@ void CMWorkerThread::stop()
     if (!d->thread.joinable())
         return;
     CMRoot().removeWorker(d->worker);
-    // The loop quits in a turn of its own, after what is queued; then the worker goes, on its thread.
+    // The loop quits in a turn of its own, after what is queued; then the worker goes, on its
+    // thread.
     keloPost(d->worker, [this] { d->loop->quit(); });
     d->thread.join();
     d->worker = nullptr;

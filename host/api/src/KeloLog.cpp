@@ -6,18 +6,18 @@
 #include <mutex>
 #include <string>
 
-namespace
-{
+namespace {
 void appendEscaped(QString& to, const QString& text)
 {
     for (const QChar c : text) {
-        if (c.unicode() >= 0x20 && c.unicode() != 0x7f && !(c.unicode() >= 0x80 && c.unicode() < 0xa0))
+        if (c.unicode() >= 0x20 && c.unicode() != 0x7f &&
+            !(c.unicode() >= 0x80 && c.unicode() < 0xa0))
             to += c;
         else
             to += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
     }
 }
-}
+} // namespace
 
 const log4cplus::Logger& keloLogger(const char* name)
 {
@@ -38,11 +38,8 @@ KeloLogLine::KeloLogLine(const char* logger, log4cplus::LogLevel level, const ch
 }
 
 KeloLogLine::KeloLogLine(KeloLogLine&& other) noexcept
-    : m_logger(std::exchange(other.m_logger, nullptr)),
-      m_level(other.m_level),
-      m_file(other.m_file),
-      m_line(other.m_line),
-      m_text(std::move(other.m_text))
+    : m_logger(std::exchange(other.m_logger, nullptr)), m_level(other.m_level),
+      m_file(other.m_file), m_line(other.m_line), m_text(std::move(other.m_text))
 {
 }
 
@@ -120,11 +117,16 @@ KeloLogLine dbglog_scopedFunction(const char* signature, const char* logger)
 
 QString keloUrlForLog(const QString& url)
 {
-    static const QStringList harmless{
-        QStringLiteral("countryCode"),  QStringLiteral("offset"),         QStringLiteral("limit"),
-        QStringLiteral("query"),        QStringLiteral("filter"),         QStringLiteral("order"),
-        QStringLiteral("orderDirection"), QStringLiteral("playbackmode"),
-        QStringLiteral("assetpresentation"), QStringLiteral("audioquality")};
+    static const QStringList harmless{QStringLiteral("countryCode"),
+                                      QStringLiteral("offset"),
+                                      QStringLiteral("limit"),
+                                      QStringLiteral("query"),
+                                      QStringLiteral("filter"),
+                                      QStringLiteral("order"),
+                                      QStringLiteral("orderDirection"),
+                                      QStringLiteral("playbackmode"),
+                                      QStringLiteral("assetpresentation"),
+                                      QStringLiteral("audioquality")};
     QString shown = url;
     const int scheme = shown.indexOf(QLatin1String("://"));
     if (scheme >= 0) {

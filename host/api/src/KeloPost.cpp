@@ -4,8 +4,7 @@
 
 #include <QThread>
 
-namespace
-{
+namespace {
 /// A function on its way to another thread. The shared handle pairs the sender's writes with the
 /// receiver's reads, however the event queue in between is locked.
 class PostedCall
@@ -27,7 +26,7 @@ private:
     };
     KeloShared<Call> m_call;
 };
-}
+} // namespace
 
 void keloPost(QObject* receiver, std::function<void()> function)
 {

@@ -3,8 +3,7 @@
 #include <map>
 #include <mutex>
 
-namespace
-{
+namespace {
 struct Players
 {
     std::mutex mutex;
@@ -16,7 +15,7 @@ Players& players()
     static Players all;
     return all;
 }
-}
+} // namespace
 
 PlayLogicInterface::~PlayLogicInterface() = default;
 

@@ -295,7 +295,10 @@ QVariantList TidalTrackRows::row(const KeloTidalApiTrackResponse& track, int pos
     m_plan.set(row, Plan::MediaData, [&] { return mediaData(album, names, id.view()); });
     m_plan.set(row, Plan::Context, [&] {
         joinPairs(m_artists, artists);
-        const Decimal number(qint64(m_from) + position);
+        // Edits name an item of a playlist by its place there, which the service says beside it: in
+        // another order the row is not the place.
+        const KeloJson place = m_playlist.empty() ? KeloJson() : json.value("index");
+        const Decimal number(place.toInt64(qint64(m_from) + position));
         return m_playlist.empty()
                    ? m_context.roles({id.view(), type, number.view(), m_artists})
                    : m_context.roles({id.view(), type, number.view(), m_artists, m_playlist});

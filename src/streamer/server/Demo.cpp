@@ -4,7 +4,8 @@ bool Demo::start(QString* error)
 {
     kelosim::SimOptions options;
     options.autoApproveLogin = true;
-    options.faults = {"device-code interval=1 expires=300"}; // a start that waits for the login is quick
+    options.faults = {
+        "device-code interval=1 expires=300"}; // a start that waits for the login is quick
     m_server = std::make_unique<kelosim::SimServer>(options);
     std::string fault;
     if (m_server->start(&fault))

@@ -5,8 +5,8 @@
 #include "KeloValue.h"
 #include <QObject>
 
-/// What the root routes to: something that answers the requests below a prefix. Lives on a thread of
-/// its own with an event loop. The request operations are called on any thread.
+/// What the root routes to: something that answers the requests below a prefix. Lives on a thread
+/// of its own with an event loop. The request operations are called on any thread.
 class KELO_EXPORT CMAbstractWorker : public QObject
 {
     Q_OBJECT

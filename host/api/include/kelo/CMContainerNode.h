@@ -42,9 +42,10 @@ public:
     void setAcceptPath(const CMPath& path);
 
     /// Answers a rows request from runs of rows that follow one another. `copyPathParams`: the
-    /// request path's parameters are added to the path of every row that refers to a node. `rowsRoles`
-    /// gives row types and, where set, the container's roles; else they are this node's data roles.
-    /// A range below zero or upside down is answered with an error. Always returns true.
+    /// request path's parameters are added to the path of every row that refers to a node.
+    /// `rowsRoles` gives row types and, where set, the container's roles; else they are this node's
+    /// data roles. A range below zero or upside down is answered with an error. Always returns
+    /// true.
     bool respondGetRowsRequest(const CMGetRowsRequest& request,
                                const std::vector<CMDynamicContent>& contents, int rowsVersion,
                                const KeloRowsRoles& rowsRoles, bool copyPathParams);

@@ -26,8 +26,8 @@ public:
     CMSubscribe* subscribe() const;
     std::mutex& mutex() const { return m_mutex; }
 
-    /// Each serves a request, now or later, and returns true, or refuses it with false and leaves the
-    /// reply to the worker. The base versions refuse.
+    /// Each serves a request, now or later, and returns true, or refuses it with false and leaves
+    /// the reply to the worker. The base versions refuse.
     virtual bool getDataRequest(const CMGetDataRequest& request);
     virtual bool setDataRequest(const CMSetDataRequest& request);
     virtual bool getRowsRequest(const CMGetRowsRequest& request);

@@ -4,10 +4,10 @@
 
 class CMNode;
 
-/// Base of a module's worker: answers requests from a tree of nodes. The node at the exact base of a
-/// request's path answers, else the nearest ancestor; what a node refuses, and a path without a node,
-/// is answered with an error. The base versions of the request operations serve on the caller's
-/// thread; a module overrides them to move requests to its own.
+/// Base of a module's worker: answers requests from a tree of nodes. The node at the exact base of
+/// a request's path answers, else the nearest ancestor; what a node refuses, and a path without a
+/// node, is answered with an error. The base versions of the request operations serve on the
+/// caller's thread; a module overrides them to move requests to its own.
 class KELO_EXPORT CMNodesWorker : public CMWorker
 {
     Q_OBJECT

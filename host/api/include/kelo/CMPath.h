@@ -63,14 +63,14 @@ public:
     QStringList splitBase() const;
 
     /// The path as one text: `base?k=v&k=v`, keys sorted, every key and value percent-encoded
-    /// (RFC 3986, unreserved characters stay). In the base only "%", "?", "#" and characters that are
-    /// not printable ASCII are encoded, so that fromEncoded() brings every path back unchanged.
+    /// (RFC 3986, unreserved characters stay). In the base only "%", "?", "#" and characters that
+    /// are not printable ASCII are encoded, so that fromEncoded() brings every path back unchanged.
     QString toEncoded() const;
     /// Reads the text form; `ok` tells whether it was well-formed (an escape that is not two hex
     /// digits, text that is not UTF-8 or a parameter without a name is not).
     static CMPath fromEncoded(const QString& text, bool* ok = nullptr);
-    /// Appends "name=value" to an encoded path or query in the form that toEncoded() writes; for rows
-    /// that share a path and differ in one parameter. The caller keeps the keys in order.
+    /// Appends "name=value" to an encoded path or query in the form that toEncoded() writes; for
+    /// rows that share a path and differ in one parameter. The caller keeps the keys in order.
     static void appendEncodedParam(QString& text, const QString& name, const QString& value);
     /// Percent-encodes a key or value as toEncoded() does.
     static QString encodeParam(const QString& text);

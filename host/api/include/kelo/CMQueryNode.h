@@ -1,9 +1,9 @@
 #pragma once
 #include "CMUINode.h"
 
-/// A shown node that takes a text to search for. A client adds the text as the query parameter to the
-/// query path and asks for that path's rows; a rows request on this node that carries the parameter is
-/// answered by the node at the query path.
+/// A shown node that takes a text to search for. A client adds the text as the query parameter to
+/// the query path and asks for that path's rows; a rows request on this node that carries the
+/// parameter is answered by the node at the query path.
 class KELO_EXPORT CMQueryNode : public CMUINode
 {
     Q_OBJECT

@@ -40,7 +40,8 @@ protected:
 private:
     struct Watcher
     {
-        QPointer<QObject> receiver; ///< null pointer with isAnyThread set: run on the finishing thread
+        QPointer<QObject>
+            receiver; ///< null pointer with isAnyThread set: run on the finishing thread
         bool isAnyThread = false;
         Qt::ConnectionType type = Qt::AutoConnection;
         std::function<void()> callback;
@@ -91,8 +92,8 @@ public:
     /// Blocks until finished; negative: no limit. Never runs an event loop. False on time-out.
     bool waitForFinished(int timeoutMs) const;
     /// Calls back once when the reply is finished, or soon when it is already: on the receiver's
-    /// thread, directly when that is the finishing thread and the type is not queued. Not called when
-    /// the receiver is gone. With a null receiver it runs on the finishing thread.
+    /// thread, directly when that is the finishing thread and the type is not queued. Not called
+    /// when the receiver is gone. With a null receiver it runs on the finishing thread.
     void addWatcher(QObject* receiver, std::function<void()> callback,
                     Qt::ConnectionType type = Qt::AutoConnection) const;
 

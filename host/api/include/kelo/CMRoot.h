@@ -43,8 +43,8 @@ public:
 
     /// The value at a path, empty when there is none: a locked read that never waits for a worker.
     KeloValue value(const CMPath& path) const;
-    /// Data roles of the node that stands at the path's base, with the path's parameters; empty when
-    /// there is none. A locked read.
+    /// Data roles of the node that stands at the path's base, with the path's parameters; empty
+    /// when there is none. A locked read.
     KeloRoles dataRoles(const CMPath& path) const;
     /// As dataRoles(), of the node that serves the path, which may be an ancestor's.
     KeloRoles servingRoles(const CMPath& path) const;
@@ -59,8 +59,8 @@ public:
     quint64 watchValue(const CMPath& path, ValueListener listener) const;
     using DataListener = std::function<void(const CMPath& path)>;
     quint64 watchData(const CMPath& path, DataListener listener) const;
-    /// Ends a watch; after the return the listener does not run any more, unless this is called from
-    /// within it.
+    /// Ends a watch; after the return the listener does not run any more, unless this is called
+    /// from within it.
     void unwatch(quint64 id) const;
 
     /// For CMSubscribe alone: hands a change to the watchers.

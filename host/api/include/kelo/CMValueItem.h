@@ -5,9 +5,9 @@
 #include <memory>
 #include <QObject>
 
-/// Watches the value at a path of the host tree, also before anybody publishes it. The slot, in Qt's
-/// coded form, is called on the receiver's thread with the new and the old value, or the new one
-/// alone, for the first value (old one empty) and for every change, never from the constructor.
+/// Watches the value at a path of the host tree, also before anybody publishes it. The slot, in
+/// Qt's coded form, is called on the receiver's thread with the new and the old value, or the new
+/// one alone, for the first value (old one empty) and for every change, never from the constructor.
 /// value() is always the latest, so it may be ahead of the slot.
 class KELO_EXPORT CMValueItem : public QObject
 {

@@ -12,8 +12,8 @@ class CMRequest;
 KELO_EXPORT const log4cplus::Logger& keloLogger(const char* name);
 
 /// One line of a log, built with << and written when it goes out of scope. Texts from outside have
-/// their control characters escaped, so that a line stays one line. When the level is off, nothing is
-/// formatted.
+/// their control characters escaped, so that a line stays one line. When the level is off, nothing
+/// is formatted.
 class KELO_EXPORT KeloLogLine
 {
 public:
@@ -45,7 +45,8 @@ private:
 /// adds with <<. Give Q_FUNC_INFO as signature.
 KELO_EXPORT KeloLogLine dbglog_scopedFunction(const char* signature, const char* logger);
 
-#define KELO_LOG(logger, level) KeloLogLine(logger, log4cplus::level##_LOG_LEVEL, __FILE__, __LINE__)
+#define KELO_LOG(logger, level)                                                                    \
+    KeloLogLine(logger, log4cplus::level##_LOG_LEVEL, __FILE__, __LINE__)
 
 /// A text that must not be seen: prints as "***". Compares and converts only when asked by name.
 class KELO_EXPORT KeloSecret

@@ -2,8 +2,7 @@
 #include "KeloNames.h"
 
 /// Media types (RFC 6838) by name.
-namespace MimeTypes
-{
+namespace MimeTypes {
 struct Audio
 {
     KELO_NAME(unknown, "audio/unknown")
@@ -12,4 +11,4 @@ struct Text
 {
     KELO_NAME(plain, "text/plain")
 };
-}
+} // namespace MimeTypes

@@ -1,8 +1,8 @@
 #pragma once
 #include <QString>
 
-/// Declares a static function that returns a name: of a role, a key, a path. The text is static data,
-/// made once.
+/// Declares a static function that returns a name: of a role, a key, a path. The text is static
+/// data, made once.
 #define KELO_NAME(function, text)                                                                  \
     static const QString& function()                                                               \
     {                                                                                              \

@@ -2,9 +2,9 @@
 #include "KeloHash.h"
 #include "KeloRoles.h"
 
-/// Payload of a rows reply: the rows, how many rows the list has in all, and the version of the list
-/// that they belong to. Members are kept apart from the hash, so that a page of rows is handed on
-/// without a copy.
+/// Payload of a rows reply: the rows, how many rows the list has in all, and the version of the
+/// list that they belong to. Members are kept apart from the hash, so that a page of rows is handed
+/// on without a copy.
 class KELO_EXPORT KeloRowsRoles
 {
 public:

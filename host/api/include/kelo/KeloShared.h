@@ -16,10 +16,10 @@ public:
     mutable std::atomic<int> m_references{0};
 };
 
-/// Counted handle to shared data, cheap to copy and safe to hand to another thread: making a handle is
-/// a release store and reading it an acquire load, so a receiver sees what was written before the
-/// hand-over whatever carried it (a queued call, a list behind a lock).
-/// The handle itself is not for concurrent writers. T may be incomplete where handles are only copied.
+/// Counted handle to shared data, cheap to copy and safe to hand to another thread: making a handle
+/// is a release store and reading it an acquire load, so a receiver sees what was written before
+/// the hand-over whatever carried it (a queued call, a list behind a lock). The handle itself is
+/// not for concurrent writers. T may be incomplete where handles are only copied.
 template <class T>
 class KeloShared
 {

@@ -3,8 +3,9 @@
 #include "KeloExport.h"
 #include "KeloNames.h"
 
-// Paths and words of the TIDAL service, shared by the module, the program and the tests. What begins
-// with "/" and is a QString is a piece of a path; what is a CMPath stands in the host tree as it is.
+// Paths and words of the TIDAL service, shared by the module, the program and the tests. What
+// begins with "/" and is a QString is a piece of a path; what is a CMPath stands in the host tree
+// as it is.
 
 #define KELO_TIDAL_WORD(function, text)                                                            \
     inline const QString& function()                                                               \
@@ -16,8 +17,8 @@
 KELO_TIDAL_WORD(KeloService_Tidal_Id, "tidal") ///< identifier of the service
 KELO_TIDAL_WORD(KeloTidalName, "tidal")        ///< its name at the OAuth2 service
 
-KELO_TIDAL_WORD(KeloTidalRequest, "/req")               ///< marks paths that a service request answers
-KELO_TIDAL_WORD(KeloTidalContextIdentifier, "context")  ///< in the base of every context menu's path
+KELO_TIDAL_WORD(KeloTidalRequest, "/req") ///< marks paths that a service request answers
+KELO_TIDAL_WORD(KeloTidalContextIdentifier, "context") ///< in the base of every context menu's path
 KELO_TIDAL_WORD(KeloTidalRootPathMyMusic, "myMusic")
 
 // Paths of the service's web API; the synthetic requests that carry an answer home use them too.
@@ -58,7 +59,8 @@ KELO_TIDAL_WORD(KeloTidalUpdatePlaylists, "/updatePlaylists")
 
 // Playing.
 KELO_TIDAL_WORD(KeloTidalPrePlayPath, "/prePlay")
-KELO_TIDAL_WORD(KeloTidalPlayItemPrefix, "tidalitem://") ///< leads a track id that is not an address yet
+KELO_TIDAL_WORD(KeloTidalPlayItemPrefix,
+                "tidalitem://") ///< leads a track id that is not an address yet
 
 #undef KELO_TIDAL_WORD
 

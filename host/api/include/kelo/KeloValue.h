@@ -8,9 +8,9 @@ class KeloOAuth2Info;
 class KeloTidalSettings;
 class KeloTidalSoundQuality;
 
-/// A typed value in a hash: the key "type" holds the type's name, and the key of that name the value
-/// itself, for example {"type":"string_","string_":"Asc"}. A reader of another type yields that
-/// type's empty value.
+/// A typed value in a hash: the key "type" holds the type's name, and the key of that name the
+/// value itself, for example {"type":"string_","string_":"Asc"}. A reader of another type yields
+/// that type's empty value.
 class KELO_EXPORT KeloValue : public KeloHash
 {
 public:

@@ -6,12 +6,12 @@
 
 /// HTTP client on the event loop of the thread it lives on, where alone it is called.
 ///
-/// Every call ends in exactly one queued invocation of the member of the receiver, whatever happens:
-/// answer, time-out, abort, body above the limit, refused connection; never from inside the call. The
-/// member is a bare name of an invokable method with the arguments (KeloUrl url, HttpClientPrivate
-/// userData, int status, int code, QByteArray body, HttpClientHeaders headers). An answer that did
-/// not arrive whole has status 0, an empty body, and a code that says why; else the code is
-/// NoFailure. A receiver that is gone by then gets nothing.
+/// Every call ends in exactly one queued invocation of the member of the receiver, whatever
+/// happens: answer, time-out, abort, body above the limit, refused connection; never from inside
+/// the call. The member is a bare name of an invokable method with the arguments (KeloUrl url,
+/// HttpClientPrivate userData, int status, int code, QByteArray body, HttpClientHeaders headers).
+/// An answer that did not arrive whole has status 0, an empty body, and a code that says why; else
+/// the code is NoFailure. A receiver that is gone by then gets nothing.
 class KELO_HTTP_EXPORT HttpClient : public QObject
 {
     Q_OBJECT
@@ -43,8 +43,8 @@ public:
     /// The content type is application/x-www-form-urlencoded unless a header says otherwise.
     void* post(KeloUrl const& url, QByteArray const& body, QObject* receiver, char const* member,
                HttpClientOptions const& options);
-    void* delete_(KeloUrl const& url, QByteArray const& body, QObject* receiver,
-                  char const* member, HttpClientOptions const& options);
+    void* delete_(KeloUrl const& url, QByteArray const& body, QObject* receiver, char const* member,
+                  HttpClientOptions const& options);
 
     /// Ends a call as Aborted; nothing for a handle that is not under way.
     void abort(void* handle);

@@ -3,8 +3,8 @@
 #include <kelo/CMRequest.h>
 #include <QMetaType>
 
-/// User data of a HTTP call: the request or requests of the content tree on whose behalf it is made.
-/// The client hands it back with the answer, untouched.
+/// User data of a HTTP call: the request or requests of the content tree on whose behalf it is
+/// made. The client hands it back with the answer, untouched.
 class KELO_HTTP_EXPORT HttpClientPrivate
 {
 public:

@@ -71,8 +71,8 @@ private:
     GstElement* m_playbin;
     QString m_note;
     mutable Handover m_handover;
-    /// Set last by the constructor and read first by the streaming threads, which GStreamer hands the
-    /// object to: what was written before is seen there.
+    /// Set last by the constructor and read first by the streaming threads, which GStreamer hands
+    /// the object to: what was written before is seen there.
     std::atomic<bool> m_isMade{false};
 
     // Of the player's thread alone.
