@@ -123,12 +123,12 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
                     QStringLiteral("null")};
     all += arguments;
     m_process = std::make_unique<QProcess>();
-    m_process->setProcessChannelMode(QProcess::SeparateChannels);
+    // Into a file: a pipe that nobody reads would stop the streamer when it is full.
+    m_process->setStandardErrorFile(m_dir.filePath(QStringLiteral("serve.log")), QIODevice::Append);
     m_process->start(QStringLiteral(KELO_PROGRAM), all);
     while (!m_process->canReadLine()) {
         if (!m_process->waitForReadyRead(60000)) {
             m_process->waitForFinished(5000);
-            m_errors += m_process->readAllStandardError();
             return false;
         }
     }
@@ -153,7 +153,6 @@ int Streamer::stop()
         m_process->waitForFinished(5000);
         return -1;
     }
-    m_errors += m_process->readAllStandardError();
     return m_process->exitStatus() == QProcess::NormalExit ? m_process->exitCode() : -2;
 }
 
@@ -162,11 +161,10 @@ bool Streamer::isRunning() const
     return m_process && m_process->state() == QProcess::Running;
 }
 
-QByteArray Streamer::errors()
+QByteArray Streamer::errors() const
 {
-    if (m_process)
-        m_errors += m_process->readAllStandardError();
-    return m_errors;
+    QFile log(m_dir.filePath(QStringLiteral("serve.log")));
+    return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
 }
 
 Outcome Streamer::run(const QStringList& arguments)

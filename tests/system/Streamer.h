@@ -39,7 +39,7 @@ public:
     bool isRunning() const;
     QString url() const { return m_url; }
     /// What it has said on stderr so far.
-    QByteArray errors();
+    QByteArray errors() const;
 
     /// Runs `kelo` against this streamer.
     Outcome kelo(const QStringList& arguments) const;
@@ -71,5 +71,4 @@ private:
     QTemporaryDir m_dir;
     std::unique_ptr<QProcess> m_process;
     QString m_url;
-    QByteArray m_errors;
 };

@@ -172,6 +172,26 @@ TEST_F(WireTest, noSecretIsInTheLog)
     EXPECT_TRUE(token < 0 || log.mid(token + 6, 3) == "***") << log.mid(token, 60).toStdString();
 }
 
+TEST_F(WireTest, aTokenThatTheServiceRefusesIsReplaced)
+{
+    const QString list = QStringLiteral("/tidal/req/featured/new/albums");
+    ASSERT_EQ(rows(list).status, 200);
+    sim->reset();
+    sim->expireTokens();
+    EXPECT_EQ(rows(list).body.value("detail").toString().toStdString(), "Unauthorized");
+    ASSERT_TRUE(sim->waitForRequests("/oauth2/token", 1, 20000));
+    int status = 0;
+    for (int i = 0; i < 500 && status != 200; ++i)
+        status = rows(list).status;
+    EXPECT_EQ(status, 200);
+    EXPECT_EQ(requestsOf(*sim, "/oauth2/token").size(), 1) << "one refusal or many, one refresh";
+
+    // What is refused for playback is no matter of the token.
+    sim->addFault("status path=/tracks/6000001 status=401 sub=4005 message=Not%20ready");
+    EXPECT_EQ(streamer.post("/api/v1/player/play", "{\"path\":\"6000001\"}").status, 502);
+    EXPECT_EQ(requestsOf(*sim, "/oauth2/token").size(), 1);
+}
+
 TEST_F(SetupTest, requestsThatComeDuringTheSetUpAreServedInOrderOrAllFail)
 {
     sim->addFault("status path=/sessions status=500 count=1");

@@ -17,3 +17,9 @@ const QString& KeloOAuth2AccessTokenSubPath()
     static const QString segment = QStringLiteral("accessToken");
     return segment;
 }
+
+const QString& KeloOAuth2RefreshSubPath()
+{
+    static const QString segment = QStringLiteral("refresh");
+    return segment;
+}

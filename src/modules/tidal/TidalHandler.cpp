@@ -1,5 +1,6 @@
 #include "TidalHandler.h"
 #include "TidalWorker.h"
+#include <kelo/CMRoot.h>
 #include <kelo/CMValueItem.h>
 #include <kelo/HttpClient.h>
 #include <kelo/KeloLog.h>
@@ -105,6 +106,14 @@ void* TidalHandler::deleteCall(QString path, QList<QPair<QString, QString>>& que
     return m_httpClient->delete_(
         url, QByteArray(), receiver, member,
         requestOptions(userData, timeoutMs, readSizeLimit, authorized(headers)));
+}
+
+void TidalHandler::reportRefusedToken()
+{
+    CMPath path = KeloOAuth2ServicePath();
+    path.appendSubpath(KeloTidalName());
+    path.appendSubpath(KeloOAuth2RefreshSubPath());
+    CMRoot().invoke(path, accessToken());
 }
 
 QString TidalHandler::accessToken() const

@@ -36,6 +36,9 @@ public:
     void setAccount(QString const& sessionId, QString const& countryCode, qint64 userId);
     KeloTidalAccount getAccount() const { return m_account; }
     void setAccountSoundQuality(KeloTidalSoundQualities::Enum quality);
+    /// Asks the host's OAuth2 service for another token, because the service refused the present one.
+    /// Does not wait; requests take up the new token as soon as it is published.
+    void reportRefusedToken();
 
     /// The three ways to send. The address is the API's base URL followed by the path as it is; the
     /// member is a method of the receiver with the signature of the responder's answer slots. They

@@ -26,6 +26,13 @@ QString messageOf(int status)
     }
     return QStringLiteral("unknown Error");
 }
+
+/// Whether an answer says that the access token is no longer good. A 401 of 4000 to 4999 is about
+/// playback, which no new token helps (the service's API).
+bool isTokenRefused(int status, int subStatus)
+{
+    return status == 401 && (subStatus < 4000 || subStatus > 4999);
+}
 } // namespace
 
 TidalNodeResponder::TidalNodeResponder(const QString& name, TidalHandler* handler)
@@ -105,6 +112,8 @@ QString TidalNodeResponder::resolveError(KeloTidalApiErrorResponse error, int st
     KELO_LOG("Tidal", ERROR) << "Http response error: " << message << " code: " << status
                              << " sub status: " << error.subStatus()
                              << " user message: " << error.userMessage();
+    if (isTokenRefused(status, error.subStatus()))
+        m_handler->reportRefusedToken();
     return message;
 }
 

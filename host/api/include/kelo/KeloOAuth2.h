@@ -100,6 +100,9 @@ KELO_EXPORT CMPath KeloOAuth2ServicePath();
 KELO_EXPORT CMPath KeloOAuth2AddServicePath();
 /// Segment below a service's login state at which its access token stands.
 KELO_EXPORT const QString& KeloOAuth2AccessTokenSubPath();
+/// Segment below a service's login state that takes an access token that the service refused, a
+/// string: when it is still the present one, another is fetched.
+KELO_EXPORT const QString& KeloOAuth2RefreshSubPath();
 
 Q_DECLARE_METATYPE(KeloOAuth2Info)
 Q_DECLARE_METATYPE(KeloOAuth2ServiceInfo)

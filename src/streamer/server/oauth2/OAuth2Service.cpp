@@ -53,7 +53,7 @@ void OAuth2Service::addNodes(CMNodes* nodes)
     logout->setTitle(
         TrString(TrCharData{trExtractContext(Q_FUNC_INFO), "Log out of %1", nullptr}, name));
     auto* refresh =
-        CMActivateNode::create(nodes, below(m_path, QStringLiteral("refresh")), this,
+        CMActivateNode::create(nodes, below(m_path, KeloOAuth2RefreshSubPath()), this,
                                SLOT(on_refresh(CMSetDataRequest)), Qt::QueuedConnection);
     refresh->setTitle(KELO_TR("Renew the access token"));
 
