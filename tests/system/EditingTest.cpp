@@ -13,6 +13,7 @@ const QString created = QStringLiteral("/tidal/myMusic/req/created/users/playlis
 const QString newTracks = QStringLiteral("/tidal/req/featured/new/tracks");
 const QString bigPlaylist = QStringLiteral("f2ebea3a-0590-4f3c-8ac8-c11a0a12af21"); // 400 tracks
 const QString albumWithGaps = QStringLiteral("500017");
+const QString longAlbum = QStringLiteral("503186"); // 80 tracks
 
 QString text(const QJsonValue& object, const char* key)
 {
@@ -243,6 +244,11 @@ TEST_F(EditingTest, aPlaylistIsFilledReorderedRenamedAndDeleted)
     // Refused twice, done, and read again for those who watch.
     EXPECT_TRUE(sim->waitForRequests("/playlists/" + id.toStdString() + "/tracks", 4, 10000));
     EXPECT_EQ(service->tracks(id), expected);
+    kelo({"playlist", "add", id, "/tidal/context?id=" + longAlbum + "&rowNum=0&type=Albums"});
+    EXPECT_EQ(service->items("/albums/" + longAlbum + "/tracks", 100).size(), 80);
+    expected += service->playable("/albums/" + longAlbum);
+    EXPECT_EQ(service->tracks(id), expected) << "the first 50 arrive";
+
     kelo({"playlist", "add", id, rowOf(bigPlaylist), pathOf(newTracks, 0)});
     expected += service->playable("/playlists/" + bigPlaylist);
     expected << text(streamer.rows(newTracks).value("rows").toArray().at(0), "Id").toLongLong();

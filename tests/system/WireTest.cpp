@@ -278,6 +278,27 @@ TEST_F(FaultTest, eachFailureOfTheServiceIsOneAnswerWithItsText)
     EXPECT_TRUE(streamer.isRunning());
 }
 
+TEST_F(FaultTest, aSetUpThatFailsIsToldToEachRequestAndTriedAgainByTheNext)
+{
+    for (const char* path : {"/sessions", "/users/770011/subscription"}) {
+        for (const char* fault :
+             {"status status=500", "status status=404 body=json", "status status=404 body=none",
+              "status status=401 sub=4006", "status status=503 body=html", "reset when=after",
+              "truncate bytes=20", "size bytes=262145"}) {
+            sim->clearFaults();
+            const std::string line = std::string(fault) + " path=" + path;
+            ASSERT_EQ(sim->addFault(line), "");
+            const Streamer::Answer answer = rows("/tidal/myMusic");
+            EXPECT_EQ(answer.status, 502) << line;
+            EXPECT_EQ(answer.body.value("detail").toString().toStdString(),
+                      "Failed to initialize TIDAL")
+                << line;
+        }
+    }
+    sim->clearFaults();
+    EXPECT_EQ(rows("/tidal/myMusic").status, 200);
+}
+
 TEST_F(FaultTest, aTrackThatCannotBePlayedSaysWhy)
 {
     ASSERT_EQ(rows("/tidal").status, 200);

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int artistTotal = 420; // "Various Artists" is index 0
 constexpr std::int64_t day = 86400000;
+constexpr std::uint8_t longestAlbum = 80;
 constexpr std::int64_t newestRelease = 1767225600000; // 2026-01-01
 constexpr const char* types[] = {"ALBUM", "EP", "SINGLE", "COMPILATION"};
 
@@ -37,6 +38,8 @@ Catalogue::Catalogue(std::uint64_t seed) : m_seed(seed)
             const int sizes[][2] = {{8, 9}, {4, 3}, {1, 2}, {18, 20}}; // smallest, spread
             base.tracks =
                 static_cast<std::uint8_t>(sizes[base.kind][0] + hash / 16 % sizes[base.kind][1]);
+            if (artist == artistTotal - 1 && i == albums - 1)
+                base.tracks = longestAlbum; // one album is longer than a page
             base.released = newestRelease - static_cast<std::int64_t>(hash / 1024 % 15000) * day;
             m_trackCount += base.tracks;
             m_albums.push_back(base);
