@@ -1,4 +1,4 @@
-#include "Streamer.h"
+#include "ServiceTest.h"
 
 #include <gtest/gtest.h>
 #include <kelosim/SimServer.h>
@@ -27,20 +27,13 @@ int countOf(const QJsonObject& page)
     return page.value(QStringLiteral("rowsCount")).toInt();
 }
 
-/// A streamer that is logged in to a simulated service.
-class CatalogueTest : public testing::Test
+/// As ServiceTest, with the session set up.
+class CatalogueTest : public ServiceTest
 {
 protected:
     void SetUp() override
     {
-        kelosim::SimOptions options;
-        options.autoApproveLogin = true;
-        options.faults = {"device-code interval=1 expires=60"};
-        sim = std::make_unique<kelosim::SimServer>(options);
-        std::string error;
-        ASSERT_TRUE(sim->start(&error)) << error;
-        ASSERT_TRUE(streamer.start(Streamer::settingsFor(*sim))) << streamer.errors().toStdString();
-        ASSERT_TRUE(streamer.login()) << streamer.errors().toStdString();
+        ServiceTest::SetUp();
         streamer.rows(QStringLiteral("/tidal")); // sets the session up
     }
 
@@ -95,9 +88,6 @@ protected:
         }
         return {};
     }
-
-    std::unique_ptr<kelosim::SimServer> sim;
-    Streamer streamer;
 };
 
 } // namespace

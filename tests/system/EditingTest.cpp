@@ -1,4 +1,4 @@
-#include "Streamer.h"
+#include "ServiceTest.h"
 
 #include <gtest/gtest.h>
 #include <httplib.h>
@@ -109,20 +109,14 @@ private:
     const std::string m_token;
 };
 
-class EditingTest : public testing::Test
+/// As ServiceTest, beside another client of the service.
+class EditingTest : public ServiceTest
 {
 protected:
     void SetUp() override
     {
-        kelosim::SimOptions options;
-        options.autoApproveLogin = true;
-        options.faults = {"device-code interval=1 expires=60"};
-        sim = std::make_unique<kelosim::SimServer>(options);
-        std::string error;
-        ASSERT_TRUE(sim->start(&error)) << error;
+        ServiceTest::SetUp();
         service = std::make_unique<OtherClient>(*sim);
-        ASSERT_TRUE(streamer.start(Streamer::settingsFor(*sim))) << streamer.errors().toStdString();
-        ASSERT_TRUE(streamer.login()) << streamer.errors().toStdString();
     }
 
     /// Runs a command that must end well; what it printed.
@@ -182,9 +176,7 @@ protected:
         return seen.contains(wanted);
     }
 
-    std::unique_ptr<kelosim::SimServer> sim;
     std::unique_ptr<OtherClient> service;
-    Streamer streamer;
 };
 } // namespace
 

@@ -1,4 +1,4 @@
-#include "Streamer.h"
+#include "ServiceTest.h"
 
 #include <gtest/gtest.h>
 #include <kelosim/SimServer.h>
@@ -46,34 +46,17 @@ QString headerOf(const kelosim::SimServer& sim, const QString& pathStart, const 
     return QString();
 }
 
-/// A streamer that is logged in to a simulated service.
-class ServiceTest : public testing::Test
+class WireTest : public ServiceTest
 {
 protected:
-    void SetUp() override
-    {
-        kelosim::SimOptions options;
-        options.autoApproveLogin = true;
-        options.faults = {"device-code interval=1 expires=60"};
-        sim = std::make_unique<kelosim::SimServer>(options);
-        std::string error;
-        ASSERT_TRUE(sim->start(&error)) << error;
-        ASSERT_TRUE(streamer.start(Streamer::settingsFor(*sim))) << streamer.errors().toStdString();
-        ASSERT_TRUE(streamer.login()) << streamer.errors().toStdString();
-    }
-
     Streamer::Answer rows(const QString& path, const QString& range = QString())
     {
         return streamer.get(QStringLiteral("/api/v1/rows?path=") +
                             QString::fromUtf8(QUrl::toPercentEncoding(path)) + range);
     }
-
-    std::unique_ptr<kelosim::SimServer> sim;
-    Streamer streamer;
 };
-using WireTest = ServiceTest;
-using SetupTest = ServiceTest;
-using FaultTest = ServiceTest;
+using SetupTest = WireTest;
+using FaultTest = WireTest;
 } // namespace
 
 TEST_F(WireTest, theFirstRequestSetsTheSessionUpInOrder)
