@@ -26,8 +26,11 @@ if(KELO_TEST_BUILD)
     add_compile_definitions(KELO_TEST_BUILD)
 endif()
 if(KELO_SANITIZE)
-    # GCC says of this warning that it is not to be relied on beside sanitizers.
-    add_compile_options(-fsanitize=${KELO_SANITIZE} -fno-omit-frame-pointer -Wno-maybe-uninitialized)
+    add_compile_options(-fsanitize=${KELO_SANITIZE} -fno-omit-frame-pointer)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+        # GCC says of this warning that it is not to be relied on beside sanitizers.
+        add_compile_options(-Wno-maybe-uninitialized)
+    endif()
     add_link_options(-fsanitize=${KELO_SANITIZE})
 endif()
 
