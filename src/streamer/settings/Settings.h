@@ -12,6 +12,7 @@
 struct ServerSettings
 {
     ListenAddress listen;
+    QString webDirectory; ///< where the page's files are read from; empty: the built-in ones
 };
 
 struct LogSettings

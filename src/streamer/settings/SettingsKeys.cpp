@@ -179,6 +179,7 @@ std::vector<SettingsKey> makeKeys()
     // clang-format off
     return {
         listenAddress(),
+        text("server.web_dir", [](auto& s) -> auto& { return s.server.webDirectory; }, anyText()),
         text("log.level", [](auto& s) -> auto& { return s.log.level; }, levels),
         text("log.file", [](auto& s) -> auto& { return s.log.file; }, anyText()),
         seconds("deadlines.rows_s", [](auto& s) -> auto& { return s.deadlines.rowsSeconds; }),

@@ -134,8 +134,18 @@ WebWorld::Answer WebWorld::call(httplib::Request request) const
         return answer;
     answer.status = result->status;
     answer.headers = result->headers;
+    answer.body = result->body;
     answer.json = QJsonDocument::fromJson(QByteArray::fromStdString(result->body)).object();
     return answer;
+}
+
+std::string WebWorld::Answer::header(const std::string& name) const
+{
+    std::string values;
+    const auto [begin, end] = headers.equal_range(name);
+    for (auto field = begin; field != end; ++field)
+        values += (values.empty() ? "" : " | ") + field->second;
+    return values;
 }
 
 WebWorld::Answer WebWorld::get(const std::string& target, const httplib::Headers& headers) const

@@ -95,7 +95,10 @@ public:
     {
         int status = 0;
         QJsonObject json;
+        std::string body;
         httplib::Headers headers;
+        /// The header field; empty when missing, all values when there are several.
+        std::string header(const std::string& name) const;
         QString detail() const { return json.value(QStringLiteral("detail")).toString(); }
     };
     Answer get(const std::string& target, const httplib::Headers& headers = {}) const;

@@ -11,7 +11,7 @@ struct HttpCall
 {
     /// In the order of the address; values decoded.
     QVector<QPair<QString, QString>> query;
-    QByteArray body;
+    QByteArray body = {};
 
     /// Reads the query of a request target; nothing when an escape is malformed or not UTF-8.
     static std::optional<QVector<QPair<QString, QString>>> parseQuery(const std::string& target);

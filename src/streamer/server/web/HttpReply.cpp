@@ -63,6 +63,12 @@ HttpReply HttpReply::problem(int status, const QString& detail, const QString& t
     return reply;
 }
 
+HttpReply HttpReply::wrongMethod(const std::string& method)
+{
+    return problem(
+        405, QStringLiteral("this address does not take %1").arg(QString::fromStdString(method)));
+}
+
 HttpReply HttpReply::error(const CMError& error)
 {
     int status = 502;

@@ -1,14 +1,23 @@
 #pragma once
 #include <kelo/CMError.h>
+#include <memory>
 #include <QJsonObject>
 #include <string>
+#include <utility>
+#include <vector>
+
+class EventStream;
 
 /// What a call of the HTTP API is answered with. A plain value.
 struct HttpReply
 {
     int status = 200;
     std::string contentType = "application/json";
-    std::string body;
+    std::string body = {};
+    /// Further header fields; one of the server's own of that name gives way.
+    std::vector<std::pair<std::string, std::string>> headers = {};
+    /// Where set, it is written instead of the body.
+    std::shared_ptr<EventStream> stream = {};
 
     static HttpReply json(const QJsonObject& object);
     static HttpReply json(std::string text);
@@ -16,6 +25,7 @@ struct HttpReply
     static HttpReply problem(int status, const QString& detail, const QString& title = QString(),
                              const QString& name = QString());
     static HttpReply badRequest(const QString& detail) { return problem(400, detail); }
+    static HttpReply wrongMethod(const std::string& method);
     /// The problem document of an error that the tree answered with; the status follows its name.
     static HttpReply error(const CMError& error);
     /// Name of the error that waiting calls get when the streamer stops.

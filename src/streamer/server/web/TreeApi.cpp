@@ -47,6 +47,13 @@ void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& va
 
 } // namespace
 
+void TreeApi::addRoutes(RouteTable& routes)
+{
+    routes.add("GET", "/api/v1/rows", [this](const HttpCall& call) { return rows(call); });
+    routes.add("GET", "/api/v1/data", [this](const HttpCall& call) { return data(call); });
+    routes.add("POST", "/api/v1/set", [this](const HttpCall& call) { return set(call); });
+}
+
 TreeApi::Rows TreeApi::fetch(const CMPath& path, int from, int to, const QStringList& roles)
 {
     Rows result;

@@ -1,7 +1,6 @@
 #pragma once
-#include "HttpCall.h"
-#include "HttpReply.h"
 #include "ReplyWaiter.h"
+#include "RouteTable.h"
 
 #include <kelo/CMRequest.h>
 
@@ -12,11 +11,13 @@ class TreeApi
 public:
     explicit TreeApi(ReplyWaiter& waiter) : m_waiter(waiter) {}
 
+    void addRoutes(RouteTable& routes);
+
+private:
     HttpReply rows(const HttpCall& call);
     HttpReply data(const HttpCall& call);
     HttpReply set(const HttpCall& call);
 
-private:
     /// Rows of a range of any width, fetched in pages.
     struct Rows
     {

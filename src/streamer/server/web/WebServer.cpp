@@ -1,27 +1,25 @@
 #include "web/WebServer.h"
 
-#include "EventHub.h"
+#include "EventsApi.h"
+#include "EventStream.h"
 #include "HealthApi.h"
 #include "HttpListener.h"
-#include "LoginControl.h"
+#include "LoginApi.h"
 #include "Metrics.h"
 #include "OriginGuard.h"
-#include "PlayerControl.h"
+#include "PlayerApi.h"
 #include "TreeApi.h"
+#include "WebAssets.h"
 
 #include <cerrno>
 #include <climits>
 #include <cstring>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloLog.h>
-#include <map>
 
 namespace {
 
 constexpr size_t largestBody = 1024 * 1024;
-constexpr std::chrono::seconds heartbeat{15};
-constexpr std::chrono::seconds streamStep{1};
-constexpr char apiBase[] = "/api/v1/";
 
 const httplib::Headers& defaultHeaders()
 {
@@ -29,7 +27,7 @@ const httplib::Headers& defaultHeaders()
         {"Cache-Control", "no-store"},
         {"Content-Security-Policy",
          "default-src 'none'; script-src 'self'; style-src 'self'; connect-src 'self'; "
-         "img-src 'self' https: data:; base-uri 'none'; form-action 'none'; "
+         "img-src 'self' data:; manifest-src 'self'; base-uri 'none'; form-action 'none'; "
          "frame-ancestors 'none'"},
         {"Cross-Origin-Resource-Policy", "same-origin"},
         {"Referrer-Policy", "no-referrer"},
@@ -38,16 +36,37 @@ const httplib::Headers& defaultHeaders()
     return headers;
 }
 
-constexpr char startPage[] =
-    "<!doctype html><html lang=\"en\"><title>kelo</title><h1>kelo</h1>"
-    "<p>The streamer runs. Its web page is not built yet.</p>"
-    "<p>Use the command <code>kelo</code>, or the HTTP API below <code>/api/v1</code>, for example "
-    "<a href=\"/api/v1/rows?path=/tidal\">/api/v1/rows?path=/tidal</a>.</p></html>";
+/// One step of an event stream; false when the client is gone.
+bool write(EventStream& stream, httplib::DataSink& sink)
+{
+    std::string text;
+    switch (stream.next(text)) {
+    case EventStream::Step::Write:
+        return sink.write(text.data(), text.size());
+    case EventStream::Step::Look:
+        return sink.is_writable();
+    case EventStream::Step::End:
+        sink.done();
+        break;
+    }
+    return true;
+}
 
 void send(const HttpReply& reply, httplib::Response& response)
 {
     response.status = reply.status;
-    response.set_content(reply.body, reply.contentType);
+    for (const auto& [name, value] : reply.headers)
+        response.headers.erase(name);
+    for (const auto& field : reply.headers)
+        response.headers.insert(field);
+    if (reply.stream) {
+        response.set_chunked_content_provider(
+            "text/event-stream", [stream = reply.stream](size_t, httplib::DataSink& sink) {
+                return write(*stream, sink);
+            });
+    } else if (reply.status != 304) {
+        response.set_content(reply.body, reply.contentType);
+    }
 }
 
 } // namespace
@@ -55,105 +74,64 @@ void send(const HttpReply& reply, httplib::Response& response)
 class WebServer::Private
 {
 public:
-    using Handler = std::function<HttpReply(const HttpCall&)>;
-
     Private(const WebServerOptions& options, PlayerControl& player, LoginControl& login)
-        : m_options(options), m_player(player), m_login(login),
-          m_guard(options.address, options.hostNames), m_tree(m_waiter),
-          m_health(options.moduleFile), m_hub(player, login)
+        : m_options(options), m_guard(options.address, options.hostNames),
+          m_assets(options.webDirectory), m_tree(m_waiter), m_player(player, m_waiter),
+          m_login(login, m_waiter), m_health(options.moduleFile), m_hub(player, login),
+          m_events(m_hub)
     {
-        addTreeRoutes();
-        addPlayerRoutes();
-        addLoginRoutes();
-        addOtherRoutes();
+        m_tree.addRoutes(m_routes);
+        m_player.addRoutes(m_routes);
+        m_login.addRoutes(m_routes);
+        m_events.addRoutes(m_routes);
+        addOwnRoutes();
         setUp(m_listener.server());
     }
 
     bool start(QString* error);
     void stop();
     int port() const { return m_listener.port(); }
+    const RouteTable& routes() const { return m_routes; }
 
 private:
-    void addTreeRoutes();
-    void addPlayerRoutes();
-    void addLoginRoutes();
-    void addOtherRoutes();
-    void add(const char* method, const std::string& path, Handler handler)
-    {
-        m_routes[path][method] = std::move(handler);
-    }
+    void addOwnRoutes();
     void setUp(httplib::Server& server);
     /// False when the body was refused; the response says why.
     static bool readBody(const httplib::Request& request, httplib::Response& response,
                          const httplib::ContentReader& reader, std::string& body);
     void serve(const httplib::Request& request, const std::string& body,
                httplib::Response& response);
-    HttpReply answer(const httplib::Request& request, const std::string& body,
-                     httplib::Response& response, std::string* route);
-    HttpReply command(const QString& name, const HttpCall& call);
-    HttpReply loginAnswer(const CMReply<QVariant>& reply);
-    /// Starts an event stream; the reply counts only when there is none.
-    HttpReply startEvents(const HttpCall& call, httplib::Response& response);
-    static bool writeEvents(EventClient& client, httplib::DataSink& sink,
-                            std::chrono::steady_clock::time_point& lastWrite);
+    HttpReply answer(const httplib::Request& request, const std::string& body, std::string* route);
+    HttpReply answerAsset(const httplib::Request& request, std::string* route) const;
 
     const WebServerOptions m_options;
-    PlayerControl& m_player;
-    LoginControl& m_login;
     const OriginGuard m_guard;
+    const WebAssets m_assets;
     ReplyWaiter m_waiter;
     TreeApi m_tree;
+    PlayerApi m_player;
+    LoginApi m_login;
     const HealthApi m_health;
     Metrics m_metrics;
     EventHub m_hub;
-    std::map<std::string, std::map<std::string, Handler>> m_routes; ///< by path, then method
+    EventsApi m_events;
+    RouteTable m_routes;
     HttpListener m_listener; ///< last: its threads use the others
 };
 
-void WebServer::Private::addTreeRoutes()
+void WebServer::Private::addOwnRoutes()
 {
-    const std::string base = apiBase;
-    add("GET", base + "rows", [this](const HttpCall& call) { return m_tree.rows(call); });
-    add("GET", base + "data", [this](const HttpCall& call) { return m_tree.data(call); });
-    add("POST", base + "set", [this](const HttpCall& call) { return m_tree.set(call); });
-}
-
-void WebServer::Private::addPlayerRoutes()
-{
-    const std::string path = std::string(apiBase) + "player";
-    add("GET", path, [this](const HttpCall&) { return HttpReply::json(m_player.status()); });
-    for (const char* name :
-         {"play", "pause", "resume", "stop", "next", "previous", "seek", "volume"}) {
-        add("POST", path + "/" + name, [this, name](const HttpCall& call) {
-            return command(QString::fromLatin1(name), call);
-        });
-    }
-}
-
-void WebServer::Private::addLoginRoutes()
-{
-    const std::string path = std::string(apiBase) + "login";
-    add("GET", path, [this](const HttpCall&) { return HttpReply::json(m_login.status()); });
-    add("POST", path, [this](const HttpCall&) { return loginAnswer(m_login.start()); });
-    add("DELETE", path, [this](const HttpCall&) { return loginAnswer(m_login.logout()); });
-}
-
-void WebServer::Private::addOtherRoutes()
-{
-    add("GET", std::string(apiBase) + "session", [this](const HttpCall&) {
+    m_routes.add("GET", "/api/v1/session", [this](const HttpCall&) {
         return HttpReply::json(
             QJsonObject{{QStringLiteral("token"), QString::fromStdString(m_guard.sessionToken())},
                         {QStringLiteral("header"), QLatin1String(OriginGuard::sessionHeader())}});
     });
-    add("GET", "/healthz", [this](const HttpCall&) { return m_health.health(); });
-    add("GET", "/readyz", [this](const HttpCall&) { return m_health.readiness(); });
-    add("GET", "/metrics", [this](const HttpCall&) {
+    m_routes.add("GET", "/healthz", [this](const HttpCall&) { return m_health.health(); });
+    m_routes.add("GET", "/readyz", [this](const HttpCall&) { return m_health.readiness(); });
+    m_routes.add("GET", "/metrics", [this](const HttpCall&) {
         return HttpReply{
             200, "text/plain; version=0.0.4; charset=utf-8",
             m_metrics.text(m_hub.clients(), m_hub.dropped(), CMRoot().pendingRequests())};
-    });
-    add("GET", "/", [](const HttpCall&) {
-        return HttpReply{200, "text/html; charset=utf-8", startPage};
     });
 }
 
@@ -214,9 +192,7 @@ void WebServer::Private::serve(const httplib::Request& request, const std::strin
 {
     const auto begin = std::chrono::steady_clock::now();
     std::string route = "other";
-    const HttpReply reply = answer(request, body, response, &route);
-    if (reply.status != 0)
-        send(reply, response);
+    send(answer(request, body, &route), response);
     const auto duration = std::chrono::steady_clock::now() - begin;
     m_metrics.count(route, response.status, duration);
     KELO_LOG("Web", DEBUG)
@@ -226,107 +202,34 @@ void WebServer::Private::serve(const httplib::Request& request, const std::strin
 }
 
 HttpReply WebServer::Private::answer(const httplib::Request& request, const std::string& body,
-                                     httplib::Response& response, std::string* route)
+                                     std::string* route)
 {
     if (auto refusal = m_guard.check(request))
         return *refusal;
-    const std::string events = std::string(apiBase) + "events";
-    const auto found = m_routes.find(request.path);
-    if (found == m_routes.end() && request.path != events)
-        return HttpReply::problem(404, QStringLiteral("there is no such address"));
+    if (!m_routes.hasPath(request.path))
+        return answerAsset(request, route);
     *route = request.path;
 
-    HttpCall call;
     auto query = HttpCall::parseQuery(request.target);
     if (!query)
         return HttpReply::badRequest(QStringLiteral("the query has a malformed escape"));
-    call.query = *query;
+    HttpCall call;
+    call.query = std::move(*query);
     call.body = QByteArray::fromStdString(body);
-
-    if (request.path == events && request.method == "GET")
-        return startEvents(call, response);
-    if (found != m_routes.end()) {
-        const std::string method = request.method == "HEAD" ? "GET" : request.method;
-        const auto handler = found->second.find(method);
-        if (handler != found->second.end())
-            return handler->second(call);
-        for (const auto& other : found->second)
-            response.headers.emplace("Allow", other.first);
-    }
-    return HttpReply::problem(405, QStringLiteral("this address does not take %1")
-                                       .arg(QString::fromStdString(request.method)));
+    return m_routes.answer(request.method, request.path, call);
 }
 
-HttpReply WebServer::Private::command(const QString& name, const HttpCall& call)
+HttpReply WebServer::Private::answerAsset(const httplib::Request& request, std::string* route) const
 {
-    QString fault;
-    const auto arguments = call.object(&fault);
-    if (!arguments)
-        return HttpReply::badRequest(fault);
-    const CMReply<QVariant> reply = m_player.command(name, arguments->toVariant().toHash());
-    m_waiter.wait(reply);
-    if (reply.error().isSet())
-        return HttpReply::error(reply.error());
-    return HttpReply::json(m_player.status());
-}
-
-HttpReply WebServer::Private::loginAnswer(const CMReply<QVariant>& reply)
-{
-    m_waiter.wait(reply);
-    if (reply.error().isSet())
-        return HttpReply::error(reply.error());
-    return HttpReply::json(m_login.status());
-}
-
-HttpReply WebServer::Private::startEvents(const HttpCall& call, httplib::Response& response)
-{
-    QList<CMPath> paths;
-    const QStringList texts = call.parameters("path");
-    for (const QString& text : texts) {
-        QString fault;
-        const auto path = HttpCall::readPath(text, &fault);
-        if (!path)
-            return HttpReply::badRequest(fault);
-        paths.append(*path);
-    }
-    HttpReply refusal;
-    const std::shared_ptr<EventClient> client = m_hub.open(paths, &refusal);
-    if (!client)
-        return refusal;
-    response.status = 200;
-    auto lastWrite = std::make_shared<std::chrono::steady_clock::time_point>();
-    response.set_chunked_content_provider(
-        "text/event-stream",
-        [client, lastWrite](size_t, httplib::DataSink& sink) {
-            return writeEvents(*client, sink, *lastWrite);
-        },
-        [this, client](bool) { m_hub.close(client); });
-    refusal.status = 0;
+    auto reply = m_assets.find(request.path, request.get_header_value("If-None-Match"));
+    if (!reply)
+        return HttpReply::problem(404, QStringLiteral("there is no such address"));
+    *route = "page";
+    if (request.method == "GET" || request.method == "HEAD")
+        return std::move(*reply);
+    HttpReply refusal = HttpReply::wrongMethod(request.method);
+    refusal.headers.emplace_back("Allow", "GET");
     return refusal;
-}
-
-bool WebServer::Private::writeEvents(EventClient& client, httplib::DataSink& sink,
-                                     std::chrono::steady_clock::time_point& lastWrite)
-{
-    const auto now = std::chrono::steady_clock::now();
-    std::string text;
-    if (lastWrite == std::chrono::steady_clock::time_point()) {
-        text = "retry: 3000\n\n";
-    } else {
-        // Short steps, between which the server looks whether the client is still there.
-        const EventClient::Next next = client.next(text, streamStep);
-        if (next == EventClient::Next::End) {
-            sink.done();
-            return true;
-        }
-        if (next == EventClient::Next::Nothing) {
-            if (now - lastWrite < heartbeat)
-                return sink.is_writable();
-            text = ": still here\n\n";
-        }
-    }
-    lastWrite = now;
-    return sink.write(text.data(), text.size());
 }
 
 bool WebServer::Private::start(QString* error)
@@ -362,6 +265,11 @@ WebServer::~WebServer()
 bool WebServer::start(QString* error)
 {
     return d->start(error);
+}
+
+std::vector<std::string> WebServer::routes() const
+{
+    return d->routes().list();
 }
 
 int WebServer::port() const

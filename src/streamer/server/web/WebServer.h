@@ -2,6 +2,8 @@
 #include <memory>
 #include <QString>
 #include <QStringList>
+#include <string>
+#include <vector>
 
 class LoginControl;
 class PlayerControl;
@@ -10,13 +12,15 @@ class PlayerControl;
 struct WebServerOptions
 {
     QString address = QStringLiteral("127.0.0.1");
-    int port = 8095;       ///< 0 picks a free one
-    QString moduleFile;    ///< shown by the health page
-    QStringList hostNames; ///< names, beside the usual ones, under which clients reach it
+    int port = 8095;           ///< 0 picks a free one
+    QString moduleFile;        ///< shown by the health page
+    QStringList hostNames;     ///< names, beside the usual ones, under which clients reach it
+    QString webDirectory = {}; ///< where the page's files are read from; empty: the built-in ones
 };
 
-/// The streamer's HTTP API under /api/v1, with /healthz, /readyz and /metrics. Owned by serve; has
-/// threads of its own and asks the tree, the player and the login, which outlive it.
+/// The streamer's web page and its HTTP API under /api/v1, with /healthz, /readyz and /metrics.
+/// Owned by serve; has threads of its own and asks the tree, the player and the login, which
+/// outlive it.
 class WebServer
 {
 public:
@@ -27,6 +31,8 @@ public:
     bool start(QString* error);
     /// The port that it listens on.
     int port() const;
+    /// All calls that it answers as "METHOD PATH", the page's files left out.
+    std::vector<std::string> routes() const;
     /// Ends open event streams and waiting calls, then the threads. Takes less than a second.
     void stop();
 

@@ -1,0 +1,38 @@
+#include "EventStream.h"
+
+namespace {
+
+constexpr std::chrono::seconds heartbeat{15};
+constexpr std::chrono::seconds longestStep{1};
+
+} // namespace
+
+EventStream::EventStream(EventHub& hub, std::shared_ptr<EventClient> client)
+    : m_hub(hub), m_client(std::move(client))
+{
+}
+
+EventStream::~EventStream()
+{
+    m_hub.close(m_client);
+}
+
+EventStream::Step EventStream::next(std::string& text)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (!m_hasBegun) {
+        text = "retry: 3000\n\n";
+    } else {
+        const EventClient::Next next = m_client->next(text, longestStep);
+        if (next == EventClient::Next::End)
+            return Step::End;
+        if (next == EventClient::Next::Nothing) {
+            if (now - m_lastWrite < heartbeat)
+                return Step::Look;
+            text = ": still here\n\n";
+        }
+    }
+    m_hasBegun = true;
+    m_lastWrite = now;
+    return Step::Write;
+}

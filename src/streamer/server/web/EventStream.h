@@ -1,0 +1,26 @@
+#pragma once
+#include "EventHub.h"
+
+/// One event stream as it is written: takes a client's events and keeps the connection alive
+/// between them. Made by EventsApi; belongs to the thread that writes the stream. Its end closes
+/// the client.
+class EventStream
+{
+public:
+    /// What is to be done next: write the text, look whether the client is still there, or end.
+    enum class Step { Write, Look, End };
+
+    EventStream(EventHub& hub, std::shared_ptr<EventClient> client);
+    ~EventStream();
+    EventStream(const EventStream&) = delete;
+    EventStream& operator=(const EventStream&) = delete;
+
+    /// Waits up to a second for an event.
+    Step next(std::string& text);
+
+private:
+    EventHub& m_hub;
+    const std::shared_ptr<EventClient> m_client;
+    std::chrono::steady_clock::time_point m_lastWrite;
+    bool m_hasBegun = false;
+};

@@ -1,0 +1,22 @@
+#pragma once
+#include "RouteTable.h"
+
+#include <kelo/CMReply.h>
+
+class LoginControl;
+class ReplyWaiter;
+
+/// The login's calls of the HTTP API. Owned by the web server; any thread.
+class LoginApi
+{
+public:
+    LoginApi(LoginControl& login, ReplyWaiter& waiter) : m_login(login), m_waiter(waiter) {}
+
+    void addRoutes(RouteTable& routes);
+
+private:
+    HttpReply answer(const CMReply<QVariant>& reply);
+
+    LoginControl& m_login;
+    ReplyWaiter& m_waiter;
+};

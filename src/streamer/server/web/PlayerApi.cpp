@@ -1,0 +1,29 @@
+#include "PlayerApi.h"
+
+#include "PlayerControl.h"
+#include "ReplyWaiter.h"
+
+void PlayerApi::addRoutes(RouteTable& routes)
+{
+    const std::string path = "/api/v1/player";
+    routes.add("GET", path, [this](const HttpCall&) { return HttpReply::json(m_player.status()); });
+    for (const char* name :
+         {"play", "pause", "resume", "stop", "next", "previous", "seek", "volume"}) {
+        routes.add("POST", path + "/" + name, [this, name](const HttpCall& call) {
+            return command(QString::fromLatin1(name), call);
+        });
+    }
+}
+
+HttpReply PlayerApi::command(const QString& name, const HttpCall& call)
+{
+    QString fault;
+    const auto arguments = call.object(&fault);
+    if (!arguments)
+        return HttpReply::badRequest(fault);
+    const CMReply<QVariant> reply = m_player.command(name, arguments->toVariant().toHash());
+    m_waiter.wait(reply);
+    if (reply.error().isSet())
+        return HttpReply::error(reply.error());
+    return HttpReply::json(m_player.status());
+}

@@ -1,0 +1,20 @@
+#pragma once
+#include "RouteTable.h"
+
+class PlayerControl;
+class ReplyWaiter;
+
+/// The player's calls of the HTTP API. Owned by the web server; any thread.
+class PlayerApi
+{
+public:
+    PlayerApi(PlayerControl& player, ReplyWaiter& waiter) : m_player(player), m_waiter(waiter) {}
+
+    void addRoutes(RouteTable& routes);
+
+private:
+    HttpReply command(const QString& name, const HttpCall& call);
+
+    PlayerControl& m_player;
+    ReplyWaiter& m_waiter;
+};

@@ -1,0 +1,29 @@
+#include "RouteTable.h"
+
+void RouteTable::add(const char* method, const std::string& path, Handler handler)
+{
+    m_routes[path][method] = std::move(handler);
+}
+
+HttpReply RouteTable::answer(const std::string& method, const std::string& path,
+                             const HttpCall& call) const
+{
+    const auto& byMethod = m_routes.at(path);
+    const auto handler = byMethod.find(method == "HEAD" ? "GET" : method);
+    if (handler != byMethod.end())
+        return handler->second(call);
+    HttpReply reply = HttpReply::wrongMethod(method);
+    for (const auto& other : byMethod)
+        reply.headers.emplace_back("Allow", other.first);
+    return reply;
+}
+
+std::vector<std::string> RouteTable::list() const
+{
+    std::vector<std::string> calls;
+    for (const auto& [path, byMethod] : m_routes) {
+        for (const auto& handler : byMethod)
+            calls.push_back(handler.first + ' ' + path);
+    }
+    return calls;
+}

@@ -1,0 +1,33 @@
+#pragma once
+#include "HttpReply.h"
+
+#include <map>
+#include <optional>
+
+/// The files of the web page: those built into the program, or, for people who work on the page,
+/// those of a folder, read again at each request. Owned by the web server; any thread. A name is
+/// checked letter by letter against a strict form, so that no address reaches outside.
+class WebAssets
+{
+public:
+    /// An empty `directory` means the built-in files.
+    explicit WebAssets(const QString& directory);
+
+    /// The file that an address path names ("/" is the start page), or 304 when the client has it
+    /// (`ifNoneMatch` is its header's value); nothing when there is no such file.
+    std::optional<HttpReply> find(const std::string& path, const std::string& ifNoneMatch) const;
+
+private:
+    struct File
+    {
+        std::string contentType;
+        std::string tag; ///< weak: a compressed answer carries it too
+        std::string body;
+    };
+
+    static std::optional<File> read(const QString& file, const std::string& contentType);
+    std::optional<File> file(const std::string& name) const;
+
+    const QString m_directory;
+    std::map<std::string, File> m_files; ///< the built-in ones, by name
+};
