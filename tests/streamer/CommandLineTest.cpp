@@ -300,10 +300,11 @@ TEST(StatusCommand, ShowsWhatPlays)
     ScriptedStreamer streamer;
     streamer.answer("GET /api/v1/player", {200, R"({"state":"playing","path":"/t?id=1",
         "title":"So \u001bWhat","artist":"Miles","album":"Blue","positionMs":65000,
-        "durationMs":130000,"quality":{"asked":"HI_RES","delivered":"HIGH"},"note":"skipped 1"})"});
+        "durationMs":130000,"quality":{"asked":"HI_RES","delivered":"HIGH"},"note":"skipped 1",
+        "volume":40})"});
     EXPECT_EQ(streamer.run({"status"}, {31, false, false}).out,
               "playing  So \\x1bWhat\n  Miles · Blue\n  ━━━━━━━━────────  1:05 / 2:10\n"
-              "  quality  HI_RES asked, HIGH …\n  note     skipped 1\n  path     '/t?id=1'\n");
+              "  quality  HI_RES asked, HIGH …\n  volume   40 %\n  note     skipped 1\n  path     '/t?id=1'\n");
     streamer.answer("GET /api/v1/player", {200, R"({"state":"stopped"})"});
     EXPECT_EQ(streamer.run({"status"}).out, "stopped\n");
 }

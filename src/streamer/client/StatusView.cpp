@@ -45,6 +45,7 @@ StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_
     m_delivered = text(quality, "delivered");
     m_position = number("positionMs");
     m_duration = number("durationMs");
+    m_volume = player.value(QLatin1String("volume")).toInt(-1);
 }
 
 QString StatusView::styledState() const
@@ -103,6 +104,8 @@ QStringList StatusView::block() const
     add(cut(joined(m_artist, QStringLiteral(" · "), m_album), qMax(8, width - 2)));
     add(joined(bar(), QStringLiteral("  "), times()));
     addNamed("quality", quality());
+    if (m_volume >= 0)
+        addNamed("volume", QStringLiteral("%1 %").arg(m_volume));
     addNamed("note", m_note);
     if (!m_path.isEmpty()) // for pasting, so never cut
         add(m_terminal.styled(QStringLiteral("path     "), Terminal::Style::Dim) +

@@ -15,7 +15,7 @@ public:
 
     QStringList block() const;
     QString oneLine(bool withPosition = true) const;
-    /// What tells one answer from the next for somebody who follows: all but the position.
+    /// What tells one answer from the next for somebody who follows: all but position and volume.
     QString fingerprint() const;
 
 private:
@@ -28,6 +28,7 @@ private:
     QString m_state, m_title, m_artist, m_album, m_path, m_asked, m_delivered, m_note;
     qint64 m_position = 0;
     qint64 m_duration = 0;
+    int m_volume = -1; ///< negative when it is not said
 };
 
 } // namespace cli

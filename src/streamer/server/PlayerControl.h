@@ -13,7 +13,8 @@ public:
     virtual ~PlayerControl() = default;
 
     /// The player's state in the form of the web API: state, path, title, artist, album, icon,
-    /// positionMs, durationMs, quality {asked, delivered}, note.
+    /// positionMs, durationMs, quality {asked, delivered}, note, volume, and of the queue the path
+    /// of its list and the item's index in it. What is unknown is left out.
     virtual QJsonObject status() const = 0;
     /// Runs a command: "play" {path}, "pause", "resume", "stop", "next", "previous",
     /// "seek" {positionMs}, "volume" {percent}. Answered when it has taken effect; "play" when the

@@ -54,16 +54,23 @@ TEST_F(PlayerTest, PlaysWhatAPathNames)
 TEST_F(PlayerTest, TellsWhatPlays)
 {
     addTracks({"1"});
-    EXPECT_EQ(player->status(), (QJsonObject{{"state", "stopped"}}));
+    EXPECT_EQ(player->status(), (QJsonObject{{"state", "stopped"}, {"volume", 100}}));
     ASSERT_EQ(play(pathOf("1")), "ok");
     script.setPosition(2000);
     ASSERT_EQ(run("seek", {{"positionMs", 2000}}), "ok");
+    ASSERT_EQ(run("volume", {{"percent", 30}}), "ok");
     time.advance(500);
-    const QJsonObject expected{
-        {"state", "playing"},   {"path", pathOf("1")},
-        {"title", "Track 1"},   {"artist", "Artist 1"},
-        {"album", "Album 1"},   {"positionMs", 2500},
-        {"durationMs", 100000}, {"quality", QJsonObject{{"delivered", "LOSSLESS"}}}};
+    const QJsonObject expected{{"state", "playing"},
+                               {"path", pathOf("1")},
+                               {"title", "Track 1"},
+                               {"artist", "Artist 1"},
+                               {"album", "Album 1"},
+                               {"positionMs", 2500},
+                               {"durationMs", 100000},
+                               {"quality", QJsonObject{{"delivered", "LOSSLESS"}}},
+                               {"volume", 30},
+                               {"list", list.toEncoded()},
+                               {"index", 0}};
     EXPECT_EQ(player->status(), expected);
 }
 
@@ -139,6 +146,19 @@ TEST_F(PlayerTest, GoesOnWithoutAGapAndStopsAtTheListsEnd)
     script.raise([](const auto& events) { events.finished(); });
     EXPECT_EQ(waitForState("stopped")["title"], "Track 2");
     EXPECT_EQ(opened().join(","), "open fake:1 0,next fake:2,next ");
+}
+
+TEST_F(PlayerTest, KeepsTheNoteOfWhatWasPassedOverUntilTheNextItemPlays)
+{
+    addTracks({"1", "2", "3", "4"});
+    module->setAnswer("2", {"not available"});
+    ASSERT_EQ(play(list.toEncoded()), "ok");
+    nearEnd();
+    waitForOperation("next fake:3");
+    ASSERT_EQ(run("next"), "ok");
+    EXPECT_EQ(waitForTitle("Track 3")["note"], "skipped: Track 2: not available");
+    ASSERT_EQ(run("next"), "ok");
+    EXPECT_EQ(waitForTitle("Track 4")["note"], QJsonValue());
 }
 
 TEST_F(PlayerTest, OpensTheNextItemLateWhenItIsResolvedAfterTheEnd)

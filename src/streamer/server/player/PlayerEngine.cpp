@@ -136,8 +136,12 @@ void PlayerEngine::next(const Reply& reply)
     if (m_item.entry.isEmpty())
         return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
     const PlayItem next = m_next;
+    // What was passed over on the way to the next item is still to be read when that plays.
+    const QString note = m_isNoteFresh ? m_note : QString();
     command(reply);
     if (!next.uri.isEmpty()) {
+        m_note = note;
+        m_isNoteFresh = !note.isEmpty();
         endChain();
         m_isSkipping = true;
         return openItem(next);
@@ -176,6 +180,7 @@ void PlayerEngine::setVolume(int percent, const Reply& reply)
     m_volume = percent;
     m_output->setVolume(percent);
     save();
+    publish();
     reply.setValue(QVariant(true));
 }
 
@@ -217,6 +222,9 @@ void PlayerEngine::publish()
     status.artist = m_item.artist;
     status.album = m_item.album;
     status.icon = m_item.icon;
+    status.list = m_item.entry.list.toEncoded();
+    status.index = m_item.entry.index;
+    status.volume = m_volume;
     status.qualityAsked = m_item.qualityAsked;
     status.qualityDelivered = m_item.qualityDelivered;
     status.note = m_note.isEmpty() ? m_output->note() : m_note;

@@ -26,13 +26,16 @@ void insertText(QJsonObject& object, const char* name, const QString& text)
 
 QJsonObject PlayerStatus::toJson(qint64 nowMs) const
 {
-    QJsonObject json{{QStringLiteral("state"), nameOf(state)}};
+    QJsonObject json{{QStringLiteral("state"), nameOf(state)}, {QStringLiteral("volume"), volume}};
     insertText(json, "path", path);
     insertText(json, "title", title);
     insertText(json, "artist", artist);
     insertText(json, "album", album);
     insertText(json, "icon", icon);
     insertText(json, "note", note);
+    insertText(json, "list", list);
+    if (!list.isEmpty() && index >= 0)
+        json.insert(QStringLiteral("index"), index);
     QJsonObject quality;
     insertText(quality, "asked", qualityAsked);
     insertText(quality, "delivered", qualityDelivered);

@@ -16,6 +16,9 @@ struct PlayerStatus
     QString qualityAsked;
     QString qualityDelivered;
     QString note;
+    QString list;          ///< encoded path of the list that is walked on; empty when there is none
+    int index = -1;        ///< row of the item in that list; negative while unknown
+    int volume = 100;      ///< percent
     qint64 positionMs = 0; ///< at measuredMs
     qint64 durationMs = 0; ///< 0 when unknown
     qint64 measuredMs = 0; ///< time of the player's clock
