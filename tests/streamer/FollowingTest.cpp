@@ -12,7 +12,8 @@ const char* const eventsOfA = "GET /api/v1/events?path=%2Fa";
 
 ScriptedStreamer::Answer stream(const std::string& body, const std::string& after = "")
 {
-    return {200, body, "text/event-stream", after};
+    const std::string first = "event: login\ndata: {\"loggedIn\":false,\"problem\":\"old\"}\n\n";
+    return {200, body, "text/event-stream", after, first};
 }
 
 TEST(WatchCommand, PrintsOneLineForEachNotice)
@@ -53,9 +54,8 @@ TEST(StatusCommand, FollowPrintsALineForEachChangeAndDrawsInPlaceForPeople)
     const std::string first = R"({"state":"playing","title":"A","positionMs":1000})";
     const std::string moved = R"({"state":"playing","title":"A","positionMs":2000})";
     const std::string paused = R"({"state":"paused","title":"A","positionMs":2000})";
-    streamer.answer("GET /api/v1/player", {200, first});
     streamer.answer(events,
-                    stream("event: player\ndata: " + moved +
+                    stream("event: player\ndata: " + first + "\n\nevent: player\ndata: " + moved +
                            "\n\nevent: rows\ndata: {}\n\nevent: player\ndata: " + paused + "\n\n"));
     EXPECT_EQ(streamer.run({"status", "--follow"}).out, "playing  A  0:01\npaused  A  0:02\n");
     EXPECT_EQ(streamer.run({"status", "--follow"}, {80, true, false}).out,

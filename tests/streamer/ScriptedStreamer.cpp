@@ -86,6 +86,7 @@ void ScriptedStreamer::respond(const httplib::Request& request, httplib::Respons
     }
     response.set_chunked_content_provider(
         answer.type.c_str(), [this, answer](size_t, httplib::DataSink& sink) {
+            sink.write(answer.first.data(), answer.first.size());
             std::unique_lock wait(m_mutex);
             m_arrived.wait(wait, [&] { return answer.after.empty() || hasArrived(answer.after); });
             sink.write(answer.body.data(), answer.body.size());

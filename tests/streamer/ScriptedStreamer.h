@@ -20,6 +20,7 @@ public:
         std::string type = "application/json";
         std::string after =
             {}; ///< sends the body only when this call has arrived: "POST /api/v1/login"
+        std::string first = {}; ///< of a stream, sent at once
     };
     struct Run
     {

@@ -47,7 +47,7 @@ public:
     LoginEvents(const LoginEvents&) = delete;
     LoginEvents& operator=(const LoginEvents&) = delete;
 
-    /// Returns once the stream is open (true) or has ended without (false).
+    /// Returns once the stream has begun, with the state as it is, or has ended without (false).
     bool waitForOpen()
     {
         std::unique_lock lock(m_mutex);
@@ -73,20 +73,17 @@ public:
 private:
     void read()
     {
-        const ApiReply reply = m_api.events(
-            {},
-            [this] {
-                const std::lock_guard lock(m_mutex);
-                m_isOpen = true;
-                m_changed.notify_all();
-            },
-            [this](const ServerEvent& event) {
-                const std::lock_guard lock(m_mutex);
-                if (event.name == "login")
-                    m_latest = event.data;
-                m_changed.notify_all();
+        const ApiReply reply = m_api.events({}, nullptr, [this](const ServerEvent& event) {
+            const std::lock_guard lock(m_mutex);
+            if (event.name != "login")
                 return true;
-            });
+            // The first one is the state from before the login.
+            if (m_isOpen)
+                m_latest = event.data;
+            m_isOpen = true;
+            m_changed.notify_all();
+            return true;
+        });
         const std::lock_guard lock(m_mutex);
         m_end = reply;
         m_changed.notify_all();

@@ -91,7 +91,7 @@ int StatusCommand::run(const CommandContext& context) const
     return context.finish(reply);
 }
 
-/// Events are subscribed before the state is read, so that no change in between is missed.
+/// The stream begins with the present state.
 int StatusCommand::follow(const CommandContext& context) const
 {
     QString last;
@@ -106,20 +106,12 @@ int StatusCommand::follow(const CommandContext& context) const
             terminal.line(view.oneLine());
         last = view.fingerprint();
     };
-    ApiReply first;
-    const ApiReply stream = context.api.events(
-        {},
-        [&] {
-            first = readPlayer(context.api);
-            if (first.isDone())
-                print(first.body);
-        },
-        [&](const ServerEvent& event) {
-            if (first.isDone() && event.name == "player")
-                print(event.data);
-            return first.isDone();
-        });
-    return context.finish(stream.isDone() ? first : stream);
+    const ApiReply stream = context.api.events({}, nullptr, [&](const ServerEvent& event) {
+        if (event.name == "player")
+            print(event.data);
+        return true;
+    });
+    return context.finish(stream);
 }
 
 } // namespace cli

@@ -30,6 +30,13 @@ public:
         m_changed.wait(lock, [&] { return m_isOver || m_text.find(part) != std::string::npos; });
         return m_text;
     }
+    /// The name of the stream, once it has begun and the states have come.
+    std::string waitForId()
+    {
+        const std::string text = waitFor("event: login");
+        const size_t at = text.find("{\"id\":\"");
+        return at == std::string::npos ? std::string() : text.substr(at + 7, 64);
+    }
     int waitForEnd()
     {
         std::unique_lock<std::mutex> lock(m_mutex);
@@ -73,7 +80,7 @@ TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
 {
     WebWorld world;
     Follower follower(world.server.port(), "?path=/web/list%3Fa%3D1&path=/web/small");
-    follower.waitFor("retry:");
+    const std::string id = follower.waitForId();
     CMSubscribe* subscribe = world.worker->subscription();
     subscribe->rowsChanged(CMPath(QStringLiteral("/web/other")), CMSubscribe::RowsChangeReset(), 1);
     subscribe->rowsChanged(CMPath(QStringLiteral("/web/list")), QStringList{QStringLiteral("-4")},
@@ -85,6 +92,17 @@ TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
                               "\n\n";
     const std::string text = follower.waitFor(close);
     const std::string expected = "retry: 3000\n\n"
+                                 "event: stream\ndata: {\"id\":\"" +
+                                 id +
+                                 "\"}\n\n"
+                                 R"(event: player)"
+                                 "\n"
+                                 R"(data: {"state":"stopped"})"
+                                 "\n\n"
+                                 R"(event: login)"
+                                 "\n"
+                                 R"(data: {"loggedIn":false})"
+                                 "\n\n"
                                  R"(event: rows)"
                                  "\n"
                                  R"(data: {"path":"/web/list?a=1","change":["-4"],"count":119})"
@@ -121,6 +139,58 @@ TEST(WebEventsTest, PathsCountAsOpenWhileTheStreamLives)
     closed.get_future().wait();
 }
 
+TEST(WebEventsTest, PathsOfALivingStreamAreReplacedWithoutAGap)
+{
+    WebWorld world;
+    std::mutex mutex;
+    std::condition_variable changed;
+    QStringList log;
+    const auto note = [&](const char* sign) {
+        return [&, sign](const CMPath& path) {
+            std::lock_guard<std::mutex> lock(mutex);
+            log.append(QString::fromLatin1(sign) + path.toEncoded());
+            changed.notify_all();
+        };
+    };
+    CMSubscribe* subscribe = world.worker->subscription();
+    QObject::connect(subscribe, &CMSubscribe::rowsPathAdded, world.worker, note("+"),
+                     Qt::DirectConnection);
+    QObject::connect(subscribe, &CMSubscribe::rowsPathRemoved, world.worker, note("-"),
+                     Qt::DirectConnection);
+    std::string id;
+    const auto replace = [&](const std::string& paths) {
+        return world.post("/api/v1/events/paths",
+                          R"({"stream":")" + id + R"(","paths":)" + paths + "}");
+    };
+    {
+        Follower follower(world.server.port(), "?path=/web/list");
+        id = follower.waitForId();
+        const auto answer = replace(R"(["/web/small","/nobody","/web/list","/web/small"])");
+        EXPECT_EQ(answer.status, 200);
+        EXPECT_EQ(answer.body, R"({"paths":["/web/small","/web/list"],"refused":["/nobody"]})");
+        EXPECT_EQ(replace(R"(["/web/small"])").status, 200);
+        subscribe->rowsChanged(CMPath(QStringLiteral("/web/list")), CMSubscribe::RowsChangeReset(),
+                               1);
+        subscribe->rowsChanged(CMPath(QStringLiteral("/web/small")), CMSubscribe::RowsChangeReset(),
+                               2);
+        const std::string text = follower.waitFor(R"("count":2)");
+        EXPECT_EQ(text.find(R"("count":1)"), std::string::npos) << "the path was closed";
+        std::string many = R"(["/web/list")";
+        for (int i = 0; i < 64; ++i)
+            many += R"(,"/web/small")";
+        for (const std::string& bad : {many + "]", std::string("1"), std::string("[1]"),
+                                       std::string(R"(["/web/list","%zz"])"), std::string("{}")})
+            EXPECT_EQ(replace(bad).status, 400) << bad;
+        EXPECT_EQ(world.post("/api/v1/events/paths", R"({"paths":[]})").status, 400);
+    }
+    std::unique_lock<std::mutex> lock(mutex);
+    const QStringList expected{"+/web/list", "+/web/small", "-/web/list", "-/web/small"};
+    changed.wait(lock, [&] { return log.size() >= expected.size(); });
+    EXPECT_EQ(log, expected) << log.join(' ').toStdString();
+    lock.unlock();
+    EXPECT_EQ(replace("[]").status, 404) << "the stream is over";
+}
+
 TEST(WebEventsTest, TheThirtyThirdClientIsRefusedAndStoppingEndsAll)
 {
     WebWorld world;
@@ -142,9 +212,10 @@ TEST(WebEventsTest, AClientThatDoesNotKeepUpIsDroppedAndStatesDoNotPileUp)
 {
     using Next = EventClient::Next;
     const std::chrono::milliseconds soon(0);
-    EventClient client;
+    EventClient client("id");
     std::string text;
     client.push("player", "1", true);
+    client.pushFirst("player", "old");
     client.push("player", "2", true);
     client.push("rows", "a", false);
     client.push("rows", "b", false);

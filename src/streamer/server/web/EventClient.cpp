@@ -9,8 +9,21 @@ constexpr size_t mostEvents = 256;
 void EventClient::push(const std::string& kind, const std::string& data, bool isState)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
+    add(kind, data, isState);
+}
+
+void EventClient::pushFirst(const std::string& kind, const std::string& data)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    if (m_kinds.count(kind) == 0)
+        add(kind, data, true);
+}
+
+void EventClient::add(const std::string& kind, const std::string& data, bool isState)
+{
     if (m_isClosed)
         return;
+    m_kinds.insert(kind);
     if (isState && !m_events.empty() && m_events.back().kind == kind) {
         m_events.back().data = data;
         return;

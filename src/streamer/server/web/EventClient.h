@@ -1,10 +1,12 @@
 #pragma once
+#include "OpenPaths.h"
+
 #include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <mutex>
+#include <set>
 #include <string>
-#include <vector>
 
 /// The queue of one event stream: filled by whoever has news, emptied by the thread that writes the
 /// stream. Shared by both. A client that does not keep up is dropped, since a stream with holes
@@ -15,17 +17,22 @@ public:
     /// What next() found.
     enum class Next { Event, Nothing, End };
 
+    /// `id` names the stream in other calls.
+    explicit EventClient(std::string id) : m_id(std::move(id)) {}
+
+    const std::string& id() const { return m_id; }
     /// Adds an event. Of a state (`isState`) only the latest waits: it replaces an older one of the
     /// same kind that is the last in the queue.
     void push(const std::string& kind, const std::string& data, bool isState);
+    /// Adds a state as it was found when the client came, unless a newer one was faster.
+    void pushFirst(const std::string& kind, const std::string& data);
     /// Takes the next event in its wire form, waiting for it up to the time.
     Next next(std::string& text, std::chrono::milliseconds patience);
     /// No more events; next() ends the stream.
     void close();
     bool isDropped() const;
 
-    /// Numbers of the open rows paths; set once, before the stream starts.
-    std::vector<unsigned long long> rows;
+    OpenPaths& paths() { return m_paths; }
 
 private:
     struct Event
@@ -34,9 +41,14 @@ private:
         std::string data;
     };
 
+    void add(const std::string& kind, const std::string& data, bool isState);
+
+    const std::string m_id;
+    OpenPaths m_paths;
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;
     std::deque<Event> m_events;
+    std::set<std::string> m_kinds; ///< of all events so far
     bool m_isClosed = false;
     bool m_isDropped = false;
 };

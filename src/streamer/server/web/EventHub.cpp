@@ -3,13 +3,11 @@
 #include "JsonText.h"
 #include "LoginControl.h"
 #include "PlayerControl.h"
-
-#include <kelo/CMRoot.h>
+#include "RandomToken.h"
 
 namespace {
 
 constexpr size_t mostClients = 32;
-constexpr int mostPaths = 64;
 
 std::string noticeText(const CMRowsNotice& notice)
 {
@@ -44,12 +42,8 @@ EventHub::~EventHub()
 
 std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, HttpReply* refusal)
 {
-    if (paths.size() > mostPaths) {
-        *refusal = HttpReply::badRequest(
-            QStringLiteral("path: more than %1 in one stream").arg(mostPaths));
-        return nullptr;
-    }
-    auto client = std::make_shared<EventClient>();
+    auto client = std::make_shared<EventClient>(randomToken());
+    client->push("stream", "{\"id\":\"" + client->id() + "\"}", false);
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (m_isStopped || m_clients.size() >= mostClients) {
@@ -59,48 +53,55 @@ std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, HttpRepl
                          : QStringLiteral("There are %1 event streams already.").arg(mostClients));
             return nullptr;
         }
-        m_clients.insert(client);
+        m_clients.emplace(client->id(), client);
     }
-    for (const CMPath& path : paths) {
-        if (openRows(client, path))
-            continue;
-        *refusal = HttpReply::error(
-            CMError(CMError::NotFoundName(),
-                    QStringLiteral("Nothing stands at %1.").arg(path.toEncoded())));
-        close(client);
-        return nullptr;
-    }
-    return client;
+    // From here on news reach the client, so that none is between them and the present states.
+    client->pushFirst("player", JsonText::fromObject(m_player.status()));
+    client->pushFirst("login", JsonText::fromObject(m_login.status()));
+    const OpenPaths::Change change = setPaths(client, paths);
+    if (change.refused.isEmpty())
+        return client;
+    *refusal = HttpReply::error(
+        CMError(CMError::NotFoundName(),
+                QStringLiteral("Nothing stands at %1.").arg(change.refused.first())));
+    close(client);
+    return nullptr;
 }
 
-bool EventHub::openRows(const std::shared_ptr<EventClient>& client, const CMPath& path)
+OpenPaths::Change EventHub::setPaths(const std::shared_ptr<EventClient>& client,
+                                     const QList<CMPath>& paths)
 {
     // A listener may run once more after its path was closed, hence the weak pointer.
     const std::weak_ptr<EventClient> weak = client;
-    const quint64 id = CMRoot().openRows(path, [weak](const CMRowsNotice& notice) {
+    return client->paths().replace(paths, [weak](const CMRowsNotice& notice) {
         if (const auto target = weak.lock())
             target->push("rows", noticeText(notice), false);
     });
-    if (id == 0)
-        return false;
-    client->rows.push_back(id);
-    return true;
 }
 
-void EventHub::closeRows(EventClient& client)
+std::optional<OpenPaths::Change> EventHub::setPaths(const std::string& stream,
+                                                    const QList<CMPath>& paths)
 {
-    for (const auto id : client.rows)
-        CMRoot().closeRows(id);
-    client.rows.clear();
+    std::shared_ptr<EventClient> client;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        const auto found = m_clients.find(stream);
+        if (found == m_clients.end())
+            return std::nullopt;
+        client = found->second;
+    }
+    return setPaths(client, paths);
 }
 
 void EventHub::close(const std::shared_ptr<EventClient>& client)
 {
-    closeRows(*client);
     if (client->isDropped())
         ++m_dropped;
-    std::lock_guard<std::mutex> lock(m_mutex);
-    m_clients.erase(client);
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_clients.erase(client->id());
+    }
+    client->paths().close();
 }
 
 void EventHub::stop()
@@ -108,7 +109,7 @@ void EventHub::stop()
     std::lock_guard<std::mutex> lock(m_mutex);
     m_isStopped = true;
     for (const auto& client : m_clients)
-        client->close();
+        client.second->close();
 }
 
 int EventHub::clients() const
@@ -121,5 +122,5 @@ void EventHub::broadcast(const std::string& kind, const std::string& data)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& client : m_clients)
-        client->push(kind, data, true);
+        client.second->push(kind, data, true);
 }

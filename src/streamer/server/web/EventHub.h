@@ -3,9 +3,9 @@
 #include "HttpReply.h"
 
 #include <atomic>
-#include <kelo/CMSubscribe.h>
+#include <map>
 #include <memory>
-#include <set>
+#include <optional>
 
 class LoginControl;
 class PlayerControl;
@@ -15,12 +15,18 @@ class PlayerControl;
 class EventHub
 {
 public:
+    static constexpr int mostPaths = 64; ///< of one stream
+
     EventHub(PlayerControl& player, LoginControl& login);
     ~EventHub();
 
-    /// A new client with these rows paths open; null with the reason in `refusal` when there are
-    /// too many clients or paths, or nobody serves a path.
+    /// A new client with these rows paths open, which gets its own name and the present states;
+    /// null with the reason in `refusal` when there are too many clients or paths, or nobody serves
+    /// a path.
     std::shared_ptr<EventClient> open(const QList<CMPath>& paths, HttpReply* refusal);
+    /// Opens other paths for a living stream; nothing when there is no such one.
+    std::optional<OpenPaths::Change> setPaths(const std::string& stream,
+                                              const QList<CMPath>& paths);
     /// Ends a client's paths; its stream is over.
     void close(const std::shared_ptr<EventClient>& client);
     /// Ends all streams; open() refuses from now on.
@@ -32,15 +38,16 @@ public:
 
 private:
     void broadcast(const std::string& kind, const std::string& data);
-    static bool openRows(const std::shared_ptr<EventClient>& client, const CMPath& path);
-    static void closeRows(EventClient& client);
+    static OpenPaths::Change setPaths(const std::shared_ptr<EventClient>& client,
+                                      const QList<CMPath>& paths);
 
     PlayerControl& m_player;
     LoginControl& m_login;
     quint64 m_playerListener;
     quint64 m_loginListener;
     mutable std::mutex m_mutex;
-    std::set<std::shared_ptr<EventClient>> m_clients; ///< guarded by the mutex, as the next
+    /// By their names; guarded by the mutex, as the next.
+    std::map<std::string, std::shared_ptr<EventClient>> m_clients;
     bool m_isStopped = false;
     std::atomic<int> m_dropped{0};
 };

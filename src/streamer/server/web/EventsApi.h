@@ -13,6 +13,9 @@ public:
 
 private:
     HttpReply open(const HttpCall& call);
+    HttpReply setPaths(const HttpCall& call);
+    /// Nothing with a sentence in `fault` when one is malformed or there are too many.
+    static std::optional<QList<CMPath>> readPaths(const QStringList& texts, QString* fault);
 
     EventHub& m_hub;
 };

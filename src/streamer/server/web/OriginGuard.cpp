@@ -1,7 +1,8 @@
 #include "OriginGuard.h"
 
+#include "RandomToken.h"
+
 #include <arpa/inet.h>
-#include <QRandomGenerator>
 #include <QSysInfo>
 
 namespace {
@@ -24,13 +25,6 @@ bool isAddress(const QString& host)
     const QByteArray text = host.toLatin1();
     return inet_pton(AF_INET, text.constData(), &bytes) == 1 ||
            inet_pton(AF_INET6, text.constData(), &bytes) == 1;
-}
-
-std::string randomToken()
-{
-    quint32 words[8];
-    QRandomGenerator::system()->fillRange(words);
-    return QByteArray(reinterpret_cast<const char*>(words), sizeof words).toHex().toStdString();
 }
 
 bool isChanging(const std::string& method)
