@@ -71,5 +71,5 @@ void CMActivateNode::addDataRoles(KeloRoles& roles, const CMPath::Params&) const
     std::unique_lock<std::mutex> lock(mutex());
     const TrString busyText = m_busyText;
     lock.unlock();
-    roles.insert(KeloRoles::BusyText(), busyText.toString());
+    roles.insert(KeloRoles::BusyText(), busyText.toVariant());
 }

@@ -26,8 +26,8 @@ CMError::CMError(const QString& name, const TrString& message)
 CMError::CMError(const QString& name, const TrString& title, const TrString& message)
 {
     insert(Name(), name);
-    insert(Title(), title.toString());
-    insert(Message(), message.toString());
+    insert(Title(), title.toVariant());
+    insert(Message(), message.toVariant());
 }
 
 bool CMError::isSet() const

@@ -84,7 +84,7 @@ KeloRoles CMUINode::getDataRoles(const CMPath::Params& params) const
     if (!title.isEmpty())
         roles.setTitle(title);
     if (!description.isEmpty())
-        roles.setDescription(description.toString());
+        roles.setDescription(description);
     if (!icon.isEmpty())
         roles.setIcon(icon);
     if (isDisabled)

@@ -12,7 +12,7 @@ void KeloRoles::setTitle(const QString& title)
 
 void KeloRoles::setTitle(const TrString& title)
 {
-    insert(Title(), title.toString());
+    insert(Title(), title.toVariant());
 }
 
 QString KeloRoles::type() const
@@ -53,6 +53,11 @@ QString KeloRoles::description() const
 void KeloRoles::setDescription(const QString& text)
 {
     insert(Description(), text);
+}
+
+void KeloRoles::setDescription(const TrString& text)
+{
+    insert(Description(), text.toVariant());
 }
 
 QVariant KeloRoles::context() const

@@ -1,5 +1,6 @@
 #include "TrString.h"
 #include <QCoreApplication>
+#include <QTranslator>
 
 namespace {
 /// Replaces %1 to %9 in one pass, so that an argument that holds "%2" stays as it is.
@@ -21,6 +22,11 @@ QString withArguments(const QString& text, const QStringList& arguments)
     }
     return result;
 }
+
+/// Variants of it convert to QString and compare by content, as those of QString do.
+const bool isRegistered = QMetaType::registerConverter<TrString, QString>(
+                              [](const TrString& text) { return text.toString(); }) &&
+                          QMetaType::registerEqualsComparator<TrString>();
 } // namespace
 
 TrString::TrString(const QString& text) : m_text(text) {}
@@ -41,6 +47,28 @@ QString TrString::toString() const
         return m_text;
     return withArguments(Language::ntr(m_source.text, m_source.context, m_source.comment),
                          m_arguments);
+}
+
+QString TrString::toString(const QTranslator& translator) const
+{
+    if (!m_source.text)
+        return m_text;
+    const QString text = translator.translate(m_source.context ? m_source.context : "",
+                                              m_source.text, m_source.comment);
+    return text.isEmpty() ? source() : withArguments(text, m_arguments);
+}
+
+QVariant TrString::toVariant() const
+{
+    return isTranslatable() ? QVariant::fromValue(*this) : QVariant(m_text);
+}
+
+bool TrString::operator==(const TrString& other) const
+{
+    return qstrcmp(m_source.context, other.m_source.context) == 0 &&
+           qstrcmp(m_source.text, other.m_source.text) == 0 &&
+           qstrcmp(m_source.comment, other.m_source.comment) == 0 && m_text == other.m_text &&
+           m_arguments == other.m_arguments;
 }
 
 QString TrString::source() const

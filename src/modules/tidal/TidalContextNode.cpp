@@ -86,7 +86,7 @@ TidalBrowserContextNode::TidalBrowserContextNode(TidalWorker* worker, const CMPa
 TidalBrowserContextNode::~TidalBrowserContextNode() = default;
 
 KeloRoles TidalBrowserContextNode::artistRoles(const CMPath& path, const KeloRolesType::Enum& type,
-                                               const QString& title, const QString& id) const
+                                               const TrString& title, const QString& id) const
 {
     QVariant context = KeloHash().toVariant();
     TidalBaseContextNode* menu = m_worker->contextNode(KeloTidalContextVariation::Base);
@@ -107,8 +107,7 @@ CMRowList TidalBrowserContextNode::artistRows(const QString& artists) const
     if (artists.isEmpty())
         return rows;
     const TrString heading = KELO_TR("Track artists");
-    rows.append(
-        CMRow(artistRoles(CMPath(), KeloRolesType::Header_, heading.toString(), QString())));
+    rows.append(CMRow(artistRoles(CMPath(), KeloRolesType::Header_, heading, QString())));
     const QStringList entries = artists.split(QLatin1Char(','));
     for (const QString& entry : entries) {
         // The first piece alone is the name, so a name is cut at its first "_"; deliberate.

@@ -46,8 +46,8 @@ public:
     /// Path of the list of playlists to add the item to.
     CMPath getPlaylistPath() const { return m_playlistPath; }
     /// A row of the artists section; with an id it carries the menu of an artist.
-    KeloRoles artistRoles(const CMPath& path, const KeloRolesType::Enum& type, const QString& title,
-                          const QString& id) const;
+    KeloRoles artistRoles(const CMPath& path, const KeloRolesType::Enum& type,
+                          const TrString& title, const QString& id) const;
     /// Answers with the stored rows and, after them, the artists that the parameter "artists"
     /// names.
     bool getRowsRequest(const CMGetRowsRequest& request) override;

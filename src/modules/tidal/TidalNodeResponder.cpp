@@ -9,22 +9,23 @@
 #include <limits>
 
 namespace {
-/// Status codes that the service's errors have a message for (RFC 9110 15.5, 15.6).
+/// Status codes that the service's errors have a message for, in English (RFC 9110 15.5, 15.6).
 QString messageOf(int status)
 {
     switch (status) {
     case 400:
-        return QStringLiteral("Bad request");
+        return QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Bad request"));
     case 401:
-        return QStringLiteral("Unauthorized");
+        return QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Unauthorized"));
     case 404:
-        return QStringLiteral("Not found");
+        return QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Not found"));
     case 500:
-        return QStringLiteral("Unexpected error");
+        return QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Unexpected error"));
     case 503:
-        return QStringLiteral("Service Unavailable: Back-end server is at capacity");
+        return QStringLiteral(
+            QT_TRANSLATE_NOOP("TIDAL", "Service Unavailable: Back-end server is at capacity"));
     }
-    return QStringLiteral("unknown Error");
+    return QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "unknown Error"));
 }
 
 /// Whether an answer says that the access token is no longer good. A 401 of 4000 to 4999 is about
@@ -119,10 +120,20 @@ QString TidalNodeResponder::resolveError(KeloTidalApiErrorResponse error, int st
 
 QVariantList TidalNodeResponder::noItemsRow(const QStringList& roles)
 {
-    return getVariantRole(roles, CMPath(), KELO_TR("No items found").toString(), QString(),
-                          KeloRolesType::Text(), false, QVariant(), QString(),
-                          KeloRolesAudioType::None(), KeloMediaData(), QString(),
-                          KeloRolesContainerType::None());
+    return titled(getVariantRole(roles, CMPath(), QString(), QString(), KeloRolesType::Text(),
+                                 false, QVariant(), QString(), KeloRolesAudioType::None(),
+                                 KeloMediaData(), QString(), KeloRolesContainerType::None()),
+                  roles, KELO_TR("No items found"));
+}
+
+QVariantList TidalNodeResponder::titled(QVariantList row, const QStringList& roles,
+                                        const TrString& title)
+{
+    for (int i = 0; i < roles.size(); ++i) {
+        if (roles.at(i) == KeloRoles::Title())
+            row[i] = title.toVariant();
+    }
+    return row;
 }
 
 void TidalNodeResponder::replyNoItems(CMGetRowsRequest const& request)
@@ -246,7 +257,8 @@ void TidalNodeResponder::on_response_invoke(KeloUrl const&, HttpClientPrivate co
         error = KeloTidalApiErrorResponse(KeloJson::parse(output));
         resolveError(error, status);
         if (error.isEmpty())
-            error.setUserMessage(QStringLiteral("Error, failed to parse error message"));
+            error.setUserMessage(
+                QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message")));
     }
     const KeloJson answer = status == 200 ? KeloJson::parse(output) : KeloJson();
     emitFinished(getRequestType(path), path, priv, answer, error);

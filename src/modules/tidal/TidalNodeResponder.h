@@ -150,6 +150,8 @@ private:
     void replyArtistFailure(const CMVoidReply& reply, int status, const QByteArray& body);
     static int requestedCountOf(const CMGetRowsRequest& request);
     QVariantList noItemsRow(const QStringList& roles);
+    /// A row with a text of the module, which clients get in their languages, as its title.
+    static QVariantList titled(QVariantList row, const QStringList& roles, const TrString& title);
     TidalItemRows::Page page(const CMGetRowsRequest& request, const CMPath& path,
                              KeloTidalContextVariation::Enum variation);
     /// The common frame of lists of albums, artists and tracks; false when there are no items and

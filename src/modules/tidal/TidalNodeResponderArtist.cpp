@@ -68,11 +68,12 @@ void TidalNodeResponder::createArtistContent(CMGetRowsRequest const& request,
         if (entry.albums)
             path.addParam(QStringLiteral("artistAlbumContent"), QLatin1String(entry.albums));
         const bool isBio = entry.content == KeloTidalArtistBio();
-        rows.append(QVariant(
-            getVariantRole(request.roles(), path, entry.title.toString(), QString(),
+        const QVariantList row =
+            getVariantRole(request.roles(), path, QString(), QString(),
                            isBio ? KeloRolesType::Action() : KeloRolesType::Container(), false,
                            context, isBio ? url : QString(), KeloRolesAudioType::None(),
-                           KeloMediaData(), QString(), KeloRolesContainerType::None())));
+                           KeloMediaData(), QString(), KeloRolesContainerType::None());
+        rows.append(QVariant(titled(row, request.roles(), entry.title)));
     }
     replyRows(request, rows, count);
 }

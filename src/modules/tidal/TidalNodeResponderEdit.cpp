@@ -22,7 +22,8 @@ CMError serviceError(int status, const QByteArray& body)
                             << " user message: " << error.userMessage();
     const QString message = error.userMessage();
     if (message.isEmpty())
-        return editError(TrString(QStringLiteral("Error, failed to parse error message")));
+        return editError(TrString(
+            QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message"))));
     return editError(TrString(message));
 }
 
@@ -187,7 +188,7 @@ void TidalNodeResponder::on_isFavoriteReponse_invoke(KeloUrl const&, HttpClientP
     const QStringList& roles = request.roles();
     for (int i = 0; i < roles.size() && i < values.size(); ++i) {
         if (roles.at(i) == KeloRoles::Title())
-            values[i] = title.toString();
+            values[i] = title.toVariant();
     }
     if (TidalBaseContextNode* menu = m_worker->contextNode(contextType(request.path())))
         menu->setFavorite(isFavorite);

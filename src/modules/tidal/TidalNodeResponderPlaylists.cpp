@@ -70,8 +70,10 @@ QVariantList TidalNodeResponder::chooserLeadRow(const CMGetRowsRequest& request,
         rowPath.addParams(path.params());
     }
     const TrString title = isCreate ? KELO_TR("Create playlist") : KELO_TR("My playlists");
-    return getVariantRole(request.roles(), rowPath, title.toString(), QStringLiteral("1"),
-                          isCreate ? KeloRolesType::Container() : KeloRolesType::Header(), false,
-                          QVariant(), QString(), KeloRolesAudioType::None(), KeloMediaData(),
-                          QString(), KeloRolesContainerType::None());
+    const QVariantList row =
+        getVariantRole(request.roles(), rowPath, QString(), QStringLiteral("1"),
+                       isCreate ? KeloRolesType::Container() : KeloRolesType::Header(), false,
+                       QVariant(), QString(), KeloRolesAudioType::None(), KeloMediaData(),
+                       QString(), KeloRolesContainerType::None());
+    return titled(row, request.roles(), title);
 }

@@ -108,7 +108,7 @@ TidalWorker::TidalWorker(const QVariantHash& settings)
     messageRoles.setType({KeloRowsRolesType::Default_});
     m_message->setRowsRoles(messageRoles);
     KeloRoles successful;
-    successful.setTitle(Language::ntr("Successful", trExtractContext(Q_FUNC_INFO)));
+    successful.setTitle(KELO_TR("Successful"));
     m_message->rowsAppend(successful);
     m_top = CMListRowsNode::create(nodes(), addPrefix(QString()));
     m_top->setTitle(KELO_TR("TIDAL"));

@@ -83,13 +83,13 @@ void TidalWorker::buildSearch()
     m_search->setQueryPath(m_searchChoice->path());
 
     const CMPath requests = m_searchChoice->path() + KeloTidalRequest();
-    const auto addList = [&](const QString& subpath, const char* title) {
-        m_searchChoice->rowsAppend(createList(requests + subpath, treeText(title))->path());
+    const auto addList = [&](const QString& subpath, const TrString& title) {
+        m_searchChoice->rowsAppend(createList(requests + subpath, title)->path());
     };
-    addList(QStringLiteral("/albums"), "Albums");
-    addList(QStringLiteral("/tracks"), "Tracks");
-    addList(QStringLiteral("/artists"), "Artists");
-    addList(QStringLiteral("/playlists"), "Playlists");
+    addList(QStringLiteral("/albums"), treeText("Albums"));
+    addList(QStringLiteral("/tracks"), treeText("Tracks"));
+    addList(QStringLiteral("/artists"), treeText("Artists"));
+    addList(QStringLiteral("/playlists"), treeText("Playlists"));
 }
 
 CMListRowsNode* TidalWorker::createMenu(const QString& subpath, const TrString& title)
@@ -132,18 +132,18 @@ void TidalWorker::buildMyMusic()
     const CMPath requests = m_myMusic->path() + KeloTidalRequest();
     const CMPath favorites = requests + KeloTidalApiPathFavorites() + KeloTidalApiPathUsers();
     const CMPath context = addPrefix(QStringLiteral("/orderingcontext"));
-    const auto addList = [&](const CMPath& path, const char* title) {
-        TidalBrowseNode* list = createPlayableList(path, treeText(title), context);
+    const auto addList = [&](const CMPath& path, const TrString& title) {
+        TidalBrowseNode* list = createPlayableList(path, title, context);
         m_myMusic->rowsAppend(list->path());
         return list;
     };
-    addList(favorites + subpathOf(KeloTidalPlaylists()), "Favorited playlists");
+    addList(favorites + subpathOf(KeloTidalPlaylists()), treeText("Favorited playlists"));
     addList(requests + QStringLiteral("/created") + KeloTidalApiPathUsers() +
                 subpathOf(KeloTidalPlaylists()),
-            "My playlists");
-    m_favoriteArtists = addList(favorites + subpathOf(KeloTidalArtists()), "Artists");
-    addList(favorites + subpathOf(KeloTidalAlbums()), "Albums");
-    addList(favorites + subpathOf(KeloTidalTracks()), "Tracks");
+            treeText("My playlists"));
+    m_favoriteArtists = addList(favorites + subpathOf(KeloTidalArtists()), treeText("Artists"));
+    addList(favorites + subpathOf(KeloTidalAlbums()), treeText("Albums"));
+    addList(favorites + subpathOf(KeloTidalTracks()), treeText("Tracks"));
 
     CMActivateNode* www =
         CMActivateNode::create(nodes(), m_favoriteArtists->path() + QStringLiteral("/www"), nullptr,

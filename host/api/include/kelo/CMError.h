@@ -2,8 +2,9 @@
 #include "KeloHash.h"
 #include "TrString.h"
 
-/// Error of a request: a name (the domain that raised it), a title and a message for people.
-/// It is set when its name is present and not empty.
+/// Error of a request: a name (the domain that raised it), a title and a message for people; both
+/// stay translatable inside (KeloHash::value gives a TrString, title() and message() the process's
+/// language). It is set when its name is present and not empty.
 class KELO_EXPORT CMError : public KeloHash
 {
 public:

@@ -7,7 +7,8 @@
 #include "TrString.h"
 #include <QStringList>
 
-/// The roles of one row or node. Paths stand in it in their encoded text form.
+/// The roles of one row or node. Paths stand in it in their encoded text form, titles, descriptions
+/// and busy texts as a QString or, while they can be translated, as a TrString.
 class KELO_EXPORT KeloRoles : public KeloHash
 {
 public:
@@ -52,6 +53,7 @@ public:
     void setIcon(const QString& url);
     QString description() const;
     void setDescription(const QString& text);
+    void setDescription(const TrString& text);
     QVariant context() const;
     /// The roles of the context menu's node, a hash; an invalid variant for none.
     void setContext(const QVariant& roles);

@@ -3,6 +3,9 @@
 #include <QMetaType>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
+
+class QTranslator;
 
 /// The translation context of a text: the full signature of the function that makes it, as GCC
 /// prints Q_FUNC_INFO.
@@ -24,8 +27,9 @@ struct KELO_EXPORT TrCharData
 #define KELO_TR(text) TrString(TrCharData{trExtractContext(Q_FUNC_INFO), text, nullptr})
 
 /// A text that is translated when it is read: source text, context and arguments for %1, %2, ...,
-/// or a plain text that is shown as it is. Qt's translators answer (QCoreApplication::translate).
-/// A value type.
+/// or a plain text that is shown as it is. It travels in replies as it is, so that each client gets
+/// it in a language of its own; who reads it as a QString, from a variant too, gets it in the
+/// process's language. A value type; translators are only read, so any thread may ask.
 class KELO_EXPORT TrString
 {
 public:
@@ -35,10 +39,19 @@ public:
     TrString(const TrCharData& source, const QStringList& arguments = QStringList());
 
     bool isEmpty() const;
-    /// The text in the present language.
+    /// Whether a translator has a say in it; plain texts are never translated.
+    bool isTranslatable() const { return m_source.text != nullptr; }
+    /// The text in the process's language (QCoreApplication::translate).
     QString toString() const;
+    /// The text as this translator has it; the English one where it has none.
+    QString toString(const QTranslator& translator) const;
+    /// For a role: a variant of this, or of a QString when the text is plain.
+    QVariant toVariant() const;
     /// The English text with its arguments.
     QString source() const;
+
+    bool operator==(const TrString& other) const;
+    bool operator!=(const TrString& other) const { return !(*this == other); }
 
 private:
     TrCharData m_source;
@@ -50,7 +63,7 @@ private:
 class KELO_EXPORT Language
 {
 public:
-    /// The text in the present language, translated now.
+    /// The text in the process's language, translated now.
     static QString ntr(const char* text, const char* context, const char* comment = nullptr);
     static QString ntr(const QString& text, const char* context);
 };
