@@ -6,12 +6,18 @@
 #include <QString>
 #include <QVector>
 
+class TextCatalogue;
+
 /// What a call of the HTTP API asks for, checked and decoded. A plain value.
 struct HttpCall
 {
     /// In the order of the address; values decoded.
     QVector<QPair<QString, QString>> query;
     QByteArray body = {};
+    /// The client's language; the built-in texts where there is none.
+    const TextCatalogue* texts = nullptr;
+    /// The field of that name.
+    std::string ifNoneMatch = {};
 
     /// Reads the query of a request target; nothing when an escape is malformed or not UTF-8.
     static std::optional<QVector<QPair<QString, QString>>> parseQuery(const std::string& target);

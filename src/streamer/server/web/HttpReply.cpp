@@ -1,6 +1,10 @@
 #include "HttpReply.h"
 
 #include "JsonText.h"
+#include "texts/TextCatalogue.h"
+
+#include <algorithm>
+#include <kelo/TrString.h>
 
 namespace {
 
@@ -8,30 +12,37 @@ QString reason(int status)
 {
     switch (status) {
     case 400:
-        return QStringLiteral("Bad request");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Bad request"));
     case 403:
-        return QStringLiteral("Forbidden");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Forbidden"));
     case 404:
-        return QStringLiteral("Not found");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Not found"));
     case 405:
-        return QStringLiteral("Method not allowed");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Method not allowed"));
     case 413:
-        return QStringLiteral("Body too large");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Body too large"));
     case 414:
-        return QStringLiteral("Address too long");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Address too long"));
     case 415:
-        return QStringLiteral("Wrong content type");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Wrong content type"));
     case 500:
-        return QStringLiteral("Internal error");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Internal error"));
     case 502:
-        return QStringLiteral("Error");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Error"));
     case 503:
-        return QStringLiteral("Not available");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Not available"));
     case 504:
-        return QStringLiteral("No answer in time");
+        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "No answer in time"));
     default:
         return QStringLiteral("Status %1").arg(status);
     }
+}
+
+/// A text of an error: put into words now, or long ago.
+QString text(const QVariant& value, const TextCatalogue& texts)
+{
+    return value.userType() == qMetaTypeId<TrString>() ? value.value<TrString>().toString(texts)
+                                                       : texts.plain(value.toString());
 }
 
 } // namespace
@@ -81,5 +92,30 @@ HttpReply HttpReply::error(const CMError& error)
     else if (error.name() == stoppingName())
         status = 503;
     const bool isPlain = error.title() == CMError::DefaultTitle();
-    return problem(status, error.message(), isPlain ? QString() : error.title(), error.name());
+    HttpReply reply =
+        problem(status, error.message(), isPlain ? QString() : error.title(), error.name());
+    reply.treeError = error;
+    return reply;
+}
+
+void HttpReply::translate(const TextCatalogue& texts)
+{
+    if (!treeError || texts.isEmpty())
+        return;
+    const bool isPlain = treeError->title() == CMError::DefaultTitle();
+    const QString title =
+        isPlain ? texts.plain(reason(status)) : text(treeError->value(CMError::Title()), texts);
+    body =
+        problem(status, text(treeError->value(CMError::Message()), texts), title, treeError->name())
+            .body;
+}
+
+bool HttpReply::isKnown(const std::string& ifNoneMatch, const std::string& tag)
+{
+    const QList<QByteArray> listed = QByteArray::fromStdString(ifNoneMatch).split(',');
+    const QByteArray opaque = QByteArray::fromStdString(tag).mid(2);
+    return std::any_of(listed.begin(), listed.end(), [&](const QByteArray& item) {
+        const QByteArray one = item.trimmed();
+        return one == "*" || one == opaque || one == "W/" + opaque;
+    });
 }

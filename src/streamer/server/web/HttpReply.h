@@ -1,12 +1,14 @@
 #pragma once
 #include <kelo/CMError.h>
 #include <memory>
+#include <optional>
 #include <QJsonObject>
 #include <string>
 #include <utility>
 #include <vector>
 
 class EventStream;
+class TextCatalogue;
 
 /// What a call of the HTTP API is answered with. A plain value.
 struct HttpReply
@@ -18,6 +20,8 @@ struct HttpReply
     std::vector<std::pair<std::string, std::string>> headers = {};
     /// Where set, it is written instead of the body.
     std::shared_ptr<EventStream> stream = {};
+    /// The tree's error that the body tells of, in English at first.
+    std::optional<CMError> treeError = {};
 
     static HttpReply json(const QJsonObject& object);
     static HttpReply json(std::string text);
@@ -28,6 +32,11 @@ struct HttpReply
     static HttpReply wrongMethod(const std::string& method);
     /// The problem document of an error that the tree answered with; the status follows its name.
     static HttpReply error(const CMError& error);
+    /// Tells of the tree's error, if it does, in a client's language. What the API itself says of a
+    /// malformed call is for programmers and stays English.
+    void translate(const TextCatalogue& texts);
+    /// Whether a client that names these tags (RFC 9110 13.1.2) has the body of this weak tag.
+    static bool isKnown(const std::string& ifNoneMatch, const std::string& tag);
     /// Name of the error that waiting calls get when the streamer stops.
     static QString stoppingName() { return QStringLiteral("Stopping"); }
 };

@@ -1,5 +1,7 @@
 #include "JsonText.h"
 
+#include "texts/TextCatalogue.h"
+
 #include <cmath>
 #include <kelo/KeloRoles.h>
 #include <kelo/KeloValue.h>
@@ -10,8 +12,15 @@ namespace {
 
 constexpr int deepest = 64;
 
+} // namespace
+
+JsonText::JsonText(const TextCatalogue* texts)
+    : m_texts(texts && !texts->isEmpty() ? texts : nullptr)
+{
+}
+
 /// What the host's own types hold inside a variant.
-QVariant unwrapped(const QVariant& value)
+QVariant JsonText::unwrapped(const QVariant& value) const
 {
     const int type = value.userType();
     if (type < QMetaType::User)
@@ -19,7 +28,7 @@ QVariant unwrapped(const QVariant& value)
     if (type == qMetaTypeId<CMPath>())
         return value.value<CMPath>().toEncoded();
     if (type == qMetaTypeId<TrString>())
-        return value.value<TrString>().toString();
+        return m_texts ? value.value<TrString>().toString(*m_texts) : value.toString();
     if (type == qMetaTypeId<KeloHash>())
         return value.value<KeloHash>().toVariant();
     if (type == qMetaTypeId<KeloValue>())
@@ -30,8 +39,6 @@ QVariant unwrapped(const QVariant& value)
         return value.value<KeloMediaData>().toVariant();
     return QVariant();
 }
-
-} // namespace
 
 void JsonText::key(const QString& name)
 {
@@ -54,6 +61,14 @@ void JsonText::role(const QString& role, const QVariant& value)
         string(KeloRolesContainerType::toString(value.toInt()));
     else
         write(value, 0);
+}
+
+void JsonText::heading(const QVariant& title)
+{
+    if (m_texts && title.userType() == QMetaType::QString)
+        string(m_texts->plain(title.toString()));
+    else
+        write(title, 0);
 }
 
 void JsonText::fields(const QVariantHash& roles)

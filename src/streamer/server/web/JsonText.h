@@ -5,11 +5,17 @@
 #include <rapidjson/writer.h>
 #include <string>
 
-/// Writes a JSON document from what the content tree answers with. One document per object, on one
-/// thread. Keys of hashes come out sorted, so equal answers are equal texts.
+class TextCatalogue;
+
+/// Writes a JSON document from what the content tree answers with, its texts in a client's
+/// language. One document per object, on one thread. Keys of hashes come out sorted, so equal
+/// answers are equal texts.
 class JsonText
 {
 public:
+    /// Without a catalogue the texts are the built-in ones.
+    explicit JsonText(const TextCatalogue* texts = nullptr);
+
     void beginObject() { m_writer.StartObject(); }
     void endObject() { m_writer.EndObject(); }
     void beginArray() { m_writer.StartArray(); }
@@ -21,6 +27,8 @@ public:
     void value(const QVariant& value) { write(value, 0); }
     /// A role's value: as value(), types by their names.
     void role(const QString& role, const QVariant& value);
+    /// The title of a heading, which is one of our own texts even where it stands as a plain one.
+    void heading(const QVariant& title);
     /// The fields of a hash, without braces.
     void fields(const QVariantHash& roles);
 
@@ -29,11 +37,13 @@ public:
     static std::string fromObject(const QJsonObject& object);
 
 private:
+    QVariant unwrapped(const QVariant& value) const;
     void write(const QVariant& value, int depth);
     bool writePlain(const QVariant& value);
     template <class Map>
     void writeMap(const Map& map, QStringList keys, int depth);
 
+    const TextCatalogue* m_texts;
     rapidjson::StringBuffer m_buffer;
     rapidjson::Writer<rapidjson::StringBuffer> m_writer{m_buffer};
 };

@@ -31,16 +31,26 @@ const QStringList& dataRoles()
     return roles;
 }
 
+bool isHeader(const QVariant& type)
+{
+    return type.userType() == QMetaType::Int ? type.toInt() == KeloRolesType::Header_
+                                             : type.toString() == KeloRolesType::Header();
+}
+
 /// The roles of a list of values as an object, those without a value left out.
 void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& values)
 {
     json.beginObject();
     const int count = qMin(roles.size(), values.size());
+    const bool isHeading = isHeader(values.value(roles.indexOf(KeloRoles::Type())));
     for (int i = 0; i < count; ++i) {
         if (!values.at(i).isValid())
             continue;
         json.key(roles.at(i));
-        json.role(roles.at(i), values.at(i));
+        if (isHeading && roles.at(i) == KeloRoles::Title())
+            json.heading(values.at(i));
+        else
+            json.role(roles.at(i), values.at(i));
     }
     json.endObject();
 }
@@ -97,7 +107,7 @@ HttpReply TreeApi::rows(const HttpCall& call)
     const KeloRoles own =
         rows.last.roles().isEmpty() ? CMRoot().servingRoles(*path) : rows.last.roles();
 
-    JsonText json;
+    JsonText json(call.texts);
     json.beginObject();
     json.key(QStringLiteral("path"));
     json.string(path->toEncoded());
@@ -134,7 +144,7 @@ HttpReply TreeApi::data(const HttpCall& call)
     if (request.reply().error().isSet())
         return HttpReply::error(request.reply().error());
 
-    JsonText json;
+    JsonText json(call.texts);
     json.beginObject();
     json.key(QStringLiteral("path"));
     json.string(path->toEncoded());
@@ -174,7 +184,7 @@ HttpReply TreeApi::set(const HttpCall& call)
     if (request.reply().error().isSet())
         return HttpReply::error(request.reply().error());
 
-    JsonText json;
+    JsonText json(call.texts);
     json.beginObject();
     json.key(QStringLiteral("reply"));
     json.value(request.reply().value());

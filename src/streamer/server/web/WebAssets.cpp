@@ -57,17 +57,6 @@ std::string typeOfName(const std::string& name)
     return contentTypeOf(file.substr(dot + 1));
 }
 
-/// RFC 9110 13.1.2: any of the listed tags, or "*"; compared weakly.
-bool isListed(const std::string& ifNoneMatch, const std::string& tag)
-{
-    const QList<QByteArray> listed = QByteArray::fromStdString(ifNoneMatch).split(',');
-    const QByteArray opaque = QByteArray::fromStdString(tag).mid(2);
-    return std::any_of(listed.begin(), listed.end(), [&](const QByteArray& item) {
-        const QByteArray one = item.trimmed();
-        return one == "*" || one == opaque || one == "W/" + opaque;
-    });
-}
-
 } // namespace
 
 WebAssets::WebAssets(const QString& directory) : m_directory(directory)
@@ -118,7 +107,7 @@ std::optional<HttpReply> WebAssets::find(const std::string& path,
     reply.contentType = found->contentType;
     reply.headers = {
         {"Cache-Control", "no-cache"}, {"ETag", found->tag}, {"Vary", "Accept-Encoding"}};
-    if (!ifNoneMatch.empty() && isListed(ifNoneMatch, found->tag))
+    if (!ifNoneMatch.empty() && HttpReply::isKnown(ifNoneMatch, found->tag))
         reply.status = 304;
     else
         reply.body = std::move(found->body);

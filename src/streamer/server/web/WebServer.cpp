@@ -8,6 +8,8 @@
 #include "Metrics.h"
 #include "OriginGuard.h"
 #include "PlayerApi.h"
+#include "texts/TextCatalogues.h"
+#include "TextsApi.h"
 #include "TreeApi.h"
 #include "WebAssets.h"
 
@@ -84,6 +86,7 @@ public:
         m_player.addRoutes(m_routes);
         m_login.addRoutes(m_routes);
         m_events.addRoutes(m_routes);
+        TextsApi::addRoutes(m_routes);
         addOwnRoutes();
         setUp(m_listener.server());
     }
@@ -107,6 +110,7 @@ private:
     const WebServerOptions m_options;
     const OriginGuard m_guard;
     const WebAssets m_assets;
+    const TextCatalogues m_texts;
     ReplyWaiter m_waiter;
     TreeApi m_tree;
     PlayerApi m_player;
@@ -216,7 +220,15 @@ HttpReply WebServer::Private::answer(const httplib::Request& request, const std:
     HttpCall call;
     call.query = std::move(*query);
     call.body = QByteArray::fromStdString(body);
-    return m_routes.answer(request.method, request.path, call);
+    call.ifNoneMatch = request.get_header_value("If-None-Match");
+    call.texts =
+        &m_texts.choose(call.parameter("language").value_or(QString()),
+                        QString::fromStdString(request.get_header_value("Accept-Language")));
+    HttpReply reply = m_routes.answer(request.method, request.path, call);
+    reply.translate(*call.texts);
+    reply.headers.emplace_back("Content-Language", call.texts->language().toStdString());
+    reply.headers.emplace_back("Vary", "Accept-Language");
+    return reply;
 }
 
 HttpReply WebServer::Private::answerAsset(const httplib::Request& request, std::string* route) const

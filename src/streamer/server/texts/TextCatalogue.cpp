@@ -1,0 +1,143 @@
+#include "TextCatalogue.h"
+
+#include <QXmlStreamReader>
+
+namespace {
+
+QByteArray keyOf(const QByteArray& context, const QByteArray& source, const QByteArray& comment)
+{
+    return context + '\0' + source + '\0' + comment;
+}
+
+/// One <message> of a catalogue.
+struct Message
+{
+    QString source;
+    QString comment;
+    QString translation; ///< empty while it is unfinished
+};
+
+Message readMessage(QXmlStreamReader& xml)
+{
+    Message message;
+    while (xml.readNextStartElement()) {
+        const bool isFinished = !xml.attributes().hasAttribute(QLatin1String("type"));
+        if (xml.name() == QLatin1String("source"))
+            message.source = xml.readElementText();
+        else if (xml.name() == QLatin1String("comment"))
+            message.comment = xml.readElementText();
+        else if (xml.name() == QLatin1String("translation") && isFinished)
+            message.translation = xml.readElementText();
+        else
+            xml.skipCurrentElement();
+    }
+    return message;
+}
+
+} // namespace
+
+bool TextCatalogue::add(QIODevice& file)
+{
+    QXmlStreamReader xml(&file);
+    QString context;
+    xml.readNextStartElement(); // <TS>
+    while (xml.readNextStartElement()) {
+        if (xml.name() != QLatin1String("context")) {
+            xml.skipCurrentElement();
+            continue;
+        }
+        while (xml.readNextStartElement()) {
+            if (xml.name() == QLatin1String("name")) {
+                context = xml.readElementText();
+            } else if (xml.name() == QLatin1String("message")) {
+                const Message message = readMessage(xml);
+                if (!message.translation.isEmpty())
+                    add(context, message.source, message.comment, message.translation);
+            } else {
+                xml.skipCurrentElement();
+            }
+        }
+    }
+    return !xml.hasError();
+}
+
+void TextCatalogue::add(const QString& context, const QString& source, const QString& comment,
+                        const QString& translation)
+{
+    if (context == QLatin1String("page")) {
+        m_pageTexts.insert(source, translation);
+        return;
+    }
+    m_texts.insert(keyOf(context.toUtf8(), source.toUtf8(), comment.toUtf8()), translation);
+    addPlain(source, translation);
+}
+
+void TextCatalogue::addPlain(const QString& source, const QString& translation)
+{
+    Pattern pattern;
+    int begin = 0;
+    for (int i = 0; i + 1 < source.size(); ++i) {
+        const int number = source[i] == u'%' ? source[i + 1].unicode() - u'0' : 0;
+        if (number < 1 || number > 9)
+            continue;
+        pattern.pieces.append(source.mid(begin, i - begin));
+        pattern.numbers.append(number);
+        begin = i + 2;
+    }
+    if (pattern.numbers.isEmpty()) {
+        if (!m_plain.contains(source))
+            m_plain.insert(source, translation);
+        return;
+    }
+    pattern.pieces.append(source.mid(begin));
+    pattern.translation = translation;
+    m_patterns.append(pattern);
+}
+
+QString TextCatalogue::Pattern::filled(const QString& text) const
+{
+    if (!text.startsWith(pieces.first()) || !text.endsWith(pieces.last()))
+        return QString();
+    QMap<int, QString> arguments;
+    int begin = pieces.first().size();
+    for (int i = 0; i < numbers.size(); ++i) {
+        const bool isLast = i + 1 == numbers.size();
+        const QString& next = pieces[i + 1];
+        const int end = isLast ? text.size() - next.size() : text.indexOf(next, begin);
+        if (end < begin)
+            return QString();
+        arguments.insert(numbers[i], text.mid(begin, end - begin));
+        begin = end + next.size();
+    }
+    QString result;
+    for (int i = 0; i < translation.size(); ++i) {
+        const bool isPlace = translation[i] == u'%' && i + 1 < translation.size() &&
+                             arguments.contains(translation[i + 1].unicode() - u'0');
+        if (isPlace)
+            result += arguments.value(translation[++i].unicode() - u'0');
+        else
+            result += translation[i];
+    }
+    return result;
+}
+
+QString TextCatalogue::translate(const char* context, const char* source, const char* comment,
+                                 int) const
+{
+    const auto find = [&](const char* told) { return m_texts.value(keyOf(context, source, told)); };
+    const QString text = comment ? find(comment) : QString();
+    return text.isNull() ? find("") : text;
+}
+
+QString TextCatalogue::plain(const QString& text) const
+{
+    const auto found = m_plain.find(text);
+    if (found != m_plain.end())
+        return *found;
+    for (const Pattern& pattern : m_patterns) {
+        const QString filled = pattern.filled(text);
+        if (!filled.isNull())
+            return filled;
+    }
+    return text;
+}
