@@ -15,6 +15,13 @@ void endOnInterrupt()
     std::signal(SIGINT, [](int) { _exit(cli::ExitDone); });
 }
 
+/// A signal, since a name that does not resolve or a streamer that drips holds a call up anywhere.
+void endSoon()
+{
+    std::signal(SIGALRM, [](int) { _exit(cli::ExitDone); });
+    alarm(1);
+}
+
 int serve(const ServeOptions& options, const Settings& settings)
 {
 #ifdef KELO_HAS_SERVER
@@ -32,6 +39,6 @@ int serve(const ServeOptions& options, const Settings& settings)
 int main(int argc, char** argv)
 {
     cli::CommandLine commandLine(
-        {std::cout, std::cerr, cli::Terminal::ofStdout(), serve, endOnInterrupt});
+        {std::cout, std::cerr, cli::Terminal::ofStdout(), serve, endOnInterrupt, endSoon});
     return commandLine.run(std::vector<std::string>(argv + 1, argv + argc));
 }

@@ -22,7 +22,6 @@ namespace {
 const char* const browseGroup = "Browse";
 const char* const playGroup = "Play";
 const char* const loginGroup = "Log in";
-const char* const streamerGroup = "Run";
 
 QString fromStd(const std::string& text)
 {
@@ -34,13 +33,13 @@ QString fromStd(const std::string& text)
 CommandLine::CommandLine(Surroundings surroundings)
     : m_around(std::move(surroundings)), m_terminal(m_around.out, m_around.err, m_around.terminal),
       m_app(std::make_unique<CLI::App>(
-          "Plays and browses a music service: the streamer, and the commands that talk to it.",
-          "kelo"))
+          "Plays and browses a music service: a streamer, and commands that talk to it.", "kelo"))
 {
     m_values.server =
         qEnvironmentVariable("KELO_SERVER", QStringLiteral("http://127.0.0.1:8095")).toStdString();
-    m_app->formatter(std::make_shared<HelpFormatter>());
-    m_app->set_version_flag("--version", "kelo " KELO_VERSION);
+    m_app->formatter(std::make_shared<HelpFormatter>(m_terminal.width()));
+    m_app->set_help_flag("-h,--help", "Print this help");
+    m_app->set_version_flag("--version", "kelo " KELO_VERSION, "Print the version");
     m_app->require_subcommand(0, 1); // none at all gets a message of its own
     m_app->footer("kelo serve --demo                  a streamer with a simulated service\n"
                   "kelo tree                          what there is\n"
@@ -55,6 +54,7 @@ CommandLine::CommandLine(Surroundings surroundings)
     addLogin();
     addStreamer();
     addMachine();
+    addShell();
 }
 
 CommandLine::~CommandLine() = default;
@@ -84,7 +84,8 @@ void CommandLine::addClientOptions(CLI::App* app)
 {
     app->add_flag("--json", m_values.isJson, "Print one JSON document");
     app->add_option("--server", m_values.server,
-                    "The streamer's address (else KELO_SERVER, else http://127.0.0.1:8095)");
+                    "The streamer's address (else KELO_SERVER, else http://127.0.0.1:8095)")
+        ->type_name("URL");
 }
 
 void CommandLine::addBrowsing()
@@ -98,9 +99,10 @@ void CommandLine::addBrowsing()
                           .run(context);
                   });
     rows->add_option("PATH", m_values.path, "The container")->required();
-    rows->add_option("--from", m_values.from, "First row (0)");
-    rows->add_option("--to", m_values.to, "Last row (49)");
-    rows->add_option("--roles", m_values.roles, "Roles wanted, with commas between");
+    rows->add_option("--from", m_values.from, "First row (0)")->type_name("N");
+    rows->add_option("--to", m_values.to, "Last row (49)")->type_name("N");
+    rows->add_option("--roles", m_values.roles, "Roles wanted, with commas between")
+        ->type_name("A,B");
     rows->add_flag("--follow", m_values.isFollowing, "Show them again whenever they change");
 
     CLI::App* data = addClient(
@@ -110,7 +112,8 @@ void CommandLine::addBrowsing()
             return DataCommand{fromStd(m_values.path), fromStd(m_values.roles)}.run(context);
         });
     data->add_option("PATH", m_values.path, "The node")->required();
-    data->add_option("--roles", m_values.roles, "Roles wanted, with commas between");
+    data->add_option("--roles", m_values.roles, "Roles wanted, with commas between")
+        ->type_name("A,B");
 
     CLI::App* set = addClient(
         browseGroup, "set", "Send a value to a node: activate, store, submit.",
@@ -143,6 +146,7 @@ void CommandLine::addBrowsing()
     for (const QString& kind : SearchCommand::kinds())
         kinds.push_back(kind.toStdString());
     search->add_option("--in", m_values.kind, "One kind alone, with more rows")
+        ->type_name("KIND")
         ->check(CLI::IsMember(kinds));
 
     CLI::App* tree = addClient(
@@ -152,7 +156,9 @@ void CommandLine::addBrowsing()
             return TreeCommand(path.isEmpty() ? topPath() : path, m_values.depth).run(context);
         });
     tree->add_option("PATH", m_values.path, "Where to begin (/tidal)");
-    tree->add_option("--depth", m_values.depth, "Levels below it (2)")->check(CLI::Range(1, 16));
+    tree->add_option("--depth", m_values.depth, "Levels below it (2)")
+        ->type_name("N")
+        ->check(CLI::Range(1, 16).description(""));
 }
 
 void CommandLine::addPlaying()
@@ -197,7 +203,7 @@ void CommandLine::addSeekVolumeStatus()
                                  });
     volume->add_option("PERCENT", m_values.percent, "0 to 100")
         ->required()
-        ->check(CLI::Range(0, 100));
+        ->check(CLI::Range(0, 100).description(""));
     CLI::App* status =
         addClient(playGroup, "status", "Show what the player does.",
                   "kelo status\nkelo status --follow", [this](const CommandContext& context) {
@@ -221,8 +227,9 @@ void CommandLine::addLogin()
 
 void CommandLine::addSettingsOptions(CLI::App* app)
 {
-    app->add_option("--config", m_values.config, "The settings file");
+    app->add_option("--config", m_values.config, "The settings file")->type_name("FILE");
     app->add_option("-o", m_values.overrides, "A setting, as section.key=value")
+        ->type_name("KEY=VALUE")
         ->allow_extra_args(false);
 }
 
@@ -234,12 +241,15 @@ void CommandLine::addStreamer()
                           "kelo serve --config kelo.toml -o tidal.sound_quality=HIGH");
     addSettingsOptions(serve);
     serve->add_flag("--demo", m_values.isDemo, "With a simulated service inside, logged in");
-    serve->add_option("--listen", m_values.listen, "ADDR:PORT; port 0 picks one");
-    serve->add_option("--state-dir", m_values.stateDirectory,
-                      "Where logins and the queue are kept");
-    serve->add_option("--module", m_values.module, "The service module to load");
-    serve->add_option("--output", m_values.output, "auto, null or a GStreamer sink");
-    serve->add_option("--log-level", m_values.logLevel, "trace, debug, info, warn or error");
+    serve->add_option("--listen", m_values.listen, "Where to listen; port 0 picks one")
+        ->type_name("ADDR:PORT");
+    serve->add_option("--state-dir", m_values.stateDirectory, "Where logins and the queue are kept")
+        ->type_name("FOLDER");
+    serve->add_option("--module", m_values.module, "The service module to load")->type_name("FILE");
+    serve->add_option("--output", m_values.output, "auto, null or a GStreamer sink")
+        ->type_name("SINK");
+    serve->add_option("--log-level", m_values.logLevel, "trace, debug, info, warn or error")
+        ->type_name("LEVEL");
     serve->callback([this] { m_chosen = [this] { return runServe(); }; });
 }
 
@@ -263,8 +273,9 @@ void CommandLine::addMachine()
                 .run(context);
         });
     addSettingsOptions(doctor);
-    doctor->add_option("--state-dir", m_values.stateDirectory,
-                       "Where logins and the queue are kept");
+    doctor
+        ->add_option("--state-dir", m_values.stateDirectory, "Where logins and the queue are kept")
+        ->type_name("FOLDER");
 }
 
 LoadedSettings CommandLine::loadSettings() const

@@ -32,7 +32,10 @@ public:
         /// Runs the streamer.
         std::function<int(const ServeOptions&, const Settings&)> serve;
         /// Called before a command that goes on until it is interrupted.
-        std::function<void()> endOnInterrupt;
+        std::function<void()> endOnInterrupt = {};
+        /// Called before an answer that is only wanted when it comes at once: ends the program,
+        /// in silence, when it takes longer.
+        std::function<void()> endSoon = {};
     };
 
     explicit CommandLine(Surroundings surroundings);
@@ -42,6 +45,9 @@ public:
     int run(std::vector<std::string> arguments);
 
 private:
+    /// The heading in help of the commands that have to do with this machine.
+    static constexpr const char* streamerGroup = "Run";
+
     using Command = std::function<int(const CommandContext&)>;
 
     void addBrowsing();
@@ -50,6 +56,7 @@ private:
     void addLogin();
     void addStreamer();
     void addMachine();
+    void addShell();
     void addLibrary();
     void addPlaylists(CLI::App& parent);
     void addPlaylistItems(CLI::App& parent);
@@ -71,6 +78,7 @@ private:
     void addSettingsOptions(CLI::App* app);
     LoadedSettings loadSettings() const;
     int runServe();
+    int runComplete();
     int runClient(const Command& command);
 
     Surroundings m_around;
@@ -106,6 +114,8 @@ private:
         std::vector<std::string> overrides;
         bool isDemo = false;
         bool isDryRun = false;
+        std::string line;
+        std::string breaks;
     } m_values;
 };
 

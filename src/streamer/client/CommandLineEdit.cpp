@@ -4,6 +4,7 @@
 #include "client/PlaylistCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <limits>
 
 namespace cli {
 
@@ -69,7 +70,8 @@ void CommandLine::addPlaylists(CLI::App& parent)
 {
     const auto addTitle = [this](CLI::App* app) {
         app->add_option("TITLE", m_values.title, "Its title")->required();
-        app->add_option("--description", m_values.description, "Its description");
+        app->add_option("--description", m_values.description, "Its description")
+            ->type_name("TEXT");
     };
     addTitle(addPlaylistCommand(parent, "create", "Make a playlist and print its id.",
                                 "kelo playlist create 'Late evening'\n"
@@ -92,7 +94,9 @@ void CommandLine::addPlaylistItems(CLI::App& parent)
     addPlaylistId(addItems);
     addItems->add_option("PATH", m_values.paths, "Rows, or their menus")->required();
     const auto addNumber = [](CLI::App* app, const char* name, int& number, const char* text) {
-        app->add_option(name, number, text)->required()->check(CLI::NonNegativeNumber);
+        app->add_option(name, number, text)
+            ->required()
+            ->check(CLI::Range(0, std::numeric_limits<int>::max()).description(""));
     };
     CLI::App* remove = addPlaylistCommand(parent, "remove", "Remove one row of a playlist.",
                                           "kelo playlist remove ID 4", &PlaylistCommand::remove);

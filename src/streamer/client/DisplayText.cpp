@@ -105,6 +105,21 @@ QString padded(const QString& text, int width)
     return text + QString(qMax(0, width - columns(text)), ' ');
 }
 
+QStringList wrapped(const QString& text, int width)
+{
+    QStringList lines{QString()};
+    for (const QString& word : text.split(' ', Qt::SkipEmptyParts)) {
+        QString& line = lines.last();
+        if (line.isEmpty())
+            line = word;
+        else if (columns(line) + 1 + columns(word) <= width)
+            line += ' ' + word;
+        else
+            lines.append(word);
+    }
+    return lines;
+}
+
 QString clockTime(qint64 milliseconds)
 {
     const qint64 seconds = qMax<qint64>(0, milliseconds) / 1000;

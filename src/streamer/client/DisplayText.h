@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// Text as a terminal shows it: what may be sent to it and how many columns it takes. Free
 /// functions without state, safe on any thread; they do not depend on the process's locale.
@@ -19,6 +20,10 @@ QString cut(const QString& text, int width);
 
 /// \p text followed by as many spaces as it lacks to \p width columns.
 QString padded(const QString& text, int width);
+
+/// The lines of \p text, broken at blanks so that none is wider than \p width; only a longer word
+/// is.
+QStringList wrapped(const QString& text, int width);
 
 /// "m:ss", or "h:mm:ss" from an hour on; negative durations count as 0.
 QString clockTime(qint64 milliseconds);

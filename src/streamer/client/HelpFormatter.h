@@ -5,12 +5,19 @@
 namespace cli {
 
 /// Help texts with the examples first: what a command does, how it looks in use, and only then its
-/// options. Owned by the parser. The examples are the command's footer, one per line.
+/// options, wrapped to the reader's width. Owned by the parser. The examples are the command's
+/// footer, one per line.
 class HelpFormatter : public CLI::Formatter
 {
 public:
+    /// \p width is in columns; very wide terminals get lines that can still be read.
+    explicit HelpFormatter(int width);
+
     std::string make_help(const CLI::App* app, std::string name,
                           CLI::AppFormatMode mode) const override;
+
+private:
+    int m_width;
 };
 
 } // namespace cli

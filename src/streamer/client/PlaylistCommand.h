@@ -28,9 +28,11 @@ struct PlaylistCommand
     int remove(const CommandContext& context) const;
     int move(const CommandContext& context) const;
 
+    /// The path of the list of the user's own playlists.
+    [[nodiscard]] static ApiReply findPlaylists(const TreeWalk& walk, QString& list);
+
 private:
     [[nodiscard]] static ApiReply findCollection(const TreeWalk& walk, QString& path);
-    [[nodiscard]] static ApiReply findPlaylists(const TreeWalk& walk, QString& list);
     [[nodiscard]] ApiReply findPlaylist(const TreeWalk& walk, QJsonObject& playlist) const;
     [[nodiscard]] ApiReply findItem(const TreeWalk& walk, QString& list, QJsonObject& item) const;
     [[nodiscard]] ApiReply fillForm(const TreeWalk& walk, const QString& form,
