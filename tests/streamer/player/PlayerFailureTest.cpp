@@ -76,6 +76,37 @@ TEST_F(PlayerFailureTest, ResolvesARefusedAddressOnceAtTheSamePosition)
     EXPECT_EQ(module->asked().mid(3), QStringList({"1 at 0", "1 at 0"}));
 }
 
+TEST_F(PlayerFailureTest, ComesBackToWhatBrokeOffWhenNothingElsePlaysEither)
+{
+    QStringList ids;
+    for (int i = 1; i <= 12; ++i)
+        ids << QString::number(i);
+    addTracks(ids);
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    OutputError lost;
+    lost.text = "no network";
+    const auto lose = [&](qint64 positionMs) {
+        lost.positionMs = positionMs;
+        script.raise([lost](const auto& events) { events.error(lost); });
+    };
+    lose(12000);
+    waitForOperation("open fake:1 12000");
+    waitForState("playing");
+    lose(30000); // the retry went well for a while, so there is another one
+    waitForOperation("open fake:1 30000");
+    waitForState("playing");
+    for (const QString& id : ids)
+        module->setAnswer(id, {"no network"});
+    lose(50000);
+    const QJsonObject status = waitForState("stopped");
+    EXPECT_EQ(status["title"], "Track 1");
+    EXPECT_EQ(status["positionMs"], 50000);
+    EXPECT_EQ(module->asked().size(), 3 + 10);
+    module->setAnswer("1", {});
+    ASSERT_EQ(run("resume"), "ok");
+    EXPECT_EQ(opened().last(), "open fake:1 50000");
+}
+
 TEST_F(PlayerFailureTest, ANextItemThatFailsEarlyLeavesThePresentOneAlone)
 {
     addTracks({"1", "2"});

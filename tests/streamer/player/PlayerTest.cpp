@@ -1,4 +1,5 @@
 #include "PlayerFixture.h"
+#include "PlayerStore.h"
 #include <kelo/KeloTidalTypes.h>
 
 namespace {
@@ -193,23 +194,64 @@ TEST_F(PlayerTest, ResolvesAgainAfterAPauseLongerThanTheAddressLives)
               "open fake:1 0,pause,resume,pause,open fake:1 5000");
 }
 
-TEST_F(PlayerTest, KeepsVolumeAndQueueOverARestart)
+TEST_F(PlayerTest, GoesOnWhereItWasAfterARestart)
 {
     addTracks({"1", "2"});
     ASSERT_EQ(run("volume", {{"percent", 40}}), "ok");
     ASSERT_EQ(play(pathOf("1")), "ok");
-    player.reset();
-    startPlayer();
-    const QJsonObject status = player->status();
+    script.setPosition(33000);
+    time.advance(5000);
+    waitFor([](const QJsonObject& status) { return status["positionMs"] == 33000; });
+    EXPECT_EQ(PlayerStore(stateDir.path()).load().positionMs, 33000); // a crash loses seconds
+    script.setPosition(42000);
+    const auto restart = [this] {
+        player.reset();
+        startPlayer();
+        return player->status();
+    };
+    QJsonObject status = restart();
     EXPECT_EQ(status["state"], "stopped");
     EXPECT_EQ(status["title"], "Track 1");
+    EXPECT_EQ(status["index"], 0);
+    EXPECT_EQ(status["positionMs"], 42000);
+    EXPECT_EQ(status["durationMs"], 100000);
     EXPECT_EQ(script.operations().last(), "volume 40");
+
+    module->setAnswer("1", {"not logged in"}); // whoever comes too early loses nothing
+    EXPECT_EQ(run("resume"), "not logged in");
+    status = restart();
+    EXPECT_EQ(status["title"], "Track 1");
+    EXPECT_EQ(status["positionMs"], 42000);
+
+    module->setAnswer("1", {});
+    ASSERT_EQ(run("seek", {{"positionMs", 43000}}), "ok");
+    ASSERT_EQ(run("resume"), "ok");
+    EXPECT_EQ(opened().last(), "open fake:1 43000");
+    restart();
     ASSERT_EQ(run("next"), "ok");
     waitForTitle("Track 2");
-    player.reset();
-    startPlayer();
-    ASSERT_EQ(run("resume"), "ok");
-    waitForTitle("Track 2");
+    ASSERT_EQ(run("stop"), "ok");
+    EXPECT_EQ(restart()["positionMs"], 0); // what was stopped begins anew
+    ASSERT_EQ(run("previous"), "ok");
+    waitForTitle("Track 1");
+}
+
+TEST_F(PlayerTest, AFileThatIsNoneCountsAsNoQueue)
+{
+    const QString name = stateDir.filePath("player.json");
+    for (const char* text : {"", "{", "[1]", R"({"volume":7e9,"positionMs":-1,"index":"x"})"}) {
+        SCOPED_TRACE(text);
+        player.reset();
+        QFile file(name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) >= 0);
+        file.close();
+        startPlayer();
+        EXPECT_EQ(player->status(), (QJsonObject{{"state", "stopped"}, {"volume", 100}}));
+    }
+    ASSERT_EQ(run("volume", {{"percent", 8}}), "ok");
+    QFile::remove(name); // a file that went is written anew
+    ASSERT_EQ(run("volume", {{"percent", 9}}), "ok");
+    EXPECT_EQ(PlayerStore(stateDir.path()).load().volume, 9);
 }
 
 TEST_F(PlayerTest, PlaysWhatAModuleHandsOverForSomebodyElseAndWalksItsList)

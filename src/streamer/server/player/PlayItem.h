@@ -16,9 +16,9 @@ struct PlayItem
     QString qualityAsked;
     QString qualityDelivered; ///< empty when unknown
     qint64 startMs = 0;
-    qint64 durationMs = 0;   ///< as the item says; 0 when it does not
-    qint64 maxIdleMs = 0;    ///< longest pause after which the address is good; 0 when not said
-    bool wasRefused = false; ///< the address was refused once already
+    qint64 durationMs = 0; ///< as the item says; 0 when it does not
+    qint64 maxIdleMs = 0;  ///< longest pause after which the address is good; 0 when not said
+    bool isRetry = false;  ///< an earlier address of the item failed
 
     /// What is known before a module has completed the entry.
     static PlayItem ofEntry(const QueueEntry& entry);

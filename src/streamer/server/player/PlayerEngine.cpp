@@ -5,6 +5,7 @@ namespace {
 constexpr qint64 tickMs = 1000;
 constexpr qint64 nearEndMs = 10000;
 constexpr qint64 restartMs = 3000; ///< from here on "previous" means the item's own beginning
+constexpr qint64 saveEveryMs = 5000;
 constexpr int maxNoteLength = 400;
 
 CMError errorOf(const QString& text)
@@ -21,12 +22,14 @@ PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, TimeSource& time
     const PlayerStore::Kept kept = m_store.load();
     m_volume = kept.volume;
     m_item = kept.item;
+    m_resumeMs = kept.positionMs;
     m_output->setVolume(m_volume);
     this->publish();
 }
 
 PlayerEngine::~PlayerEngine()
 {
+    save();
     fail(QStringLiteral("the player ends"));
     m_output->stop();
 }
@@ -36,6 +39,8 @@ void PlayerEngine::command(const Reply& reply)
     fail(QStringLiteral("superseded by another command"));
     m_reply = reply;
     m_failures = 0;
+    m_broken = PlayItem();
+    m_brokenMs = 0;
     m_isPauseWanted = false;
     m_note.clear();
     m_isNoteFresh = false;
@@ -80,6 +85,7 @@ void PlayerEngine::pause(const Reply& reply)
         m_output->pause();
         m_pausedAtMs = m_time.nowMs();
         m_state = State::Paused;
+        save();
         publish();
     }
     reply.setValue(QVariant(true));
@@ -93,7 +99,7 @@ void PlayerEngine::resume(const Reply& reply)
     if (m_state == State::Stopped || (m_state == State::Paused && isIdleTooLong)) {
         if (!m_item.entry.canResolve())
             return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
-        const qint64 position = m_state == State::Paused ? m_output->positionMs() : 0;
+        const qint64 position = positionMs();
         command(reply);
         return replay(position);
     }
@@ -111,6 +117,7 @@ void PlayerEngine::replay(qint64 offsetMs)
 {
     startChain(Purpose::Start, m_item.entry);
     m_chain.offsetMs = offsetMs;
+    m_chain.isSameItem = true;
     resolve();
 }
 
@@ -121,12 +128,13 @@ void PlayerEngine::stop(const Reply& reply)
     succeed();
 }
 
-void PlayerEngine::halt()
+void PlayerEngine::halt(qint64 resumeMs)
 {
     endChain();
     m_output->stop();
     m_next = PlayItem();
     m_state = State::Stopped;
+    m_resumeMs = resumeMs;
     save();
     publish();
 }
@@ -167,10 +175,16 @@ void PlayerEngine::previous(const Reply& reply)
 
 void PlayerEngine::seek(qint64 positionMs, const Reply& reply)
 {
-    if (m_state != State::Playing && m_state != State::Paused)
+    const bool isStopped = m_state == State::Stopped && m_item.entry.canResolve();
+    if (m_state != State::Playing && m_state != State::Paused && !isStopped)
         return reply.setError(errorOf(QStringLiteral("nothing is playing")));
-    const qint64 duration = m_output->durationMs();
-    m_output->seek(duration > 0 ? std::min(positionMs, duration) : positionMs);
+    const qint64 duration = durationMs();
+    const qint64 wanted = duration > 0 ? std::min(positionMs, duration) : positionMs;
+    if (isStopped)
+        m_resumeMs = wanted;
+    else
+        m_output->seek(wanted);
+    save();
     publish();
     reply.setValue(QVariant(true));
 }
@@ -210,7 +224,31 @@ void PlayerEngine::addNote(const QString& text)
 
 void PlayerEngine::save()
 {
-    m_store.save({m_volume, m_item});
+    PlayItem item = m_item;
+    item.durationMs = durationMs();
+    m_store.save({m_volume, item, positionMs()});
+    m_savedAtMs = m_time.nowMs();
+}
+
+qint64 PlayerEngine::positionMs() const
+{
+    switch (m_state) {
+    case State::Playing:
+    case State::Paused:
+        return m_output->positionMs();
+    case State::Resolving:
+        return m_chain.isActive ? m_chain.offsetMs : m_item.startMs;
+    case State::Stopped:
+        break;
+    }
+    return m_resumeMs;
+}
+
+qint64 PlayerEngine::durationMs() const
+{
+    const bool isOpen = m_state == State::Playing || m_state == State::Paused;
+    const qint64 duration = isOpen ? m_output->durationMs() : 0;
+    return duration > 0 ? duration : m_item.durationMs;
 }
 
 void PlayerEngine::publish()
@@ -228,14 +266,8 @@ void PlayerEngine::publish()
     status.qualityAsked = m_item.qualityAsked;
     status.qualityDelivered = m_item.qualityDelivered;
     status.note = m_note.isEmpty() ? m_output->note() : m_note;
-    if (m_state == State::Playing || m_state == State::Paused) {
-        status.positionMs = m_output->positionMs();
-        status.durationMs = m_output->durationMs();
-    } else if (m_state == State::Resolving) {
-        status.positionMs = m_chain.offsetMs;
-    }
-    if (status.durationMs == 0)
-        status.durationMs = m_item.durationMs;
+    status.positionMs = positionMs();
+    status.durationMs = durationMs();
     status.measuredMs = m_time.nowMs();
     m_publish(status);
 }
@@ -256,5 +288,7 @@ void PlayerEngine::tick(quint64 number)
     const qint64 duration = m_output->durationMs();
     if (duration > 0 && duration - position <= nearEndMs)
         prefetch();
+    if (m_time.nowMs() - m_savedAtMs >= saveEveryMs)
+        save();
     publish();
 }

@@ -47,9 +47,10 @@ private:
         bool isActive = false;
         quint64 generation = 0; ///< answers that belong to an earlier chain are dropped
         Purpose purpose = Purpose::Start;
-        int step = 1;       ///< direction in the list
-        bool skips = false; ///< a failing item is passed over; else it ends the chain
-        bool wasRefused = false;
+        int step = 1;            ///< direction in the list
+        bool skips = false;      ///< a failing item is passed over; else it ends the chain
+        bool isRetry = false;    ///< of an address that failed
+        bool isSameItem = false; ///< the present item is resolved again
         qint64 offsetMs = 0;
         QueueEntry at; ///< the entry being resolved, or from which the next is looked for
     };
@@ -59,7 +60,10 @@ private:
     void succeed();
     void fail(const QString& text);
     void replay(qint64 offsetMs);
-    void halt();
+    /// Ends the sound; `resume` goes on from the position.
+    void halt(qint64 resumeMs = 0);
+    qint64 positionMs() const;
+    qint64 durationMs() const;
     void publish();
     void save();
     void addNote(const QString& text);
@@ -87,6 +91,7 @@ private:
     void onItemChanged();
     void onFinished();
     void onError(const OutputError& error);
+    bool isWorthARetry(const OutputError& error) const;
     void onNextRefused(const OutputError& error);
 
     TimeSource& m_time;
@@ -98,8 +103,11 @@ private:
 
     State m_state = State::Stopped;
     int m_volume = 100;
-    PlayItem m_item; ///< what plays or was asked for last
-    PlayItem m_next; ///< handed to the output to follow; of empty address when none is
+    PlayItem m_item;       ///< what plays or was asked for last
+    qint64 m_resumeMs = 0; ///< while stopped: where resume begins in the item
+    PlayItem m_broken;     ///< what broke off while it played; empty once anything plays again
+    qint64 m_brokenMs = 0; ///< where
+    PlayItem m_next;       ///< handed to the output to follow; of empty address when none is
     Chain m_chain;
     Reply m_reply; ///< the command that waits for the chain; null when none does
     QString m_note;
@@ -110,5 +118,6 @@ private:
     bool m_isSkipping = false;    ///< the opened item is passed over when it fails before it starts
     int m_failures = 0;           ///< items in a row that failed; reset when one plays
     qint64 m_pausedAtMs = 0;
+    qint64 m_savedAtMs = 0;
     quint64 m_tick = 0; ///< number of the latest tick; earlier ones do nothing
 };

@@ -75,7 +75,7 @@ void PlayerEngine::refuse(const QString& text)
     if (m_state == State::Playing || m_state == State::Paused)
         publish();
     else
-        halt();
+        halt(m_resumeMs);
     fail(text);
 }
 
@@ -84,7 +84,8 @@ void PlayerEngine::resolve()
     if (m_chain.purpose == Purpose::Start) {
         m_output->stop();
         m_next = PlayItem();
-        m_item = PlayItem::ofEntry(m_chain.at);
+        if (!m_chain.isSameItem)
+            m_item = PlayItem::ofEntry(m_chain.at);
         m_state = State::Resolving;
         publish();
     }
@@ -101,7 +102,7 @@ void PlayerEngine::onResolved(const ItemResolver::Result& result)
         return onItemFailed(QStringLiteral("the service gave no address"));
     if (m_chain.offsetMs > 0)
         item.startMs = m_chain.offsetMs;
-    item.wasRefused = m_chain.wasRefused;
+    item.isRetry = m_chain.isRetry;
     const Chain chain = m_chain;
     endChain();
     if (chain.purpose == Purpose::Prefetch) {
@@ -116,6 +117,7 @@ void PlayerEngine::onResolved(const ItemResolver::Result& result)
 void PlayerEngine::openItem(const PlayItem& item)
 {
     m_item = item;
+    m_resumeMs = 0;
     m_next = PlayItem();
     m_isLast = false;
     m_isNextBarred = false;
@@ -130,12 +132,13 @@ void PlayerEngine::onItemFailed(const QString& text)
     const QString name = PlayItem::ofEntry(m_chain.at).name();
     if (!m_chain.skips) {
         addNote(QStringLiteral("%1: %2").arg(name, text));
-        halt();
+        halt(m_chain.offsetMs);
         return fail(text);
     }
     addNote(QStringLiteral("skipped: %1: %2").arg(name, text));
     m_chain.offsetMs = 0;
-    m_chain.wasRefused = false;
+    m_chain.isRetry = false;
+    m_chain.isSameItem = false;
     if (++m_failures < maxFailures) {
         publish();
         return walk();
@@ -145,7 +148,10 @@ void PlayerEngine::onItemFailed(const QString& text)
     m_note.clear();
     addNote(reason);
     if (m_chain.purpose == Purpose::Start) {
-        halt();
+        // What broke off while it played is where to go on when the network is back.
+        if (!m_broken.entry.isEmpty())
+            m_item = std::exchange(m_broken, PlayItem());
+        halt(m_brokenMs);
         return fail(reason);
     }
     endChain();

@@ -1,5 +1,11 @@
 // The part of PlayerEngine that follows the output.
 #include "PlayerEngine.h"
+#include <algorithm>
+
+namespace {
+/// An address that was good for as long may be replaced again when it fails.
+constexpr qint64 provenMs = 10000;
+} // namespace
 
 void PlayerEngine::connectOutput()
 {
@@ -15,6 +21,8 @@ void PlayerEngine::connectOutput()
 void PlayerEngine::onStarted()
 {
     m_state = State::Playing;
+    m_broken = PlayItem();
+    m_brokenMs = 0;
     if (!std::exchange(m_isNoteFresh, false))
         m_note.clear();
     if (std::exchange(m_isPauseWanted, false)) {
@@ -83,23 +91,38 @@ void PlayerEngine::onError(const OutputError& error)
     if (error.isOfNext && !m_next.uri.isEmpty())
         return onNextRefused(error);
     const bool isWaitedFor = !m_reply.isNull();
+    const qint64 position = std::max(error.positionMs, positionMs());
     if (error.kind == OutputError::Device) {
         addNote(error.text);
-        halt();
+        halt(position);
         return fail(error.text);
     }
     const bool isPaused = m_state == State::Paused;
-    const bool again =
-        error.kind == OutputError::Refused && !m_item.wasRefused && m_item.entry.canResolve();
+    const bool again = isWorthARetry(error);
+    if (m_state != State::Resolving && error.kind == OutputError::Network) {
+        m_broken = m_item;
+        m_brokenMs = position;
+    }
     startChain(Purpose::Start, m_item.entry);
     m_chain.skips = m_isSkipping || !isWaitedFor;
+    m_chain.offsetMs = position;
     m_state = State::Resolving;
     if (!again)
         return onItemFailed(error.text);
     m_isPauseWanted = m_isPauseWanted || isPaused;
-    m_chain.wasRefused = true;
-    m_chain.offsetMs = error.positionMs;
+    m_chain.isRetry = true;
+    m_chain.isSameItem = true;
     resolve();
+}
+
+/// A refused address has expired, and a connection that broke off may be made anew; both get one
+/// retry, and another one when that went well for a while.
+bool PlayerEngine::isWorthARetry(const OutputError& error) const
+{
+    const bool isMendable = error.kind == OutputError::Refused ||
+                            (error.kind == OutputError::Network && m_state != State::Resolving);
+    const bool isProven = !m_item.isRetry || error.positionMs - m_item.startMs >= provenMs;
+    return isMendable && isProven && m_item.entry.canResolve();
 }
 
 void PlayerEngine::onNextRefused(const OutputError& error)

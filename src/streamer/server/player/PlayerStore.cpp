@@ -1,4 +1,5 @@
 #include "PlayerStore.h"
+#include <algorithm>
 #include <kelo/KeloLog.h>
 #include <QFile>
 #include <QJsonDocument>
@@ -7,7 +8,11 @@
 
 namespace {
 constexpr qint64 maxFileSize = 65536;
+constexpr qint64 largestPosition = 9'999'999'999'999;
 const QString volumeKey = QStringLiteral("volume");
+const QString positionKey = QStringLiteral("positionMs");
+const QString durationKey = QStringLiteral("durationMs");
+const QString versionKey = QStringLiteral("version");
 const QString pathKey = QStringLiteral("path");
 const QString idKey = QStringLiteral("id");
 const QString listKey = QStringLiteral("list");
@@ -38,6 +43,35 @@ KeloRoles rowOf(const QJsonObject& json)
     row.setIcon(json.value(iconKey).toString());
     row.setMediaData(mediaData);
     return row;
+}
+/// The beginning of the file, of the same length whatever it says.
+QByteArray headOf(const PlayerStore::Kept& kept)
+{
+    return QStringLiteral("{\n    \"%1\": %2,\n    \"%3\": %4,\n")
+        .arg(positionKey)
+        .arg(qBound<qint64>(0, kept.positionMs, largestPosition), 13)
+        .arg(volumeKey)
+        .arg(kept.volume, 3)
+        .toUtf8();
+}
+
+/// What follows the head: all that stays as it is while an item plays.
+QByteArray restOf(const PlayItem& item)
+{
+    QJsonObject json{{versionKey, 1}};
+    if (item.entry.canResolve()) {
+        json.insert(pathKey, item.path.toEncoded());
+        json.insert(titleKey, item.title);
+        json.insert(artistKey, item.artist);
+        json.insert(albumKey, item.album);
+        json.insert(iconKey, item.icon);
+        json.insert(durationKey, item.durationMs);
+        json.insert(idKey, item.entry.id);
+        json.insert(prePlayKey, item.entry.prePlayPath().toEncoded());
+        json.insert(listKey, item.entry.list.toEncoded());
+        json.insert(indexKey, item.entry.index);
+    }
+    return QJsonDocument(json).toJson(QJsonDocument::Indented).mid(2);
 }
 } // namespace
 
@@ -72,6 +106,9 @@ PlayerStore::Kept PlayerStore::load() const
     kept.item.artist = json.value(artistKey).toString();
     kept.item.album = json.value(albumKey).toString();
     kept.item.icon = json.value(iconKey).toString();
+    kept.item.durationMs = std::max<qint64>(0, json.value(durationKey).toVariant().toLongLong());
+    kept.positionMs =
+        qBound<qint64>(0, json.value(positionKey).toVariant().toLongLong(), largestPosition);
     return kept;
 }
 
@@ -79,28 +116,30 @@ void PlayerStore::save(const Kept& kept)
 {
     if (m_file.isEmpty())
         return;
-    QJsonObject json{{volumeKey, kept.volume}};
-    const PlayItem& item = kept.item;
-    if (item.entry.canResolve()) {
-        json.insert(pathKey, item.path.toEncoded());
-        json.insert(titleKey, item.title);
-        json.insert(artistKey, item.artist);
-        json.insert(albumKey, item.album);
-        json.insert(iconKey, item.icon);
-        json.insert(idKey, item.entry.id);
-        json.insert(prePlayKey, item.entry.prePlayPath().toEncoded());
-        json.insert(listKey, item.entry.list.toEncoded());
-        json.insert(indexKey, item.entry.index);
-    }
-    const QByteArray text = QJsonDocument(json).toJson(QJsonDocument::Indented);
-    if (text == m_written)
+    const QByteArray head = headOf(kept);
+    const QByteArray rest = restOf(kept.item);
+    if (head == m_head && rest == m_rest)
         return;
+    if ((rest == m_rest && writeHead(head)) || writeAll(head, rest)) {
+        m_head = head;
+        m_rest = rest;
+    }
+}
+
+bool PlayerStore::writeAll(const QByteArray& head, const QByteArray& rest) const
+{
     QSaveFile file(m_file);
     const bool isWritten = file.open(QIODevice::WriteOnly) &&
                            file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                           file.write(text) == text.size() && file.commit();
-    if (isWritten)
-        m_written = text;
-    else
+                           file.write(head + rest) == head.size() + rest.size() && file.commit();
+    if (!isWritten)
         KELO_LOG("player", ERROR) << "cannot write " << m_file << ": " << file.errorString();
+    return isWritten;
+}
+
+bool PlayerStore::writeHead(const QByteArray& head) const
+{
+    QFile file(m_file);
+    return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) &&
+           file.write(head) == head.size();
 }
