@@ -1,0 +1,37 @@
+// Doing what a row stands for: sending its value and understanding the reply.
+
+import { setValue } from "./api.js";
+import { ask } from "./dialog.js";
+import { live } from "./live.js";
+import { parsePath } from "./path.js";
+import { plainText } from "./rowtext.js";
+import { t } from "./text.js";
+import { toast } from "./toast.js";
+
+/** A playlist goes for good, so that is asked first. */
+export function needsQuestion(row) {
+  const { base, parameters } = parsePath(row.Path);
+  return base.endsWith("/removeFromPlaylists") && parameters.get("type") === "Playlists";
+}
+
+/**
+ * Sends a value to a row. Resolves with a text to read when the reply brought one, else with an empty one;
+ * with null when the reader thought better of it. Throws what the call was refused with.
+ */
+export async function activate(row, subject, value = 1) {
+  if (needsQuestion(row)) {
+    const yes = await ask(t("Delete the playlist?"), t("“%1” will be deleted from the service. This cannot be undone.", subject), t("Delete"));
+    if (!yes) return null;
+  }
+  return understand(await setValue(row.Path, value), row.Title);
+}
+
+/** Passes on what a reply says is to be read again; gives the text that it brought. */
+export function understand({ reply }, title) {
+  const paths = (reply?.events ?? []).map((event) => event.path).filter(Boolean);
+  if (paths.length) live.dispatchEvent(new CustomEvent("acted", { detail: paths }));
+  const text = reply?.result?.Description;
+  if (text) return plainText(text);
+  if (title) toast(t("Done: %1", title));
+  return "";
+}

@@ -1,0 +1,85 @@
+// Calls of the streamer's HTTP API. Reading needs nothing; what changes something carries the session token.
+
+import { chosenLanguage, t } from "./text.js";
+
+/** What a call was refused with: `status` 0 means that the streamer was not reached. */
+export class ApiError extends Error {
+  constructor(status, name, message) {
+    super(message);
+    this.status = status;
+    this.name = name;
+  }
+}
+
+const watchers = new Set();
+let session = null;
+
+/** Tells of every call: {method, target, status, milliseconds, body}. For the developer's drawer. */
+export function watchCalls(watcher) {
+  watchers.add(watcher);
+  return () => watchers.delete(watcher);
+}
+
+async function send(method, target, body, headers, signal) {
+  const begin = performance.now();
+  let answer;
+  let text = "";
+  try {
+    answer = await fetch(target, { method, body, headers, signal, cache: "no-store" });
+    text = await answer.text();
+  } catch (error) {
+    if (error.name === "AbortError") throw error;
+    report(method, target, 0, begin, null);
+    throw new ApiError(0, "Offline", t("The streamer cannot be reached."));
+  }
+  let json = null;
+  try {
+    json = text ? JSON.parse(text) : null;
+  } catch {
+    json = null;
+  }
+  report(method, target, answer.status, begin, json);
+  if (answer.ok && json !== null) return json;
+  throw new ApiError(answer.status, json?.name || "", json?.detail || json?.title || t("The streamer answered with the status %1.", answer.status));
+}
+
+function report(method, target, status, begin, body) {
+  const call = { method, target, status, milliseconds: performance.now() - begin, body };
+  for (const watcher of watchers) watcher(call);
+}
+
+function address(name, parameters = {}) {
+  const query = new URLSearchParams();
+  for (const [key, value] of Object.entries(parameters)) if (value !== undefined) query.append(key, value);
+  if (chosenLanguage()) query.append("language", chosenLanguage());
+  const text = query.toString();
+  return `api/v1/${name}${text ? `?${text}` : ""}`;
+}
+
+async function change(method, name, body) {
+  for (let attempt = 1; ; ++attempt) {
+    session ??= await send("GET", "api/v1/session");
+    try {
+      const headers = { "Content-Type": "application/json", [session.header]: session.token };
+      return await send(method, address(name), body === undefined ? undefined : JSON.stringify(body), headers);
+    } catch (error) {
+      // The token is made anew when the streamer starts.
+      if (error.status !== 403 || attempt > 1) throw error;
+      session = null;
+    }
+  }
+}
+
+const listRoles = "Path,Type,Title,Disabled,MediaData,Icon,Id,AudioType,Context,Description,ContainerType,ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText";
+
+export const getRows = (path, from, to, signal) => send("GET", address("rows", { path, from, to, roles: listRoles }), undefined, {}, signal);
+export const getData = (path, signal) => send("GET", address("data", { path }), undefined, {}, signal);
+export const setValue = (path, value = 1) => change("POST", "set", { path, value });
+export const getPlayer = () => send("GET", address("player"));
+export const player = (command, body = {}) => change("POST", `player/${command}`, body);
+export const getLogin = () => send("GET", address("login"));
+export const startLogin = () => change("POST", "login", {});
+export const logOut = () => change("DELETE", "login");
+export const openPaths = (stream, paths) => change("POST", "events/paths", { stream, paths });
+export const getRequests = (after) => send("GET", address("requests", { after }));
+export const getHealth = () => send("GET", "healthz");

@@ -1,0 +1,205 @@
+// The page: puts the parts together and shows the view that the address names.
+
+import { getRows } from "./api.js";
+import { startBar } from "./bar.js";
+import { BrowseView } from "./browse.js";
+import { Dialog } from "./dialog.js";
+import { Drawer } from "./drawer.js";
+import { el, fill, icon } from "./dom.js";
+import { live } from "./live.js";
+import { LoginView } from "./login.js";
+import { currentPath, currentState, go, isPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
+import { home, linkTo, loginPath, settingsPath } from "./path.js";
+import { playback } from "./playback.js";
+import { PlayingView } from "./playing.js";
+import { forgetSearchPlace, searchedText, searchPath, SearchView } from "./search.js";
+import { applyTheme, SettingsView } from "./settings.js";
+import { loadTexts, t } from "./text.js";
+import { toastError } from "./toast.js";
+
+const typingPause = 250;
+
+const part = (id) => document.getElementById(id);
+let view = null;
+let shown = "";
+let drawer = null;
+let isFirst = true;
+
+function makeView(path) {
+  const state = currentState();
+  if (path === "!playing") return new PlayingView(part("view"));
+  if (path === loginPath) return new LoginView();
+  if (path === settingsPath) return new SettingsView();
+  const text = searchedText(path);
+  if (text !== null) return new SearchView(path, text);
+  return new BrowseView(path, state, part("view"));
+}
+
+function show() {
+  const path = currentPath();
+  if (path === shown && view && !history.state?.place) return;
+  shown = path;
+  view?.close();
+  const isTyping = document.activeElement === part("search");
+  view = makeView(path);
+  part("view").scrollTop = 0;
+  fill(part("view"), view.element);
+  view.addEventListener("current", ({ detail }) => drawer.isOpen && drawer.showRow(detail.row));
+  view.addEventListener("call", ({ detail }) => drawer.showReply(detail));
+  view.addEventListener("loaded", nameDocument);
+  if (!isTyping) {
+    part("search").value = searchedText(path) ?? "";
+    if (!isFirst) view.focus();
+  }
+  isFirst = false;
+  for (const link of part("sidebar").querySelectorAll("a")) {
+    if (link.getAttribute("href") === linkTo(path)) link.setAttribute("aria-current", "page");
+    else link.removeAttribute("aria-current");
+  }
+  nameDocument();
+}
+
+function nameDocument() {
+  const title = view?.title?.trim();
+  document.title = playback.isPlaying && playback.state.title ? `▶ ${playback.state.title} – kelo` : title ? `${title} – kelo` : "kelo";
+}
+
+function startSearch() {
+  const input = part("search");
+  let timer = 0;
+  const search = async () => {
+    const text = input.value.trim();
+    const isSearching = searchedText(currentPath()) !== null;
+    if (!text) return isSearching ? history.back() : undefined;
+    try {
+      const path = await searchPath(text);
+      if (!path) return toastError(t("Log in to search."));
+      if (text !== input.value.trim() || path === currentPath()) return undefined;
+      return isSearching ? replace(path) : go(path, null, true);
+    } catch (error) {
+      return toastError(error);
+    }
+  };
+  input.addEventListener("input", () => {
+    clearTimeout(timer);
+    timer = setTimeout(search, typingPause);
+  });
+  part("search-form").addEventListener("submit", (event) => {
+    event.preventDefault();
+    clearTimeout(timer);
+    search();
+  });
+  input.addEventListener("keydown", (event) => {
+    if (event.key !== "ArrowDown") return;
+    event.preventDefault();
+    part("view").querySelector(".main")?.focus();
+  });
+}
+
+/** The top of the tree beside the page, on wide screens. */
+async function fillSidebar() {
+  const list = part("sidebar").querySelector("ul");
+  let rows = [];
+  try {
+    rows = (await getRows(home, 0, 49)).rows.filter((row) => row.Type === "Container" && row.Path);
+  } catch {
+    rows = [];
+  }
+  const entries = [{ Path: home, Title: t("Home"), picture: "home" }, ...rows, { Path: "!playing", Title: t("Now playing"), picture: "queue" }, { Path: settingsPath, Title: t("Settings"), picture: "settings" }];
+  fill(
+    list,
+    entries.map(({ Path, Title, picture = "list" }) => {
+      const link = el("a", { href: linkTo(Path), "aria-current": Path === currentPath() ? "page" : null }, icon(picture), Title);
+      link.addEventListener("click", (event) => isPlainClick(event) && (event.preventDefault(), go(Path, null, true)));
+      return el("li", {}, link);
+    }),
+  );
+}
+
+const keys = () => [
+  ["/", t("Search")],
+  ["↑ ↓", t("Move through the rows")],
+  [t("Enter"), t("Open or play")],
+  ["M", t("Menu of the row")],
+  [t("Space"), t("Play or pause")],
+  ["N, P", t("Next, previous")],
+  ["Q", t("Now playing and queue")],
+  [t("Backspace"), t("Back")],
+  ["D", t("Developer’s drawer")],
+  ["?", t("This help")],
+];
+
+function showHelp() {
+  const dialog = new Dialog(null, "reading-dialog");
+  const rows = keys().map(([key, what]) => el("tr", {}, el("th", { scope: "row" }, el("kbd", {}, key)), el("td", {}, what)));
+  const element = el("div", { class: "reading" }, el("table", { class: "keys" }, el("tbody", {}, rows)));
+  dialog.push({ title: t("Keys"), element });
+}
+
+function onKey(event) {
+  if (event.defaultPrevented || event.ctrlKey || event.metaKey || event.altKey || document.querySelector("dialog[open]")) return;
+  const target = event.target;
+  const isField = target.matches("input:not([type=range]), select, textarea");
+  if (isField) {
+    if (event.key === "Escape") target.blur();
+    return;
+  }
+  const isControl = target.matches("button, a, input, [tabindex='0']");
+  const actions = {
+    "/": () => part("search").focus(),
+    " ": () => !isControl && playback.isActive && playback.toggle(),
+    n: () => playback.send("next"),
+    p: () => playback.send("previous"),
+    q: () => go("!playing", null, true),
+    d: () => drawer.toggle(),
+    m: () => target.closest(".item")?.querySelector(".more")?.click(),
+    "?": showHelp,
+    Backspace: () => history.length > 1 && history.back(),
+  };
+  const action = actions[event.key.length === 1 ? event.key.toLowerCase() : event.key];
+  if (!action || action() === false) return;
+  event.preventDefault();
+}
+
+function watchLogin() {
+  let wasLoggedIn = null;
+  live.addEventListener("login", ({ detail }) => {
+    document.body.classList.toggle("logged-out", !detail.loggedIn);
+    if (detail.loggedIn === wasLoggedIn) return;
+    if (wasLoggedIn !== null || !detail.loggedIn) forgetSearchPlace();
+    if (wasLoggedIn !== null) fillSidebar();
+    wasLoggedIn = detail.loggedIn;
+  });
+  live.addEventListener("state", ({ detail }) => {
+    part("offline").hidden = detail;
+    if (detail) fillSidebar();
+  });
+}
+
+async function start() {
+  applyTheme();
+  const texts = loadTexts();
+  // Asked for at once; the view finds the answer on its way.
+  live.connect();
+  await texts;
+  playback.start();
+  drawer = new Drawer(part("drawer"), (isOpen) => {
+    part("drawer-button").setAttribute("aria-expanded", String(isOpen));
+    document.body.classList.toggle("with-drawer", isOpen);
+  });
+  startBar(part("bar"));
+  startSearch();
+  watchLogin();
+  setPlaceKeeper(() => view?.place ?? {});
+  nav.addEventListener("moved", show);
+  playback.addEventListener("changed", nameDocument);
+  addEventListener("keydown", onKey);
+  part("brand").addEventListener("click", (event) => isPlainClick(event) && (event.preventDefault(), go(home, null, true)));
+  part("drawer-button").addEventListener("click", () => drawer.toggle());
+  part("help-button").addEventListener("click", showHelp);
+  part("offline-retry").addEventListener("click", () => live.connect());
+  show();
+  fillSidebar();
+}
+
+start();

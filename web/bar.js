@@ -1,0 +1,130 @@
+// The bar at the page's foot: what plays, and the controls that one needs all the time.
+
+import { cover, el, fill, icon, iconButton, setIconButton } from "./dom.js";
+import { go } from "./nav.js";
+import { linkTo } from "./path.js";
+import { playback } from "./playback.js";
+import { clock, t } from "./text.js";
+
+/** A slider for the place in the item. Owned by its view; stop() ends its clock. */
+export function seekBar() {
+  const input = el("input", { type: "range", min: "0", max: "1", step: "1000", value: "0", class: "seek", "aria-label": t("Position") });
+  const now = el("span", { class: "time" });
+  const whole = el("span", { class: "time" });
+  const element = el("div", { class: "seek-bar" }, now, input, whole);
+  let isHeld = false;
+  const show = () => {
+    const { durationMs = 0 } = playback.state;
+    const position = isHeld ? Number(input.value) : playback.position;
+    input.disabled = !durationMs;
+    input.max = String(durationMs || 1);
+    if (!isHeld) input.value = String(position);
+    input.style.setProperty("--share", `${durationMs ? (100 * position) / durationMs : 0}%`);
+    now.textContent = playback.isActive ? clock(position) : "";
+    whole.textContent = durationMs ? clock(durationMs) : "";
+    input.setAttribute("aria-valuetext", t("%1 of %2", clock(position), clock(durationMs)));
+  };
+  input.addEventListener("input", () => ((isHeld = true), show()));
+  input.addEventListener("change", async () => {
+    await playback.send("seek", { positionMs: Math.round(Number(input.value)) });
+    isHeld = false;
+    show();
+  });
+  playback.addEventListener("changed", show);
+  const timer = setInterval(() => playback.isPlaying && !document.hidden && show(), 500);
+  show();
+  return { element, stop: () => (clearInterval(timer), playback.removeEventListener("changed", show)) };
+}
+
+/** A slider for the volume. */
+export function volumeBar() {
+  const input = el("input", { type: "range", min: "0", max: "100", class: "volume", "aria-label": t("Volume") });
+  let isHeld = false;
+  let wanted = null;
+  let isSending = false;
+  const show = () => {
+    if (!isHeld && !isSending) input.value = String(playback.state.volume ?? 100);
+    input.style.setProperty("--share", `${input.value}%`);
+    input.setAttribute("aria-valuetext", `${input.value} %`);
+  };
+  // One call at a time; of what is dragged meanwhile only the latest counts.
+  const send = async () => {
+    if (isSending) return;
+    isSending = true;
+    while (wanted !== null) {
+      const percent = wanted;
+      wanted = null;
+      if (!(await playback.send("volume", { percent }))) break;
+    }
+    isSending = false;
+    show();
+  };
+  input.addEventListener("input", () => {
+    isHeld = true;
+    wanted = Number(input.value);
+    show();
+    send();
+  });
+  input.addEventListener("change", () => ((isHeld = false), show()));
+  const onChanged = () => show();
+  playback.addEventListener("changed", onChanged);
+  show();
+  return { element: el("div", { class: "volume-bar" }, icon("volume"), input), stop: () => playback.removeEventListener("changed", onChanged) };
+}
+
+export function playButton() {
+  const button = iconButton("play", t("Play"), () => playback.toggle(), { class: "icon-button play-button" });
+  const show = () => {
+    const isPlaying = playback.isPlaying;
+    setIconButton(button, isPlaying ? "pause" : "play", isPlaying ? t("Pause") : t("Play"));
+    button.classList.toggle("resolving", playback.state.state === "resolving");
+    button.disabled = !playback.isActive;
+  };
+  playback.addEventListener("changed", show);
+  show();
+  return { element: button, stop: () => playback.removeEventListener("changed", show) };
+}
+
+const qualities = { LOW: "Low", HIGH: "High", LOSSLESS: "Lossless", HI_RES: "Hi-Res" };
+
+/** What was asked for and what came, in words; empty when unknown. */
+export function qualityText({ quality } = {}) {
+  const asked = qualities[quality?.asked] ?? quality?.asked;
+  const delivered = qualities[quality?.delivered] ?? quality?.delivered;
+  if (!asked && !delivered) return "";
+  if (!delivered) return t("asked for %1", asked);
+  return asked && asked !== delivered ? t("%1, asked for %2", delivered, asked) : delivered;
+}
+
+/** Fills the bar's element. */
+export function startBar(bar) {
+  const words = el("span", { class: "words" }, el("span", { class: "title" }), el("span", { class: "subtitle" }));
+  const link = el("a", { class: "bar-item", href: linkTo("!playing") });
+  link.addEventListener("click", (event) => (event.preventDefault(), go("!playing", null, true)));
+  const note = el("div", { class: "bar-note", role: "status" });
+  const previous = iconButton("previous", t("Previous"), () => playback.send("previous"));
+  const next = iconButton("next", t("Next"), () => playback.send("next"));
+  const queue = iconButton("queue", t("Now playing and queue"), () => go("!playing", null, true), { class: "icon-button queue-button" });
+  fill(
+    bar,
+    note,
+    seekBar().element,
+    el("div", { class: "bar-row" }, link, el("div", { class: "bar-buttons" }, previous, playButton().element, next), el("div", { class: "bar-side" }, volumeBar().element, queue)),
+  );
+  let shown = "";
+  const show = () => {
+    const { path = "", title = "", artist = "", album = "", icon: picture = "", note: text = "" } = playback.state;
+    bar.classList.toggle("idle", !playback.isActive);
+    previous.disabled = next.disabled = !playback.isActive;
+    if (note.textContent !== text) note.textContent = text;
+    const key = [path, title, artist, album, picture].join("\n");
+    if (key === shown && link.childElementCount) return;
+    shown = key;
+    words.firstChild.textContent = title || t("Nothing plays");
+    words.lastChild.textContent = [artist, album].filter(Boolean).join(" · ");
+    fill(link, cover(picture, title || "♪"), words);
+    link.setAttribute("aria-label", title ? t("Now playing: %1", [title, artist].filter(Boolean).join(", ")) : t("Nothing plays"));
+  };
+  playback.addEventListener("changed", show);
+  show();
+}

@@ -1,0 +1,192 @@
+// The view of one path: what stands there, its rows, and what can be done with the whole of it.
+
+import { cover, el, fill, icon } from "./dom.js";
+import { item, skeleton } from "./items.js";
+import { VirtualList } from "./list.js";
+import { openMenu } from "./menu.js";
+import { goUp } from "./nav.js";
+import { home, linkTo, loginPath, parsePath, settingsPath } from "./path.js";
+import { playback } from "./playback.js";
+import { RowSource } from "./rows.js";
+import { albumOf } from "./rowtext.js";
+import { t } from "./text.js";
+
+const pictureShare = 0.5;
+
+/** Events: "current" with {row, source} when another row has the focus; "loaded" once. */
+export class BrowseView extends EventTarget {
+  #source;
+  #list;
+  #item;
+  #trail;
+  #place;
+  #kind = "rows";
+  #heading = el("h1", { tabindex: "-1" });
+  #head = el("div", { class: "hero" });
+  #body = el("div", { class: "view-body" });
+  #onPlayer = () => this.#markPlaying();
+  #playingPath = playback.state.path;
+  #wasPlaying = playback.isPlaying;
+
+  constructor(path, { item: known = null, trail = null, place = null }, scroller) {
+    super();
+    this.path = path;
+    this.#item = known;
+    this.#trail = trail;
+    this.#place = place;
+    this.#source = new RowSource(path);
+    this.element = el("section", { class: "view" }, this.#head, this.#body);
+    this.#list = new VirtualList(scroller, known?.title || t("Rows"), (index, kind) => this.#make(index, kind), (from, to) => this.#source.need(from, to));
+    this.#list.element.addEventListener("current", (event) => this.#tellCurrent(event.detail));
+    this.scroller = scroller;
+    this.#source.addEventListener("changed", () => this.#update());
+    this.#source.addEventListener("call", (event) => this.dispatchEvent(new CustomEvent("call", { detail: event.detail })));
+    playback.addEventListener("changed", this.#onPlayer);
+    this.#showHead();
+    fill(this.#body, el("ul", { class: "list loading", "aria-hidden": "true" }, ...Array.from({ length: 8 }, () => skeleton("rows"))));
+    this.#source.need(0, (place?.to ?? 0) + 1);
+  }
+
+  close() {
+    this.#source.close();
+    this.#list.close();
+    playback.removeEventListener("changed", this.#onPlayer);
+  }
+
+  get place() {
+    return { scroll: this.scroller.scrollTop, current: this.#list.current, hadFocus: this.#list.element.contains(document.activeElement), to: this.#list.current };
+  }
+
+  get title() {
+    return this.#heading.textContent;
+  }
+
+  get source() {
+    return this.#source;
+  }
+
+  focus() {
+    this.#heading.focus({ preventScroll: true });
+  }
+
+  #update() {
+    const source = this.#source;
+    if (!source.isLoaded) return;
+    this.#showHead();
+    if (source.error && !source.count) {
+      const login = this.path.startsWith(home) && /log ?in/i.test(source.error.message) ? el("a", { class: "button", href: linkTo(loginPath) }, t("Log in")) : null;
+      fill(
+        this.#body,
+        el("div", { class: "empty", role: "alert" }, el("p", {}, source.error.message), el("div", { class: "buttons" }, el("button", { type: "button", class: "button", on: { click: () => source.reload() } }, t("Try again")), login)),
+      );
+      return;
+    }
+    if (!source.count) {
+      fill(this.#body, el("div", { class: "empty" }, el("p", {}, t("Nothing is here."))));
+      return;
+    }
+    const rows = source.rows;
+    const pictures = rows.filter((row) => row.Type === "Container" && row.Icon).length;
+    this.#kind = pictures > rows.length * pictureShare ? "grid" : "rows";
+    if (!this.#list.element.isConnected) fill(this.#body, this.#list.element);
+    this.#list.update(this.#kind, source.count);
+    this.#restorePlace();
+    this.dispatchEvent(new Event("loaded"));
+  }
+
+  #restorePlace() {
+    const place = this.#place;
+    if (!place) return;
+    this.#place = null;
+    this.scroller.scrollTop = place.scroll;
+    if (place.hadFocus && place.current < this.#source.count) this.#list.focus(place.current);
+  }
+
+  #make(index, kind) {
+    const row = this.#source.row(index);
+    if (!row) return skeleton(kind);
+    const showsAlbum = albumOf(row) !== this.title;
+    return item(row, kind, { showsAlbum });
+  }
+
+  // The title of an item is known from the row that led here; else an album's from its tracks.
+  #titleText() {
+    if (this.#item?.title) return this.#item.title;
+    const { roles, rows } = this.#source;
+    const albums = new Set(rows.filter((row) => row.Type === "Audio").map(albumOf));
+    const { parameters } = parsePath(this.path);
+    if (parameters.has("contentId") && !parameters.has("playlistId") && albums.size === 1 && rows.every((row) => row.Type === "Audio")) return [...albums][0];
+    return roles.Title || (this.path === settingsPath ? t("Settings") : "");
+  }
+
+  #showHead() {
+    const source = this.#source;
+    const title = this.#titleText();
+    const picture = this.#item?.icon || null;
+    this.#heading.textContent = title || (source.isLoaded ? t("Untitled") : " ");
+    this.#list.element.setAttribute("aria-label", title || t("Rows"));
+    const canPlay = source.count > 0 && source.rows.some((row) => row.Type === "Audio" && !row.Disabled);
+    const buttons = [];
+    if (canPlay) buttons.push(this.#button("play", t("Play"), () => playback.play(this.path), "primary"));
+    if (this.#item?.menu) buttons.push(this.#button("more", t("More"), (box) => this.#openItemMenu(box)));
+    const own = source.roles.Context?.Path;
+    if (own && own !== this.#item?.menu) buttons.push(this.#button("sort", t("Order"), (box) => openMenu({ ...source.roles, Type: "", Path: "", Context: { Path: own } }, box)));
+    fill(
+      this.#head,
+      this.#crumbs(title),
+      el(
+        "div",
+        { class: "hero-row" },
+        picture ? cover(picture, title) : null,
+        el("div", { class: "hero-words" }, this.#heading, this.#item?.subtitle ? el("p", { class: "subtitle", text: this.#item.subtitle }) : null, buttons.length ? el("div", { class: "buttons" }, buttons) : null),
+      ),
+    );
+  }
+
+  #button(picture, label, run, kind = "") {
+    return el("button", { type: "button", class: `button ${kind}`, on: { click: (event) => run(event.currentTarget.getBoundingClientRect()) } }, icon(picture), label);
+  }
+
+  #openItemMenu(box) {
+    const { title, subtitle, icon: picture, menu, playable, id } = this.#item;
+    // A list's own menu (its order) needs no entry that opens the list.
+    openMenu({ Title: title, Description: subtitle, Icon: picture, Id: id, Type: playable ? "Item" : "", Path: this.path, Context: { Path: menu } }, box);
+  }
+
+  #crumbs(title) {
+    const trail = this.#trail ?? this.#trailFromPath();
+    const links = trail.map((step, index) => {
+      const link = el("a", { href: linkTo(step.path) }, step.title || step.path);
+      link.addEventListener("click", (event) => (event.preventDefault(), goUp(step.path, trail.slice(0, index))));
+      return el("li", {}, link);
+    });
+    if (!links.length) return null;
+    return el("nav", { class: "crumbs", "aria-label": t("Where you are") }, el("ol", {}, links, el("li", { "aria-current": "page" }, title || "…")));
+  }
+
+  // Whoever comes by an address from elsewhere gets the list above, as far as the path tells.
+  #trailFromPath() {
+    if (this.path === home || !this.path.startsWith(`${home}/`)) return [];
+    const { base, parameters } = parsePath(this.path);
+    const above = [{ path: home, title: t("Home") }];
+    if (parameters.has("contentId")) above.push({ path: base, title: this.#source.roles.Title || t("List") });
+    return above;
+  }
+
+  #markPlaying() {
+    const { path } = playback.state;
+    if (path === this.#playingPath && playback.isPlaying === this.#wasPlaying) return;
+    const touched = new Set([path, this.#playingPath]);
+    this.#playingPath = path;
+    this.#wasPlaying = playback.isPlaying;
+    for (const element of this.#list.element.querySelectorAll("li[data-index]")) {
+      const index = Number(element.dataset.index);
+      if (touched.has(this.#source.row(index)?.Path)) this.#list.refresh(index);
+    }
+  }
+
+  #tellCurrent(index) {
+    const row = this.#source.row(index);
+    if (row) this.dispatchEvent(new CustomEvent("current", { detail: { row, index } }));
+  }
+}

@@ -1,0 +1,98 @@
+// Dialogs over the page: menus, forms, questions. The browser's own dialog element keeps the focus inside
+// and gives it back.
+
+import { el, icon, iconButton } from "./dom.js";
+import { t } from "./text.js";
+
+/**
+ * A dialog of which one page at a time is shown; the button in its head leads back to the page below.
+ * With an anchor (a rectangle of the window) it stands beside it on wide screens.
+ */
+export class Dialog {
+  #pages = [];
+  #heading = el("h2");
+  #back = iconButton("back", t("Back"), () => this.back());
+  #body = el("div", { class: "dialog-body" });
+
+  constructor(anchor = null, kind = "") {
+    this.element = el(
+      "dialog",
+      { class: `dialog ${kind}`, "aria-labelledby": "dialog-title" },
+      el("header", {}, this.#back, this.#heading, iconButton("close", t("Close"), () => this.close())),
+      this.#body,
+    );
+    this.#heading.id = "dialog-title";
+    this.element.addEventListener("close", () => this.#closed());
+    this.element.addEventListener("click", (event) => event.target === this.element && this.close());
+    this.element.addEventListener("cancel", (event) => {
+      if (this.#pages.length < 2) return;
+      event.preventDefault();
+      this.back();
+    });
+    document.body.append(this.element);
+    this.anchor = anchor;
+    this.finished = new Promise((resolve) => (this.resolve = resolve));
+  }
+
+  /** Shows a page: {title, element, close()}. */
+  push(page) {
+    this.#pages.push(page);
+    this.#show();
+  }
+
+  back() {
+    const page = this.#pages.pop();
+    page?.close?.();
+    if (this.#pages.length) this.#show();
+    else this.close();
+  }
+
+  close(value) {
+    this.result = value;
+    this.element.close();
+  }
+
+  #show() {
+    const page = this.#pages[this.#pages.length - 1];
+    this.#heading.textContent = page.title;
+    this.#back.hidden = this.#pages.length < 2;
+    this.#body.replaceChildren(page.element);
+    if (!this.element.open) this.element.showModal();
+    this.place();
+    page.shown?.();
+  }
+
+  /** Beside the anchor, inside the window. */
+  place() {
+    if (!this.anchor || innerWidth < 640) return;
+    this.element.classList.add("anchored");
+    const { width, height } = this.element.getBoundingClientRect();
+    this.element.style.left = `${Math.max(8, Math.min(this.anchor.right - width, innerWidth - width - 8))}px`;
+    this.element.style.top = `${Math.max(8, Math.min(this.anchor.bottom + 4, innerHeight - height - 8))}px`;
+  }
+
+  #closed() {
+    for (const page of this.#pages) page.close?.();
+    this.#pages = [];
+    this.element.remove();
+    this.resolve(this.result);
+  }
+}
+
+/** Asks a question that can be answered with yes; true when it was. */
+export function ask(title, text, yes) {
+  const dialog = new Dialog(null, "question");
+  const no = el("button", { type: "button", class: "button", on: { click: () => dialog.close(false) } }, t("Cancel"));
+  const confirm = el("button", { type: "button", class: "button danger", on: { click: () => dialog.close(true) } }, yes);
+  dialog.push({ title, element: el("div", { class: "form" }, el("p", {}, text), el("div", { class: "buttons" }, no, confirm)), shown: () => no.focus() });
+  return dialog.finished.then(Boolean);
+}
+
+/** A longer text to read. */
+export function textPage(title, text) {
+  const element = el("div", { class: "reading", tabindex: "0" }, text);
+  return { title, element, shown: () => element.focus() };
+}
+
+export const busy = (text) => el("p", { class: "busy", role: "status" }, el("span", { class: "spinner", "aria-hidden": "true" }), text);
+export const problem = (text) => el("p", { class: "problem", role: "alert" }, icon("close"), text);

@@ -1,0 +1,75 @@
+// Making elements. Texts become text nodes, never markup, so a title that looks like HTML stays a title.
+
+/** An element with properties: `class`, `text`, `on` (listeners), `data`, or any attribute; null and false leave one out. */
+export function el(tag, properties = {}, ...children) {
+  const element = document.createElement(tag);
+  for (const [name, value] of Object.entries(properties)) {
+    if (value === null || value === undefined || value === false) continue;
+    if (name === "class") element.className = value;
+    else if (name === "text") element.textContent = value;
+    else if (name === "on") for (const [type, listener] of Object.entries(value)) element.addEventListener(type, listener);
+    else if (name === "data") Object.assign(element.dataset, value);
+    else element.setAttribute(name, value === true ? "" : String(value));
+  }
+  append(element, children);
+  return element;
+}
+
+function append(element, children) {
+  for (const child of children.flat(Infinity)) if (child !== null && child !== undefined && child !== false) element.append(child);
+}
+
+/** Puts other children in place of an element's own. */
+export function fill(element, ...children) {
+  element.replaceChildren();
+  append(element, children);
+  return element;
+}
+
+const svg = "http://www.w3.org/2000/svg";
+
+/** A picture of the set in icons.svg; decoration, hidden from screen readers. */
+export function icon(name) {
+  const picture = document.createElementNS(svg, "svg");
+  picture.setAttribute("class", "icon");
+  picture.setAttribute("aria-hidden", "true");
+  const use = document.createElementNS(svg, "use");
+  use.setAttribute("href", `icons.svg#${name}`);
+  picture.append(use);
+  return picture;
+}
+
+/** A button that shows a picture and says what it does. */
+export function iconButton(name, label, onClick, properties = {}) {
+  return el("button", { type: "button", class: "icon-button", "aria-label": label, title: label, on: { click: onClick }, ...properties }, icon(name));
+}
+
+/** Exchanges the picture and the label of such a button. */
+export function setIconButton(button, name, label) {
+  if (button.dataset.icon === name && button.title === label) return;
+  button.dataset.icon = name;
+  button.title = label;
+  button.setAttribute("aria-label", label);
+  fill(button, icon(name));
+}
+
+function hueOf(text) {
+  let sum = 7;
+  for (const character of text) sum = (sum * 31 + character.codePointAt(0)) % 360;
+  return sum;
+}
+
+/** A cover that loads when it is shown, over a stand-in drawn from the title. */
+export function cover(address, title) {
+  const initials = title.split(/\s+/).filter(Boolean).slice(0, 2).map((word) => [...word][0]).join("");
+  const box = el("span", { class: "cover", "aria-hidden": "true" }, el("span", { class: "initials", text: initials.toUpperCase() }));
+  box.style.setProperty("--hue", hueOf(title));
+  if (address) {
+    const picture = el("img", { alt: "", decoding: "async", draggable: "false" });
+    picture.addEventListener("load", () => picture.classList.add("loaded"));
+    picture.addEventListener("error", () => picture.remove());
+    picture.src = `api/v1/image?url=${encodeURIComponent(address)}`;
+    box.append(picture);
+  }
+  return box;
+}

@@ -1,0 +1,93 @@
+// The one event stream of the page. It keeps the paths that views have open, and heals by itself.
+// Events: "rows", "player", "login", "request" with the data as `detail`, and "state" with a boolean: connected or not.
+
+import { openPaths } from "./api.js";
+
+const retryAfter = 2000;
+
+class Live extends EventTarget {
+  isConnected = true;
+  #owners = new Map();
+  #source = null;
+  #stream = "";
+  #wantsRequests = false;
+  #opened = "";
+  #timer = 0;
+
+  connect() {
+    clearTimeout(this.#timer);
+    this.#source?.close();
+    this.#stream = "";
+    const query = new URLSearchParams();
+    if (this.#wantsRequests) query.append("requests", "1");
+    const text = query.toString();
+    const source = new EventSource(`api/v1/events${text ? `?${text}` : ""}`);
+    this.#source = source;
+    this.#opened = "";
+    source.addEventListener("stream", (event) => {
+      this.#stream = JSON.parse(event.data).id;
+      this.#setConnected(true);
+      this.#send();
+    });
+    for (const kind of ["rows", "player", "login", "request"])
+      source.addEventListener(kind, (event) => this.#tell(kind, JSON.parse(event.data)));
+    source.addEventListener("error", () => {
+      if (source !== this.#source) return;
+      source.close();
+      this.#stream = "";
+      this.#setConnected(false);
+      this.#timer = setTimeout(() => this.connect(), retryAfter);
+    });
+  }
+
+  disconnect() {
+    clearTimeout(this.#timer);
+    this.#source?.close();
+    this.#source = null;
+    this.#stream = "";
+  }
+
+  /** The paths that a view follows, in place of those that it followed before. */
+  follow(owner, paths) {
+    if (paths.length) this.#owners.set(owner, paths);
+    else this.#owners.delete(owner);
+    this.#send();
+  }
+
+  /** Whether the module's own requests are wanted, too. */
+  setWantsRequests(wanted) {
+    if (wanted === this.#wantsRequests) return;
+    this.#wantsRequests = wanted;
+    this.connect();
+  }
+
+  async #send() {
+    const paths = [...new Set([...this.#owners.values()].flat())].slice(0, 64);
+    const key = paths.join("\n");
+    if (!this.#stream || key === this.#opened) return;
+    const stream = this.#stream;
+    this.#opened = key;
+    try {
+      await openPaths(stream, paths);
+    } catch (error) {
+      if (stream !== this.#stream || error.status === 400) return;
+      // The stream is not known any more: the streamer has another one for us.
+      this.connect();
+    }
+  }
+
+  #setConnected(isConnected) {
+    if (isConnected === this.isConnected) return;
+    this.isConnected = isConnected;
+    this.#tell("state", isConnected);
+  }
+
+  #tell(kind, detail) {
+    this.dispatchEvent(new CustomEvent(kind, { detail }));
+  }
+}
+
+export const live = new Live();
+// A page that is kept for the back button gives its stream free, and takes one again.
+addEventListener("pagehide", () => live.disconnect());
+addEventListener("pageshow", (event) => event.persisted && live.connect());

@@ -1,0 +1,163 @@
+// Logging in with a code: the address and the code to enter there, a picture for the phone, the time left,
+// and what to do when it does not work.
+
+import * as api from "./api.js";
+import { busy, problem } from "./dialog.js";
+import { el, fill } from "./dom.js";
+import { live } from "./live.js";
+import { go } from "./nav.js";
+import { home } from "./path.js";
+import { clock, t } from "./text.js";
+
+// What to do, for each reason that the streamer gives.
+const advice = () => ({
+  expired: [t("The code has expired."), t("Take a new code and enter it within the time shown.")],
+  denied: [t("The login was refused."), t("Try again, and confirm the login on the service’s page.")],
+  client: [t("The service does not accept this streamer."), t("Check client_id and client_secret in the section [tidal.oauth2] of the settings.")],
+  clock: [t("The clock of the streamer is wrong."), t("Set its date and time, for example with “timedatectl set-ntp true”, then try again.")],
+  network: [t("The service cannot be reached."), t("Check the network cable or the wireless network of the streamer, then try again.")],
+  ended: [t("The service has ended the login."), t("Log in again.")],
+  service: [t("The service did not answer as it should."), t("Try again in a few minutes.")],
+});
+
+export class LoginView extends EventTarget {
+  #heading = el("h1", { tabindex: "-1" }, t("Log in"));
+  #body = el("div", { class: "login" });
+  #state = null;
+  #endsAt = 0;
+  #timer = 0;
+  #time = el("strong");
+  #code = "";
+  #isAsking = false;
+  #onLogin = (event) => this.#take(event.detail);
+  #onState = (event) => event.detail && this.#read();
+
+  constructor() {
+    super();
+    this.element = el("section", { class: "view" }, this.#heading, this.#body);
+    live.addEventListener("login", this.#onLogin);
+    live.addEventListener("state", this.#onState);
+    fill(this.#body, busy(t("Loading…")));
+    this.#read();
+  }
+
+  close() {
+    live.removeEventListener("login", this.#onLogin);
+    live.removeEventListener("state", this.#onState);
+    clearInterval(this.#timer);
+  }
+
+  get title() {
+    return this.#heading.textContent;
+  }
+
+  get place() {
+    return {};
+  }
+
+  focus() {
+    this.#heading.focus({ preventScroll: true });
+  }
+
+  async #read() {
+    try {
+      this.#take(await api.getLogin());
+    } catch (error) {
+      this.#showError(error);
+    }
+  }
+
+  async #ask(call) {
+    if (this.#isAsking) return;
+    this.#isAsking = true;
+    fill(this.#body, busy(t("Asking the service…")));
+    try {
+      const state = await call();
+      this.#isAsking = false;
+      this.#take(state);
+    } catch (error) {
+      this.#isAsking = false;
+      // The reason stands in the state; where there is none, the refusal itself is shown.
+      const state = await api.getLogin().catch(() => null);
+      if (state?.problem) this.#take(state);
+      else this.#showError(error);
+    }
+  }
+
+  #take(state) {
+    if (this.#isAsking) return;
+    const wasPending = Boolean(this.#state?.pending);
+    this.#state = state;
+    clearInterval(this.#timer);
+    if (state.loggedIn) {
+      this.#heading.textContent = wasPending ? t("You are logged in") : t("Account");
+      const music = el("button", { type: "button", class: "button primary", on: { click: () => go(home, null, true) } }, t("To the music"));
+      fill(this.#body, el("p", {}, t("The streamer is logged in to the service.")), el("div", { class: "buttons" }, music, this.#button(t("Log out"), () => this.#ask(api.logOut))));
+      if (wasPending) music.focus();
+      return;
+    }
+    this.#heading.textContent = t("Log in");
+    if (state.pending) return this.#showCode(state.pending);
+    if (state.problem) return this.#showProblem(state);
+    fill(this.#body, el("p", {}, t("To play music, connect the streamer to your account.")), el("div", { class: "buttons" }, this.#button(t("Get a code"), () => this.#ask(api.startLogin), "primary")));
+  }
+
+  #showCode({ userCode, verificationUri, verificationUriComplete, expiresIn }) {
+    this.#endsAt = performance.now() + expiresIn * 1000;
+    this.#code = userCode;
+    const address = verificationUriComplete || verificationUri;
+    const shown = verificationUri.replace(/^https?:\/\//, "");
+    const link = el("a", { href: safeAddress(address), target: "_blank", rel: "noopener noreferrer" }, shown);
+    fill(
+      this.#body,
+      el(
+        "div",
+        { class: "login-code" },
+        el(
+          "ol",
+          { class: "steps" },
+          el("li", {}, t("On your phone or computer, open"), " ", link),
+          el("li", {}, t("Enter this code:"), el("div", { class: "code", "aria-label": [...userCode].join(" ") }, userCode)),
+          el("li", {}, t("Confirm. This page goes on by itself.")),
+        ),
+        el("figure", { class: "qr" }, el("img", { src: `api/v1/login/qr?code=${encodeURIComponent(userCode)}`, alt: t("QR code of the address") }), el("figcaption", {}, t("Or scan this with your phone."))),
+      ),
+      el("p", { class: "countdown" }, t("The code is good for"), " ", this.#time),
+      el("div", { class: "buttons" }, this.#button(t("Get a new code"), () => this.#ask(api.startLogin))),
+    );
+    this.#tick();
+    this.#timer = setInterval(() => this.#tick(), 1000);
+  }
+
+  #tick() {
+    const left = this.#endsAt - performance.now();
+    this.#time.textContent = clock(left);
+  }
+
+  #showProblem(state) {
+    // Who still looks at the page when a code ends gets the next one.
+    if (state.reason === "expired" && this.#code && !document.hidden) {
+      this.#code = "";
+      return this.#ask(api.startLogin);
+    }
+    const [what, todo] = advice()[state.reason] ?? [state.problem, t("Try again.")];
+    fill(
+      this.#body,
+      problem(what),
+      el("p", {}, todo),
+      what === state.problem ? null : el("p", { class: "hint" }, state.problem),
+      el("div", { class: "buttons" }, this.#button(t("Get a new code"), () => this.#ask(api.startLogin), "primary")),
+    );
+  }
+
+  #showError(error) {
+    fill(this.#body, problem(error.message), el("div", { class: "buttons" }, this.#button(t("Try again"), () => this.#read(), "primary")));
+  }
+
+  #button(label, run, kind = "") {
+    return el("button", { type: "button", class: `button ${kind}`, on: { click: run } }, label);
+  }
+}
+
+// An address from the service becomes a link only when it leads to a web page.
+const safeAddress = (address) => (/^https?:\/\//i.test(address) ? address : null);

@@ -1,0 +1,228 @@
+// Menus over the page: a row's context menu, the lists, choices and forms that it leads to.
+
+import { activate, understand } from "./actions.js";
+import { getData, setValue } from "./api.js";
+import { busy, Dialog, problem, textPage } from "./dialog.js";
+import { cover, el, fill, icon } from "./dom.js";
+import { formPage } from "./form.js";
+import { go } from "./nav.js";
+import { playback } from "./playback.js";
+import { RowSource } from "./rows.js";
+import { isChoice, isField, isPlayableItem, placeOf, plainValue, titleOf } from "./rowtext.js";
+import { t } from "./text.js";
+import { toastError } from "./toast.js";
+
+const mostRows = 500;
+
+/** Opens the context menu of a row, with what the page itself can do with it above. */
+export function openMenu(row, anchor, extra = []) {
+  const dialog = new Dialog(anchor, "menu-dialog");
+  const subject = titleOf(row);
+  const own = [];
+  if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: () => (dialog.close(), playback.play(row.Path)) });
+  if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: () => (dialog.close(), go(row.Path, placeOf(row))) });
+  const context = { dialog, subject, row };
+  dialog.push(listPage(context, row.Context?.Path ?? "", subject, [...own, ...extra]));
+  return dialog.finished;
+}
+
+/** Opens a menu or a form that stands at a path by itself. */
+export function openContainer(row, anchor = null) {
+  const dialog = new Dialog(anchor, "menu-dialog");
+  dialog.push(containerPage({ dialog, subject: titleOf(row), row }, row));
+  return dialog.finished;
+}
+
+/** Opens the choices, or the field, of a value. */
+export function openValue(row, anchor = null) {
+  const dialog = new Dialog(anchor, "menu-dialog");
+  const context = { dialog, subject: titleOf(row), row };
+  dialog.push(isChoice(row) ? choicePage(context, row) : formPage(context, { path: row.Path, title: row.Title, rows: [row], accept: null }));
+  return dialog.finished;
+}
+
+/** Activates a row; what the reply brings to read is shown. */
+export async function runAction(row, subject = titleOf(row)) {
+  try {
+    const text = await activate(row, subject);
+    if (!text) return;
+    const dialog = new Dialog(null, "reading-dialog");
+    dialog.push(textPage(row.Title, text));
+  } catch (error) {
+    toastError(error);
+  }
+}
+
+// What stands at a path decides: a form has something to accept or to fill in, a menu has rows, and what is
+// neither is a place to go to.
+function containerPage(context, row) {
+  const source = new RowSource(row.Path);
+  const body = el("div", { class: "menu" }, busy(t("Loading…")));
+  const page = { title: titleOf(row), element: body, close: () => source.close() };
+  let inner = null;
+  const update = () => {
+    if (!source.isLoaded || inner) return;
+    if (source.error) return fill(body, problem(source.error.message));
+    const { rows, roles } = source;
+    if (roles.AcceptPath || rows.some(isField)) {
+      inner = formPage(context, { path: row.Path, title: titleOf(row), rows, accept: roles.AcceptPath ?? null });
+    } else if (roles.ContainerType !== "List" && row.ContainerType !== "List") {
+      context.dialog.close();
+      return go(row.Path, placeOf(row));
+    } else {
+      inner = listPage(context, row.Path, titleOf(row), [], source);
+    }
+    fill(body, inner.element);
+    context.dialog.place();
+    inner.shown?.();
+  };
+  source.addEventListener("changed", update);
+  source.need(0, mostRows).then(update);
+  page.shown = () => inner?.shown?.();
+  return page;
+}
+
+function listPage(context, path, title, own, given = null) {
+  const source = given ?? (path ? new RowSource(path) : null);
+  const list = el("div", { class: "menu", role: "menu", "aria-label": title, on: { keydown: moveInMenu } });
+  const page = { title, element: list, close: () => source?.close() };
+  const show = () => {
+    const focused = [...list.querySelectorAll("[role^=menuitem]")].indexOf(document.activeElement);
+    fill(list, own.map(ownItem));
+    if (source?.error) list.append(problem(source.error.message));
+    else if (source && !source.isLoaded) list.append(busy(t("Loading…")));
+    else if (source) list.append(...source.rows.map((row) => treeItem(context, row, source)));
+    context.dialog.place();
+    const items = list.querySelectorAll("[role^=menuitem]");
+    if (list.isConnected && !list.contains(document.activeElement)) items[Math.max(0, Math.min(focused, items.length - 1))]?.focus();
+  };
+  page.shown = show;
+  if (source && source !== given) {
+    source.addEventListener("changed", show);
+    source.need(0, mostRows);
+  }
+  if (given) given.addEventListener("changed", show);
+  show();
+  return page;
+}
+
+function menuItem(title, { picture = null, mark = null, role = "menuitem", disabled = false, detail = "" }, run) {
+  return el(
+    "button",
+    { type: "button", class: "menu-item", role, tabindex: "-1", "aria-disabled": disabled ? "true" : null, on: { click: (event) => !disabled && run(event.currentTarget) } },
+    picture ?? el("span", { class: "menu-mark" }),
+    el("span", { class: "menu-title", text: title }),
+    detail ? el("span", { class: "menu-detail", text: detail }) : null,
+    mark,
+  );
+}
+
+const ownItem = ({ title, icon: name, run }) => menuItem(title, { picture: el("span", { class: "menu-mark" }, icon(name)) }, run);
+
+function treeItem(context, row, source) {
+  if (row.Type === "Header") return el("h3", { class: "menu-header", text: row.Title });
+  const disabled = row.Disabled === true;
+  const picture = row.Icon ? cover(row.Icon, row.Title) : null;
+  if (row.Type === "Container")
+    return menuItem(row.Title, { picture, disabled, mark: icon("forward") }, () => context.dialog.push(containerPage(context, row)));
+  if (row.Type === "Action") {
+    const item = menuItem(row.Title, { picture, disabled }, (button) => act(context, row, button));
+    nameAction(row, item.querySelector(".menu-title"));
+    return item;
+  }
+  if (isChoice(row) || isField(row)) {
+    const open = () => context.dialog.push(isChoice(row) ? choicePage(context, row, source) : formPage(context, { path: row.Path, title: row.Title, rows: [row], accept: null }));
+    const item = menuItem(row.Title, { disabled, detail: String(plainValue(row.Value) ?? ""), mark: icon("forward") }, open);
+    if (isChoice(row)) presentChoice(row, item.querySelector(".menu-detail"));
+    return item;
+  }
+  return el("p", { class: "menu-text", text: row.Title });
+}
+
+// An action says in its own data what it would do now: "Add to favorites" or "Remove from favorites".
+async function nameAction(row, place) {
+  if (row.Title !== "Favorite" && !row.Path.split("?")[0].endsWith("/favorites")) return;
+  try {
+    const { data } = await getData(row.Path);
+    if (data.Title) place.textContent = row.Title = data.Title;
+  } catch {
+    return;
+  }
+}
+
+async function act(context, row, button) {
+  const place = button.querySelector(".menu-detail") ?? button.appendChild(el("span", { class: "menu-detail" }));
+  if (button.getAttribute("aria-busy") === "true") return;
+  button.setAttribute("aria-busy", "true");
+  place.textContent = row.BusyText || t("Working…");
+  try {
+    const text = await activate(row, context.subject);
+    if (text) context.dialog.push(textPage(row.Title, text));
+    else if (text === "") context.dialog.close(true);
+    place.textContent = "";
+  } catch (error) {
+    place.textContent = "";
+    button.after(problem(error.message));
+  }
+  button.removeAttribute("aria-busy");
+}
+
+const sameValue = (one, other) => JSON.stringify(plainValue(one) ?? null) === JSON.stringify(plainValue(other) ?? null);
+
+async function presentChoice(row, place) {
+  if (!place) return;
+  const source = new RowSource(row.Edit.enumPath);
+  await source.need(0, mostRows);
+  const present = source.rows.find((choice) => sameValue(choice.Value, row.Value));
+  if (present) place.textContent = present.Title;
+  source.close();
+}
+
+function choicePage(context, row, above = null) {
+  const source = new RowSource(row.Edit.enumPath);
+  const list = el("div", { class: "menu", role: "menu", "aria-label": row.Title, on: { keydown: moveInMenu } }, busy(t("Loading…")));
+  let value = row.Value;
+  const choose = async (choice, button) => {
+    button.setAttribute("aria-busy", "true");
+    try {
+      understand(await setValue(row.Path, choice.Value), `${row.Title}: ${choice.Title}`);
+      value = row.Value = choice.Value;
+      if (above) await above.reload();
+      context.dialog.back();
+    } catch (error) {
+      button.removeAttribute("aria-busy");
+      button.after(problem(error.message));
+    }
+  };
+  const show = () => {
+    if (!source.isLoaded) return;
+    if (source.error) return fill(list, problem(source.error.message));
+    const items = source.rows.map((choice) => {
+      const isPresent = sameValue(choice.Value, value);
+      const picture = el("span", { class: "menu-mark" }, isPresent ? icon("check") : null);
+      const item = menuItem(choice.Title, { role: "menuitemradio", picture }, (button) => choose(choice, button));
+      item.setAttribute("aria-checked", String(isPresent));
+      return item;
+    });
+    fill(list, items);
+    context.dialog.place();
+    (items.find((item) => item.getAttribute("aria-checked") === "true") ?? items[0])?.focus();
+  };
+  source.addEventListener("changed", show);
+  source.need(0, mostRows);
+  return { title: row.Title, element: list, close: () => source.close(), shown: show };
+}
+
+function moveInMenu(event) {
+  const items = [...event.currentTarget.querySelectorAll("[role^=menuitem]")];
+  const at = items.indexOf(document.activeElement);
+  const target = { ArrowDown: at + 1, ArrowUp: at - 1, Home: 0, End: items.length - 1 }[event.key];
+  if (target !== undefined && items.length) {
+    event.preventDefault();
+    items[(target + items.length) % items.length].focus();
+  } else if (event.key.length === 1 && event.key !== " " && !event.ctrlKey && !event.metaKey) {
+    const letter = event.key.toLowerCase();
+    const next = [...items.slice(at + 1), ...items].find((item) => item.textContent.trim().toLowerCase().startsWith(letter));
+    next?.focus();
+  }
+}

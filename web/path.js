@@ -1,0 +1,42 @@
+// Paths of the tree in their text form: base?key=value&key=value, keys sorted, all percent-encoded.
+
+/** The path of the tree's top. */
+export const home = "/tidal";
+/** Where settings stand. */
+export const settingsPath = "/settings";
+/** The login of the service. */
+export const loginPath = "/oauth2/services/tidal";
+
+export function parsePath(text) {
+  const [base, query = ""] = text.split("?");
+  const parameters = new Map();
+  for (const pair of query.split("&").filter(Boolean)) {
+    const [key, value = ""] = pair.split("=");
+    parameters.set(decode(key), decode(value));
+  }
+  return { base, parameters };
+}
+
+function decode(text) {
+  try {
+    return decodeURIComponent(text);
+  } catch {
+    return text;
+  }
+}
+
+function encode(text) {
+  return encodeURIComponent(text).replace(/[!'()*]/g, (sign) => `%${sign.charCodeAt(0).toString(16).toUpperCase()}`);
+}
+
+export function withParameter(text, key, value) {
+  const { base, parameters } = parsePath(text);
+  parameters.set(key, value);
+  const keys = [...parameters.keys()].sort();
+  return `${base}?${keys.map((name) => `${encode(name)}=${encode(parameters.get(name))}`).join("&")}`;
+}
+
+export const baseOf = (text) => text.split("?")[0];
+
+/** What the address bar shows for a path, or for a view of the page's own ("!queue"). */
+export const linkTo = (text) => `#${text}`;

@@ -1,0 +1,59 @@
+// The player's state and commands for all views.
+
+import * as api from "./api.js";
+import { live } from "./live.js";
+import { withoutArtist } from "./rowtext.js";
+import { toastError } from "./toast.js";
+
+/** Events: "changed" when the state is another one. */
+class Playback extends EventTarget {
+  state = { state: "stopped" };
+  #at = performance.now();
+
+  start() {
+    live.addEventListener("player", (event) => this.#take(event.detail));
+  }
+
+  get isPlaying() {
+    return this.state.state === "playing";
+  }
+
+  get isActive() {
+    return this.state.state !== "stopped" || Boolean(this.state.path);
+  }
+
+  /** Where the item is now, in milliseconds: between two reports time runs on. */
+  get position() {
+    const { positionMs = 0, durationMs = 0 } = this.state;
+    const position = positionMs + (this.isPlaying ? performance.now() - this.#at : 0);
+    return durationMs ? Math.min(position, durationMs) : position;
+  }
+
+  /** Sends a command; a refusal is shown. True when it was done. */
+  async send(command, body) {
+    try {
+      this.#take(await api.player(command, body));
+      return true;
+    } catch (error) {
+      toastError(error);
+      return false;
+    }
+  }
+
+  play(path) {
+    return this.send("play", { path });
+  }
+
+  toggle() {
+    if (this.state.state === "playing") return this.send("pause");
+    return this.send("resume");
+  }
+
+  #take(state) {
+    this.state = state.title ? { ...state, title: withoutArtist(state.title, [state.artist]) } : state;
+    this.#at = performance.now();
+    this.dispatchEvent(new Event("changed"));
+  }
+}
+
+export const playback = new Playback();

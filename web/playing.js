@@ -1,0 +1,122 @@
+// What plays, large, and the queue: the rows that follow in the list which is played.
+
+import { iconButton, cover, el, fill } from "./dom.js";
+import { playButton, qualityText, seekBar, volumeBar } from "./bar.js";
+import { item, skeleton } from "./items.js";
+import { VirtualList } from "./list.js";
+import { playback } from "./playback.js";
+import { RowSource } from "./rows.js";
+import { t } from "./text.js";
+
+/** Events: "current" when a row of the queue has the focus. */
+export class PlayingView extends EventTarget {
+  #heading = el("h1", { tabindex: "-1" });
+  #artist = el("p", { class: "playing-artist" });
+  #album = el("p", { class: "subtitle" });
+  #quality = el("p", { class: "quality" });
+  #cover = el("div", { class: "playing-cover" });
+  #queue = el("div", { class: "queue" });
+  #parts = [seekBar(), volumeBar(), playButton()];
+  #source = null;
+  #list = null;
+  #shown = "";
+  #scroller;
+  #onPlayer = () => this.#show();
+
+  constructor(scroller) {
+    super();
+    this.#scroller = scroller;
+    const [seek, volume, play] = this.#parts;
+    const command = (name, label) => iconButton(name, label, () => playback.send(name));
+    this.element = el(
+      "section",
+      { class: "view playing-view" },
+      el(
+        "div",
+        { class: "playing-item" },
+        this.#cover,
+        el(
+          "div",
+          { class: "playing-words" },
+          this.#heading,
+          this.#artist,
+          this.#album,
+          this.#quality,
+          seek.element,
+          el("div", { class: "playing-buttons" }, command("previous", t("Previous")), play.element, command("next", t("Next")), command("stop", t("Stop"))),
+          volume.element,
+        ),
+      ),
+      el("section", { class: "queue-part" }, el("h2", {}, t("Queue")), this.#queue),
+    );
+    playback.addEventListener("changed", this.#onPlayer);
+    this.#show();
+  }
+
+  close() {
+    playback.removeEventListener("changed", this.#onPlayer);
+    for (const part of this.#parts) part.stop();
+    this.#dropQueue();
+  }
+
+  get title() {
+    return t("Now playing");
+  }
+
+  get place() {
+    return { scroll: this.#scroller.scrollTop };
+  }
+
+  focus() {
+    this.#heading.focus({ preventScroll: true });
+  }
+
+  #show() {
+    const { title = "", artist = "", album = "", icon: picture = "", list = "", index = -1, path = "" } = playback.state;
+    this.#heading.textContent = title || t("Nothing plays");
+    this.#artist.textContent = artist;
+    this.#album.textContent = album;
+    this.#quality.textContent = qualityText(playback.state);
+    const key = [path, picture, list, index, playback.isPlaying].join("\n");
+    if (key === this.#shown) return;
+    this.#shown = key;
+    fill(this.#cover, cover(picture, title || "♪"));
+    this.#showQueue(list, index);
+  }
+
+  #showQueue(path, index) {
+    if (!path) {
+      this.#dropQueue();
+      return fill(this.#queue, el("p", { class: "empty" }, t("Play an album, a playlist or a track: what follows stands here.")));
+    }
+    if (this.#source?.path !== path) {
+      this.#dropQueue();
+      this.#source = new RowSource(path);
+      this.#list = new VirtualList(this.#scroller, t("Queue"), (at) => this.#make(at), (from, to) => this.#source.need(from + this.first, to + this.first));
+      this.#list.element.addEventListener("current", ({ detail }) => {
+        const row = this.#source.row(detail + this.first);
+        if (row) this.dispatchEvent(new CustomEvent("current", { detail: { row, index: detail + this.first } }));
+      });
+      this.#source.addEventListener("changed", () => this.#update());
+      fill(this.#queue, this.#list.element);
+    }
+    this.first = Math.max(0, index);
+    this.#source.need(this.first, this.first + 20);
+    this.#update();
+  }
+
+  #update() {
+    if (this.#source.isLoaded) this.#list.update("rows", Math.max(0, this.#source.count - this.first));
+  }
+
+  #make(at) {
+    const row = this.#source.row(at + this.first);
+    return row ? item(row, "rows") : skeleton("rows");
+  }
+
+  #dropQueue() {
+    this.#source?.close();
+    this.#list?.close();
+    this.#source = this.#list = null;
+  }
+}

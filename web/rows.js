@@ -1,0 +1,131 @@
+// The rows of one path, read in pages of fifty as they are needed, and read again when they change.
+
+import { getRows } from "./api.js";
+import { live } from "./live.js";
+
+const pageSize = 50;
+const mostPages = 60;
+const settleTime = 80;
+
+/** Events: "changed" (rows, count, roles or error are other ones) and "call" with the raw answer. */
+export class RowSource extends EventTarget {
+  count = 0;
+  roles = {};
+  error = null;
+  isLoaded = false;
+  #pages = new Map();
+  #asked = new Map();
+  #generation = 0;
+  #abort = new AbortController();
+  #timer = 0;
+  #last = [0, pageSize - 1];
+  #onNotice = (event) => this.#notice(event.detail);
+  #onState = (event) => event.detail && this.reload();
+
+  constructor(path) {
+    super();
+    this.path = path;
+    live.addEventListener("rows", this.#onNotice);
+    live.addEventListener("state", this.#onState);
+    live.follow(this, [path]);
+  }
+
+  close() {
+    live.removeEventListener("rows", this.#onNotice);
+    live.removeEventListener("state", this.#onState);
+    live.follow(this, []);
+    clearTimeout(this.#timer);
+    this.#abort.abort();
+  }
+
+  /** The row; undefined while it is not read. */
+  row(index) {
+    return this.#pages.get(Math.floor(index / pageSize))?.[index % pageSize];
+  }
+
+  /** All rows that were read, in order. */
+  get rows() {
+    return [...this.#pages.keys()].sort((one, other) => one - other).flatMap((page) => this.#pages.get(page));
+  }
+
+  /** Reads what is missing of a range. Resolves when nothing of it is under way any more. */
+  async need(from, to) {
+    this.#last = [from, to];
+    const calls = [];
+    const lastPage = this.isLoaded ? Math.max(0, Math.ceil(this.count / pageSize) - 1) : 0;
+    for (let page = Math.floor(Math.max(0, from) / pageSize); page <= Math.min(lastPage, Math.floor(to / pageSize)); ++page)
+      if (!this.#pages.has(page)) calls.push(this.#asked.get(page) ?? this.#ask(page));
+    await Promise.all(calls);
+  }
+
+  /** Reads again what is shown; the old rows stay until the new ones are there. */
+  reload() {
+    const [from, to] = this.#last;
+    const first = Math.floor(Math.max(0, from) / pageSize);
+    const last = Math.floor(to / pageSize);
+    const generation = ++this.#generation;
+    this.#asked.clear();
+    const calls = [];
+    for (let page = first; page <= last; ++page)
+      if (page === first || page * pageSize < this.count) calls.push(this.#ask(page));
+    return Promise.all(calls).then(() => {
+      if (generation !== this.#generation) return;
+      for (const page of [...this.#pages.keys()]) if (page < first || page > last) this.#pages.delete(page);
+      this.#tell();
+    });
+  }
+
+  #ask(page) {
+    const call = this.#read(page, this.#generation).finally(() => {
+      if (this.#asked.get(page) === call) this.#asked.delete(page);
+    });
+    this.#asked.set(page, call);
+    return call;
+  }
+
+  async #read(page, generation) {
+    const from = page * pageSize;
+    const begin = performance.now();
+    try {
+      const answer = await getRows(this.path, from, from + pageSize - 1, this.#abort.signal);
+      if (generation !== this.#generation) return;
+      this.count = answer.rowsCount;
+      this.roles = answer.roles;
+      this.error = null;
+      this.#keep(page, answer.rows);
+      this.dispatchEvent(new CustomEvent("call", { detail: { answer, milliseconds: performance.now() - begin } }));
+    } catch (error) {
+      if (error.name === "AbortError" || generation !== this.#generation) return;
+      this.error = error;
+      if (error.status) this.#forget();
+    }
+    this.isLoaded = true;
+    this.#tell();
+  }
+
+  #forget() {
+    this.count = 0;
+    this.#pages.clear();
+  }
+
+  #keep(page, rows) {
+    this.#pages.set(page, rows);
+    // A page that is not full where more was promised: the list ends there.
+    const end = page * pageSize + rows.length;
+    if (rows.length < pageSize && end < this.count) this.count = end;
+    if (this.#pages.size <= mostPages) return;
+    const farthest = [...this.#pages.keys()].reduce((far, one) => (Math.abs(one - page) > Math.abs(far - page) ? one : far), page);
+    this.#pages.delete(farthest);
+  }
+
+  #tell() {
+    this.dispatchEvent(new Event("changed"));
+  }
+
+  // Notices come in swarms; one reading answers them all.
+  #notice(notice) {
+    if (notice.path !== this.path) return;
+    clearTimeout(this.#timer);
+    this.#timer = setTimeout(() => this.reload(), settleTime);
+  }
+}

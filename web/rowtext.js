@@ -1,0 +1,48 @@
+// What a row says of itself, in the words that are shown.
+
+/** The title; a track's without the artist that it ends with, which stands in the line below. */
+export function titleOf(row) {
+  const title = row.Title ?? "";
+  return row.Type === "Audio" ? withoutArtist(title, [row.Description, metaData(row).artist]) : title;
+}
+
+/** A title without the " - artist" that it ends with. */
+export function withoutArtist(title, artists) {
+  const artist = artists.find((name) => name && title.endsWith(` - ${name}`));
+  return artist ? title.slice(0, -artist.length - 3) : title;
+}
+
+const metaData = (row) => row.MediaData?.metaData ?? {};
+
+export const artistOf = (row) => row.Description || metaData(row).artist || "";
+export const albumOf = (row) => metaData(row).album || "";
+
+/** The line below the title. */
+export function subtitleOf(row, isAlbumShown = true) {
+  if (row.Type !== "Audio") return row.Description ?? "";
+  return [artistOf(row), isAlbumShown ? albumOf(row) : ""].filter(Boolean).join(" · ");
+}
+
+/** What a view needs to know of a row that leads to it. */
+export function placeOf(row) {
+  return { title: titleOf(row), subtitle: row.Description ?? "", icon: row.Icon ?? "", menu: row.Context?.Path ?? "", playable: isPlayableItem(row), id: row.Id ?? "" };
+}
+
+/** A container that is an item of its own, whose rows are what is played: an album, a playlist. */
+export const isPlayableItem = (row) => row.Type === "Audio" || (row.Type === "Container" && Boolean(row.Id) && row.ContainerPlayable === true && /[?&](contentId|playlistId)=/.test(row.Path));
+
+/** Whether a row leads to a menu or a form, which open over the list. */
+export const isDialog = (row) => row.Type === "Container" && row.ContainerType === "List";
+
+/** The plain value of a typed one, for example "x" of {"string_":"x","type":"string_"}. */
+export function plainValue(value) {
+  if (value === null || typeof value !== "object") return value;
+  return value.type in value ? value[value.type] : undefined;
+}
+
+/** Whether the reader can type a value of this row. */
+export const isField = (row) => row.Type === "Text" && row.ReadOnly !== true && ["string", "number", "boolean"].includes(typeof plainValue(row.Value)) && !row.Edit?.enumPath;
+export const isChoice = (row) => Boolean(row.Edit?.enumPath);
+
+/** Line breaks that came as markup, as line breaks; everything else stays the text that it is. */
+export const plainText = (text) => text.replace(/<br\s*\/?>/gi, "\n");

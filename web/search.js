@@ -1,0 +1,128 @@
+// Search as one types: the kinds that the tree offers, side by side.
+
+import { getData, getRows } from "./api.js";
+import { el, fill, icon } from "./dom.js";
+import { item } from "./items.js";
+import { go } from "./nav.js";
+import { home, parsePath, withParameter } from "./path.js";
+import { RowSource } from "./rows.js";
+import { t } from "./text.js";
+
+const mostRows = 12;
+
+let found = null;
+
+/** Where the tree answers searches: {path, parameter}; null while nobody is logged in. */
+export async function searchPlace() {
+  if (found) return found;
+  const top = await getRows(home, 0, 0);
+  if (!top.roles.SearchPath) return null;
+  const container = await getRows(top.roles.SearchPath, 0, 0);
+  const node = container.rows[0];
+  if (!node?.Path) return null;
+  const data = node.QueryPath ? node : (await getData(node.Path)).data;
+  found = data.QueryPath ? { path: data.QueryPath, parameter: data.Query } : null;
+  return found;
+}
+
+/** Forgets what the tree offered: somebody logged in or out. */
+export function forgetSearchPlace() {
+  found = null;
+}
+
+/** The address of a search, or null when the tree offers none. */
+export async function searchPath(text) {
+  const place = await searchPlace();
+  return place && withParameter(place.path, place.parameter, text);
+}
+
+const queryBase = "/search/choose";
+
+/** The text that a path searches for; null when it is no search. */
+export function searchedText(path) {
+  const { base, parameters } = parsePath(path);
+  return base === (found ? parsePath(found.path).base : home + queryBase) ? (parameters.get(found?.parameter ?? "query") ?? "") : null;
+}
+
+/** The results for a path of the tree whose rows are the kinds. */
+export class SearchView extends EventTarget {
+  #kinds;
+  #columns = [];
+  #heading = el("h1", { tabindex: "-1", class: "visually-hidden" });
+  #body = el("div", { class: "search-columns" });
+
+  constructor(path, text) {
+    super();
+    this.path = path;
+    this.text = text;
+    this.#heading.textContent = text ? t("Search: %1", text) : t("Search");
+    this.element = el("section", { class: "view search" }, this.#heading, this.#body);
+    if (!text.trim()) {
+      fill(this.#body, el("p", { class: "empty" }, t("Type what you look for: an artist, an album, a track, a playlist.")));
+      return;
+    }
+    this.#kinds = new RowSource(path);
+    this.#kinds.addEventListener("changed", () => this.#show());
+    this.#kinds.need(0, 20);
+  }
+
+  close() {
+    this.#kinds?.close();
+    for (const column of this.#columns) column.source.close();
+  }
+
+  get title() {
+    return this.#heading.textContent;
+  }
+
+  get place() {
+    return {};
+  }
+
+  focus() {
+    this.#heading.focus({ preventScroll: true });
+  }
+
+  #show() {
+    if (this.#kinds.error) {
+      fill(this.#body, el("p", { class: "empty", role: "alert" }, this.#kinds.error.message));
+      return;
+    }
+    const rows = this.#kinds.rows.filter((row) => row.Type === "Container");
+    if (rows.map((row) => row.Path).join() === this.#columns.map((column) => column.row.Path).join()) return;
+    for (const column of this.#columns) column.source.close();
+    this.#columns = rows.map((row) => this.#column(row));
+    fill(this.#body, this.#columns.map((column) => column.element));
+  }
+
+  #column(row) {
+    const source = new RowSource(row.Path);
+    const list = el("ul", { class: "plain-list", "aria-label": row.Title }, el("li", { class: "busy" }, t("Searching…")));
+    const all = el("button", { type: "button", class: "link", hidden: true, on: { click: () => go(row.Path, { title: t("%1: “%2”", row.Title, this.text) }) } });
+    const element = el("section", { class: "search-column" }, el("header", {}, el("h2", {}, row.Title), all), list);
+    source.addEventListener("changed", () => {
+      if (source.error) return fill(list, el("li", { class: "problem", role: "alert" }, source.error.message));
+      const hits = source.rows.slice(0, mostRows);
+      fill(list, hits.map((hit) => item(hit, "rows")));
+      all.hidden = source.count <= mostRows;
+      fill(all, t("All %1", source.count), icon("forward"));
+      this.dispatchEvent(new Event("loaded"));
+    });
+    list.addEventListener("focusin", (event) => {
+      const index = [...list.children].indexOf(event.target.closest("li"));
+      if (source.row(index)) this.dispatchEvent(new CustomEvent("current", { detail: { row: source.row(index), index } }));
+    });
+    list.addEventListener("keydown", (event) => moveInList(event, list));
+    source.need(0, mostRows - 1);
+    return { row, source, element };
+  }
+}
+
+function moveInList(event, list) {
+  const step = { ArrowDown: 1, ArrowUp: -1 }[event.key];
+  const items = [...list.querySelectorAll(".main")];
+  const at = items.findIndex((main) => main.closest("li").contains(document.activeElement));
+  if (!step || at < 0) return;
+  event.preventDefault();
+  items[Math.max(0, Math.min(items.length - 1, at + step))].focus();
+}
