@@ -241,6 +241,8 @@ HttpClient::Failure HttpCall::failure(CURLcode result) const
 
 bool HttpCall::redirect()
 {
+    if (!m_options.followsRedirects())
+        return false;
     long status = 0;
     curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
     if (!isRedirect(status) || m_method != Method::Get || m_redirects >= maxRedirects)

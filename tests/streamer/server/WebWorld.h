@@ -56,12 +56,16 @@ class FakeLogin : public FakeControl<LoginControl>
 public:
     QJsonObject status() const override
     {
-        return {{QStringLiteral("loggedIn"), isLoggedIn.load()}};
+        QJsonObject status{{QStringLiteral("loggedIn"), isLoggedIn.load()}};
+        if (!pending.isEmpty())
+            status.insert(QStringLiteral("pending"), pending);
+        return status;
     }
     CMReply<QVariant> start() override { return finish(true); }
     CMReply<QVariant> logout() override { return finish(false); }
 
     std::atomic<bool> isLoggedIn{false};
+    QJsonObject pending; ///< set while no call is under way
 
 private:
     CMReply<QVariant> finish(bool loggedIn);

@@ -28,15 +28,24 @@ public:
         m_headers = headers;
         return *this;
     }
+    /// Whether a GET goes on to the address that an answer redirects to, when that has the same
+    /// origin; else the redirect is the answer.
+    HttpClientOptions& setFollowsRedirects(bool follows)
+    {
+        m_followsRedirects = follows;
+        return *this;
+    }
 
     const HttpClientPrivate& userData() const { return m_userData; }
     int timeoutMs() const { return m_timeoutMs; }
     int readSizeLimit() const { return m_readSizeLimit; }
     const HttpClientHeaders& headers() const { return m_headers; }
+    bool followsRedirects() const { return m_followsRedirects; }
 
 private:
     HttpClientPrivate m_userData;
     int m_timeoutMs = 30000;
     int m_readSizeLimit = 0;
+    bool m_followsRedirects = true;
     HttpClientHeaders m_headers;
 };

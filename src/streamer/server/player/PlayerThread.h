@@ -4,7 +4,8 @@
 
 class QEventLoop;
 
-/// A thread with an event loop, for objects that are not workers of the host tree. Owned by Player.
+/// A thread with an event loop, for objects that are not workers of the host tree. Owned by who has
+/// such objects.
 class PlayerThread
 {
 public:

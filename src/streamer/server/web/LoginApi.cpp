@@ -1,6 +1,8 @@
 #include "LoginApi.h"
 
 #include "LoginControl.h"
+#include "qr/QrMatrix.h"
+#include "QrPicture.h"
 #include "ReplyWaiter.h"
 
 void LoginApi::addRoutes(RouteTable& routes)
@@ -9,6 +11,7 @@ void LoginApi::addRoutes(RouteTable& routes)
     routes.add("GET", path, [this](const HttpCall&) { return HttpReply::json(m_login.status()); });
     routes.add("POST", path, [this](const HttpCall&) { return answer(m_login.start()); });
     routes.add("DELETE", path, [this](const HttpCall&) { return answer(m_login.logout()); });
+    routes.add("GET", path + "/qr", [this](const HttpCall&) { return qrCode(); });
 }
 
 HttpReply LoginApi::answer(const CMReply<QVariant>& reply)
@@ -17,4 +20,16 @@ HttpReply LoginApi::answer(const CMReply<QVariant>& reply)
     if (reply.error().isSet())
         return HttpReply::error(reply.error());
     return HttpReply::json(m_login.status());
+}
+
+HttpReply LoginApi::qrCode() const
+{
+    const QJsonObject pending = m_login.status().value(QLatin1String("pending")).toObject();
+    QString address = pending.value(QLatin1String("verificationUriComplete")).toString();
+    if (address.isEmpty())
+        address = pending.value(QLatin1String("verificationUri")).toString();
+    const QrMatrix code = QrMatrix::encode(address);
+    if (code.isEmpty())
+        return HttpReply::problem(404, QStringLiteral("no login waits for its confirmation"));
+    return HttpReply{200, "image/svg+xml", qrPicture(code)};
 }

@@ -16,6 +16,8 @@ public:
 
 private:
     HttpReply answer(const CMReply<QVariant>& reply);
+    /// The address to confirm the login at, as a picture to read with a telephone.
+    HttpReply qrCode() const;
 
     LoginControl& m_login;
     ReplyWaiter& m_waiter;

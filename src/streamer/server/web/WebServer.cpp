@@ -4,6 +4,7 @@
 #include "EventStream.h"
 #include "HealthApi.h"
 #include "HttpListener.h"
+#include "ImageApi.h"
 #include "LoginApi.h"
 #include "Metrics.h"
 #include "OriginGuard.h"
@@ -80,13 +81,14 @@ public:
         : m_options(options), m_guard(options.address, options.hostNames),
           m_assets(options.webDirectory), m_tree(m_waiter), m_player(player, m_waiter),
           m_login(login, m_waiter), m_health(options.moduleFile), m_hub(player, login),
-          m_events(m_hub)
+          m_events(m_hub), m_images(options.imageUrl)
     {
         m_tree.addRoutes(m_routes);
         m_player.addRoutes(m_routes);
         m_login.addRoutes(m_routes);
         m_events.addRoutes(m_routes);
         TextsApi::addRoutes(m_routes);
+        m_images.addRoutes(m_routes);
         addOwnRoutes();
         setUp(m_listener.server());
     }
@@ -119,6 +121,7 @@ private:
     Metrics m_metrics;
     EventHub m_hub;
     EventsApi m_events;
+    ImageApi m_images;
     RouteTable m_routes;
     HttpListener m_listener; ///< last: its threads use the others
 };
@@ -261,6 +264,7 @@ void WebServer::Private::stop()
 {
     m_hub.stop();
     m_waiter.stop();
+    m_images.stop();
     m_listener.stop();
 }
 

@@ -16,6 +16,7 @@ struct WebServerOptions
     QString moduleFile;        ///< shown by the health page
     QStringList hostNames;     ///< names, beside the usual ones, under which clients reach it
     QString webDirectory = {}; ///< where the page's files are read from; empty: the built-in ones
+    QString imageUrl = {};     ///< how the addresses of pictures begin that may be fetched
 };
 
 /// The streamer's web page and its HTTP API under /api/v1, with /healthz, /readyz and /metrics.

@@ -1,0 +1,51 @@
+#include "ImageApi.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+constexpr int longestUrl = 2048;
+
+} // namespace
+
+ImageApi::ImageApi(const QString& base) : m_base(base) {}
+
+void ImageApi::addRoutes(RouteTable& routes)
+{
+    routes.add("GET", "/api/v1/image", [this](const HttpCall& call) { return image(call); });
+}
+
+/// The address is the base, letter by letter, and names of files and folders behind it that no
+/// reader of addresses takes for anything else: no dot segments, no escapes of dots and slashes, no
+/// second host. So nothing but the base decides what is reached.
+bool ImageApi::isAllowed(const QString& url) const
+{
+    static const QRegularExpression rest(
+        QStringLiteral("\\A(?!.*(?:\\A|/)\\.{1,2}(?:/|\\?|\\z))"
+                       "(?:[A-Za-z0-9._~,+=-]|%(?:20|[89A-Fa-f][0-9A-Fa-f]))+"
+                       "(?:/(?:[A-Za-z0-9._~,+=-]|%(?:20|[89A-Fa-f][0-9A-Fa-f]))+)*"
+                       "(?:\\?[A-Za-z0-9._~,+=&-]*)?\\z"));
+    return !m_base.isEmpty() && url.size() <= longestUrl && url.startsWith(m_base) &&
+           rest.match(url.mid(m_base.size())).hasMatch();
+}
+
+HttpReply ImageApi::image(const HttpCall& call)
+{
+    const std::optional<QString> url = call.parameter("url");
+    if (!url || url->isEmpty())
+        return HttpReply::badRequest(QStringLiteral("url: is missing"));
+    if (!isAllowed(*url))
+        return HttpReply::problem(403, QStringLiteral("url: wanted an address of the service's "
+                                                      "pictures, which begin with %1")
+                                           .arg(m_base));
+    const ImageResult result = m_loader.load(url->toStdString());
+    if (!result.image)
+        return HttpReply::problem(result.status, result.problem);
+    HttpReply reply;
+    reply.contentType = result.image->contentType;
+    reply.body = result.image->body.toStdString();
+    // A page from elsewhere is refused by where it says to come from, so this decides about copies.
+    reply.headers = {{"Cache-Control", "private, max-age=86400"},
+                     {"Vary", "Origin, Sec-Fetch-Site"}};
+    return reply;
+}

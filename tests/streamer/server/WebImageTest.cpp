@@ -1,0 +1,195 @@
+#include "host/ScriptedServer.h"
+#include "qr/QrMatrix.h"
+#include "web/ImageCache.h"
+#include "WebWorld.h"
+
+#include <gtest/gtest.h>
+#include <QUrl>
+#include <regex>
+
+namespace {
+
+const std::string picture = "\x89PNG and so on";
+
+/// The picture's file name says what the server does.
+ScriptedServer::Answer answer(const std::string& request)
+{
+    const auto has = [&request](const char* name) {
+        return request.find(name) != std::string::npos;
+    };
+    if (has("hang"))
+        return {"", ScriptedServer::Then::Hang};
+    if (has("broken"))
+        return {"HTTP/1.1 200 OK\r\nContent-Length: 99\r\n\r\nx", ScriptedServer::Then::Close};
+    if (has("missing"))
+        return {ScriptedServer::whole("no", {}, "403 Forbidden")};
+    if (has("ill"))
+        return {ScriptedServer::whole("no", {}, "500 Oh")};
+    if (has("moved"))
+        return {ScriptedServer::whole("", "Location: /images/a.png\r\n", "302 Found")};
+    if (has("drawing"))
+        return {ScriptedServer::whole("<svg/>", "Content-Type: image/svg+xml\r\n")};
+    if (has("page"))
+        return {ScriptedServer::whole("<p>", "Content-Type: text/html\r\n")};
+    const std::string type = "Content-Type: Image/PNG; a=b\r\n";
+    if (has("large"))
+        return {ScriptedServer::whole(std::string(4 * 1024 * 1024 + 1, 'x'), type)};
+    return {ScriptedServer::whole(picture, type)};
+}
+
+/// A web server whose pictures come from a scripted one.
+struct ImageWorld
+{
+    std::string call(const std::string& url) const
+    {
+        return "/api/v1/image?url=" +
+               QUrl::toPercentEncoding(QString::fromStdString(url)).toStdString();
+    }
+    WebWorld::Answer get(const std::string& url) const { return world.get(call(url)); }
+
+    ScriptedServer server{answer};
+    WebWorld world{{QStringLiteral("127.0.0.1"),
+                    0,
+                    {},
+                    {},
+                    {},
+                    QString::fromStdString(server.url("/images/"))}};
+};
+
+} // namespace
+
+TEST(WebImageTest, FetchesPicturesOfTheServiceAndNothingElse)
+{
+    ImageWorld world;
+    const std::string base = world.server.url("/images/");
+    const std::string port = std::to_string(world.server.port());
+    struct Case
+    {
+        std::string url;
+        int status;
+        bool isFetched;
+    };
+    for (const Case& row : {Case{base + "a/b-c/320x320.jpg?v=1", 200, true},
+                            Case{base + "missing.png", 404, true},
+                            Case{base + "ill.png", 502, true},
+                            Case{base + "broken.png", 502, true},
+                            Case{base + "moved.png", 502, true},
+                            Case{base + "drawing.png", 502, true},
+                            Case{base + "page.png", 502, true},
+                            Case{base + "large.png", 502, true},
+                            Case{base, 403, false},
+                            Case{base + "../secret.png", 403, false},
+                            Case{base + "a/../../secret.png", 403, false},
+                            Case{base + "./a.png", 403, false},
+                            Case{base + "..", 403, false},
+                            Case{base + "..?a.png", 403, false},
+                            Case{base + "%2e%2e/secret.png", 403, false},
+                            Case{base + "..%2fsecret.png", 403, false},
+                            Case{base + "..\\secret.png", 403, false},
+                            Case{base + "/a.png", 403, false},
+                            Case{base + "a.png#b", 403, false},
+                            Case{base + "a.png\r\nX: y", 403, false},
+                            Case{base + std::string("a\0.png", 6), 403, false},
+                            Case{base + std::string(2048, 'a'), 403, false},
+                            Case{world.server.url("/other/a.png"), 403, false},
+                            Case{"http://evil.example/images/a.png", 403, false},
+                            Case{"http://127.0.0.1:" + port + "@evil.example/images/", 403, false},
+                            Case{"http://127.0.0.1:" + port + "1/images/a.png", 403, false},
+                            Case{"https://127.0.0.1:" + port + "/images/a.png", 403, false},
+                            Case{"HTTP://127.0.0.1:" + port + "/images/a.png", 403, false},
+                            Case{"file:///etc/passwd", 403, false},
+                            Case{"", 400, false}}) {
+        const size_t before = world.server.requests().size();
+        const auto got = world.get(row.url);
+        EXPECT_EQ(got.status, row.status) << row.url;
+        EXPECT_EQ(world.server.requests().size() - before, row.isFetched ? 1u : 0u) << row.url;
+        EXPECT_EQ(got.header("Content-Type"),
+                  row.status == 200 ? "image/png" : "application/problem+json");
+        EXPECT_EQ(got.header("Cache-Control"),
+                  row.status == 200 ? "private, max-age=86400" : "no-store");
+    }
+    EXPECT_EQ(world.get(base + "a.png").body, picture);
+    EXPECT_EQ(
+        world.world.get(world.call(base + "a.png"), {{"Sec-Fetch-Site", "cross-site"}}).status,
+        403);
+}
+
+TEST(WebImageTest, EqualAddressesAreFetchedOnceAndTooManyAreRefused)
+{
+    ImageWorld world;
+    const std::string base = world.server.url("/images/");
+    std::vector<std::future<int>> equal;
+    for (int i = 0; i < 8; ++i)
+        equal.push_back(
+            std::async(std::launch::async, [&] { return world.get(base + "same.png").status; }));
+    for (auto& one : equal)
+        EXPECT_EQ(one.get(), 200);
+    EXPECT_EQ(world.server.requests().size(), 1u);
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    std::vector<int> statuses;
+    std::vector<std::future<void>> calls;
+    for (int i = 0; i < 21; ++i) {
+        calls.push_back(std::async(std::launch::async, [&, i] {
+            const int status = world.get(base + "hang" + std::to_string(i) + ".png").status;
+            std::lock_guard<std::mutex> lock(mutex);
+            statuses.push_back(status);
+            changed.notify_all();
+        }));
+    }
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        changed.wait(lock, [&] { return !statuses.empty(); });
+        EXPECT_EQ(statuses, std::vector<int>{503}) << "one more than may wait";
+    }
+    EXPECT_EQ(world.get(base + "same.png").status, 200) << "from memory";
+    EXPECT_LE(world.server.requests().size(), 7u) << "six at once";
+    world.world.server.stop();
+    for (auto& call : calls)
+        call.get();
+    EXPECT_EQ(statuses, std::vector<int>(21, 503));
+}
+
+TEST(WebImageTest, TheCacheForgetsWhatWasAskedForLongestAgo)
+{
+    ImageCache cache(10);
+    const auto image = [](int size) {
+        return std::make_shared<const Image>(Image{"image/png", QByteArray(size, 'x')});
+    };
+    cache.insert("a", image(4));
+    cache.insert("b", image(4));
+    EXPECT_TRUE(cache.find("a"));
+    cache.insert("c", image(4));
+    cache.insert("too large", image(11));
+    EXPECT_TRUE(cache.find("a"));
+    EXPECT_FALSE(cache.find("b"));
+    EXPECT_TRUE(cache.find("c"));
+    EXPECT_FALSE(cache.find("too large"));
+}
+
+TEST(WebImageTest, TheCodeOfAPendingLoginIsAPicture)
+{
+    WebWorld world;
+    EXPECT_EQ(world.get("/api/v1/login/qr").status, 404);
+    const QString address = QStringLiteral("https://link.example/ABCDE");
+    world.login.pending = {{QStringLiteral("verificationUri"), QStringLiteral("https://other")},
+                           {QStringLiteral("verificationUriComplete"), address}};
+    const auto answer = world.get("/api/v1/login/qr");
+    EXPECT_EQ(answer.status, 200);
+    EXPECT_EQ(answer.header("Content-Type"), "image/svg+xml");
+    EXPECT_EQ(answer.header("Cache-Control"), "no-store");
+
+    const QrMatrix code = QrMatrix::encode(address);
+    std::vector<std::string> drawn(size_t(code.size()), std::string(size_t(code.size()), ' '));
+    const std::regex run("M(\\d+) (\\d+)h(\\d+)v1");
+    for (std::sregex_iterator it(answer.body.begin(), answer.body.end(), run), end; it != end; ++it)
+        drawn.at(std::stoul((*it)[2]) - 4)
+            .replace(std::stoul((*it)[1]) - 4, std::stoul((*it)[3]), std::stoul((*it)[3]), '#');
+    for (int y = 0; y < code.size(); ++y) {
+        for (int x = 0; x < code.size(); ++x)
+            ASSERT_EQ(drawn[size_t(y)][size_t(x)] == '#', code.isDark(x, y)) << x << ' ' << y;
+    }
+    EXPECT_NE(answer.body.find("viewBox=\"0 0 " + std::to_string(code.size() + 8)),
+              std::string::npos);
+}
