@@ -79,6 +79,7 @@ private:
     LoadedSettings loadSettings() const;
     int runServe();
     int runComplete();
+    int runManual();
     int runClient(const Command& command);
 
     Surroundings m_around;

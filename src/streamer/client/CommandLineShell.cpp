@@ -1,11 +1,13 @@
-// The commands that serve shells: completion, and what it asks.
+// The commands that serve shells and packagers: completion, what it asks, manual pages.
 #include "client/CommandLine.h"
 #include "client/Completion.h"
 #include "client/CompletionScript.h"
+#include "client/Manual.h"
 #include "client/ShellLine.h"
 #include "client/TreePaths.h"
 
 #include <CLI/CLI.hpp>
+#include <QDateTime>
 
 namespace cli {
 
@@ -39,6 +41,27 @@ void CommandLine::addShell()
     complete->add_option("--breaks", m_values.breaks);
     complete->add_option("WORD", m_values.paths);
     complete->callback([this] { m_chosen = [this] { return runComplete(); }; });
+
+    CLI::App* manual = m_app->add_subcommand("manual")->group("");
+    manual->add_option("PAGE", m_values.kind)
+        ->required()
+        ->check(CLI::IsMember({"kelo", "kelo.toml"}));
+    manual->callback([this] { m_chosen = [this] { return runManual(); }; });
+}
+
+/// Prints a manual page, for installing. Who wants the same page every time says the date
+/// (https://reproducible-builds.org/specs/source-date-epoch).
+int CommandLine::runManual()
+{
+    bool isGiven = false;
+    const qint64 given = qgetenv("SOURCE_DATE_EPOCH").toLongLong(&isGiven);
+    const QDateTime now =
+        isGiven ? QDateTime::fromSecsSinceEpoch(given, Qt::UTC) : QDateTime::currentDateTimeUtc();
+    const QString date = now.date().toString(Qt::ISODate);
+    const QString page =
+        m_values.kind == "kelo" ? commandManual(shapeOf(*m_app), date) : settingsManual(date);
+    m_terminal.line(page.trimmed());
+    return ExitDone;
 }
 
 /// Prints the kind of the completion, then one candidate a line, a tab before its note. Whatever

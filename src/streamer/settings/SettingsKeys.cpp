@@ -65,9 +65,10 @@ TextRule addressWithClosingSlash()
 }
 
 template <typename Member>
-SettingsKey text(const char* name, Member member, const TextRule& rule)
+SettingsKey text(const char* name, const char* meaning, Member member, const TextRule& rule)
 {
-    SettingsKey key{QString::fromLatin1(name), SettingsKey::Kind::Text, rule.wanted};
+    SettingsKey key{QString::fromLatin1(name), QString::fromLatin1(meaning),
+                    SettingsKey::Kind::Text, rule.wanted};
     key.store = [member, rule](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::String || !rule.accepts(value.toString()))
             return false;
@@ -79,10 +80,11 @@ SettingsKey text(const char* name, Member member, const TextRule& rule)
 }
 
 template <typename Member>
-SettingsKey seconds(const char* name, Member member)
+SettingsKey seconds(const char* name, const char* meaning, Member member)
 {
     constexpr double longest = 24 * 60 * 60;
-    SettingsKey key{QString::fromLatin1(name), SettingsKey::Kind::Number,
+    SettingsKey key{QString::fromLatin1(name), QString::fromLatin1(meaning),
+                    SettingsKey::Kind::Number,
                     QStringLiteral("seconds above 0, at most %1").arg(longest)};
     key.store = [member](Settings& settings, const QVariant& value) {
         const bool isNumber =
@@ -98,10 +100,10 @@ SettingsKey seconds(const char* name, Member member)
 }
 
 template <typename Member>
-SettingsKey milliseconds(const char* name, Member member)
+SettingsKey milliseconds(const char* name, const char* meaning, Member member)
 {
     SettingsKey key{
-        QString::fromLatin1(name), SettingsKey::Kind::Integer,
+        QString::fromLatin1(name), QString::fromLatin1(meaning), SettingsKey::Kind::Integer,
         QStringLiteral("whole milliseconds, 0 to %1").arg(std::numeric_limits<int>::max())};
     key.store = [member](Settings& settings, const QVariant& value) {
         const qlonglong number = value.type() == QVariant::LongLong ? value.toLongLong() : -1;
@@ -115,10 +117,10 @@ SettingsKey milliseconds(const char* name, Member member)
 }
 
 template <typename Member>
-SettingsKey boolean(const char* name, Member member)
+SettingsKey boolean(const char* name, const char* meaning, Member member)
 {
-    SettingsKey key{QString::fromLatin1(name), SettingsKey::Kind::Boolean,
-                    QStringLiteral("true or false")};
+    SettingsKey key{QString::fromLatin1(name), QString::fromLatin1(meaning),
+                    SettingsKey::Kind::Boolean, QStringLiteral("true or false")};
     key.store = [member](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::Bool)
             return false;
@@ -131,7 +133,9 @@ SettingsKey boolean(const char* name, Member member)
 
 SettingsKey listenAddress()
 {
-    SettingsKey key{QStringLiteral("server.listen"), SettingsKey::Kind::Text,
+    SettingsKey key{QStringLiteral("server.listen"),
+                    QStringLiteral("Where the streamer listens; port 0 picks a free one."),
+                    SettingsKey::Kind::Text,
                     QStringLiteral("ADDR:PORT, such as 127.0.0.1:8095 or [::1]:0")};
     key.store = [](Settings& settings, const QVariant& value) {
         const auto address = value.type() == QVariant::String
@@ -147,8 +151,10 @@ SettingsKey listenAddress()
 
 SettingsKey clientSecret()
 {
-    SettingsKey key{QStringLiteral("tidal.oauth2.client_secret"), SettingsKey::Kind::Text,
-                    QStringLiteral("a text")};
+    SettingsKey key{QStringLiteral("tidal.oauth2.client_secret"),
+                    QStringLiteral("The secret of your client id. It may also come from a file or "
+                                   "from a credential of the service manager."),
+                    SettingsKey::Kind::Text, QStringLiteral("a text")};
     key.isSecret = true;
     key.store = [](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::String)
@@ -179,31 +185,55 @@ std::vector<SettingsKey> makeKeys()
     // clang-format off
     return {
         listenAddress(),
-        text("server.web_dir", [](auto& s) -> auto& { return s.server.webDirectory; }, anyText()),
-        text("log.level", [](auto& s) -> auto& { return s.log.level; }, levels),
-        text("log.file", [](auto& s) -> auto& { return s.log.file; }, anyText()),
-        seconds("deadlines.rows_s", [](auto& s) -> auto& { return s.deadlines.rowsSeconds; }),
-        seconds("deadlines.data_s", [](auto& s) -> auto& { return s.deadlines.dataSeconds; }),
-        seconds("deadlines.set_s", [](auto& s) -> auto& { return s.deadlines.setSeconds; }),
-        text("player.output", [](auto& s) -> auto& { return s.player.output; }, notEmpty),
-        text("tidal.api_url", [](auto& s) -> auto& { return s.tidal.apiUrl; }, withoutSlash),
-        text("tidal.country_code", [](auto& s) -> auto& { return s.tidal.countryCode; }, country),
-        text("tidal.image_url", [](auto& s) -> auto& { return s.tidal.imageUrl; }, withSlash),
-        text("tidal.image_size", [](auto& s) -> auto& { return s.tidal.imageSize; }, size),
-        text("tidal.image_size_artist", [](auto& s) -> auto& { return s.tidal.imageSizeArtist; }, size),
-        text("tidal.image_size_playlist", [](auto& s) -> auto& { return s.tidal.imageSizePlaylist; }, size),
-        text("tidal.image_size_genre", [](auto& s) -> auto& { return s.tidal.imageSizeGenre; }, size),
-        text("tidal.image_size_mood", [](auto& s) -> auto& { return s.tidal.imageSizeMood; }, size),
-        milliseconds("tidal.max_idle_time_ms", [](auto& s) -> auto& { return s.tidal.maxIdleTimeMs; }),
-        text("tidal.sound_quality", [](auto& s) -> auto& { return s.tidal.soundQuality; }, qualities),
-        boolean("tidal.use_post_paywall", [](auto& s) -> auto& { return s.tidal.usePostPaywall; }),
-        text("tidal.oauth2.device_code_url", [](auto& s) -> auto& { return s.tidal.oauth2.deviceCodeUrl; }, address),
-        text("tidal.oauth2.authorization_url", [](auto& s) -> auto& { return s.tidal.oauth2.authorizationUrl; }, address),
-        text("tidal.oauth2.token_url", [](auto& s) -> auto& { return s.tidal.oauth2.tokenUrl; }, address),
-        text("tidal.oauth2.client_id", [](auto& s) -> auto& { return s.tidal.oauth2.clientId; }, anyText()),
+        text("server.web_dir", "A folder with the files of the page; empty: the built-in ones.",
+             [](auto& s) -> auto& { return s.server.webDirectory; }, anyText()),
+        text("log.level", "How much is logged.",
+             [](auto& s) -> auto& { return s.log.level; }, levels),
+        text("log.file", "The file that the log goes to; empty: stderr.",
+             [](auto& s) -> auto& { return s.log.file; }, anyText()),
+        seconds("deadlines.rows_s", "How long a request for rows may take before an error.",
+                [](auto& s) -> auto& { return s.deadlines.rowsSeconds; }),
+        seconds("deadlines.data_s", "The same for the data of a node.",
+                [](auto& s) -> auto& { return s.deadlines.dataSeconds; }),
+        seconds("deadlines.set_s", "The same for values that are set.",
+                [](auto& s) -> auto& { return s.deadlines.setSeconds; }),
+        text("player.output", "Where the sound goes; null plays in real time to nowhere.",
+             [](auto& s) -> auto& { return s.player.output; }, notEmpty),
+        text("tidal.api_url", "The address of the service's web API.",
+             [](auto& s) -> auto& { return s.tidal.apiUrl; }, withoutSlash),
+        text("tidal.country_code", "The country whose catalogue is asked for.",
+             [](auto& s) -> auto& { return s.tidal.countryCode; }, country),
+        text("tidal.image_url", "The address that pictures are read from.",
+             [](auto& s) -> auto& { return s.tidal.imageUrl; }, withSlash),
+        text("tidal.image_size", "The size of album covers and of other pictures.",
+             [](auto& s) -> auto& { return s.tidal.imageSize; }, size),
+        text("tidal.image_size_artist", "The size of pictures of artists.",
+             [](auto& s) -> auto& { return s.tidal.imageSizeArtist; }, size),
+        text("tidal.image_size_playlist", "The size of pictures of playlists.",
+             [](auto& s) -> auto& { return s.tidal.imageSizePlaylist; }, size),
+        text("tidal.image_size_genre", "The size of pictures of genres.",
+             [](auto& s) -> auto& { return s.tidal.imageSizeGenre; }, size),
+        text("tidal.image_size_mood", "The size of pictures of moods.",
+             [](auto& s) -> auto& { return s.tidal.imageSizeMood; }, size),
+        milliseconds("tidal.max_idle_time_ms", "How long a pause keeps the track's address.",
+                     [](auto& s) -> auto& { return s.tidal.maxIdleTimeMs; }),
+        text("tidal.sound_quality", "The quality that is asked for; the service may deliver less.",
+             [](auto& s) -> auto& { return s.tidal.soundQuality; }, qualities),
+        boolean("tidal.use_post_paywall", "Whole tracks, as subscribers have; false: previews.",
+                [](auto& s) -> auto& { return s.tidal.usePostPaywall; }),
+        text("tidal.oauth2.device_code_url", "Where a login asks for its code.",
+             [](auto& s) -> auto& { return s.tidal.oauth2.deviceCodeUrl; }, address),
+        text("tidal.oauth2.authorization_url", "The page where a person confirms a login.",
+             [](auto& s) -> auto& { return s.tidal.oauth2.authorizationUrl; }, address),
+        text("tidal.oauth2.token_url", "Where tokens are fetched and refreshed.",
+             [](auto& s) -> auto& { return s.tidal.oauth2.tokenUrl; }, address),
+        text("tidal.oauth2.client_id", "Your client id at the service; none is built in.",
+             [](auto& s) -> auto& { return s.tidal.oauth2.clientId; }, anyText()),
         clientSecret(),
-        text("tidal.oauth2.client_secret_file", [](auto& s) -> auto& { return s.tidal.oauth2.clientSecretFile; }, anyText()),
-        text("tidal.oauth2.scope", [](auto& s) -> auto& { return s.tidal.oauth2.scope; }, anyText()),
+        text("tidal.oauth2.client_secret_file", "A file that holds the client secret.",
+             [](auto& s) -> auto& { return s.tidal.oauth2.clientSecretFile; }, anyText()),
+        text("tidal.oauth2.scope", "What a login asks permission for.",
+             [](auto& s) -> auto& { return s.tidal.oauth2.scope; }, anyText()),
     };
     // clang-format on
 }

@@ -12,9 +12,10 @@ struct SettingsKey
 {
     enum class Kind { Text, Integer, Number, Boolean };
 
-    QString name;   ///< with its section: "tidal.oauth2.scope"
-    Kind kind;      ///< what a text from the command line is read as
-    QString wanted; ///< what a value has to be, to follow the word "wanted"
+    QString name;    ///< with its section: "tidal.oauth2.scope"
+    QString meaning; ///< what it sets, as one sentence for people
+    Kind kind;       ///< what a text from the command line is read as
+    QString wanted;  ///< what a value has to be, to follow the word "wanted"
     bool isSecret = false;
     /// Stores a bool, qlonglong, double or QString; false and nothing stored when it is not wanted.
     std::function<bool(Settings&, const QVariant&)> store = {};

@@ -1,0 +1,163 @@
+#include "client/Manual.h"
+
+#include "client/JsonText.h"
+#include "client/ManualText.h"
+#include "settings/SettingsKeys.h"
+
+namespace cli {
+
+namespace {
+
+using Tagged = QVector<QPair<const char*, const char*>>;
+
+void addTagged(ManualText& page, const char* heading, const Tagged& entries)
+{
+    page.heading(QString::fromLatin1(heading));
+    for (const auto& [tag, text] : entries)
+        page.tagged(QString::fromLatin1(tag), 1, QString::fromLatin1(text));
+}
+
+void addOptions(ManualText& page, const QVector<ShapeOption>& options)
+{
+    for (const ShapeOption& option : options)
+        page.tagged(option.written(), option.names.size(), option.text);
+}
+
+/// The options of \p command that are not those of the whole program.
+QVector<ShapeOption> ownOptions(const ShapeCommand& command, const ShapeCommand& program)
+{
+    QVector<ShapeOption> result;
+    for (const ShapeOption& option : command.options) {
+        if (!program.findOption(option.names.last()))
+            result.append(option);
+    }
+    return result;
+}
+
+/// The words of \p command itself, then its own options; of a command that has commands, those.
+void addCommand(ManualText& page, const ShapeCommand& command, const QString& words,
+                const ShapeCommand& program)
+{
+    for (const ShapeCommand& below : command.commands)
+        addCommand(page, below, words + ' ' + below.name, program);
+    if (!command.commands.isEmpty())
+        return;
+    const QVector<ShapeOption> options = ownOptions(command, program);
+    QString usage = words;
+    if (!options.isEmpty())
+        usage += QStringLiteral(" [OPTIONS]");
+    for (const QString& word : command.usage().split(' ').mid(1))
+        usage += ' ' + word;
+    page.tagged(usage, words.count(' ') + 1, command.text);
+    page.begin();
+    addOptions(page, command.arguments);
+    addOptions(page, options);
+    page.lines(command.examples);
+    page.end();
+}
+
+const Tagged exitStatuses{
+    {"0", "Done."},
+    {"1", "The streamer answered with an error; its message is printed."},
+    {"2", "Wrong usage, or wrong settings."},
+    {"3", "No streamer is reachable, or it broke off."},
+};
+
+const Tagged environment{
+    {"KELO_SERVER", "The address of the streamer, where `--server` does not say it."},
+    {"NO_COLOR", "Not empty: no colours. Pipes and dumb terminals get none anyway."},
+    {"COLUMNS", "The width to print for, where the terminal is not to decide."},
+    {"XDG_CONFIG_HOME", "Where the user's settings are; `~/.config` when it is not set."},
+    {"XDG_STATE_HOME", "Where logins and the queue are kept; `~/.local/state` when it is not set."},
+    {"STATE_DIRECTORY", "The same, as a service manager says it; it goes first."},
+    {"CREDENTIALS_DIRECTORY",
+     "Where a service manager puts credentials; `kelo.client_secret` is read from there."},
+};
+
+const Tagged files{
+    {"~/.config/kelo/kelo.toml", "The user's settings, see `kelo.toml`(5)."},
+    {"/etc/kelo/kelo.toml", "The settings of the machine, read where the user has none."},
+    {"~/.local/state/kelo", "Tokens, the queue and the volume, readable by the user alone."},
+};
+
+} // namespace
+
+QString commandManual(const ShapeCommand& program, const QString& date)
+{
+    ManualText page(program.name, 1, date);
+    page.heading(QStringLiteral("Name"));
+    page.paragraph(QStringLiteral("kelo - network audio streamer and its command line"));
+    page.heading(QStringLiteral("Synopsis"));
+    page.paragraph(QStringLiteral("`kelo` %1").arg(program.usage()));
+    page.heading(QStringLiteral("Description"));
+    page.paragraph(QStringLiteral(
+        "`kelo serve` is the streamer: it shows a music service as a tree of paths and plays from "
+        "it. Every other command talks to a running streamer over its HTTP interface. `kelo serve "
+        "--demo` starts one with a simulated service inside, which needs no account."));
+    page.paragraph(QStringLiteral(
+        "A path is one word and names a node of the tree. It may hold characters that a shell acts "
+        "on, so put it in quotes; the commands print paths ready to paste. With `--json` a command "
+        "prints one JSON document, for scripts; a command that follows something prints one a "
+        "line. Where one end of a pipe is no terminal there are no colours."));
+    page.heading(QStringLiteral("Options"));
+    addOptions(page, program.options);
+    page.heading(QStringLiteral("Commands"));
+    for (const QString& group : program.groups()) {
+        page.subheading(group);
+        for (const ShapeCommand& command : program.commands) {
+            if (command.group == group)
+                addCommand(page, command, program.name + ' ' + command.name, program);
+        }
+    }
+    addTagged(page, "Exit status", exitStatuses);
+    addTagged(page, "Environment", environment);
+    addTagged(page, "Files", files);
+    page.heading(QStringLiteral("Examples"));
+    page.lines(program.examples);
+    page.heading(QStringLiteral("See also"));
+    page.paragraph(QStringLiteral("`kelo.toml`(5), `kelo-sim`(1)"));
+    return page.text();
+}
+
+QString settingsManual(const QString& date)
+{
+    ManualText page(QStringLiteral("kelo.toml"), 5, date);
+    page.heading(QStringLiteral("Name"));
+    page.paragraph(QStringLiteral("kelo.toml - settings of the kelo streamer"));
+    page.heading(QStringLiteral("Description"));
+    page.paragraph(QStringLiteral(
+        "A TOML file, read when the streamer starts: the file that `--config` names, else the "
+        "user's, else the machine's. Every key may be left out. A key that does not exist or a "
+        "value that does not fit ends the program with a message that names file, line and key. "
+        "`-o` section.key=value on the command line goes before the file. `kelo config` shows what "
+        "is in force and where it comes from."));
+    page.heading(QStringLiteral("Settings"));
+    const Settings defaults;
+    QString section;
+    for (const SettingsKey& key : settingsKeys()) {
+        if (key.section() != section) {
+            section = key.section();
+            page.subheading('[' + section + ']');
+        }
+        page.tagged(key.word(), 1, key.meaning);
+        const QJsonValue value = QJsonValue::fromVariant(key.read(defaults));
+        const QString text =
+            value.isString() ? QString::fromUtf8(jsonString(value.toString())) : valueText(value);
+        page.begin();
+        page.paragraph(QStringLiteral("Wanted: %1. Default: `%2`").arg(key.wanted, text));
+        page.end();
+    }
+    page.heading(QStringLiteral("Files"));
+    page.tagged(QStringLiteral("$XDG_CONFIG_HOME/kelo/kelo.toml"), 1,
+                QStringLiteral("The user's; `~/.config` where the variable is not set."));
+    page.tagged(QStringLiteral("/etc/kelo/kelo.toml"), 1, QStringLiteral("The machine's."));
+    page.heading(QStringLiteral("Examples"));
+    page.lines({QStringLiteral("[server]"), QStringLiteral("listen = \"127.0.0.1:8095\""),
+                QStringLiteral("[tidal.oauth2]"), QStringLiteral("client_id = \"...\""),
+                QStringLiteral("client_secret_file = \"client_secret\"")});
+    page.heading(QStringLiteral("See also"));
+    page.paragraph(QStringLiteral("`kelo`(1)"));
+    return page.text();
+}
+
+} // namespace cli
