@@ -70,9 +70,29 @@ async function change(method, name, body) {
   }
 }
 
+/** Rows of one page: no more are to be had in one call of the service. */
+export const pageSize = 50;
+
 const listRoles = "Path,Type,Title,Disabled,MediaData,Icon,Id,AudioType,Context,Description,ContainerType,ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText";
 
-export const getRows = (path, from, to, signal) => send("GET", address("rows", { path, from, to, roles: listRoles }), undefined, {}, signal);
+let ahead = null;
+
+/** Asks for the first rows of a path before the view is there that wants them. */
+export function readAhead(path) {
+  const answer = getRows(path, 0, pageSize - 1);
+  answer.catch(() => {});
+  ahead = { path, answer };
+}
+
+export function getRows(path, from, to, signal) {
+  if (ahead?.path === path && from === 0 && to === pageSize - 1) {
+    const { answer } = ahead;
+    ahead = null;
+    return answer;
+  }
+  return send("GET", address("rows", { path, from, to, roles: listRoles }), undefined, {}, signal);
+}
+
 export const getData = (path, signal) => send("GET", address("data", { path }), undefined, {}, signal);
 export const setValue = (path, value = 1) => change("POST", "set", { path, value });
 export const getPlayer = () => send("GET", address("player"));

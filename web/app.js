@@ -1,6 +1,6 @@
 // The page: puts the parts together and shows the view that the address names.
 
-import { getRows } from "./api.js";
+import { getRows, readAhead } from "./api.js";
 import { startBar } from "./bar.js";
 import { BrowseView } from "./browse.js";
 import { Dialog } from "./dialog.js";
@@ -47,10 +47,9 @@ function show() {
   view.addEventListener("current", ({ detail }) => drawer.isOpen && drawer.showRow(detail.row));
   view.addEventListener("call", ({ detail }) => drawer.showReply(detail));
   view.addEventListener("loaded", nameDocument);
-  if (!isTyping) {
-    part("search").value = searchedText(path) ?? "";
-    if (!isFirst) view.focus();
-  }
+  const text = searchedText(path);
+  if (!isTyping || text === null) part("search").value = text ?? "";
+  if (!isTyping && !isFirst) view.focus();
   isFirst = false;
   for (const link of part("sidebar").querySelectorAll("a")) {
     if (link.getAttribute("href") === linkTo(path)) link.setAttribute("aria-current", "page");
@@ -178,18 +177,17 @@ function watchLogin() {
 
 async function start() {
   applyTheme();
-  const texts = loadTexts();
-  // Asked for at once; the view finds the answer on its way.
-  live.connect();
-  await texts;
   playback.start();
+  watchLogin();
+  live.connect();
+  if (!currentPath().startsWith("!")) readAhead(currentPath());
+  await loadTexts();
   drawer = new Drawer(part("drawer"), (isOpen) => {
     part("drawer-button").setAttribute("aria-expanded", String(isOpen));
     document.body.classList.toggle("with-drawer", isOpen);
   });
   startBar(part("bar"));
   startSearch();
-  watchLogin();
   setPlaceKeeper(() => view?.place ?? {});
   nav.addEventListener("moved", show);
   playback.addEventListener("changed", nameDocument);

@@ -5,7 +5,7 @@ import { item, skeleton } from "./items.js";
 import { VirtualList } from "./list.js";
 import { openMenu } from "./menu.js";
 import { goUp } from "./nav.js";
-import { home, linkTo, loginPath, parsePath, settingsPath } from "./path.js";
+import { home, linkTo, loginPath, parsePath } from "./path.js";
 import { playback } from "./playback.js";
 import { RowSource } from "./rows.js";
 import { albumOf } from "./rowtext.js";
@@ -74,7 +74,7 @@ export class BrowseView extends EventTarget {
     if (!source.isLoaded) return;
     this.#showHead();
     if (source.error && !source.count) {
-      const login = this.path.startsWith(home) && /log ?in/i.test(source.error.message) ? el("a", { class: "button", href: linkTo(loginPath) }, t("Log in")) : null;
+      const login = document.body.classList.contains("logged-out") ? el("a", { class: "button", href: linkTo(loginPath) }, t("Log in")) : null;
       fill(
         this.#body,
         el("div", { class: "empty", role: "alert" }, el("p", {}, source.error.message), el("div", { class: "buttons" }, el("button", { type: "button", class: "button", on: { click: () => source.reload() } }, t("Try again")), login)),
@@ -116,14 +116,14 @@ export class BrowseView extends EventTarget {
     const albums = new Set(rows.filter((row) => row.Type === "Audio").map(albumOf));
     const { parameters } = parsePath(this.path);
     if (parameters.has("contentId") && !parameters.has("playlistId") && albums.size === 1 && rows.every((row) => row.Type === "Audio")) return [...albums][0];
-    return roles.Title || (this.path === settingsPath ? t("Settings") : "");
+    return roles.Title || (parameters.has("artistId") ? t("Artist") : "");
   }
 
   #showHead() {
     const source = this.#source;
     const title = this.#titleText();
     const picture = this.#item?.icon || null;
-    this.#heading.textContent = title || (source.isLoaded ? t("Untitled") : " ");
+    this.#heading.textContent = title || (source.isLoaded ? this.path : " ");
     this.#list.element.setAttribute("aria-label", title || t("Rows"));
     const canPlay = source.count > 0 && source.rows.some((row) => row.Type === "Audio" && !row.Disabled);
     const buttons = [];

@@ -5,11 +5,22 @@ import { getData, getRequests, watchCalls } from "./api.js";
 import { el, fill, iconButton } from "./dom.js";
 import { live } from "./live.js";
 import { t } from "./text.js";
+import { toast } from "./toast.js";
 
 const mostLines = 200;
 
 const timeText = (date) => date.toTimeString().slice(0, 8) + "." + String(date.getMilliseconds()).padStart(3, "0");
 const milliseconds = (time) => `${time.toFixed(time < 10 ? 1 : 0)} ms`;
+
+// The clipboard is there for secure pages alone; elsewhere the path is marked for the reader to copy.
+async function copy(text) {
+  try {
+    await navigator.clipboard.writeText(text);
+    toast(t("Copied: %1", text));
+  } catch {
+    prompt(t("Copy its path"), text);
+  }
+}
 
 /** A log of lines, newest first, of which a bounded number is kept. */
 class Log {
@@ -78,13 +89,12 @@ export class Drawer {
     if (!row) return fill(this.#node, el("p", { class: "hint" }, t("Move to a row: its path, roles and data stand here.")));
     const data = el("div", { class: "data" });
     const ask = el("button", { type: "button", class: "button small", on: { click: () => this.#askData(row, data) } }, t("Read its data"));
-    const roles = Object.entries(row).map(([name, value]) => el("tr", {}, el("th", { scope: "row" }, name), el("td", {}, typeof value === "string" ? value : JSON.stringify(value, null, 1))));
+    const roles = Object.entries(row).map(([name, value]) => [el("dt", {}, name), el("dd", {}, typeof value === "string" ? value : JSON.stringify(value, null, 1))]);
     fill(
       this.#node,
-      el("p", { class: "path-line" }, el("code", {}, row.Path || t("(no path)")), iconButton("check", t("Copy the path"), () => navigator.clipboard?.writeText(row.Path ?? ""))),
-      el("table", {}, el("caption", { class: "visually-hidden" }, t("Roles")), el("tbody", {}, roles)),
-      row.Path ? ask : null,
+      el("div", { class: "buttons" }, row.Path ? [ask, el("button", { type: "button", class: "button small", on: { click: () => copy(row.Path) } }, t("Copy its path"))] : null),
       data,
+      el("dl", { "aria-label": t("Roles") }, roles),
     );
     return undefined;
   }

@@ -3,7 +3,7 @@
 import { openContainer, openMenu, openValue, runAction } from "./menu.js";
 import { cover, el, icon, iconButton } from "./dom.js";
 import { go, isPlainClick } from "./nav.js";
-import { linkTo } from "./path.js";
+import { linkTo, loginPath } from "./path.js";
 import { playback } from "./playback.js";
 import { isChoice, isDialog, isField, isPlayableItem, placeOf, plainValue, subtitleOf, titleOf } from "./rowtext.js";
 import { t } from "./text.js";
@@ -19,6 +19,7 @@ export function skeleton(kind) {
 /** What a click on the row does. */
 export function open(row, anchor = null) {
   if (row.Disabled) return toast(t("“%1” is not available.", titleOf(row)));
+  if (row.Path === loginPath) return go(loginPath);
   if (isDialog(row)) return openContainer(row, anchor);
   if (row.Type === "Container") return go(row.Path, placeOf(row));
   if (row.Type === "Audio") return playback.play(row.Path);
@@ -53,8 +54,9 @@ export function item(row, kind, { showsAlbum = true } = {}) {
   const main = mainOf(row);
   const value = isChoice(row) || isField(row) || row.Type === "Text" ? valueText(row) : "";
   const subtitle = subtitleOf(row, showsAlbum) || value;
-  const hasCover = kind === "grid" || row.Icon || row.Type === "Audio" || row.Id;
-  const picture = hasCover ? cover(row.Icon, titleOf(row)) : row.Type === "Container" ? el("span", { class: "glyph" }, icon(isDialog(row) ? "forward" : "list")) : null;
+  const hasCover = kind === "grid" || row.Icon || row.Type === "Audio" || Boolean(row.Id && row.Type === "Container");
+  const glyph = { Container: isDialog(row) ? "plus" : "list", Action: "text" }[row.Type];
+  const picture = hasCover ? cover(row.Icon, titleOf(row)) : glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
   main.append(
     ...[picture, el("span", { class: "words" }, el("span", { class: "title", text: titleOf(row) }), el("span", { class: "subtitle", text: subtitle }))].filter(Boolean),
   );

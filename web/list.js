@@ -70,7 +70,7 @@ export class VirtualList {
     const width = this.element.clientWidth;
     this.element.classList.toggle("grid", this.#kind === "grid");
     if (this.#kind === "grid") {
-      this.#columns = Math.max(2, Math.floor(width / 190));
+      this.#columns = Math.max(2, Math.floor(width / 165));
       this.#height = Math.floor(width / this.#columns) + 58;
     } else {
       this.#columns = 1;

@@ -122,7 +122,7 @@ const ownItem = ({ title, icon: name, run }) => menuItem(title, { picture: el("s
 function treeItem(context, row, source) {
   if (row.Type === "Header") return el("h3", { class: "menu-header", text: row.Title });
   const disabled = row.Disabled === true;
-  const picture = row.Icon ? cover(row.Icon, row.Title) : null;
+  const picture = row.Icon || (row.Type === "Action" && row.Id) ? cover(row.Icon, row.Title) : null;
   if (row.Type === "Container")
     return menuItem(row.Title, { picture, disabled, mark: icon("forward") }, () => context.dialog.push(containerPage(context, row)));
   if (row.Type === "Action") {

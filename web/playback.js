@@ -50,7 +50,7 @@ class Playback extends EventTarget {
   }
 
   #take(state) {
-    this.state = state.title ? { ...state, title: withoutArtist(state.title, [state.artist]) } : state;
+    this.state = state.title ? { ...state, title: withoutArtist(state.title, state.artist ?? "") } : state;
     this.#at = performance.now();
     this.dispatchEvent(new Event("changed"));
   }

@@ -1,9 +1,8 @@
 // The rows of one path, read in pages of fifty as they are needed, and read again when they change.
 
-import { getRows } from "./api.js";
+import { getRows, pageSize } from "./api.js";
 import { live } from "./live.js";
 
-const pageSize = 50;
 const mostPages = 60;
 const settleTime = 80;
 

@@ -3,13 +3,14 @@
 /** The title; a track's without the artist that it ends with, which stands in the line below. */
 export function titleOf(row) {
   const title = row.Title ?? "";
-  return row.Type === "Audio" ? withoutArtist(title, [row.Description, metaData(row).artist]) : title;
+  return row.Type === "Audio" ? withoutArtist(title, row.Description || metaData(row).artist || "") : title;
 }
 
-/** A title without the " - artist" that it ends with. */
+/** A title without the " - artist" that it ends with, the artist being the first, or the first few, of those named. */
 export function withoutArtist(title, artists) {
-  const artist = artists.find((name) => name && title.endsWith(` - ${name}`));
-  return artist ? title.slice(0, -artist.length - 3) : title;
+  const at = title.lastIndexOf(" - ");
+  const ending = title.slice(at + 3);
+  return at > 0 && ending && (artists === ending || artists.startsWith(`${ending}, `)) ? title.slice(0, at) : title;
 }
 
 const metaData = (row) => row.MediaData?.metaData ?? {};

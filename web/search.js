@@ -8,7 +8,7 @@ import { home, parsePath, withParameter } from "./path.js";
 import { RowSource } from "./rows.js";
 import { t } from "./text.js";
 
-const mostRows = 12;
+const mostRows = () => (matchMedia("(max-width: 760px)").matches ? 5 : 12);
 
 let found = null;
 
@@ -97,14 +97,15 @@ export class SearchView extends EventTarget {
 
   #column(row) {
     const source = new RowSource(row.Path);
+    const most = mostRows();
     const list = el("ul", { class: "plain-list", "aria-label": row.Title }, el("li", { class: "busy" }, t("Searching…")));
     const all = el("button", { type: "button", class: "link", hidden: true, on: { click: () => go(row.Path, { title: t("%1: “%2”", row.Title, this.text) }) } });
     const element = el("section", { class: "search-column" }, el("header", {}, el("h2", {}, row.Title), all), list);
     source.addEventListener("changed", () => {
       if (source.error) return fill(list, el("li", { class: "problem", role: "alert" }, source.error.message));
-      const hits = source.rows.slice(0, mostRows);
+      const hits = source.rows.slice(0, most);
       fill(list, hits.map((hit) => item(hit, "rows")));
-      all.hidden = source.count <= mostRows;
+      all.hidden = source.count <= most;
       fill(all, t("All %1", source.count), icon("forward"));
       this.dispatchEvent(new Event("loaded"));
     });
@@ -113,7 +114,7 @@ export class SearchView extends EventTarget {
       if (source.row(index)) this.dispatchEvent(new CustomEvent("current", { detail: { row: source.row(index), index } }));
     });
     list.addEventListener("keydown", (event) => moveInList(event, list));
-    source.need(0, mostRows - 1);
+    source.need(0, most - 1);
     return { row, source, element };
   }
 }

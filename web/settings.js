@@ -75,7 +75,10 @@ export class SettingsView extends EventTarget {
 
   #show() {
     if (this.#source.error) return fill(this.#rows, el("p", { class: "problem", role: "alert" }, this.#source.error.message));
-    fill(this.#rows, this.#source.rows.filter((row) => row.Value !== undefined).map((row) => this.#row(row)));
+    const rows = this.#source.rows.filter((row) => isChoice(row) || !["object", "undefined"].includes(typeof plainValue(row.Value)));
+    const canChange = (row) => !row.ReadOnly && (isChoice(row) || isField(row));
+    const fixed = rows.filter((row) => !canChange(row)).map((row) => this.#row(row));
+    fill(this.#rows, rows.filter(canChange).map((row) => this.#row(row)), fixed.length ? el("details", {}, el("summary", {}, t("Set in the settings file")), fixed) : null);
   }
 
   #row(row) {
