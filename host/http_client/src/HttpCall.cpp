@@ -47,6 +47,16 @@ bool isFieldValue(const QByteArray& value)
                         [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
 }
 
+/// Whether the verification of a certificate failed for its dates, as OpenSSL numbers it.
+bool isCertificateDate(CURL* easy)
+{
+    constexpr long notYetValid = 9; // X509_V_ERR_CERT_NOT_YET_VALID
+    constexpr long hasExpired = 10; // X509_V_ERR_CERT_HAS_EXPIRED
+    long result = 0;
+    curl_easy_getinfo(easy, CURLINFO_SSL_VERIFYRESULT, &result);
+    return result == notYetValid || result == hasExpired;
+}
+
 bool isRedirect(long status)
 {
     return status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
@@ -226,6 +236,7 @@ HttpClient::Failure HttpCall::failure(CURLcode result) const
     case CURLE_COULDNT_CONNECT:
         return HttpClient::ConnectionFailed;
     case CURLE_PEER_FAILED_VERIFICATION:
+        return isCertificateDate(m_easy) ? HttpClient::CertificateDate : HttpClient::TlsFailed;
     case CURLE_SSL_CONNECT_ERROR:
     case CURLE_SSL_CERTPROBLEM:
     case CURLE_SSL_CACERT_BADFILE:

@@ -57,6 +57,18 @@ public:
     void setDeviceCodeUrl(const QString& url) { insert(DeviceCodeUrl(), url); }
 };
 
+/// Why a login failed or ended, for clients that help.
+struct KELO_EXPORT KeloOAuth2Reason
+{
+    KELO_NAME(Expired, "expired") ///< the code ended before it was confirmed
+    KELO_NAME(Denied, "denied")   ///< the user or the service refused the login
+    KELO_NAME(Client, "client")   ///< the service refuses this client, or none is set
+    KELO_NAME(Clock, "clock")     ///< this machine's clock is wrong
+    KELO_NAME(Network, "network") ///< the service is not reached
+    KELO_NAME(Service, "service") ///< the service fails, or is not understood
+    KELO_NAME(Ended, "ended")     ///< the service ended a login that stood
+};
+
 /// Login state of one service, as the host's OAuth2 service publishes it. It is published, logged
 /// out, before anybody logs in, and the access token is published before `loggedIn` turns true.
 class KELO_EXPORT KeloOAuth2Info : public KeloHash
@@ -69,6 +81,7 @@ public:
     KELO_NAME(VerificationUriComplete, "verificationUriComplete")
     KELO_NAME(ExpiresIn, "expiresIn")
     KELO_NAME(Problem, "problem")
+    KELO_NAME(Reason, "reason")
 
     KeloOAuth2Info() = default;
     explicit KeloOAuth2Info(const KeloHash& hash) : KeloHash(hash) {}
@@ -92,6 +105,9 @@ public:
     /// Why the last login failed or ended; empty when there is nothing to say.
     QString problem() const { return value(Problem()).toString(); }
     void setProblem(const QString& text) { insert(Problem(), text); }
+    /// One of KeloOAuth2Reason's when there is a problem.
+    QString reason() const { return value(Reason()).toString(); }
+    void setReason(const QString& reason) { insert(Reason(), reason); }
 };
 
 /// Where the login states of the services stand, each at its name.

@@ -29,7 +29,8 @@ public:
         ConnectionFailed = 4, ///< name not found, connection refused, no route
         TransferFailed = 5,   ///< the connection broke, or the answer is not HTTP
         TlsFailed = 6,        ///< the server's certificate was refused
-        BadUrl = 7
+        BadUrl = 7,
+        CertificateDate = 8 ///< as TlsFailed, because this machine's time is outside its dates
     };
 
     /// `keepAlive`: connections are kept for the next call to the same server.
