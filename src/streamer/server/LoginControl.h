@@ -12,7 +12,8 @@ public:
     virtual ~LoginControl() = default;
 
     /// {"loggedIn":bool,"pending":{"userCode","verificationUri","verificationUriComplete",
-    /// "expiresIn"},"problem"}; pending and problem only when there is one.
+    /// "expiresIn"},"problem","reason"}; pending and problem only when there is one, and the
+    /// reason, one of KeloOAuth2Reason's, beside the problem.
     virtual QJsonObject status() const = 0;
     /// Starts a login, or joins the one that waits for the user. Answered when there is a code to
     /// show, when logged in already, or with the reason why there is none.

@@ -4,17 +4,11 @@
 
 namespace {
 
-struct Answer
-{
-    int status;
-    QByteArray body;
-};
-
 /// A login: what the service answers, in order, and everything that is seen of it.
 struct Case
 {
     const char* name;
-    std::vector<Answer> answers;
+    std::vector<TokenReply> answers;
     QStringList log;
 };
 
@@ -23,10 +17,10 @@ void PrintTo(const Case& row, std::ostream* out)
     *out << row.name;
 }
 
-const Answer code{200, deviceAnswer};
-const Answer pendingAnswer{400, R"({"error":"authorization_pending"})"};
-const Answer slowDown{400, R"({"error":"slow_down"})"};
-const Answer tokens{200, tokenAnswer};
+const TokenReply code{200, deviceAnswer};
+const TokenReply pendingAnswer{400, R"({"error":"authorization_pending"})"};
+const TokenReply slowDown{400, R"({"error":"slow_down"})"};
+const TokenReply tokens{200, tokenAnswer};
 const QString codeShown = QStringLiteral("logged out, code QWERT at https://link.example.invalid");
 
 class DeviceLoginTest : public testing::TestWithParam<Case>
@@ -40,10 +34,10 @@ TEST_P(DeviceLoginTest, AsksAtTheRightTimesAndEndsAsTheServiceSays)
     LoginWorld world;
     world.log.clear();
     world.send(QString());
-    for (const Answer& answer : GetParam().answers) {
+    for (const TokenReply& answer : GetParam().answers) {
         while (world.endpoint.posts.empty())
             ASSERT_TRUE(world.clock.step());
-        world.answer(answer.status, answer.body);
+        world.answer(answer);
     }
     while (world.endpoint.posts.empty() && !world.state().loggedIn() && world.clock.step()) {
     }
@@ -73,31 +67,74 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"expired, the service says",
              {code, {400, R"({"error":"expired_token"})"}},
              {"0 s: code", codeShown, "2 s: poll",
-              "logged out: The code has expired. Start the login again."}},
+              "logged out: The code has expired. Start the login again. [expired]"}},
         Case{"expired by the clock",
              {{200, R"({"deviceCode":"D","userCode":"U","verificationUri":"v","expiresIn":5,)"
                     R"("interval":3})"},
               pendingAnswer},
              {"0 s: code", "logged out, code U at https://v", "3 s: poll",
-              "logged out: The code has expired. Start the login again."}},
+              "logged out: The code has expired. Start the login again. [expired]"}},
+        Case{"expired while the service is not reached",
+             {{200, R"({"deviceCode":"D","userCode":"U","verificationUri":"v","expiresIn":6})"},
+              {0, "", HttpClient::ConnectionFailed}},
+             {"0 s: code", "logged out, code U at https://v", "5 s: poll",
+              "logged out: The code has expired: the login service is not reached. [network]"}},
         Case{"refused by the user",
              {code, {400, R"({"error":"access_denied"})"}},
-             {"0 s: code", codeShown, "2 s: poll", "logged out: The login was refused."}},
+             {"0 s: code", codeShown, "2 s: poll", "logged out: The login was refused. [denied]"}},
         Case{"unknown client",
              {code, {401, R"({"error":"invalid_client","error_description":"who?"})"}},
              {"0 s: code", codeShown, "2 s: poll",
-              "logged out: The login failed: invalid_client, who?."}},
+              "logged out: The login failed: invalid_client, who?. [client]"}},
         Case{"no code for this client",
              {{400, R"({"error":"invalid_request"})"}},
-             {"0 s: code", "logged out: No login code: invalid_request."}},
+             {"0 s: code", "logged out: No login code: invalid_request. [client]"}},
         Case{"no code, service down",
              {{0, ""}},
-             {"0 s: code", "logged out: No login code: the login service does not answer."}},
+             {"0 s: code",
+              "logged out: No login code: the login service does not answer. [network]"}},
         Case{"no code, HTML",
              {{200, "<html>"}},
-             {"0 s: code",
-              "logged out: No login code: the login service's answer is not understood."}}),
+             {"0 s: code", "logged out: No login code: the login service's answer is not "
+                           "understood. [service]"}}),
     [](const auto& info) { return "Case" + std::to_string(info.index); });
+
+TEST(DeviceLoginReasonTest, SaysWhyThereIsNoCode)
+{
+    constexpr qint64 now = 1700000000000;
+    constexpr qint64 minute = 60000;
+    const QByteArray scope = R"({"error":"invalid_scope"})";
+    const struct
+    {
+        TokenReply reply;
+        const char* reason;
+        const char* text;
+    } rows[] = {
+        {{0, "", HttpClient::TimedOut}, "network", "does not answer."},
+        {{0, "", HttpClient::ConnectionFailed}, "network", "is not reached."},
+        {{0, "", HttpClient::TlsFailed}, "network", "no secure connection"},
+        {{0, "", HttpClient::CertificateDate}, "clock", "certificate is not valid at the time"},
+        {{0, "", HttpClient::BodyTooLarge}, "service", "too large"},
+        {{401, ""}, "client", "status 401."},
+        {{400, R"({"error":"unauthorized_client"})"}, "client", "unauthorized_client."},
+        {{400, R"({"error":"temporarily_unavailable"})"}, "service", "temporarily_unavailable."},
+        {{503, "", HttpClient::NoFailure, now + 5 * minute}, "service", "status 503."},
+        {{503, "", HttpClient::NoFailure, now + 6 * minute},
+         "clock",
+         "503, and this machine's "
+         "clock is 6 minutes slow."},
+        {{200, "[]", HttpClient::NoFailure, now - 90 * minute}, "clock", "90 minutes fast."},
+        {{400, scope, HttpClient::NoFailure, now - 90 * minute}, "client", "invalid_scope."},
+    };
+    for (const auto& row : rows) {
+        LoginWorld world;
+        world.send(QString());
+        world.answer(row.reply);
+        EXPECT_EQ(world.state().reason(), row.reason) << world.state().problem().toStdString();
+        EXPECT_TRUE(world.state().problem().contains(row.text))
+            << world.state().problem().toStdString();
+    }
+}
 
 TEST(DeviceLoginFormTest, SendsTheFieldsInOrderAndTheSecretWhereItBelongs)
 {
@@ -120,6 +157,25 @@ TEST(DeviceLoginFormTest, SendsTheFieldsInOrderAndTheSecretWhereItBelongs)
     TokenEndpoint::Form form;
     EXPECT_EQ(addClient(basic, form), "Basic Y2xpZW50OmhpZGRlbg==");
     EXPECT_EQ(form.size(), 1);
+}
+
+TEST(DeviceLoginFormTest, AStartAfterTheEndOfACodeGetsANewOneForAllAlsoWhileAPollHangs)
+{
+    LoginWorld world;
+    world.send(QString());
+    world.answer(200, deviceAnswer);
+    while (world.endpoint.posts.empty())
+        ASSERT_TRUE(world.clock.step());
+    EXPECT_EQ(KeloOAuth2Info(world.send(QString()).value().toHash()).userCode(), "QWERT");
+    world.clock.pass(300);
+    const auto first = world.send(QString());
+    const auto second = world.send(QString());
+    ASSERT_EQ(world.endpoint.posts.size(), 2u) << "the poll that hangs and one for a code";
+    world.answer(200, tokenAnswer);
+    world.answer(200, R"({"deviceCode":"E","userCode":"NEW","verificationUri":"v"})");
+    EXPECT_EQ(KeloOAuth2Info(first.value().toHash()).userCode(), "NEW");
+    EXPECT_EQ(first.value(), second.value());
+    EXPECT_FALSE(world.state().loggedIn());
 }
 
 TEST(DeviceLoginFormTest, ASecondStartJoinsTheFirstAndLogoutDropsTheLateAnswer)

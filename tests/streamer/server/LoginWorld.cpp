@@ -38,11 +38,11 @@ QString FakeEndpoint::Post::field(const char* name) const
     return QString();
 }
 
-void FakeEndpoint::answer(int status, const QByteArray& body)
+void FakeEndpoint::answer(const TokenReply& reply)
 {
     const Post post = posts.front();
     posts.pop_front();
-    post.done(status, body);
+    post.done(reply);
 }
 
 LoginWorld::LoginWorld(const QString& folder, qint64 startS)
@@ -83,7 +83,7 @@ void LoginWorld::onState(const KeloOAuth2Info& info)
     if (info.isPending())
         text += QStringLiteral(", code %1 at %2").arg(info.userCode(), info.verificationUri());
     if (!info.problem().isEmpty())
-        text += QStringLiteral(": ") + info.problem();
+        text += QStringLiteral(": %1 [%2]").arg(info.problem(), info.reason());
     log << text;
 }
 
@@ -98,7 +98,7 @@ CMReply<QVariant> LoginWorld::send(const QString& segment, const QVariant& value
     return request.reply();
 }
 
-void LoginWorld::answer(int status, const QByteArray& body)
+void LoginWorld::answer(const TokenReply& reply)
 {
     const QString grant = endpoint.posts.front().field("grant_type");
     const QString kind =
@@ -107,7 +107,7 @@ void LoginWorld::answer(int status, const QByteArray& body)
             ? QStringLiteral("refresh ") + endpoint.posts.front().field("refresh_token")
             : QStringLiteral("poll");
     log << QStringLiteral("%1 s: %2").arg(clock.steadyMs() / 1000).arg(kind);
-    endpoint.answer(status, body);
+    endpoint.answer(reply);
 }
 
 void LoginWorld::logIn(const QByteArray& tokens)

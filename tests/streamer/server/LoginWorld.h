@@ -50,7 +50,7 @@ public:
         posts.push_back({url, form, authorization, done});
         ++count;
     }
-    void answer(int status, const QByteArray& body);
+    void answer(const TokenReply& reply);
 
     std::deque<Post> posts; ///< unanswered ones, oldest first
     int count = 0;
@@ -70,7 +70,8 @@ public:
     /// Logs in with these tokens.
     void logIn(const QByteArray& tokenAnswer);
     /// Answers the oldest post and notes its kind and time.
-    void answer(int status, const QByteArray& body);
+    void answer(const TokenReply& reply);
+    void answer(int status, const QByteArray& body) { answer(TokenReply{status, body}); }
     KeloOAuth2Info state() const;
     QString publishedToken() const;
 

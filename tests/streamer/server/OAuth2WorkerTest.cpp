@@ -19,7 +19,10 @@ public:
         if (!m_answers.empty())
             m_answers.pop_front();
         QMetaObject::invokeMethod(
-            this, [done, answer] { done(answer.isEmpty() ? 0 : 200, answer); },
+            this,
+            [done, answer] {
+                done({answer.isEmpty() ? 0 : 200, answer});
+            },
             Qt::QueuedConnection);
     }
 
@@ -117,8 +120,9 @@ TEST_F(OAuth2WorkerTest, TheWebApisLoginStartsShowsTheCodeAndLogsOut)
     CMReply<QVariant> refused = login.start();
     refused.waitForFinished(-1);
     EXPECT_EQ(refused.error().message(), "No client id is set for Tidal; see the settings.");
-    EXPECT_EQ(login.status().value(QStringLiteral("problem")).toString(),
-              refused.error().message());
+    EXPECT_EQ(login.status(), (QJsonObject{{QStringLiteral("loggedIn"), false},
+                                           {QStringLiteral("problem"), refused.error().message()},
+                                           {QStringLiteral("reason"), QStringLiteral("client")}}));
 }
 
 TEST_F(OAuth2WorkerTest, TheAccessTokenIsReadInsideTheProcessAndNotShown)

@@ -100,7 +100,7 @@ TEST(TokenRefreshTest, OnlyARefusedRefreshTokenEndsTheLogin)
     EXPECT_EQ(world.log,
               (QStringList{"3242 s: refresh R1",
                            "logged out: The login has ended: the service does not accept it any "
-                           "more. Log in again.",
+                           "more. Log in again. [ended]",
                            "token "}));
     EXPECT_TRUE(storedFile(world).isEmpty());
     EXPECT_FALSE(world.clock.step());
@@ -137,7 +137,7 @@ TEST(TokenRefreshTest, AStoredLoginComesBackAndAnExpiredOneIsRefreshedFirst)
     late.answer(503, "");
     EXPECT_EQ(late.log.last(),
               "logged out: The login is not renewed yet: the login service answered with status "
-              "503.");
+              "503. [service]");
     late.clock.step();
     late.answer(200, rotated);
     EXPECT_EQ(late.log.mid(late.log.size() - 2), (QStringList{"token A2", "logged in"}));

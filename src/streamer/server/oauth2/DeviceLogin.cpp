@@ -16,11 +16,6 @@ QString withScheme(const QString& uri)
     return QStringLiteral("https://") + uri;
 }
 
-QString expiredText()
-{
-    return QStringLiteral("The code has expired. Start the login again.");
-}
-
 } // namespace
 
 DeviceLogin::DeviceLogin(TokenEndpoint& endpoint, Clock& clock, Listener listener)
@@ -33,6 +28,8 @@ void DeviceLogin::start(const KeloOAuth2ServiceInfo& info)
     m_info = info;
     m_isRunning = true;
     ++m_generation;
+    m_expiresAtMs = 0;
+    m_trouble = LoginProblem();
     TokenEndpoint::Form form;
     form.append({QStringLiteral("client_id"), info.clientId()});
     form.append({QStringLiteral("scope"), info.scope()});
@@ -48,9 +45,9 @@ void DeviceLogin::cancel()
 
 TokenEndpoint::Done DeviceLogin::guarded(void (DeviceLogin::*handle)(const OAuth2Answer&))
 {
-    return [this, handle, generation = m_generation](int status, const QByteArray& body) {
+    return [this, handle, generation = m_generation](const TokenReply& reply) {
         if (generation == m_generation)
-            (this->*handle)(OAuth2Answer(status, body));
+            (this->*handle)(OAuth2Answer(reply, m_clock.wallMs()));
     };
 }
 
@@ -64,7 +61,10 @@ void DeviceLogin::onCode(const OAuth2Answer& answer)
         withScheme(answer.text("verificationUriComplete", "verification_uri_complete"));
     if (!answer.isSuccess() || deviceCode.isEmpty() || code.userCode.isEmpty() ||
         code.verificationUri.isEmpty()) {
-        fail(QStringLiteral("No login code: %1.").arg(answer.problem()));
+        // This request says nothing but who the client is, so it is what the service refuses.
+        const bool isClientRefused = answer.error() == QLatin1String("invalid_request");
+        fail({QStringLiteral("No login code: %1.").arg(answer.problem()),
+              isClientRefused ? KeloOAuth2Reason::Client() : answer.reason()});
         return;
     }
     m_deviceCode = KeloSecret(deviceCode);
@@ -88,7 +88,7 @@ void DeviceLogin::pollLater(qint64 delayS)
 void DeviceLogin::poll()
 {
     if (isExpired()) {
-        fail(expiredText());
+        expire();
         return;
     }
     TokenEndpoint::Form form;
@@ -108,6 +108,7 @@ void DeviceLogin::onToken(const OAuth2Answer& answer)
         m_listener.tokens(tokens);
         return;
     }
+    m_trouble = LoginProblem();
     const QString error = answer.error();
     if (error == QLatin1String("authorization_pending")) {
         pollLater(m_intervalS);
@@ -115,18 +116,29 @@ void DeviceLogin::onToken(const OAuth2Answer& answer)
         m_intervalS += slowDownS;
         pollLater(m_intervalS);
     } else if (error == QLatin1String("expired_token")) {
-        fail(expiredText());
+        expire();
     } else if (error == QLatin1String("access_denied")) {
-        fail(QStringLiteral("The login was refused."));
+        fail({QStringLiteral("The login was refused."), answer.reason()});
     } else if (answer.isTemporary()) {
-        // RFC 8628 3.5: ask less often when the service does not answer.
+        // RFC 8628 3.5: ask less often when the service does not answer. The login goes on: the
+        // user may confirm it meanwhile.
+        m_trouble = {answer.problem(), answer.reason()};
         pollLater(qMax(m_intervalS, qMin(2 * m_pauseS, longestPauseS)));
     } else {
-        fail(QStringLiteral("The login failed: %1.").arg(answer.problem()));
+        fail({QStringLiteral("The login failed: %1.").arg(answer.problem()), answer.reason()});
     }
 }
 
-void DeviceLogin::fail(const QString& problem)
+void DeviceLogin::expire()
+{
+    if (m_trouble.isEmpty())
+        fail({QStringLiteral("The code has expired. Start the login again."),
+              KeloOAuth2Reason::Expired()});
+    else
+        fail({QStringLiteral("The code has expired: %1.").arg(m_trouble.text), m_trouble.reason});
+}
+
+void DeviceLogin::fail(const LoginProblem& problem)
 {
     cancel();
     m_listener.failed(problem);

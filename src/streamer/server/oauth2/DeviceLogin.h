@@ -1,5 +1,6 @@
 #pragma once
 #include "Clock.h"
+#include "LoginProblem.h"
 #include "OAuth2Answer.h"
 #include "TokenEndpoint.h"
 #include "TokenSet.h"
@@ -24,7 +25,7 @@ public:
     {
         std::function<void(const DeviceCode&)> code;
         std::function<void(const TokenSet&)> tokens;
-        std::function<void(const QString& problem)> failed;
+        std::function<void(const LoginProblem& problem)> failed;
     };
 
     DeviceLogin(TokenEndpoint& endpoint, Clock& clock, Listener listener);
@@ -34,14 +35,16 @@ public:
     /// Ends it; nobody is told.
     void cancel();
     bool isRunning() const { return m_isRunning; }
+    /// Whether its code has come and ended; it may still run, until a last answer.
+    bool isExpired() const { return m_expiresAtMs > 0 && m_clock.steadyMs() >= m_expiresAtMs; }
 
 private:
     void onCode(const OAuth2Answer& answer);
     void pollLater(qint64 delayS);
     void poll();
     void onToken(const OAuth2Answer& answer);
-    void fail(const QString& problem);
-    bool isExpired() const { return m_clock.steadyMs() >= m_expiresAtMs; }
+    void fail(const LoginProblem& problem);
+    void expire();
     /// Wraps a call so that it runs only while this very login does.
     TokenEndpoint::Done guarded(void (DeviceLogin::*handle)(const OAuth2Answer&));
 
@@ -53,6 +56,7 @@ private:
     int m_generation = 0; ///< grows with every start and end; late answers carry an older one
     KeloSecret m_deviceCode;
     qint64 m_intervalS = 0;
-    qint64 m_pauseS = 0; ///< until the next poll; longer than the interval after a failed one
-    qint64 m_expiresAtMs = 0;
+    qint64 m_pauseS = 0;      ///< until the next poll; longer than the interval after a failed one
+    qint64 m_expiresAtMs = 0; ///< steady time; 0 before there is a code
+    LoginProblem m_trouble;   ///< why the last poll had no answer; empty when it had one
 };

@@ -1,8 +1,65 @@
 #include "OAuth2Answer.h"
 
-OAuth2Answer::OAuth2Answer(int status, const QByteArray& body)
-    : m_status(status), m_json(KeloJson::parse(body))
+#include <QHash>
+
+namespace {
+
+constexpr qint64 minuteMs = 60 * 1000;
+constexpr qint64 toleratedMs = 5 * minuteMs;
+
+QString problemOf(HttpClient::Failure failure)
 {
+    switch (failure) {
+    case HttpClient::ConnectionFailed:
+        return QStringLiteral("the login service is not reached");
+    case HttpClient::TlsFailed:
+        return QStringLiteral("no secure connection to the login service");
+    case HttpClient::CertificateDate:
+        return QStringLiteral("the login service's certificate is not valid at the time that this "
+                              "machine has");
+    case HttpClient::BodyTooLarge:
+        return QStringLiteral("the login service's answer is too large");
+    default:
+        return QStringLiteral("the login service does not answer");
+    }
+}
+
+QString reasonOf(HttpClient::Failure failure)
+{
+    switch (failure) {
+    case HttpClient::CertificateDate:
+        return KeloOAuth2Reason::Clock();
+    case HttpClient::BodyTooLarge:
+    case HttpClient::BadUrl:
+        return KeloOAuth2Reason::Service();
+    default:
+        return KeloOAuth2Reason::Network();
+    }
+}
+
+/// RFC 6749 5.2 and RFC 8628 3.5; empty for codes that say nothing to a user.
+QString reasonOf(const QString& error)
+{
+    static const QHash<QString, QString> reasons{
+        {QStringLiteral("expired_token"), KeloOAuth2Reason::Expired()},
+        {QStringLiteral("access_denied"), KeloOAuth2Reason::Denied()},
+        {QStringLiteral("invalid_client"), KeloOAuth2Reason::Client()},
+        {QStringLiteral("unauthorized_client"), KeloOAuth2Reason::Client()},
+        {QStringLiteral("invalid_scope"), KeloOAuth2Reason::Client()}};
+    return reasons.value(error);
+}
+
+} // namespace
+
+OAuth2Answer::OAuth2Answer(const TokenReply& reply, qint64 wallMs)
+    : m_status(reply.status), m_failure(reply.failure),
+      m_aheadMs(reply.dateMs == 0 ? 0 : wallMs - reply.dateMs), m_json(KeloJson::parse(reply.body))
+{
+}
+
+bool OAuth2Answer::isClockWrong() const
+{
+    return qAbs(m_aheadMs) > toleratedMs;
 }
 
 bool OAuth2Answer::isTemporary() const
@@ -11,10 +68,33 @@ bool OAuth2Answer::isTemporary() const
            (m_status >= 200 && m_status < 300 && !m_json.isObject());
 }
 
+QString OAuth2Answer::reason() const
+{
+    if (m_status == 0)
+        return reasonOf(m_failure);
+    const QString named = reasonOf(error());
+    if (!named.isEmpty())
+        return named;
+    if (isClockWrong())
+        return KeloOAuth2Reason::Clock();
+    // RFC 6749 5.2: a client that is not accepted may be told so by the status alone.
+    return m_status == 401 ? KeloOAuth2Reason::Client() : KeloOAuth2Reason::Service();
+}
+
 QString OAuth2Answer::problem() const
 {
     if (m_status == 0)
-        return QStringLiteral("the login service does not answer");
+        return problemOf(m_failure);
+    if (reason() == KeloOAuth2Reason::Clock())
+        return QStringLiteral("%1, and this machine's clock is %2 minutes %3")
+            .arg(serviceProblem())
+            .arg(qAbs(m_aheadMs) / minuteMs)
+            .arg(m_aheadMs > 0 ? QStringLiteral("fast") : QStringLiteral("slow"));
+    return serviceProblem();
+}
+
+QString OAuth2Answer::serviceProblem() const
+{
     const QString code = error().left(100);
     const QString description = m_json.value("error_description").toString().left(300);
     if (!code.isEmpty() && !description.isEmpty())

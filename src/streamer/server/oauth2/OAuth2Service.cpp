@@ -28,11 +28,11 @@ OAuth2Service::OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes,
       m_clock(clock), m_login(endpoint, clock,
                               {[this](const DeviceCode& code) { onCode(code); },
                                [this](const TokenSet& tokens) { adopt(tokens); },
-                               [this](const QString& problem) { onLoginFailed(problem); }}),
+                               [this](const LoginProblem& problem) { onLoginFailed(problem); }}),
       m_refresh(endpoint, clock,
                 {[this](const TokenSet& tokens) { adopt(tokens); },
-                 [this](const QString& problem) { onRefreshFailed(problem); },
-                 [this](const QString& problem) { endLogin(problem); }})
+                 [this](const LoginProblem& problem) { onRefreshFailed(problem); },
+                 [this](const LoginProblem& problem) { endLogin(problem); }})
 {
     addNodes(nodes);
     publishToken(QString());
@@ -95,13 +95,16 @@ void OAuth2Service::setInfo(const KeloOAuth2ServiceInfo& info)
 void OAuth2Service::startLogin(const CMSetDataRequest& request)
 {
     const auto reply = request.reply();
-    if (m_state.loggedIn() || m_state.isPending()) {
+    if (m_state.isPending() && m_login.isExpired()) {
+        m_login.cancel(); // it only waits for a last answer; a new code serves the user better
+    } else if (m_state.loggedIn() || m_state.isPending()) {
         reply.setValue(m_state.toVariant());
         return;
     }
     if (m_info.clientId().isEmpty()) {
-        onLoginFailed(QStringLiteral("No client id is set for %1; see the settings.")
-                          .arg(m_info.displayName()));
+        onLoginFailed({QStringLiteral("No client id is set for %1; see the settings.")
+                           .arg(m_info.displayName()),
+                       KeloOAuth2Reason::Client()});
         reply.setError(CMError(m_state.problem()));
         return;
     }
@@ -137,13 +140,11 @@ void OAuth2Service::onCode(const DeviceCode& code)
     answerLogins(CMError());
 }
 
-void OAuth2Service::onLoginFailed(const QString& problem)
+void OAuth2Service::onLoginFailed(const LoginProblem& problem)
 {
-    KELO_LOG("OAuth2", WARN) << "Login to " << m_info.displayName() << ": " << problem;
-    KeloOAuth2Info info = plainInfo(false);
-    info.setProblem(problem);
-    publish(info);
-    answerLogins(CMError(problem));
+    KELO_LOG("OAuth2", WARN) << "Login to " << m_info.displayName() << ": " << problem.text;
+    publishProblem(problem);
+    answerLogins(CMError(problem.text));
 }
 
 void OAuth2Service::adopt(const TokenSet& tokens)
@@ -160,30 +161,26 @@ void OAuth2Service::adopt(const TokenSet& tokens)
     answerLogins(CMError());
 }
 
-void OAuth2Service::onRefreshFailed(const QString& problem)
+void OAuth2Service::onRefreshFailed(const LoginProblem& problem)
 {
     KELO_LOG("OAuth2", WARN) << "The access token of " << m_info.displayName()
-                             << " is not renewed: " << problem;
+                             << " is not renewed: " << problem.text;
     if (m_state.loggedIn() || m_state.isPending())
         return;
-    KeloOAuth2Info info = plainInfo(false);
-    info.setProblem(QStringLiteral("The login is not renewed yet: %1.").arg(problem));
-    publish(info);
+    publishProblem(
+        {QStringLiteral("The login is not renewed yet: %1.").arg(problem.text), problem.reason});
 }
 
-void OAuth2Service::endLogin(const QString& problem)
+void OAuth2Service::endLogin(const LoginProblem& problem)
 {
     if (problem.isEmpty())
         KELO_LOG("OAuth2", INFO) << "Logged out of " << m_info.displayName();
     else
-        KELO_LOG("OAuth2", WARN) << m_info.displayName() << ": " << problem;
+        KELO_LOG("OAuth2", WARN) << m_info.displayName() << ": " << problem.text;
     m_store.remove(m_info);
     if (m_login.isRunning() && !problem.isEmpty())
         return; // the stored login ended while the user is at a new one
-    KeloOAuth2Info info = plainInfo(false);
-    if (!problem.isEmpty())
-        info.setProblem(problem);
-    publish(info);
+    publishProblem(problem);
     publishToken(QString());
 }
 
@@ -191,7 +188,7 @@ void OAuth2Service::on_logout(CMSetDataRequest request)
 {
     m_login.cancel();
     m_refresh.reset();
-    endLogin(QString());
+    endLogin(LoginProblem());
     answerLogins(CMError(QStringLiteral("The login was cancelled.")));
     request.reply().setValue(QVariant());
 }
@@ -210,6 +207,16 @@ KeloOAuth2Info OAuth2Service::plainInfo(bool isLoggedIn) const
     info.setLoggedIn(isLoggedIn);
     info.setDisplayName(m_info.displayName());
     return info;
+}
+
+void OAuth2Service::publishProblem(const LoginProblem& problem)
+{
+    KeloOAuth2Info info = plainInfo(false);
+    if (!problem.isEmpty()) {
+        info.setProblem(problem.text);
+        info.setReason(problem.reason);
+    }
+    publish(info);
 }
 
 void OAuth2Service::publish(const KeloOAuth2Info& info)

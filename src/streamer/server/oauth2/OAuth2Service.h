@@ -31,11 +31,13 @@ private:
     void startLogin(const CMSetDataRequest& request);
     void answerLogins(const CMError& error);
     void onCode(const DeviceCode& code);
-    void onLoginFailed(const QString& problem);
+    void onLoginFailed(const LoginProblem& problem);
     /// Stores the tokens, then uses them: publishes the access token, then the login.
     void adopt(const TokenSet& tokens);
-    void onRefreshFailed(const QString& problem);
-    void endLogin(const QString& problem);
+    void onRefreshFailed(const LoginProblem& problem);
+    /// An empty problem: the user wants it so.
+    void endLogin(const LoginProblem& problem);
+    void publishProblem(const LoginProblem& problem);
     void publish(const KeloOAuth2Info& info);
     /// The state without code and problem.
     KeloOAuth2Info plainInfo(bool isLoggedIn) const;

@@ -1,6 +1,8 @@
 #include "TokenEndpoint.h"
 
 #include <kelo/KeloLog.h>
+#include <QDateTime>
+#include <QLocale>
 
 namespace {
 
@@ -16,6 +18,15 @@ QByteArray encodedForm(const TokenEndpoint::Form& form)
         body += KeloUrl::toPercentEncoding(key) + '=' + KeloUrl::toPercentEncoding(value);
     }
     return body;
+}
+
+/// RFC 9110 5.6.7, the form that is sent today; 0 for any other.
+qint64 dateMs(const QString& text)
+{
+    QDateTime date =
+        QLocale::c().toDateTime(text, QStringLiteral("ddd, dd MMM yyyy hh:mm:ss 'GMT'"));
+    date.setTimeSpec(Qt::UTC);
+    return date.isValid() ? date.toMSecsSinceEpoch() : 0;
 }
 
 } // namespace
@@ -55,10 +66,11 @@ TokenCall::TokenCall(QObject* parent, TokenEndpoint::Done done)
 }
 
 void TokenCall::on_answer_invoke(KeloUrl url, HttpClientPrivate, int status, int code,
-                                 QByteArray body, HttpClientHeaders)
+                                 QByteArray body, HttpClientHeaders headers)
 {
     KELO_LOG("OAuth2", DEBUG) << keloUrlForLog(url.toString()) << " answered with status " << status
                               << ", code " << code;
     deleteLater();
-    m_done(status, body);
+    m_done(
+        {status, body, HttpClient::Failure(code), dateMs(headers.value(QStringLiteral("Date")))});
 }

@@ -5,14 +5,22 @@
 #include <QList>
 #include <QPair>
 
+/// What came of a form that was sent. A plain value.
+struct TokenReply
+{
+    int status = 0; ///< 0: the answer did not arrive whole
+    QByteArray body = {};
+    HttpClient::Failure failure = HttpClient::NoFailure; ///< why it did not
+    qint64 dateMs = 0; ///< the service's time, milliseconds since 1970; 0 when it did not say
+};
+
 /// Sends forms to a login service (RFC 6749 and RFC 8628). Used on one thread; answers come on the
 /// same thread, never from inside post().
 class TokenEndpoint
 {
 public:
     using Form = QList<QPair<QString, QString>>;
-    /// Status 0: the answer did not arrive whole.
-    using Done = std::function<void(int status, const QByteArray& body)>;
+    using Done = std::function<void(const TokenReply& reply)>;
 
     virtual ~TokenEndpoint() = default;
 

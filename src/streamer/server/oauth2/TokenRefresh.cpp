@@ -71,9 +71,9 @@ void TokenRefresh::refresh()
     form.append({QStringLiteral("grant_type"), QStringLiteral("refresh_token")});
     form.append({QStringLiteral("scope"), m_info.scope()});
     m_endpoint.post(m_info.tokenUrl(), form, authorization,
-                    [this, login = m_login](int status, const QByteArray& body) {
+                    [this, login = m_login](const TokenReply& reply) {
                         if (login == m_login)
-                            onAnswer(OAuth2Answer(status, body));
+                            onAnswer(OAuth2Answer(reply, m_clock.wallMs()));
                     });
 }
 
@@ -89,14 +89,15 @@ void TokenRefresh::onAnswer(const OAuth2Answer& answer)
         m_listener.refreshed(tokens);
     } else if (answer.error() == QLatin1String("invalid_grant")) {
         reset();
-        m_listener.ended(QStringLiteral("The login has ended: the service does not accept it any "
-                                        "more. Log in again."));
+        m_listener.ended({QStringLiteral("The login has ended: the service does not accept it any "
+                                         "more. Log in again."),
+                          KeloOAuth2Reason::Ended()});
     } else {
-        retryLater(answer.problem());
+        retryLater({answer.problem(), answer.reason()});
     }
 }
 
-void TokenRefresh::retryLater(const QString& problem)
+void TokenRefresh::retryLater(const LoginProblem& problem)
 {
     m_pauseMs = m_pauseMs == 0 ? firstPauseMs : qMin(2 * m_pauseMs, longestPauseMs);
     callLater(m_pauseMs);

@@ -1,5 +1,6 @@
 #pragma once
 #include "Clock.h"
+#include "LoginProblem.h"
 #include "OAuth2Answer.h"
 #include "TokenEndpoint.h"
 #include "TokenSet.h"
@@ -17,9 +18,9 @@ public:
         /// Hands over the new tokens. The receiver stores them, then calls setTokens().
         std::function<void(const TokenSet&)> refreshed;
         /// A try failed; another one follows.
-        std::function<void(const QString& problem)> failed;
+        std::function<void(const LoginProblem& problem)> failed;
         /// The service says that the login is over.
-        std::function<void(const QString& problem)> ended;
+        std::function<void(const LoginProblem& problem)> ended;
     };
 
     TokenRefresh(TokenEndpoint& endpoint, Clock& clock, Listener listener);
@@ -39,7 +40,7 @@ private:
     void onTime();
     void refresh();
     void onAnswer(const OAuth2Answer& answer);
-    void retryLater(const QString& problem);
+    void retryLater(const LoginProblem& problem);
 
     TokenEndpoint& m_endpoint;
     Clock& m_clock;

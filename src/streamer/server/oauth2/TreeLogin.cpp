@@ -63,8 +63,10 @@ QJsonObject TreeLogin::toJson(const KeloOAuth2Info& info) const
                            info.verificationUriComplete());
         json.insert(QStringLiteral("pending"), pending);
     }
-    if (!info.problem().isEmpty())
+    if (!info.problem().isEmpty()) {
         json.insert(KeloOAuth2Info::Problem(), info.problem());
+        json.insert(KeloOAuth2Info::Reason(), info.reason());
+    }
     return json;
 }
 

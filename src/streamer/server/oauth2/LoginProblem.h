@@ -1,0 +1,11 @@
+#pragma once
+#include <QString>
+
+/// Why a login failed or ended: for people, and the word that clients decide by. A plain value.
+struct LoginProblem
+{
+    QString text;
+    QString reason; ///< one of KeloOAuth2Reason's
+
+    bool isEmpty() const { return text.isEmpty(); }
+};
