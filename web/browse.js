@@ -36,7 +36,7 @@ export class BrowseView extends EventTarget {
     this.#place = place;
     this.#source = new RowSource(path);
     this.element = el("section", { class: "view" }, this.#head, this.#body);
-    this.#list = new VirtualList(scroller, known?.title || t("Rows"), (index, kind) => this.#make(index, kind), (from, to) => this.#source.need(from, to));
+    this.#list = new VirtualList(scroller, known?.title || t("Rows"), (index, kind) => this.#make(index, kind), (index) => this.#source.row(index), (from, to) => this.#source.need(from, to));
     this.#list.element.addEventListener("current", (event) => this.#tellCurrent(event.detail));
     this.scroller = scroller;
     this.#source.addEventListener("changed", () => this.#update());

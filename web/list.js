@@ -5,28 +5,32 @@ import { el } from "./dom.js";
 const overscan = { rows: 6, grid: 1 };
 
 /**
- * Shows items by number. `shape()` says {kind: "rows"|"grid"}; `make(index)` gives an item's element.
+ * Shows items by number, as "rows" or as a "grid". `make(index, kind)` gives an item's element, `content(index)`
+ * what it is made from: an item is made anew when that is another one. `onRange(from, to)` tells what is in sight.
  * One item at a time takes part in the tab order; arrow keys move along.
  */
 export class VirtualList {
   #items = new Map();
+  #keys = new Map(); // what each item in sight was made from
   #current = 0;
   #count = 0;
   #columns = 1;
   #height = 64;
   #kind = "rows";
   #make;
+  #content;
   #onRange;
   #scroller;
   #frame = 0;
   #onScroll = () => this.#schedule();
   #resize = new ResizeObserver(() => this.layOut());
 
-  constructor(scroller, label, make, onRange) {
+  constructor(scroller, label, make, content, onRange) {
     this.#scroller = scroller;
     this.#make = make;
+    this.#content = content;
     this.#onRange = onRange;
-    this.element = el("ul", { class: "list", "aria-label": label, on: { keydown: (event) => this.#key(event), focusin: (event) => this.#focused(event) } });
+    this.element = el("ul", { class: "list", "aria-label": label, on: { keydown: (event) => this.#move(event), focusin: (event) => this.#focused(event) } });
     scroller.addEventListener("scroll", this.#onScroll, { passive: true });
     this.#resize.observe(this.element);
   }
@@ -42,17 +46,19 @@ export class VirtualList {
     return this.#current;
   }
 
-  /** New figures or new items; what is in sight is made anew. */
+  /** New figures or new items; of what is in sight, the items that are other ones are made anew. */
   update(kind, count) {
     this.#kind = kind;
     this.#count = count;
     this.#current = Math.max(0, Math.min(this.#current, count - 1));
-    const hadFocus = this.element.contains(document.activeElement);
-    const wasMore = hadFocus && document.activeElement.classList.contains("more");
-    for (const item of this.#items.values()) item.remove();
-    this.#items.clear();
+    const focused = document.activeElement;
+    const hadFocus = this.element.contains(focused);
+    for (const [index, item] of [...this.#items]) {
+      if (this.#keys.get(index) === this.#key(index)) item.setAttribute("aria-setsize", count);
+      else this.#drop(index);
+    }
     this.layOut();
-    if (hadFocus && count) this.focus(this.#current, wasMore);
+    if (hadFocus && !focused.isConnected && count) this.focus(this.#current, focused.classList.contains("more"));
   }
 
   /** Makes one item anew, where it is in sight. */
@@ -70,7 +76,7 @@ export class VirtualList {
     const width = this.element.clientWidth;
     this.element.classList.toggle("grid", this.#kind === "grid");
     if (this.#kind === "grid") {
-      this.#columns = Math.max(2, Math.floor(width / 165));
+      this.#columns = Math.max(2, Math.floor(width / 185));
       this.#height = Math.floor(width / this.#columns) + 58;
     } else {
       this.#columns = 1;
@@ -108,10 +114,9 @@ export class VirtualList {
     const lines = Math.ceil(this.#scroller.clientHeight / this.#height) + 2 * spare;
     const last = Math.min(this.#count - 1, first + lines * this.#columns - 1);
     const focused = this.element.contains(document.activeElement) ? this.#current : -1;
-    for (const [index, item] of this.#items) {
+    for (const index of [...this.#items.keys()]) {
       if ((index >= first && index <= last) || index === focused) continue;
-      item.remove();
-      this.#items.delete(index);
+      this.#drop(index);
     }
     for (let index = first; index <= last; ++index) {
       if (this.#items.has(index)) continue;
@@ -131,8 +136,19 @@ export class VirtualList {
     item.setAttribute("aria-setsize", this.#count);
     item.setAttribute("aria-posinset", index + 1);
     item.dataset.index = index;
+    this.#keys.set(index, this.#key(index));
     this.#position(item, index);
     return item;
+  }
+
+  #drop(index) {
+    this.#items.get(index).remove();
+    this.#items.delete(index);
+    this.#keys.delete(index);
+  }
+
+  #key(index) {
+    return `${this.#kind} ${index < this.#count ? JSON.stringify(this.#content(index)) : ""}`;
   }
 
   #position(item, index) {
@@ -157,7 +173,7 @@ export class VirtualList {
     this.element.dispatchEvent(new CustomEvent("current", { detail: this.#current }));
   }
 
-  #key(event) {
+  #move(event) {
     if (event.altKey || event.ctrlKey || event.metaKey) return;
     const page = Math.max(1, Math.floor(this.#scroller.clientHeight / this.#height) - 1) * this.#columns;
     const isGrid = this.#columns > 1;

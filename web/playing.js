@@ -92,7 +92,7 @@ export class PlayingView extends EventTarget {
     if (this.#source?.path !== path) {
       this.#dropQueue();
       this.#source = new RowSource(path);
-      this.#list = new VirtualList(this.#scroller, t("Queue"), (at) => this.#make(at), (from, to) => this.#source.need(from + this.first, to + this.first));
+      this.#list = new VirtualList(this.#scroller, t("Queue"), (at) => this.#make(at), (at) => [at + this.first === playback.state.index, playback.isPlaying, this.#source.row(at + this.first)], (from, to) => this.#source.need(from + this.first, to + this.first));
       this.#list.element.addEventListener("current", ({ detail }) => {
         const row = this.#source.row(detail + this.first);
         if (row) this.dispatchEvent(new CustomEvent("current", { detail: { row, index: detail + this.first } }));
