@@ -272,6 +272,8 @@ TEST_F(EditCommands, menuShowsWhatActionsSayOfThemselves)
 TEST_F(EditCommands, favoriteSendsOnlyWhatChangesSomething)
 {
     const std::string action = R"({"path":"/t/tm/favorites?id=2","value":1})";
+    const std::string state =
+        "GET /api/v1/data?path=" + encoded("/t/tm/favorites?id=2") + "&language=en";
     const struct
     {
         const char* title;
@@ -287,7 +289,7 @@ TEST_F(EditCommands, favoriteSendsOnlyWhatChangesSomething)
         {"Favorite", "on", "", false},
     };
     for (const auto& one : rows) {
-        addData("/t/tm/favorites?id=2", std::string(R"("Title":")") + one.title + '"');
+        streamer.answer(state, {200, std::string(R"({"data":{"Title":")") + one.title + "\"}}"});
         std::vector<std::string> arguments{"favorite", second};
         if (*one.wish)
             arguments.push_back(one.wish);
@@ -299,9 +301,8 @@ TEST_F(EditCommands, favoriteSendsOnlyWhatChangesSomething)
         EXPECT_EQ(sent(),
                   one.isSent ? std::vector<std::string>{action} : std::vector<std::string>{});
     }
-    addData("/t/tm/favorites?id=2", R"("Title":"Add to favorites")");
-    streamer.answerAfter(set, "GET /api/v1/data?path=" + encoded("/t/tm/favorites?id=2"),
-                         {200, R"({"data":{"Title":"Remove from favorites"}})"});
+    streamer.answer(state, {200, R"({"data":{"Title":"Add to favorites"}})"});
+    streamer.answerAfter(set, state, {200, R"({"data":{"Title":"Remove from favorites"}})"});
     EXPECT_EQ(streamer.run({"favorite", second}).err, "");
 }
 

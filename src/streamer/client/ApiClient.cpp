@@ -19,6 +19,24 @@ constexpr time_t answerSeconds = 600;
 /// Event streams are silent for as long as nothing happens.
 constexpr time_t silenceSeconds = 7 * 24 * 60 * 60;
 
+/// The tag of the language that the user reads messages in, "de-DE" of "de_DE.UTF-8" (POSIX, 8.2);
+/// empty where none is chosen.
+std::string userLanguage()
+{
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+        const QString locale = qEnvironmentVariable(name);
+        if (locale.isEmpty())
+            continue;
+        static const QRegularExpression form(
+            QStringLiteral("\\A([A-Za-z]{2,3})(?:_([A-Za-z]{2}))?(?:[.@].*)?\\z"));
+        const QRegularExpressionMatch match = form.match(locale);
+        const QString territory = match.captured(2);
+        return (match.captured(1) + (territory.isEmpty() ? territory : '-' + territory))
+            .toStdString();
+    }
+    return {};
+}
+
 std::unique_ptr<httplib::Client> makeClient(const QString& server, time_t readSeconds)
 {
     auto client = std::make_unique<httplib::Client>(server.toStdString());
@@ -27,6 +45,9 @@ std::unique_ptr<httplib::Client> makeClient(const QString& server, time_t readSe
     client->set_write_timeout(connectSeconds);
     client->set_keep_alive(true);
     client->set_tcp_nodelay(true);
+    const std::string language = userLanguage();
+    if (!language.empty())
+        client->set_default_headers({{"Accept-Language", language}});
     return client;
 }
 

@@ -60,11 +60,14 @@ int MenuCommand::run(const CommandContext& context) const
     return ExitDone;
 }
 
-/// The action says what it would do, so an item is a favourite when it offers to take it away.
+/// The action says what it would do, so an item is a favourite when it offers to take it away;
+/// asked for in English, whatever the user reads.
 ApiReply FavoriteCommand::readState(ApiClient& api, const QString& action, State& state)
 {
-    QJsonObject data;
-    const ApiReply reply = TreeWalk(api).data(action, data);
+    const ApiReply reply =
+        api.get(QStringLiteral("data"), {{QStringLiteral("path"), action},
+                                         {QStringLiteral("language"), QStringLiteral("en")}});
+    const QJsonObject data = reply.document.value(QLatin1String("data")).toObject();
     const QString title = roleText(data, "Title");
     state = title == QLatin1String("Remove from favorites") ? State::On
             : title == QLatin1String("Add to favorites")    ? State::Off
