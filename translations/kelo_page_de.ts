@@ -4,8 +4,520 @@
 <context>
     <name>page</name>
     <message>
+        <source>Delete the playlist?</source>
+        <translation>Playlist löschen?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the service. This cannot be undone.</source>
+        <translation>„%1“ wird beim Dienst gelöscht. Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Löschen</translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation>Erledigt: %1</translation>
+    </message>
+    <message>
+        <source>The streamer cannot be reached.</source>
+        <translation>Der Streamer ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>The streamer answered with the status %1.</source>
+        <translation>Der Streamer hat mit dem Status %1 geantwortet.</translation>
+    </message>
+    <message>
+        <source>Log in to search.</source>
+        <translation>Zum Suchen bitte anmelden.</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Start</translation>
+    </message>
+    <message>
+        <source>Now playing</source>
+        <translation>Aktuelle Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Suchen</translation>
+    </message>
+    <message>
+        <source>Move through the rows</source>
+        <translation>Durch die Zeilen gehen</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Eingabetaste</translation>
+    </message>
+    <message>
+        <source>Open or play</source>
+        <translation>Öffnen oder abspielen</translation>
+    </message>
+    <message>
+        <source>Menu of the row</source>
+        <translation>Menü der Zeile</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Abspielen oder anhalten</translation>
+    </message>
+    <message>
+        <source>Next, previous</source>
+        <translation>Nächster, vorheriger</translation>
+    </message>
+    <message>
+        <source>Now playing and queue</source>
+        <translation>Wiedergabe und Warteschlange</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Rücktaste</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Developer’s drawer</source>
+        <translation>Entwicklerbereich</translation>
+    </message>
+    <message>
+        <source>This help</source>
+        <translation>Diese Hilfe</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Tastenkürzel</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
         <source>Play</source>
         <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>asked for %1</source>
+        <translation>angefordert: %1</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <translation>%1, angefordert: %2</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Vorheriger Titel</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Nächster Titel</translation>
+    </message>
+    <message>
+        <source>Nothing plays</source>
+        <translation>Keine Wiedergabe</translation>
+    </message>
+    <message>
+        <source>Now playing: %1</source>
+        <translation>Aktuelle Wiedergabe: %1</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Zeilen</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>Anmelden</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Nothing is here.</source>
+        <translation>Hier ist nichts.</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Ohne Titel</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Sortierung</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>Aktueller Ort</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>Meldungen</translation>
+    </message>
+    <message>
+        <source>No notice yet. Change something, or let another client do it.</source>
+        <translation>Noch keine Meldung. Hier oder in einem anderen Client etwas ändern.</translation>
+    </message>
+    <message>
+        <source>Requests</source>
+        <translation>Anfragen</translation>
+    </message>
+    <message>
+        <source>The module has made no request yet.</source>
+        <translation>Das Modul hat noch keine Anfrage gestellt.</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>Aufrufe</translation>
+    </message>
+    <message>
+        <source>No call yet.</source>
+        <translation>Noch kein Aufruf.</translation>
+    </message>
+    <message>
+        <source>Raw reply</source>
+        <translation>Rohe Antwort</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Zeile</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>Antwort</translation>
+    </message>
+    <message>
+        <source>Close the drawer</source>
+        <translation>Entwicklerbereich schließen</translation>
+    </message>
+    <message>
+        <source>Move to a row: its path, roles and data stand here.</source>
+        <translation>Zu einer Zeile gehen: Hier stehen dann ihr Pfad, ihre Rollen und Daten.</translation>
+    </message>
+    <message>
+        <source>Read its data</source>
+        <translation>Daten lesen</translation>
+    </message>
+    <message>
+        <source>(no path)</source>
+        <translation>(kein Pfad)</translation>
+    </message>
+    <message>
+        <source>Copy the path</source>
+        <translation>Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>Roles</source>
+        <translation>Rollen</translation>
+    </message>
+    <message>
+        <source>%1, rows from %2, %3 in all, version %4, answered in %5</source>
+        <translation>%1, Zeilen ab %2, %3 insgesamt, Version %4, beantwortet in %5</translation>
+    </message>
+    <message>
+        <source>Answered in %1</source>
+        <translation>Beantwortet in %1</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>The first row has the number 0.</source>
+        <translation>Die erste Zeile hat die Nummer 0.</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Zu den Zeilen springen</translation>
+    </message>
+    <message>
+        <source>The streamer does not answer. Trying again…</source>
+        <translation>Der Streamer antwortet nicht. Neuer Versuch …</translation>
+    </message>
+    <message>
+        <source>Try now</source>
+        <translation>Jetzt versuchen</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musik</translation>
+    </message>
+    <message>
+        <source>Player</source>
+        <translation>Player</translation>
+    </message>
+    <message>
+        <source>“%1” is not available.</source>
+        <translation>„%1“ ist nicht verfügbar.</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>nicht verfügbar</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>%1 abspielen</translation>
+    </message>
+    <message>
+        <source>Menu of %1</source>
+        <translation>Menü von %1</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Ein</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Aus</translation>
+    </message>
+    <message>
+        <source>The code has expired.</source>
+        <translation>Der Code ist abgelaufen.</translation>
+    </message>
+    <message>
+        <source>Take a new code and enter it within the time shown.</source>
+        <translation>Einen neuen Code anfordern und innerhalb der angezeigten Zeit eingeben.</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>Die Anmeldung wurde abgelehnt.</translation>
+    </message>
+    <message>
+        <source>Try again, and confirm the login on the service’s page.</source>
+        <translation>Erneut versuchen und die Anmeldung auf der Seite des Dienstes bestätigen.</translation>
+    </message>
+    <message>
+        <source>The service does not accept this streamer.</source>
+        <translation>Der Dienst akzeptiert diesen Streamer nicht.</translation>
+    </message>
+    <message>
+        <source>Check client_id and client_secret in the section [tidal.oauth2] of the settings.</source>
+        <translation>client_id und client_secret im Abschnitt [tidal.oauth2] der Einstellungen prüfen.</translation>
+    </message>
+    <message>
+        <source>The clock of the streamer is wrong.</source>
+        <translation>Die Uhr des Streamers geht falsch.</translation>
+    </message>
+    <message>
+        <source>Set its date and time, for example with “timedatectl set-ntp true”, then try again.</source>
+        <translation>Datum und Uhrzeit stellen, zum Beispiel mit „timedatectl set-ntp true“, dann erneut versuchen.</translation>
+    </message>
+    <message>
+        <source>The service cannot be reached.</source>
+        <translation>Der Dienst ist nicht erreichbar.</translation>
+    </message>
+    <message>
+        <source>Check the network cable or the wireless network of the streamer, then try again.</source>
+        <translation>Netzwerkkabel oder WLAN des Streamers prüfen, dann erneut versuchen.</translation>
+    </message>
+    <message>
+        <source>The service has ended the login.</source>
+        <translation>Der Dienst hat die Anmeldung beendet.</translation>
+    </message>
+    <message>
+        <source>Log in again.</source>
+        <translation>Bitte erneut anmelden.</translation>
+    </message>
+    <message>
+        <source>The service did not answer as it should.</source>
+        <translation>Der Dienst hat nicht wie erwartet geantwortet.</translation>
+    </message>
+    <message>
+        <source>Try again in a few minutes.</source>
+        <translation>In einigen Minuten erneut versuchen.</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>Wird geladen …</translation>
+    </message>
+    <message>
+        <source>Asking the service…</source>
+        <translation>Der Dienst wird gefragt …</translation>
+    </message>
+    <message>
+        <source>You are logged in</source>
+        <translation>Angemeldet</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>Konto</translation>
+    </message>
+    <message>
+        <source>To the music</source>
+        <translation>Zur Musik</translation>
+    </message>
+    <message>
+        <source>The streamer is logged in to the service.</source>
+        <translation>Der Streamer ist beim Dienst angemeldet.</translation>
+    </message>
+    <message>
+        <source>Log out</source>
+        <translation>Abmelden</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>Um Musik zu hören, den Streamer mit dem eigenen Konto verbinden.</translation>
+    </message>
+    <message>
+        <source>Get a code</source>
+        <translation>Code anfordern</translation>
+    </message>
+    <message>
+        <source>On your phone or computer, open</source>
+        <translation>Auf dem Handy oder Computer öffnen:</translation>
+    </message>
+    <message>
+        <source>Enter this code:</source>
+        <translation>Diesen Code eingeben:</translation>
+    </message>
+    <message>
+        <source>Confirm. This page goes on by itself.</source>
+        <translation>Bestätigen. Diese Seite geht dann von selbst weiter.</translation>
+    </message>
+    <message>
+        <source>QR code of the address</source>
+        <translation>QR-Code der Adresse</translation>
+    </message>
+    <message>
+        <source>Or scan this with your phone.</source>
+        <translation>Oder diesen Code mit dem Handy scannen.</translation>
+    </message>
+    <message>
+        <source>The code is good for</source>
+        <translation>Der Code gilt noch</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>Neuen Code anfordern</translation>
+    </message>
+    <message>
+        <source>Try again.</source>
+        <translation>Bitte erneut versuchen.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Working…</source>
+        <translation>Bitte warten …</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Queue</source>
+        <translation>Warteschlange</translation>
+    </message>
+    <message>
+        <source>Play an album, a playlist or a track: what follows stands here.</source>
+        <translation>Ein Album, eine Playlist oder einen Titel abspielen: Hier steht, was folgt.</translation>
+    </message>
+    <message>
+        <source>Search: %1</source>
+        <translation>Suche: %1</translation>
+    </message>
+    <message>
+        <source>Type what you look for: an artist, an album, a track, a playlist.</source>
+        <translation>Suchbegriff eingeben: Interpret, Album, Titel oder Playlist.</translation>
+    </message>
+    <message>
+        <source>Searching…</source>
+        <translation>Suche läuft …</translation>
+    </message>
+    <message>
+        <source>%1: “%2”</source>
+        <translation>%1: „%2“</translation>
+    </message>
+    <message>
+        <source>All %1</source>
+        <translation>Alle %1</translation>
+    </message>
+    <message>
+        <source>As the browser</source>
+        <translation>Wie im Browser</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>Wie im System</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>Diese Seite</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Sprache</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farben</translation>
+    </message>
+    <message>
+        <source>The streamer</source>
+        <translation>Der Streamer</translation>
+    </message>
+    <message>
+        <source>Log in or out</source>
+        <translation>An- oder abmelden</translation>
+    </message>
+    <message>
+        <source>kelo %1</source>
+        <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(leer)</translation>
     </message>
 </context>
 </TS>

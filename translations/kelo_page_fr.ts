@@ -1,4 +1,523 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>page</name>
+    <message>
+        <source>Delete the playlist?</source>
+        <translation>Supprimer la playlist ?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the service. This cannot be undone.</source>
+        <translation>« %1 » sera supprimée du service. Cette action est irréversible.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Supprimer</translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation>Fait : %1</translation>
+    </message>
+    <message>
+        <source>The streamer cannot be reached.</source>
+        <translation>Le streamer est injoignable.</translation>
+    </message>
+    <message>
+        <source>The streamer answered with the status %1.</source>
+        <translation>Le streamer a répondu avec le statut %1.</translation>
+    </message>
+    <message>
+        <source>Log in to search.</source>
+        <translation>Connectez-vous pour rechercher.</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Accueil</translation>
+    </message>
+    <message>
+        <source>Now playing</source>
+        <translation>En cours de lecture</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Rechercher</translation>
+    </message>
+    <message>
+        <source>Move through the rows</source>
+        <translation>Parcourir les lignes</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Entrée</translation>
+    </message>
+    <message>
+        <source>Open or play</source>
+        <translation>Ouvrir ou lire</translation>
+    </message>
+    <message>
+        <source>Menu of the row</source>
+        <translation>Menu de la ligne</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espace</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Lecture ou pause</translation>
+    </message>
+    <message>
+        <source>Next, previous</source>
+        <translation>Suivant, précédent</translation>
+    </message>
+    <message>
+        <source>Now playing and queue</source>
+        <translation>Lecture en cours et file d’attente</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Retour arrière</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>Developer’s drawer</source>
+        <translation>Panneau du développeur</translation>
+    </message>
+    <message>
+        <source>This help</source>
+        <translation>Cette aide</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Raccourcis clavier</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Position</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 sur %2</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lire</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>asked for %1</source>
+        <translation>demandé : %1</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <translation>%1, demandé : %2</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Précédent</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Suivant</translation>
+    </message>
+    <message>
+        <source>Nothing plays</source>
+        <translation>Rien en lecture</translation>
+    </message>
+    <message>
+        <source>Now playing: %1</source>
+        <translation>En cours de lecture : %1</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Lignes</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>Se connecter</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Nothing is here.</source>
+        <translation>Il n’y a rien ici.</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Sans titre</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Plus</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Tri</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>Emplacement actuel</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>Notifications</translation>
+    </message>
+    <message>
+        <source>No notice yet. Change something, or let another client do it.</source>
+        <translation>Aucune notification pour l’instant. Modifiez quelque chose, ici ou depuis un autre client.</translation>
+    </message>
+    <message>
+        <source>Requests</source>
+        <translation>Requêtes</translation>
+    </message>
+    <message>
+        <source>The module has made no request yet.</source>
+        <translation>Le module n’a encore fait aucune requête.</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>Appels</translation>
+    </message>
+    <message>
+        <source>No call yet.</source>
+        <translation>Aucun appel pour l’instant.</translation>
+    </message>
+    <message>
+        <source>Raw reply</source>
+        <translation>Réponse brute</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Ligne</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>Réponse</translation>
+    </message>
+    <message>
+        <source>Close the drawer</source>
+        <translation>Fermer le panneau</translation>
+    </message>
+    <message>
+        <source>Move to a row: its path, roles and data stand here.</source>
+        <translation>Placez-vous sur une ligne : son chemin, ses rôles et ses données s’affichent ici.</translation>
+    </message>
+    <message>
+        <source>Read its data</source>
+        <translation>Lire ses données</translation>
+    </message>
+    <message>
+        <source>(no path)</source>
+        <translation>(pas de chemin)</translation>
+    </message>
+    <message>
+        <source>Copy the path</source>
+        <translation>Copier le chemin</translation>
+    </message>
+    <message>
+        <source>Roles</source>
+        <translation>Rôles</translation>
+    </message>
+    <message>
+        <source>%1, rows from %2, %3 in all, version %4, answered in %5</source>
+        <translation>%1, lignes à partir de %2, %3 au total, version %4, réponse en %5</translation>
+    </message>
+    <message>
+        <source>Answered in %1</source>
+        <translation>Réponse en %1</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>échec</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>The first row has the number 0.</source>
+        <translation>La première ligne porte le numéro 0.</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Aller aux lignes</translation>
+    </message>
+    <message>
+        <source>The streamer does not answer. Trying again…</source>
+        <translation>Le streamer ne répond pas. Nouvelle tentative…</translation>
+    </message>
+    <message>
+        <source>Try now</source>
+        <translation>Essayer maintenant</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musique</translation>
+    </message>
+    <message>
+        <source>Player</source>
+        <translation>Lecteur</translation>
+    </message>
+    <message>
+        <source>“%1” is not available.</source>
+        <translation>« %1 » n’est pas disponible.</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>indisponible</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Lire %1</translation>
+    </message>
+    <message>
+        <source>Menu of %1</source>
+        <translation>Menu de %1</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>Oui</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Non</translation>
+    </message>
+    <message>
+        <source>The code has expired.</source>
+        <translation>Le code a expiré.</translation>
+    </message>
+    <message>
+        <source>Take a new code and enter it within the time shown.</source>
+        <translation>Demandez un nouveau code et saisissez-le dans le temps indiqué.</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>La connexion a été refusée.</translation>
+    </message>
+    <message>
+        <source>Try again, and confirm the login on the service’s page.</source>
+        <translation>Réessayez et confirmez la connexion sur la page du service.</translation>
+    </message>
+    <message>
+        <source>The service does not accept this streamer.</source>
+        <translation>Le service n’accepte pas ce streamer.</translation>
+    </message>
+    <message>
+        <source>Check client_id and client_secret in the section [tidal.oauth2] of the settings.</source>
+        <translation>Vérifiez client_id et client_secret dans la section [tidal.oauth2] des réglages.</translation>
+    </message>
+    <message>
+        <source>The clock of the streamer is wrong.</source>
+        <translation>L’horloge du streamer n’est pas à l’heure.</translation>
+    </message>
+    <message>
+        <source>Set its date and time, for example with “timedatectl set-ntp true”, then try again.</source>
+        <translation>Réglez la date et l’heure, par exemple avec « timedatectl set-ntp true », puis réessayez.</translation>
+    </message>
+    <message>
+        <source>The service cannot be reached.</source>
+        <translation>Le service est injoignable.</translation>
+    </message>
+    <message>
+        <source>Check the network cable or the wireless network of the streamer, then try again.</source>
+        <translation>Vérifiez le câble réseau ou le Wi-Fi du streamer, puis réessayez.</translation>
+    </message>
+    <message>
+        <source>The service has ended the login.</source>
+        <translation>Le service a mis fin à la connexion.</translation>
+    </message>
+    <message>
+        <source>Log in again.</source>
+        <translation>Reconnectez-vous.</translation>
+    </message>
+    <message>
+        <source>The service did not answer as it should.</source>
+        <translation>Le service n’a pas répondu comme prévu.</translation>
+    </message>
+    <message>
+        <source>Try again in a few minutes.</source>
+        <translation>Réessayez dans quelques minutes.</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>Chargement…</translation>
+    </message>
+    <message>
+        <source>Asking the service…</source>
+        <translation>Demande au service…</translation>
+    </message>
+    <message>
+        <source>You are logged in</source>
+        <translation>Vous êtes connecté</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>Compte</translation>
+    </message>
+    <message>
+        <source>To the music</source>
+        <translation>Vers la musique</translation>
+    </message>
+    <message>
+        <source>The streamer is logged in to the service.</source>
+        <translation>Le streamer est connecté au service.</translation>
+    </message>
+    <message>
+        <source>Log out</source>
+        <translation>Se déconnecter</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>Pour écouter de la musique, associez le streamer à votre compte.</translation>
+    </message>
+    <message>
+        <source>Get a code</source>
+        <translation>Obtenir un code</translation>
+    </message>
+    <message>
+        <source>On your phone or computer, open</source>
+        <translation>Sur votre téléphone ou votre ordinateur, ouvrez</translation>
+    </message>
+    <message>
+        <source>Enter this code:</source>
+        <translation>Saisissez ce code :</translation>
+    </message>
+    <message>
+        <source>Confirm. This page goes on by itself.</source>
+        <translation>Confirmez. Cette page continuera d’elle-même.</translation>
+    </message>
+    <message>
+        <source>QR code of the address</source>
+        <translation>QR code de l’adresse</translation>
+    </message>
+    <message>
+        <source>Or scan this with your phone.</source>
+        <translation>Ou scannez ceci avec votre téléphone.</translation>
+    </message>
+    <message>
+        <source>The code is good for</source>
+        <translation>Le code est valable encore</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>Obtenir un nouveau code</translation>
+    </message>
+    <message>
+        <source>Try again.</source>
+        <translation>Réessayez.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Working…</source>
+        <translation>Opération en cours…</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Queue</source>
+        <translation>File d’attente</translation>
+    </message>
+    <message>
+        <source>Play an album, a playlist or a track: what follows stands here.</source>
+        <translation>Lisez un album, une playlist ou un titre : la suite s’affiche ici.</translation>
+    </message>
+    <message>
+        <source>Search: %1</source>
+        <translation>Recherche : %1</translation>
+    </message>
+    <message>
+        <source>Type what you look for: an artist, an album, a track, a playlist.</source>
+        <translation>Saisissez ce que vous cherchez : un artiste, un album, un titre, une playlist.</translation>
+    </message>
+    <message>
+        <source>Searching…</source>
+        <translation>Recherche…</translation>
+    </message>
+    <message>
+        <source>%1: “%2”</source>
+        <translation>%1 : « %2 »</translation>
+    </message>
+    <message>
+        <source>All %1</source>
+        <translation>Tout afficher (%1)</translation>
+    </message>
+    <message>
+        <source>As the browser</source>
+        <translation>Comme le navigateur</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>Comme le système</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Clair</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Sombre</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>Cette page</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Langue</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Couleurs</translation>
+    </message>
+    <message>
+        <source>The streamer</source>
+        <translation>Le streamer</translation>
+    </message>
+    <message>
+        <source>Log in or out</source>
+        <translation>Connexion ou déconnexion</translation>
+    </message>
+    <message>
+        <source>kelo %1</source>
+        <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(vide)</translation>
+    </message>
+</context>
 </TS>

@@ -1,4 +1,523 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="ja" sourcelanguage="en">
+<context>
+    <name>page</name>
+    <message>
+        <source>Delete the playlist?</source>
+        <translation>プレイリストを削除しますか？</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the service. This cannot be undone.</source>
+        <translation>「%1」をサービスから削除します。この操作は取り消せません。</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>削除</translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation>完了: %1</translation>
+    </message>
+    <message>
+        <source>The streamer cannot be reached.</source>
+        <translation>ストリーマーに接続できません。</translation>
+    </message>
+    <message>
+        <source>The streamer answered with the status %1.</source>
+        <translation>ストリーマーがステータス %1 を返しました。</translation>
+    </message>
+    <message>
+        <source>Log in to search.</source>
+        <translation>検索するにはログインしてください。</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>ホーム</translation>
+    </message>
+    <message>
+        <source>Now playing</source>
+        <translation>再生中</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>設定</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>検索</translation>
+    </message>
+    <message>
+        <source>Move through the rows</source>
+        <translation>行を移動</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Open or play</source>
+        <translation>開く、または再生</translation>
+    </message>
+    <message>
+        <source>Menu of the row</source>
+        <translation>行のメニュー</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>スペース</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>再生／一時停止</translation>
+    </message>
+    <message>
+        <source>Next, previous</source>
+        <translation>次へ、前へ</translation>
+    </message>
+    <message>
+        <source>Now playing and queue</source>
+        <translation>再生中の曲とキュー</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Backspace</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Developer’s drawer</source>
+        <translation>開発者パネル</translation>
+    </message>
+    <message>
+        <source>This help</source>
+        <translation>このヘルプ</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>キー操作</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>再生位置</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1／%2</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>asked for %1</source>
+        <translation>要求: %1</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <translation>%1（要求: %2）</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>前へ</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>次へ</translation>
+    </message>
+    <message>
+        <source>Nothing plays</source>
+        <translation>再生していません</translation>
+    </message>
+    <message>
+        <source>Now playing: %1</source>
+        <translation>再生中: %1</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>一覧</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>ログイン</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>もう一度試す</translation>
+    </message>
+    <message>
+        <source>Nothing is here.</source>
+        <translation>ここには何もありません。</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>無題</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>並べ替え</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>現在の場所</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>リスト</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>閉じる</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>No notice yet. Change something, or let another client do it.</source>
+        <translation>まだ通知はありません。ここか別のクライアントで何かを変更してください。</translation>
+    </message>
+    <message>
+        <source>Requests</source>
+        <translation>要求</translation>
+    </message>
+    <message>
+        <source>The module has made no request yet.</source>
+        <translation>モジュールはまだ要求を送っていません。</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>呼び出し</translation>
+    </message>
+    <message>
+        <source>No call yet.</source>
+        <translation>まだ呼び出しはありません。</translation>
+    </message>
+    <message>
+        <source>Raw reply</source>
+        <translation>応答の原文</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>応答</translation>
+    </message>
+    <message>
+        <source>Close the drawer</source>
+        <translation>パネルを閉じる</translation>
+    </message>
+    <message>
+        <source>Move to a row: its path, roles and data stand here.</source>
+        <translation>行に移動すると、そのパス、ロール、データがここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Read its data</source>
+        <translation>データを読み取る</translation>
+    </message>
+    <message>
+        <source>(no path)</source>
+        <translation>（パスなし）</translation>
+    </message>
+    <message>
+        <source>Copy the path</source>
+        <translation>パスをコピー</translation>
+    </message>
+    <message>
+        <source>Roles</source>
+        <translation>ロール</translation>
+    </message>
+    <message>
+        <source>%1, rows from %2, %3 in all, version %4, answered in %5</source>
+        <translation>%1、%2行目から、全%3行、バージョン%4、応答時間 %5</translation>
+    </message>
+    <message>
+        <source>Answered in %1</source>
+        <translation>応答時間 %1</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失敗</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>The first row has the number 0.</source>
+        <translation>最初の行の番号は 0 です。</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>一覧へ移動</translation>
+    </message>
+    <message>
+        <source>The streamer does not answer. Trying again…</source>
+        <translation>ストリーマーが応答しません。再試行しています…</translation>
+    </message>
+    <message>
+        <source>Try now</source>
+        <translation>今すぐ試す</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>音楽</translation>
+    </message>
+    <message>
+        <source>Player</source>
+        <translation>プレーヤー</translation>
+    </message>
+    <message>
+        <source>“%1” is not available.</source>
+        <translation>「%1」は利用できません。</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>利用不可</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>%1 を再生</translation>
+    </message>
+    <message>
+        <source>Menu of %1</source>
+        <translation>%1 のメニュー</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>オン</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>オフ</translation>
+    </message>
+    <message>
+        <source>The code has expired.</source>
+        <translation>コードの有効期限が切れました。</translation>
+    </message>
+    <message>
+        <source>Take a new code and enter it within the time shown.</source>
+        <translation>新しいコードを取得し、表示された時間内に入力してください。</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>ログインが拒否されました。</translation>
+    </message>
+    <message>
+        <source>Try again, and confirm the login on the service’s page.</source>
+        <translation>もう一度試し、サービスのページでログインを承認してください。</translation>
+    </message>
+    <message>
+        <source>The service does not accept this streamer.</source>
+        <translation>サービスがこのストリーマーを受け付けません。</translation>
+    </message>
+    <message>
+        <source>Check client_id and client_secret in the section [tidal.oauth2] of the settings.</source>
+        <translation>設定の [tidal.oauth2] セクションの client_id と client_secret を確認してください。</translation>
+    </message>
+    <message>
+        <source>The clock of the streamer is wrong.</source>
+        <translation>ストリーマーの時計がずれています。</translation>
+    </message>
+    <message>
+        <source>Set its date and time, for example with “timedatectl set-ntp true”, then try again.</source>
+        <translation>「timedatectl set-ntp true」などで日付と時刻を合わせてから、もう一度試してください。</translation>
+    </message>
+    <message>
+        <source>The service cannot be reached.</source>
+        <translation>サービスに接続できません。</translation>
+    </message>
+    <message>
+        <source>Check the network cable or the wireless network of the streamer, then try again.</source>
+        <translation>ストリーマーのネットワークケーブルまたはWi-Fiを確認してから、もう一度試してください。</translation>
+    </message>
+    <message>
+        <source>The service has ended the login.</source>
+        <translation>サービスによってログインが終了されました。</translation>
+    </message>
+    <message>
+        <source>Log in again.</source>
+        <translation>もう一度ログインしてください。</translation>
+    </message>
+    <message>
+        <source>The service did not answer as it should.</source>
+        <translation>サービスから正しい応答がありませんでした。</translation>
+    </message>
+    <message>
+        <source>Try again in a few minutes.</source>
+        <translation>数分後にもう一度試してください。</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>読み込み中…</translation>
+    </message>
+    <message>
+        <source>Asking the service…</source>
+        <translation>サービスに問い合わせています…</translation>
+    </message>
+    <message>
+        <source>You are logged in</source>
+        <translation>ログインしました</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>アカウント</translation>
+    </message>
+    <message>
+        <source>To the music</source>
+        <translation>音楽へ</translation>
+    </message>
+    <message>
+        <source>The streamer is logged in to the service.</source>
+        <translation>ストリーマーはサービスにログインしています。</translation>
+    </message>
+    <message>
+        <source>Log out</source>
+        <translation>ログアウト</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>音楽を再生するには、ストリーマーをアカウントに接続してください。</translation>
+    </message>
+    <message>
+        <source>Get a code</source>
+        <translation>コードを取得</translation>
+    </message>
+    <message>
+        <source>On your phone or computer, open</source>
+        <translation>スマートフォンまたはパソコンで次のページを開きます:</translation>
+    </message>
+    <message>
+        <source>Enter this code:</source>
+        <translation>次のコードを入力します:</translation>
+    </message>
+    <message>
+        <source>Confirm. This page goes on by itself.</source>
+        <translation>承認すると、このページは自動的に進みます。</translation>
+    </message>
+    <message>
+        <source>QR code of the address</source>
+        <translation>アドレスのQRコード</translation>
+    </message>
+    <message>
+        <source>Or scan this with your phone.</source>
+        <translation>またはスマートフォンでこれを読み取ります。</translation>
+    </message>
+    <message>
+        <source>The code is good for</source>
+        <translation>コードの残り有効時間</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>新しいコードを取得</translation>
+    </message>
+    <message>
+        <source>Try again.</source>
+        <translation>もう一度試してください。</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>開く</translation>
+    </message>
+    <message>
+        <source>Working…</source>
+        <translation>処理中…</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Queue</source>
+        <translation>キュー</translation>
+    </message>
+    <message>
+        <source>Play an album, a playlist or a track: what follows stands here.</source>
+        <translation>アルバム、プレイリスト、トラックを再生すると、次の曲がここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Search: %1</source>
+        <translation>検索: %1</translation>
+    </message>
+    <message>
+        <source>Type what you look for: an artist, an album, a track, a playlist.</source>
+        <translation>探しているアーティスト、アルバム、トラック、プレイリストを入力してください。</translation>
+    </message>
+    <message>
+        <source>Searching…</source>
+        <translation>検索中…</translation>
+    </message>
+    <message>
+        <source>%1: “%2”</source>
+        <translation>%1: 「%2」</translation>
+    </message>
+    <message>
+        <source>All %1</source>
+        <translation>すべて表示（%1）</translation>
+    </message>
+    <message>
+        <source>As the browser</source>
+        <translation>ブラウザーに合わせる</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>システムに合わせる</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>ライト</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>ダーク</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>このページ</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>言語</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>配色</translation>
+    </message>
+    <message>
+        <source>The streamer</source>
+        <translation>ストリーマー</translation>
+    </message>
+    <message>
+        <source>Log in or out</source>
+        <translation>ログイン／ログアウト</translation>
+    </message>
+    <message>
+        <source>kelo %1</source>
+        <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>（空）</translation>
+    </message>
+</context>
 </TS>

@@ -1,4 +1,523 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="nb" sourcelanguage="en">
+<context>
+    <name>page</name>
+    <message>
+        <source>Delete the playlist?</source>
+        <translation>Slette spillelisten?</translation>
+    </message>
+    <message>
+        <source>“%1” will be deleted from the service. This cannot be undone.</source>
+        <translation>«%1» blir slettet fra tjenesten. Dette kan ikke angres.</translation>
+    </message>
+    <message>
+        <source>Delete</source>
+        <translation>Slett</translation>
+    </message>
+    <message>
+        <source>Done: %1</source>
+        <translation>Utført: %1</translation>
+    </message>
+    <message>
+        <source>The streamer cannot be reached.</source>
+        <translation>Får ikke kontakt med strømmeren.</translation>
+    </message>
+    <message>
+        <source>The streamer answered with the status %1.</source>
+        <translation>Strømmeren svarte med status %1.</translation>
+    </message>
+    <message>
+        <source>Log in to search.</source>
+        <translation>Logg inn for å søke.</translation>
+    </message>
+    <message>
+        <source>Home</source>
+        <translation>Hjem</translation>
+    </message>
+    <message>
+        <source>Now playing</source>
+        <translation>Spilles nå</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>Innstillinger</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>Søk</translation>
+    </message>
+    <message>
+        <source>Move through the rows</source>
+        <translation>Gå gjennom radene</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Open or play</source>
+        <translation>Åpne eller spill av</translation>
+    </message>
+    <message>
+        <source>Menu of the row</source>
+        <translation>Radens meny</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Mellomrom</translation>
+    </message>
+    <message>
+        <source>Play or pause</source>
+        <translation>Spill av eller sett på pause</translation>
+    </message>
+    <message>
+        <source>Next, previous</source>
+        <translation>Neste, forrige</translation>
+    </message>
+    <message>
+        <source>Now playing and queue</source>
+        <translation>Spilles nå og kø</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Tilbaketast</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Tilbake</translation>
+    </message>
+    <message>
+        <source>Developer’s drawer</source>
+        <translation>Utviklerpanel</translation>
+    </message>
+    <message>
+        <source>This help</source>
+        <translation>Denne hjelpen</translation>
+    </message>
+    <message>
+        <source>Keys</source>
+        <translation>Hurtigtaster</translation>
+    </message>
+    <message>
+        <source>Position</source>
+        <translation>Posisjon</translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 av %2</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volum</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Spill av</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>asked for %1</source>
+        <translation>ønsket: %1</translation>
+    </message>
+    <message>
+        <source>%1, asked for %2</source>
+        <translation>%1, ønsket: %2</translation>
+    </message>
+    <message>
+        <source>Previous</source>
+        <translation>Forrige</translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation>Neste</translation>
+    </message>
+    <message>
+        <source>Nothing plays</source>
+        <translation>Ingenting spilles</translation>
+    </message>
+    <message>
+        <source>Now playing: %1</source>
+        <translation>Spilles nå: %1</translation>
+    </message>
+    <message>
+        <source>Rows</source>
+        <translation>Rader</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>Logg inn</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Prøv igjen</translation>
+    </message>
+    <message>
+        <source>Nothing is here.</source>
+        <translation>Her er det tomt.</translation>
+    </message>
+    <message>
+        <source>Untitled</source>
+        <translation>Uten tittel</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mer</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>Sortering</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>Her er du</translation>
+    </message>
+    <message>
+        <source>List</source>
+        <translation>Liste</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Lukk</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Avbryt</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>Meldinger</translation>
+    </message>
+    <message>
+        <source>No notice yet. Change something, or let another client do it.</source>
+        <translation>Ingen meldinger ennå. Endre noe her eller fra en annen klient.</translation>
+    </message>
+    <message>
+        <source>Requests</source>
+        <translation>Forespørsler</translation>
+    </message>
+    <message>
+        <source>The module has made no request yet.</source>
+        <translation>Modulen har ikke sendt noen forespørsler ennå.</translation>
+    </message>
+    <message>
+        <source>Calls</source>
+        <translation>Kall</translation>
+    </message>
+    <message>
+        <source>No call yet.</source>
+        <translation>Ingen kall ennå.</translation>
+    </message>
+    <message>
+        <source>Raw reply</source>
+        <translation>Rått svar</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>Rad</translation>
+    </message>
+    <message>
+        <source>Reply</source>
+        <translation>Svar</translation>
+    </message>
+    <message>
+        <source>Close the drawer</source>
+        <translation>Lukk panelet</translation>
+    </message>
+    <message>
+        <source>Move to a row: its path, roles and data stand here.</source>
+        <translation>Gå til en rad: sti, roller og data vises her.</translation>
+    </message>
+    <message>
+        <source>Read its data</source>
+        <translation>Les dataene</translation>
+    </message>
+    <message>
+        <source>(no path)</source>
+        <translation>(ingen sti)</translation>
+    </message>
+    <message>
+        <source>Copy the path</source>
+        <translation>Kopier stien</translation>
+    </message>
+    <message>
+        <source>Roles</source>
+        <translation>Roller</translation>
+    </message>
+    <message>
+        <source>%1, rows from %2, %3 in all, version %4, answered in %5</source>
+        <translation>%1, rader fra %2, %3 i alt, versjon %4, besvart på %5</translation>
+    </message>
+    <message>
+        <source>Answered in %1</source>
+        <translation>Besvart på %1</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>mislyktes</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Lagre</translation>
+    </message>
+    <message>
+        <source>The first row has the number 0.</source>
+        <translation>Den første raden har nummer 0.</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Hopp til radene</translation>
+    </message>
+    <message>
+        <source>The streamer does not answer. Trying again…</source>
+        <translation>Strømmeren svarer ikke. Prøver igjen …</translation>
+    </message>
+    <message>
+        <source>Try now</source>
+        <translation>Prøv nå</translation>
+    </message>
+    <message>
+        <source>Music</source>
+        <translation>Musikk</translation>
+    </message>
+    <message>
+        <source>Player</source>
+        <translation>Spiller</translation>
+    </message>
+    <message>
+        <source>“%1” is not available.</source>
+        <translation>«%1» er ikke tilgjengelig.</translation>
+    </message>
+    <message>
+        <source>not available</source>
+        <translation>ikke tilgjengelig</translation>
+    </message>
+    <message>
+        <source>Play %1</source>
+        <translation>Spill av %1</translation>
+    </message>
+    <message>
+        <source>Menu of %1</source>
+        <translation>Meny for %1</translation>
+    </message>
+    <message>
+        <source>On</source>
+        <translation>På</translation>
+    </message>
+    <message>
+        <source>Off</source>
+        <translation>Av</translation>
+    </message>
+    <message>
+        <source>The code has expired.</source>
+        <translation>Koden er utløpt.</translation>
+    </message>
+    <message>
+        <source>Take a new code and enter it within the time shown.</source>
+        <translation>Hent en ny kode og skriv den inn innen tiden som vises.</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>Innloggingen ble avvist.</translation>
+    </message>
+    <message>
+        <source>Try again, and confirm the login on the service’s page.</source>
+        <translation>Prøv igjen, og bekreft innloggingen på tjenestens side.</translation>
+    </message>
+    <message>
+        <source>The service does not accept this streamer.</source>
+        <translation>Tjenesten godtar ikke denne strømmeren.</translation>
+    </message>
+    <message>
+        <source>Check client_id and client_secret in the section [tidal.oauth2] of the settings.</source>
+        <translation>Kontroller client_id og client_secret i delen [tidal.oauth2] i innstillingene.</translation>
+    </message>
+    <message>
+        <source>The clock of the streamer is wrong.</source>
+        <translation>Klokken i strømmeren går feil.</translation>
+    </message>
+    <message>
+        <source>Set its date and time, for example with “timedatectl set-ntp true”, then try again.</source>
+        <translation>Still dato og klokkeslett, for eksempel med «timedatectl set-ntp true», og prøv igjen.</translation>
+    </message>
+    <message>
+        <source>The service cannot be reached.</source>
+        <translation>Får ikke kontakt med tjenesten.</translation>
+    </message>
+    <message>
+        <source>Check the network cable or the wireless network of the streamer, then try again.</source>
+        <translation>Kontroller nettverkskabelen eller Wi-Fi på strømmeren, og prøv igjen.</translation>
+    </message>
+    <message>
+        <source>The service has ended the login.</source>
+        <translation>Tjenesten har avsluttet innloggingen.</translation>
+    </message>
+    <message>
+        <source>Log in again.</source>
+        <translation>Logg inn på nytt.</translation>
+    </message>
+    <message>
+        <source>The service did not answer as it should.</source>
+        <translation>Tjenesten svarte ikke som ventet.</translation>
+    </message>
+    <message>
+        <source>Try again in a few minutes.</source>
+        <translation>Prøv igjen om noen minutter.</translation>
+    </message>
+    <message>
+        <source>Loading…</source>
+        <translation>Laster …</translation>
+    </message>
+    <message>
+        <source>Asking the service…</source>
+        <translation>Spør tjenesten …</translation>
+    </message>
+    <message>
+        <source>You are logged in</source>
+        <translation>Du er logget inn</translation>
+    </message>
+    <message>
+        <source>Account</source>
+        <translation>Konto</translation>
+    </message>
+    <message>
+        <source>To the music</source>
+        <translation>Til musikken</translation>
+    </message>
+    <message>
+        <source>The streamer is logged in to the service.</source>
+        <translation>Strømmeren er logget inn på tjenesten.</translation>
+    </message>
+    <message>
+        <source>Log out</source>
+        <translation>Logg ut</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>Koble strømmeren til kontoen din for å spille musikk.</translation>
+    </message>
+    <message>
+        <source>Get a code</source>
+        <translation>Hent en kode</translation>
+    </message>
+    <message>
+        <source>On your phone or computer, open</source>
+        <translation>Åpne dette på telefonen eller datamaskinen:</translation>
+    </message>
+    <message>
+        <source>Enter this code:</source>
+        <translation>Skriv inn denne koden:</translation>
+    </message>
+    <message>
+        <source>Confirm. This page goes on by itself.</source>
+        <translation>Bekreft. Denne siden går videre av seg selv.</translation>
+    </message>
+    <message>
+        <source>QR code of the address</source>
+        <translation>QR-kode for adressen</translation>
+    </message>
+    <message>
+        <source>Or scan this with your phone.</source>
+        <translation>Eller skann denne med telefonen.</translation>
+    </message>
+    <message>
+        <source>The code is good for</source>
+        <translation>Koden gjelder i</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>Hent en ny kode</translation>
+    </message>
+    <message>
+        <source>Try again.</source>
+        <translation>Prøv igjen.</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>Åpne</translation>
+    </message>
+    <message>
+        <source>Working…</source>
+        <translation>Arbeider …</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Queue</source>
+        <translation>Kø</translation>
+    </message>
+    <message>
+        <source>Play an album, a playlist or a track: what follows stands here.</source>
+        <translation>Spill av et album, en spilleliste eller et spor: Her vises det som kommer.</translation>
+    </message>
+    <message>
+        <source>Search: %1</source>
+        <translation>Søk: %1</translation>
+    </message>
+    <message>
+        <source>Type what you look for: an artist, an album, a track, a playlist.</source>
+        <translation>Skriv det du leter etter: artist, album, spor eller spilleliste.</translation>
+    </message>
+    <message>
+        <source>Searching…</source>
+        <translation>Søker …</translation>
+    </message>
+    <message>
+        <source>%1: “%2”</source>
+        <translation>%1: «%2»</translation>
+    </message>
+    <message>
+        <source>All %1</source>
+        <translation>Alle %1</translation>
+    </message>
+    <message>
+        <source>As the browser</source>
+        <translation>Som nettleseren</translation>
+    </message>
+    <message>
+        <source>As the system</source>
+        <translation>Som systemet</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>Lyst</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>Mørkt</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>Denne siden</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>Språk</translation>
+    </message>
+    <message>
+        <source>Colours</source>
+        <translation>Farger</translation>
+    </message>
+    <message>
+        <source>The streamer</source>
+        <translation>Strømmeren</translation>
+    </message>
+    <message>
+        <source>Log in or out</source>
+        <translation>Logg inn eller ut</translation>
+    </message>
+    <message>
+        <source>kelo %1</source>
+        <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>(empty)</source>
+        <translation>(tom)</translation>
+    </message>
+</context>
 </TS>
