@@ -160,8 +160,8 @@
         <translation>Hier ist nichts.</translation>
     </message>
     <message>
-        <source>Untitled</source>
-        <translation>Ohne Titel</translation>
+        <source>Artist</source>
+        <translation>Interpret</translation>
     </message>
     <message>
         <source>More</source>
@@ -186,6 +186,14 @@
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Copied: %1</source>
+        <translation>Kopiert: %1</translation>
+    </message>
+    <message>
+        <source>Copy its path</source>
+        <translation>Pfad kopieren</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -234,14 +242,6 @@
     <message>
         <source>Read its data</source>
         <translation>Daten lesen</translation>
-    </message>
-    <message>
-        <source>(no path)</source>
-        <translation>(kein Pfad)</translation>
-    </message>
-    <message>
-        <source>Copy the path</source>
-        <translation>Pfad kopieren</translation>
     </message>
     <message>
         <source>Roles</source>
@@ -514,6 +514,10 @@
     <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>Set in the settings file</source>
+        <translation>In der Einstellungsdatei festgelegt</translation>
     </message>
     <message>
         <source>(empty)</source>

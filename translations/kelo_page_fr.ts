@@ -160,8 +160,8 @@
         <translation>Il n’y a rien ici.</translation>
     </message>
     <message>
-        <source>Untitled</source>
-        <translation>Sans titre</translation>
+        <source>Artist</source>
+        <translation>Artiste</translation>
     </message>
     <message>
         <source>More</source>
@@ -186,6 +186,14 @@
     <message>
         <source>Cancel</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Copied: %1</source>
+        <translation>Copié : %1</translation>
+    </message>
+    <message>
+        <source>Copy its path</source>
+        <translation>Copier son chemin</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -234,14 +242,6 @@
     <message>
         <source>Read its data</source>
         <translation>Lire ses données</translation>
-    </message>
-    <message>
-        <source>(no path)</source>
-        <translation>(pas de chemin)</translation>
-    </message>
-    <message>
-        <source>Copy the path</source>
-        <translation>Copier le chemin</translation>
     </message>
     <message>
         <source>Roles</source>
@@ -514,6 +514,10 @@
     <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>Set in the settings file</source>
+        <translation>Défini dans le fichier de réglages</translation>
     </message>
     <message>
         <source>(empty)</source>

@@ -160,8 +160,8 @@
         <translation>ここには何もありません。</translation>
     </message>
     <message>
-        <source>Untitled</source>
-        <translation>無題</translation>
+        <source>Artist</source>
+        <translation>アーティスト</translation>
     </message>
     <message>
         <source>More</source>
@@ -186,6 +186,14 @@
     <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
+    </message>
+    <message>
+        <source>Copied: %1</source>
+        <translation>コピーしました: %1</translation>
+    </message>
+    <message>
+        <source>Copy its path</source>
+        <translation>パスをコピー</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -234,14 +242,6 @@
     <message>
         <source>Read its data</source>
         <translation>データを読み取る</translation>
-    </message>
-    <message>
-        <source>(no path)</source>
-        <translation>（パスなし）</translation>
-    </message>
-    <message>
-        <source>Copy the path</source>
-        <translation>パスをコピー</translation>
     </message>
     <message>
         <source>Roles</source>
@@ -514,6 +514,10 @@
     <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>Set in the settings file</source>
+        <translation>設定ファイルで指定されています</translation>
     </message>
     <message>
         <source>(empty)</source>

@@ -160,8 +160,8 @@
         <translation>Her er det tomt.</translation>
     </message>
     <message>
-        <source>Untitled</source>
-        <translation>Uten tittel</translation>
+        <source>Artist</source>
+        <translation>Artist</translation>
     </message>
     <message>
         <source>More</source>
@@ -186,6 +186,14 @@
     <message>
         <source>Cancel</source>
         <translation>Avbryt</translation>
+    </message>
+    <message>
+        <source>Copied: %1</source>
+        <translation>Kopiert: %1</translation>
+    </message>
+    <message>
+        <source>Copy its path</source>
+        <translation>Kopier stien</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -234,14 +242,6 @@
     <message>
         <source>Read its data</source>
         <translation>Les dataene</translation>
-    </message>
-    <message>
-        <source>(no path)</source>
-        <translation>(ingen sti)</translation>
-    </message>
-    <message>
-        <source>Copy the path</source>
-        <translation>Kopier stien</translation>
     </message>
     <message>
         <source>Roles</source>
@@ -514,6 +514,10 @@
     <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
+    </message>
+    <message>
+        <source>Set in the settings file</source>
+        <translation>Angitt i innstillingsfilen</translation>
     </message>
     <message>
         <source>(empty)</source>
