@@ -48,7 +48,7 @@ export function formPage(context, { path, title, rows, accept }) {
   const message = el("div");
   let isBusy = false;
 
-  const submit = async (target, name) => {
+  const submit = async (target) => {
     if (isBusy) return;
     isBusy = true;
     message.replaceChildren();
@@ -57,7 +57,7 @@ export function formPage(context, { path, title, rows, accept }) {
       let answer = null;
       for (const field of fields) answer = await setValue(field.row.Path, field.read());
       if (target) answer = await setValue(target, 1);
-      const text = understand(answer, name);
+      const text = understand(answer, title);
       if (text) context.dialog.push(textPage(title, text));
       else context.dialog.close(true);
     } catch (error) {
@@ -71,13 +71,13 @@ export function formPage(context, { path, title, rows, accept }) {
   for (const target of targets) {
     const isFirst = target === targets[0];
     const button = el("button", { type: isFirst ? "submit" : "button", class: "button primary", text: target.Title });
-    if (!isFirst) button.addEventListener("click", () => submit(target.Path, target.Title));
+    if (!isFirst) button.addEventListener("click", () => submit(target.Path));
     buttons.append(button);
     if (accept) nameButton(accept, button, target);
   }
   const form = el(
     "form",
-    { class: "form", on: { submit: (event) => (event.preventDefault(), submit(targets[0].Path, targets[0].Title)) } },
+    { class: "form", on: { submit: (event) => (event.preventDefault(), submit(targets[0].Path)) } },
     others.map((row) => el("p", { text: row.Title })),
     fields.map((field) => field.element),
     parsePath(path).base.endsWith("/moveTrack") ? el("p", { class: "hint" }, t("The first row has the number 0.")) : null,

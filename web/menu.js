@@ -185,7 +185,7 @@ function choicePage(context, row, above = null) {
   const choose = async (choice, button) => {
     button.setAttribute("aria-busy", "true");
     try {
-      understand(await setValue(row.Path, choice.Value), `${row.Title}: ${choice.Title}`);
+      understand(await setValue(row.Path, choice.Value));
       value = row.Value = choice.Value;
       if (above) await above.reload();
       context.dialog.back();
