@@ -109,6 +109,7 @@ HttpClient::Failure HttpCall::prepare(quintptr id, Method method, const KeloUrl&
     m_options = options;
     m_redirects = 0;
     m_started = std::chrono::steady_clock::now();
+    m_startedAt = std::chrono::system_clock::now();
     if (!CurlAddress::isHttp(url.toEncoded()))
         return HttpClient::BadUrl;
     if (!setHeaders(method, options.headers()))
@@ -271,17 +272,37 @@ bool HttpCall::redirect()
     return true;
 }
 
+int HttpCall::status(HttpClient::Failure failure) const
+{
+    long status = 0;
+    if (failure == HttpClient::NoFailure)
+        curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
+    return int(status);
+}
+
+HttpCallRecord HttpCall::record(HttpClient::Failure failure) const
+{
+    using namespace std::chrono;
+    static const char* const methods[] = {"GET", "POST", "DELETE"};
+    HttpCallRecord record;
+    record.startedMs = duration_cast<milliseconds>(m_startedAt.time_since_epoch()).count();
+    record.durationMs = duration_cast<milliseconds>(steady_clock::now() - m_started).count();
+    record.method = methods[int(m_method)];
+    record.status = status(failure);
+    record.failure = failure;
+    record.bytes = m_body.size();
+    record.setUrl(m_url);
+    return record;
+}
+
 void HttpCall::deliver(HttpClient::Failure failure) const
 {
     if (!m_receiver)
         return;
-    long status = 0;
-    if (failure == HttpClient::NoFailure)
-        curl_easy_getinfo(m_easy, CURLINFO_RESPONSE_CODE, &status);
     const bool isWhole = failure == HttpClient::NoFailure;
     const bool isInvoked = QMetaObject::invokeMethod(
         m_receiver.data(), m_member.constData(), Qt::QueuedConnection, Q_ARG(KeloUrl, m_url),
-        Q_ARG(HttpClientPrivate, m_options.userData()), Q_ARG(int, int(status)),
+        Q_ARG(HttpClientPrivate, m_options.userData()), Q_ARG(int, status(failure)),
         Q_ARG(int, int(failure)), Q_ARG(QByteArray, isWhole ? m_body : QByteArray()),
         Q_ARG(HttpClientHeaders, isWhole ? answerHeaders() : HttpClientHeaders()));
     if (!isInvoked)

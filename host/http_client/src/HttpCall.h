@@ -1,4 +1,5 @@
 #pragma once
+#include "HttpCallLog.h"
 #include "HttpClient.h"
 #include <chrono>
 #include <curl/curl.h>
@@ -33,6 +34,8 @@ public:
     bool redirect();
     /// Queues the invocation of the receiver's member.
     void deliver(HttpClient::Failure failure) const;
+    /// What may be shown of the call; without a number.
+    HttpCallRecord record(HttpClient::Failure failure) const;
     /// Drops request and answer, so that the handle can be used again.
     void clear();
 
@@ -44,6 +47,7 @@ private:
     void setMethod(Method method);
     void setTimeout();
     bool append(const char* data, int size);
+    int status(HttpClient::Failure failure) const;
     HttpClientHeaders answerHeaders() const;
 
     CURL* m_easy;
@@ -57,6 +61,7 @@ private:
     QPointer<QObject> m_receiver;
     QByteArray m_member;
     std::chrono::steady_clock::time_point m_started;
+    std::chrono::system_clock::time_point m_startedAt;
     int m_redirects = 0;
 
     QByteArray m_body;

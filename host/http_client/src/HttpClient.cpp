@@ -1,6 +1,7 @@
 #include "HttpClient.h"
 #include "CurlLoop.h"
 #include "HttpCall.h"
+#include "HttpCallLog.h"
 #include <kelo/KeloLog.h>
 #include <vector>
 
@@ -34,6 +35,7 @@ public:
                 QObject* receiver, const char* member, const HttpClientOptions& options);
     void abort(quintptr id);
     int size() const { return int(m_calls.size()); }
+    void setRecorded(bool isRecorded) { m_isRecorded = isRecorded; }
 
 private:
     using Call = std::unique_ptr<HttpCall>;
@@ -45,6 +47,7 @@ private:
 
     HttpVersion m_version;
     bool m_isKeepAlive;
+    bool m_isRecorded = true;
     quintptr m_lastId = 0; ///< handles are numbers that do not return, so a stale one hits no call
     CurlLoop m_loop;
     std::unordered_map<quintptr, Call> m_calls;
@@ -62,6 +65,8 @@ HttpClient::Private::~Private()
     for (const auto& entry : m_calls) {
         m_loop.remove(entry.second->easy());
         entry.second->deliver(Aborted);
+        if (m_isRecorded)
+            HttpCallLog::instance().add(entry.second->record(Aborted));
     }
 }
 
@@ -132,6 +137,8 @@ void HttpClient::Private::done(CURL* easy, CURLcode result)
 void HttpClient::Private::end(Call call, Failure failure)
 {
     call->deliver(failure);
+    if (m_isRecorded)
+        HttpCallLog::instance().add(call->record(failure));
     call->clear();
     if (m_idle.size() < maxIdleCalls)
         m_idle.push_back(std::move(call));
@@ -171,4 +178,9 @@ void HttpClient::abort(void* handle)
 int HttpClient::callsUnderWay() const
 {
     return d->size();
+}
+
+void HttpClient::setRecorded(bool isRecorded)
+{
+    d->setRecorded(isRecorded);
 }

@@ -5,6 +5,8 @@
 #include <condition_variable>
 #include <gtest/gtest.h>
 #include <kelo/CMListRowsNode.h>
+#include <kelo/HttpCallLog.h>
+#include <QJsonArray>
 #include <thread>
 
 namespace {
@@ -189,6 +191,45 @@ TEST(WebEventsTest, PathsOfALivingStreamAreReplacedWithoutAGap)
     EXPECT_EQ(log, expected) << log.join(' ').toStdString();
     lock.unlock();
     EXPECT_EQ(replace("[]").status, 404) << "the stream is over";
+}
+
+TEST(WebEventsTest, TheModulesRequestsAreListedAndTold)
+{
+    WebWorld world;
+    HttpCallRecord record;
+    record.status = 200;
+    record.bytes = 7;
+    record.setUrl(KeloUrl(QStringLiteral("http://service.example/v1/a?token=secret")));
+    HttpCallLog& log = HttpCallLog::instance();
+    log.add(record);
+    const std::string last = std::to_string(log.lastNumber());
+    const std::string next = std::to_string(log.lastNumber() + 1);
+    Follower follower(world.server.port(), "?requests=1");
+    Follower other(world.server.port(), "");
+    follower.waitForId();
+    other.waitForId();
+    log.add(record);
+    world.player.notify({{QStringLiteral("state"), QStringLiteral("playing")}});
+    const std::string expected =
+        R"({"id":)" + next +
+        R"(,"time":"1970-01-01T00:00:00.000Z","method":"GET",)"
+        R"("address":"http://service.example/v1/a?token=***","status":200,"error":"",)"
+        R"("durationMs":0,"bytes":7})";
+    EXPECT_NE(follower.waitFor("playing").find("event: request\ndata: " + expected + "\n\n"),
+              std::string::npos);
+    EXPECT_EQ(other.waitFor("playing").find("request"), std::string::npos) << "not asked for";
+    EXPECT_EQ(world.get("/api/v1/requests?after=" + last).body,
+              R"({"last":)" + next + R"(,"requests":[)" + expected + "]}");
+    EXPECT_EQ(world.get("/api/v1/requests?after=" + next).body,
+              R"({"last":)" + next + R"(,"requests":[]})");
+    const int all = world.get("/api/v1/requests").json[QLatin1String("requests")].toArray().size();
+    EXPECT_GE(all, 2);
+    EXPECT_EQ(
+        world.get("/api/v1/requests?after=99999").json[QLatin1String("requests")].toArray().size(),
+        all)
+        << "a number from before a restart";
+    for (const char* bad : {"/api/v1/requests?after=x", "/api/v1/events?requests=2"})
+        EXPECT_EQ(world.get(bad).status, 400) << bad;
 }
 
 TEST(WebEventsTest, TheThirtyThirdClientIsRefusedAndStoppingEndsAll)

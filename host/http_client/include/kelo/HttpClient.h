@@ -50,6 +50,8 @@ public:
     /// Ends a call as Aborted; nothing for a handle that is not under way.
     void abort(void* handle);
     int callsUnderWay() const;
+    /// Whether calls that end are recorded in the HttpCallLog; they are unless told otherwise.
+    void setRecorded(bool isRecorded);
 
 private:
     class Private;

@@ -25,6 +25,7 @@ NullOutput::NullOutput(TimeSource& time)
     : m_time(time), m_client(nullptr), m_probe(nullptr, deleteProbe),
       m_nextProbe(nullptr, deleteProbe)
 {
+    m_client.setRecorded(false);
 }
 
 NullOutput::~NullOutput() = default;

@@ -17,10 +17,14 @@ public:
     /// What next() found.
     enum class Next { Event, Nothing, End };
 
-    /// `id` names the stream in other calls.
-    explicit EventClient(std::string id) : m_id(std::move(id)) {}
+    /// `id` names the stream in other calls; `wantsRequests`: it gets the module's requests, too.
+    explicit EventClient(std::string id, bool wantsRequests = false)
+        : m_id(std::move(id)), m_wantsRequests(wantsRequests)
+    {
+    }
 
     const std::string& id() const { return m_id; }
+    bool wantsRequests() const { return m_wantsRequests; }
     /// Adds an event. Of a state (`isState`) only the latest waits: it replaces an older one of the
     /// same kind that is the last in the queue.
     void push(const std::string& kind, const std::string& data, bool isState);
@@ -44,6 +48,7 @@ private:
     void add(const std::string& kind, const std::string& data, bool isState);
 
     const std::string m_id;
+    const bool m_wantsRequests;
     OpenPaths m_paths;
     mutable std::mutex m_mutex;
     std::condition_variable m_changed;

@@ -4,6 +4,9 @@
 #include "LoginControl.h"
 #include "PlayerControl.h"
 #include "RandomToken.h"
+#include "RequestsApi.h"
+
+#include <kelo/HttpCallLog.h>
 
 namespace {
 
@@ -31,18 +34,22 @@ EventHub::EventHub(PlayerControl& player, LoginControl& login) : m_player(player
         [this](const QJsonObject& status) { broadcast("player", JsonText::fromObject(status)); });
     m_loginListener = login.addListener(
         [this](const QJsonObject& status) { broadcast("login", JsonText::fromObject(status)); });
+    m_requestObserver = HttpCallLog::instance().addObserver(
+        [this](const HttpCallRecord& record) { tellRequest(record); });
 }
 
 EventHub::~EventHub()
 {
+    HttpCallLog::instance().removeObserver(m_requestObserver);
     m_player.removeListener(m_playerListener);
     m_login.removeListener(m_loginListener);
     stop();
 }
 
-std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, HttpReply* refusal)
+std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, bool wantsRequests,
+                                            HttpReply* refusal)
 {
-    auto client = std::make_shared<EventClient>(randomToken());
+    auto client = std::make_shared<EventClient>(randomToken(), wantsRequests);
     client->push("stream", "{\"id\":\"" + client->id() + "\"}", false);
     {
         std::lock_guard<std::mutex> lock(m_mutex);
@@ -123,4 +130,17 @@ void EventHub::broadcast(const std::string& kind, const std::string& data)
     std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& client : m_clients)
         client.second->push(kind, data, true);
+}
+
+void EventHub::tellRequest(const HttpCallRecord& record)
+{
+    std::string data;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (const auto& client : m_clients) {
+        if (!client.second->wantsRequests())
+            continue;
+        if (data.empty())
+            data = RequestsApi::text(record);
+        client.second->push("request", data, false);
+    }
 }

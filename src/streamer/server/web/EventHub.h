@@ -7,11 +7,12 @@
 #include <memory>
 #include <optional>
 
+class HttpCallRecord;
 class LoginControl;
 class PlayerControl;
 
-/// Hands news of the tree, the player and the login to the clients that follow them. Owned by the
-/// web server; any thread. It neither reads nor writes connections.
+/// Hands news of the tree, the player, the login and the module's requests to the clients that
+/// follow them. Owned by the web server; any thread. It neither reads nor writes connections.
 class EventHub
 {
 public:
@@ -23,7 +24,8 @@ public:
     /// A new client with these rows paths open, which gets its own name and the present states;
     /// null with the reason in `refusal` when there are too many clients or paths, or nobody serves
     /// a path.
-    std::shared_ptr<EventClient> open(const QList<CMPath>& paths, HttpReply* refusal);
+    std::shared_ptr<EventClient> open(const QList<CMPath>& paths, bool wantsRequests,
+                                      HttpReply* refusal);
     /// Opens other paths for a living stream; nothing when there is no such one.
     std::optional<OpenPaths::Change> setPaths(const std::string& stream,
                                               const QList<CMPath>& paths);
@@ -38,6 +40,7 @@ public:
 
 private:
     void broadcast(const std::string& kind, const std::string& data);
+    void tellRequest(const HttpCallRecord& record);
     static OpenPaths::Change setPaths(const std::shared_ptr<EventClient>& client,
                                       const QList<CMPath>& paths);
 
@@ -45,6 +48,7 @@ private:
     LoginControl& m_login;
     quint64 m_playerListener;
     quint64 m_loginListener;
+    quint64 m_requestObserver;
     mutable std::mutex m_mutex;
     /// By their names; guarded by the mutex, as the next.
     std::map<std::string, std::shared_ptr<EventClient>> m_clients;

@@ -34,8 +34,11 @@ HttpReply EventsApi::open(const HttpCall& call)
     const auto paths = readPaths(call.parameters("path"), &fault);
     if (!paths)
         return HttpReply::badRequest(fault);
+    const QString requests = call.parameter("requests").value_or(QStringLiteral("0"));
+    if (requests != QLatin1String("0") && requests != QLatin1String("1"))
+        return HttpReply::badRequest(QStringLiteral("requests: wanted 0 or 1"));
     HttpReply reply;
-    if (auto client = m_hub.open(*paths, &reply))
+    if (auto client = m_hub.open(*paths, requests == QLatin1String("1"), &reply))
         reply.stream = std::make_shared<EventStream>(m_hub, std::move(client));
     return reply;
 }

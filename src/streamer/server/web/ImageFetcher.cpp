@@ -29,8 +29,10 @@ ImageResult problem(int status, const QString& text)
 
 void ImageFetcher::fetch(const std::string& url)
 {
-    if (!m_client)
+    if (!m_client) {
         m_client = new HttpClient(this);
+        m_client->setRecorded(false);
+    }
     HttpClientOptions options;
     options.setTimeoutMs(timeoutMs).setReadSizeLimit(largestImage).setFollowsRedirects(false);
     m_client->get(KeloUrl::fromEncoded(QByteArray::fromStdString(url)), this, "on_answer_invoke",

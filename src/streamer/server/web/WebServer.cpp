@@ -9,6 +9,7 @@
 #include "Metrics.h"
 #include "OriginGuard.h"
 #include "PlayerApi.h"
+#include "RequestsApi.h"
 #include "texts/TextCatalogues.h"
 #include "TextsApi.h"
 #include "TreeApi.h"
@@ -89,6 +90,7 @@ public:
         m_events.addRoutes(m_routes);
         TextsApi::addRoutes(m_routes);
         m_images.addRoutes(m_routes);
+        RequestsApi::addRoutes(m_routes);
         addOwnRoutes();
         setUp(m_listener.server());
     }
