@@ -1,6 +1,6 @@
 // The page: puts the parts together and shows the view that the address names.
 
-import { getRows, readAhead } from "./api.js";
+import { readAhead } from "./api.js";
 import { startBar } from "./bar.js";
 import { BrowseView } from "./browse.js";
 import { Dialog } from "./dialog.js";
@@ -12,6 +12,7 @@ import { currentPath, currentState, go, isPlainClick, nav, replace, setPlaceKeep
 import { home, linkTo, loginPath, settingsPath } from "./path.js";
 import { playback } from "./playback.js";
 import { PlayingView } from "./playing.js";
+import { RowSource } from "./rows.js";
 import { forgetSearchPlace, searchedText, searchPath, SearchView } from "./search.js";
 import { applyTheme, SettingsView } from "./settings.js";
 import { loadTexts, t } from "./text.js";
@@ -95,24 +96,25 @@ function startSearch() {
   });
 }
 
-/** The top of the tree beside the page, on wide screens. */
-async function fillSidebar() {
+/** The top of the tree beside the page, on wide screens. It follows logins by the notices of its rows. */
+function startSidebar() {
+  const top = new RowSource(home);
   const list = part("sidebar").querySelector("ul");
-  let rows = [];
-  try {
-    rows = (await getRows(home, 0, 49)).rows.filter((row) => row.Type === "Container" && row.Path);
-  } catch {
-    rows = [];
-  }
-  const entries = [{ Path: home, Title: t("Home"), picture: "home" }, ...rows, { Path: "!playing", Title: t("Now playing"), picture: "queue" }, { Path: settingsPath, Title: t("Settings"), picture: "settings" }];
-  fill(
-    list,
-    entries.map(({ Path, Title, picture = "list" }) => {
-      const link = el("a", { href: linkTo(Path), "aria-current": Path === currentPath() ? "page" : null }, icon(picture), Title);
-      link.addEventListener("click", (event) => isPlainClick(event) && (event.preventDefault(), go(Path, null, true)));
-      return el("li", {}, link);
-    }),
-  );
+  const fillIt = () => {
+    const rows = top.rows.filter((row) => row.Type === "Container" && row.Path);
+    const entries = [{ Path: home, Title: t("Home"), picture: "home" }, ...rows, { Path: "!playing", Title: t("Now playing"), picture: "queue" }, { Path: settingsPath, Title: t("Settings"), picture: "settings" }];
+    fill(
+      list,
+      entries.map(({ Path, Title, picture = "list" }) => {
+        const link = el("a", { href: linkTo(Path), "aria-current": Path === currentPath() ? "page" : null }, icon(picture), Title);
+        link.addEventListener("click", (event) => isPlainClick(event) && (event.preventDefault(), go(Path, null, true)));
+        return el("li", {}, link);
+      }),
+    );
+  };
+  top.addEventListener("changed", fillIt);
+  top.need(0, 0);
+  fillIt();
 }
 
 const keys = () => [
@@ -166,13 +168,9 @@ function watchLogin() {
     document.body.classList.toggle("logged-out", !detail.loggedIn);
     if (detail.loggedIn === wasLoggedIn) return;
     if (wasLoggedIn !== null || !detail.loggedIn) forgetSearchPlace();
-    if (wasLoggedIn !== null) fillSidebar();
     wasLoggedIn = detail.loggedIn;
   });
-  live.addEventListener("state", ({ detail }) => {
-    part("offline").hidden = detail;
-    if (detail) fillSidebar();
-  });
+  live.addEventListener("state", ({ detail }) => (part("offline").hidden = detail));
 }
 
 async function start() {
@@ -197,7 +195,7 @@ async function start() {
   part("help-button").addEventListener("click", showHelp);
   part("offline-retry").addEventListener("click", () => live.connect());
   show();
-  fillSidebar();
+  startSidebar();
 }
 
 start();

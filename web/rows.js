@@ -2,6 +2,7 @@
 
 import { getRows, pageSize } from "./api.js";
 import { live } from "./live.js";
+import { baseOf } from "./path.js";
 
 const mostPages = 60;
 const settleTime = 80;
@@ -19,18 +20,21 @@ export class RowSource extends EventTarget {
   #timer = 0;
   #last = [0, pageSize - 1];
   #onNotice = (event) => this.#notice(event.detail);
+  #onActed = (event) => event.detail.some((path) => isBelow(this.path, path)) && this.#reloadSoon();
   #onState = (event) => event.detail && this.reload();
 
   constructor(path) {
     super();
     this.path = path;
     live.addEventListener("rows", this.#onNotice);
+    live.addEventListener("acted", this.#onActed);
     live.addEventListener("state", this.#onState);
     live.follow(this, [path]);
   }
 
   close() {
     live.removeEventListener("rows", this.#onNotice);
+    live.removeEventListener("acted", this.#onActed);
     live.removeEventListener("state", this.#onState);
     live.follow(this, []);
     clearTimeout(this.#timer);
@@ -121,10 +125,20 @@ export class RowSource extends EventTarget {
     this.dispatchEvent(new Event("changed"));
   }
 
-  // Notices come in swarms; one reading answers them all.
   #notice(notice) {
-    if (notice.path !== this.path) return;
+    if (notice.path === this.path) this.#reloadSoon();
+  }
+
+  // Notices come in swarms; one reading answers them all.
+  #reloadSoon() {
     clearTimeout(this.#timer);
     this.#timer = setTimeout(() => this.reload(), settleTime);
   }
+}
+
+// Whether a path stands at another one or below it; parameters do not count.
+function isBelow(path, top) {
+  const base = baseOf(path);
+  const above = baseOf(top);
+  return base === above || base.startsWith(`${above}/`);
 }
