@@ -1,4 +1,5 @@
 #include "KeloJson.h"
+#include "TrString.h"
 #include <algorithm>
 #include <cmath>
 #include <QLocale>
@@ -66,6 +67,8 @@ void Writer::write(const QVariant& value, int depth)
     case QMetaType::Double:
         return writeNumber(value.toDouble());
     default:
+        if (value.userType() == qMetaTypeId<TrString>())
+            return writeString(value.toString());
         text += "null";
     }
 }

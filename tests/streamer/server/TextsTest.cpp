@@ -1,0 +1,171 @@
+#include "WebWorld.h"
+
+#include "texts/TextCatalogues.h"
+#include "web/HttpReply.h"
+
+#include <gtest/gtest.h>
+#include <kelo/CMListRowsNode.h>
+#include <QBuffer>
+#include <QJsonArray>
+#include <thread>
+
+namespace {
+
+QStringList titles(const WebWorld::Answer& answer)
+{
+    QStringList result;
+    for (const QJsonValue& row : answer.json.value(QStringLiteral("rows")).toArray())
+        result << row.toObject().value(QStringLiteral("Title")).toString();
+    return result;
+}
+
+httplib::Headers accepting(const std::string& languages)
+{
+    return {{"Accept-Language", languages}};
+}
+
+/// A world with a list of one row of each kind of text.
+struct TextsTest : testing::Test
+{
+    TextsTest()
+    {
+        const char* const context = "bool TidalWorker::buildStaticStructure()";
+        CMListRowsNode* list = CMListRowsNode::create(
+            world.worker->nodes(), world.worker->addPrefix(QStringLiteral("texts")));
+        list->setTitle(TrString(TrCharData{context, "My Music", nullptr}));
+        const auto append = [list](KeloRolesType::Enum type, const TrString& title) {
+            KeloRoles row;
+            row.setType(type);
+            row.setTitle(title);
+            list->rowsAppend(row);
+        };
+        append(KeloRolesType::Header_, TrString(QStringLiteral("Albums")));
+        append(KeloRolesType::Container_, TrString(QStringLiteral("Albums")));
+        append(KeloRolesType::Container_, TrString(TrCharData{context, "Albums", nullptr}));
+        append(KeloRolesType::Container_, TrString(TrCharData{context, "Foghorns", nullptr}));
+        append(KeloRolesType::Action_, TrString(TrCharData{"void OAuth2Service::addNodes(CMNodes*)",
+                                                           "Log in to %1", nullptr},
+                                                {QStringLiteral("%1 Albums")}));
+    }
+
+    WebWorld world;
+};
+
+TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
+{
+    // A heading and a text of ours are put into words, an album of that name is not.
+    const std::map<std::string, QStringList> expected{
+        {"en", {"My Music", "Albums", "Albums", "Albums", "Foghorns", "Log in to %1 Albums"}},
+        {"de", {"Meine Musik", "Alben", "Albums", "Alben", "Foghorns", "Bei %1 Albums anmelden"}},
+        {"ja",
+         {QStringLiteral("マイミュージック"), QStringLiteral("アルバム"), "Albums",
+          QStringLiteral("アルバム"), "Foghorns", QStringLiteral("%1 Albumsにログイン")}}};
+    std::vector<std::thread> clients;
+    for (const auto& [language, texts] : expected) {
+        clients.emplace_back([this, language = language, texts = texts] {
+            for (int i = 0; i < 20; ++i) {
+                const auto answer =
+                    world.get("/api/v1/rows?path=/web/texts", accepting(language + "-XX"));
+                const QString title = answer.json.value(QStringLiteral("roles"))
+                                          .toObject()
+                                          .value(QStringLiteral("Title"))
+                                          .toString();
+                EXPECT_EQ(QStringList(title) + titles(answer), texts);
+            }
+        });
+    }
+    for (std::thread& client : clients)
+        client.join();
+}
+
+TEST_F(TextsTest, ErrorsComeInTheClientsLanguageHoweverTheyWereMade)
+{
+    struct Case
+    {
+        const char* path;
+        CMError error;
+        const char* title;
+        const char* detail;
+    };
+    const Case rows[] = {
+        {"a", CMError(TrString(TrCharData{"CMRoot", "The service has stopped", nullptr})), "Fehler",
+         "Der Dienst wurde beendet"},
+        {"b", CMError(CMError::NotFoundName(), TrString(QStringLiteral("Missing track ID"))),
+         "Nicht gefunden", "Die Titel-ID fehlt"},
+        {"c", CMError(TrString(QStringLiteral("There is nothing at /x"))), "Fehler",
+         "Unter /x gibt es nichts"},
+        {"d", CMError(TrString(QStringLiteral("The dog ate the disc"))), "Fehler",
+         "The dog ate the disc"}};
+    for (const Case& row : rows) {
+        HttpReply reply = HttpReply::error(row.error);
+        reply.translate(TextCatalogues().choose(QStringLiteral("de"), QString()));
+        const QJsonObject json =
+            QJsonDocument::fromJson(QByteArray::fromStdString(reply.body)).object();
+        EXPECT_EQ(json.value(QStringLiteral("title")).toString(), row.title);
+        EXPECT_EQ(json.value(QStringLiteral("detail")).toString(), row.detail);
+    }
+    const auto answer = world.get("/api/v1/rows?path=/web/no&language=de");
+    EXPECT_EQ(answer.status, 404);
+    EXPECT_EQ(answer.detail(), QStringLiteral("Unter /web/no gibt es nichts"));
+}
+
+TEST_F(TextsTest, TheLanguageIsTheBestThatTheClientNames)
+{
+    const struct
+    {
+        const char* query;
+        const char* accepted;
+        const char* language;
+    } rows[] = {{"", "de", "de"},
+                {"", "DE-at", "de"},
+                {"", "pt, fr;q=0.5, de;q=0.7", "de"},
+                {"", "en-US,en;q=0.9,de;q=0.8", "en"},
+                {"", "de;q=0, ja;q=0.1", "ja"},
+                {"", "nn-NO, no;q=0.5", "nb"},
+                {"", "*", "en"},
+                {"", ";;q=,de;q=x,,fr;q=0.2;", "en"},
+                {"?language=fr", "de", "fr"},
+                {"?language=ja-JP", "", "ja"},
+                {"?language=tlh", "de", "en"},
+                {"?language=", "de", "de"}};
+    for (const auto& row : rows) {
+        const auto answer =
+            world.get(std::string("/api/v1/texts") + row.query, accepting(row.accepted));
+        EXPECT_EQ(answer.json.value(QStringLiteral("language")).toString(), row.language)
+            << row.query << ' ' << row.accepted;
+        EXPECT_EQ(answer.headers.find("Content-Language")->second, row.language);
+        EXPECT_EQ(answer.headers.find("Vary")->second, "Accept-Language");
+    }
+}
+
+TEST_F(TextsTest, ThePageGetsItsTextsOnce)
+{
+    const auto english = world.get("/api/v1/texts");
+    EXPECT_EQ(english.json.value(QStringLiteral("texts")), QJsonValue(QJsonObject()));
+    const auto german = world.get("/api/v1/texts?language=de");
+    EXPECT_EQ(german.json.value(QStringLiteral("texts")).toObject().value(QStringLiteral("Play")),
+              QJsonValue(QStringLiteral("Abspielen")));
+    const std::string tag = german.headers.find("ETag")->second;
+    const httplib::Headers known{{"If-None-Match", "\"x\", " + tag}};
+    EXPECT_EQ(world.get("/api/v1/texts?language=de", known).status, 304);
+    EXPECT_EQ(world.get("/api/v1/texts?language=fr", known).status, 200);
+}
+
+TEST(TextCatalogueTest, UnfinishedAndMalformedEntriesLeaveTheBuiltInText)
+{
+    TextCatalogue catalogue(QStringLiteral("de"));
+    QByteArray text = "<TS><context><name>C</name>"
+                      "<message><source>a %1 b %2</source><translation>%2 y %1</translation>"
+                      "</message><message><source>c</source><translation type=\"unfinished\">z"
+                      "</translation></message><message><source>c</source><comment>k</comment>"
+                      "<translation>k&lt;</translation></message></context>";
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    EXPECT_FALSE(catalogue.add(buffer)) << "the end is missing";
+    EXPECT_TRUE(catalogue.translate("C", "c").isNull());
+    EXPECT_EQ(catalogue.translate("C", "c", "k"), "k<");
+    EXPECT_EQ(catalogue.plain(QStringLiteral("a 1 %1 b 2")), "2 y 1 %1");
+    EXPECT_EQ(catalogue.plain(QStringLiteral("a 1 2")), "a 1 2");
+}
+
+} // namespace
