@@ -33,10 +33,8 @@ class Live extends EventTarget {
       source.addEventListener(kind, (event) => this.#tell(kind, JSON.parse(event.data)));
     source.addEventListener("error", () => {
       if (source !== this.#source) return;
-      source.close();
-      this.#stream = "";
       this.#setConnected(false);
-      this.#timer = setTimeout(() => this.connect(), retryAfter);
+      this.#retry();
     });
   }
 
@@ -71,9 +69,14 @@ class Live extends EventTarget {
       await openPaths(stream, paths);
     } catch (error) {
       if (stream !== this.#stream || error.status === 400) return;
-      // The stream is not known any more: the streamer has another one for us.
-      this.connect();
+      // The stream is not known any more, or the streamer is gone: another one is to be had.
+      this.#retry();
     }
+  }
+
+  #retry() {
+    this.disconnect();
+    this.#timer = setTimeout(() => this.connect(), retryAfter);
   }
 
   #setConnected(isConnected) {
