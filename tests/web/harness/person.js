@@ -1,0 +1,90 @@
+// What a person does with the page, by the roles and names that a screen reader tells.
+
+import assert from "node:assert/strict";
+
+const patience = 15000;
+
+export class Person {
+  #troubles = [];
+
+  constructor(page, streamer, allowed) {
+    this.page = page;
+    this.streamer = streamer;
+    const note = (text) => allowed.some((pattern) => pattern.test(text)) || this.#troubles.push(text);
+    page.on("console", (message) => ["error", "warning"].includes(message.type()) && note(`console: ${message.text()} (${message.location().url})`));
+    page.on("pageerror", (error) => note(`uncaught: ${error.stack}`));
+    page.on("dialog", (dialog) => (note(`dialog: ${dialog.message()}`), dialog.dismiss()));
+    // A request that the page itself gives up, because one went elsewhere, has not failed.
+    page.on("requestfailed", (request) => request.failure().errorText !== "net::ERR_ABORTED" && note(`failed: ${request.url()} ${request.failure().errorText}`));
+    page.on("response", (response) => response.status() >= 400 && note(`status ${response.status()}: ${response.url()}`));
+    page.on("request", (request) => !request.url().startsWith(streamer.address) && !request.url().startsWith("data:") && note(`elsewhere: ${request.url()}`));
+  }
+
+  assertNothingWentWrong() {
+    assert.deepEqual(this.#troubles, []);
+  }
+
+  leave() {
+    return this.page.context().close();
+  }
+
+  get view() {
+    return this.page.getByRole("main");
+  }
+
+  get player() {
+    return this.page.getByRole("contentinfo", { name: "Player" });
+  }
+
+  /** The topmost dialog. */
+  get dialog() {
+    return this.page.getByRole("dialog").last();
+  }
+
+  async visit(path = "/") {
+    await this.page.goto(path.startsWith("/tidal") || path.startsWith("/settings") || path.startsWith("/oauth2") ? `/#${path}` : path);
+    return this.heading();
+  }
+
+  heading(name) {
+    return this.view.getByRole("heading", { level: 1, name }).waitFor();
+  }
+
+  rows() {
+    return this.view.getByRole("listitem").filter({ has: this.page.locator(".main") });
+  }
+
+  row(name) {
+    return this.view.getByRole("listitem").filter({ hasText: name });
+  }
+
+  async open(name) {
+    await this.view.getByRole("link", { name }).first().click();
+  }
+
+  /** Opens a row that stands below a header, as names may repeat. */
+  async openBelow(header, name) {
+    await this.view.getByRole("heading", { name: header, exact: true }).waitFor();
+    const order = await this.view.getByRole("listitem").evaluateAll((items) => items.map((item) => item.textContent));
+    await this.view.getByRole("listitem").nth(order.indexOf(name, order.indexOf(header))).getByRole("link").click();
+  }
+
+  /** What the bar says that it plays: title and artist. */
+  async playing() {
+    const label = await this.player.getByRole("link").getAttribute("aria-label");
+    return label.replace(/^Now playing: /, "");
+  }
+
+  /** Looks again with every frame until the condition holds. */
+  async until(condition, what) {
+    const end = Date.now() + patience;
+    while (!(await condition())) {
+      assert.ok(Date.now() < end, `waited in vain: ${what}`);
+      await this.page.evaluate(() => new Promise(requestAnimationFrame));
+    }
+  }
+
+  async choose(...names) {
+    for (const name of names) await this.dialog.getByRole("menuitem", { name }).first().click();
+  }
+}
