@@ -46,6 +46,8 @@ TEST_F(SettingsLoaderTest, ReadsEveryKeyBackFromAFileThatSetsThemAll)
 {
     const QByteArray content = R"([server]
 listen = "[::1]:0"
+host_names = ["music.lan", "kelo.example"]
+web_dir = "/page"
 [log]
 level = "trace"
 file = "/tmp/kelo.log"
@@ -90,6 +92,7 @@ scope = "r_usr"
     const Settings& settings = loaded.settings;
     EXPECT_EQ(settings.server.listen.host, QStringLiteral("::1"));
     EXPECT_EQ(settings.server.listen.port, 0);
+    EXPECT_EQ(settings.server.hostNames, (QStringList{"music.lan", "kelo.example"}));
     EXPECT_EQ(settings.deadlines.rowsSeconds, 0.25);
     EXPECT_EQ(settings.deadlines.dataSeconds, 3);
     EXPECT_EQ(settings.tidal.apiUrl, QStringLiteral("http://127.0.0.1:9000/v1"));
@@ -112,6 +115,10 @@ TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
         {"[server]\nlisten = \"1.2.3:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
         {"[server]\nlisten = \"127.0.0.1:65536\"", ":2: server.listen: ", "wanted ADDR:PORT"},
         {"[server]\nlisten = \"::1:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
+        {"[server]\nhost_names = \"a\"", ":2: server.host_names: ", "wanted a list of host names"},
+        {"[server]\nhost_names = [1]", ":2: server.host_names: ", "got a value of type array"},
+        {"[server]\nhost_names = [\"a:1\"]", ":2: server.host_names: ", "got [a:1]"},
+        {"[server]\nlisten = []", ":2: server.listen: ", "wanted ADDR:PORT"},
         {"[server]\nport = 1", ":2: server.port: ", "wanted one of listen"},
         {"[servr]\nlisten = 1", ":1: servr: ", "no such key"},
         {"server = 3", ":1: server: ", "wanted a section [server]"},
@@ -162,11 +169,13 @@ TEST_F(SettingsLoaderTest, CollectsAllProblemsOfFileAndCommandLine)
 TEST_F(SettingsLoaderTest, PrefersCommandLineToFileToDefault)
 {
     write(QStringLiteral("kelo/kelo.toml"), "[log]\nlevel = \"warn\"\nfile = \"a\"\n");
-    const LoadedSettings user = load(QString(), {"log.level=error", "deadlines.rows_s=0.5",
-                                                 "tidal.use_post_paywall=false", "log.file="});
+    const LoadedSettings user =
+        load(QString(), {"log.level=error", "deadlines.rows_s=0.5", "tidal.use_post_paywall=false",
+                         "log.file=", "server.host_names=a.lan,b.lan"});
     ASSERT_EQ(user.problems, QStringList());
     EXPECT_EQ(user.settings.log.level, QStringLiteral("error"));
     EXPECT_EQ(user.settings.log.file, QString());
+    EXPECT_EQ(user.settings.server.hostNames, (QStringList{"a.lan", "b.lan"}));
     EXPECT_EQ(user.settings.deadlines.rowsSeconds, 0.5);
     EXPECT_FALSE(user.settings.tidal.usePostPaywall);
     EXPECT_EQ(user.origin(QStringLiteral("log.level")), QStringLiteral("-o"));

@@ -155,6 +155,7 @@ bool Streamer::startWeb(QString* error)
     options.address = m_settings.server.listen.host;
     options.port = m_settings.server.listen.port;
     options.moduleFile = m_moduleFile;
+    options.hostNames = m_settings.server.hostNames;
     options.imageUrl = m_settings.tidal.imageUrl;
     options.webDirectory = m_settings.server.webDirectory;
     if (!options.webDirectory.isEmpty() && !QFileInfo(options.webDirectory).isDir()) {

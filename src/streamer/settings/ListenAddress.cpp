@@ -11,9 +11,10 @@ bool isIpv6(const QString& host)
     return inet_pton(AF_INET6, host.toLatin1().constData(), &address) == 1;
 }
 
-/// An IPv4 address, or a name as host names are written (RFC 1123, section 2.1). Digits and dots
-/// alone are never a name.
-bool isIpv4OrName(const QString& host)
+} // namespace
+
+/// Digits and dots alone are never a name.
+bool isIpv4OrHostName(const QString& host)
 {
     static const QRegularExpression digitsAndDots(QStringLiteral("^[0-9.]+$"));
     static const QRegularExpression name(
@@ -26,8 +27,6 @@ bool isIpv4OrName(const QString& host)
     return name.match(host).hasMatch();
 }
 
-} // namespace
-
 std::optional<ListenAddress> ListenAddress::parse(const QString& text)
 {
     static const QRegularExpression form(
@@ -38,7 +37,7 @@ std::optional<ListenAddress> ListenAddress::parse(const QString& text)
     const int port = match.captured(3).toInt();
     const QString bracketed = match.captured(1);
     const QString plain = match.captured(2);
-    if (port > 65535 || (bracketed.isEmpty() ? !isIpv4OrName(plain) : !isIpv6(bracketed)))
+    if (port > 65535 || (bracketed.isEmpty() ? !isIpv4OrHostName(plain) : !isIpv6(bracketed)))
         return std::nullopt;
     return ListenAddress{bracketed.isEmpty() ? plain : bracketed, static_cast<quint16>(port)};
 }

@@ -3,6 +3,9 @@
 #include <optional>
 #include <QString>
 
+/// Whether a text is an IPv4 address or a name as host names are written (RFC 1123, section 2.1).
+bool isIpv4OrHostName(const QString& host);
+
 /// Where a server listens: a host (IPv4, IPv6 or a name) and a port, 0 meaning any free one. A
 /// plain value. It does not look names up.
 struct ListenAddress

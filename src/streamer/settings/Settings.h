@@ -4,6 +4,7 @@
 #include "settings/Secret.h"
 
 #include <QString>
+#include <QStringList>
 
 /// What the streamer can be told, one struct per section of the settings file, with the defaults.
 /// Plain values: made once at start by SettingsLoader, then only read, on any thread. They are
@@ -12,7 +13,8 @@
 struct ServerSettings
 {
     ListenAddress listen;
-    QString webDirectory; ///< where the page's files are read from; empty: the built-in ones
+    QStringList hostNames; ///< further names under which clients reach it
+    QString webDirectory;  ///< where the page's files are read from; empty: the built-in ones
 };
 
 struct LogSettings

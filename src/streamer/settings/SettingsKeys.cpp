@@ -1,5 +1,6 @@
 #include "settings/SettingsKeys.h"
 
+#include <algorithm>
 #include <limits>
 #include <QRegularExpression>
 #include <QUrl>
@@ -149,6 +150,25 @@ SettingsKey listenAddress()
     return key;
 }
 
+SettingsKey hostNames()
+{
+    SettingsKey key{QStringLiteral("server.host_names"),
+                    QStringLiteral("Further names under which clients reach the streamer; calls "
+                                   "through other names are refused."),
+                    SettingsKey::Kind::TextList,
+                    QStringLiteral("a list of host names without port")};
+    key.store = [](Settings& settings, const QVariant& value) {
+        const QStringList names = value.toStringList();
+        if (value.type() != QVariant::StringList ||
+            !std::all_of(names.begin(), names.end(), isIpv4OrHostName))
+            return false;
+        settings.server.hostNames = names;
+        return true;
+    };
+    key.read = [](const Settings& settings) { return QVariant(settings.server.hostNames); };
+    return key;
+}
+
 SettingsKey clientSecret()
 {
     SettingsKey key{QStringLiteral("tidal.oauth2.client_secret"),
@@ -185,6 +205,7 @@ std::vector<SettingsKey> makeKeys()
     // clang-format off
     return {
         listenAddress(),
+        hostNames(),
         text("server.web_dir", "A folder with the files of the page; empty: the built-in ones.",
              [](auto& s) -> auto& { return s.server.webDirectory; }, anyText()),
         text("log.level", "How much is logged.",

@@ -10,14 +10,15 @@
 /// all keys is made once and never changes; it is safe to read on any thread.
 struct SettingsKey
 {
-    enum class Kind { Text, Integer, Number, Boolean };
+    enum class Kind { Text, Integer, Number, Boolean, TextList };
 
     QString name;    ///< with its section: "tidal.oauth2.scope"
     QString meaning; ///< what it sets, as one sentence for people
-    Kind kind;       ///< what a text from the command line is read as
+    Kind kind;       ///< what a text from the command line is read as; a list has commas
     QString wanted;  ///< what a value has to be, to follow the word "wanted"
     bool isSecret = false;
-    /// Stores a bool, qlonglong, double or QString; false and nothing stored when it is not wanted.
+    /// Stores a bool, qlonglong, double, QString or QStringList; false and nothing stored when it
+    /// is not wanted.
     std::function<bool(Settings&, const QVariant&)> store = {};
     /// The value for people, a secret masked.
     std::function<QVariant(const Settings&)> read = {};

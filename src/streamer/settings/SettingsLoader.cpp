@@ -2,6 +2,7 @@
 
 #include "settings/SettingsKeys.h"
 
+#include <optional>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -19,6 +20,8 @@ QString fromUtf8(std::string_view text)
 /// How a refused value is shown: clipped, and never with what may hold a password.
 QString described(const QVariant& value, bool isSecret)
 {
+    if (value.type() == QVariant::StringList)
+        return QStringLiteral("[%1]").arg(value.toStringList().join(QStringLiteral(", ")).left(60));
     if (value.type() != QVariant::String)
         return value.toString();
     if (isSecret)
@@ -47,6 +50,19 @@ QString unknownKey(const QString& name)
 QString notWanted(const SettingsKey& key, const QString& got)
 {
     return QStringLiteral("%1: wanted %2, got %3").arg(key.name, key.wanted, got);
+}
+
+/// The texts of a list; nothing when it holds anything else.
+std::optional<QStringList> texts(const toml::array& list)
+{
+    QStringList result;
+    for (const toml::node& item : list) {
+        const auto* text = item.as_string();
+        if (!text)
+            return std::nullopt;
+        result.append(fromUtf8(text->get()));
+    }
+    return result;
 }
 
 /// Gathers the values of one load. Lives on the stack of SettingsLoader::load.
@@ -122,6 +138,8 @@ void Reading::readNode(const toml::node& node, const QString& name, const QStrin
         store(*key, fraction->get(), where);
     } else if (const auto* truth = node.as_boolean()) {
         store(*key, truth->get(), where);
+    } else if (const auto list = node.is_array() ? texts(*node.as_array()) : std::nullopt) {
+        store(*key, *list, where);
     } else {
         std::ostringstream type;
         type << node.type();
@@ -160,6 +178,8 @@ void Reading::apply(const SettingsOverride& given)
     } else if (key->kind == SettingsKey::Kind::Boolean) {
         if (given.value == QLatin1String("true") || given.value == QLatin1String("false"))
             value = given.value == QLatin1String("true");
+    } else if (key->kind == SettingsKey::Kind::TextList) {
+        value = given.value.split(',', Qt::SkipEmptyParts);
     }
     store(*key, value, given.origin);
 }

@@ -65,6 +65,13 @@ TEST(WebAssetsTest, ServesTheFilesOfAFolderAsTheyStandNow)
         EXPECT_EQ(answer.body.find("secret"), std::string::npos) << row.target;
     }
     EXPECT_EQ(world.post("/app.js", "").status, 405);
+    for (const std::string& target :
+         {std::string("/app.js\0.html", 13), std::string("../outside.js"),
+          std::string("http://evil.example/../outside.js")}) {
+        const std::string status =
+            world.statusOf("GET " + target + " HTTP/1.1\r\nHost: localhost\r\n\r\n");
+        EXPECT_TRUE(status == "400" || status == "404") << target << ": " << status;
+    }
 
     const auto first = world.get("/app.js");
     const std::string tag = first.header("ETag");

@@ -7,7 +7,9 @@
 #include <kelo/CMListRowsNode.h>
 #include <kelo/HttpCallLog.h>
 #include <QJsonArray>
+#include <sys/socket.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -247,6 +249,32 @@ TEST(WebEventsTest, TheThirtyThirdClientIsRefusedAndStoppingEndsAll)
     world.server.stop();
     for (const auto& follower : followers)
         EXPECT_EQ(follower->waitForEnd(), 200);
+}
+
+TEST(WebEventsTest, AClientThatReadsNothingIsDroppedAndOthersGoOn)
+{
+    WebWorld world;
+    std::promise<void> closed;
+    CMSubscribe* subscribe = world.worker->subscription();
+    QObject::connect(
+        subscribe, &CMSubscribe::rowsPathRemoved, world.worker, [&] { closed.set_value(); },
+        Qt::DirectConnection);
+    Follower other(world.server.port(), "");
+    other.waitForId();
+    const std::string path = "/web/list%3Fa%3D" + std::string(4000, 'x');
+    const int socket =
+        world.connectTo("GET /api/v1/events?path=" + path + " HTTP/1.1\r\nHost: localhost\r\n\r\n");
+    char first = 0;
+    ASSERT_EQ(::recv(socket, &first, 1, 0), 1);
+    for (int i = 0; i < 5000; ++i)
+        subscribe->rowsChanged(CMPath(QStringLiteral("/web/list")), CMSubscribe::RowsChangeReset(),
+                               i);
+    world.player.notify({{QStringLiteral("state"), QStringLiteral("playing")}});
+    other.waitFor("playing");
+    closed.get_future().wait();
+    ::close(socket);
+    EXPECT_NE(world.get("/metrics").body.find("kelo_event_clients_dropped_total 1\n"),
+              std::string::npos);
 }
 
 TEST(WebEventsTest, AClientThatDoesNotKeepUpIsDroppedAndStatesDoNotPileUp)

@@ -168,17 +168,25 @@ WebWorld::Answer WebWorld::post(const std::string& target, const std::string& bo
     return call(request);
 }
 
-std::string WebWorld::statusOf(const std::string& bytes) const
+int WebWorld::connectTo(const std::string& bytes) const
 {
     const int socket = ::socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address = {};
     address.sin_family = AF_INET;
     address.sin_port = htons(uint16_t(server.port()));
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    const bool isSent =
+        ::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
+        ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL) == ssize_t(bytes.size());
+    EXPECT_TRUE(isSent);
+    return socket;
+}
+
+std::string WebWorld::statusOf(const std::string& bytes) const
+{
+    const int socket = connectTo(bytes);
     char answer[13] = {};
-    if (::connect(socket, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0 &&
-        ::send(socket, bytes.data(), bytes.size(), MSG_NOSIGNAL) == ssize_t(bytes.size()))
-        (void)!::recv(socket, answer, 12, MSG_WAITALL);
+    (void)!::recv(socket, answer, 12, MSG_WAITALL);
     ::close(socket);
     return std::string(answer).substr(std::min<size_t>(9, std::string(answer).size()));
 }

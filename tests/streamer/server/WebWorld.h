@@ -111,6 +111,8 @@ public:
     Answer call(httplib::Request request) const;
     Answer set(const QByteArray& body) const { return post("/api/v1/set", body.toStdString()); }
 
+    /// A socket on which the bytes were sent.
+    int connectTo(const std::string& bytes) const;
     /// Sends bytes as they are and returns the status of the answer as text.
     std::string statusOf(const std::string& bytes) const;
 

@@ -64,7 +64,9 @@ std::optional<HttpReply> OriginGuard::check(const httplib::Request& request) con
     if (request.get_header_value_count("Host") != 1 || !isOwnHost(host))
         return HttpReply::problem(403, QStringLiteral("the Host header names another server"));
     if (request.has_header("Origin")) {
-        if (request.get_header_value("Origin") != "http://" + host)
+        // The same name and port speaks one protocol, so "https" is our own page behind a proxy.
+        const std::string origin = request.get_header_value("Origin");
+        if (origin != "http://" + host && origin != "https://" + host)
             return HttpReply::problem(403, QStringLiteral("the page comes from another origin"));
         if (isChanging(request.method) && request.get_header_value(sessionHeader()) != m_token) {
             return HttpReply::problem(
