@@ -131,6 +131,7 @@ void PlayerEngine::stop(const Reply& reply)
 void PlayerEngine::halt(qint64 resumeMs)
 {
     endChain();
+    m_item.durationMs = durationMs(); // the output forgets it
     m_output->stop();
     m_next = PlayItem();
     m_state = State::Stopped;

@@ -82,6 +82,7 @@ void PlayerEngine::refuse(const QString& text)
 void PlayerEngine::resolve()
 {
     if (m_chain.purpose == Purpose::Start) {
+        m_item.durationMs = durationMs(); // the output forgets it
         m_output->stop();
         m_next = PlayItem();
         if (!m_chain.isSameItem)
@@ -102,6 +103,8 @@ void PlayerEngine::onResolved(const ItemResolver::Result& result)
         return onItemFailed(QStringLiteral("the service gave no address"));
     if (m_chain.offsetMs > 0)
         item.startMs = m_chain.offsetMs;
+    if (m_chain.isSameItem && item.durationMs == 0)
+        item.durationMs = m_item.durationMs;
     item.isRetry = m_chain.isRetry;
     const Chain chain = m_chain;
     endChain();
