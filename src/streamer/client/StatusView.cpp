@@ -2,6 +2,7 @@
 
 #include "client/DisplayText.h"
 #include "client/PathText.h"
+#include "TrackTitle.h"
 
 namespace cli {
 
@@ -10,18 +11,6 @@ namespace {
 QString joined(const QString& a, const QString& separator, const QString& b)
 {
     return a.isEmpty() || b.isEmpty() ? a + b : a + separator + b;
-}
-
-/// \p title without the artist that rows of tracks end in, since the artist is shown beside it.
-QString withoutArtist(const QString& title, const QString& artist)
-{
-    const QString separator = QStringLiteral(" - ");
-    for (const QString& name : QStringList{artist} + artist.split(QStringLiteral(", "))) {
-        const QString end = separator + name;
-        if (!name.isEmpty() && title.size() > end.size() && title.endsWith(end))
-            return title.chopped(end.size());
-    }
-    return title;
 }
 
 } // namespace
@@ -36,7 +25,7 @@ StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_
     };
     m_state = text(player, "state");
     m_artist = text(player, "artist");
-    m_title = withoutArtist(text(player, "title"), m_artist);
+    m_title = titleWithoutArtist(text(player, "title"), m_artist);
     m_album = text(player, "album");
     m_path = text(player, "path");
     m_note = text(player, "note");
