@@ -1,5 +1,7 @@
 #include "Streamer.h"
 
+#include "mpris/MprisService.h"
+#include "mpris/SessionBus.h"
 #include "oauth2/OAuth2Worker.h"
 #include "oauth2/TreeLogin.h"
 #include "player/Player.h"
@@ -44,11 +46,14 @@ bool Streamer::start(QString* error)
 {
     const bool isStarted = makeStateFolder(error) && startDemo(error) && startWorkers(error) &&
                            startPlayer(error) && startModule(error) && startWeb(error);
-    if (!isStarted)
+    if (!isStarted) {
         stop();
-    else if (m_options.isDemo)
+        return false;
+    }
+    startMpris();
+    if (m_options.isDemo)
         logInToDemo();
-    return isStarted;
+    return true;
 }
 
 /// So that whoever reads the address finds the tree open. A login that does not come to an end in
@@ -70,6 +75,7 @@ void Streamer::logInToDemo()
 
 void Streamer::stop()
 {
+    m_mpris.reset();
     if (m_web)
         m_web->stop();
     m_web.reset();
@@ -164,4 +170,12 @@ bool Streamer::startWeb(QString* error)
     }
     m_web = std::make_unique<WebServer>(options, *m_player, *m_login);
     return m_web->start(error);
+}
+
+void Streamer::startMpris()
+{
+    if (!m_settings.player.mpris)
+        return;
+    m_mpris = std::make_unique<MprisService>(*m_player);
+    m_mpris->start(sessionBusAddress());
 }

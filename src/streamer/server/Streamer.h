@@ -7,6 +7,7 @@
 #include <kelo/CMWorkerThread.h>
 #include <memory>
 
+class MprisService;
 class Player;
 class TreeLogin;
 class WebServer;
@@ -32,6 +33,7 @@ private:
     bool startPlayer(QString* error);
     bool startModule(QString* error);
     bool startWeb(QString* error);
+    void startMpris();
     void logInToDemo();
     QVariantHash moduleSettings() const;
 
@@ -46,4 +48,5 @@ private:
     std::unique_ptr<TreeLogin> m_login;
     ModuleLoader m_module;
     std::unique_ptr<WebServer> m_web;
+    std::unique_ptr<MprisService> m_mpris; ///< null unless it is wanted
 };

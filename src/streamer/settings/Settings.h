@@ -34,6 +34,7 @@ struct DeadlineSettings
 struct PlayerSettings
 {
     QString output = QStringLiteral("auto"); ///< auto, null or a GStreamer sink description
+    bool mpris = true;                       ///< offered on the session bus, where there is one
 };
 
 struct OAuth2Settings

@@ -220,6 +220,8 @@ std::vector<SettingsKey> makeKeys()
                 [](auto& s) -> auto& { return s.deadlines.setSeconds; }),
         text("player.output", "Where the sound goes; null plays in real time to nowhere.",
              [](auto& s) -> auto& { return s.player.output; }, notEmpty),
+        boolean("player.mpris", "Whether media keys and desktop panels may drive the player.",
+                [](auto& s) -> auto& { return s.player.mpris; }),
         text("tidal.api_url", "The address of the service's web API.",
              [](auto& s) -> auto& { return s.tidal.apiUrl; }, withoutSlash),
         text("tidal.country_code", "The country whose catalogue is asked for.",
