@@ -57,6 +57,7 @@ data_s = 3
 set_s = 4.5
 [player]
 output = "null"
+mpris = false
 [tidal]
 api_url = "http://127.0.0.1:9000/v1/"
 country_code = "DE"
