@@ -3,11 +3,12 @@
 PRESET ?= dev
 JOBS ?= $(shell nproc)
 
-.PHONY: help run tidy test build release asan tsan fuzz bench format clean
+.PHONY: help run tidy test build release install asan tsan fuzz bench format clean
 
 help:
 	@echo "make run     build, and play music from the simulated service"
 	@echo "make test    build and pass every test (PRESET=asan or tsan: under a sanitizer)"
+	@echo "make install build, and install below PREFIX (/usr/local); DESTDIR stages for a package"
 	@echo "make bench   measure, by instruction count"
 	@echo "make fuzz    run each fuzzer for FUZZ_SECONDS (default 30)"
 	@echo "make tidy    clang-tidy over all sources"
@@ -23,6 +24,10 @@ build: packages
 
 release:
 	@$(MAKE) --no-print-directory build PRESET=release
+
+PREFIX ?= /usr/local
+install: release
+	@DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
 
 run: release
 	@scripts/run-demo build/release/bin
