@@ -36,9 +36,12 @@ TEST(CommandLine, ExitStatusTellsWhatWentWrong)
         {{"stop"}, 1, "status 500"},
         {{"pause"}, 1, "no JSON document"},
         {{}, 2, "kelo --help"},
-        {{"dance"}, 2, "dance"},
-        {{"rows"}, 2, "PATH"},
-        {{"rows", "/", "--from", "x"}, 2, "--from"},
+        {{"dance"}, 2, "there is no command \"dance\" (see kelo --help)"},
+        {{"sarch", "x"}, 2, "did you mean \"search\"?"},
+        {{"rows", "--form", "3", "/x"}, 2, "no option \"--form\", did you mean \"--from\"?"},
+        {{"stop", "now\033"}, 2, "\"now\\x1b\" is too much (see kelo stop --help)"},
+        {{"rows"}, 2, "PATH is missing"},
+        {{"rows", "/", "--from", "x"}, 2, "--from: wanted a number, got \"x\""},
         {{"search", "x", "--in", "films"}, 2, "films"},
         {{"volume", "101"}, 2, "101"},
         {{"seek", "soon"}, 2, "1:30"},
@@ -158,6 +161,8 @@ TEST(RowsCommand, FitsTheWidthAndNeverCutsPaths)
         {200, R"({"path":"/tidal","from":0,"rowsCount":1,"roles":{},"rows":[{"Title":")" +
                   longText + R"(","Description":")" + longText + R"(","Path":")" + path +
                   R"("}]})"});
+    EXPECT_THAT(streamer.run({"rows", "/tidal"}, {cli::Terminal::unlimited, false, false}).out,
+                HasSubstr("  " + longText + "  " + longText + "  " + path + "\n"));
     for (const int width : {40, 80, 120, 240}) {
         const auto run = streamer.run({"rows", "/tidal"}, {width, false, false});
         EXPECT_THAT(run.out, HasSubstr(path));
@@ -304,7 +309,8 @@ TEST(StatusCommand, ShowsWhatPlays)
         "volume":40})"});
     EXPECT_EQ(streamer.run({"status"}, {31, false, false}).out,
               "playing  So \\x1bWhat\n  Miles · Blue\n  ━━━━━━━━────────  1:05 / 2:10\n"
-              "  quality  HI_RES asked, HIGH …\n  volume   40 %\n  note     skipped 1\n  path     '/t?id=1'\n");
+              "  quality  HI_RES asked, HIGH …\n  volume   40 %\n  note     skipped 1\n  path     "
+              "'/t?id=1'\n");
     streamer.answer("GET /api/v1/player", {200, R"({"state":"stopped"})"});
     EXPECT_EQ(streamer.run({"status"}).out, "stopped\n");
 }
@@ -413,7 +419,7 @@ TEST(DoctorCommand, FailsOnWhatKeepsItFromPlaying)
     const auto good = streamer.run({"doctor", "--state-dir", state});
     EXPECT_EQ(good.status, 0) << good.out;
     EXPECT_THAT(good.out, HasSubstr("GStreamer 1."));
-    EXPECT_THAT(good.out, HasSubstr("ok    login     logged in"));
+    EXPECT_THAT(good.out, HasSubstr("ok    login      logged in"));
     EXPECT_THAT(good.out, HasSubstr("warn  ready "));
     EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
 
@@ -423,7 +429,7 @@ TEST(DoctorCommand, FailsOnWhatKeepsItFromPlaying)
         streamer.run({"doctor", "--state-dir", file.fileName().toStdString() + "/state", "--server",
                       "http://127.0.0.1:1"});
     EXPECT_EQ(bad.status, 1);
-    EXPECT_THAT(bad.out, HasSubstr("FAIL  streamer  no streamer reachable"));
+    EXPECT_THAT(bad.out, HasSubstr("FAIL  streamer   no streamer reachable"));
     EXPECT_THAT(bad.out, HasSubstr("FAIL  state "));
 }
 

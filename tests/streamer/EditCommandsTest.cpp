@@ -213,7 +213,7 @@ TEST_F(EditCommands, refuseBeforeAnythingIsSent)
         {{"playlist", "remove", "p1", "2"}, 1, "there is no row 2, the last one is 1"},
         {{"playlist", "remove", "p1", "-1"}, 2, "-1"},
         {{"playlist", "move", "p1", "1"}, 2, "TO"},
-        {{"playlist"}, 2, "subcommand"},
+        {{"playlist"}, 2, "create, rename"},
         {{"favorite", second, "maybe"}, 2, "maybe"},
         {{"favorite", "/t/req/nothing"}, 1, "no such node"},
         {{"menu", second, "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},

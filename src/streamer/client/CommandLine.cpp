@@ -10,6 +10,7 @@
 #include "client/RowsCommand.h"
 #include "client/SearchCommand.h"
 #include "client/TreeCommand.h"
+#include "client/UsageError.h"
 #include "client/WatchCommand.h"
 #include "settings/StateDirectory.h"
 
@@ -37,7 +38,7 @@ CommandLine::CommandLine(Surroundings surroundings)
 {
     m_values.server =
         qEnvironmentVariable("KELO_SERVER", QStringLiteral("http://127.0.0.1:8095")).toStdString();
-    m_app->formatter(std::make_shared<HelpFormatter>(m_terminal.width()));
+    m_app->formatter(std::make_shared<HelpFormatter>(m_terminal));
     m_app->set_help_flag("-h,--help", "Print this help");
     m_app->set_version_flag("--version", "kelo " KELO_VERSION, "Print the version");
     m_app->require_subcommand(0, 1); // none at all gets a message of its own
@@ -332,8 +333,7 @@ int CommandLine::run(std::vector<std::string> arguments)
         m_app->exit(wish, m_around.out, m_around.err);
         return ExitDone;
     } catch (const CLI::ParseError& error) {
-        m_terminal.error(QStringLiteral("kelo: %1 (see kelo --help)")
-                             .arg(shown(QString::fromStdString(error.what()))));
+        m_terminal.error(QStringLiteral("kelo: ") + shown(usageMessage(*m_app, error)));
         return ExitUsage;
     }
     if (!m_chosen) {

@@ -34,6 +34,7 @@ int ConfigCommand::run(Terminal& terminal) const
         terminal.line(QString::fromUtf8(printableJson(text.trimmed())));
         return ExitDone;
     }
+    const int valueWidth = qMin(widestValue, 44);
     QString section;
     for (const SettingsKey& key : settingsKeys()) {
         if (key.section() != section) {
@@ -44,10 +45,14 @@ int ConfigCommand::run(Terminal& terminal) const
         const QString text = value.isString()
                                  ? shown(QString::fromUtf8(jsonString(value.toString())))
                                  : valueText(value);
-        terminal.line(padded(key.word(), widestWord) + QStringLiteral(" = ") +
-                      padded(text, qMin(widestValue, 44)) +
-                      terminal.styled(QStringLiteral("  # ") + shown(loaded.origin(key.name)),
-                                      Terminal::Style::Dim));
+        const QString setting =
+            padded(key.word(), widestWord) + QStringLiteral(" = ") + padded(text, valueWidth);
+        const QString origin = QStringLiteral("  # ") + shown(loaded.origin(key.name));
+        // What is only the default gives way where there is no room for it.
+        const bool isLeftOut = !loaded.origins.contains(key.name) &&
+                               columns(setting) + columns(origin) > terminal.width();
+        terminal.line(setting +
+                      (isLeftOut ? QString() : terminal.styled(origin, Terminal::Style::Dim)));
     }
     return ExitDone;
 }

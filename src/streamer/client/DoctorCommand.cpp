@@ -128,10 +128,16 @@ void DoctorCommand::print(Terminal& terminal) const
         const char* word;
         Style style;
     } looks[] = {{"ok  ", Style::Good}, {"warn", Style::Warning}, {"FAIL", Style::Bad}};
+    constexpr int nameWidth = 11;
     for (const Check& check : m_checks) {
         const auto& look = looks[static_cast<int>(check.result)];
-        terminal.line(terminal.styled(QString::fromLatin1(look.word), look.style) +
-                      QStringLiteral("  ") + check.name.leftJustified(10) + shown(check.detail));
+        QString before = terminal.styled(QString::fromLatin1(look.word), look.style) +
+                         QStringLiteral("  ") + check.name.leftJustified(nameWidth);
+        const int indent = 4 + 2 + nameWidth;
+        for (const QString& line : wrapped(shown(check.detail), terminal.width() - indent)) {
+            terminal.line(before + line);
+            before = QString(indent, ' ');
+        }
     }
 }
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int leastWidth = 40;
 constexpr int mostWidth = 100;
+constexpr int usualWidth = 80;
 constexpr int leastTextWidth = 20;
 
 using Entries = QVector<QPair<QString, QString>>;
@@ -38,7 +39,10 @@ Entries entriesOf(const QVector<ShapeOption>& options)
 
 } // namespace
 
-HelpFormatter::HelpFormatter(int width) : m_width(qBound(leastWidth, width, mostWidth)) {}
+HelpFormatter::HelpFormatter(const Terminal& terminal)
+    : m_width(terminal.hasWidth() ? qBound(leastWidth, terminal.width(), mostWidth) : usualWidth)
+{
+}
 
 std::string HelpFormatter::make_help(const CLI::App* app, std::string name,
                                      CLI::AppFormatMode) const

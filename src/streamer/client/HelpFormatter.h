@@ -1,5 +1,7 @@
 #pragma once
 
+#include "client/Terminal.h"
+
 #include <CLI/CLI.hpp>
 
 namespace cli {
@@ -10,8 +12,8 @@ namespace cli {
 class HelpFormatter : public CLI::Formatter
 {
 public:
-    /// \p width is in columns; very wide terminals get lines that can still be read.
-    explicit HelpFormatter(int width);
+    /// Very wide terminals get lines that can still be read, pipes 80 columns.
+    explicit HelpFormatter(const Terminal& terminal);
 
     std::string make_help(const CLI::App* app, std::string name,
                           CLI::AppFormatMode mode) const override;

@@ -13,6 +13,8 @@ namespace {
 constexpr int gap = 2;
 /// Narrower than this for title and description, and paths go below.
 constexpr int leastTextWidth = 32;
+/// Where nothing is cut, longer texts than this move what stands behind them.
+constexpr int mostAligned = 60;
 
 QString roleText(const QJsonObject& row, const char* role)
 {
@@ -104,6 +106,11 @@ void RowsTable::measure()
         m_descriptionWidth = qMax(m_descriptionWidth, columns(row.description));
         widestPath = qMax(widestPath, columns(row.path));
     }
+    if (!m_terminal.hasWidth()) {
+        m_titleWidth = qMin(m_titleWidth, mostAligned);
+        m_descriptionWidth = qMin(m_descriptionWidth, mostAligned);
+        return;
+    }
     const int before = m_numberWidth + gap + 1 + 1; // number, gap, mark, blank
     const int between = m_descriptionWidth > 0 ? gap : 0;
     const int wanted = m_titleWidth + between + m_descriptionWidth;
@@ -133,12 +140,13 @@ QStringList RowsTable::drawn(const Row& row) const
 {
     using Style = Terminal::Style;
     const QString number = QString(m_numberWidth - columns(row.number), ' ') + row.number;
-    const QString title = padded(cut(row.title, m_titleWidth), m_titleWidth);
+    const auto fitted = [this](const QString& text, int width) {
+        return padded(m_terminal.hasWidth() ? cut(text, width) : text, width);
+    };
+    const QString title = fitted(row.title, m_titleWidth);
     const QString description =
-        m_descriptionWidth > 0
-            ? QString(gap, ' ') +
-                  padded(cut(row.description, m_descriptionWidth), m_descriptionWidth)
-            : QString();
+        m_descriptionWidth > 0 ? QString(gap, ' ') + fitted(row.description, m_descriptionWidth)
+                               : QString();
     const Style titleStyle = row.isHeader     ? Style::Bold
                              : row.isDisabled ? Style::Dim
                                               : Style::Plain;

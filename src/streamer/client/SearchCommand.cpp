@@ -107,10 +107,16 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
             reply.document.value(QLatin1String("rowsCount")).toVariant().toLongLong();
         if (word != kinds().first())
             terminal.line();
+        if (rowPath(reply.document.value(QLatin1String("rows")).toArray().at(0)).isEmpty()) {
+            terminal.line(terminal.styled(word, Terminal::Style::Bold) +
+                          terminal.styled(QStringLiteral("  nothing found"), Terminal::Style::Dim));
+            continue;
+        }
+        const QString found = QStringLiteral("  %1 found, all:").arg(count);
+        const QString all = QStringLiteral("kelo rows ") + shellWord(shown(lists.value(word)));
+        const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
         terminal.line(terminal.styled(word, Terminal::Style::Bold) +
-                      terminal.styled(QStringLiteral("  %1 found, all: kelo rows %2")
-                                          .arg(count)
-                                          .arg(shellWord(shown(lists.value(word)))),
+                      terminal.styled(found + QLatin1String(fits ? " " : "\n  ") + all,
                                       Terminal::Style::Dim));
         for (const QString& line : RowsTable(terminal, reply.document, rowsOfEach).lines())
             terminal.line(line);

@@ -1,5 +1,7 @@
 #include "client/Terminal.h"
 
+#include "client/DisplayText.h"
+
 #include <ostream>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -22,8 +24,9 @@ Terminal::Properties Terminal::ofStdout()
     const int wished = qEnvironmentVariableIntValue("COLUMNS", &isNumber);
     if (isNumber && wished > 0)
         result.width = wished;
-    else if (result.isInteractive && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 &&
-             size.ws_col > 0)
+    else if (!result.isInteractive)
+        result.width = unlimited;
+    else if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
         result.width = size.ws_col;
     return result;
 }
@@ -35,7 +38,8 @@ void Terminal::line(const QString& text)
 
 void Terminal::error(const QString& text)
 {
-    m_err << text.toStdString() << '\n' << std::flush;
+    const QStringList lines = isInteractive() ? wrapped(text, width()) : QStringList{text};
+    m_err << lines.join('\n').toStdString() << '\n' << std::flush;
 }
 
 void Terminal::redraw(const QStringList& lines)

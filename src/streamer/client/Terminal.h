@@ -14,6 +14,9 @@ class Terminal
 public:
     enum class Style { Plain, Bold, Dim, Good, Warning, Bad, Accent };
 
+    /// The width where nothing is to be cut: what reads a pipe has no columns.
+    static constexpr int unlimited = 1 << 24;
+
     struct Properties
     {
         int width = 80;
@@ -23,15 +26,18 @@ public:
 
     Terminal(std::ostream& out, std::ostream& err, Properties properties);
 
-    /// What stdout is: its width (80 when unknown), and colours unless NO_COLOR is set.
+    /// What stdout is: the width that COLUMNS says, else the terminal's (80 when unknown), of a
+    /// pipe unlimited; and colours unless NO_COLOR is set.
     static Properties ofStdout();
 
     int width() const { return m_properties.width; }
+    bool hasWidth() const { return m_properties.width < unlimited; }
     bool isInteractive() const { return m_properties.isInteractive; }
     bool hasColours() const { return m_properties.hasColours; }
 
     /// Prints one line and flushes, so that a reader at the other end of a pipe follows.
     void line(const QString& text = QString());
+    /// Prints a message, broken between words where a person looks at it.
     void error(const QString& text);
     /// Draws \p lines over the block that the last call drew; just prints them when nobody looks.
     void redraw(const QStringList& lines);
