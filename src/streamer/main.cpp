@@ -15,6 +15,12 @@ void endOnInterrupt()
     std::signal(SIGINT, [](int) { _exit(cli::ExitDone); });
 }
 
+bool waitToRetry()
+{
+    sleep(1);
+    return true;
+}
+
 /// A signal, since a name that does not resolve or a streamer that drips holds a call up anywhere.
 void endSoon()
 {
@@ -38,7 +44,7 @@ int serve(const ServeOptions& options, const Settings& settings)
 
 int main(int argc, char** argv)
 {
-    cli::CommandLine commandLine(
-        {std::cout, std::cerr, cli::Terminal::ofStdout(), serve, endOnInterrupt, endSoon});
+    cli::CommandLine commandLine({std::cout, std::cerr, cli::Terminal::ofStdout(), serve,
+                                  endOnInterrupt, waitToRetry, endSoon});
     return commandLine.run(std::vector<std::string>(argv + 1, argv + argc));
 }

@@ -48,6 +48,42 @@ TEST(RowsCommand, FollowPrintsThePageAgainAfterEachChange)
     EXPECT_THAT(streamer.calls(), testing::ElementsAre(eventsOfA, rows, rows, rows));
 }
 
+TEST(RowsCommand, FollowWaitsForAStreamerThatGoesAwayAndForALogin)
+{
+    ScriptedStreamer streamer;
+    const std::string rows = "GET /api/v1/rows?path=%2Fa&from=0&to=49";
+    streamer.answer(eventsOfA, stream("event: login\ndata: {\"loggedIn\":true}\n\n"
+                                      "event: login\ndata: {\"loggedIn\":true}\n\n"));
+    std::ostringstream out;
+    std::ostringstream err;
+    int waits = 0;
+    cli::CommandLine commandLine(
+        {out, err, {}, nullptr, nullptr, [&waits] { return ++waits < 2; }});
+    commandLine.run({"--server", streamer.address(), "rows", "/a", "--follow"});
+    const std::string gone =
+        "kelo: the streamer at " + streamer.address() + " is gone; waiting for it (Ctrl-C ends)\n";
+    const std::string missing = "kelo: no such node\n";
+    EXPECT_EQ(err.str(), missing + missing + gone + "kelo: the streamer is back\n" + missing +
+                             missing + missing + gone);
+    EXPECT_THAT(streamer.calls(),
+                testing::ElementsAre(eventsOfA, rows, rows, eventsOfA, rows, rows, rows));
+}
+
+TEST(Terminal, DrawsOverWhatItDrewHoweverLongAndNoMoreThanFits)
+{
+    std::ostringstream out;
+    cli::Terminal terminal(out, out, {10, true, true, 6});
+    terminal.redraw(
+        {QStringLiteral("\033[2m") + QString(15, 'a') + QStringLiteral("\033[0m"), "b"});
+    out.str("");
+    terminal.redraw({"1", "2", "3", "4", "5"}, "end");
+    EXPECT_EQ(out.str(), "\033[3A\033[J1\n2\n3\n\033[2m... 2 more lines\033[0m\nend\n");
+    terminal.keep();
+    out.str("");
+    terminal.redraw({"x"});
+    EXPECT_EQ(out.str(), "x\n");
+}
+
 TEST(StatusCommand, FollowPrintsALineForEachChangeAndDrawsInPlaceForPeople)
 {
     ScriptedStreamer streamer;

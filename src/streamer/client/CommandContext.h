@@ -27,6 +27,8 @@ struct CommandContext
     ApiClient& api;
     Terminal& terminal;
     bool isJson = false;
+    /// Waits until a streamer that has gone away is tried again; false when it is not to be.
+    std::function<bool()> waitToRetry = {};
 
     /// Prints what went wrong and gives the exit status for it; 0 and nothing printed when nothing
     /// did.

@@ -321,7 +321,7 @@ int CommandLine::runClient(const Command& command)
     if (m_values.isFollowing && m_around.endOnInterrupt)
         m_around.endOnInterrupt();
     ApiClient api(server);
-    return command(CommandContext{api, m_terminal, m_values.isJson});
+    return command(CommandContext{api, m_terminal, m_values.isJson, m_around.waitToRetry});
 }
 
 int CommandLine::run(std::vector<std::string> arguments)

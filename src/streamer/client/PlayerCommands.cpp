@@ -1,5 +1,6 @@
 #include "client/PlayerCommands.h"
 
+#include "client/Following.h"
 #include "client/StatusView.h"
 
 #include <QJsonDocument>
@@ -106,7 +107,7 @@ int StatusCommand::follow(const CommandContext& context) const
             terminal.line(view.oneLine());
         last = view.fingerprint();
     };
-    const ApiReply stream = context.api.events({}, nullptr, [&](const ServerEvent& event) {
+    const ApiReply stream = cli::follow(context, {}, nullptr, [&](const ServerEvent& event) {
         if (event.name == "player")
             print(event.data);
         return true;

@@ -1,10 +1,14 @@
 #include "client/RowsCommand.h"
 
 #include "client/DisplayText.h"
+#include "client/Following.h"
 #include "client/RowsTable.h"
+#include "client/WatchCommand.h"
 
 #include <algorithm>
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QTime>
 
 namespace cli {
 
@@ -23,32 +27,33 @@ int RowsCommand::run(const CommandContext& context) const
 {
     if (isFollowing)
         return follow(context);
-    return context.finish(print(context));
+    QStringList lines;
+    const ApiReply reply = read(context, lines);
+    if (context.isJson)
+        return context.printJson(reply);
+    for (const QString& line : lines)
+        context.terminal.line(line);
+    return context.finish(reply);
 }
 
-ApiReply RowsCommand::print(const CommandContext& context) const
+ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) const
 {
     const ApiReply reply = fetch(context.api, path, from, to, roles);
-    if (!reply.isDone())
+    if (!reply.isDone() || context.isJson)
         return reply;
-    if (context.isJson) {
-        context.printJson(reply.body);
-        return reply;
-    }
     const QJsonObject page = withValues(context.api, reply.document);
     const int got = page.value(QLatin1String("rows")).toArray().size();
     const qint64 first = page.value(QLatin1String("from")).toVariant().toLongLong();
     const qint64 all = page.value(QLatin1String("rowsCount")).toVariant().toLongLong();
     const QString range =
         got == 0 ? QString() : QStringLiteral(", here %1 to %2").arg(first).arg(first + got - 1);
-    Terminal& terminal = context.terminal;
+    const Terminal& terminal = context.terminal;
     const QString count = QStringLiteral("  %1 rows%2").arg(all).arg(got < all ? range : QString());
-    terminal.line(
+    lines.append(
         terminal.styled(cut(RowsTable::heading(page), qMax(8, terminal.width() - columns(count))),
                         Terminal::Style::Bold) +
         terminal.styled(count, Terminal::Style::Dim));
-    for (const QString& line : RowsTable(terminal, page).lines())
-        terminal.line(line);
+    lines += RowsTable(terminal, page).lines();
     return reply;
 }
 
@@ -77,28 +82,53 @@ QJsonObject RowsCommand::withValues(ApiClient& api, QJsonObject page) const
     return page;
 }
 
-/// The path is opened before the first page is read, so that no change in between is missed.
+/// The path is opened before the first page is read, so that no change in between is missed. Rows
+/// that cannot be had now may come back, at the next login for one.
 int RowsCommand::follow(const CommandContext& context) const
 {
-    ApiReply last;
-    const auto printAgain = [&] {
-        last = print(context);
-        if (last.outcome == ApiReply::Outcome::Refused)
-            context.finish(last); // the rows may come back, at the next login for one
-        return last.outcome != ApiReply::Outcome::Unreachable;
+    Terminal& terminal = context.terminal;
+    bool hasPrinted = false;
+    bool isDone = false; ///< the last page was read
+    QJsonValue loggedIn;
+    const auto show = [&](const QString& change) {
+        QStringList lines;
+        const ApiReply reply = read(context, lines);
+        if (reply.outcome == ApiReply::Outcome::Unreachable)
+            return; // the stream ends as well, and says so
+        isDone = reply.isDone();
+        if (context.isJson) {
+            context.printJson(reply);
+        } else if (terminal.isInteractive()) {
+            if (!reply.isDone())
+                lines.append(terminal.styled(reply.message, Terminal::Style::Bad));
+            const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
+            terminal.redraw(
+                lines, terminal.styled(time + QStringLiteral("  ") + change, Terminal::Style::Dim));
+        } else {
+            if (hasPrinted)
+                terminal.line();
+            for (const QString& line : lines)
+                terminal.line(line);
+            context.finish(reply);
+        }
+        hasPrinted = true;
     };
-    bool isReachable = true;
-    const ApiReply stream = context.api.events(
-        {path}, [&] { isReachable = printAgain(); },
+    const ApiReply stream = cli::follow(
+        context, {path}, [&] { show(QStringLiteral("following, Ctrl-C ends")); },
         [&](const ServerEvent& event) {
-            if (isReachable && event.name == "rows") {
-                if (!context.isJson)
-                    context.terminal.line();
-                isReachable = printAgain();
+            const QJsonObject body = QJsonDocument::fromJson(event.data).object();
+            if (event.name == "rows")
+                show(WatchCommand::changeText(body.value(QLatin1String("change"))));
+            const QJsonValue now = body.value(QLatin1String("loggedIn"));
+            if (event.name == "login" && now.isBool()) {
+                const QJsonValue before = std::exchange(loggedIn, now);
+                // Nodes that wait for a login tell nobody when it comes.
+                if (before.isBool() && before != now && !isDone)
+                    show(QStringLiteral("login"));
             }
-            return isReachable;
+            return true;
         });
-    return context.finish(isReachable ? stream : last);
+    return context.finish(stream);
 }
 
 } // namespace cli

@@ -21,7 +21,8 @@ struct RowsCommand
                           const QString& roles = QString());
 
 private:
-    ApiReply print(const CommandContext& context) const;
+    /// Reads the page, and gives what to print of it: the document, or lines for people.
+    ApiReply read(const CommandContext& context, QStringList& lines) const;
     /// Adds the values to a page that shows settings or choices; as it was when they cannot be had.
     QJsonObject withValues(ApiClient& api, QJsonObject page) const;
     int follow(const CommandContext& context) const;

@@ -22,6 +22,7 @@ public:
         int width = 80;
         bool isInteractive = false; ///< a person looks at it: lines may be drawn over
         bool hasColours = false;
+        int height = 0; ///< 0: unknown
     };
 
     Terminal(std::ostream& out, std::ostream& err, Properties properties);
@@ -40,7 +41,8 @@ public:
     /// Prints a message, broken between words where a person looks at it.
     void error(const QString& text);
     /// Draws \p lines over the block that the last call drew; just prints them when nobody looks.
-    void redraw(const QStringList& lines);
+    /// Lines that the height has no room for are left out, with a line that says so; \p last stays.
+    void redraw(const QStringList& lines, const QString& last = QString());
     /// Leaves the drawn block as it is; the next redraw() starts a new one.
     void keep() { m_drawnLines = 0; }
 
@@ -51,6 +53,9 @@ private:
     std::ostream& m_out;
     std::ostream& m_err;
     const Properties m_properties;
+    /// Lines of the screen that \p text takes.
+    int heightOf(const QString& text) const;
+
     int m_drawnLines = 0; ///< lines above the cursor that redraw() may draw over
 };
 

@@ -1,6 +1,7 @@
 #include "client/WatchCommand.h"
 
 #include "client/DisplayText.h"
+#include "client/Following.h"
 #include "client/PathText.h"
 
 #include <QJsonArray>
@@ -22,7 +23,7 @@ QString WatchCommand::changeText(const QJsonValue& change)
 int WatchCommand::run(const CommandContext& context) const
 {
     const QStringList watched = paths.isEmpty() ? QStringList{topPath()} : paths;
-    const ApiReply stream = context.api.events(watched, nullptr, [&](const ServerEvent& event) {
+    const ApiReply stream = follow(context, watched, nullptr, [&](const ServerEvent& event) {
         if (event.name != "rows")
             return true;
         if (context.isJson) {

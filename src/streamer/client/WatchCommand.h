@@ -6,8 +6,8 @@
 
 namespace cli {
 
-/// `kelo watch`: keeps paths open and prints each change notice as one line. Ends with the stream.
-/// Made for one run, used on the main thread. It reads no rows.
+/// `kelo watch`: keeps paths open and prints each change notice as one line. Waits for
+/// a streamer that goes away. Made for one run, used on the main thread. It reads no rows.
 struct WatchCommand
 {
     QStringList paths; ///< empty: topPath()

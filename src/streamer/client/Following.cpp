@@ -1,0 +1,43 @@
+#include "client/Following.h"
+
+namespace cli {
+
+ApiReply follow(const CommandContext& context, const QStringList& paths,
+                const std::function<void()>& onOpen,
+                const std::function<bool(const ServerEvent&)>& onEvent)
+{
+    Terminal& terminal = context.terminal;
+    bool wasOpen = false;
+    bool isGone = false;
+    bool isEnough = false;
+    const auto tell = [&terminal](const QString& text) {
+        terminal.keep(); // what is drawn stays above the message
+        terminal.error(text);
+    };
+    for (;;) {
+        const ApiReply reply = context.api.events(
+            paths,
+            [&] {
+                if (isGone)
+                    tell(QStringLiteral("kelo: the streamer is back"));
+                wasOpen = true;
+                isGone = false;
+                if (onOpen)
+                    onOpen();
+            },
+            [&](const ServerEvent& event) {
+                isEnough = !onEvent(event);
+                return !isEnough;
+            });
+        if (isEnough || !wasOpen || !context.waitToRetry)
+            return reply;
+        if (!isGone)
+            tell(QStringLiteral("kelo: the streamer at %1 is gone; waiting for it (Ctrl-C ends)")
+                     .arg(context.api.server()));
+        isGone = true;
+        if (!context.waitToRetry())
+            return reply;
+    }
+}
+
+} // namespace cli
