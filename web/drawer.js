@@ -10,7 +10,7 @@ import { toast } from "./toast.js";
 const mostLines = 200;
 
 const timeText = (date) => date.toTimeString().slice(0, 8) + "." + String(date.getMilliseconds()).padStart(3, "0");
-const milliseconds = (time) => `${time.toFixed(time < 10 ? 1 : 0)} ms`;
+const milliseconds = (time) => (time < 1 ? "< 1 ms" : `${Math.round(time)} ms`);
 
 // The clipboard is there for secure pages alone; elsewhere the path is marked for the reader to copy.
 async function copy(text) {

@@ -123,7 +123,6 @@ export class LoginView extends EventTarget {
         el("figure", { class: "qr" }, el("img", { src: `api/v1/login/qr?code=${encodeURIComponent(userCode)}`, alt: t("QR code of the address") }), el("figcaption", {}, t("Or scan this with your phone."))),
       ),
       el("p", { class: "countdown" }, t("The code is good for"), " ", this.#time),
-      el("div", { class: "buttons" }, this.#button(t("Get a new code"), () => this.#ask(api.startLogin))),
     );
     this.#tick();
     this.#timer = setInterval(() => this.#tick(), 1000);
