@@ -176,6 +176,10 @@ TEST(DeviceLoginFormTest, AStartAfterTheEndOfACodeGetsANewOneForAllAlsoWhileAPol
     EXPECT_EQ(KeloOAuth2Info(first.value().toHash()).userCode(), "NEW");
     EXPECT_EQ(first.value(), second.value());
     EXPECT_FALSE(world.state().loggedIn());
+
+    world.clock.pass(302);
+    EXPECT_EQ(world.endpoint.posts.size(), 1u) << "the poll of the new code, which hangs too";
+    EXPECT_EQ(world.state().reason(), "network");
 }
 
 TEST(DeviceLoginFormTest, ASecondStartJoinsTheFirstAndLogoutDropsTheLateAnswer)
@@ -195,5 +199,6 @@ TEST(DeviceLoginFormTest, ASecondStartJoinsTheFirstAndLogoutDropsTheLateAnswer)
     world.answer(200, tokenAnswer);
     EXPECT_EQ(world.log, QStringList{"2 s: poll"});
     EXPECT_FALSE(world.state().isPending());
-    EXPECT_FALSE(world.clock.step());
+    world.clock.pass(400);
+    EXPECT_EQ(world.endpoint.count, 2) << "a code and a poll";
 }

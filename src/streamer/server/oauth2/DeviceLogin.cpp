@@ -6,6 +6,7 @@ constexpr qint64 usualIntervalS = 5; // RFC 8628 3.2
 constexpr qint64 slowDownS = 5;      // RFC 8628 3.5
 constexpr qint64 longestPauseS = 30;
 constexpr qint64 usualExpiryS = 300;
+constexpr qint64 lastAnswerMs = 2000; // behind the end of a code
 
 /// Services give the address without its scheme.
 QString withScheme(const QString& uri)
@@ -72,6 +73,9 @@ void DeviceLogin::onCode(const OAuth2Answer& answer)
     code.expiresInS = qMin(answer.number("expiresIn", "expires_in", usualExpiryS), qint64(86400));
     m_expiresAtMs = m_clock.steadyMs() + code.expiresInS * 1000;
     pollLater(m_intervalS);
+    // A poll that hangs does not keep a code on the screen that has ended.
+    m_clock.callLater(code.expiresInS * 1000 + lastAnswerMs, this,
+                      [done = guarded(&DeviceLogin::onToken)] { done(TokenReply()); });
     m_listener.code(code);
 }
 
