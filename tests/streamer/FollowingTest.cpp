@@ -125,6 +125,9 @@ TEST(LoginCommand, WaitsForTheDecision)
         {pending + "300}}", still, 3, "ABCDE", "the streamer ended"},
         {R"({"loggedIn":true})", "", 0, "logged in\n", ""},
         {R"({"loggedIn":false,"problem":"no client id"})", "", 1, "", "no client id"},
+        {pending + "300}}",
+         "event: login\ndata: {\"loggedIn\":false,\"problem\":\"503.\",\"reason\":\"clock\"}\n\n",
+         1, "ABCDE", "503.\nSet the clock of the streamer's machine (timedatectl).\n"},
     };
     for (const auto& row : rows) {
         ScriptedStreamer streamer;
@@ -135,6 +138,24 @@ TEST(LoginCommand, WaitsForTheDecision)
         EXPECT_THAT(run.out, HasSubstr(row.out));
         EXPECT_THAT(run.err, HasSubstr(row.err));
     }
+}
+
+TEST(LoginCommand, SaysWhatToDoWhenThereIsNoCodeAndWhenTheStateIsAsked)
+{
+    ScriptedStreamer streamer;
+    streamer.answer("POST /api/v1/login", {502, R"({"title":"Error","detail":"No code."})"});
+    streamer.answer("GET /api/v1/login",
+                    {200, R"({"loggedIn":false,"problem":"No code.","reason":"client"})"});
+    streamer.answer(events, stream("", "POST /api/v1/login"));
+    const std::string advice = "Check client_id and client_secret in section [tidal.oauth2] of the "
+                               "settings; see kelo config.\n";
+    const auto login = streamer.run({"login"});
+    EXPECT_EQ(login.status, 1);
+    EXPECT_EQ(login.err, "kelo: not logged in: No code.\n" + advice);
+    const auto status = streamer.run({"login", "--status"});
+    EXPECT_EQ(status.status, 1);
+    EXPECT_EQ(status.out, "not logged in\nproblem: No code.\n" + advice);
+    EXPECT_EQ(streamer.run({"login", "--status", "--json"}).status, 1);
 }
 
 TEST(LoginCommand, ShowsAddressCodeAndQrCodeAndSaysWhenItExpires)

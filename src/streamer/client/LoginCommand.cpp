@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <mutex>
 #include <optional>
+#include <QHash>
 #include <QJsonDocument>
 #include <thread>
 
@@ -31,6 +32,39 @@ QString problemOf(const QJsonObject& login)
 {
     const QJsonValue problem = login.value(QLatin1String("problem"));
     return problem.isNull() || problem.isUndefined() ? QString() : valueText(problem);
+}
+
+/// What the user can do, for each reason that the streamer gives; empty for one that is not known.
+QString adviceFor(const QString& reason)
+{
+    static const QHash<QString, QString> advice{
+        {QStringLiteral("expired"),
+         QStringLiteral("Run kelo login again and confirm the code before it ends.")},
+        {QStringLiteral("denied"),
+         QStringLiteral("Run kelo login again and confirm the login at the service's page.")},
+        {QStringLiteral("client"),
+         QStringLiteral("Check client_id and client_secret in section [tidal.oauth2] of the "
+                        "settings; see kelo config.")},
+        {QStringLiteral("clock"),
+         QStringLiteral("Set the clock of the streamer's machine (timedatectl).")},
+        {QStringLiteral("network"),
+         QStringLiteral("Check the network of the streamer's machine; see kelo doctor.")},
+        {QStringLiteral("service"), QStringLiteral("Try again in a few minutes.")},
+        {QStringLiteral("ended"), QStringLiteral("Run kelo login to log in again.")}};
+    return advice.value(reason);
+}
+
+QString adviceOf(const QJsonObject& login)
+{
+    return adviceFor(login.value(QLatin1String("reason")).toString());
+}
+
+int refused(Terminal& terminal, const QString& problem, const QString& advice)
+{
+    terminal.error(QStringLiteral("kelo: not logged in: ") + problem);
+    if (!advice.isEmpty())
+        terminal.error(advice);
+    return ExitRefused;
 }
 
 /// Reads login events on a thread of its own and hands the latest answer to who waits. Lives on the
@@ -110,10 +144,9 @@ int finished(const CommandContext& context, const QByteArray& body, const QJsonO
         return ExitDone;
     }
     const QString problem = problemOf(login);
-    context.terminal.error(
-        QStringLiteral("kelo: not logged in: ") +
-        (problem.isEmpty() ? QStringLiteral("the login was ended elsewhere") : problem));
-    return ExitRefused;
+    return refused(context.terminal,
+                   problem.isEmpty() ? QStringLiteral("the login was ended elsewhere") : problem,
+                   adviceOf(login));
 }
 
 /// Waits for the answer that decides the login, with a countdown where somebody looks.
@@ -143,8 +176,8 @@ int waitForDecision(const CommandContext& context, LoginEvents& events, const QJ
                 QStringLiteral("kelo: the streamer ended while waiting for the login"));
             return ended->outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
         } else if (Clock::now() >= end) {
-            context.terminal.error(QStringLiteral("kelo: not logged in: the code has expired"));
-            return ExitRefused;
+            return refused(context.terminal, QStringLiteral("the code has expired"),
+                           adviceFor(QStringLiteral("expired")));
         }
     }
 }
@@ -158,6 +191,12 @@ int LoginCommand::run(const CommandContext& context) const
     if (!events.waitForOpen())
         return context.finish(events.end().value_or(ApiReply()));
     const ApiReply reply = context.api.post(QStringLiteral("login"));
+    if (reply.outcome == ApiReply::Outcome::Refused) {
+        // The refusal is a sentence alone; the state has the reason beside it.
+        const ApiReply state = context.api.get(QStringLiteral("login"));
+        if (!problemOf(state.document).isEmpty())
+            return finished(context, state.body, state.document);
+    }
     if (!reply.isDone())
         return context.finish(reply);
     const QJsonObject pending = pendingOf(reply.document);
@@ -202,10 +241,14 @@ void LoginCommand::showPending(const CommandContext& context, const QJsonObject&
 int LoginCommand::status(const CommandContext& context)
 {
     const ApiReply reply = context.api.get(QStringLiteral("login"));
-    if (context.isJson)
-        return context.printJson(reply);
     if (!reply.isDone())
         return context.finish(reply);
+    const QString problem = problemOf(reply.document);
+    const int status = problem.isEmpty() ? ExitDone : ExitRefused;
+    if (context.isJson) {
+        context.printJson(reply.body);
+        return status;
+    }
     Terminal& terminal = context.terminal;
     terminal.line(isLoggedIn(reply.document)
                       ? terminal.styled(QStringLiteral("logged in"), Style::Good)
@@ -216,9 +259,12 @@ int LoginCommand::status(const CommandContext& context)
                           .arg(valueText(pending.value(QLatin1String("userCode"))),
                                valueText(pending.value(QLatin1String("verificationUri")))));
     }
-    if (!problemOf(reply.document).isEmpty())
-        terminal.line(QStringLiteral("problem: ") + problemOf(reply.document));
-    return ExitDone;
+    if (!problem.isEmpty())
+        terminal.line(QStringLiteral("problem: ") + problem);
+    const QString advice = adviceOf(reply.document);
+    if (!advice.isEmpty())
+        terminal.line(advice);
+    return status;
 }
 
 int LoginCommand::logout(const CommandContext& context)

@@ -12,7 +12,7 @@ class LoginCommand
 public:
     int run(const CommandContext& context) const;
 
-    /// `kelo login --status`.
+    /// `kelo login --status`: a login that failed or ended makes it fail too.
     static int status(const CommandContext& context);
     /// `kelo logout`.
     static int logout(const CommandContext& context);

@@ -121,7 +121,7 @@ TEST(DeviceLoginReasonTest, SaysWhyThereIsNoCode)
         {{503, "", HttpClient::NoFailure, now + 5 * minute}, "service", "status 503."},
         {{503, "", HttpClient::NoFailure, now + 6 * minute},
          "clock",
-         "503, and this machine's "
+         "503, and the streamer's "
          "clock is 6 minutes slow."},
         {{200, "[]", HttpClient::NoFailure, now - 90 * minute}, "clock", "90 minutes fast."},
         {{400, scope, HttpClient::NoFailure, now - 90 * minute}, "client", "invalid_scope."},

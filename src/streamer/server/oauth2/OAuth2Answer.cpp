@@ -15,8 +15,8 @@ QString problemOf(HttpClient::Failure failure)
     case HttpClient::TlsFailed:
         return QStringLiteral("no secure connection to the login service");
     case HttpClient::CertificateDate:
-        return QStringLiteral("the login service's certificate is not valid at the time that this "
-                              "machine has");
+        return QStringLiteral("the login service's certificate is not valid at the time that the "
+                              "streamer's clock shows");
     case HttpClient::BodyTooLarge:
         return QStringLiteral("the login service's answer is too large");
     default:
@@ -86,7 +86,7 @@ QString OAuth2Answer::problem() const
     if (m_status == 0)
         return problemOf(m_failure);
     if (reason() == KeloOAuth2Reason::Clock())
-        return QStringLiteral("%1, and this machine's clock is %2 minutes %3")
+        return QStringLiteral("%1, and the streamer's clock is %2 minutes %3")
             .arg(serviceProblem())
             .arg(qAbs(m_aheadMs) / minuteMs)
             .arg(m_aheadMs > 0 ? QStringLiteral("fast") : QStringLiteral("slow"));
