@@ -57,8 +57,6 @@ TEST_F(SimOAuth2, DeviceFlowWaitsForThePersonAndItsTokenWorks)
     EXPECT_EQ(device["interval"].GetInt(), 2);
     EXPECT_EQ(error(poll(device)), "authorization_pending");
     EXPECT_EQ(error(poll(device)), "slow_down");
-    const std::string page = m_client->Get("/link/ABCDE")->body;
-    EXPECT_NE(page.find("value=\"ABCDE\""), std::string::npos);
     EXPECT_EQ(decide("approve", device), "200");
     const auto granted = poll(device);
     ASSERT_EQ(granted->status, 200);
@@ -82,8 +80,38 @@ TEST_F(SimOAuth2, RefusalsHaveTheirNames)
     EXPECT_EQ(error(refresh("foreign")), "invalid_grant");
     ASSERT_EQ(addFault("device-code expires=0"), "");
     EXPECT_EQ(error(poll(deviceCode())), "expired_token");
+    ASSERT_EQ(addFault("oauth-code error=invalid_scope count=1"), "");
+    EXPECT_EQ(error(post("/device_authorization", client)), "invalid_scope");
     ASSERT_EQ(addFault("oauth error=slow_down count=1"), "");
     EXPECT_EQ(error(refresh("any")), "slow_down");
+}
+
+TEST_F(SimOAuth2, APersonConfirmsOrRefusesOnThePageAndChangesNothingAfterwards)
+{
+    for (const auto& [answer, other, outcome] :
+         {std::tuple{"confirm", "refuse", ""}, std::tuple{"refuse", "confirm", "access_denied"}}) {
+        const Json device = deviceCode();
+        const std::string code = device["userCode"].GetString();
+        const auto send = [&](const std::string& text) {
+            std::string typed = code; // in small letters
+            for (char& c : typed)
+                c = static_cast<char>(c + 'a' - 'A');
+            const httplib::Params form{{"userCode", typed}, {"answer", text}};
+            return m_client->Post("/link", form)->status;
+        };
+        const auto page = m_client->Get(("/link/" + code).c_str());
+        EXPECT_EQ(page->status, 200);
+        EXPECT_NE(page->body.find("value=\"" + code + "\""), std::string::npos);
+        EXPECT_EQ(send("perhaps"), 400);
+        EXPECT_EQ(send(answer), 200);
+        EXPECT_EQ(send(answer), 200) << "a second click";
+        EXPECT_EQ(send(other), 404);
+        EXPECT_EQ(m_client->Get(("/link?userCode=" + code).c_str())->status, 404);
+        EXPECT_EQ(error(poll(device)), outcome);
+    }
+    const auto foreign = m_client->Get("/link/%3Cb%3E%22");
+    EXPECT_EQ(foreign->status, 404);
+    EXPECT_EQ(foreign->body.find("<B>"), std::string::npos);
 }
 
 TEST_F(SimOAuth2, RefreshKeepsTheRefreshTokenUnlessItRotates)
@@ -106,10 +134,10 @@ TEST_F(SimOAuth2, RefreshKeepsTheRefreshTokenUnlessItRotates)
     EXPECT_EQ(outcome(get("/sessions", false)), "401/11003");
 }
 
-TEST_F(SimOAuth2, DemoApprovesItselfAndBasicAuthorisationIsAccepted)
+TEST_F(SimOAuth2, TheFirstLoginAloneApprovesItselfAndBasicAuthorisationIsAccepted)
 {
     kelosim::SimOptions options;
-    options.autoApproveLogin = true;
+    options.autoApproveFirstLogin = true;
     kelosim::SimServer demo(options);
     std::string problem;
     ASSERT_TRUE(demo.start(&problem)) << problem;
@@ -121,6 +149,11 @@ TEST_F(SimOAuth2, DemoApprovesItselfAndBasicAuthorisationIsAccepted)
     const httplib::Params form = {{"grant_type", "urn:ietf:params:oauth:grant-type:device_code"},
                                   {"device_code", device["deviceCode"].GetString()}};
     EXPECT_EQ(plain.Post("/v1/oauth2/token", form)->status, 200);
+    const Json second = parse(
+        plain.Post("/v1/oauth2/device_authorization", httplib::Params{{"client_id", "kelo-demo"}})
+            ->body);
+    const std::string page = std::string("/link/") + second["userCode"].GetString();
+    EXPECT_EQ(plain.Get(page.c_str())->status, 200) << "it waits";
 }
 
 } // namespace

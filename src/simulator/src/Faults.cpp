@@ -40,6 +40,8 @@ const std::vector<Kind>& kinds()
         {"token-lifetime", {"*!seconds"}, "new access tokens live so long (604800)"},
         {"rotate-refresh", {}, "a refresh answer carries a new refresh token, the old one ends"},
         {"oauth", {"!error"}, "token requests fail with this OAuth error"},
+        {"oauth-code", {"!error"}, "requests for a device code fail with this OAuth error"},
+        {"date", {"*ahead", "*behind"}, "Date headers are so many seconds ahead or behind"},
         {"device-code", {"*interval", "*expires"}, "other numbers for new device codes (2, 300)"},
         {"bare-link", {}, "verification addresses without \"http://\", as the service sends them"},
         {"quality", {"!grant"}, "playback grants at most this quality"},
@@ -301,6 +303,12 @@ void Faults::onTheWay(const HttpRequest& request, HttpResponse& response)
         transport.compress = false;
     if (use("chunked", request))
         transport.chunked = true;
+}
+
+std::int64_t Faults::dateShiftMs(const HttpRequest& request)
+{
+    const auto keys = use("date", request);
+    return keys ? (numberKey(*keys, "ahead", 0) - numberKey(*keys, "behind", 0)) * 1000 : 0;
 }
 
 std::string Faults::help()

@@ -28,6 +28,9 @@ public:
     // What happens to a finished answer on its way.
     void onTheWay(const HttpRequest& request, HttpResponse& response);
 
+    // How far the Date header of an answer to this request is from the time, 0 without a fault.
+    std::int64_t dateShiftMs(const HttpRequest& request);
+
     static std::string help();
 
 private:

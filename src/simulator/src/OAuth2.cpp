@@ -3,6 +3,7 @@
 #include "Json.h"
 #include "Library.h"
 
+#include <algorithm>
 #include <random>
 
 namespace kelosim {
@@ -85,6 +86,8 @@ std::string OAuth2::secret(const char* prefix)
 HttpResponse OAuth2::deviceAuthorization(const HttpRequest& request, const std::string& host)
 {
     const Pairs form = parsePairs(request.body);
+    if (const auto fault = m_faults.use("oauth-code", request))
+        return namedError(textKey(*fault, "error"));
     if (!clientKnown(request, form, false))
         return namedError("invalid_client");
     const Pairs numbers = m_faults.use("device-code").value_or(Pairs());
@@ -98,7 +101,9 @@ HttpResponse OAuth2::deviceAuthorization(const HttpRequest& request, const std::
     const std::string code = secret("d0d0-");
     for (std::uint64_t i = 0; i < 5; ++i)
         device.userCode += static_cast<char>('A' + mix(m_secrets, i, code.size(), code[9]) % 26);
-    device.state = m_approveAtOnce ? State::Approved : State::Pending;
+    device.state = m_approvals == 0 ? State::Pending : State::Approved;
+    if (m_approvals > 0)
+        --m_approvals;
     device.expires = nowMs() + expires * 1000;
     device.interval = interval * 1000;
     m_devices[code] = device;
@@ -186,27 +191,26 @@ std::string OAuth2::newAccessToken(std::int64_t seconds)
 
 bool OAuth2::decide(const std::string& userCode, bool approve)
 {
+    const State wanted = approve ? State::Approved : State::Denied;
     const std::lock_guard<std::mutex> lock(m_mutex);
     for (auto& entry : m_devices) {
-        if (entry.second.userCode != userCode || nowMs() >= entry.second.expires)
+        Device& device = entry.second;
+        if (device.userCode != userCode || nowMs() >= device.expires)
             continue;
-        entry.second.state = approve ? State::Approved : State::Denied;
-        return true;
+        if (device.state == State::Pending)
+            device.state = wanted;
+        return device.state == wanted;
     }
     return false;
 }
 
-HttpResponse OAuth2::page(const std::string& userCode) const
+bool OAuth2::isWaiting(const std::string& userCode) const
 {
-    const std::string code = escapeHtml(userCode);
-    return HttpResponse::html(
-        200, "<!doctype html><meta name=viewport content=\"width=device-width\"><title>Link a "
-             "device</title><body style=\"font-family:sans-serif;max-width:26em;margin:3em auto\">"
-             "<h1>Link a device</h1><p>Simulated service, no real account is involved.</p>"
-             "<form method=post action=/sim/login/approve><input name=userCode value=\"" +
-                 code +
-                 "\" size=6> <button>Approve</button> <button formaction=/sim/login/deny>Deny"
-                 "</button></form></body>");
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return std::any_of(m_devices.begin(), m_devices.end(), [&](const auto& entry) {
+        return entry.second.userCode == userCode && entry.second.state == State::Pending &&
+               nowMs() < entry.second.expires;
+    });
 }
 
 OAuth2::Check OAuth2::check(const HttpRequest& request) const

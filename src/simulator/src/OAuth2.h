@@ -15,16 +15,19 @@ public:
     static constexpr const char* clientId = "kelo-demo";
     static constexpr const char* clientSecret = "kelo-demo-secret";
 
-    OAuth2(Faults& faults, bool approveAtOnce) : m_faults(faults), m_approveAtOnce(approveAtOnce) {}
+    static constexpr int approveAll = -1;
+
+    // So many device codes, the first ones, approve themselves; or approveAll.
+    OAuth2(Faults& faults, int approvals) : m_faults(faults), m_approvals(approvals) {}
 
     // Below /v1/oauth2; `host` is what the client reached us under.
     HttpResponse deviceAuthorization(const HttpRequest& request, const std::string& host);
     HttpResponse token(const HttpRequest& request);
 
-    // The person's answer; false for a code that nobody waits for.
+    // The person's answer; false for a code that nobody waits for, or that has the other answer.
     bool decide(const std::string& userCode, bool approve);
-    // The page behind the verification address.
-    HttpResponse page(const std::string& userCode) const;
+    // Whether a login waits for the person's answer to this code.
+    bool isWaiting(const std::string& userCode) const;
 
     enum class Check { Valid, Missing, Garbage, Expired };
     Check check(const HttpRequest& request) const;
@@ -51,7 +54,7 @@ private:
     std::string secret(const char* prefix);
 
     Faults& m_faults;
-    const bool m_approveAtOnce;
+    int m_approvals; // that are still to be given unasked
     mutable std::mutex m_mutex;
     std::map<std::string, Device> m_devices;            // by device code
     std::map<std::string, std::int64_t> m_accessTokens; // with the end of their life, epoch ms

@@ -6,6 +6,7 @@
 #include "HttpServer.h"
 #include "Images.h"
 #include "Library.h"
+#include "LinkPage.h"
 #include "OAuth2.h"
 #include "RequestLog.h"
 #include "WebApi.h"
@@ -48,6 +49,13 @@ std::string bodyValue(const std::string& body, const char* key)
     return textKey(parsePairs(body), key);
 }
 
+int approvals(const SimOptions& options)
+{
+    if (options.autoApproveLogin)
+        return OAuth2::approveAll;
+    return options.autoApproveFirstLogin ? 1 : 0;
+}
+
 HttpResponse done()
 {
     return HttpResponse::json(200, "{}");
@@ -60,8 +68,8 @@ class SimServer::Private
 public:
     explicit Private(SimOptions given)
         : options(std::move(given)), catalogue(options.seed), library(catalogue),
-          oauth2(faults, options.autoApproveLogin), audio(catalogue, faults), images(catalogue),
-          api(catalogue, library, faults, oauth2, audio),
+          oauth2(faults, approvals(options)), linkPage(oauth2), audio(catalogue, faults),
+          images(catalogue), api(catalogue, library, faults, oauth2, audio),
           server([this](const HttpRequest& request) { return handle(request); })
     {
     }
@@ -93,6 +101,7 @@ public:
     Faults faults;
     RequestLog log;
     OAuth2 oauth2;
+    LinkPage linkPage;
     Audio audio;
     Images images;
     WebApi api;
@@ -109,6 +118,7 @@ HttpResponse SimServer::Private::handle(const HttpRequest& request)
     auto instead = faults.instead(request);
     HttpResponse response = instead ? std::move(*instead) : dispatch(request, top);
     faults.onTheWay(request, response);
+    response.headers.emplace_back("Date", httpDate(nowMs() + faults.dateShiftMs(request)));
     if (top == "v1")
         response.transport.delayMs += options.latencyMs;
     return response;
@@ -129,10 +139,8 @@ HttpResponse SimServer::Private::dispatch(const HttpRequest& request, const std:
         return images.serve(request);
     if (top == "audio")
         return audio.serve(request);
-    if (top == "link") {
-        const std::vector<std::string> segments = request.segments();
-        return oauth2.page(segments.size() > 1 ? segments[1] : "");
-    }
+    if (top == "link")
+        return linkPage.handle(request);
     return HttpResponse::html(404, "<html><body>Not found</body></html>");
 }
 
@@ -158,9 +166,7 @@ HttpResponse SimServer::Private::control(const HttpRequest& request)
         const std::string code = bodyValue(request.body, "userCode");
         if (!oauth2.decide(code, path == "/sim/login/approve"))
             return notFound("User code [" + code + "]");
-        return HttpResponse::html(200,
-                                  "<!doctype html><title>Link a device</title><p>Done, you can "
-                                  "close this page.");
+        return done();
     }
     return notFound("Control");
 }

@@ -160,6 +160,19 @@ std::string dateOnly(std::int64_t epochMs)
     return dateTime(epochMs).substr(0, 10);
 }
 
+// Not strftime: the names are English whatever the locale is.
+std::string httpDate(std::int64_t epochMs)
+{
+    static const char* const days[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+    static const char* const months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                         "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+    const std::tm t = calendar(epochMs);
+    char text[64];
+    std::snprintf(text, sizeof text, "%s, %02d %s %04d %02d:%02d:%02d GMT", days[t.tm_wday],
+                  t.tm_mday, months[t.tm_mon], t.tm_year + 1900, t.tm_hour, t.tm_min, t.tm_sec);
+    return text;
+}
+
 std::int64_t nowMs()
 {
     using namespace std::chrono;

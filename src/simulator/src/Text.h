@@ -28,6 +28,8 @@ std::optional<std::int64_t> toNumber(std::string_view text);
 // "2019-03-15T00:00:00.000+0000" and "2019-03-15" of milliseconds since 1970.
 std::string dateTime(std::int64_t epochMs);
 std::string dateOnly(std::int64_t epochMs);
+// "Fri, 15 Mar 2019 00:00:00 GMT".
+std::string httpDate(std::int64_t epochMs);
 std::int64_t nowMs();
 
 std::string base64(std::string_view bytes);

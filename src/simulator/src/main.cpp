@@ -20,6 +20,7 @@ Serves a simulated music service (web API, OAuth2, images, audio) on a loopback 
   --seed N             another catalogue (1)
   --latency MS         added to every answer of the web API (0)
   --approve-logins     device codes approve themselves
+  --approve-first      the first device code approves itself, the others wait
   --fault LINE         a fault in force from the start, NAME, NAME=VALUE or "NAME KEY=VALUE..."
   --list-faults        prints the faults
   --help               prints this
@@ -30,6 +31,7 @@ Web API below /v1, client id kelo-demo with secret kelo-demo-secret. Control whi
   curl -X POST URL/sim/reset                      library, faults and log as at the start
   curl -X POST URL/sim/token                      an access token without a login
   curl -d '{"userCode":"ABCDE"}' URL/sim/login/approve   (or deny)
+  URL/link                                        the page where a person does so
 
 Faults:
 )";
@@ -55,6 +57,10 @@ Parsed parse(int argc, char** argv, kelosim::SimOptions* options)
         }
         if (name == "--approve-logins") {
             options->autoApproveLogin = true;
+            continue;
+        }
+        if (name == "--approve-first") {
+            options->autoApproveFirstLogin = true;
             continue;
         }
         const bool known =

@@ -4,7 +4,8 @@
 #include <kelosim/SimServer.h>
 #include <memory>
 
-/// The simulated service of `kelo serve --demo`. Owned by serve; logins approve themselves.
+/// The simulated service of `kelo serve --demo`. Owned by serve; the first login
+/// approves itself, so that a newcomer sees music at once.
 class Demo
 {
 public:

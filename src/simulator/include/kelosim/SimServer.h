@@ -14,6 +14,7 @@ struct SimOptions
     int latencyMs = 0;                  // added to every answer of the web API
     std::vector<std::string> faults;    // fault lines that are in force from the start
     bool autoApproveLogin = false;      // device codes approve themselves
+    bool autoApproveFirstLogin = false; // the first device code does, the others wait for a person
 };
 
 // The simulated service: web API, OAuth2, images and audio behind one loopback address.
