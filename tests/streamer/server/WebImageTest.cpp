@@ -172,7 +172,7 @@ TEST(WebImageTest, TheCodeOfAPendingLoginIsAPicture)
 {
     WebWorld world;
     EXPECT_EQ(world.get("/api/v1/login/qr").status, 404);
-    const QString address = QStringLiteral("https://link.example/ABCDE");
+    const QString address = QStringLiteral("link.example/ABCDE");
     world.login.pending = {{QStringLiteral("verificationUri"), QStringLiteral("https://other")},
                            {QStringLiteral("verificationUriComplete"), address}};
     const auto answer = world.get("/api/v1/login/qr");
@@ -180,7 +180,7 @@ TEST(WebImageTest, TheCodeOfAPendingLoginIsAPicture)
     EXPECT_EQ(answer.header("Content-Type"), "image/svg+xml");
     EXPECT_EQ(answer.header("Cache-Control"), "no-store");
 
-    const QrMatrix code = QrMatrix::encode(address);
+    const QrMatrix code = QrMatrix::encode("https://" + address);
     std::vector<std::string> drawn(size_t(code.size()), std::string(size_t(code.size()), ' '));
     const std::regex run("M(\\d+) (\\d+)h(\\d+)v1");
     for (std::sregex_iterator it(answer.body.begin(), answer.body.end(), run), end; it != end; ++it)

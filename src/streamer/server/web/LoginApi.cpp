@@ -28,6 +28,9 @@ HttpReply LoginApi::qrCode() const
     QString address = pending.value(QLatin1String("verificationUriComplete")).toString();
     if (address.isEmpty())
         address = pending.value(QLatin1String("verificationUri")).toString();
+    // Services leave the scheme out, and telephones take the rest for a search.
+    if (!address.isEmpty() && !address.contains(QLatin1String("://")))
+        address.prepend(QLatin1String("https://"));
     const QrMatrix code = QrMatrix::encode(address);
     if (code.isEmpty())
         return HttpReply::problem(404, QStringLiteral("no login waits for its confirmation"));
