@@ -32,6 +32,15 @@ bool isChanging(const std::string& method)
     return method != "GET" && method != "HEAD";
 }
 
+/// The user follows a link to the page, which opens for itself. Browsers alone can send these
+/// fields.
+bool isFollowedLink(const httplib::Request& request)
+{
+    return request.method == "GET" && request.path.rfind("/api/", 0) != 0 &&
+           request.get_header_value("Sec-Fetch-Mode") == "navigate" &&
+           request.get_header_value("Sec-Fetch-Dest") == "document";
+}
+
 } // namespace
 
 OriginGuard::OriginGuard(const QString& boundAddress, const QStringList& names)
@@ -75,7 +84,7 @@ std::optional<HttpReply> OriginGuard::check(const httplib::Request& request) con
     } else {
         // Browsers send no Origin with plain GETs, but say where they come from.
         const std::string site = request.get_header_value("Sec-Fetch-Site");
-        if (site == "cross-site" || site == "same-site")
+        if ((site == "cross-site" || site == "same-site") && !isFollowedLink(request))
             return HttpReply::problem(403, QStringLiteral("the page comes from another origin"));
     }
     return std::nullopt;
