@@ -2,6 +2,7 @@
 
 #include "EndSignals.h"
 #include "LogSetup.h"
+#include "ServiceManager.h"
 #include "Streamer.h"
 
 #include <iostream>
@@ -37,9 +38,11 @@ int keloServe(const ServeOptions& options, const Settings& settings)
         return failed(error);
     std::cout << "listening on " << streamer.address().toStdString() << std::endl;
     KELO_LOG("Serve", INFO) << "Listening on " << streamer.address();
+    tellServiceManager("READY=1");
 
     QCoreApplication::exec();
     KELO_LOG("Serve", INFO) << "Stopping";
+    tellServiceManager("STOPPING=1");
     EndSignals::limitStopTime();
     streamer.stop();
     return exitDone;
