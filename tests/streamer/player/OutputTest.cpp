@@ -1,7 +1,7 @@
 #include "AudioOutput.h"
 #include "FlacHeader.h"
+#include "LoopThread.h"
 #include "ManualTime.h"
-#include "PlayerThread.h"
 #include "SimStreams.h"
 #include <condition_variable>
 #include <gtest/gtest.h>
@@ -92,7 +92,7 @@ protected:
     ManualTime time;
     OutputItem next; ///< handed over when the output asks for it; of the output's thread
     QString problem;
-    PlayerThread thread;
+    LoopThread thread;
     std::unique_ptr<AudioOutput> output;
     std::mutex mutex;
     std::condition_variable changed;

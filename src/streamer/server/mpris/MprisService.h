@@ -1,5 +1,5 @@
 #pragma once
-#include "player/PlayerThread.h"
+#include "LoopThread.h"
 #include <memory>
 #include <QString>
 
@@ -24,6 +24,6 @@ public:
 
 private:
     PlayerControl& m_player;
-    PlayerThread m_thread;
+    LoopThread m_thread;
     std::unique_ptr<MprisObject> m_object; ///< of the thread
 };

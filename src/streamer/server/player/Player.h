@@ -1,8 +1,8 @@
 #pragma once
 #include "AudioOutput.h"
+#include "LoopThread.h"
 #include "PlayerControl.h"
 #include "PlayerStatus.h"
-#include "PlayerThread.h"
 #include "StatusListeners.h"
 #include "TimeSource.h"
 #include <kelo/PlayLogicInterface.h>
@@ -57,6 +57,6 @@ private:
     PlayerStatus m_status;
     std::mutex m_threadMutex; ///< guards posting against the thread's end
     bool m_isRunning = false;
-    PlayerThread m_thread;
+    LoopThread m_thread;
     std::unique_ptr<PlayerEngine> m_engine; ///< of the player's thread
 };

@@ -1,17 +1,17 @@
-#include "PlayerThread.h"
+#include "LoopThread.h"
 #include <future>
 #include <kelo/KeloPost.h>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
 
-PlayerThread::~PlayerThread()
+LoopThread::~LoopThread()
 {
     if (isRunning())
         stop([] {});
 }
 
-void PlayerThread::start(std::function<void()> setUp)
+void LoopThread::start(std::function<void()> setUp)
 {
     std::promise<QEventLoop*> ready;
     std::future<QEventLoop*> started = ready.get_future();
@@ -26,7 +26,7 @@ void PlayerThread::start(std::function<void()> setUp)
     m_loop = started.get();
 }
 
-void PlayerThread::stop(std::function<void()> tearDown)
+void LoopThread::stop(std::function<void()> tearDown)
 {
     post([loop = m_loop, tearDown = std::move(tearDown)] {
         tearDown();
@@ -36,7 +36,7 @@ void PlayerThread::stop(std::function<void()> tearDown)
     m_loop = nullptr;
 }
 
-void PlayerThread::post(std::function<void()> function)
+void LoopThread::post(std::function<void()> function)
 {
     keloPost(m_loop, std::move(function));
 }

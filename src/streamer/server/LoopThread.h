@@ -6,13 +6,13 @@ class QEventLoop;
 
 /// A thread with an event loop, for objects that are not workers of the host tree. Owned by who has
 /// such objects.
-class PlayerThread
+class LoopThread
 {
 public:
-    PlayerThread() = default;
-    ~PlayerThread();
-    PlayerThread(const PlayerThread&) = delete;
-    PlayerThread& operator=(const PlayerThread&) = delete;
+    LoopThread() = default;
+    ~LoopThread();
+    LoopThread(const LoopThread&) = delete;
+    LoopThread& operator=(const LoopThread&) = delete;
 
     /// Starts the thread and runs `setUp` on it; returns when that has returned.
     void start(std::function<void()> setUp);
