@@ -40,6 +40,8 @@ function show() {
   const path = currentPath();
   if (path === shown && view && !history.state?.place) return;
   shown = path;
+  // A menu belongs to the view that it was opened in.
+  for (const dialog of document.querySelectorAll("dialog[open]")) dialog.close();
   view?.close();
   const isTyping = document.activeElement === part("search");
   view = makeView(path);
