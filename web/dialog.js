@@ -4,6 +4,8 @@
 import { el, icon, iconButton } from "./dom.js";
 import { t } from "./text.js";
 
+let lastId = 0;
+
 /**
  * A dialog of which one page at a time is shown; the button in its head leads back to the page below.
  * With an anchor (a rectangle of the window) it stands beside it on wide screens.
@@ -15,13 +17,13 @@ export class Dialog {
   #body = el("div", { class: "dialog-body" });
 
   constructor(anchor = null, kind = "") {
+    this.#heading.id = `dialog-title-${++lastId}`;
     this.element = el(
       "dialog",
-      { class: `dialog ${kind}`, "aria-labelledby": "dialog-title" },
+      { class: `dialog ${kind}`, "aria-labelledby": this.#heading.id },
       el("header", {}, this.#back, this.#heading, iconButton("close", t("Close"), () => this.close())),
       this.#body,
     );
-    this.#heading.id = "dialog-title";
     this.element.addEventListener("close", () => this.#closed());
     this.element.addEventListener("click", (event) => event.target === this.element && this.close());
     this.element.addEventListener("cancel", (event) => {
