@@ -26,10 +26,10 @@ export async function activate(row, subject, value = 1) {
   return understand(await setValue(row.Path, value), row.Title);
 }
 
-/** Passes on what a reply says is to be read again; gives the text that it brought. */
+/** Passes on that a reply tells of a change; gives the text that it brought. */
 export function understand({ reply }, title) {
-  const paths = (reply?.events ?? []).map((event) => event.path).filter(Boolean);
-  if (paths.length) live.dispatchEvent(new CustomEvent("acted", { detail: paths }));
+  // What it changed is not told to every list that shows it, so that all of the service's are read again.
+  if (reply?.events?.length) live.dispatchEvent(new Event("acted"));
   const text = reply?.result?.Description;
   if (text) return plainText(text);
   if (title) toast(t("Done: %1", title));

@@ -1,5 +1,6 @@
 // The one event stream of the page. It keeps the paths that views have open, and heals by itself.
 // Events: "rows", "player", "login", "request" with the data as `detail`, and "state" with a boolean: connected or not.
+// "acted" when an action of this page has changed something.
 
 import { openPaths } from "./api.js";
 

@@ -2,7 +2,7 @@
 
 import { getRows, pageSize } from "./api.js";
 import { live } from "./live.js";
-import { baseOf } from "./path.js";
+import { baseOf, home } from "./path.js";
 
 const mostPages = 60;
 const settleTime = 80;
@@ -20,7 +20,7 @@ export class RowSource extends EventTarget {
   #timer = 0;
   #last = [0, pageSize - 1];
   #onNotice = (event) => this.#notice(event.detail);
-  #onActed = (event) => event.detail.some((path) => isBelow(this.path, path)) && this.#reloadSoon();
+  #onActed = () => isBelow(this.path, home) && this.#reloadSoon();
   #onState = (event) => event.detail && this.reload();
 
   constructor(path) {
