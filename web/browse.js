@@ -130,7 +130,7 @@ export class BrowseView extends EventTarget {
     if (canPlay) buttons.push(this.#button("play", t("Play"), () => playback.play(this.path), "primary"));
     if (this.#item?.menu) buttons.push(this.#button("more", t("More"), (box) => this.#openItemMenu(box)));
     const own = source.roles.Context?.Path;
-    if (own && own !== this.#item?.menu) buttons.push(this.#button("sort", t("Order"), (box) => openMenu({ ...source.roles, Type: "", Path: "", Context: { Path: own } }, box)));
+    if (own && own !== this.#item?.menu) buttons.push(this.#button("sort", t("Order"), (box) => this.#openOrder(own, box)));
     fill(
       this.#head,
       this.#crumbs(title),
@@ -145,6 +145,12 @@ export class BrowseView extends EventTarget {
 
   #button(picture, label, run, kind = "") {
     return el("button", { type: "button", class: `button ${kind}`, on: { click: (event) => run(event.currentTarget.getBoundingClientRect()) } }, icon(picture), label);
+  }
+
+  // No notice tells of another order: the list is read again.
+  #openOrder(path, box) {
+    const { roles } = this.#source;
+    openMenu({ ...roles, Type: "", Path: "", Context: { Path: path } }, box, [], () => this.#source.reload());
   }
 
   #openItemMenu(box) {

@@ -14,14 +14,17 @@ import { toastError } from "./toast.js";
 
 const mostRows = 500;
 
-/** Opens the context menu of a row, with what the page itself can do with it above. */
-export function openMenu(row, anchor, extra = []) {
+/**
+ * Opens the context menu of a row, with what the page itself can do with it above. `changed` is told when
+ * another value was chosen in it.
+ */
+export function openMenu(row, anchor, extra = [], changed = null) {
   const dialog = new Dialog(anchor, "menu-dialog");
   const subject = titleOf(row);
   const own = [];
   if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: () => (dialog.close(), playback.play(row.Path)) });
   if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: () => (dialog.close(), go(row.Path, placeOf(row))) });
-  const context = { dialog, subject, row };
+  const context = { dialog, subject, row, changed };
   dialog.push(listPage(context, row.Context?.Path ?? "", subject, [...own, ...extra]));
   return dialog.finished;
 }
@@ -187,6 +190,7 @@ function choicePage(context, row, above = null) {
     try {
       understand(await setValue(row.Path, choice.Value));
       value = row.Value = choice.Value;
+      context.changed?.();
       if (above) await above.reload();
       context.dialog.back();
     } catch (error) {
