@@ -50,16 +50,28 @@ export class Person {
     return this.view.getByRole("heading", { level: 1, name }).waitFor();
   }
 
-  rows() {
-    return this.view.getByRole("listitem").filter({ has: this.page.locator(".main") });
+  /** The rows of the view whose text has the words in it. */
+  row(words) {
+    return this.view.getByRole("listitem").filter({ hasText: words });
   }
 
-  row(name) {
-    return this.view.getByRole("listitem").filter({ hasText: name });
+  list(name) {
+    return this.view.getByRole("list", { name, exact: true });
   }
 
-  async open(name) {
-    await this.view.getByRole("link", { name }).first().click();
+  /** A button of the view by its whole name. */
+  button(name) {
+    return this.view.getByRole("button", { name, exact: true });
+  }
+
+  async open(words) {
+    await this.view.getByRole("link", { name: words }).first().click();
+  }
+
+  /** Opens the menu of a row. */
+  async menu(words) {
+    await this.row(words).first().getByRole("button", { name: "Menu of" }).click();
+    await this.dialog.getByRole("menu").waitFor();
   }
 
   /** Opens a row that stands below a header, as names may repeat. */
@@ -84,7 +96,29 @@ export class Person {
     }
   }
 
+  /** Takes entries of the open menu, one leading to the next. */
   async choose(...names) {
-    for (const name of names) await this.dialog.getByRole("menuitem", { name }).first().click();
+    for (const name of names) await this.dialog.getByRole("menuitem", { name, exact: true }).or(this.dialog.getByRole("menuitemradio", { name, exact: true })).click();
+  }
+
+  /** Fills the fields of the open form and sends it. */
+  async submit(fields, button) {
+    for (const [name, value] of Object.entries(fields)) await this.dialog.getByLabel(name, { exact: true }).fill(value);
+    await this.dialog.getByRole("button", { name: button, exact: true }).click();
+  }
+
+  /** Waits until no dialog is open. */
+  async noDialog() {
+    await this.page.getByRole("dialog").waitFor({ state: "detached" });
+  }
+
+  /** The titles of a list's rows, in order. */
+  titles(name) {
+    return this.list(name).getByRole("button", { name: "Menu of" }).evaluateAll((all) => all.map((one) => one.getAttribute("aria-label").replace("Menu of ", "")));
+  }
+
+  /** What has the focus, as its name and text. */
+  focused() {
+    return this.page.evaluate(() => document.activeElement.getAttribute("aria-label") ?? (document.activeElement === document.body ? "" : document.activeElement.textContent));
   }
 }

@@ -1,0 +1,119 @@
+import assert from "node:assert/strict";
+import { journey } from "./harness/journey.js";
+
+const mine = "/tidal/myMusic/req/created/users/playlists";
+const myTracks = "/tidal/myMusic/req/favorites/users/tracks";
+const myAlbums = "/tidal/myMusic/req/favorites/users/albums";
+
+journey("a favourite comes and goes", {}, async (person) => {
+  await person.visit(myAlbums);
+  await person.button("Order").waitFor();
+  await person.view.getByRole("button", { name: "Menu of" }).first().click();
+  const [title] = await person.titles("Albums");
+  await person.choose("Remove from favorites");
+  await person.noDialog();
+  await person.row(title).waitFor({ state: "detached" });
+  // The list of another place shows the way back.
+  await person.visit("/tidal");
+  await person.page.keyboard.press("/");
+  await person.page.keyboard.type(title);
+  await person.list("Albums").getByRole("button", { name: `Menu of ${title}` }).first().click();
+  await person.choose("Add to favorites");
+  await person.noDialog();
+  await person.visit(myAlbums);
+  await person.row(title).waitFor();
+});
+
+journey("a playlist from a track to its end", {}, async (person) => {
+  const { page, dialog } = person;
+  await person.visit(myTracks);
+  const tracks = await person.titles("Tracks");
+  await person.menu(tracks[0]);
+  await person.choose("Add to playlist", "Create playlist");
+  await person.submit({ Title: "Rainy evenings", Description: "For the window seat" }, "Create");
+  await person.noDialog();
+  for (const track of tracks.slice(1, 3)) {
+    await person.menu(track);
+    await person.choose("Add to playlist", "Rainy evenings");
+    await person.noDialog();
+  }
+
+  await person.visit(mine);
+  await person.open("Rainy evenings");
+  await person.heading("Rainy evenings");
+  const list = () => person.titles("Rainy evenings");
+  await person.until(async () => (await list()).join() === tracks.slice(0, 3).join(), "the three tracks are there");
+  await person.menu(tracks[0]);
+  await person.choose("Move to index");
+  assert.equal(await dialog.getByRole("spinbutton").inputValue(), "0", "the form starts where the row is");
+  await person.submit({ "Row number": "2" }, "Move to row");
+  await person.noDialog();
+  await person.until(async () => (await list()).join() === [tracks[1], tracks[2], tracks[0]].join(), "the first is the last");
+  await person.menu(tracks[2]);
+  await person.choose("remove");
+  await person.noDialog();
+  await person.until(async () => (await list()).join() === [tracks[1], tracks[0]].join(), "the middle one is gone");
+
+  await page.goBack();
+  await person.menu("Rainy evenings");
+  await person.choose("Update playlist");
+  assert.equal(await dialog.getByLabel("Title").inputValue(), "Rainy evenings", "the form starts from the present title");
+  await person.submit({ Title: "Dry evenings" }, "Update");
+  await person.noDialog();
+  await person.row("Dry evenings").waitFor();
+  await person.row("Rainy evenings").waitFor({ state: "detached" });
+
+  await person.menu("Dry evenings");
+  await person.choose("remove");
+  await page.getByRole("dialog", { name: "Delete the playlist?" }).getByRole("button", { name: "Cancel" }).click();
+  await person.choose("remove");
+  await page.getByRole("dialog", { name: "Delete the playlist?" }).getByRole("button", { name: "Delete" }).click();
+  await person.noDialog();
+  await person.row("Dry evenings").waitFor({ state: "detached" });
+});
+
+journey("a list in another order, a setting with another value", {}, async (person) => {
+  const { dialog, page } = person;
+  await person.visit(myTracks);
+  const before = await person.titles("Tracks");
+  await person.button("Order").click();
+  await dialog.getByRole("menuitem", { name: "Order direction Ascending" }).click();
+  await dialog.getByRole("menuitemradio", { name: "Ascending", checked: true }).waitFor();
+  await person.choose("Descending");
+  await dialog.getByRole("menuitem", { name: "Order direction Descending" }).waitFor();
+  await page.keyboard.press("Escape");
+  await person.noDialog();
+  await person.until(async () => (await person.titles("Tracks")).join() !== before.join(), "the list is in another order");
+
+  await person.visit("/settings");
+  await page.getByRole("button", { name: "Sound quality LOSSLESS" }).click();
+  await person.choose("HIGH");
+  await page.getByRole("button", { name: "Sound quality HIGH" }).waitFor();
+  await page.getByLabel("Colours").selectOption("Dark");
+  await page.reload();
+  await page.getByRole("button", { name: "Sound quality HIGH" }).waitFor();
+  assert.equal(await page.locator("html").evaluate((html) => getComputedStyle(html).colorScheme), "dark");
+});
+
+journey("titles that want to be more than titles", {}, async (person) => {
+  const { page, streamer } = person;
+  const image = "<img src=x onerror=alert(1)>";
+  const word = "W".repeat(10000);
+  for (const title of [image, word]) {
+    await streamer.call("set", { path: "/tidal/createPlaylist/title", value: title });
+    await streamer.call("set", { path: "/tidal/createPlaylist/accept", value: 1 });
+  }
+  for (const size of [{ width: 1280, height: 800 }, { width: 390, height: 844 }]) {
+    await page.setViewportSize(size);
+    for (const title of [image, word]) {
+      await person.visit(mine);
+      await person.menu(title);
+      await page.keyboard.press("Escape");
+      await person.open(title);
+      await person.heading(title);
+      const [wide, inner] = await page.evaluate(() => [document.documentElement.scrollWidth, document.querySelector("main").scrollWidth - document.querySelector("main").clientWidth]);
+      assert.ok(wide <= size.width && inner <= 0, `nothing is wider than the window of ${size.width}`);
+    }
+  }
+  assert.equal(await page.locator("img[src=x]").count(), 0);
+});
