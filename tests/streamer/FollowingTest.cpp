@@ -140,24 +140,6 @@ TEST(LoginCommand, WaitsForTheDecision)
     }
 }
 
-TEST(LoginCommand, SaysWhatToDoWhenThereIsNoCodeAndWhenTheStateIsAsked)
-{
-    ScriptedStreamer streamer;
-    streamer.answer("POST /api/v1/login", {502, R"({"title":"Error","detail":"No code."})"});
-    streamer.answer("GET /api/v1/login",
-                    {200, R"({"loggedIn":false,"problem":"No code.","reason":"client"})"});
-    streamer.answer(events, stream("", "POST /api/v1/login"));
-    const std::string advice = "Check client_id and client_secret in section [tidal.oauth2] of the "
-                               "settings; see kelo config.\n";
-    const auto login = streamer.run({"login"});
-    EXPECT_EQ(login.status, 1);
-    EXPECT_EQ(login.err, "kelo: not logged in: No code.\n" + advice);
-    const auto status = streamer.run({"login", "--status"});
-    EXPECT_EQ(status.status, 1);
-    EXPECT_EQ(status.out, "not logged in\nproblem: No code.\n" + advice);
-    EXPECT_EQ(streamer.run({"login", "--status", "--json"}).status, 1);
-}
-
 TEST(LoginCommand, ShowsAddressCodeAndQrCodeAndSaysWhenItExpires)
 {
     ScriptedStreamer streamer;

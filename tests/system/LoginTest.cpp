@@ -36,13 +36,11 @@ TEST(LoginTest, everyFailureHasItsReasonAndTheCommandLineSaysWhatToDo)
         const char* advice;
     } rows[] = {
         {{"oauth-code error=invalid_client"}, "client", "Check client_id and client_secret"},
-        {{"oauth error=unauthorized_client"}, "client", "Check client_id and client_secret"},
         {{"status=503 path=/oauth2"}, "service", "Try again in a few minutes."},
         {{"status=503 path=/oauth2", "date ahead=3600"}, "clock", "(timedatectl)"},
         {{"status=503 path=/oauth2", "date behind=3600"}, "clock", "(timedatectl)"},
         {{"reset path=/oauth2"}, "network", "Check the network"},
         {{"oauth error=access_denied"}, "denied", "Run kelo login again"},
-        {{"oauth error=expired_token"}, "expired", "Run kelo login again"},
         {{"device-code interval=1 expires=1"}, "expired", "Run kelo login again"},
     };
     for (const auto& row : rows) {
