@@ -34,7 +34,9 @@ int ConfigCommand::run(Terminal& terminal) const
         terminal.line(QString::fromUtf8(printableJson(text.trimmed())));
         return ExitDone;
     }
-    const int valueWidth = qMin(widestValue, 44);
+    constexpr int defaultOrigin = 11; // "  # default"
+    const int valueWidth =
+        qMin(widestValue, qBound(8, terminal.width() - widestWord - 3 - defaultOrigin, 44));
     QString section;
     for (const SettingsKey& key : settingsKeys()) {
         if (key.section() != section) {

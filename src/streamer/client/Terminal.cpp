@@ -18,17 +18,17 @@ Terminal::Terminal(std::ostream& out, std::ostream& err, Properties properties)
 Terminal::Properties Terminal::ofStdout()
 {
     Properties result;
-    result.isInteractive = isatty(STDOUT_FILENO) != 0;
-    const bool isDumb = qgetenv("TERM") == "dumb";
-    result.hasColours = result.isInteractive && !isDumb && qEnvironmentVariableIsEmpty("NO_COLOR");
+    const bool isTerminal = isatty(STDOUT_FILENO) != 0;
+    result.isInteractive = isTerminal && qgetenv("TERM") != "dumb";
+    result.hasColours = result.isInteractive && qEnvironmentVariableIsEmpty("NO_COLOR");
     winsize size = {};
-    const bool hasSize = result.isInteractive && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
+    const bool hasSize = isTerminal && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
     result.height = hasSize ? size.ws_row : 0;
     bool isNumber = false;
     const int wished = qEnvironmentVariableIntValue("COLUMNS", &isNumber);
     if (isNumber && wished > 0)
         result.width = wished;
-    else if (!result.isInteractive)
+    else if (!isTerminal)
         result.width = unlimited;
     else if (hasSize && size.ws_col > 0)
         result.width = size.ws_col;

@@ -20,7 +20,7 @@ public:
     struct Properties
     {
         int width = 80;
-        bool isInteractive = false; ///< a person looks at it: lines may be drawn over
+        bool isInteractive = false; ///< a person looks, at a terminal that can draw over lines
         bool hasColours = false;
         int height = 0; ///< 0: unknown
     };

@@ -44,16 +44,20 @@ QVector<Completion::Candidate> TreePaths::startingWith(const QString& prefix)
     if (!beside.isEmpty() && !isWhole)
         return beside;
     const Candidates below = rowsOf(path);
-    if (!below.isEmpty())
-        return below;
-    return isWhole ? beside : searched(prefix);
+    const Candidates longer = keepStarting(below, prefix);
+    if (!longer.isEmpty())
+        return longer;
+    if (isWhole)
+        return isTop ? found : beside;
+    return prefix.endsWith('/') && !below.isEmpty() ? below : searched(prefix);
 }
 
 /// Level by level from the top on, through nodes without parameters: those are menus of the tree,
 /// the others what the service holds.
 QVector<Completion::Candidate> TreePaths::searched(const QString& prefix)
 {
-    QStringList lists{topPath()};
+    const QString settings = QStringLiteral("/settings");
+    QStringList lists{prefix.startsWith(settings) ? settings : topPath()};
     Candidates found;
     for (int i = 0; i < lists.size() && i < mostLists; ++i) {
         for (const auto& row : rowsOf(lists.at(i))) {

@@ -12,9 +12,9 @@ class TreePaths
 public:
     explicit TreePaths(ApiClient& api) : m_api(api) {}
 
-    /// The rows beside what is typed whose paths begin with it; where there are none the rows below
-    /// it, so that completing walks down the tree (paths there need not begin with their parent's);
-    /// else what is found below the top.
+    /// The rows whose paths begin with \p prefix: beside what is typed, or below it when it is a
+    /// whole path, else found from the top on. Behind a slash all rows below, since their paths
+    /// need not begin with their parent's.
     QVector<Completion::Candidate> startingWith(const QString& prefix);
     /// The user's own playlists: ids, with the titles as notes.
     QVector<Completion::Candidate> playlists();
