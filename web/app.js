@@ -180,7 +180,7 @@ async function start() {
   playback.start();
   watchLogin();
   live.connect();
-  if (!currentPath().startsWith("!")) readAhead(currentPath());
+  if (!currentPath().startsWith("!") && currentPath() !== loginPath) readAhead(currentPath());
   await loadTexts();
   drawer = new Drawer(part("drawer"), (isOpen) => {
     part("drawer-button").setAttribute("aria-expanded", String(isOpen));
