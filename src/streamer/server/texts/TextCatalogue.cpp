@@ -69,10 +69,11 @@ void TextCatalogue::add(const QString& context, const QString& source, const QSt
         return;
     }
     m_texts.insert(keyOf(context.toUtf8(), source.toUtf8(), comment.toUtf8()), translation);
-    addPlain(source, translation);
+    addPlain(source, comment, translation);
 }
 
-void TextCatalogue::addPlain(const QString& source, const QString& translation)
+void TextCatalogue::addPlain(const QString& source, const QString& comment,
+                             const QString& translation)
 {
     Pattern pattern;
     int begin = 0;
@@ -90,33 +91,47 @@ void TextCatalogue::addPlain(const QString& source, const QString& translation)
         return;
     }
     pattern.pieces.append(source.mid(begin));
+    if (pattern.pieces.join(QString()).isEmpty())
+        return; // every text is of that form
+    pattern.comment = comment;
     pattern.translation = translation;
     m_patterns.append(pattern);
 }
 
-QString TextCatalogue::Pattern::filled(const QString& text) const
+TextCatalogue::Arguments TextCatalogue::argumentsOf(const QString& text, const Pattern& pattern)
 {
+    const QStringList& pieces = pattern.pieces;
     if (!text.startsWith(pieces.first()) || !text.endsWith(pieces.last()))
-        return QString();
-    QMap<int, QString> arguments;
+        return {};
+    Arguments arguments;
     int begin = pieces.first().size();
-    for (int i = 0; i < numbers.size(); ++i) {
-        const bool isLast = i + 1 == numbers.size();
+    for (int i = 0; i < pattern.numbers.size(); ++i) {
+        const bool isLast = i + 1 == pattern.numbers.size();
         const QString& next = pieces[i + 1];
         const int end = isLast ? text.size() - next.size() : text.indexOf(next, begin);
         if (end < begin)
-            return QString();
-        arguments.insert(numbers[i], text.mid(begin, end - begin));
+            return {};
+        arguments.insert(pattern.numbers[i], text.mid(begin, end - begin));
         begin = end + next.size();
     }
+    return arguments;
+}
+
+QString TextCatalogue::filled(const Pattern& pattern, const Arguments& arguments) const
+{
+    const QString& form = pattern.translation;
     QString result;
-    for (int i = 0; i < translation.size(); ++i) {
-        const bool isPlace = translation[i] == u'%' && i + 1 < translation.size() &&
-                             arguments.contains(translation[i + 1].unicode() - u'0');
-        if (isPlace)
-            result += arguments.value(translation[++i].unicode() - u'0');
-        else
-            result += translation[i];
+    for (int i = 0; i < form.size(); ++i) {
+        const int number =
+            form[i] == u'%' && i + 1 < form.size() ? form[i + 1].unicode() - u'0' : 0;
+        const auto argument = arguments.find(number);
+        if (argument == arguments.end()) {
+            result += form[i];
+            continue;
+        }
+        const bool isOurs = pattern.comment.contains(QLatin1Char('%') + QString::number(number));
+        result += isOurs ? plain(*argument) : *argument;
+        ++i;
     }
     return result;
 }
@@ -135,9 +150,21 @@ QString TextCatalogue::plain(const QString& text) const
     if (found != m_plain.end())
         return *found;
     for (const Pattern& pattern : m_patterns) {
-        const QString filled = pattern.filled(text);
-        if (!filled.isNull())
-            return filled;
+        const Arguments arguments = argumentsOf(text, pattern);
+        if (!arguments.isEmpty())
+            return filled(pattern, arguments);
     }
     return text;
+}
+
+QString TextCatalogue::plainList(const QString& texts) const
+{
+    const QString separator = QStringLiteral("; ");
+    const QString whole = plain(texts);
+    if (whole != texts)
+        return whole;
+    QStringList list = texts.split(separator);
+    for (QString& text : list)
+        text = plain(text);
+    return list.join(separator);
 }

@@ -29,6 +29,8 @@ public:
     /// looked up in every context. Itself when there is none. Not for texts of the service, which
     /// may be equal to one of ours and mean something else.
     QString plain(const QString& text) const;
+    /// The same for one such text or several with "; " between.
+    QString plainList(const QString& texts) const;
     /// The web page's texts by their English ones.
     const QMap<QString, QString>& pageTexts() const { return m_pageTexts; }
 
@@ -38,15 +40,17 @@ private:
     {
         QStringList pieces;   ///< one more than places
         QVector<int> numbers; ///< of the places in order
+        QString comment;      ///< names the places that hold texts of ours
         QString translation;
-
-        /// The translation with the arguments of a text of this form; null for any other text.
-        QString filled(const QString& text) const;
     };
+    using Arguments = QMap<int, QString>;
 
     void add(const QString& context, const QString& source, const QString& comment,
              const QString& translation);
-    void addPlain(const QString& source, const QString& translation);
+    void addPlain(const QString& source, const QString& comment, const QString& translation);
+    /// The arguments of a text of this form by their numbers; none for any other text.
+    static Arguments argumentsOf(const QString& text, const Pattern& pattern);
+    QString filled(const Pattern& pattern, const Arguments& arguments) const;
 
     QString m_language;
     QHash<QByteArray, QString> m_texts;

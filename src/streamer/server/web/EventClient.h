@@ -8,6 +8,8 @@
 #include <set>
 #include <string>
 
+class TextCatalogue;
+
 /// The queue of one event stream: filled by whoever has news, emptied by the thread that writes the
 /// stream. Shared by both. A client that does not keep up is dropped, since a stream with holes
 /// would lie about the rows.
@@ -17,13 +19,16 @@ public:
     /// What next() found.
     enum class Next { Event, Nothing, End };
 
-    /// `id` names the stream in other calls; `wantsRequests`: it gets the module's requests, too.
-    explicit EventClient(std::string id, bool wantsRequests = false)
-        : m_id(std::move(id)), m_wantsRequests(wantsRequests)
+    /// `id` names the stream in other calls; `texts` are in the client's language; `wantsRequests`:
+    /// it gets the module's requests, too.
+    explicit EventClient(std::string id, const TextCatalogue* texts = nullptr,
+                         bool wantsRequests = false)
+        : m_id(std::move(id)), m_texts(texts), m_wantsRequests(wantsRequests)
     {
     }
 
     const std::string& id() const { return m_id; }
+    const TextCatalogue* texts() const { return m_texts; }
     bool wantsRequests() const { return m_wantsRequests; }
     /// Adds an event. Of a state (`isState`) only the latest waits: it replaces an older one of the
     /// same kind that is the last in the queue.
@@ -48,6 +53,7 @@ private:
     void add(const std::string& kind, const std::string& data, bool isState);
 
     const std::string m_id;
+    const TextCatalogue* const m_texts;
     const bool m_wantsRequests;
     OpenPaths m_paths;
     mutable std::mutex m_mutex;

@@ -30,10 +30,10 @@ std::string noticeText(const CMRowsNotice& notice)
 
 EventHub::EventHub(PlayerControl& player, LoginControl& login) : m_player(player), m_login(login)
 {
-    m_playerListener = player.addListener(
-        [this](const QJsonObject& status) { broadcast("player", JsonText::fromObject(status)); });
-    m_loginListener = login.addListener(
-        [this](const QJsonObject& status) { broadcast("login", JsonText::fromObject(status)); });
+    m_playerListener =
+        player.addListener([this](const QJsonObject& state) { broadcast("player", state); });
+    m_loginListener =
+        login.addListener([this](const QJsonObject& state) { broadcast("login", state); });
     m_requestObserver = HttpCallLog::instance().addObserver(
         [this](const HttpCallRecord& record) { tellRequest(record); });
 }
@@ -46,10 +46,10 @@ EventHub::~EventHub()
     stop();
 }
 
-std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, bool wantsRequests,
-                                            HttpReply* refusal)
+std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, const TextCatalogue* texts,
+                                            bool wantsRequests, HttpReply* refusal)
 {
-    auto client = std::make_shared<EventClient>(randomToken(), wantsRequests);
+    auto client = std::make_shared<EventClient>(randomToken(), texts, wantsRequests);
     client->push("stream", "{\"id\":\"" + client->id() + "\"}", false);
     {
         std::lock_guard<std::mutex> lock(m_mutex);
@@ -63,8 +63,8 @@ std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, bool wan
         m_clients.emplace(client->id(), client);
     }
     // From here on news reach the client, so that none is between them and the present states.
-    client->pushFirst("player", JsonText::fromObject(m_player.status()));
-    client->pushFirst("login", JsonText::fromObject(m_login.status()));
+    client->pushFirst("player", JsonText::fromState(m_player.status(), texts));
+    client->pushFirst("login", JsonText::fromState(m_login.status(), texts));
     const OpenPaths::Change change = setPaths(client, paths);
     if (change.refused.isEmpty())
         return client;
@@ -125,11 +125,17 @@ int EventHub::clients() const
     return int(m_clients.size());
 }
 
-void EventHub::broadcast(const std::string& kind, const std::string& data)
+void EventHub::broadcast(const std::string& kind, const QJsonObject& state)
 {
+    std::map<const TextCatalogue*, std::string> byLanguage;
     std::lock_guard<std::mutex> lock(m_mutex);
-    for (const auto& client : m_clients)
+    for (const auto& client : m_clients) {
+        const TextCatalogue* texts = client.second->texts();
+        std::string& data = byLanguage[texts];
+        if (data.empty())
+            data = JsonText::fromState(state, texts);
         client.second->push(kind, data, true);
+    }
 }
 
 void EventHub::tellRequest(const HttpCallRecord& record)

@@ -24,8 +24,8 @@ public:
     /// A new client with these rows paths open, which gets its own name and the present states;
     /// null with the reason in `refusal` when there are too many clients or paths, or nobody serves
     /// a path.
-    std::shared_ptr<EventClient> open(const QList<CMPath>& paths, bool wantsRequests,
-                                      HttpReply* refusal);
+    std::shared_ptr<EventClient> open(const QList<CMPath>& paths, const TextCatalogue* texts,
+                                      bool wantsRequests, HttpReply* refusal);
     /// Opens other paths for a living stream; nothing when there is no such one.
     std::optional<OpenPaths::Change> setPaths(const std::string& stream,
                                               const QList<CMPath>& paths);
@@ -39,7 +39,7 @@ public:
     int dropped() const { return m_dropped; }
 
 private:
-    void broadcast(const std::string& kind, const std::string& data);
+    void broadcast(const std::string& kind, const QJsonObject& state);
     void tellRequest(const HttpCallRecord& record);
     static OpenPaths::Change setPaths(const std::shared_ptr<EventClient>& client,
                                       const QList<CMPath>& paths);

@@ -38,7 +38,7 @@ HttpReply EventsApi::open(const HttpCall& call)
     if (requests != QLatin1String("0") && requests != QLatin1String("1"))
         return HttpReply::badRequest(QStringLiteral("requests: wanted 0 or 1"));
     HttpReply reply;
-    if (auto client = m_hub.open(*paths, requests == QLatin1String("1"), &reply))
+    if (auto client = m_hub.open(*paths, call.texts, requests == QLatin1String("1"), &reply))
         reply.stream = std::make_shared<EventStream>(m_hub, std::move(client));
     return reply;
 }

@@ -1,5 +1,6 @@
 #include "LoginApi.h"
 
+#include "JsonText.h"
 #include "LoginControl.h"
 #include "qr/QrMatrix.h"
 #include "QrPicture.h"
@@ -8,18 +9,25 @@
 void LoginApi::addRoutes(RouteTable& routes)
 {
     const std::string path = "/api/v1/login";
-    routes.add("GET", path, [this](const HttpCall&) { return HttpReply::json(m_login.status()); });
-    routes.add("POST", path, [this](const HttpCall&) { return answer(m_login.start()); });
-    routes.add("DELETE", path, [this](const HttpCall&) { return answer(m_login.logout()); });
+    routes.add("GET", path, [this](const HttpCall& call) { return state(call); });
+    routes.add("POST", path,
+               [this](const HttpCall& call) { return answer(m_login.start(), call); });
+    routes.add("DELETE", path,
+               [this](const HttpCall& call) { return answer(m_login.logout(), call); });
     routes.add("GET", path + "/qr", [this](const HttpCall&) { return qrCode(); });
 }
 
-HttpReply LoginApi::answer(const CMReply<QVariant>& reply)
+HttpReply LoginApi::answer(const CMReply<QVariant>& reply, const HttpCall& call)
 {
     m_waiter.wait(reply);
     if (reply.error().isSet())
         return HttpReply::error(reply.error());
-    return HttpReply::json(m_login.status());
+    return state(call);
+}
+
+HttpReply LoginApi::state(const HttpCall& call) const
+{
+    return HttpReply::json(JsonText::fromState(m_login.status(), call.texts));
 }
 
 HttpReply LoginApi::qrCode() const

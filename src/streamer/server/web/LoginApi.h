@@ -15,7 +15,8 @@ public:
     void addRoutes(RouteTable& routes);
 
 private:
-    HttpReply answer(const CMReply<QVariant>& reply);
+    HttpReply state(const HttpCall& call) const;
+    HttpReply answer(const CMReply<QVariant>& reply, const HttpCall& call);
     /// The address to confirm the login at, as a picture to read with a telephone.
     HttpReply qrCode() const;
 

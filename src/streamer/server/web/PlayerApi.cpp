@@ -1,12 +1,13 @@
 #include "PlayerApi.h"
 
+#include "JsonText.h"
 #include "PlayerControl.h"
 #include "ReplyWaiter.h"
 
 void PlayerApi::addRoutes(RouteTable& routes)
 {
     const std::string path = "/api/v1/player";
-    routes.add("GET", path, [this](const HttpCall&) { return HttpReply::json(m_player.status()); });
+    routes.add("GET", path, [this](const HttpCall& call) { return state(call); });
     for (const char* name :
          {"play", "pause", "resume", "stop", "next", "previous", "seek", "volume"}) {
         routes.add("POST", path + "/" + name, [this, name](const HttpCall& call) {
@@ -25,5 +26,10 @@ HttpReply PlayerApi::command(const QString& name, const HttpCall& call)
     m_waiter.wait(reply);
     if (reply.error().isSet())
         return HttpReply::error(reply.error());
-    return HttpReply::json(m_player.status());
+    return state(call);
+}
+
+HttpReply PlayerApi::state(const HttpCall& call) const
+{
+    return HttpReply::json(JsonText::fromState(m_player.status(), call.texts));
 }

@@ -13,6 +13,7 @@ public:
     void addRoutes(RouteTable& routes);
 
 private:
+    HttpReply state(const HttpCall& call) const;
     HttpReply command(const QString& name, const HttpCall& call);
 
     PlayerControl& m_player;
