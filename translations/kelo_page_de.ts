@@ -428,12 +428,12 @@
         <translation>Der Code gilt noch</translation>
     </message>
     <message>
-        <source>Get a new code</source>
-        <translation>Neuen Code anfordern</translation>
-    </message>
-    <message>
         <source>Try again.</source>
         <translation>Bitte erneut versuchen.</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>Neuen Code anfordern</translation>
     </message>
     <message>
         <source>Open</source>

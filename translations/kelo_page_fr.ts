@@ -428,12 +428,12 @@
         <translation>Le code est valable encore</translation>
     </message>
     <message>
-        <source>Get a new code</source>
-        <translation>Obtenir un nouveau code</translation>
-    </message>
-    <message>
         <source>Try again.</source>
         <translation>Réessayez.</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>Obtenir un nouveau code</translation>
     </message>
     <message>
         <source>Open</source>

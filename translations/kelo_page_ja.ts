@@ -428,12 +428,12 @@
         <translation>コードの残り有効時間</translation>
     </message>
     <message>
-        <source>Get a new code</source>
-        <translation>新しいコードを取得</translation>
-    </message>
-    <message>
         <source>Try again.</source>
         <translation>もう一度試してください。</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>新しいコードを取得</translation>
     </message>
     <message>
         <source>Open</source>

@@ -428,12 +428,12 @@
         <translation>Koden gjelder i</translation>
     </message>
     <message>
-        <source>Get a new code</source>
-        <translation>Hent en ny kode</translation>
-    </message>
-    <message>
         <source>Try again.</source>
         <translation>Prøv igjen.</translation>
+    </message>
+    <message>
+        <source>Get a new code</source>
+        <translation>Hent en ny kode</translation>
     </message>
     <message>
         <source>Open</source>

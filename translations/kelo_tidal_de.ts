@@ -132,6 +132,83 @@
     </message>
 </context>
 <context>
+    <name>Login</name>
+    <message>
+        <source>No login code: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Kein Anmeldecode: %1.</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>Die Anmeldung wurde abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The login failed: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Die Anmeldung ist fehlgeschlagen: %1.</translation>
+    </message>
+    <message>
+        <source>The code has expired. Start the login again.</source>
+        <translation>Der Code ist abgelaufen. Bitte die Anmeldung neu starten.</translation>
+    </message>
+    <message>
+        <source>The code has expired: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Der Code ist abgelaufen: %1.</translation>
+    </message>
+    <message>
+        <source>the login service is not reached</source>
+        <translation>der Anmeldedienst ist nicht erreichbar</translation>
+    </message>
+    <message>
+        <source>no secure connection to the login service</source>
+        <translation>keine sichere Verbindung zum Anmeldedienst</translation>
+    </message>
+    <message>
+        <source>the login service's certificate is not valid at the time that the streamer's clock shows</source>
+        <translation>das Zertifikat des Anmeldedienstes gilt nicht zu der Zeit, die die Uhr des Streamers zeigt</translation>
+    </message>
+    <message>
+        <source>the login service's answer is too large</source>
+        <translation>die Antwort des Anmeldedienstes ist zu groß</translation>
+    </message>
+    <message>
+        <source>the login service does not answer</source>
+        <translation>der Anmeldedienst antwortet nicht</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes fast</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1, und die Uhr des Streamers geht %2 Minuten vor</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes slow</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1, und die Uhr des Streamers geht %2 Minuten nach</translation>
+    </message>
+    <message>
+        <source>the login service's answer is not understood</source>
+        <translation>die Antwort des Anmeldedienstes ist nicht verständlich</translation>
+    </message>
+    <message>
+        <source>the login service answered with status %1</source>
+        <translation>der Anmeldedienst hat mit dem Status %1 geantwortet</translation>
+    </message>
+    <message>
+        <source>No client id is set for %1; see the settings.</source>
+        <translation>Für %1 ist keine Client-ID festgelegt; siehe Einstellungen.</translation>
+    </message>
+    <message>
+        <source>The login is not renewed yet: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Die Anmeldung ist noch nicht erneuert: %1.</translation>
+    </message>
+    <message>
+        <source>The login has ended: the service does not accept it any more. Log in again.</source>
+        <translation>Die Anmeldung ist beendet: Der Dienst erkennt sie nicht mehr an. Bitte erneut anmelden.</translation>
+    </message>
+</context>
+<context>
     <name>OAuth2Worker::OAuth2Worker(const QString&amp;, std::unique_ptr&lt;TokenEndpoint&gt;, std::unique_ptr&lt;Clock&gt;)</name>
     <message>
         <source>Logins</source>
@@ -140,6 +217,104 @@
     <message>
         <source>Add a login service</source>
         <translation>Anmeldedienst hinzufügen</translation>
+    </message>
+</context>
+<context>
+    <name>Player</name>
+    <message>
+        <source>no sound device, playing silently</source>
+        <translation>kein Audiogerät, Wiedergabe ohne Ton</translation>
+    </message>
+    <message>
+        <source>the address was refused (%1)</source>
+        <translation>die Adresse wurde abgelehnt (%1)</translation>
+    </message>
+    <message>
+        <source>nothing stands at the address (%1)</source>
+        <translation>unter der Adresse gibt es nichts (%1)</translation>
+    </message>
+    <message>
+        <source>the audio cannot be decoded: %1</source>
+        <translation>die Audiodaten lassen sich nicht decodieren: %1</translation>
+    </message>
+    <message>
+        <source>the sound device cannot be used: %1</source>
+        <translation>das Audiogerät lässt sich nicht verwenden: %1</translation>
+    </message>
+    <message>
+        <source>the audio did not arrive: %1</source>
+        <translation>die Audiodaten sind nicht angekommen: %1</translation>
+    </message>
+    <message>
+        <source>the address holds no audio</source>
+        <translation>unter der Adresse gibt es keine Audiodaten</translation>
+    </message>
+    <message>
+        <source>the player ends</source>
+        <translation>der Player wird beendet</translation>
+    </message>
+    <message>
+        <source>superseded by another command</source>
+        <translation>durch einen anderen Befehl ersetzt</translation>
+    </message>
+    <message>
+        <source>nothing is playing</source>
+        <translation>es läuft keine Wiedergabe</translation>
+    </message>
+    <message>
+        <source>there is nothing to play</source>
+        <translation>es gibt nichts abzuspielen</translation>
+    </message>
+    <message>
+        <source>skipped: %1 cannot be played</source>
+        <translation>übersprungen: %1 lässt sich nicht abspielen</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played</source>
+        <translation>%1 lässt sich nicht abspielen</translation>
+    </message>
+    <message>
+        <source>the list does not go on: %1</source>
+        <comment>%1 is the reason</comment>
+        <translation>die Liste geht nicht weiter: %1</translation>
+    </message>
+    <message>
+        <source>nothing in this list can be played</source>
+        <translation>in dieser Liste lässt sich nichts abspielen</translation>
+    </message>
+    <message>
+        <source>no such row</source>
+        <translation>diese Zeile gibt es nicht</translation>
+    </message>
+    <message>
+        <source>the service gave no address</source>
+        <translation>der Dienst hat keine Adresse genannt</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>skipped: %1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>übersprungen: %1: %2</translation>
+    </message>
+    <message>
+        <source>stopped after %1 items in a row that cannot be played</source>
+        <translation>nach %1 nicht abspielbaren Titeln in Folge angehalten</translation>
+    </message>
+    <message>
+        <source>the audio server answered with status %1</source>
+        <translation>der Audioserver hat mit dem Status %1 geantwortet</translation>
+    </message>
+    <message>
+        <source>the address is not valid</source>
+        <translation>die Adresse ist ungültig</translation>
+    </message>
+    <message>
+        <source>the audio server did not answer</source>
+        <translation>der Audioserver hat nicht geantwortet</translation>
     </message>
 </context>
 <context>
@@ -522,10 +697,24 @@
     </message>
 </context>
 <context>
+    <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
+    <message>
+        <source>the player is not running</source>
+        <translation>der Player läuft nicht</translation>
+    </message>
+</context>
+<context>
     <name>virtual bool TidalBrowseNode::getRowsRequest(const CMGetRowsRequest&amp;)</name>
     <message>
         <source>Bad rows request range</source>
         <translation>Ungültiger Zeilenbereich</translation>
+    </message>
+</context>
+<context>
+    <name>void ItemResolver::onAnswered(const CMError&amp;)</name>
+    <message>
+        <source>the service handed no item over</source>
+        <translation>der Dienst hat keinen Titel übergeben</translation>
     </message>
 </context>
 <context>
@@ -545,6 +734,20 @@
     <message>
         <source>Log in to %1</source>
         <translation>Bei %1 anmelden</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::on_logout(CMSetDataRequest)</name>
+    <message>
+        <source>The login was cancelled.</source>
+        <translation>Die Anmeldung wurde abgebrochen.</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::setInfo(const KeloOAuth2ServiceInfo&amp;)</name>
+    <message>
+        <source>The login service has changed.</source>
+        <translation>Der Anmeldedienst hat sich geändert.</translation>
     </message>
 </context>
 <context>

@@ -132,6 +132,83 @@
     </message>
 </context>
 <context>
+    <name>Login</name>
+    <message>
+        <source>No login code: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Pas de code de connexion : %1.</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>La connexion a été refusée.</translation>
+    </message>
+    <message>
+        <source>The login failed: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>La connexion a échoué : %1.</translation>
+    </message>
+    <message>
+        <source>The code has expired. Start the login again.</source>
+        <translation>Le code a expiré. Recommencez la connexion.</translation>
+    </message>
+    <message>
+        <source>The code has expired: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Le code a expiré : %1.</translation>
+    </message>
+    <message>
+        <source>the login service is not reached</source>
+        <translation>le service de connexion est injoignable</translation>
+    </message>
+    <message>
+        <source>no secure connection to the login service</source>
+        <translation>pas de liaison sécurisée avec le service de connexion</translation>
+    </message>
+    <message>
+        <source>the login service's certificate is not valid at the time that the streamer's clock shows</source>
+        <translation>le certificat du service de connexion n’est pas valable à l’heure indiquée par l’horloge du streamer</translation>
+    </message>
+    <message>
+        <source>the login service's answer is too large</source>
+        <translation>la réponse du service de connexion est trop volumineuse</translation>
+    </message>
+    <message>
+        <source>the login service does not answer</source>
+        <translation>le service de connexion ne répond pas</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes fast</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1, et l’horloge du streamer avance de %2 minutes</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes slow</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1, et l’horloge du streamer retarde de %2 minutes</translation>
+    </message>
+    <message>
+        <source>the login service's answer is not understood</source>
+        <translation>la réponse du service de connexion est incompréhensible</translation>
+    </message>
+    <message>
+        <source>the login service answered with status %1</source>
+        <translation>le service de connexion a répondu avec le statut %1</translation>
+    </message>
+    <message>
+        <source>No client id is set for %1; see the settings.</source>
+        <translation>Aucun identifiant client n’est défini pour %1 ; voir les réglages.</translation>
+    </message>
+    <message>
+        <source>The login is not renewed yet: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>La connexion n’est pas encore renouvelée : %1.</translation>
+    </message>
+    <message>
+        <source>The login has ended: the service does not accept it any more. Log in again.</source>
+        <translation>La connexion est terminée : le service ne l’accepte plus. Reconnectez-vous.</translation>
+    </message>
+</context>
+<context>
     <name>OAuth2Worker::OAuth2Worker(const QString&amp;, std::unique_ptr&lt;TokenEndpoint&gt;, std::unique_ptr&lt;Clock&gt;)</name>
     <message>
         <source>Logins</source>
@@ -140,6 +217,104 @@
     <message>
         <source>Add a login service</source>
         <translation>Ajouter un service de connexion</translation>
+    </message>
+</context>
+<context>
+    <name>Player</name>
+    <message>
+        <source>no sound device, playing silently</source>
+        <translation>pas de périphérique audio, lecture sans son</translation>
+    </message>
+    <message>
+        <source>the address was refused (%1)</source>
+        <translation>l’adresse a été refusée (%1)</translation>
+    </message>
+    <message>
+        <source>nothing stands at the address (%1)</source>
+        <translation>il n’y a rien à cette adresse (%1)</translation>
+    </message>
+    <message>
+        <source>the audio cannot be decoded: %1</source>
+        <translation>l’audio ne peut pas être décodé : %1</translation>
+    </message>
+    <message>
+        <source>the sound device cannot be used: %1</source>
+        <translation>le périphérique audio est inutilisable : %1</translation>
+    </message>
+    <message>
+        <source>the audio did not arrive: %1</source>
+        <translation>l’audio n’est pas arrivé : %1</translation>
+    </message>
+    <message>
+        <source>the address holds no audio</source>
+        <translation>l’adresse ne contient pas d’audio</translation>
+    </message>
+    <message>
+        <source>the player ends</source>
+        <translation>le lecteur s’arrête</translation>
+    </message>
+    <message>
+        <source>superseded by another command</source>
+        <translation>remplacé par une autre commande</translation>
+    </message>
+    <message>
+        <source>nothing is playing</source>
+        <translation>rien n’est en cours de lecture</translation>
+    </message>
+    <message>
+        <source>there is nothing to play</source>
+        <translation>il n’y a rien à lire</translation>
+    </message>
+    <message>
+        <source>skipped: %1 cannot be played</source>
+        <translation>ignoré : %1 ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played</source>
+        <translation>%1 ne peut pas être lu</translation>
+    </message>
+    <message>
+        <source>the list does not go on: %1</source>
+        <comment>%1 is the reason</comment>
+        <translation>la liste s’interrompt : %1</translation>
+    </message>
+    <message>
+        <source>nothing in this list can be played</source>
+        <translation>rien dans cette liste ne peut être lu</translation>
+    </message>
+    <message>
+        <source>no such row</source>
+        <translation>cette ligne n’existe pas</translation>
+    </message>
+    <message>
+        <source>the service gave no address</source>
+        <translation>le service n’a pas donné d’adresse</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>skipped: %1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>ignoré : %1 : %2</translation>
+    </message>
+    <message>
+        <source>stopped after %1 items in a row that cannot be played</source>
+        <translation>arrêté après %1 éléments de suite impossibles à lire</translation>
+    </message>
+    <message>
+        <source>the audio server answered with status %1</source>
+        <translation>le serveur audio a répondu avec le statut %1</translation>
+    </message>
+    <message>
+        <source>the address is not valid</source>
+        <translation>l’adresse n’est pas valide</translation>
+    </message>
+    <message>
+        <source>the audio server did not answer</source>
+        <translation>le serveur audio n’a pas répondu</translation>
     </message>
 </context>
 <context>
@@ -522,10 +697,24 @@
     </message>
 </context>
 <context>
+    <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
+    <message>
+        <source>the player is not running</source>
+        <translation>le lecteur ne fonctionne pas</translation>
+    </message>
+</context>
+<context>
     <name>virtual bool TidalBrowseNode::getRowsRequest(const CMGetRowsRequest&amp;)</name>
     <message>
         <source>Bad rows request range</source>
         <translation>Plage de lignes non valide</translation>
+    </message>
+</context>
+<context>
+    <name>void ItemResolver::onAnswered(const CMError&amp;)</name>
+    <message>
+        <source>the service handed no item over</source>
+        <translation>le service n’a transmis aucun élément</translation>
     </message>
 </context>
 <context>
@@ -545,6 +734,20 @@
     <message>
         <source>Log in to %1</source>
         <translation>Se connecter à %1</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::on_logout(CMSetDataRequest)</name>
+    <message>
+        <source>The login was cancelled.</source>
+        <translation>La connexion a été annulée.</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::setInfo(const KeloOAuth2ServiceInfo&amp;)</name>
+    <message>
+        <source>The login service has changed.</source>
+        <translation>Le service de connexion a changé.</translation>
     </message>
 </context>
 <context>

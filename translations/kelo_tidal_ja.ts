@@ -132,6 +132,83 @@
     </message>
 </context>
 <context>
+    <name>Login</name>
+    <message>
+        <source>No login code: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>ログインコードを取得できません: %1。</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>ログインが拒否されました。</translation>
+    </message>
+    <message>
+        <source>The login failed: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>ログインできませんでした: %1。</translation>
+    </message>
+    <message>
+        <source>The code has expired. Start the login again.</source>
+        <translation>コードの有効期限が切れました。もう一度ログインしてください。</translation>
+    </message>
+    <message>
+        <source>The code has expired: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>コードの有効期限が切れました: %1。</translation>
+    </message>
+    <message>
+        <source>the login service is not reached</source>
+        <translation>ログインサービスに接続できません</translation>
+    </message>
+    <message>
+        <source>no secure connection to the login service</source>
+        <translation>ログインサービスに安全に接続できません</translation>
+    </message>
+    <message>
+        <source>the login service's certificate is not valid at the time that the streamer's clock shows</source>
+        <translation>ストリーマーの時計の時刻では、ログインサービスの証明書が有効ではありません</translation>
+    </message>
+    <message>
+        <source>the login service's answer is too large</source>
+        <translation>ログインサービスの応答が大きすぎます</translation>
+    </message>
+    <message>
+        <source>the login service does not answer</source>
+        <translation>ログインサービスが応答しません</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes fast</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1。ストリーマーの時計が%2分進んでいます</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes slow</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1。ストリーマーの時計が%2分遅れています</translation>
+    </message>
+    <message>
+        <source>the login service's answer is not understood</source>
+        <translation>ログインサービスの応答を解釈できません</translation>
+    </message>
+    <message>
+        <source>the login service answered with status %1</source>
+        <translation>ログインサービスがステータス %1 を返しました</translation>
+    </message>
+    <message>
+        <source>No client id is set for %1; see the settings.</source>
+        <translation>%1のクライアントIDが設定されていません。設定を確認してください。</translation>
+    </message>
+    <message>
+        <source>The login is not renewed yet: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>ログインはまだ更新されていません: %1。</translation>
+    </message>
+    <message>
+        <source>The login has ended: the service does not accept it any more. Log in again.</source>
+        <translation>ログインが終了しました。サービスがこのログインを受け付けなくなりました。もう一度ログインしてください。</translation>
+    </message>
+</context>
+<context>
     <name>OAuth2Worker::OAuth2Worker(const QString&amp;, std::unique_ptr&lt;TokenEndpoint&gt;, std::unique_ptr&lt;Clock&gt;)</name>
     <message>
         <source>Logins</source>
@@ -140,6 +217,104 @@
     <message>
         <source>Add a login service</source>
         <translation>ログインサービスを追加</translation>
+    </message>
+</context>
+<context>
+    <name>Player</name>
+    <message>
+        <source>no sound device, playing silently</source>
+        <translation>オーディオ機器がないため、音を出さずに再生しています</translation>
+    </message>
+    <message>
+        <source>the address was refused (%1)</source>
+        <translation>アドレスが拒否されました（%1）</translation>
+    </message>
+    <message>
+        <source>nothing stands at the address (%1)</source>
+        <translation>アドレスに何もありません（%1）</translation>
+    </message>
+    <message>
+        <source>the audio cannot be decoded: %1</source>
+        <translation>音声をデコードできません: %1</translation>
+    </message>
+    <message>
+        <source>the sound device cannot be used: %1</source>
+        <translation>オーディオ機器を使用できません: %1</translation>
+    </message>
+    <message>
+        <source>the audio did not arrive: %1</source>
+        <translation>音声を受信できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>the address holds no audio</source>
+        <translation>アドレスに音声がありません</translation>
+    </message>
+    <message>
+        <source>the player ends</source>
+        <translation>プレーヤーを終了します</translation>
+    </message>
+    <message>
+        <source>superseded by another command</source>
+        <translation>別の操作に置き換えられました</translation>
+    </message>
+    <message>
+        <source>nothing is playing</source>
+        <translation>再生していません</translation>
+    </message>
+    <message>
+        <source>there is nothing to play</source>
+        <translation>再生するものがありません</translation>
+    </message>
+    <message>
+        <source>skipped: %1 cannot be played</source>
+        <translation>スキップしました: %1 は再生できません</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played</source>
+        <translation>%1 は再生できません</translation>
+    </message>
+    <message>
+        <source>the list does not go on: %1</source>
+        <comment>%1 is the reason</comment>
+        <translation>リストを続けられません: %1</translation>
+    </message>
+    <message>
+        <source>nothing in this list can be played</source>
+        <translation>このリストには再生できるものがありません</translation>
+    </message>
+    <message>
+        <source>no such row</source>
+        <translation>その行はありません</translation>
+    </message>
+    <message>
+        <source>the service gave no address</source>
+        <translation>サービスからアドレスが返されませんでした</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>skipped: %1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>スキップしました: %1: %2</translation>
+    </message>
+    <message>
+        <source>stopped after %1 items in a row that cannot be played</source>
+        <translation>再生できない項目が%1件続いたため停止しました</translation>
+    </message>
+    <message>
+        <source>the audio server answered with status %1</source>
+        <translation>音声サーバーがステータス %1 を返しました</translation>
+    </message>
+    <message>
+        <source>the address is not valid</source>
+        <translation>アドレスが正しくありません</translation>
+    </message>
+    <message>
+        <source>the audio server did not answer</source>
+        <translation>音声サーバーが応答しませんでした</translation>
     </message>
 </context>
 <context>
@@ -522,10 +697,24 @@
     </message>
 </context>
 <context>
+    <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
+    <message>
+        <source>the player is not running</source>
+        <translation>プレーヤーが動作していません</translation>
+    </message>
+</context>
+<context>
     <name>virtual bool TidalBrowseNode::getRowsRequest(const CMGetRowsRequest&amp;)</name>
     <message>
         <source>Bad rows request range</source>
         <translation>行の範囲が正しくありません</translation>
+    </message>
+</context>
+<context>
+    <name>void ItemResolver::onAnswered(const CMError&amp;)</name>
+    <message>
+        <source>the service handed no item over</source>
+        <translation>サービスから項目が渡されませんでした</translation>
     </message>
 </context>
 <context>
@@ -545,6 +734,20 @@
     <message>
         <source>Log in to %1</source>
         <translation>%1にログイン</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::on_logout(CMSetDataRequest)</name>
+    <message>
+        <source>The login was cancelled.</source>
+        <translation>ログインがキャンセルされました。</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::setInfo(const KeloOAuth2ServiceInfo&amp;)</name>
+    <message>
+        <source>The login service has changed.</source>
+        <translation>ログインサービスが変更されました。</translation>
     </message>
 </context>
 <context>

@@ -132,6 +132,83 @@
     </message>
 </context>
 <context>
+    <name>Login</name>
+    <message>
+        <source>No login code: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Ingen innloggingskode: %1.</translation>
+    </message>
+    <message>
+        <source>The login was refused.</source>
+        <translation>Innloggingen ble avvist.</translation>
+    </message>
+    <message>
+        <source>The login failed: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Innloggingen mislyktes: %1.</translation>
+    </message>
+    <message>
+        <source>The code has expired. Start the login again.</source>
+        <translation>Koden er utløpt. Start innloggingen på nytt.</translation>
+    </message>
+    <message>
+        <source>The code has expired: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Koden er utløpt: %1.</translation>
+    </message>
+    <message>
+        <source>the login service is not reached</source>
+        <translation>får ikke kontakt med innloggingstjenesten</translation>
+    </message>
+    <message>
+        <source>no secure connection to the login service</source>
+        <translation>ingen sikker forbindelse til innloggingstjenesten</translation>
+    </message>
+    <message>
+        <source>the login service's certificate is not valid at the time that the streamer's clock shows</source>
+        <translation>sertifikatet til innloggingstjenesten er ikke gyldig på tidspunktet som klokken i strømmeren viser</translation>
+    </message>
+    <message>
+        <source>the login service's answer is too large</source>
+        <translation>svaret fra innloggingstjenesten er for stort</translation>
+    </message>
+    <message>
+        <source>the login service does not answer</source>
+        <translation>innloggingstjenesten svarer ikke</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes fast</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1, og klokken i strømmeren går %2 minutter for fort</translation>
+    </message>
+    <message>
+        <source>%1, and the streamer's clock is %2 minutes slow</source>
+        <comment>%1 is the reason</comment>
+        <translation>%1, og klokken i strømmeren går %2 minutter for sakte</translation>
+    </message>
+    <message>
+        <source>the login service's answer is not understood</source>
+        <translation>svaret fra innloggingstjenesten kan ikke tolkes</translation>
+    </message>
+    <message>
+        <source>the login service answered with status %1</source>
+        <translation>innloggingstjenesten svarte med status %1</translation>
+    </message>
+    <message>
+        <source>No client id is set for %1; see the settings.</source>
+        <translation>Ingen klient-ID er angitt for %1; se innstillingene.</translation>
+    </message>
+    <message>
+        <source>The login is not renewed yet: %1.</source>
+        <comment>%1 is the reason</comment>
+        <translation>Innloggingen er ikke fornyet ennå: %1.</translation>
+    </message>
+    <message>
+        <source>The login has ended: the service does not accept it any more. Log in again.</source>
+        <translation>Innloggingen er avsluttet: Tjenesten godtar den ikke lenger. Logg inn på nytt.</translation>
+    </message>
+</context>
+<context>
     <name>OAuth2Worker::OAuth2Worker(const QString&amp;, std::unique_ptr&lt;TokenEndpoint&gt;, std::unique_ptr&lt;Clock&gt;)</name>
     <message>
         <source>Logins</source>
@@ -140,6 +217,104 @@
     <message>
         <source>Add a login service</source>
         <translation>Legg til en innloggingstjeneste</translation>
+    </message>
+</context>
+<context>
+    <name>Player</name>
+    <message>
+        <source>no sound device, playing silently</source>
+        <translation>ingen lydenhet, spiller uten lyd</translation>
+    </message>
+    <message>
+        <source>the address was refused (%1)</source>
+        <translation>adressen ble avvist (%1)</translation>
+    </message>
+    <message>
+        <source>nothing stands at the address (%1)</source>
+        <translation>det finnes ingenting på adressen (%1)</translation>
+    </message>
+    <message>
+        <source>the audio cannot be decoded: %1</source>
+        <translation>lyden kan ikke dekodes: %1</translation>
+    </message>
+    <message>
+        <source>the sound device cannot be used: %1</source>
+        <translation>lydenheten kan ikke brukes: %1</translation>
+    </message>
+    <message>
+        <source>the audio did not arrive: %1</source>
+        <translation>lyden kom ikke fram: %1</translation>
+    </message>
+    <message>
+        <source>the address holds no audio</source>
+        <translation>adressen inneholder ingen lyd</translation>
+    </message>
+    <message>
+        <source>the player ends</source>
+        <translation>spilleren avsluttes</translation>
+    </message>
+    <message>
+        <source>superseded by another command</source>
+        <translation>erstattet av en annen kommando</translation>
+    </message>
+    <message>
+        <source>nothing is playing</source>
+        <translation>ingenting spilles av</translation>
+    </message>
+    <message>
+        <source>there is nothing to play</source>
+        <translation>det er ingenting å spille av</translation>
+    </message>
+    <message>
+        <source>skipped: %1 cannot be played</source>
+        <translation>hoppet over: %1 kan ikke spilles av</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played</source>
+        <translation>%1 kan ikke spilles av</translation>
+    </message>
+    <message>
+        <source>the list does not go on: %1</source>
+        <comment>%1 is the reason</comment>
+        <translation>listen går ikke videre: %1</translation>
+    </message>
+    <message>
+        <source>nothing in this list can be played</source>
+        <translation>ingenting i denne listen kan spilles av</translation>
+    </message>
+    <message>
+        <source>no such row</source>
+        <translation>raden finnes ikke</translation>
+    </message>
+    <message>
+        <source>the service gave no address</source>
+        <translation>tjenesten oppga ingen adresse</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>skipped: %1: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>hoppet over: %1: %2</translation>
+    </message>
+    <message>
+        <source>stopped after %1 items in a row that cannot be played</source>
+        <translation>stoppet etter %1 elementer på rad som ikke kan spilles av</translation>
+    </message>
+    <message>
+        <source>the audio server answered with status %1</source>
+        <translation>lydserveren svarte med status %1</translation>
+    </message>
+    <message>
+        <source>the address is not valid</source>
+        <translation>adressen er ikke gyldig</translation>
+    </message>
+    <message>
+        <source>the audio server did not answer</source>
+        <translation>lydserveren svarte ikke</translation>
     </message>
 </context>
 <context>
@@ -522,10 +697,24 @@
     </message>
 </context>
 <context>
+    <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
+    <message>
+        <source>the player is not running</source>
+        <translation>spilleren kjører ikke</translation>
+    </message>
+</context>
+<context>
     <name>virtual bool TidalBrowseNode::getRowsRequest(const CMGetRowsRequest&amp;)</name>
     <message>
         <source>Bad rows request range</source>
         <translation>Ugyldig radområde</translation>
+    </message>
+</context>
+<context>
+    <name>void ItemResolver::onAnswered(const CMError&amp;)</name>
+    <message>
+        <source>the service handed no item over</source>
+        <translation>tjenesten leverte ikke noe element</translation>
     </message>
 </context>
 <context>
@@ -545,6 +734,20 @@
     <message>
         <source>Log in to %1</source>
         <translation>Logg inn på %1</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::on_logout(CMSetDataRequest)</name>
+    <message>
+        <source>The login was cancelled.</source>
+        <translation>Innloggingen ble avbrutt.</translation>
+    </message>
+</context>
+<context>
+    <name>void OAuth2Service::setInfo(const KeloOAuth2ServiceInfo&amp;)</name>
+    <message>
+        <source>The login service has changed.</source>
+        <translation>Innloggingstjenesten er endret.</translation>
     </message>
 </context>
 <context>

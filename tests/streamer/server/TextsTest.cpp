@@ -2,6 +2,7 @@
 
 #include "texts/TextCatalogues.h"
 #include "web/HttpReply.h"
+#include "web/JsonText.h"
 
 #include <gtest/gtest.h>
 #include <kelo/CMListRowsNode.h>
@@ -107,6 +108,35 @@ TEST_F(TextsTest, ErrorsComeInTheClientsLanguageHoweverTheyWereMade)
     const auto answer = world.get("/api/v1/rows?path=/web/no&language=de");
     EXPECT_EQ(answer.status, 404);
     EXPECT_EQ(answer.detail(), QStringLiteral("Unter /web/no gibt es nichts"));
+}
+
+TEST(TextCatalogueTest, NotesAreTranslatedWithTheReasonsInsideButNotTheTitles)
+{
+    const TextCatalogues catalogues;
+    const TextCatalogue& german = catalogues.choose(QStringLiteral("de"), QString());
+    const struct
+    {
+        const char* note;
+        const char* expected;
+    } rows[] = {
+        {"Albums cannot be played", "Albums lässt sich nicht abspielen"},
+        {"skipped: Albums: the address was refused (403); Not found: no such row",
+         "übersprungen: Albums: die Adresse wurde abgelehnt (403); Not found: diese Zeile gibt es "
+         "nicht"},
+        {"The login failed: slow_down, and the streamer's clock is 9 minutes fast.",
+         "Die Anmeldung ist fehlgeschlagen: slow_down, und die Uhr des Streamers geht 9 Minuten "
+         "vor."},
+        {"No client id is set for TIDAL; see the settings.",
+         "Für TIDAL ist keine Client-ID festgelegt; siehe Einstellungen."}};
+    for (const auto& row : rows) {
+        const QJsonObject state{{QStringLiteral("note"), QString::fromUtf8(row.note)},
+                                {QStringLiteral("title"), QStringLiteral("Albums")}};
+        const QJsonObject told =
+            QJsonDocument::fromJson(QByteArray::fromStdString(JsonText::fromState(state, &german)))
+                .object();
+        EXPECT_EQ(told.value(QStringLiteral("note")).toString().toStdString(), row.expected);
+        EXPECT_EQ(told.value(QStringLiteral("title")).toString(), "Albums");
+    }
 }
 
 TEST_F(TextsTest, TheLanguageIsTheBestThatTheClientNames)

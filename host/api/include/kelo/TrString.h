@@ -26,12 +26,6 @@ struct KELO_EXPORT TrCharData
 /// Shorthand for a translatable text whose context is the enclosing function.
 #define KELO_TR(text) TrString(TrCharData{trExtractContext(Q_FUNC_INFO), text, nullptr})
 
-/// Marks a text that is put into English words at once and translated later, where it is known for
-/// whom. The comment tells translators of its places; those that it names hold such texts
-/// themselves
-/// ("%2 is the reason"), those that it does not name are shown as they are.
-#define KELO_TR_LATER(context, text, comment) text
-
 /// A text that is translated when it is read: source text, context and arguments for %1, %2, ...,
 /// or a plain text that is shown as it is. It travels in replies as it is, so that each client gets
 /// it in a language of its own; who reads it as a QString, from a variant too, gets it in the
@@ -65,7 +59,9 @@ private:
     QStringList m_arguments;
 };
 
-/// Translation at once.
+/// Translation at once. In a process that speaks English such a text can still be translated for a
+/// client, by its form; its comment then names the places that hold texts made in the same way ("%2
+/// is the reason").
 class KELO_EXPORT Language
 {
 public:

@@ -64,8 +64,9 @@ void DeviceLogin::onCode(const OAuth2Answer& answer)
         code.verificationUri.isEmpty()) {
         // This request says nothing but who the client is, so it is what the service refuses.
         const bool isClientRefused = answer.error() == QLatin1String("invalid_request");
-        fail({QStringLiteral("No login code: %1.").arg(answer.problem()),
-              isClientRefused ? KeloOAuth2Reason::Client() : answer.reason()});
+        fail(
+            {Language::ntr("No login code: %1.", "Login", "%1 is the reason").arg(answer.problem()),
+             isClientRefused ? KeloOAuth2Reason::Client() : answer.reason()});
         return;
     }
     m_deviceCode = KeloSecret(deviceCode);
@@ -122,24 +123,28 @@ void DeviceLogin::onToken(const OAuth2Answer& answer)
     } else if (error == QLatin1String("expired_token")) {
         expire();
     } else if (error == QLatin1String("access_denied")) {
-        fail({QStringLiteral("The login was refused."), answer.reason()});
+        fail({Language::ntr("The login was refused.", "Login"), answer.reason()});
     } else if (answer.isTemporary()) {
         // RFC 8628 3.5: ask less often when the service does not answer. The login goes on: the
         // user may confirm it meanwhile.
         m_trouble = {answer.problem(), answer.reason()};
         pollLater(qMax(m_intervalS, qMin(2 * m_pauseS, longestPauseS)));
     } else {
-        fail({QStringLiteral("The login failed: %1.").arg(answer.problem()), answer.reason()});
+        fail({Language::ntr("The login failed: %1.", "Login", "%1 is the reason")
+                  .arg(answer.problem()),
+              answer.reason()});
     }
 }
 
 void DeviceLogin::expire()
 {
     if (m_trouble.isEmpty())
-        fail({QStringLiteral("The code has expired. Start the login again."),
+        fail({Language::ntr("The code has expired. Start the login again.", "Login"),
               KeloOAuth2Reason::Expired()});
     else
-        fail({QStringLiteral("The code has expired: %1.").arg(m_trouble.text), m_trouble.reason});
+        fail({Language::ntr("The code has expired: %1.", "Login", "%1 is the reason")
+                  .arg(m_trouble.text),
+              m_trouble.reason});
 }
 
 void DeviceLogin::fail(const LoginProblem& problem)

@@ -1,5 +1,5 @@
 #pragma once
-#include <QString>
+#include <kelo/TrString.h>
 
 /// Why a login failed or ended: for people, and the word that clients decide by. A plain value.
 struct LoginProblem

@@ -1,5 +1,6 @@
 #include "OAuth2Answer.h"
 
+#include <kelo/TrString.h>
 #include <QHash>
 
 namespace {
@@ -11,16 +12,17 @@ QString problemOf(HttpClient::Failure failure)
 {
     switch (failure) {
     case HttpClient::ConnectionFailed:
-        return QStringLiteral("the login service is not reached");
+        return Language::ntr("the login service is not reached", "Login");
     case HttpClient::TlsFailed:
-        return QStringLiteral("no secure connection to the login service");
+        return Language::ntr("no secure connection to the login service", "Login");
     case HttpClient::CertificateDate:
-        return QStringLiteral("the login service's certificate is not valid at the time that the "
-                              "streamer's clock shows");
+        return Language::ntr("the login service's certificate is not valid at the time that the "
+                             "streamer's clock shows",
+                             "Login");
     case HttpClient::BodyTooLarge:
-        return QStringLiteral("the login service's answer is too large");
+        return Language::ntr("the login service's answer is too large", "Login");
     default:
-        return QStringLiteral("the login service does not answer");
+        return Language::ntr("the login service does not answer", "Login");
     }
 }
 
@@ -86,10 +88,11 @@ QString OAuth2Answer::problem() const
     if (m_status == 0)
         return problemOf(m_failure);
     if (reason() == KeloOAuth2Reason::Clock())
-        return QStringLiteral("%1, and the streamer's clock is %2 minutes %3")
-            .arg(serviceProblem())
-            .arg(qAbs(m_aheadMs) / minuteMs)
-            .arg(m_aheadMs > 0 ? QStringLiteral("fast") : QStringLiteral("slow"));
+        return (m_aheadMs > 0 ? Language::ntr("%1, and the streamer's clock is %2 minutes fast",
+                                              "Login", "%1 is the reason")
+                              : Language::ntr("%1, and the streamer's clock is %2 minutes slow",
+                                              "Login", "%1 is the reason"))
+            .arg(serviceProblem(), QString::number(qAbs(m_aheadMs) / minuteMs));
     return serviceProblem();
 }
 
@@ -102,8 +105,8 @@ QString OAuth2Answer::serviceProblem() const
     if (!code.isEmpty() || !description.isEmpty())
         return code + description;
     if (m_status >= 200 && m_status < 300)
-        return QStringLiteral("the login service's answer is not understood");
-    return QStringLiteral("the login service answered with status %1").arg(m_status);
+        return Language::ntr("the login service's answer is not understood", "Login");
+    return Language::ntr("the login service answered with status %1", "Login").arg(m_status);
 }
 
 KeloJson OAuth2Answer::field(const char* camelCase, const char* standard) const

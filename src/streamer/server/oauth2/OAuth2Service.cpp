@@ -86,7 +86,7 @@ void OAuth2Service::setInfo(const KeloOAuth2ServiceInfo& info)
         return;
     m_login.cancel();
     m_refresh.reset();
-    answerLogins(CMError(QStringLiteral("The login service has changed.")));
+    answerLogins(CMError(KELO_TR("The login service has changed.")));
     publish(plainInfo(false));
     publishToken(QString());
     loadTokens();
@@ -102,7 +102,7 @@ void OAuth2Service::startLogin(const CMSetDataRequest& request)
         return;
     }
     if (m_info.clientId().isEmpty()) {
-        onLoginFailed({QStringLiteral("No client id is set for %1; see the settings.")
+        onLoginFailed({Language::ntr("No client id is set for %1; see the settings.", "Login")
                            .arg(m_info.displayName()),
                        KeloOAuth2Reason::Client()});
         reply.setError(CMError(m_state.problem()));
@@ -167,8 +167,9 @@ void OAuth2Service::onRefreshFailed(const LoginProblem& problem)
                              << " is not renewed: " << problem.text;
     if (m_state.loggedIn() || m_state.isPending())
         return;
-    publishProblem(
-        {QStringLiteral("The login is not renewed yet: %1.").arg(problem.text), problem.reason});
+    publishProblem({Language::ntr("The login is not renewed yet: %1.", "Login", "%1 is the reason")
+                        .arg(problem.text),
+                    problem.reason});
 }
 
 void OAuth2Service::endLogin(const LoginProblem& problem)
@@ -189,7 +190,7 @@ void OAuth2Service::on_logout(CMSetDataRequest request)
     m_login.cancel();
     m_refresh.reset();
     endLogin(LoginProblem());
-    answerLogins(CMError(QStringLiteral("The login was cancelled.")));
+    answerLogins(CMError(KELO_TR("The login was cancelled.")));
     request.reply().setValue(QVariant());
 }
 

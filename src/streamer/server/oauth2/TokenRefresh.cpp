@@ -89,8 +89,9 @@ void TokenRefresh::onAnswer(const OAuth2Answer& answer)
         m_listener.refreshed(tokens);
     } else if (answer.error() == QLatin1String("invalid_grant")) {
         reset();
-        m_listener.ended({QStringLiteral("The login has ended: the service does not accept it any "
-                                         "more. Log in again."),
+        m_listener.ended({Language::ntr("The login has ended: the service does not accept it any "
+                                        "more. Log in again.",
+                                        "Login"),
                           KeloOAuth2Reason::Ended()});
     } else {
         retryLater({answer.problem(), answer.reason()});

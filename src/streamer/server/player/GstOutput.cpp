@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 #include <kelo/KeloLog.h>
+#include <kelo/TrString.h>
 
 namespace {
 constexpr const char* logger = "player";
@@ -47,7 +48,7 @@ GstElement* makeAutoSink(QString* note)
             return sink;
         gst_object_unref(sink);
     }
-    *note = QStringLiteral("no sound device, playing silently");
+    *note = Language::ntr("no sound device, playing silently", "Player");
     sink = gst_element_factory_make("fakesink", nullptr);
     if (sink) {
         gst_object_ref_sink(sink);

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloPost.h>
+#include <kelo/TrString.h>
 
 namespace {
 constexpr const char* logger = "player";
@@ -35,17 +36,17 @@ QString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* failu
         httpStatus ? QString::number(httpStatus) : QString::fromUtf8(failure->message);
     switch (kind) {
     case OutputError::Refused:
-        return QStringLiteral("the address was refused (%1)").arg(cause);
+        return Language::ntr("the address was refused (%1)", "Player").arg(cause);
     case OutputError::NotFound:
-        return QStringLiteral("nothing stands at the address (%1)").arg(cause);
+        return Language::ntr("nothing stands at the address (%1)", "Player").arg(cause);
     case OutputError::Decode:
-        return QStringLiteral("the audio cannot be decoded: %1").arg(cause);
+        return Language::ntr("the audio cannot be decoded: %1", "Player").arg(cause);
     case OutputError::Device:
-        return QStringLiteral("the sound device cannot be used: %1").arg(cause);
+        return Language::ntr("the sound device cannot be used: %1", "Player").arg(cause);
     case OutputError::Network:
         break;
     }
-    return QStringLiteral("the audio did not arrive: %1").arg(cause);
+    return Language::ntr("the audio did not arrive: %1", "Player").arg(cause);
 }
 
 /// Whether the streams that a message announces include audio; without, the pipeline waits for
@@ -110,7 +111,7 @@ void GstOutput::handleBusMessage(GstMessage* message)
             post([this] {
                 OutputError error;
                 error.kind = OutputError::Decode;
-                error.text = QStringLiteral("the address holds no audio");
+                error.text = Language::ntr("the address holds no audio", "Player");
                 onError(error);
             });
         break;

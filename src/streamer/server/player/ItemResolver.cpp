@@ -82,6 +82,6 @@ void ItemResolver::onAnswered(const CMError& error)
     else if (attempt.item)
         result.item = *attempt.item;
     else
-        result.error = CMError(TrString(QStringLiteral("the service handed no item over")));
+        result.error = CMError(KELO_TR("the service handed no item over"));
     attempt.done(result);
 }

@@ -94,7 +94,7 @@ CMReply<QVariant> Player::command(const QString& name, const QVariantHash& argum
     const bool isPosted =
         post([run = command.run, reply](PlayerEngine& engine) { run(engine, reply); });
     if (!isPosted)
-        reply.setError(CMError(TrString(QStringLiteral("the player is not running"))));
+        reply.setError(CMError(KELO_TR("the player is not running")));
     return reply;
 }
 

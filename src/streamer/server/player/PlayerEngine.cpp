@@ -30,13 +30,13 @@ PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, TimeSource& time
 PlayerEngine::~PlayerEngine()
 {
     save();
-    fail(QStringLiteral("the player ends"));
+    fail(Language::ntr("the player ends", "Player"));
     m_output->stop();
 }
 
 void PlayerEngine::command(const Reply& reply)
 {
-    fail(QStringLiteral("superseded by another command"));
+    fail(Language::ntr("superseded by another command", "Player"));
     m_reply = reply;
     m_failures = 0;
     m_broken = PlayItem();
@@ -78,7 +78,7 @@ void PlayerEngine::playId(const QString& id, const Reply& reply)
 void PlayerEngine::pause(const Reply& reply)
 {
     if (m_state == State::Stopped)
-        return reply.setError(errorOf(QStringLiteral("nothing is playing")));
+        return reply.setError(errorOf(Language::ntr("nothing is playing", "Player")));
     if (m_state == State::Resolving) {
         m_isPauseWanted = true;
     } else if (m_state == State::Playing) {
@@ -98,7 +98,7 @@ void PlayerEngine::resume(const Reply& reply)
                                m_item.entry.canResolve();
     if (m_state == State::Stopped || (m_state == State::Paused && isIdleTooLong)) {
         if (!m_item.entry.canResolve())
-            return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
+            return reply.setError(errorOf(Language::ntr("there is nothing to play", "Player")));
         const qint64 position = positionMs();
         command(reply);
         return replay(position);
@@ -143,7 +143,7 @@ void PlayerEngine::halt(qint64 resumeMs)
 void PlayerEngine::next(const Reply& reply)
 {
     if (m_item.entry.isEmpty())
-        return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
+        return reply.setError(errorOf(Language::ntr("there is nothing to play", "Player")));
     const PlayItem next = m_next;
     // What was passed over on the way to the next item is still to be read when that plays.
     const QString note = m_isNoteFresh ? m_note : QString();
@@ -166,7 +166,7 @@ void PlayerEngine::previous(const Reply& reply)
     if (isSounding && m_output->positionMs() >= restartMs)
         return seek(0, reply);
     if (m_item.entry.isEmpty())
-        return reply.setError(errorOf(QStringLiteral("there is nothing to play")));
+        return reply.setError(errorOf(Language::ntr("there is nothing to play", "Player")));
     command(reply);
     startChain(Purpose::Start, m_item.entry);
     m_chain.skips = true;
@@ -178,7 +178,7 @@ void PlayerEngine::seek(qint64 positionMs, const Reply& reply)
 {
     const bool isStopped = m_state == State::Stopped && m_item.entry.canResolve();
     if (m_state != State::Playing && m_state != State::Paused && !isStopped)
-        return reply.setError(errorOf(QStringLiteral("nothing is playing")));
+        return reply.setError(errorOf(Language::ntr("nothing is playing", "Player")));
     const qint64 duration = durationMs();
     const qint64 wanted = duration > 0 ? std::min(positionMs, duration) : positionMs;
     if (isStopped)

@@ -31,13 +31,13 @@ void PlayerEngine::walk()
 void PlayerEngine::onFound(const RowFinder::Found& found)
 {
     for (const QString& title : found.skipped)
-        addNote(QStringLiteral("skipped: %1 cannot be played").arg(title));
+        addNote(Language::ntr("skipped: %1 cannot be played", "Player").arg(title));
     if (found.entry.isEmpty())
         return onListEnd(found);
     m_chain.at = found.entry;
     m_chain.skips = m_chain.skips || found.isList;
     if (found.entry.id.isEmpty() && !found.entry.isPlayable())
-        return refuse(QStringLiteral("%1 cannot be played").arg(found.entry.row.title()));
+        return refuse(Language::ntr("%1 cannot be played", "Player").arg(found.entry.row.title()));
     resolve();
 }
 
@@ -48,7 +48,8 @@ void PlayerEngine::onListEnd(const RowFinder::Found& found)
     const bool isSounding = m_state == State::Playing || m_state == State::Paused;
     if (chain.purpose == Purpose::Prefetch) {
         if (found.error.isSet())
-            addNote(QStringLiteral("the list does not go on: %1").arg(found.error.message()));
+            addNote(Language::ntr("the list does not go on: %1", "Player", "%1 is the reason")
+                        .arg(found.error.message()));
         m_isLast = true;
         m_output->setNext(OutputItem());
         return publish();
@@ -56,8 +57,8 @@ void PlayerEngine::onListEnd(const RowFinder::Found& found)
     const bool isFirstItem = !chain.skips || found.isList;
     QString text = found.error.message();
     if (text.isEmpty() && isFirstItem)
-        text = found.isList ? QStringLiteral("nothing in this list can be played")
-                            : QStringLiteral("no such row");
+        text = found.isList ? Language::ntr("nothing in this list can be played", "Player")
+                            : Language::ntr("no such row", "Player");
     if (!text.isEmpty())
         return refuse(text);
     if (chain.step < 0 && isSounding)
@@ -100,7 +101,7 @@ void PlayerEngine::onResolved(const ItemResolver::Result& result)
         return onItemFailed(result.error.message());
     PlayItem item = PlayItem::completed(result.item, m_chain.at);
     if (item.uri.isEmpty())
-        return onItemFailed(QStringLiteral("the service gave no address"));
+        return onItemFailed(Language::ntr("the service gave no address", "Player"));
     if (m_chain.offsetMs > 0)
         item.startMs = m_chain.offsetMs;
     if (m_chain.isSameItem && item.durationMs == 0)
@@ -134,11 +135,11 @@ void PlayerEngine::onItemFailed(const QString& text)
 {
     const QString name = PlayItem::ofEntry(m_chain.at).name();
     if (!m_chain.skips) {
-        addNote(QStringLiteral("%1: %2").arg(name, text));
+        addNote(Language::ntr("%1: %2", "Player", "%2 is the reason").arg(name, text));
         halt(m_chain.offsetMs);
         return fail(text);
     }
-    addNote(QStringLiteral("skipped: %1: %2").arg(name, text));
+    addNote(Language::ntr("skipped: %1: %2", "Player", "%2 is the reason").arg(name, text));
     m_chain.offsetMs = 0;
     m_chain.isRetry = false;
     m_chain.isSameItem = false;
@@ -147,7 +148,8 @@ void PlayerEngine::onItemFailed(const QString& text)
         return walk();
     }
     const QString reason =
-        QStringLiteral("stopped after %1 items in a row that cannot be played").arg(maxFailures);
+        Language::ntr("stopped after %1 items in a row that cannot be played", "Player")
+            .arg(maxFailures);
     m_note.clear();
     addNote(reason);
     if (m_chain.purpose == Purpose::Start) {

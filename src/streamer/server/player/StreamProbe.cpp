@@ -1,5 +1,6 @@
 #include "StreamProbe.h"
 #include "FlacHeader.h"
+#include <kelo/TrString.h>
 
 namespace {
 constexpr int probeTimeoutMs = 15000;
@@ -10,17 +11,18 @@ OutputError errorOf(int status, int code)
     OutputError error;
     if (status == 403 || status == 410) {
         error.kind = OutputError::Refused;
-        error.text = QStringLiteral("the address was refused (%1)").arg(status);
+        error.text = Language::ntr("the address was refused (%1)", "Player").arg(status);
     } else if (status == 404) {
         error.kind = OutputError::NotFound;
-        error.text = QStringLiteral("nothing stands at the address (404)");
+        error.text = Language::ntr("nothing stands at the address (%1)", "Player").arg(status);
     } else if (status != 0) {
-        error.text = QStringLiteral("the audio server answered with status %1").arg(status);
+        error.text =
+            Language::ntr("the audio server answered with status %1", "Player").arg(status);
     } else if (code == HttpClient::BadUrl) {
         error.kind = OutputError::NotFound;
-        error.text = QStringLiteral("the address is not valid");
+        error.text = Language::ntr("the address is not valid", "Player");
     } else {
-        error.text = QStringLiteral("the audio server did not answer");
+        error.text = Language::ntr("the audio server did not answer", "Player");
     }
     return error;
 }

@@ -1,5 +1,6 @@
 #include "TextCatalogue.h"
 
+#include <algorithm>
 #include <QXmlStreamReader>
 
 namespace {
@@ -91,11 +92,14 @@ void TextCatalogue::addPlain(const QString& source, const QString& comment,
         return;
     }
     pattern.pieces.append(source.mid(begin));
-    if (pattern.pieces.join(QString()).isEmpty())
+    if (pattern.size() == 0)
         return; // every text is of that form
     pattern.comment = comment;
     pattern.translation = translation;
-    m_patterns.append(pattern);
+    const auto place = std::upper_bound(
+        m_patterns.begin(), m_patterns.end(), pattern,
+        [](const Pattern& one, const Pattern& other) { return one.size() > other.size(); });
+    m_patterns.insert(place, pattern);
 }
 
 TextCatalogue::Arguments TextCatalogue::argumentsOf(const QString& text, const Pattern& pattern)
@@ -160,11 +164,12 @@ QString TextCatalogue::plain(const QString& text) const
 QString TextCatalogue::plainList(const QString& texts) const
 {
     const QString separator = QStringLiteral("; ");
-    const QString whole = plain(texts);
-    if (whole != texts)
-        return whole;
     QStringList list = texts.split(separator);
-    for (QString& text : list)
-        text = plain(text);
-    return list.join(separator);
+    bool isList = true; // rather than one text with the separator inside
+    for (QString& text : list) {
+        const QString known = plain(text);
+        isList = isList && known != text;
+        text = known;
+    }
+    return isList ? list.join(separator) : plain(texts);
 }

@@ -42,6 +42,8 @@ private:
         QVector<int> numbers; ///< of the places in order
         QString comment;      ///< names the places that hold texts of ours
         QString translation;
+
+        int size() const { return pieces.join(QString()).size(); }
     };
     using Arguments = QMap<int, QString>;
 
@@ -55,6 +57,6 @@ private:
     QString m_language;
     QHash<QByteArray, QString> m_texts;
     QHash<QString, QString> m_plain;
-    QVector<Pattern> m_patterns;
+    QVector<Pattern> m_patterns; ///< those that say most first
     QMap<QString, QString> m_pageTexts;
 };
