@@ -77,6 +77,10 @@ TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
     }
     for (std::thread& client : clients)
         client.join();
+    const auto few = world.get("/api/v1/rows?path=/web/texts&roles=Title&to=1&language=de");
+    EXPECT_EQ(titles(few), (QStringList{"Alben", "Albums"}));
+    EXPECT_EQ(few.json.value(QStringLiteral("rows")).toArray().at(0).toObject().keys(),
+              QStringList{"Title"});
 }
 
 TEST_F(TextsTest, ErrorsComeInTheClientsLanguageHoweverTheyWereMade)

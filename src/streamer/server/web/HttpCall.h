@@ -14,7 +14,7 @@ struct HttpCall
     /// In the order of the address; values decoded.
     QVector<QPair<QString, QString>> query;
     QByteArray body = {};
-    /// The client's language; the built-in texts where there is none.
+    /// The texts in the client's language; the server sets them for every call.
     const TextCatalogue* texts = nullptr;
     /// The field of that name.
     std::string ifNoneMatch = {};

@@ -1,6 +1,7 @@
 #include "TreeApi.h"
 
 #include "JsonText.h"
+#include "texts/TextCatalogue.h"
 
 #include <kelo/CMRoot.h>
 #include <kelo/KeloOAuth2.h>
@@ -37,12 +38,13 @@ bool isHeader(const QVariant& type)
                                              : type.toString() == KeloRolesType::Header();
 }
 
-/// The roles of a list of values as an object, those without a value left out.
-void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& values)
+/// The roles of a list of values as an object, those without a value left out; values[typeAt] is
+/// the type.
+void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& values, int typeAt)
 {
     json.beginObject();
     const int count = qMin(roles.size(), values.size());
-    const bool isHeading = isHeader(values.value(roles.indexOf(KeloRoles::Type())));
+    const bool isHeading = isHeader(values.value(typeAt));
     for (int i = 0; i < count; ++i) {
         if (!values.at(i).isValid())
             continue;
@@ -101,7 +103,11 @@ HttpReply TreeApi::rows(const HttpCall& call)
     if (!path || !from || !to || !roles)
         return HttpReply::badRequest(fault);
 
-    const Rows rows = fetch(*path, *from, *to, *roles);
+    // Whether a row is a heading must be known to translate it.
+    QStringList asked = *roles;
+    if (!call.texts->isEmpty() && !asked.contains(KeloRoles::Type()))
+        asked.append(KeloRoles::Type());
+    const Rows rows = fetch(*path, *from, *to, asked);
     if (rows.error.isSet())
         return HttpReply::error(rows.error);
     const KeloRoles own =
@@ -124,7 +130,7 @@ HttpReply TreeApi::rows(const HttpCall& call)
     json.key(QStringLiteral("rows"));
     json.beginArray();
     for (const QVariant& row : rows.rows)
-        writeRoles(json, *roles, row.toList());
+        writeRoles(json, *roles, row.toList(), asked.indexOf(KeloRoles::Type()));
     json.endArray();
     json.endObject();
     return HttpReply::json(json.text());
@@ -149,7 +155,7 @@ HttpReply TreeApi::data(const HttpCall& call)
     json.key(QStringLiteral("path"));
     json.string(path->toEncoded());
     json.key(QStringLiteral("data"));
-    writeRoles(json, *roles, request.reply().value());
+    writeRoles(json, *roles, request.reply().value(), roles->indexOf(KeloRoles::Type()));
     json.endObject();
     return HttpReply::json(json.text());
 }
