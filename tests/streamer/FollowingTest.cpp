@@ -77,7 +77,7 @@ TEST(Terminal, DrawsOverWhatItDrewHoweverLongAndNoMoreThanFits)
         {QStringLiteral("\033[2m") + QString(15, 'a') + QStringLiteral("\033[0m"), "b"});
     out.str("");
     terminal.redraw({"1", "2", "3", "4", "5"}, "end");
-    EXPECT_EQ(out.str(), "\033[3A\033[J1\n2\n3\n\033[2m... 2 more lines\033[0m\nend\n");
+    EXPECT_EQ(out.str(), "\033[3A\033[J1\n2\n3\n\033[2m... 2 more\033[0m\nend\n");
     terminal.keep();
     out.str("");
     terminal.redraw({"x"});

@@ -92,7 +92,8 @@ QString commandManual(const ShapeCommand& program, const QString& date)
     page.heading(QStringLiteral("Description"));
     page.paragraph(QStringLiteral(
         "`kelo serve` is the streamer: it shows a music service as a tree of paths and plays from "
-        "it. Every other command talks to a running streamer over its HTTP interface. `kelo serve "
+        "it; the address it prints opens its page in a browser. Every other command talks to a "
+        "running streamer over its HTTP interface. `kelo serve "
         "--demo` starts one with a simulated service inside, which needs no account."));
     page.paragraph(QStringLiteral(
         "A path is one word and names a node of the tree. It may hold characters that a shell acts "

@@ -21,17 +21,20 @@ Terminal::Properties Terminal::ofStdout()
     const bool isTerminal = isatty(STDOUT_FILENO) != 0;
     result.isInteractive = isTerminal && qgetenv("TERM") != "dumb";
     result.hasColours = result.isInteractive && qEnvironmentVariableIsEmpty("NO_COLOR");
-    winsize size = {};
-    const bool hasSize = isTerminal && ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
-    result.height = hasSize ? size.ws_row : 0;
-    bool isNumber = false;
-    const int wished = qEnvironmentVariableIntValue("COLUMNS", &isNumber);
-    if (isNumber && wished > 0)
-        result.width = wished;
-    else if (!isTerminal)
+    if (!isTerminal)
         result.width = unlimited;
-    else if (hasSize && size.ws_col > 0)
-        result.width = size.ws_col;
+    result.measure = [](Properties& properties) {
+        winsize size = {};
+        const bool hasSize = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0;
+        bool isNumber = false;
+        const int wished = qEnvironmentVariableIntValue("COLUMNS", &isNumber);
+        if (isNumber && wished > 0)
+            properties.width = wished;
+        else if (hasSize && size.ws_col > 0)
+            properties.width = size.ws_col;
+        properties.height = hasSize ? size.ws_row : 0;
+    };
+    result.measure(result);
     return result;
 }
 
@@ -48,28 +51,31 @@ void Terminal::error(const QString& text)
 
 void Terminal::redraw(const QStringList& lines, const QString& last)
 {
-    if (isInteractive() && m_drawnLines > 0)
-        m_out << "\033[" << m_drawnLines << "A\033[J"; // up, then clear to the end
-    m_drawnLines = 0;
+    if (m_properties.measure)
+        m_properties.measure(m_properties);
+    int above = 0;
+    for (const QString& text : qAsConst(m_drawn))
+        above += heightOf(text);
+    if (isInteractive() && above > 0)
+        m_out << "\033[" << above << "A\033[J"; // up, then clear to the end
+    m_drawn.clear();
     // The cursor's own line and the one that tells of the rest stay free.
-    const int room = isInteractive() && m_properties.height > 0
-                         ? m_properties.height - (last.isEmpty() ? 2 : 3)
-                         : INT_MAX;
-    for (int i = 0; i < lines.size(); ++i) {
-        const int height = heightOf(lines.at(i));
-        if (m_drawnLines + height > room) {
-            m_out << styled(QStringLiteral("... %1 more lines").arg(lines.size() - i), Style::Dim)
-                         .toStdString()
-                  << '\n';
-            ++m_drawnLines;
+    int room = isInteractive() && m_properties.height > 0
+                   ? m_properties.height - (last.isEmpty() ? 2 : 3)
+                   : INT_MAX;
+    for (const QString& text : lines) {
+        room -= heightOf(text);
+        if (room < 0) {
+            const int left = lines.size() - m_drawn.size();
+            m_drawn.append(styled(QStringLiteral("... %1 more").arg(left), Style::Dim));
             break;
         }
-        m_out << lines.at(i).toStdString() << '\n';
-        m_drawnLines += height;
+        m_drawn.append(text);
     }
     if (!last.isEmpty())
-        m_out << last.toStdString() << '\n';
-    m_drawnLines += last.isEmpty() ? 0 : 1;
+        m_drawn.append(last);
+    for (const QString& text : qAsConst(m_drawn))
+        m_out << text.toStdString() << '\n';
     m_out << std::flush;
 }
 

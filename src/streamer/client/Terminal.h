@@ -23,6 +23,8 @@ public:
         bool isInteractive = false; ///< a person looks, at a terminal that can draw over lines
         bool hasColours = false;
         int height = 0; ///< 0: unknown
+        /// Brings width and height up to date, where they can change.
+        void (*measure)(Properties&) = nullptr;
     };
 
     Terminal(std::ostream& out, std::ostream& err, Properties properties);
@@ -44,7 +46,7 @@ public:
     /// Lines that the height has no room for are left out, with a line that says so; \p last stays.
     void redraw(const QStringList& lines, const QString& last = QString());
     /// Leaves the drawn block as it is; the next redraw() starts a new one.
-    void keep() { m_drawnLines = 0; }
+    void keep() { m_drawn.clear(); }
 
     /// \p text in \p style; unchanged without colours.
     QString styled(const QString& text, Style style) const;
@@ -52,11 +54,11 @@ public:
 private:
     std::ostream& m_out;
     std::ostream& m_err;
-    const Properties m_properties;
+    Properties m_properties;
     /// Lines of the screen that \p text takes.
     int heightOf(const QString& text) const;
 
-    int m_drawnLines = 0; ///< lines above the cursor that redraw() may draw over
+    QStringList m_drawn; ///< the lines above the cursor that redraw() may draw over
 };
 
 } // namespace cli

@@ -72,6 +72,33 @@ QString ofMissingCommand(const ShapeCommand& command)
     return QStringLiteral("wanted one of %1").arg(names.join(QStringLiteral(", ")));
 }
 
+/// The parser's words for a value that does not fit, said as everywhere else.
+QString ofValue(const QString& text)
+{
+    const auto form = [](const char* pattern) {
+        return QRegularExpression(QRegularExpression::anchoredPattern(QString::fromLatin1(pattern)),
+                                  QRegularExpression::DotMatchesEverythingOption);
+    };
+    static const struct
+    {
+        QRegularExpression parsers;
+        QString ours;
+    } forms[] = {
+        {form("Could not convert: (.+) = (.*)"),
+         QStringLiteral("\\1: wanted a number, got \"\\2\"")},
+        {form("(.+): Value (.*) not in range (.+)"),
+         QStringLiteral("\\1: wanted a number from \\3, got \"\\2\"")},
+        {form("(.+): (.*) not in \\{(.+)\\}"),
+         QStringLiteral("\\1: wanted one of \\3, got \"\\2\"")},
+        {form("(.+): 1 required (.+) missing"), QStringLiteral("\\1: its value, \\2, is missing")},
+    };
+    for (const auto& [parsers, ours] : forms) {
+        if (parsers.match(text).hasMatch())
+            return QString(text).replace(parsers, ours);
+    }
+    return text;
+}
+
 } // namespace
 
 QString usageMessage(const CLI::App& program, const CLI::ParseError& error)
@@ -84,9 +111,6 @@ QString usageMessage(const CLI::App& program, const CLI::ParseError& error)
     }
     const ShapeCommand command = shapeOf(*app);
     QString text = QString::fromUtf8(error.what());
-    static const QRegularExpression number(QStringLiteral("^Could not convert: (.+) = (.*)$"),
-                                           QRegularExpression::DotMatchesEverythingOption);
-    const auto match = number.match(text);
     if (dynamic_cast<const CLI::ExtrasError*>(&error)) {
         QStringList left;
         for (const std::string& word : program.remaining(true))
@@ -96,9 +120,8 @@ QString usageMessage(const CLI::App& program, const CLI::ParseError& error)
         text = command.commands.isEmpty()
                    ? text.replace(QStringLiteral(" is required"), QStringLiteral(" is missing"))
                    : ofMissingCommand(command);
-    } else if (match.hasMatch()) {
-        text = QStringLiteral("%1: wanted a number, got \"%2\"")
-                   .arg(match.captured(1), match.captured(2));
+    } else {
+        text = ofValue(text);
     }
     return QStringLiteral("%1 (see %2 --help)").arg(text, words);
 }
