@@ -66,7 +66,10 @@ export class Drawer {
     live.addEventListener("rows", ({ detail }) => this.#notice("rows", detail.path, JSON.stringify(detail.change), detail.count));
     live.addEventListener("login", ({ detail }) => this.#notice("login", "", detail.loggedIn ? "loggedIn" : (detail.problem ?? "loggedOut"), -1));
     live.addEventListener("request", ({ detail }) => this.#request(detail));
-    live.addEventListener("state", ({ detail }) => this.#notice("stream", "", detail ? "connected" : "lost", -1));
+    live.addEventListener("state", ({ detail }) => {
+      this.#notice("stream", "", detail ? "connected" : "lost", -1);
+      if (detail && this.isOpen) this.#readRequests();
+    });
     watchCalls((call) => this.#call(call));
     if (localStorage.getItem("drawer") === "open") this.toggle(true);
   }
@@ -132,7 +135,12 @@ export class Drawer {
 
   async #readRequests() {
     try {
-      const { requests } = await getRequests(this.#lastRequest);
+      let { last, requests } = await getRequests(this.#lastRequest);
+      if (last < this.#lastRequest) {
+        // The streamer was started anew and counts from the beginning.
+        this.#lastRequest = 0;
+        ({ last, requests } = await getRequests(0));
+      }
       for (const request of requests) this.#request(request);
     } catch {
       return;

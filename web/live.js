@@ -5,9 +5,11 @@
 import { openPaths } from "./api.js";
 
 const retryAfter = 2000;
+const restAfter = 60000;
 
 class Live extends EventTarget {
   isConnected = true;
+  isResting = false;
   #owners = new Map();
   #source = null;
   #stream = "";
@@ -16,6 +18,7 @@ class Live extends EventTarget {
   #timer = 0;
 
   connect() {
+    this.isResting = false;
     clearTimeout(this.#timer);
     this.#source?.close();
     this.#stream = "";
@@ -44,6 +47,13 @@ class Live extends EventTarget {
     this.#source?.close();
     this.#source = null;
     this.#stream = "";
+  }
+
+  /** Ends the stream until the next connect(); what was missed is read again then. */
+  rest() {
+    this.disconnect();
+    this.isResting = true;
+    this.isConnected = false;
   }
 
   /** The paths that a view follows, in place of those that it followed before. */
@@ -93,5 +103,12 @@ class Live extends EventTarget {
 
 export const live = new Live();
 // A page that is kept for the back button gives its stream free, and takes one again.
+// A browser has few connections to one host: a page that nobody looks at gives its own free after a while.
+let hiddenTimer = 0;
+document.addEventListener("visibilitychange", () => {
+  clearTimeout(hiddenTimer);
+  if (document.hidden) hiddenTimer = setTimeout(() => live.rest(), restAfter);
+  else if (live.isResting) live.connect();
+});
 addEventListener("pagehide", () => live.disconnect());
 addEventListener("pageshow", (event) => event.persisted && live.connect());
