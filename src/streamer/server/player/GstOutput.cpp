@@ -239,8 +239,8 @@ qint64 GstOutput::positionMs() const
 qint64 GstOutput::durationMs() const
 {
     gint64 duration = 0;
-    if (m_isOpen && gst_element_query_duration(m_playbin, GST_FORMAT_TIME, &duration) &&
-        duration > 0)
+    if (m_isOpen && !m_isNextGiven &&
+        gst_element_query_duration(m_playbin, GST_FORMAT_TIME, &duration) && duration > 0)
         return duration / GST_MSECOND;
     return m_isOpen ? m_item.durationHintMs : 0;
 }
@@ -312,6 +312,7 @@ void GstOutput::onAsked()
 
 void GstOutput::onNextTaken()
 {
+    m_item.durationHintMs = durationMs(); // from now on the pipeline tells the next item's
     m_isNextGiven = true;
 }
 
