@@ -161,6 +161,7 @@ void GstOutput::halt()
     }
     m_isOpen = m_hasStarted = m_isBuffering = m_isStartPending = m_isNextGiven = false;
     m_group = 0;
+    m_seekTargetMs = -1;
     m_next = OutputItem();
 }
 
@@ -214,9 +215,10 @@ void GstOutput::seek(qint64 positionMs)
         m_handover.isAnswered = true;
     }
     m_handover.changed.notify_all();
-    gst_element_seek_simple(m_playbin, GST_FORMAT_TIME,
-                            GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
-                            positionMs * GST_MSECOND);
+    if (gst_element_seek_simple(m_playbin, GST_FORMAT_TIME,
+                                GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
+                                positionMs * GST_MSECOND))
+        m_seekTargetMs = positionMs;
     std::lock_guard<std::mutex> lock(m_handover.mutex);
     m_handover.isAnswered = !m_next.uri.isEmpty();
 }
@@ -229,6 +231,8 @@ void GstOutput::setVolume(int percent)
 
 qint64 GstOutput::positionMs() const
 {
+    if (m_seekTargetMs >= 0)
+        return m_seekTargetMs;
     gint64 position = 0;
     if (m_isOpen && m_hasStarted &&
         gst_element_query_position(m_playbin, GST_FORMAT_TIME, &position))
@@ -254,6 +258,7 @@ void GstOutput::setState(GstState state)
 
 void GstOutput::onPrerolled()
 {
+    m_seekTargetMs = -1;
     if (m_isStartPending) {
         m_isStartPending = false;
         // Ends in another preroll, from which playing starts.

@@ -82,6 +82,7 @@ private:
     bool m_isBuffering = false;
     bool m_isStartPending = false; ///< a start position waits for the pipeline to be ready
     bool m_isNextGiven = false;    ///< playbin has taken the next address
+    qint64 m_seekTargetMs = -1; ///< until a seek has arrived, when the pipeline knows no position
     guint m_group = 0; ///< group of the stream that sounds, which every item has its own of
     OutputItem m_item;
     OutputItem m_next;
