@@ -50,6 +50,12 @@ void FakeModule::addList(const CMPath& path, const QList<KeloRoles>& rows)
     m_lists[path.toEncoded()] = rows;
 }
 
+void FakeModule::removeList(const CMPath& path)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_lists.erase(path.toEncoded());
+}
+
 void FakeModule::setAnswer(const QString& id, const Answer& answer)
 {
     std::lock_guard<std::mutex> lock(m_mutex);

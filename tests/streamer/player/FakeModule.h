@@ -24,6 +24,7 @@ public:
     static KeloRoles item(const CMPath& path, const QString& id, qint64 maxIdleMs = 0);
 
     void addList(const CMPath& path, const QList<KeloRoles>& rows);
+    void removeList(const CMPath& path);
     void setAnswer(const QString& id, const Answer& answer);
     /// Waits until a held request is there.
     bool waitForHeld();

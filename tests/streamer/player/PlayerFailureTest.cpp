@@ -101,10 +101,16 @@ TEST_F(PlayerFailureTest, ComesBackToWhatBrokeOffWhenNothingElsePlaysEither)
     const QJsonObject status = waitForState("stopped");
     EXPECT_EQ(status["title"], "Track 1");
     EXPECT_EQ(status["positionMs"], 50000);
+    EXPECT_EQ(status["durationMs"], 100000);
+    EXPECT_EQ(status["note"], "Track 1 broke off: no network");
     EXPECT_EQ(module->asked().size(), 3 + 10);
     module->setAnswer("1", {});
     ASSERT_EQ(run("resume"), "ok");
     EXPECT_EQ(opened().last(), "open fake:1 50000");
+    module->setAnswer("1", {"no network"});
+    module->removeList(list); // as when the list cannot be read either
+    lose(60000);
+    EXPECT_EQ(waitForState("stopped")["positionMs"], 60000);
 }
 
 TEST_F(PlayerFailureTest, ANextItemThatFailsEarlyLeavesThePresentOneAlone)

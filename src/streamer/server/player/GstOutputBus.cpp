@@ -136,6 +136,8 @@ void GstOutput::postError(GstMessage* message)
     guint httpStatus = 0;
     if (details)
         gst_structure_get_uint(details, "http-status-code", &httpStatus);
+    if (httpStatus < 100)
+        httpStatus = 0; // a number that the library has for its own failures
     OutputError error;
     error.kind = kindOf(failure, httpStatus);
     error.text = sentenceOf(error.kind, httpStatus, failure);

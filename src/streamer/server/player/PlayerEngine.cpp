@@ -39,8 +39,7 @@ void PlayerEngine::command(const Reply& reply)
     fail(Language::ntr("superseded by another command", "Player"));
     m_reply = reply;
     m_failures = 0;
-    m_broken = PlayItem();
-    m_brokenMs = 0;
+    m_broken = Broken();
     m_isPauseWanted = false;
     m_note.clear();
     m_isNoteFresh = false;
@@ -131,13 +130,24 @@ void PlayerEngine::stop(const Reply& reply)
 void PlayerEngine::halt(qint64 resumeMs)
 {
     endChain();
-    m_item.durationMs = durationMs(); // the output forgets it
     m_output->stop();
     m_next = PlayItem();
     m_state = State::Stopped;
     m_resumeMs = resumeMs;
     save();
     publish();
+}
+
+void PlayerEngine::haltAtBreak()
+{
+    const Broken broken = std::exchange(m_broken, Broken());
+    if (!broken.item.entry.isEmpty()) {
+        m_item = broken.item;
+        m_resumeMs = broken.positionMs;
+        m_note.clear();
+        addNote(QStringLiteral("%1 broke off: %2").arg(m_item.name(), broken.text));
+    }
+    halt(m_resumeMs);
 }
 
 void PlayerEngine::next(const Reply& reply)
@@ -225,9 +235,7 @@ void PlayerEngine::addNote(const QString& text)
 
 void PlayerEngine::save()
 {
-    PlayItem item = m_item;
-    item.durationMs = durationMs();
-    m_store.save({m_volume, item, positionMs()});
+    m_store.save({m_volume, m_item, positionMs()});
     m_savedAtMs = m_time.nowMs();
 }
 
@@ -254,6 +262,7 @@ qint64 PlayerEngine::durationMs() const
 
 void PlayerEngine::publish()
 {
+    m_item.durationMs = durationMs(); // the output forgets it
     PlayerStatus status;
     status.state = m_state;
     status.path = m_item.path.toEncoded();
@@ -268,7 +277,7 @@ void PlayerEngine::publish()
     status.qualityDelivered = m_item.qualityDelivered;
     status.note = m_note.isEmpty() ? m_output->note() : m_note;
     status.positionMs = positionMs();
-    status.durationMs = durationMs();
+    status.durationMs = m_item.durationMs;
     status.measuredMs = m_time.nowMs();
     m_publish(status);
 }

@@ -55,6 +55,14 @@ private:
         QueueEntry at; ///< the entry being resolved, or from which the next is looked for
     };
 
+    /// What broke off while it played.
+    struct Broken
+    {
+        PlayItem item;
+        qint64 positionMs = 0;
+        QString text; ///< why
+    };
+
     // PlayerEngine.cpp: commands.
     void command(const Reply& reply);
     void succeed();
@@ -62,6 +70,8 @@ private:
     void replay(qint64 offsetMs);
     /// Ends the sound; `resume` goes on from the position.
     void halt(qint64 resumeMs = 0);
+    /// Ends the sound where it broke off, if it did, so that `resume` goes on there.
+    void haltAtBreak();
     qint64 positionMs() const;
     qint64 durationMs() const;
     void publish();
@@ -105,8 +115,7 @@ private:
     int m_volume = 100;
     PlayItem m_item;       ///< what plays or was asked for last
     qint64 m_resumeMs = 0; ///< while stopped: where resume begins in the item
-    PlayItem m_broken;     ///< what broke off while it played; empty once anything plays again
-    qint64 m_brokenMs = 0; ///< where
+    Broken m_broken;       ///< holds no item once anything plays again
     PlayItem m_next;       ///< handed to the output to follow; of empty address when none is
     Chain m_chain;
     Reply m_reply; ///< the command that waits for the chain; null when none does

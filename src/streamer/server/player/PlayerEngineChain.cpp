@@ -76,18 +76,19 @@ void PlayerEngine::refuse(const QString& text)
     if (m_state == State::Playing || m_state == State::Paused)
         publish();
     else
-        halt(m_resumeMs);
+        haltAtBreak();
     fail(text);
 }
 
 void PlayerEngine::resolve()
 {
     if (m_chain.purpose == Purpose::Start) {
-        m_item.durationMs = durationMs(); // the output forgets it
         m_output->stop();
         m_next = PlayItem();
-        if (!m_chain.isSameItem)
+        if (!m_chain.isSameItem) {
             m_item = PlayItem::ofEntry(m_chain.at);
+            m_resumeMs = 0;
+        }
         m_state = State::Resolving;
         publish();
     }
@@ -153,10 +154,7 @@ void PlayerEngine::onItemFailed(const QString& text)
     m_note.clear();
     addNote(reason);
     if (m_chain.purpose == Purpose::Start) {
-        // What broke off while it played is where to go on when the network is back.
-        if (!m_broken.entry.isEmpty())
-            m_item = std::exchange(m_broken, PlayItem());
-        halt(m_brokenMs);
+        haltAtBreak();
         return fail(reason);
     }
     endChain();

@@ -20,9 +20,10 @@ void PlayerEngine::connectOutput()
 
 void PlayerEngine::onStarted()
 {
+    if (m_state == State::Paused)
+        return; // the output began again, for a seek
     m_state = State::Playing;
-    m_broken = PlayItem();
-    m_brokenMs = 0;
+    m_broken = Broken();
     if (!std::exchange(m_isNoteFresh, false))
         m_note.clear();
     if (std::exchange(m_isPauseWanted, false)) {
@@ -99,10 +100,8 @@ void PlayerEngine::onError(const OutputError& error)
     }
     const bool isPaused = m_state == State::Paused;
     const bool again = isWorthARetry(error);
-    if (m_state != State::Resolving && error.kind == OutputError::Network) {
-        m_broken = m_item;
-        m_brokenMs = position;
-    }
+    if (m_state != State::Resolving && error.kind == OutputError::Network)
+        m_broken = {m_item, position, error.text};
     startChain(Purpose::Start, m_item.entry);
     m_chain.skips = m_isSkipping || !isWaitedFor;
     m_chain.offsetMs = position;
