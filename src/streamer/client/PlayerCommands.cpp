@@ -36,7 +36,10 @@ int PlayerCommand::run(const CommandContext& context) const
         const bool hasState = reply.document.contains(QLatin1String("state"));
         const StatusView view(context.terminal, reply.document);
         const bool startsAnItem = action == QLatin1String("play");
-        context.terminal.line(hasState ? view.oneLine(!startsAnItem) : QStringLiteral("done"));
+        if (action == QLatin1String("volume") && !view.volume().isEmpty())
+            context.terminal.line(QStringLiteral("volume  ") + view.volume());
+        else
+            context.terminal.line(hasState ? view.oneLine(!startsAnItem) : QStringLiteral("done"));
     }
     return context.finish(reply);
 }

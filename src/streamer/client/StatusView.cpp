@@ -74,6 +74,11 @@ QString StatusView::quality() const
     return QStringLiteral("%1 asked, %2 delivered").arg(m_asked, m_delivered);
 }
 
+QString StatusView::volume() const
+{
+    return m_volume < 0 ? QString() : QStringLiteral("%1 %").arg(m_volume);
+}
+
 QStringList StatusView::block() const
 {
     const int width = m_terminal.width();
@@ -93,8 +98,7 @@ QStringList StatusView::block() const
     add(cut(joined(m_artist, QStringLiteral(" · "), m_album), qMax(8, width - 2)));
     add(joined(bar(), QStringLiteral("  "), times()));
     addNamed("quality", quality());
-    if (m_volume >= 0)
-        addNamed("volume", QStringLiteral("%1 %").arg(m_volume));
+    addNamed("volume", volume());
     addNamed("note", m_note);
     if (!m_path.isEmpty()) // for pasting, so never cut
         add(m_terminal.styled(QStringLiteral("path     "), Terminal::Style::Dim) +

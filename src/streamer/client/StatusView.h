@@ -14,6 +14,8 @@ public:
     StatusView(const Terminal& terminal, const QJsonObject& player);
 
     QStringList block() const;
+    /// "40 %"; empty when it is not said.
+    QString volume() const;
     QString oneLine(bool withPosition = true) const;
     /// What tells one answer from the next for somebody who follows: all but position and volume.
     QString fingerprint() const;
