@@ -55,7 +55,8 @@ ApiReply SearchCommand::findLists(ApiClient& api, Lists& lists) const
     const ApiReply choices = RowsCommand::fetch(api, query.encoded(), 0, 49);
     if (!choices.isDone())
         return choices;
-    for (const QJsonValue& row : choices.document.value(QLatin1String("rows")).toArray()) {
+    const QJsonArray rows = choices.document.value(QLatin1String("rows")).toArray();
+    for (const QJsonValue& row : rows) {
         PathText list = PathText::parse(rowPath(row));
         list.parameters.insert(QStringLiteral("query"), text);
         if (kinds().contains(list.lastSegment()))

@@ -76,7 +76,8 @@ QVector<Completion::Candidate> TreePaths::rowsOf(const QString& list)
     Candidates result;
     const ApiReply reply =
         RowsCommand::fetch(m_api, list, 0, rowsPerList - 1, QStringLiteral("Title,Path"));
-    for (const QJsonValue& value : reply.document.value(QLatin1String("rows")).toArray()) {
+    const QJsonArray rows = reply.document.value(QLatin1String("rows")).toArray();
+    for (const QJsonValue& value : rows) {
         const QJsonObject row = value.toObject();
         const QString path = shown(roleText(row, "Path"));
         if (!path.isEmpty())
@@ -93,7 +94,8 @@ QVector<Completion::Candidate> TreePaths::playlists()
     QJsonObject page;
     if (!PlaylistCommand::findPlaylists(walk, list).isDone() || !walk.page(list, 0, page).isDone())
         return result;
-    for (const QJsonValue& value : page.value(QLatin1String("rows")).toArray()) {
+    const QJsonArray rows = page.value(QLatin1String("rows")).toArray();
+    for (const QJsonValue& value : rows) {
         const QJsonObject row = value.toObject();
         if (isContainer(row) && !roleText(row, "Id").isEmpty())
             result.append({shown(roleText(row, "Id")), shown(roleText(row, "Title"))});
