@@ -246,7 +246,9 @@ qint64 PlayerEngine::positionMs() const
     case State::Paused:
         return m_output->positionMs();
     case State::Resolving:
-        return m_chain.isActive ? m_chain.offsetMs : m_item.startMs;
+        if (!m_chain.isActive)
+            return m_item.startMs;
+        return m_chain.isSameItem ? m_chain.offsetMs : m_resumeMs;
     case State::Stopped:
         break;
     }
