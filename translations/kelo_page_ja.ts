@@ -517,7 +517,7 @@
     </message>
     <message>
         <source>Set in the settings file</source>
-        <translation>設定ファイルで指定されています</translation>
+        <translation>設定ファイルで指定された項目</translation>
     </message>
     <message>
         <source>(empty)</source>

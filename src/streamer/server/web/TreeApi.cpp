@@ -129,8 +129,9 @@ HttpReply TreeApi::rows(const HttpCall& call)
     json.endObject();
     json.key(QStringLiteral("rows"));
     json.beginArray();
+    const int typeAt = asked.indexOf(KeloRoles::Type());
     for (const QVariant& row : rows.rows)
-        writeRoles(json, *roles, row.toList(), asked.indexOf(KeloRoles::Type()));
+        writeRoles(json, *roles, row.toList(), typeAt);
     json.endArray();
     json.endObject();
     return HttpReply::json(json.text());
