@@ -21,11 +21,11 @@
     </message>
     <message>
         <source>The streamer cannot be reached.</source>
-        <translation>Får ikke kontakt med strømmeren.</translation>
+        <translation>Får ikke kontakt med streameren.</translation>
     </message>
     <message>
         <source>The streamer answered with the status %1.</source>
-        <translation>Strømmeren svarte med status %1.</translation>
+        <translation>Streameren svarte med status %1.</translation>
     </message>
     <message>
         <source>Log in to search.</source>
@@ -273,7 +273,7 @@
     </message>
     <message>
         <source>The streamer does not answer. Trying again…</source>
-        <translation>Strømmeren svarer ikke. Prøver igjen …</translation>
+        <translation>Streameren svarer ikke. Prøver igjen …</translation>
     </message>
     <message>
         <source>Try now</source>
@@ -329,7 +329,7 @@
     </message>
     <message>
         <source>The service does not accept this streamer.</source>
-        <translation>Tjenesten godtar ikke denne strømmeren.</translation>
+        <translation>Tjenesten godtar ikke denne streameren.</translation>
     </message>
     <message>
         <source>Check client_id and client_secret in the section [tidal.oauth2] of the settings.</source>
@@ -337,7 +337,7 @@
     </message>
     <message>
         <source>The clock of the streamer is wrong.</source>
-        <translation>Klokken i strømmeren går feil.</translation>
+        <translation>Klokken i streameren går feil.</translation>
     </message>
     <message>
         <source>Set its date and time, for example with “timedatectl set-ntp true”, then try again.</source>
@@ -349,7 +349,7 @@
     </message>
     <message>
         <source>Check the network cable or the wireless network of the streamer, then try again.</source>
-        <translation>Kontroller nettverkskabelen eller Wi-Fi på strømmeren, og prøv igjen.</translation>
+        <translation>Kontroller nettverkskabelen eller Wi-Fi på streameren, og prøv igjen.</translation>
     </message>
     <message>
         <source>The service has ended the login.</source>
@@ -389,7 +389,7 @@
     </message>
     <message>
         <source>The streamer is logged in to the service.</source>
-        <translation>Strømmeren er logget inn på tjenesten.</translation>
+        <translation>Streameren er logget inn på tjenesten.</translation>
     </message>
     <message>
         <source>Log out</source>
@@ -397,7 +397,7 @@
     </message>
     <message>
         <source>To play music, connect the streamer to your account.</source>
-        <translation>Koble strømmeren til kontoen din for å spille musikk.</translation>
+        <translation>Koble streameren til kontoen din for å spille musikk.</translation>
     </message>
     <message>
         <source>Get a code</source>
@@ -505,7 +505,7 @@
     </message>
     <message>
         <source>The streamer</source>
-        <translation>Strømmeren</translation>
+        <translation>Streameren</translation>
     </message>
     <message>
         <source>Log in or out</source>

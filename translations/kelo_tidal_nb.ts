@@ -166,7 +166,7 @@
     </message>
     <message>
         <source>the login service's certificate is not valid at the time that the streamer's clock shows</source>
-        <translation>sertifikatet til innloggingstjenesten er ikke gyldig på tidspunktet som klokken i strømmeren viser</translation>
+        <translation>sertifikatet til innloggingstjenesten er ikke gyldig på tidspunktet som klokken i streameren viser</translation>
     </message>
     <message>
         <source>the login service's answer is too large</source>
@@ -179,12 +179,12 @@
     <message>
         <source>%1, and the streamer's clock is %2 minutes fast</source>
         <comment>%1 is the reason</comment>
-        <translation>%1, og klokken i strømmeren går %2 minutter for fort</translation>
+        <translation>%1, og klokken i streameren går %2 minutter for fort</translation>
     </message>
     <message>
         <source>%1, and the streamer's clock is %2 minutes slow</source>
         <comment>%1 is the reason</comment>
-        <translation>%1, og klokken i strømmeren går %2 minutter for sakte</translation>
+        <translation>%1, og klokken i streameren går %2 minutter for sakte</translation>
     </message>
     <message>
         <source>the login service's answer is not understood</source>
