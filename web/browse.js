@@ -10,18 +10,18 @@ import { playback } from "./playback.js";
 import { RowSource } from "./rows.js";
 import { albumOf } from "./rowtext.js";
 import { t } from "./text.js";
+import { View } from "./view.js";
 
 const pictureShare = 0.5;
 
 /** Events: "current" with {row, source} when another row has the focus; "loaded" once. */
-export class BrowseView extends EventTarget {
+export class BrowseView extends View {
   #source;
   #list;
   #item;
   #trail;
   #place;
   #kind = "rows";
-  #heading = el("h1", { tabindex: "-1" });
   #head = el("div", { class: "hero" });
   #body = el("div", { class: "view-body" });
   #onPlayer = () => this.#markPlaying();
@@ -57,16 +57,8 @@ export class BrowseView extends EventTarget {
     return { scroll: this.scroller.scrollTop, current: this.#list.current, hadFocus: this.#list.element.contains(document.activeElement), to: this.#list.current };
   }
 
-  get title() {
-    return this.#heading.textContent;
-  }
-
   get source() {
     return this.#source;
-  }
-
-  focus() {
-    this.#heading.focus({ preventScroll: true });
   }
 
   #update() {
@@ -123,7 +115,7 @@ export class BrowseView extends EventTarget {
     const source = this.#source;
     const title = this.#titleText();
     const picture = this.#item?.icon || null;
-    this.#heading.textContent = title || (source.isLoaded ? this.path : " ");
+    this.heading.textContent = title || (source.isLoaded ? this.path : " ");
     this.#list.element.setAttribute("aria-label", title || t("Rows"));
     const canPlay = source.count > 0 && source.rows.some((row) => row.Type === "Audio" && !row.Disabled);
     const buttons = [];
@@ -138,7 +130,7 @@ export class BrowseView extends EventTarget {
         "div",
         { class: "hero-row" },
         picture ? cover(picture, title) : null,
-        el("div", { class: "hero-words" }, this.#heading, this.#item?.subtitle ? el("p", { class: "subtitle", text: this.#item.subtitle }) : null, buttons.length ? el("div", { class: "buttons" }, buttons) : null),
+        el("div", { class: "hero-words" }, this.heading, this.#item?.subtitle ? el("p", { class: "subtitle", text: this.#item.subtitle }) : null, buttons.length ? el("div", { class: "buttons" }, buttons) : null),
       ),
     );
   }

@@ -8,6 +8,7 @@ import { live } from "./live.js";
 import { go } from "./nav.js";
 import { home } from "./path.js";
 import { clock, t } from "./text.js";
+import { View } from "./view.js";
 
 // What to do, for each reason that the streamer gives.
 const advice = () => ({
@@ -20,8 +21,7 @@ const advice = () => ({
   service: [t("The service did not answer as it should."), t("Try again in a few minutes.")],
 });
 
-export class LoginView extends EventTarget {
-  #heading = el("h1", { tabindex: "-1" }, t("Log in"));
+export class LoginView extends View {
   #body = el("div", { class: "login" });
   #state = null;
   #endsAt = 0;
@@ -34,7 +34,8 @@ export class LoginView extends EventTarget {
 
   constructor() {
     super();
-    this.element = el("section", { class: "view" }, this.#heading, this.#body);
+    this.heading.textContent = t("Log in");
+    this.element = el("section", { class: "view" }, this.heading, this.#body);
     live.addEventListener("login", this.#onLogin);
     live.addEventListener("state", this.#onState);
     fill(this.#body, busy(t("Loading…")));
@@ -45,18 +46,6 @@ export class LoginView extends EventTarget {
     live.removeEventListener("login", this.#onLogin);
     live.removeEventListener("state", this.#onState);
     clearInterval(this.#timer);
-  }
-
-  get title() {
-    return this.#heading.textContent;
-  }
-
-  get place() {
-    return {};
-  }
-
-  focus() {
-    this.#heading.focus({ preventScroll: true });
   }
 
   async #read() {
@@ -90,13 +79,13 @@ export class LoginView extends EventTarget {
     this.#state = state;
     clearInterval(this.#timer);
     if (state.loggedIn) {
-      this.#heading.textContent = wasPending ? t("You are logged in") : t("Account");
+      this.heading.textContent = wasPending ? t("You are logged in") : t("Account");
       const music = el("button", { type: "button", class: "button primary", on: { click: () => go(home, null, true) } }, t("To the music"));
       fill(this.#body, el("p", {}, t("The streamer is logged in to the service.")), el("div", { class: "buttons" }, music, this.#button(t("Log out"), () => this.#ask(api.logOut))));
       if (wasPending) music.focus();
       return;
     }
-    this.#heading.textContent = t("Log in");
+    this.heading.textContent = t("Log in");
     if (state.pending) return this.#showCode(state.pending);
     if (state.problem) return this.#showProblem(state);
     fill(this.#body, el("p", {}, t("To play music, connect the streamer to your account.")), el("div", { class: "buttons" }, this.#button(t("Get a code"), () => this.#ask(api.startLogin), "primary")));

@@ -7,10 +7,10 @@ import { VirtualList } from "./list.js";
 import { playback } from "./playback.js";
 import { RowSource } from "./rows.js";
 import { t } from "./text.js";
+import { View } from "./view.js";
 
 /** Events: "current" when a row of the queue has the focus. */
-export class PlayingView extends EventTarget {
-  #heading = el("h1", { tabindex: "-1" });
+export class PlayingView extends View {
   #artist = el("p", { class: "playing-artist" });
   #album = el("p", { class: "subtitle" });
   #quality = el("p", { class: "quality" });
@@ -38,7 +38,7 @@ export class PlayingView extends EventTarget {
         el(
           "div",
           { class: "playing-words" },
-          this.#heading,
+          this.heading,
           this.#artist,
           this.#album,
           this.#quality,
@@ -67,13 +67,9 @@ export class PlayingView extends EventTarget {
     return { scroll: this.#scroller.scrollTop };
   }
 
-  focus() {
-    this.#heading.focus({ preventScroll: true });
-  }
-
   #show() {
     const { title = "", artist = "", album = "", icon: picture = "", list = "", index = -1, path = "" } = playback.state;
-    this.#heading.textContent = title || t("Nothing plays");
+    this.heading.textContent = title || t("Nothing plays");
     this.#artist.textContent = artist;
     this.#album.textContent = album;
     this.#quality.textContent = qualityText(playback.state);

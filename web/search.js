@@ -7,6 +7,7 @@ import { go } from "./nav.js";
 import { home, parsePath, withParameter } from "./path.js";
 import { RowSource } from "./rows.js";
 import { t } from "./text.js";
+import { View } from "./view.js";
 
 const mostRows = () => (matchMedia("(max-width: 760px)").matches ? 5 : 12);
 
@@ -45,18 +46,18 @@ export function searchedText(path) {
 }
 
 /** The results for a path of the tree whose rows are the kinds. */
-export class SearchView extends EventTarget {
+export class SearchView extends View {
   #kinds;
   #columns = [];
-  #heading = el("h1", { tabindex: "-1", class: "visually-hidden" });
   #body = el("div", { class: "search-columns" });
 
   constructor(path, text) {
     super();
     this.path = path;
     this.text = text;
-    this.#heading.textContent = text ? t("Search: %1", text) : t("Search");
-    this.element = el("section", { class: "view search" }, this.#heading, this.#body);
+    this.heading.className = "visually-hidden";
+    this.heading.textContent = text ? t("Search: %1", text) : t("Search");
+    this.element = el("section", { class: "view search" }, this.heading, this.#body);
     if (!text.trim()) {
       fill(this.#body, el("p", { class: "empty" }, t("Type what you look for: an artist, an album, a track, a playlist.")));
       return;
@@ -69,18 +70,6 @@ export class SearchView extends EventTarget {
   close() {
     this.#kinds?.close();
     for (const column of this.#columns) column.source.close();
-  }
-
-  get title() {
-    return this.#heading.textContent;
-  }
-
-  get place() {
-    return {};
-  }
-
-  focus() {
-    this.#heading.focus({ preventScroll: true });
   }
 
   #show() {

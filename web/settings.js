@@ -7,6 +7,7 @@ import { linkTo, loginPath, settingsPath } from "./path.js";
 import { RowSource } from "./rows.js";
 import { isChoice, isField, plainValue } from "./rowtext.js";
 import { chooseLanguage, chosenLanguage, t } from "./text.js";
+import { View } from "./view.js";
 
 const languages = { "": () => t("As the browser"), en: () => "English", de: () => "Deutsch", fr: () => "Français", nb: () => "Norsk", ja: () => "日本語" };
 const themes = { "": () => t("As the system"), light: () => t("Light"), dark: () => t("Dark") };
@@ -22,19 +23,19 @@ function chooser(label, options, present, choose) {
   return el("label", { class: "setting" }, el("span", {}, label), select);
 }
 
-export class SettingsView extends EventTarget {
+export class SettingsView extends View {
   #source = new RowSource(settingsPath);
-  #heading = el("h1", { tabindex: "-1" }, t("Settings"));
   #rows = el("div", { class: "settings-rows" });
   #about = el("p", { class: "hint" });
 
   constructor() {
     super();
     this.path = settingsPath;
+    this.heading.textContent = t("Settings");
     this.element = el(
       "section",
       { class: "view settings" },
-      this.#heading,
+      this.heading,
       el("h2", {}, t("This page")),
       el(
         "div",
@@ -57,20 +58,8 @@ export class SettingsView extends EventTarget {
     this.#source.close();
   }
 
-  get title() {
-    return t("Settings");
-  }
-
-  get place() {
-    return {};
-  }
-
   get source() {
     return this.#source;
-  }
-
-  focus() {
-    this.#heading.focus({ preventScroll: true });
   }
 
   #show() {
