@@ -15,6 +15,7 @@ class Live extends EventTarget {
   #stream = "";
   #wantsRequests = false;
   #opened = "";
+  #sending = "";
   #timer = 0;
 
   connect() {
@@ -70,19 +71,30 @@ class Live extends EventTarget {
     this.connect();
   }
 
+  // One call at a time for a stream, with what is wanted then: of two under way the earlier could arrive last.
   async #send() {
+    const stream = this.#stream;
+    if (!stream || stream === this.#sending) return;
+    this.#sending = stream;
+    // What one view leaves and the next one takes up at once is one change.
+    await null;
+    while (stream === this.#stream && (await this.#sendOnce(stream)));
+    if (stream === this.#sending) this.#sending = "";
+  }
+
+  /** Whether there was something to send, and the call is over. */
+  async #sendOnce(stream) {
     const paths = [...new Set([...this.#owners.values()].flat())].slice(0, 64);
     const key = paths.join("\n");
-    if (!this.#stream || key === this.#opened) return;
-    const stream = this.#stream;
+    if (key === this.#opened) return false;
     this.#opened = key;
     try {
       await openPaths(stream, paths);
     } catch (error) {
-      if (stream !== this.#stream || error.status === 400) return;
       // The stream is not known any more, or the streamer is gone: another one is to be had.
-      this.#retry();
+      if (stream === this.#stream && error.status !== 400) this.#retry();
     }
+    return true;
   }
 
   #retry() {
