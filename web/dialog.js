@@ -25,7 +25,11 @@ export class Dialog {
       this.#body,
     );
     this.element.addEventListener("close", () => this.#closed());
-    this.element.addEventListener("click", (event) => event.target === this.element && this.close());
+    // A press that began before the dialog came is not meant for it: a long press ends over what it opened.
+    let pressed = null;
+    this.element.addEventListener("pointerdown", (event) => (pressed = event.target));
+    this.element.addEventListener("click", (event) => event.detail > 0 && !pressed && event.stopPropagation(), { capture: true });
+    this.element.addEventListener("click", (event) => event.target === this.element && pressed === this.element && this.close());
     this.element.addEventListener("cancel", (event) => {
       if (this.#pages.length < 2) return;
       event.preventDefault();
