@@ -155,7 +155,7 @@ export class BrowseView extends View {
     const trail = this.#trail ?? this.#trailFromPath();
     const links = trail.map((step, index) => {
       const link = el("a", { href: linkTo(step.path) }, step.title || step.path);
-      link.addEventListener("click", (event) => (event.preventDefault(), goUp(step.path, trail.slice(0, index))));
+      link.addEventListener("click", (event) => (event.preventDefault(), goUp(step, trail.slice(0, index))));
       return el("li", {}, link);
     });
     if (!links.length) return null;

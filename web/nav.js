@@ -33,16 +33,16 @@ function rememberPlace() {
 /** Goes to a path. With `isTop` it begins a new trail. */
 export function go(path, item = null, isTop = false) {
   rememberPlace();
-  const here = { path: currentPath(), title: document.querySelector("main h1")?.textContent ?? "" };
+  const here = { path: currentPath(), title: document.querySelector("main h1")?.textContent ?? "", item: history.state?.item };
   const trail = isTop || here.path.startsWith("!") ? [] : [...(history.state?.trail ?? []), here];
   history.pushState({ item, trail: trail.slice(-12) }, "", linkTo(path));
   nav.dispatchEvent(new Event("moved"));
 }
 
-/** Goes back along the trail to a place on it. */
-export function goUp(path, trail) {
+/** Goes back along the trail to a place on it; `trail` is what stands before that. */
+export function goUp({ path, item = null }, trail) {
   rememberPlace();
-  history.pushState({ trail }, "", linkTo(path));
+  history.pushState({ item, trail }, "", linkTo(path));
   nav.dispatchEvent(new Event("moved"));
 }
 
