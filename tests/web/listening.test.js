@@ -1,3 +1,4 @@
+import assert from "node:assert/strict";
 import { journey } from "./harness/journey.js";
 
 journey("from the first visit to sound", {}, async (person) => {
@@ -29,4 +30,90 @@ journey("from the first visit to sound", {}, async (person) => {
 
   await player.getByRole("button", { name: "Now playing and queue" }).click();
   await view.getByRole("list", { name: "Queue" }).getByRole("button", { name: "Menu of" }).nth(1).waitFor();
+});
+
+journey("searches while typing, and finds an artist's album", {}, async (person) => {
+  const { page, view } = person;
+  await person.visit("/tidal/genres");
+  await page.keyboard.press("/");
+  await page.keyboard.type("harb");
+  const kinds = view.getByRole("heading", { level: 2 });
+  await kinds.nth(3).waitFor();
+  assert.deepEqual((await kinds.allTextContents()).sort(), ["Albums", "Artists", "Playlists", "Tracks"]);
+  const tops = await kinds.evaluateAll((all) => all.map((one) => Math.round(one.getBoundingClientRect().top)));
+  assert.equal(new Set(tops).size, 1, "the kinds stand side by side");
+  await person.list("Artists").getByRole("link").nth(3).waitFor();
+
+  await page.keyboard.type("ours");
+  await person.row("The Northern Harbours").waitFor();
+  assert.equal(await person.focused(), "Search", "who types goes on typing");
+  await page.keyboard.press("ArrowDown");
+  assert.ok((await person.focused()).includes("Harbour"), "the arrow leads into what was found");
+  await person.list("Artists").getByRole("link", { name: "The Northern Harbours" }).click();
+  await person.heading("The Northern Harbours");
+  await person.button("Bio").or(view.getByRole("button", { name: /^Bio/ })).first().click();
+  assert.ok((await page.getByRole("dialog", { name: "Bio" }).textContent()).length > 40, "the biography can be read");
+  await page.keyboard.press("Escape");
+  await person.open(/^Albums/);
+  await person.heading("Albums");
+  const title = (await person.titles("Albums"))[0];
+  await person.open(title);
+  await person.heading(title);
+  await view.getByRole("navigation", { name: "Where you are" }).getByRole("link", { name: "The Northern Harbours" }).click();
+  await person.heading("The Northern Harbours");
+
+  // An emptied field leads back to where the search began.
+  await page.keyboard.press("/");
+  await page.keyboard.type("x");
+  await view.getByRole("heading", { name: "Search: x" }).waitFor({ state: "attached" });
+  await page.keyboard.press("Backspace");
+  await person.heading("The Northern Harbours");
+});
+
+journey("a menu by mouse and by keys", {}, async (person) => {
+  const { page, dialog } = person;
+  await person.visit("/tidal/req/featured/new/tracks");
+  const [title] = await person.titles("Just In");
+  const track = person.row(title).getByRole("button").first();
+  const opened = async (how) => {
+    await page.getByRole("dialog", { name: title }).getByRole("menuitem", { name: "Add to playlist" }).waitFor();
+    await person.until(async () => (await person.focused()) === "Play", `the first entry has the focus after ${how}`);
+    await page.keyboard.press("Escape");
+    await person.noDialog();
+  };
+  await track.click({ button: "right" });
+  await opened("a right click");
+  for (const key of ["Shift+F10", "ContextMenu", "m"]) {
+    await track.focus();
+    await page.keyboard.press(key);
+    await opened(key);
+    assert.ok((await person.focused()).startsWith(title), `the focus comes back after ${key}`);
+  }
+  await page.keyboard.press("ArrowRight");
+  assert.equal(await person.focused(), `Menu of ${title}`);
+  await page.keyboard.press("Enter");
+  await opened("the button");
+  // Two pages deep, Escape leads back one at a time.
+  await page.keyboard.press("Enter");
+  await person.choose("Add to playlist");
+  await dialog.getByRole("menuitem", { name: "Create playlist" }).waitFor();
+  await page.keyboard.press("Escape");
+  await dialog.getByRole("menuitem", { name: "Add to favorites" }).waitFor();
+});
+
+journey("a menu by a long press", { width: 390, height: 844, hasTouch: true, isMobile: true }, async (person) => {
+  const { page } = person;
+  await person.visit("/tidal/req/featured/new/tracks");
+  const [title] = await person.titles("Just In");
+  const box = await person.row(title).first().boundingBox();
+  const finger = await page.context().newCDPSession(page);
+  const [x, y] = [box.x + 80, box.y + box.height / 2];
+  await finger.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: [{ x, y }] });
+  await page.getByRole("dialog", { name: title }).getByRole("menuitem", { name: "Add to playlist" }).waitFor();
+  await finger.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [] });
+  await page.getByRole("dialog", { name: title }).getByRole("button", { name: "Close" }).tap();
+  await person.noDialog();
+  assert.equal((await person.streamer.call("player")).state, "stopped", "a long press plays nothing");
+  await person.row(title).first().getByRole("button").first().tap();
+  await person.player.getByRole("button", { name: "Pause" }).waitFor();
 });
