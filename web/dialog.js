@@ -12,7 +12,7 @@ let lastId = 0;
  */
 export class Dialog {
   #pages = [];
-  #heading = el("h2");
+  #heading = el("h2", { tabindex: "-1" });
   #back = iconButton("back", t("Back"), () => this.back());
   #body = el("div", { class: "dialog-body" });
 
@@ -66,6 +66,8 @@ export class Dialog {
     if (!this.element.open) this.element.showModal();
     this.place();
     page.shown?.();
+    // While a page has nothing to put the focus on yet, it stays in the dialog.
+    if (!this.element.contains(document.activeElement)) this.#heading.focus();
   }
 
   /** Beside the anchor, inside the window. */
