@@ -144,7 +144,7 @@ function onKey(event) {
   const target = event.target;
   const isField = target.matches("input:not([type=range]), select, textarea");
   if (isField) {
-    if (event.key === "Escape") target.blur();
+    if (event.key === "Escape") part("view").focus();
     return;
   }
   const isControl = target.matches("button, a, input, [tabindex='0']");
@@ -193,6 +193,8 @@ async function start() {
   playback.addEventListener("changed", nameDocument);
   addEventListener("keydown", onKey);
   part("brand").addEventListener("click", (event) => isPlainClick(event) && (event.preventDefault(), go(home, null, true)));
+  // The address bar holds the path: a link into the page would be taken for one.
+  document.querySelector(".skip").addEventListener("click", (event) => (event.preventDefault(), part("view").focus()));
   part("drawer-button").addEventListener("click", () => drawer.toggle());
   part("help-button").addEventListener("click", showHelp);
   part("offline-retry").addEventListener("click", () => live.connect());
