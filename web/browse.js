@@ -22,6 +22,7 @@ export class BrowseView extends View {
   #trail;
   #place;
   #kind = "rows";
+  #shownHead = "";
   #head = el("div", { class: "hero" });
   #body = el("div", { class: "view-body" });
   #onPlayer = () => this.#markPlaying();
@@ -111,17 +112,23 @@ export class BrowseView extends View {
     return roles.Title || (parameters.has("artistId") ? t("Artist") : "");
   }
 
+  // Made anew only when it says another thing, and then with the focus where it was.
   #showHead() {
     const source = this.#source;
     const title = this.#titleText();
     const picture = this.#item?.icon || null;
-    this.heading.textContent = title || (source.isLoaded ? this.path : " ");
+    const words = title || (source.isLoaded ? this.path : " ");
+    if (this.heading.textContent !== words) this.heading.textContent = words;
     this.#list.element.setAttribute("aria-label", title || t("Rows"));
     const canPlay = source.count > 0 && source.rows.some((row) => row.Type === "Audio" && !row.Disabled);
+    const own = source.roles.Context?.Path;
+    const key = JSON.stringify([title, picture, canPlay, own, source.roles.Title]);
+    if (key === this.#shownHead) return;
+    this.#shownHead = key;
+    const focused = this.#head.contains(document.activeElement) ? document.activeElement : null;
     const buttons = [];
     if (canPlay) buttons.push(this.#button("play", t("Play"), () => playback.play(this.path), "primary"));
     if (this.#item?.menu) buttons.push(this.#button("more", t("More"), (box) => this.#openItemMenu(box)));
-    const own = source.roles.Context?.Path;
     if (own && own !== this.#item?.menu) buttons.push(this.#button("sort", t("Order"), (box) => this.#openOrder(own, box)));
     fill(
       this.#head,
@@ -133,6 +140,9 @@ export class BrowseView extends View {
         el("div", { class: "hero-words" }, this.heading, this.#item?.subtitle ? el("p", { class: "subtitle", text: this.#item.subtitle }) : null, buttons.length ? el("div", { class: "buttons" }, buttons) : null),
       ),
     );
+    if (!focused) return;
+    const same = [...this.#head.querySelectorAll("a, button")].find((one) => one.textContent === focused.textContent);
+    (same ?? this.heading).focus({ preventScroll: true });
   }
 
   #button(picture, label, run, kind = "") {
