@@ -56,16 +56,22 @@ function address(name, parameters = {}) {
   return `api/v1/${name}${text ? `?${text}` : ""}`;
 }
 
+/** Has the session's token asked for again: the streamer may be another one than before. */
+export function forgetSession() {
+  session = null;
+}
+
 async function change(method, name, body) {
   for (let attempt = 1; ; ++attempt) {
-    session ??= await send("GET", "api/v1/session");
+    session ??= send("GET", "api/v1/session");
     try {
-      const headers = { "Content-Type": "application/json", [session.header]: session.token };
+      const { header, token } = await session;
+      const headers = { "Content-Type": "application/json", [header]: token };
       return await send(method, address(name), body === undefined ? undefined : JSON.stringify(body), headers);
     } catch (error) {
       // The token is made anew when the streamer starts.
+      if (error.status === 403 || !error.status) forgetSession();
       if (error.status !== 403 || attempt > 1) throw error;
-      session = null;
     }
   }
 }

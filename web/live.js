@@ -2,7 +2,7 @@
 // Events: "rows", "player", "login", "request" with the data as `detail`, and "state" with a boolean: connected or not.
 // "acted" when an action of this page has changed something.
 
-import { openPaths } from "./api.js";
+import { forgetSession, openPaths } from "./api.js";
 
 const retryAfter = 2000;
 const restAfter = 60000;
@@ -38,6 +38,7 @@ class Live extends EventTarget {
       source.addEventListener(kind, (event) => this.#tell(kind, JSON.parse(event.data)));
     source.addEventListener("error", () => {
       if (source !== this.#source) return;
+      forgetSession();
       this.#setConnected(false);
       this.#retry();
     });
