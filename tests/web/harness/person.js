@@ -47,7 +47,7 @@ export class Person {
   }
 
   heading(name) {
-    return this.view.getByRole("heading", { level: 1, name }).waitFor();
+    return this.view.getByRole("heading", { level: 1, name, exact: true }).waitFor();
   }
 
   /** The rows of the view whose text has the words in it. */
@@ -91,7 +91,7 @@ export class Person {
   async until(condition, what) {
     const end = Date.now() + patience;
     while (!(await condition())) {
-      assert.ok(Date.now() < end, `waited in vain: ${what}`);
+      assert.ok(Date.now() < end, `waited in vain: ${what instanceof Function ? what() : what}`);
       await this.page.evaluate(() => new Promise(requestAnimationFrame));
     }
   }
@@ -117,8 +117,8 @@ export class Person {
     return this.list(name).getByRole("button", { name: "Menu of" }).evaluateAll((all) => all.map((one) => one.getAttribute("aria-label").replace("Menu of ", "")));
   }
 
-  /** What has the focus, as its name and text. */
+  /** What has the focus, as its name or text; "nothing" when it was lost. */
   focused() {
-    return this.page.evaluate(() => document.activeElement.getAttribute("aria-label") ?? (document.activeElement === document.body ? "" : document.activeElement.textContent));
+    return this.page.evaluate(() => (document.activeElement === document.body ? "nothing" : (document.activeElement.getAttribute("aria-label") ?? document.activeElement.textContent)));
   }
 }

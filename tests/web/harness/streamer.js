@@ -69,6 +69,11 @@ export class Streamer {
     return this.call(`rows?path=${encodeURIComponent(path)}&from=0&to=${to}`);
   }
 
+  /** The file that the login is kept in. */
+  get tokens() {
+    return path.join(this.#folder, "state/demo/oauth2/tidal.json");
+  }
+
   get log() {
     return this.#log;
   }

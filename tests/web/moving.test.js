@@ -1,0 +1,213 @@
+import assert from "node:assert/strict";
+import { readFile } from "node:fs/promises";
+import { journey, openWindow } from "./harness/journey.js";
+
+const newAlbums = "/tidal/req/featured/new/albums";
+const myTracks = "/tidal/myMusic/req/favorites/users/tracks";
+
+const scrollOf = (person) => person.view.evaluate((main) => main.scrollTop);
+
+journey("back, forward, and an address given to somebody else", {}, async (person) => {
+  const { page, view } = person;
+  await person.visit(newAlbums);
+  const [, , title] = await person.titles("Just In");
+  await view.evaluate((main) => main.scrollTo(0, 900));
+  await person.until(async () => (await person.titles("Just In"))[2] !== title, "other rows are in sight");
+  const deep = (await person.titles("Just In"))[14];
+  await person.list("Just In").getByRole("link", { name: deep }).first().click();
+  await person.heading(deep);
+  const address = page.url();
+  await page.goBack();
+  await person.heading("Just In");
+  await person.until(async () => Math.abs((await scrollOf(person)) - 900) < 300 && (await person.focused()).startsWith(deep), "the place and the focus are back");
+  await page.goForward();
+  await person.heading(deep);
+
+  const other = await openWindow(person.streamer, {});
+  await other.page.goto(address);
+  await other.heading(deep);
+  await other.button("Play").waitFor();
+  await other.view.getByRole("link", { name: "Just In" }).click();
+  await other.row(title).waitFor();
+  other.assertNothingWentWrong();
+  await other.leave();
+});
+
+journey("a list of five thousand rows", {}, async (person) => {
+  const { page, view } = person;
+  const count = 5000;
+  // The streamer's answer, prolonged: its first rows again and again.
+  await page.route(/api\/v1\/rows\?path=%2Ftidal%2FmyMusic%2Freq%2Ffavorites%2Fusers%2Ftracks/, async (route) => {
+    const query = new URL(route.request().url()).searchParams;
+    const from = Number(query.get("from"));
+    const rows = (await person.streamer.rows(myTracks)).rows;
+    const answer = { path: myTracks, from, rowsCount: count, rowsVersion: 1, roles: { Title: "Tracks" } };
+    answer.rows = rows.map((row, index) => ({ ...row, Title: `Row ${from + index}`, Description: "" })).slice(0, count - from);
+    await route.fulfill({ json: answer });
+  });
+  await person.visit(myTracks);
+  await person.row("Row 0").first().waitFor();
+  let most = 0;
+  for (let step = 0; step <= 20; ++step) {
+    const share = step / 20;
+    await view.evaluate((main, at) => main.scrollTo(0, at * (main.scrollHeight - main.clientHeight)), share);
+    const index = Math.min(count - 1, Math.round(share * (count - 10)) + 3);
+    await person.list("Tracks").getByRole("button", { name: new RegExp(`^Row ${index},`) }).waitFor();
+    most = Math.max(most, await page.locator("li").count());
+  }
+  await person.row(`Row ${count - 1}`).waitFor();
+  assert.ok(most < 100, `${most} list items in the document`);
+    await person.list("Tracks").getByRole("button", { name: `Row ${count - 1},` }).focus();
+  await page.keyboard.press("Home");
+  await person.until(async () => (await person.focused()).startsWith("Row 0,"), "Home leads to the first row");
+  await page.keyboard.press("End");
+  await person.until(async () => (await person.focused()).startsWith(`Row ${count - 1},`), "End leads to the last row");
+});
+
+journey("the keyboard alone", {}, async (person) => {
+  const { page, player } = person;
+  const { keyboard } = page;
+  const press = async (...keys) => {
+    for (const key of keys) {
+      await keyboard.press(key);
+      assert.notEqual(await person.focused(), "nothing", `the focus is somewhere after ${key}`);
+    }
+  };
+  let heard = "";
+  const reaches = (name) => person.until(async () => (heard = await person.focused()).startsWith(name), () => `the focus is at ${name}, not ${heard}`);
+  const tabTo = async (name) => {
+    for (let presses = 0; !(await person.focused()).startsWith(name); ++presses) {
+    assert.ok(presses < 40, `Tab reaches ${name}`);
+      await press("Tab");
+    }
+  };
+  await page.goto("/");
+  await person.row("My Music").waitFor();
+  await keyboard.press("Tab");
+  await reaches("Skip to the rows");
+  await press("Enter", "Tab");
+  await tabTo("New");
+  await press("Enter");
+  await person.heading("New");
+  await person.row("Just In").first().waitFor();
+  await tabTo("Playlists");
+  await press("End", "Enter");
+  await person.heading("Most Played");
+  await person.list("Most Played").getByRole("button").first().waitFor();
+  const [title] = await person.titles("Most Played");
+  await tabTo("Play");
+  await press("Tab");
+  await tabTo(title);
+  await press("ArrowDown", "ArrowUp", "Enter");
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+  await reaches(title);
+  await press("ContextMenu");
+  await person.dialog.getByRole("menuitem", { name: "Add to favorites" }).waitFor();
+  await press("ArrowDown", "Enter");
+  await person.noDialog();
+  await reaches(title);
+  await press("m");
+  await person.dialog.getByRole("menuitem", { name: "Add to playlist" }).waitFor();
+  await press("ArrowDown", "ArrowDown", "Enter");
+  await reaches("Create playlist");
+  await press("Enter");
+  await person.until(() => page.evaluate(() => document.activeElement.matches("input")), "the title can be typed");
+  await keyboard.type("By keys");
+  await press("Enter");
+  await person.noDialog();
+  await reaches(title);
+  await press("q");
+  await person.view.getByRole("heading", { name: "Queue" }).waitFor();
+  await press("Backspace");
+  await person.heading("Most Played");
+  await reaches(title);
+  await press("?");
+  await page.getByRole("dialog", { name: "Keys" }).waitFor();
+  await press("Escape");
+  await reaches(title);
+  await press("/");
+  await keyboard.type("by keys");
+  await person.list("Playlists").waitFor();
+  await press("Escape");
+});
+
+journey("the streamer goes and comes back", { allowed: [/ERR_CONNECTION_REFUSED|ERR_INCOMPLETE_CHUNKED|ERR_EMPTY_RESPONSE|ERR_CONNECTION_RESET/] }, async (person) => {
+  const { page, player, streamer } = person;
+  const banner = page.getByRole("alert").filter({ hasText: "does not answer" });
+  await person.visit(newAlbums);
+  await person.open((await person.titles("Just In"))[1]);
+  await person.button("Play").click();
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+  const playing = await person.playing();
+  const address = page.url();
+  await streamer.halt();
+  await banner.waitFor();
+  await page.goBack();
+  await page.getByRole("alert").filter({ hasText: "cannot be reached" }).waitFor();
+  await streamer.resume();
+  await banner.waitFor({ state: "hidden" });
+  await person.list("Just In").getByRole("link").first().waitFor();
+  await page.goForward();
+  assert.equal(page.url(), address);
+  await person.button("Play").waitFor();
+  assert.equal(await person.playing(), playing, "the bar still names the track");
+  // The session's token is another one now.
+  await player.getByRole("button", { name: "Play", exact: true }).click();
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+});
+
+journey("what a developer sees", {}, async (person) => {
+  const { page, streamer } = person;
+  const drawer = page.getByRole("complementary", { name: "Developer’s drawer" });
+  const tab = (name) => drawer.getByRole("tab", { name, exact: true }).click();
+  await person.visit(myTracks);
+  const [title] = await person.titles("Tracks");
+  await page.getByRole("button", { name: "Developer’s drawer" }).click();
+  await person.list("Tracks").getByRole("button", { name: title }).first().focus();
+  await drawer.getByRole("definition").filter({ hasText: /^Audio$/ }).waitFor();
+  await drawer.getByRole("button", { name: "Read its data" }).click();
+  await drawer.getByText(/^Answered in/).waitFor();
+  await tab("Notices");
+  const [row] = (await streamer.rows(myTracks, 0)).rows;
+  const [favorite] = (await streamer.rows(row.Context.Path)).rows;
+  await streamer.call("set", { path: favorite.Path, value: 1 });
+  await drawer.getByRole("list", { name: "Notices" }).getByRole("listitem").filter({ hasText: myTracks }).first().waitFor();
+  await tab("Requests");
+  const requests = drawer.getByRole("list", { name: "Requests" });
+  await requests.getByRole("listitem").filter({ hasText: "POST" }).filter({ hasText: "/favorites/tracks?" }).first().waitFor();
+  const { accessToken, refreshToken } = JSON.parse(await readFile(streamer.tokens, "utf8"));
+  const shown = await page.content();
+  assert.ok(accessToken && !shown.includes(accessToken) && !shown.includes(refreshToken), "no token is shown");
+  await tab("Calls");
+  await drawer.getByRole("list", { name: "Calls" }).getByRole("listitem").filter({ hasText: "rows?path=" }).first().waitFor();
+});
+
+journey("in the language of the browser", { locale: "de-DE" }, async (person) => {
+  const { page } = person;
+  await person.visit("/settings");
+  await person.heading("Einstellungen");
+  assert.equal(await page.locator("html").getAttribute("lang"), "de");
+  await person.visit("/tidal/myMusic");
+  const [own] = (await person.streamer.call("rows?path=/tidal/myMusic&from=1&to=1&language=de")).rows;
+  assert.notEqual(own.Title, "My playlists");
+  await person.open(own.Title);
+  await person.heading(own.Title);
+});
+
+journey("two round trips, 150 kilobytes", {}, async (person) => {
+  const { page } = person;
+  // The depth of a call: how many answers of the API one after the other came before it was made.
+  let arrived = 0;
+  const depths = new Map();
+  const sizes = [];
+  const isCall = (request) => request.url().includes("/api/v1/");
+  page.on("request", (request) => isCall(request) && depths.set(request, arrived + 1));
+  page.on("response", (response) => isCall(response.request()) && (arrived = Math.max(arrived, depths.get(response.request()))));
+  page.on("response", (response) => isCall(response.request()) || response.status() !== 200 || sizes.push(response.body().then((body) => body.length)));
+  await person.visit(newAlbums);
+  await person.list("Just In").getByRole("link").first().waitFor();
+  const [, depth] = [...depths].find(([request]) => request.url().includes("/rows?"));
+  assert.ok(depth <= 2, `the first rows take ${depth} round trips`);
+  const size = (await Promise.all(sizes)).reduce((sum, one) => sum + one, 0);
+  assert.ok(size > 50000 && size < 150 * 1024, `the page has ${size} bytes`);
+});
