@@ -98,7 +98,7 @@ export function qualityText({ quality } = {}) {
 
 /** Fills the bar's element. */
 export function startBar(bar) {
-  const words = el("span", { class: "words" }, el("span", { class: "title" }), el("span", { class: "subtitle" }));
+  const words = el("span", { class: "words" }, el("span", { class: "title" }), " ", el("span", { class: "subtitle" }));
   const link = el("a", { class: "bar-item", href: linkTo("!playing") });
   link.addEventListener("click", (event) => (event.preventDefault(), go("!playing", null, true)));
   const note = el("div", { class: "bar-note", role: "status" });
@@ -123,7 +123,7 @@ export function startBar(bar) {
     words.firstChild.textContent = title || t("Nothing plays");
     words.lastChild.textContent = [artist, album].filter(Boolean).join(" · ");
     fill(link, cover(picture, title || "♪"), words);
-    link.setAttribute("aria-label", title ? t("Now playing: %1", [title, artist].filter(Boolean).join(", ")) : t("Nothing plays"));
+    link.setAttribute("aria-label", title ? t("Now playing: %1", [title, artist, album].filter(Boolean).join(", ")) : t("Nothing plays"));
   };
   playback.addEventListener("changed", show);
   show();

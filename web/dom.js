@@ -62,7 +62,7 @@ function hueOf(text) {
 /** A cover that loads when it is shown, over a stand-in drawn from the title. */
 export function cover(address, title) {
   const initials = title.split(/[^\p{L}\p{N}]+/u).filter(Boolean).slice(0, 2).map((word) => [...word][0]).join("") || "♪";
-  const box = el("span", { class: "cover", "aria-hidden": "true" }, el("span", { class: "initials", text: initials.toUpperCase() }));
+  const box = el("span", { class: "cover", "aria-hidden": "true" }, el("span", { class: "initials", data: { initials: initials.toUpperCase() } }));
   box.style.setProperty("--hue", hueOf(title));
   if (address) {
     const picture = el("img", { alt: "", decoding: "async", draggable: "false" });

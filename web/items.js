@@ -58,7 +58,7 @@ export function item(row, kind, { showsAlbum = true } = {}) {
   const glyph = { Container: isDialog(row) ? "plus" : "list", Action: "text" }[row.Type];
   const picture = hasCover ? cover(row.Icon, titleOf(row)) : glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
   main.append(
-    ...[picture, el("span", { class: "words" }, el("span", { class: "title", text: titleOf(row) }), el("span", { class: "subtitle", text: subtitle }))].filter(Boolean),
+    ...[picture, el("span", { class: "words" }, el("span", { class: "title", text: titleOf(row) }), " ", el("span", { class: "subtitle", text: subtitle }))].filter(Boolean),
   );
   if (isPlaying) picture.append(el("span", { class: `playing ${playback.isPlaying ? "moving" : ""}` }, el("i"), el("i"), el("i")));
   const element = el("li", { class: `item ${kind}`, "aria-current": isPlaying ? "true" : null, data: { type: row.Type ?? "" } }, main);

@@ -94,7 +94,7 @@ function listPage(context, path, title, own, given = null) {
     fill(list, own.map(ownItem));
     if (source?.error) list.append(problem(source.error.message));
     else if (source && !source.isLoaded) list.append(busy(t("Loading…")));
-    else if (source) list.append(...source.rows.map((row) => treeItem(context, row, source)));
+    else if (source) list.append(...inGroups(source.rows, (row) => treeItem(context, row, source)));
     context.dialog.place();
     const items = list.querySelectorAll("[role^=menuitem]");
     if (list.isConnected && !list.contains(document.activeElement)) items[Math.max(0, Math.min(focused, items.length - 1))]?.focus();
@@ -122,8 +122,21 @@ function menuItem(title, { picture = null, mark = null, role = "menuitem", disab
 
 const ownItem = ({ title, icon: name, run }) => menuItem(title, { picture: el("span", { class: "menu-mark" }, icon(name)) }, run);
 
+// What stands below a header is a group with its name.
+function inGroups(rows, make) {
+  const elements = [];
+  let group = null;
+  for (const row of rows) {
+    if (row.Type === "Header") {
+      group = el("div", { class: "menu-group", role: "group", "aria-label": row.Title }, el("div", { class: "menu-header", "aria-hidden": "true" }, row.Title));
+      elements.push(group);
+    } else if (group) group.append(make(row));
+    else elements.push(make(row));
+  }
+  return elements;
+}
+
 function treeItem(context, row, source) {
-  if (row.Type === "Header") return el("h3", { class: "menu-header", text: row.Title });
   const disabled = row.Disabled === true;
   const picture = row.Icon || (row.Type === "Action" && row.Id) ? cover(row.Icon, row.Title) : null;
   if (row.Type === "Container")
