@@ -1,0 +1,121 @@
+import assert from "node:assert/strict";
+import { readFile } from "node:fs/promises";
+import { createRequire } from "node:module";
+import { journey } from "./harness/journey.js";
+
+const axe = await readFile(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
+
+const myTracks = "/tidal/myMusic/req/favorites/users/tracks";
+
+const ready = (person) => person.view.getByRole("button", { name: "Menu of" }).first().waitFor();
+
+// How each view is reached; what is opened in one is closed with Escape.
+const views = {
+  top: (person) => person.visit("/tidal"),
+  "lists below headers": (person) => person.visit("/tidal/new").then(() => person.row("Most Played").first().waitFor()),
+  covers: (person) => person.visit("/tidal/req/featured/new/albums").then(() => ready(person)),
+  album: async (person) => {
+    await person.open((await person.titles("Just In"))[2]);
+    await person.button("More").waitFor();
+    await ready(person);
+  },
+  menu: async (person) => {
+    await person.view.getByRole("button", { name: "Menu of" }).first().click();
+    await person.dialog.getByRole("menuitem", { name: "Add to playlist" }).waitFor();
+  },
+  choices: async (person) => {
+    await person.page.keyboard.press("Escape");
+    await person.visit(myTracks);
+    await person.button("Order").click();
+    await person.dialog.getByRole("menuitem", { name: "Order Name" }).click();
+    await person.dialog.getByRole("menuitemradio", { name: "Name", checked: true }).waitFor();
+  },
+  form: async (person) => {
+    for (const key of ["Escape", "Escape"]) await person.page.keyboard.press(key);
+    await person.visit("/tidal/myMusic");
+    await person.row("Create new playlist").getByRole("button").click();
+    await person.dialog.getByLabel("Title").waitFor();
+  },
+  question: async (person) => {
+    await person.page.keyboard.press("Escape");
+    await person.visit("/tidal/myMusic/req/created/users/playlists");
+    await person.menu("Empty one");
+    await person.choose("remove");
+    await person.page.getByRole("dialog", { name: "Delete the playlist?" }).waitFor();
+  },
+  "an empty list": async (person) => {
+    for (const key of ["Escape", "Escape"]) await person.page.keyboard.press(key);
+    await person.open("Empty one");
+    await person.heading("Empty one");
+  },
+  search: async (person) => {
+    await person.visit("/tidal/search/choose?query=harb");
+    for (const kind of ["Albums", "Tracks", "Artists", "Playlists"]) await person.list(kind).getByRole("button", { name: "Menu of" }).first().waitFor();
+  },
+  playing: async (person) => {
+    await person.list("Tracks").getByRole("button").first().click();
+    await person.player.getByRole("button", { name: "Pause" }).waitFor();
+    await person.player.getByRole("button", { name: "Now playing and queue" }).click();
+    await person.list("Queue").getByRole("button").first().waitFor();
+  },
+  settings: (person) => person.visit("/settings").then(() => person.page.getByRole("button", { name: /^Sound quality/ }).waitFor()),
+  account: (person) => person.visit("/oauth2/services/tidal").then(() => person.button("Log out").waitFor()),
+  "a path that leads nowhere": (person) => person.visit("/tidal/nowhere"),
+  drawer: async (person) => {
+    await person.visit(myTracks);
+    await ready(person);
+    await person.page.getByRole("button", { name: "Developer’s drawer" }).click();
+    await person.view.getByRole("button", { name: "Menu of" }).first().focus();
+    await person.page.getByRole("tabpanel").getByRole("button", { name: "Read its data" }).waitFor();
+  },
+  requests: async (person) => {
+    await person.page.getByRole("tab", { name: "Requests" }).click();
+    await person.page.getByRole("list", { name: "Requests" }).getByRole("listitem").first().waitFor();
+  },
+  keys: async (person) => {
+    await person.view.getByRole("button", { name: "Menu of" }).first().focus();
+    await person.page.keyboard.press("?");
+    await person.page.getByRole("dialog", { name: "Keys" }).waitFor();
+  },
+};
+
+async function examine(person, options) {
+  await person.page.addInitScript(axe);
+  const faults = [];
+  for (const [name, reach] of Object.entries(views)) {
+    await reach(person);
+    const { violations } = await person.page.evaluate((rules) => globalThis.axe.run(document, rules), options);
+    for (const { id, impact, nodes } of violations) if (["serious", "critical"].includes(impact)) faults.push(`${name}: ${id}: ${nodes.map((node) => `${node.target} ${node.any[0]?.message ?? ""}`).slice(0, 3)}`);
+  }
+  assert.deepEqual(faults, []);
+}
+
+const allowed = [/nowhere|status of 404/];
+
+journey("nothing hinders who cannot see or point", { colorScheme: "light", allowed }, (person) => examine(person, {}));
+journey("dark, it can be read as well", { colorScheme: "dark", allowed }, (person) => examine(person, { runOnly: ["color-contrast"] }));
+
+journey("a phone has room for every view", { width: 390, height: 844, hasTouch: true, isMobile: true, allowed }, async (person) => {
+  const wide = [];
+  for (const [name, reach] of Object.entries(views)) {
+    if (["playing"].includes(name)) {
+      await person.list("Tracks").getByRole("button").first().click();
+      await person.player.getByRole("link").click();
+      await person.list("Queue").getByRole("button").first().waitFor();
+    } else await reach(person);
+    const width = await person.page.evaluate(() => Math.max(document.documentElement.scrollWidth, ...[...document.querySelectorAll("main, dialog, .panel, .dialog-body")].map((one) => (one.scrollWidth > one.clientWidth + 1 ? 10000 + one.scrollWidth : 0))));
+    if (width > 390) wide.push(`${name}: ${width}`);
+  }
+  assert.deepEqual(wide, []);
+});
+
+journey("who wants no motion gets none", { reducedMotion: "reduce" }, async (person) => {
+  await person.visit(myTracks);
+  await ready(person);
+  await person.list("Tracks").getByRole("button").first().click();
+  await person.player.getByRole("button", { name: "Pause" }).waitFor();
+  const moving = () => person.page.evaluate(() => document.getAnimations().filter((one) => one.playState === "running").map((one) => one.animationName ?? one.transitionProperty));
+  await person.until(async () => (await moving()).length === 0, "nothing moves");
+  await person.page.emulateMedia({ reducedMotion: "no-preference" });
+  await person.until(async () => (await moving()).includes("level"), "else the mark of what plays moves");
+});
