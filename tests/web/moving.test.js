@@ -143,7 +143,7 @@ journey("the streamer goes and comes back", { allowed: [/ERR_CONNECTION_REFUSED|
   await streamer.halt();
   await banner.waitFor();
   await page.goBack();
-  await page.getByRole("alert").filter({ hasText: "cannot be reached" }).waitFor();
+  await page.getByRole("alert").filter({ hasText: "cannot be reached" }).first().waitFor();
   await streamer.resume();
   await banner.waitFor({ state: "hidden" });
   await person.list("Just In").getByRole("link").first().waitFor();

@@ -77,7 +77,7 @@ export class Person {
   /** Opens a row that stands below a header, as names may repeat. */
   async openBelow(header, name) {
     await this.view.getByRole("heading", { name: header, exact: true }).waitFor();
-    const order = await this.view.getByRole("listitem").evaluateAll((items) => items.map((item) => item.textContent));
+    const order = await this.view.getByRole("listitem").evaluateAll((items) => items.map((item) => item.textContent.trim()));
     await this.view.getByRole("listitem").nth(order.indexOf(name, order.indexOf(header))).getByRole("link").click();
   }
 
