@@ -19,6 +19,12 @@ public:
     std::map<quint64, OpenPath> open;
     QHash<CMPath, int> clients;   ///< open paths by number of clients, never zero
     QHash<QString, int> versions; ///< by base; absent: 0
+
+    /// Counts the version at the path's base up, or sets it, and those of the touched open paths;
+    /// then tells the clients, without the lock.
+    template <class IsTouched>
+    void tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
+              IsTouched isTouched);
 };
 
 CMSubscribe::CMSubscribe(QObject* parent) : QObject(parent), d(new Private) {}
@@ -72,41 +78,40 @@ void CMSubscribe::closeRows(quint64 id)
     rowsPathRemoved(path);
 }
 
+template <class IsTouched>
+void CMSubscribe::Private::tell(const CMPath& path, const QVariant& change, int count,
+                                int rowsVersion, IsTouched isTouched)
+{
+    std::vector<OpenPath> touched;
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        int& version = versions[path.base()];
+        version = rowsVersion >= 0 ? rowsVersion : version + 1;
+        for (const auto& [id, one] : open) {
+            if (!isTouched(one.path))
+                continue;
+            if (!one.path.equals(path, CMPath::CompareBase))
+                ++versions[one.path.base()];
+            touched.push_back(one);
+        }
+    }
+    for (const OpenPath& one : touched)
+        one.listener(CMRowsNotice{one.path, change, count});
+}
+
 void CMSubscribe::rowsChanged(const CMPath& path, const QVariant& change, int count,
                               int rowsVersion)
 {
-    std::vector<Private::OpenPath> touched;
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        int& version = d->versions[path.base()];
-        version = rowsVersion >= 0 ? rowsVersion : version + 1;
-        for (const auto& [id, open] : d->open) {
-            if (open.path.equals(path, CMPath::CompareBase) && open.path.includesParams(path))
-                touched.push_back(open);
-        }
-    }
-    for (const Private::OpenPath& open : touched)
-        open.listener(CMRowsNotice{open.path, change, count});
+    d->tell(path, change, count, rowsVersion, [&path](const CMPath& open) {
+        return open.equals(path, CMPath::CompareBase) && open.includesParams(path);
+    });
 }
 
 void CMSubscribe::changedStartingWith(const CMPath& path, const QString& kind, int count,
                                       int rowsVersion)
 {
-    std::vector<Private::OpenPath> touched;
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        int& version = d->versions[path.base()];
-        version = rowsVersion >= 0 ? rowsVersion : version + 1;
-        for (const auto& [id, open] : d->open) {
-            if (!open.path.startsWith(path))
-                continue;
-            if (!open.path.equals(path, CMPath::CompareBase))
-                ++d->versions[open.path.base()];
-            touched.push_back(open);
-        }
-    }
-    for (const Private::OpenPath& open : touched)
-        open.listener(CMRowsNotice{open.path, kind, count});
+    d->tell(path, kind, count, rowsVersion,
+            [&path](const CMPath& open) { return open.startsWith(path); });
 }
 
 int CMSubscribe::rowsVersion(const CMPath& path) const

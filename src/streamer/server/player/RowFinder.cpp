@@ -1,4 +1,7 @@
 #include "RowFinder.h"
+
+#include "ItemRoles.h"
+
 #include <algorithm>
 #include <kelo/CMRoot.h>
 
@@ -6,16 +9,6 @@ namespace {
 constexpr int pageSize = 50;
 constexpr int maxPages = 40;
 const QString trackIdParam = QStringLiteral("trackId");
-
-const QStringList& rowRoles()
-{
-    static const QStringList roles{
-        KeloRoles::Path(),        KeloRoles::Type(),          KeloRoles::Title(),
-        KeloRoles::Disabled(),    KeloRoles::MediaData(),     KeloRoles::Icon(),
-        KeloRoles::Id(),          KeloRoles::AudioType(),     KeloRoles::Context(),
-        KeloRoles::Description(), KeloRoles::ContainerType(), KeloRoles::ContainerPlayable()};
-    return roles;
-}
 
 QList<KeloRoles> rolesOf(const QVariant& rows)
 {
@@ -25,9 +18,9 @@ QList<KeloRoles> rolesOf(const QVariant& rows)
     for (const QVariant& row : list) {
         const QVariantList values = row.toList();
         KeloRoles roles;
-        for (int i = 0; i < values.size() && i < rowRoles().size(); ++i)
+        for (int i = 0; i < values.size() && i < itemRoles().size(); ++i)
             if (values.at(i).isValid())
-                roles.insert(rowRoles().at(i), values.at(i));
+                roles.insert(itemRoles().at(i), values.at(i));
         result.append(roles);
     }
     return result;
@@ -82,7 +75,7 @@ void RowFinder::fetch(const CMPath& list, int from, int to, std::function<void(c
 {
     if (--m_pagesLeft < 0)
         return finish();
-    const CMGetRowsRequest request(list, from, to, rowRoles());
+    const CMGetRowsRequest request(list, from, to, itemRoles());
     CMRoot().request(request);
     const CMReply<KeloRowsRoles> reply = request.reply();
     reply.addWatcher(

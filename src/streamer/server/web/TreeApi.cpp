@@ -1,5 +1,6 @@
 #include "TreeApi.h"
 
+#include "ItemRoles.h"
 #include "JsonText.h"
 #include "texts/TextCatalogue.h"
 
@@ -12,23 +13,13 @@ constexpr int pageSize = 50;
 /// A wish for more rows ends here; the count says that there are more.
 constexpr int mostRows = 10000;
 
-const QStringList& rowRoles()
-{
-    static const QStringList roles{
-        KeloRoles::Path(),        KeloRoles::Type(),          KeloRoles::Title(),
-        KeloRoles::Disabled(),    KeloRoles::MediaData(),     KeloRoles::Icon(),
-        KeloRoles::Id(),          KeloRoles::AudioType(),     KeloRoles::Context(),
-        KeloRoles::Description(), KeloRoles::ContainerType(), KeloRoles::ContainerPlayable()};
-    return roles;
-}
-
 const QStringList& dataRoles()
 {
     static const QStringList roles =
-        rowRoles() + QStringList{KeloRoles::Value(),      KeloRoles::Edit(),
-                                 KeloRoles::ReadOnly(),   KeloRoles::SearchPath(),
-                                 KeloRoles::AcceptPath(), KeloRoles::Query(),
-                                 KeloRoles::QueryPath(),  KeloRoles::BusyText()};
+        itemRoles() + QStringList{KeloRoles::Value(),      KeloRoles::Edit(),
+                                  KeloRoles::ReadOnly(),   KeloRoles::SearchPath(),
+                                  KeloRoles::AcceptPath(), KeloRoles::Query(),
+                                  KeloRoles::QueryPath(),  KeloRoles::BusyText()};
     return roles;
 }
 
@@ -99,7 +90,7 @@ HttpReply TreeApi::rows(const HttpCall& call)
     const auto from = call.integer("from", 0, &fault);
     const int lastByDefault = int(qMin(qint64(from.value_or(0)) + pageSize - 1, qint64(INT_MAX)));
     const auto to = call.integer("to", lastByDefault, &fault);
-    const auto roles = call.roles(rowRoles(), &fault);
+    const auto roles = call.roles(itemRoles(), &fault);
     if (!path || !from || !to || !roles)
         return HttpReply::badRequest(fault);
 

@@ -1,0 +1,5 @@
+#pragma once
+#include <QStringList>
+
+/// The roles of an item row that the program asks for unless a client names others. Any thread.
+const QStringList& itemRoles();
