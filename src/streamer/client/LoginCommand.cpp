@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <condition_variable>
+#include <deque>
 #include <mutex>
 #include <optional>
 #include <QHash>
@@ -67,7 +68,7 @@ int refused(Terminal& terminal, const QString& problem, const QString& advice)
     return ExitRefused;
 }
 
-/// Reads login events on a thread of its own and hands the latest answer to who waits. Lives on the
+/// Reads login events on a thread of its own and hands them on in order. Lives on the
 /// stack of LoginCommand::run; its destructor ends the stream and the thread.
 class LoginEvents
 {
@@ -85,16 +86,20 @@ public:
     bool waitForOpen()
     {
         std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [this] { return m_isOpen || m_end; });
-        return m_isOpen;
+        m_changed.wait(lock, [this] { return !m_states.empty() || m_end; });
+        return !m_states.empty();
     }
 
     /// The next login answer; nothing when \p until passes or the stream ends first.
     std::optional<QByteArray> next(Clock::time_point until)
     {
         std::unique_lock lock(m_mutex);
-        m_changed.wait_until(lock, until, [this] { return m_latest || m_end; });
-        return std::exchange(m_latest, std::nullopt);
+        m_changed.wait_until(lock, until, [this] { return !m_states.empty() || m_end; });
+        if (m_states.empty())
+            return std::nullopt;
+        QByteArray state = m_states.front();
+        m_states.pop_front();
+        return state;
     }
 
     /// How the stream ended; nothing while it goes on.
@@ -111,10 +116,7 @@ private:
             const std::lock_guard lock(m_mutex);
             if (event.name != "login")
                 return true;
-            // The first one is the state from before the login.
-            if (m_isOpen)
-                m_latest = event.data;
-            m_isOpen = true;
+            m_states.push_back(event.data);
             m_changed.notify_all();
             return true;
         });
@@ -126,8 +128,7 @@ private:
     ApiClient& m_api;
     std::mutex m_mutex; ///< guards all below
     std::condition_variable m_changed;
-    bool m_isOpen = false;
-    std::optional<QByteArray> m_latest;
+    std::deque<QByteArray> m_states;
     std::optional<ApiReply> m_end;
     std::thread m_thread; ///< last: starts when the rest stands
 };
@@ -159,6 +160,9 @@ int waitForDecision(const CommandContext& context, LoginEvents& events, const QJ
                                          : std::chrono::seconds(longestWait));
     const bool hasCountdown =
         expiresIn.isDouble() && !context.isJson && context.terminal.isInteractive();
+    const QJsonValue code = pending.value(QLatin1String("userCode"));
+    bool isOurs = false; // our code has been told: what follows is about it
+    bool isFirst = true; // of before the login
     for (;;) {
         const auto left = end - Clock::now();
         if (hasCountdown)
@@ -169,7 +173,11 @@ int waitForDecision(const CommandContext& context, LoginEvents& events, const QJ
         const auto tick = Clock::now() + std::chrono::seconds(1);
         if (const auto body = events.next(hasCountdown ? std::min(tick, end) : end)) {
             const QJsonObject login = QJsonDocument::fromJson(*body).object();
-            if (isLoggedIn(login) || pendingOf(login).isEmpty())
+            isOurs = isOurs || pendingOf(login).value(QLatin1String("userCode")) == code;
+            // States that follow quickly come as their last one, so ours may not be among them.
+            const bool isAboutUs = isOurs || (!isFirst && !problemOf(login).isEmpty());
+            isFirst = false;
+            if (isLoggedIn(login) || (isAboutUs && pendingOf(login).isEmpty()))
                 return finished(context, *body, login);
         } else if (const auto ended = events.end()) {
             context.terminal.error(
