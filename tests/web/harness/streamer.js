@@ -9,6 +9,7 @@ import { createInterface } from "node:readline";
 import { fileURLToPath } from "node:url";
 
 const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), "../../..");
+const patience = 20000;
 export const program = process.env.KELO_PROGRAM || path.join(root, "build/dev/bin/kelo");
 
 export class Streamer {
@@ -31,7 +32,7 @@ export class Streamer {
     this.#process = spawn(program, words, { stdio: ["ignore", "pipe", "pipe"] });
     this.#process.stderr.on("data", (text) => (this.#log += text));
     // The first line is the address; a program that ends before it says so by closing its output.
-    for await (const line of createInterface({ input: this.#process.stdout })) {
+    for await (const line of createInterface({ input: this.#process.stdout, signal: AbortSignal.timeout(patience) })) {
       this.address = line.match(/^listening on (http:\/\/\S+)$/)?.[1];
       break;
     }
