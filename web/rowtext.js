@@ -20,6 +20,8 @@ export const albumOf = (row) => metaData(row).album || "";
 
 /** The line below the title. */
 export function subtitleOf(row, isAlbumShown = true) {
+  // An action's description may be the address that it reads from.
+  if (row.Type === "Action" && /^https?:/.test(row.Description ?? "")) return "";
   if (row.Type !== "Audio") return row.Description ?? "";
   return [artistOf(row), isAlbumShown ? albumOf(row) : ""].filter(Boolean).join(" · ");
 }
