@@ -55,7 +55,7 @@ const views = {
   playing: async (person) => {
     await person.list("Tracks").getByRole("button").first().click();
     await person.player.getByRole("button", { name: "Pause" }).waitFor();
-    await person.player.getByRole("button", { name: "Now playing and queue" }).click();
+    await person.player.getByRole("link").click();
     await person.list("Queue").getByRole("button").first().waitFor();
   },
   settings: (person) => person.visit("/settings").then(() => person.page.getByRole("button", { name: /^Sound quality/ }).waitFor()),
@@ -98,11 +98,7 @@ journey("dark, it can be read as well", { colorScheme: "dark", allowed }, (perso
 journey("a phone has room for every view", { width: 390, height: 844, hasTouch: true, isMobile: true, allowed }, async (person) => {
   const wide = [];
   for (const [name, reach] of Object.entries(views)) {
-    if (["playing"].includes(name)) {
-      await person.list("Tracks").getByRole("button").first().click();
-      await person.player.getByRole("link").click();
-      await person.list("Queue").getByRole("button").first().waitFor();
-    } else await reach(person);
+    await reach(person);
     const width = await person.page.evaluate(() => Math.max(document.documentElement.scrollWidth, ...[...document.querySelectorAll("main, dialog, .panel, .dialog-body")].map((one) => (one.scrollWidth > one.clientWidth + 1 ? 10000 + one.scrollWidth : 0))));
     if (width > 390) wide.push(`${name}: ${width}`);
   }

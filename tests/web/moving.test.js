@@ -1,6 +1,7 @@
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
-import { journey, openWindow } from "./harness/journey.js";
+import { journey } from "./harness/journey.js";
+import { openWindow } from "./harness/window.js";
 
 const newAlbums = "/tidal/req/featured/new/albums";
 const myTracks = "/tidal/myMusic/req/favorites/users/tracks";
