@@ -4,6 +4,7 @@ import { understand } from "./actions.js";
 import { getData, setValue } from "./api.js";
 import { problem, textPage } from "./dialog.js";
 import { el } from "./dom.js";
+import { currentPath } from "./nav.js";
 import { parsePath } from "./path.js";
 import { isChoice, isField, plainValue } from "./rowtext.js";
 import { t } from "./text.js";
@@ -30,6 +31,8 @@ function startValue(context, path, row) {
     if (field.endsWith("/title")) return context.row.Title ?? "";
     if (field.endsWith("/description")) return context.row.Description ?? "";
   }
+  // From a track of a playlist: the playlist is the view below.
+  if (base.endsWith("/updatePlaylists") && field.endsWith("/title") && parameters.get("playlistId") === parsePath(currentPath()).parameters.get("playlistId")) return document.querySelector("main h1")?.textContent ?? "";
   if (typeof present === "number" && parameters.has("rowNum") && base.endsWith("/moveTrack")) return parameters.get("rowNum");
   // What another client has left in the fields of a new playlist is not this reader's.
   if (typeof present === "string" && base.endsWith("/createPlaylist")) return "";
