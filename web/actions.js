@@ -15,15 +15,16 @@ export function needsQuestion(row) {
 }
 
 /**
- * Sends a value to a row. Resolves with a text to read when the reply brought one, else with an empty one;
+ * Sends a value to a row; `begun` is told when nothing is asked any more. Resolves with a text to read when the reply brought one, else with an empty one;
  * with null when the reader thought better of it. Throws what the call was refused with.
  */
-export async function activate(row, subject, value = 1) {
+export async function activate(row, subject, begun = () => {}) {
   if (needsQuestion(row)) {
     const yes = await ask(t("Delete the playlist?"), t("“%1” will be deleted from the service. This cannot be undone.", subject), t("Delete"));
     if (!yes) return null;
   }
-  return understand(await setValue(row.Path, value), row.Title);
+  begun();
+  return understand(await setValue(row.Path), row.Title);
 }
 
 /** Passes on that a reply tells of a change; gives the text that it brought. */

@@ -170,9 +170,9 @@ async function act(context, row, button) {
   const place = button.querySelector(".menu-detail") ?? button.appendChild(el("span", { class: "menu-detail" }));
   if (button.getAttribute("aria-busy") === "true") return;
   button.setAttribute("aria-busy", "true");
-  place.textContent = row.BusyText || t("Working…");
+  if (button.nextElementSibling?.matches(".problem")) button.nextElementSibling.remove();
   try {
-    const text = await activate(row, context.subject);
+    const text = await activate(row, context.subject, () => (place.textContent = row.BusyText || t("Working…")));
     if (text) context.dialog.push(textPage(row.Title, text));
     else if (text === "") context.dialog.close(true);
     place.textContent = "";
