@@ -24,12 +24,15 @@ journey("a favourite comes and goes", {}, async (person) => {
   await person.row(title).waitFor();
 });
 
-journey("a playlist from a track to its end", {}, async (person) => {
+// A title that the service refuses is answered with 502, which the browser notes on its console.
+journey("a playlist from a track to its end", { allowed: [/status (of )?502/] }, async (person) => {
   const { page, dialog } = person;
   await person.visit(myTracks);
   const tracks = await person.titles("Tracks");
   await person.menu(tracks[0]);
   await person.choose("Add to playlist", "Create playlist");
+  await person.submit({ Title: "" }, "Create");
+  await dialog.getByRole("alert").waitFor();
   await person.submit({ Title: "Rainy evenings", Description: "For the window seat" }, "Create");
   await person.noDialog();
   for (const track of tracks.slice(1, 3)) {
@@ -53,6 +56,16 @@ journey("a playlist from a track to its end", {}, async (person) => {
   await person.choose("remove");
   await person.noDialog();
   await person.until(async () => (await list()).join() === [tracks[1], tracks[0]].join(), "the middle one is gone");
+
+  // Another client's edit is followed, too.
+  const menu = (await person.streamer.rows((await person.streamer.rows(await page.evaluate(() => location.hash.slice(1)))).rows[1].Context.Path)).rows;
+  await person.streamer.call("set", { path: menu.find((row) => row.Title === "remove").Path, value: 1 });
+  await person.until(async () => (await list()).join() === tracks[1], "what another client removed is gone");
+  await person.menu(tracks[1]);
+  await person.choose("Update playlist");
+  assert.equal(await dialog.getByLabel("Title").inputValue(), "Rainy evenings", "a track's menu knows its playlist");
+  await page.keyboard.press("Escape");
+  await page.keyboard.press("Escape");
 
   await page.goBack();
   await person.menu("Rainy evenings");
