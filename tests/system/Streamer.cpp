@@ -56,7 +56,8 @@ public:
                 else if (line.startsWith("data: "))
                     text += line.mid(6);
             }
-            if (name == m_name && m_predicate(QJsonDocument::fromJson(text).object()))
+            if ((m_name.isEmpty() || name == m_name) &&
+                m_predicate(QJsonDocument::fromJson(text).object()))
                 m_hasFound = true;
         }
         return !m_hasFound;
@@ -204,9 +205,15 @@ bool Streamer::login()
 {
     if (post(QStringLiteral("/api/v1/login"), "{}").status != 200)
         return false;
-    return waitForEvent("login", [](const QJsonObject& login) {
-        return login.value(QStringLiteral("loggedIn")).toBool();
-    });
+    // The module hears of it a moment later: then its top has more than the way to log in.
+    return waitForEvent(
+        QByteArray(),
+        [this](const QJsonObject&) {
+            return get(QStringLiteral("/api/v1/rows?path=/tidal"))
+                       .body.value(QStringLiteral("rowsCount"))
+                       .toInt() > 2;
+        },
+        QStringLiteral("?path=/tidal"));
 }
 
 Streamer::Answer Streamer::get(const QString& path) const
