@@ -6,11 +6,12 @@ import { busy, Dialog, problem, textPage } from "./dialog.js";
 import { cover, el, fill, icon } from "./dom.js";
 import { formPage } from "./form.js";
 import { go } from "./nav.js";
+import { baseOf } from "./path.js";
 import { playback } from "./playback.js";
 import { RowSource } from "./rows.js";
 import { isChoice, isField, isPlayableItem, placeOf, plainValue, titleOf } from "./rowtext.js";
 import { t } from "./text.js";
-import { toastError } from "./toast.js";
+import { toast, toastError } from "./toast.js";
 
 const mostRows = 500;
 
@@ -155,9 +156,12 @@ function treeItem(context, row, source) {
   return el("p", { class: "menu-text", text: row.Title });
 }
 
-// An action says in its own data what it would do now: "Add to favorites" or "Remove from favorites".
+// Such an action says in its own data what it would do now: "Add to favorites" or "Remove from favorites". What
+// it does is what it said last, to whomever, so it is asked once more right before.
+const saysWhatItDoes = (row) => baseOf(row.Path).endsWith("/favorites");
+
 async function nameAction(row, place) {
-  if (row.Title !== "Favorite" && !row.Path.split("?")[0].endsWith("/favorites")) return;
+  if (!saysWhatItDoes(row)) return;
   try {
     const { data } = await getData(row.Path);
     if (data.Title) place.textContent = row.Title = data.Title;
@@ -171,6 +175,13 @@ async function act(context, row, button) {
   if (button.getAttribute("aria-busy") === "true") return;
   button.setAttribute("aria-busy", "true");
   if (button.nextElementSibling?.matches(".problem")) button.nextElementSibling.remove();
+  const wanted = row.Title;
+  await nameAction(row, button.querySelector(".menu-title"));
+  if (row.Title !== wanted) {
+    // Another client has done it meanwhile.
+    toast(t("Done: %1", wanted));
+    return context.dialog.close(true);
+  }
   try {
     const text = await activate(row, context.subject, () => (place.textContent = row.BusyText || t("Working…")));
     if (text) context.dialog.push(textPage(row.Title, text));
@@ -181,6 +192,7 @@ async function act(context, row, button) {
     button.after(problem(error.message));
   }
   button.removeAttribute("aria-busy");
+  return undefined;
 }
 
 const sameValue = (one, other) => JSON.stringify(plainValue(one) ?? null) === JSON.stringify(plainValue(other) ?? null);
