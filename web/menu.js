@@ -164,7 +164,7 @@ async function nameAction(row, place) {
   if (!saysWhatItDoes(row)) return;
   try {
     const { data } = await getData(row.Path);
-    if (data.Title) place.textContent = row.Title = data.Title;
+    if (data.Title) place.textContent = row.Title = row.said = data.Title;
   } catch {
     return;
   }
@@ -175,9 +175,9 @@ async function act(context, row, button) {
   if (button.getAttribute("aria-busy") === "true") return;
   button.setAttribute("aria-busy", "true");
   if (button.nextElementSibling?.matches(".problem")) button.nextElementSibling.remove();
-  const wanted = row.Title;
+  const wanted = row.said;
   await nameAction(row, button.querySelector(".menu-title"));
-  if (row.Title !== wanted) {
+  if (wanted && row.said !== wanted) {
     // Another client has done it meanwhile.
     toast(t("Done: %1", wanted));
     return context.dialog.close(true);
