@@ -103,6 +103,20 @@ journey("a menu by mouse and by keys", {}, async (person) => {
   await dialog.getByRole("menuitem", { name: "Add to favorites" }).waitFor();
 });
 
+journey("what cannot be played says so and is passed over", {}, async (person) => {
+  const { page, streamer } = person;
+  await person.visit("/tidal/req/featured/new/albums");
+  await person.open("Second Signal");
+  await person.list("Second Signal").getByRole("button", { name: /^Tower, .*not available$/ }).first().click({ force: true });
+  await page.getByRole("status").filter({ hasText: "“Tower” is not available." }).waitFor();
+  await person.menu("Tower");
+  assert.deepEqual((await person.dialog.getByRole("menuitem").allTextContents()).filter((text) => text === "Play"), []);
+  await page.keyboard.press("Escape");
+  await person.button("Play").click();
+  await person.player.getByRole("button", { name: "Pause" }).waitFor();
+  assert.notEqual((await streamer.call("player")).title, "Tower");
+});
+
 journey("a menu by a long press", { width: 390, height: 844, hasTouch: true, isMobile: true }, async (person) => {
   const { page } = person;
   await person.visit("/tidal/req/featured/new/tracks");

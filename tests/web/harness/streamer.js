@@ -14,6 +14,7 @@ export const program = process.env.KELO_PROGRAM || path.join(root, "build/dev/bi
 
 export class Streamer {
   #process = null;
+  #ended = null;
   #folder = "";
   #log = "";
 
@@ -30,6 +31,7 @@ export class Streamer {
     // The files of the page as they are, in place of those that were built in.
     if (process.env.KELO_WEB_DIR) words.push("-o", `server.web_dir=${process.env.KELO_WEB_DIR}`);
     this.#process = spawn(program, words, { stdio: ["ignore", "pipe", "pipe"] });
+    this.#ended = once(this.#process, "exit");
     this.#process.stderr.on("data", (text) => (this.#log += text));
     // The first line is the address; a program that ends before it says so by closing its output.
     for await (const line of createInterface({ input: this.#process.stdout, signal: AbortSignal.timeout(patience) })) {
@@ -43,10 +45,9 @@ export class Streamer {
   /** Ends the program, as if the power went. */
   async halt() {
     if (!this.#process) return;
-    const ended = once(this.#process, "exit");
     this.#process.kill("SIGKILL");
     this.#process = null;
-    await ended;
+    await this.#ended;
   }
 
   /** Starts the program again where it listened before. */
