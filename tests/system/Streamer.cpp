@@ -56,8 +56,7 @@ public:
                 else if (line.startsWith("data: "))
                     text += line.mid(6);
             }
-            if ((m_name.isEmpty() || name == m_name) &&
-                m_predicate(QJsonDocument::fromJson(text).object()))
+            if (name == m_name && m_predicate(QJsonDocument::fromJson(text).object()))
                 m_hasFound = true;
         }
         return !m_hasFound;
@@ -205,15 +204,9 @@ bool Streamer::login()
 {
     if (post(QStringLiteral("/api/v1/login"), "{}").status != 200)
         return false;
-    // The module hears of it a moment later: then its top has more than the way to log in.
-    return waitForEvent(
-        QByteArray(),
-        [this](const QJsonObject&) {
-            return get(QStringLiteral("/api/v1/rows?path=/tidal"))
-                       .body.value(QStringLiteral("rowsCount"))
-                       .toInt() > 2;
-        },
-        QStringLiteral("?path=/tidal"));
+    return waitForEvent("login", [](const QJsonObject& login) {
+        return login.value(QStringLiteral("loggedIn")).toBool();
+    });
 }
 
 Streamer::Answer Streamer::get(const QString& path) const

@@ -50,7 +50,7 @@ public:
     /// The error text of `kelo rows PATH`, which must fail.
     QString rowsError(const QString& path) const;
 
-    /// Starts a login and waits until the tree is open.
+    /// Starts a login and waits until the streamer says that it is logged in.
     bool login();
 
     /// An answer of the HTTP API.
@@ -62,8 +62,7 @@ public:
     Answer get(const QString& path) const;
     Answer post(const QString& path, const QByteArray& json) const;
 
-    /// Reads events until one of this name (empty: of any) satisfies the predicate; false on
-    /// time-out.
+    /// Reads events until one of this name satisfies the predicate; false on time-out.
     using Predicate = std::function<bool(const QJsonObject&)>;
     bool waitForEvent(const QByteArray& name, const Predicate& predicate,
                       const QString& query = QString(), int timeoutMs = 30000) const;

@@ -135,7 +135,6 @@ bool Streamer::startWorkers(QString* error)
         *error = QStringLiteral("cannot start the login service");
         return false;
     }
-    m_login = std::make_unique<TreeLogin>(KeloTidalName());
     return true;
 }
 
@@ -152,7 +151,11 @@ QVariantHash Streamer::moduleSettings() const
 
 bool Streamer::startModule(QString* error)
 {
-    return m_module.start(m_moduleFile, moduleSettings(), error);
+    if (!m_module.start(m_moduleFile, moduleSettings(), error))
+        return false;
+    // Watches are told in their order: a client that hears of a login asks after the module knows.
+    m_login = std::make_unique<TreeLogin>(KeloTidalName());
+    return true;
 }
 
 bool Streamer::startWeb(QString* error)
