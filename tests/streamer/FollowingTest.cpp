@@ -106,7 +106,9 @@ TEST(LoginCommand, WaitsForTheDecision)
     const std::string pending =
         R"({"loggedIn":false,"pending":{"userCode":"ABCDE","verificationUri":"example.org/x",
             "verificationUriComplete":"example.org/x/ABCDE","expiresIn":)";
-    const std::string still = "event: login\ndata: {\"loggedIn\":false,\"pending\":{\"a\":1}}\n\n";
+    const std::string still =
+        "event: login\ndata: {\"loggedIn\":false,\"pending\":{\"userCode\":\"ABCDE\"}}\n\n";
+    const std::string neither = "event: login\ndata: {\"loggedIn\":false}\n\n";
     const struct
     {
         std::string answer;
@@ -120,9 +122,8 @@ TEST(LoginCommand, WaitsForTheDecision)
         {pending + "300}}",
          "event: login\ndata: {\"loggedIn\":false,\"problem\":\"access_denied\"}\n\n", 1, "ABCDE",
          "kelo: not logged in: access_denied\n"},
-        {pending + "300}}", "event: login\ndata: {\"loggedIn\":false}\n\n", 1, "ABCDE",
-         "ended elsewhere"},
-        {pending + "300}}", still, 3, "ABCDE", "the streamer ended"},
+        {pending + "300}}", still + neither, 1, "ABCDE", "ended elsewhere"},
+        {pending + "300}}", neither + still, 3, "ABCDE", "the streamer ended"},
         {R"({"loggedIn":true})", "", 0, "logged in\n", ""},
         {R"({"loggedIn":false,"problem":"no client id"})", "", 1, "", "no client id"},
         {pending + "300}}",
