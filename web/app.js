@@ -179,8 +179,10 @@ async function start() {
   applyTheme();
   playback.start();
   watchLogin();
-  live.connect();
-  if (!currentPath().startsWith("!") && currentPath() !== loginPath) readAhead(currentPath());
+  const path = currentPath();
+  const hasRows = !path.startsWith("!") && path !== loginPath;
+  live.connect(hasRows ? [path] : []);
+  if (hasRows) readAhead(path);
   await loadTexts();
   drawer = new Drawer(part("drawer"), (isOpen) => {
     part("drawer-button").setAttribute("aria-expanded", String(isOpen));

@@ -3,9 +3,11 @@
 // "acted" when an action of this page has changed something.
 
 import { forgetSession, openPaths } from "./api.js";
+import { chosenLanguage } from "./text.js";
 
 const retryAfter = 2000;
 const restAfter = 60000;
+const mostPathText = 2000;
 
 class Live extends EventTarget {
   isConnected = true;
@@ -17,20 +19,25 @@ class Live extends EventTarget {
   #opened = "";
   #sending = "";
   #timer = 0;
+  #isRefused = false;
 
-  connect() {
+  /** Opens a stream, with what the views follow open from its beginning, and paths that one is about to. */
+  connect(paths = []) {
+    this.disconnect();
     this.isResting = false;
-    clearTimeout(this.#timer);
-    this.#source?.close();
-    this.#stream = "";
     const query = new URLSearchParams();
     if (this.#wantsRequests) query.append("requests", "1");
+    if (chosenLanguage()) query.append("language", chosenLanguage());
+    const wanted = [...new Set([...paths, ...this.#wanted()])];
+    const isShort = !this.#isRefused && wanted.join("").length < mostPathText;
+    if (isShort) for (const path of wanted) query.append("path", path);
     const text = query.toString();
     const source = new EventSource(`api/v1/events${text ? `?${text}` : ""}`);
     this.#source = source;
-    this.#opened = "";
     source.addEventListener("stream", (event) => {
       this.#stream = JSON.parse(event.data).id;
+      this.#opened = isShort ? wanted.join("\n") : "";
+      this.#isRefused = false;
       this.#setConnected(true);
       this.#send();
     });
@@ -39,8 +46,12 @@ class Live extends EventTarget {
     source.addEventListener("error", () => {
       if (source !== this.#source) return;
       forgetSession();
+      // A path that nobody serves is refused with the whole stream; the next try says the paths later.
+      const isPathRefused = !this.#stream && isShort && wanted.length > 0 && !this.#isRefused;
+      this.#isRefused = isPathRefused;
+      if (isPathRefused) return this.connect();
       this.#setConnected(false);
-      this.#retry();
+      return this.#retry();
     });
   }
 
@@ -72,6 +83,10 @@ class Live extends EventTarget {
     this.connect();
   }
 
+  #wanted() {
+    return [...new Set([...this.#owners.values()].flat())].slice(0, 64);
+  }
+
   // One call at a time for a stream, with what is wanted then: of two under way the earlier could arrive last.
   async #send() {
     const stream = this.#stream;
@@ -85,7 +100,7 @@ class Live extends EventTarget {
 
   /** Whether there was something to send, and the call is over. */
   async #sendOnce(stream) {
-    const paths = [...new Set([...this.#owners.values()].flat())].slice(0, 64);
+    const paths = this.#wanted();
     const key = paths.join("\n");
     if (key === this.#opened) return false;
     this.#opened = key;
@@ -115,7 +130,6 @@ class Live extends EventTarget {
 }
 
 export const live = new Live();
-// A page that is kept for the back button gives its stream free, and takes one again.
 // A browser has few connections to one host: a page that nobody looks at gives its own free after a while.
 let hiddenTimer = 0;
 document.addEventListener("visibilitychange", () => {
@@ -123,5 +137,6 @@ document.addEventListener("visibilitychange", () => {
   if (document.hidden) hiddenTimer = setTimeout(() => live.rest(), restAfter);
   else if (live.isResting) live.connect();
 });
+// A page that is kept for the back button gives its stream free, and takes one again.
 addEventListener("pagehide", () => live.disconnect());
 addEventListener("pageshow", (event) => event.persisted && live.connect());
