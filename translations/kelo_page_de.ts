@@ -268,6 +268,10 @@
         <translation>Die erste Zeile hat die Nummer 0.</translation>
     </message>
     <message>
+        <source>What is left empty stays as it is.</source>
+        <translation>Was leer bleibt, wird nicht geändert.</translation>
+    </message>
+    <message>
         <source>Skip to the rows</source>
         <translation>Zu den Zeilen springen</translation>
     </message>

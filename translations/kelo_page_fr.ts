@@ -268,6 +268,10 @@
         <translation>La première ligne porte le numéro 0.</translation>
     </message>
     <message>
+        <source>What is left empty stays as it is.</source>
+        <translation>Un champ laissé vide reste inchangé.</translation>
+    </message>
+    <message>
         <source>Skip to the rows</source>
         <translation>Aller aux lignes</translation>
     </message>

@@ -268,6 +268,10 @@
         <translation>最初の行の番号は 0 です。</translation>
     </message>
     <message>
+        <source>What is left empty stays as it is.</source>
+        <translation>空欄の項目は変更されません。</translation>
+    </message>
+    <message>
         <source>Skip to the rows</source>
         <translation>一覧へ移動</translation>
     </message>

@@ -268,6 +268,10 @@
         <translation>Den første raden har nummer 0.</translation>
     </message>
     <message>
+        <source>What is left empty stays as it is.</source>
+        <translation>Felt som står tomme, endres ikke.</translation>
+    </message>
+    <message>
         <source>Skip to the rows</source>
         <translation>Hopp til radene</translation>
     </message>

@@ -78,16 +78,24 @@ export function formPage(context, { path, title, rows, accept }) {
     buttons.append(button);
     if (accept) nameButton(accept, button, target);
   }
+  const hint = hintFor(parsePath(path).base);
   const form = el(
     "form",
     { class: "form", on: { submit: (event) => (event.preventDefault(), submit(targets[0].Path)) } },
     others.map((row) => el("p", { text: row.Title })),
     fields.map((field) => field.element),
-    parsePath(path).base.endsWith("/moveTrack") ? el("p", { class: "hint" }, t("The first row has the number 0.")) : null,
+    hint ? el("p", { class: "hint" }, hint) : null,
     message,
     buttons,
   );
   return { title, element: form, shown: () => fields[0]?.input.select?.() ?? fields[0]?.input.focus() };
+}
+
+// What the tree does not say of its forms.
+function hintFor(base) {
+  if (base.endsWith("/moveTrack")) return t("The first row has the number 0.");
+  if (base.endsWith("/updatePlaylists")) return t("What is left empty stays as it is.");
+  return "";
 }
 
 async function nameButton(path, button, target) {
