@@ -182,27 +182,27 @@ TidalBrowseNode* TidalWorker::createFeatured(const QString& api, const QString& 
 
 void TidalWorker::buildNew()
 {
-    const QString featured = KeloTidalApiPathFeatured();
-    const QString master = KeloTidalApiPathMaster();
+    const QString& featured = KeloTidalApiPathFeatured();
+    const QString& master = KeloTidalApiPathMaster();
     const QString fresh = QStringLiteral("/new/");
     const QString recommended = QStringLiteral("/recommended/");
     const QString top = QStringLiteral("/top/");
 
-    const QString playlists = KeloTidalPlaylists();
+    const QString& playlists = KeloTidalPlaylists();
     m_new->rowsAppend(headerRow("Playlists"));
     m_newPlaylists = createFeatured(featured, fresh, playlists, treeText("New"));
     m_recommendedPlaylists =
         createFeatured(featured, recommended, playlists, treeText("Recommended"));
     createFeatured(master, recommended, playlists, treeText("Masters"));
 
-    const QString albums = KeloTidalAlbums();
+    const QString& albums = KeloTidalAlbums();
     m_new->rowsAppend(headerRow("Albums"));
     m_newAlbums = createFeatured(featured, fresh, albums, treeText("New"));
     m_recommendedAlbums = createFeatured(featured, recommended, albums, treeText("Recommended"));
     m_topAlbums = createFeatured(featured, top, albums, treeText("Top 20"));
     createFeatured(master, recommended, albums, treeText("Masters"));
 
-    const QString tracks = KeloTidalTracks();
+    const QString& tracks = KeloTidalTracks();
     m_new->rowsAppend(headerRow("Tracks"));
     m_newTracks = createFeatured(featured, fresh, tracks, treeText("New"));
     m_recommendedTracks = createFeatured(featured, recommended, tracks, treeText("Recommended"));

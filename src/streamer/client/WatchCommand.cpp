@@ -15,7 +15,7 @@ QString WatchCommand::changeText(const QJsonValue& change)
     if (!change.isArray())
         return valueText(change);
     QStringList words;
-    for (const QJsonValue& word : change.toArray())
+    for (const auto& word : change.toArray())
         words.append(valueText(word));
     return words.join(',');
 }

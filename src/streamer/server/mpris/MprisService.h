@@ -23,7 +23,7 @@ public:
     void stop();
 
 private:
-    PlayerControl& m_player;
+    [[maybe_unused]] PlayerControl& m_player; ///< a build without the bus leaves it alone
     LoopThread m_thread;
     std::unique_ptr<MprisObject> m_object; ///< of the thread
 };

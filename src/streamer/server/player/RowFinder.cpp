@@ -30,7 +30,7 @@ QList<KeloRoles> rolesOf(const QVariant& rows)
 QList<CMPath> candidateLists(const CMPath& path)
 {
     QList<CMPath> lists;
-    const auto params = path.params();
+    const auto& params = path.params();
     for (auto it = params.begin(); it != params.end(); ++it) {
         CMPath list = path;
         list.removeParam(it.key());

@@ -23,8 +23,11 @@ std::string qrPicture(const QrMatrix& code)
             if (x == begin)
                 continue;
             const std::string width = std::to_string(x - begin);
-            picture += 'M' + std::to_string(begin + quietZone) + ' ' +
-                       std::to_string(y + quietZone) + 'h' + width + "v1h-" + width + 'z';
+            picture += 'M';
+            picture += std::to_string(begin + quietZone);
+            picture += ' ';
+            picture += std::to_string(y + quietZone);
+            picture.append("h").append(width).append("v1h-").append(width).append("z");
         }
     }
     return picture + "\"/></svg>\n";
