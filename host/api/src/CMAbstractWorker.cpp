@@ -1,12 +1,14 @@
 #include "CMAbstractWorker.h"
 
-#include "CMSlot.h"
-#include "KeloPost.h"
+#include "CMSlotDelivery.h"
 
+#include <algorithm>
+#include <iterator>
+#include <mutex>
 #include <vector>
 
-/// The subscriptions of one worker's own slots.
-class CMAbstractWorker::Connections
+/// The subscriptions of slots that were made through one worker. A receiver that dies is forgotten.
+class CMAbstractWorker::Connections : public std::enable_shared_from_this<Connections>
 {
 public:
     enum Kind { Value, Data, Rows };
@@ -17,58 +19,73 @@ public:
             end(connection);
     }
 
-    void add(Kind kind, const CMPath& path, QObject* receiver, quint64 id)
+    /// Takes the place of a connection of the same slot.
+    void add(Kind kind, const CMPath& path, QObject* receiver, const QByteArray& slot, quint64 id)
     {
-        remove(kind, path, receiver);
-        m_connections.push_back(Connection{kind, path, receiver, id});
+        remove([&](const Connection& one) {
+            return one.isOf(kind, path, receiver) && one.slot == slot;
+        });
+        const std::weak_ptr<Connections> weak = shared_from_this();
+        const auto gone = QObject::connect(receiver, &QObject::destroyed, [weak, receiver] {
+            if (const auto self = weak.lock())
+                self->remove([&](const Connection& one) { return one.receiver == receiver; });
+        });
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_connections.push_back(Connection{kind, path, receiver, slot, id, gone});
     }
 
     void remove(Kind kind, const CMPath& path, const QObject* receiver)
     {
-        for (auto it = m_connections.begin(); it != m_connections.end(); ++it) {
-            if (it->kind == kind && it->path == path && it->receiver == receiver) {
-                end(*it);
-                m_connections.erase(it);
-                return;
-            }
-        }
+        remove([&](const Connection& one) { return one.isOf(kind, path, receiver); });
     }
 
 private:
     struct Connection
     {
+        bool isOf(Kind aKind, const CMPath& aPath, const QObject* aReceiver) const
+        {
+            return kind == aKind && path == aPath && receiver == aReceiver;
+        }
+
         Kind kind;
         CMPath path;
-        const QObject* receiver; ///< compared only
+        const QObject* receiver; ///< compared only; removed when it dies
+        QByteArray slot;
         quint64 id;
+        QMetaObject::Connection gone;
     };
+
+    template <class IsMeant>
+    void remove(IsMeant isMeant)
+    {
+        std::vector<Connection> removed;
+        {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            const auto first = std::stable_partition(
+                m_connections.begin(), m_connections.end(),
+                [&](const Connection& connection) { return !isMeant(connection); });
+            std::move(first, m_connections.end(), std::back_inserter(removed));
+            m_connections.erase(first, m_connections.end());
+        }
+        for (const Connection& connection : removed)
+            end(connection);
+    }
 
     static void end(const Connection& connection)
     {
+        QObject::disconnect(connection.gone);
         if (connection.kind == Rows)
             CMRoot().closeRows(connection.id);
         else
             CMRoot().unwatch(connection.id);
     }
 
+    std::mutex m_mutex; ///< a receiver may die on another thread than the worker's
     std::vector<Connection> m_connections;
 };
 
-namespace {
-/// Runs on the receiver's thread as the connection type wants.
-void deliver(QObject* receiver, Qt::ConnectionType type, std::function<void()> call)
-{
-    if (type == Qt::DirectConnection)
-        call();
-    else if (type == Qt::QueuedConnection)
-        keloPost(receiver, std::move(call));
-    else
-        keloPostOrCall(receiver, std::move(call));
-}
-} // namespace
-
 CMAbstractWorker::CMAbstractWorker(QObject* parent)
-    : QObject(parent), m_connections(new Connections)
+    : QObject(parent), m_connections(std::make_shared<Connections>())
 {
 }
 
@@ -114,12 +131,14 @@ void CMAbstractWorker::request(const CMRequest& request)
 void CMAbstractWorker::connectValueChange(const CMPath& path, QObject* receiver, const char* slot,
                                           Qt::ConnectionType type)
 {
-    const CMSlot target(receiver, slot, Qt::DirectConnection);
-    const auto listener = [=](const KeloValue& newValue, const KeloValue& oldValue) {
-        deliver(receiver, type,
-                [=] { target.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, oldValue)); });
+    const auto target = CMSlotDelivery::create(receiver, slot, type);
+    const auto listener = [target](const KeloValue& newValue, const KeloValue& oldValue) {
+        target->deliver([=](const CMSlot& to) {
+            to.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, oldValue));
+        });
     };
-    m_connections->add(Connections::Value, path, receiver, CMRoot().watchValue(path, listener));
+    m_connections->add(Connections::Value, path, receiver, slot,
+                       CMRoot().watchValue(path, listener));
 }
 
 void CMAbstractWorker::disconnectValueChange(const CMPath& path, QObject* receiver)
@@ -130,11 +149,11 @@ void CMAbstractWorker::disconnectValueChange(const CMPath& path, QObject* receiv
 void CMAbstractWorker::connectDataChange(const CMPath& path, QObject* receiver, const char* slot,
                                          Qt::ConnectionType type)
 {
-    const CMSlot target(receiver, slot, Qt::DirectConnection);
-    const auto listener = [=](const CMPath& changed) {
-        deliver(receiver, type, [=] { target.invoke(Q_ARG(CMPath, changed)); });
+    const auto target = CMSlotDelivery::create(receiver, slot, type);
+    const auto listener = [target](const CMPath& changed) {
+        target->deliver([=](const CMSlot& to) { to.invoke(Q_ARG(CMPath, changed)); });
     };
-    m_connections->add(Connections::Data, path, receiver, CMRoot().watchData(path, listener));
+    m_connections->add(Connections::Data, path, receiver, slot, CMRoot().watchData(path, listener));
 }
 
 void CMAbstractWorker::disconnectDataChange(const CMPath& path, QObject* receiver)
@@ -145,14 +164,14 @@ void CMAbstractWorker::disconnectDataChange(const CMPath& path, QObject* receive
 void CMAbstractWorker::connectRowsChange(const CMPath& path, QObject* receiver, const char* slot,
                                          Qt::ConnectionType type)
 {
-    const CMSlot target(receiver, slot, Qt::DirectConnection);
-    const auto listener = [=](const CMRowsNotice& notice) {
-        deliver(receiver, type, [=] {
-            target.invoke(Q_ARG(CMPath, notice.path), Q_ARG(QVariant, notice.change),
-                          Q_ARG(int, notice.count));
+    const auto target = CMSlotDelivery::create(receiver, slot, type);
+    const auto listener = [target](const CMRowsNotice& notice) {
+        target->deliver([=](const CMSlot& to) {
+            to.invoke(Q_ARG(CMPath, notice.path), Q_ARG(QVariant, notice.change),
+                      Q_ARG(int, notice.count));
         });
     };
-    m_connections->add(Connections::Rows, path, receiver, CMRoot().openRows(path, listener));
+    m_connections->add(Connections::Rows, path, receiver, slot, CMRoot().openRows(path, listener));
 }
 
 void CMAbstractWorker::disconnectRowsChange(const CMPath& path, QObject* receiver)

@@ -1,12 +1,12 @@
 #include "CMValueItem.h"
 
 #include "CMRoot.h"
-#include "CMSlot.h"
-#include "KeloPost.h"
+#include "CMSlotDelivery.h"
 
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <QPointer>
 
 class CMValueItem::Private
 {
@@ -16,13 +16,14 @@ public:
     KeloValue value;
     bool isLoaded = false;
     quint64 watch = 0;
-    CMSlot slot;            ///< direct: deliver() sees to the thread
+    std::shared_ptr<CMSlotDelivery> delivery;
     QPointer<QObject> item; ///< what posted notices need to be alive
 
     /// Any thread. The first value that is not empty loads the item; a read that a publication has
     /// overtaken is dropped.
     void take(const KeloValue& newValue, bool isRead)
     {
+        const bool isDirect = !isRead && delivery->type() == Qt::DirectConnection;
         KeloValue old;
         {
             std::lock_guard<std::mutex> lock(mutex);
@@ -32,29 +33,29 @@ public:
             value = newValue;
             isLoaded = true;
             loadedChanged.notify_all();
-            deliver(newValue, old);
+            // With the lock, so that notices keep the order of the values.
+            if (!isDirect)
+                delivery->post(notice(newValue, old));
         }
+        // Publications come one after the other, so these keep their order, too.
+        if (isDirect)
+            delivery->deliver(notice(newValue, old));
     }
 
-    /// With the mutex held, so that notices keep the order of the values; posting calls nobody.
-    void deliver(const KeloValue& newValue, const KeloValue& old)
+    CMSlotDelivery::Call notice(const KeloValue& newValue, const KeloValue& old) const
     {
-        QObject* receiver = slot.receiver();
-        if (!receiver)
-            return;
-        keloPost(receiver, [target = slot, alive = item, newValue, old] {
+        return [alive = item, newValue, old](const CMSlot& to) {
             if (alive)
-                target.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, old));
-        });
+                to.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, old));
+        };
     }
 };
 
 CMValueItem::CMValueItem(QObject* parent, const CMPath& path, QObject* receiver, const char* slot,
-                         Qt::ConnectionType)
+                         Qt::ConnectionType type)
     : QObject(parent), d(std::make_shared<Private>())
 {
-    if (receiver && slot)
-        d->slot = CMSlot(receiver, slot, Qt::DirectConnection);
+    d->delivery = CMSlotDelivery::create(receiver, slot, type);
     d->item = this;
     const std::weak_ptr<Private> weak = d;
     const auto listener = [weak](const KeloValue& newValue, const KeloValue&) {

@@ -39,9 +39,11 @@ public:
     static void request(const CMRequest& request);
 
     /// Subscribes a slot, in Qt's coded form, to the value at a path: slot(KeloValue new, KeloValue
-    /// old). One connection for each receiver, slot and path. Call on the receiver's thread.
+    /// old). One connection for each receiver, slot and path, until it is disconnected or the
+    /// receiver dies. Call on the receiver's thread.
     void connectValueChange(const CMPath& path, QObject* receiver, const char* slot,
                             Qt::ConnectionType type = Qt::AutoConnection);
+    /// Ends the connections of all the receiver's slots at the path.
     void disconnectValueChange(const CMPath& path, QObject* receiver);
     /// slot(CMPath).
     void connectDataChange(const CMPath& path, QObject* receiver, const char* slot,
@@ -54,5 +56,5 @@ public:
 
 private:
     class Connections;
-    std::unique_ptr<Connections> m_connections;
+    std::shared_ptr<Connections> m_connections;
 };

@@ -6,9 +6,10 @@
 #include <QObject>
 
 /// Watches the value at a path of the host tree, also before anybody publishes it. The slot, in
-/// Qt's coded form, is called on the receiver's thread with the new and the old value, or the new
-/// one alone, for the first value (old one empty) and for every change, never from the constructor.
-/// value() is always the latest, so it may be ahead of the slot.
+/// Qt's coded form, is called with the new and the old value, or the new one alone, for the first
+/// value (old one empty) and for every change, never from the constructor: in a turn of the
+/// receiver's event loop, or, with a direct connection, where a change is published. value() is
+/// always the latest, so it may be ahead of the slot.
 class KELO_EXPORT CMValueItem : public QObject
 {
     Q_OBJECT
