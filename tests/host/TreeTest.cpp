@@ -20,7 +20,7 @@ CMPath path(const char* encoded)
 
 const QStringList shortRoles{KeloRoles::Path(), KeloRoles::Title(), KeloRoles::Disabled()};
 
-/// A worker with one node of each kind; "/demo/hold" never answers.
+/// A worker with one node of each kind; "/demo/hold" keeps its request, "/demo/drop" forgets it.
 class DemoWorker : public CMNodesWorker
 {
     Q_OBJECT
@@ -51,6 +51,8 @@ public:
         auto* hold = CMActivateNode::create(nodes(), addPrefix(QStringLiteral("hold")), this,
                                             SLOT(on_hold(CMSetDataRequest)), Qt::DirectConnection);
         hold->setActivateRole(KeloRoles::PrePlay());
+        CMActivateNode::create(nodes(), addPrefix(QStringLiteral("drop")), this,
+                               SLOT(on_drop(CMSetDataRequest)), Qt::QueuedConnection);
         auto* query = CMQueryNode::create(nodes(), addPrefix(QStringLiteral("search")));
         query->setQuery(QStringLiteral("query"));
         query->setQueryPath(list->path());
@@ -68,6 +70,7 @@ public:
 
 private Q_SLOTS:
     void on_action(const CMSetDataRequest& request) { request.reply().setValue(42); }
+    void on_drop(const CMSetDataRequest&) {}
     void on_hold(const CMSetDataRequest& request)
     {
         held = request;
@@ -191,6 +194,27 @@ TEST_F(TreeTest, aRequestIsAnsweredAtItsDeadlineAndALateAnswerIsDropped)
     EXPECT_FALSE(reply.value().isValid());
 }
 
+TEST_F(TreeTest, aRequestThatNobodyHoldsAnyMoreIsAnsweredAtOnceAndOneThatIsHeldIsNot)
+{
+    EXPECT_EQ(errorOf(set("/demo/drop", 1)), QStringLiteral("NoAnswer"));
+    EXPECT_EQ(errorOf(CMRoot().invoke(path("/demo/drop"), 1)), QStringLiteral("NoAnswer"));
+
+    auto entered = worker->entered.get_future();
+    const CMReply<QVariant> reply = set("/demo/hold", 1, KeloRoles::PrePlay());
+    entered.wait();
+    // A handle of the reply holds as the request does, also when it is forwarded in another one.
+    CMRequest forwarded =
+        CMSetDataRequest(path("/demo/action"), KeloRoles::Value(), 1, worker->held.reply());
+    worker->held = CMSetDataRequest();
+    EXPECT_EQ(errorOf(set("/demo/drop", 1)), QStringLiteral("NoAnswer"));
+    EXPECT_FALSE(reply.isFinished()) << "the root's thread has had its turn";
+    forwarded = forwarded.servingSide();
+    EXPECT_FALSE(reply.isFinished());
+    forwarded = CMRequest();
+    EXPECT_EQ(errorOf(reply), QStringLiteral("NoAnswer"));
+    EXPECT_EQ(reply.error().message(), QStringLiteral("The module gave no answer"));
+}
+
 TEST_F(TreeTest, aStoppedWorkerOwesNothing)
 {
     auto entered = worker->entered.get_future();
@@ -255,6 +279,10 @@ public Q_SLOTS:
         if (changes.size() == wanted)
             loop.quit();
     }
+    void on_other(const KeloValue& newValue) { others << newValue.string_(); }
+
+public:
+    QStringList others;
 };
 } // namespace
 
@@ -281,6 +309,36 @@ TEST_F(TreeTest, aValueItemLoadsBeforeOrAfterTheValueIsThereAndTellsEveryChangeI
     listener.wanted = 4;
     listener.loop.exec();
     EXPECT_EQ(listener.changes.last(), QStringLiteral(">c"));
+}
+
+TEST_F(TreeTest, everySlotOfAReceiverIsToldUntilItDiesAndADirectOneWhereItIsPublished)
+{
+    auto receiver = std::make_unique<Listener>();
+    const auto connect = [&](const char* slot) {
+        worker->connectValueChange(path("/demo/value"), receiver.get(), slot, Qt::DirectConnection);
+    };
+    connect(SLOT(on_changed(KeloValue, KeloValue)));
+    connect(SLOT(on_other(KeloValue)));
+    connect(SLOT(on_other(KeloValue)));
+    CMValueItem direct(nullptr, path("/demo/value"), receiver.get(), SLOT(on_other(KeloValue)),
+                       Qt::DirectConnection);
+    const auto publish = [this](const char* text) {
+        worker->value->setValue(KeloValue::fromVariant(QString::fromUtf8(text)));
+    };
+    publish("a");
+    EXPECT_EQ(receiver->changes, QStringList(">a"));
+    EXPECT_EQ(receiver->others, QStringList({"a", "a"})) << "one connection and the item";
+    receiver.reset();
+    publish("b");
+    EXPECT_EQ(direct.value().string_(), QStringLiteral("b"));
+
+    QObject watching;
+    bool isDirect = false;
+    const CMReply<QVariant> reply = CMReply<QVariant>::create();
+    reply.addWatcher(
+        &watching, [&] { isDirect = true; }, Qt::DirectConnection);
+    std::thread([&] { reply.setValue(1); }).join();
+    EXPECT_TRUE(isDirect) << "on the finishing thread, not in a turn of the receiver's loop";
 }
 
 #include "TreeTest.moc"

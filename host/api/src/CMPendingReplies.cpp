@@ -1,11 +1,18 @@
 #include "CMPendingReplies.h"
 
-#include <vector>
+#include "KeloLog.h"
 
 namespace {
 CMError hostError(const QString& name, const char* text)
 {
     return CMError(name, TrString(TrCharData{"CMRoot", text, nullptr}));
+}
+
+void failUnanswered(const CMPath& path, const CMVoidReply& reply)
+{
+    const CMError error = hostError(QStringLiteral("NoAnswer"), "The module gave no answer");
+    if (reply.data()->finishWithError(error, CMVoidReplyData::Origin::Host))
+        KELO_LOG("Host", WARN) << "The module gave no answer to " << path;
 }
 } // namespace
 
@@ -23,10 +30,8 @@ void CMPendingReplies::add(const CMVoidReply& reply, CMAbstractWorker* worker,
             entry.due = Clock::now() + deadline;
             const bool isEarliest = m_due.empty() || entry.due < m_due.begin()->first;
             m_due.emplace(entry.due, id);
-            if (!m_hasThread)
-                startThread();
-            else if (isEarliest)
-                m_earlier.notify_one();
+            if (isEarliest)
+                wakeClock();
         }
         m_entries.emplace(id, std::move(entry));
     }
@@ -66,8 +71,19 @@ int CMPendingReplies::size() const
     return int(m_entries.size());
 }
 
-void CMPendingReplies::startThread()
+void CMPendingReplies::endUnanswered(const CMPath& path, const CMVoidReply& reply)
 {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_unanswered.emplace_back(path, reply);
+    wakeClock();
+}
+
+void CMPendingReplies::wakeClock()
+{
+    if (m_hasThread) {
+        m_wake.notify_one();
+        return;
+    }
     m_hasThread = true;
     // Detached: the root lives to the end of the process, and so does its clock.
     std::thread([this] { watchClock(); }).detach();
@@ -77,21 +93,25 @@ void CMPendingReplies::watchClock()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
     for (;;) {
-        if (m_due.empty()) {
-            m_earlier.wait(lock, [this] { return !m_due.empty(); });
-            continue;
+        if (!m_unanswered.empty()) {
+            const auto unanswered = std::move(m_unanswered);
+            m_unanswered.clear();
+            lock.unlock();
+            for (const auto& [path, reply] : unanswered)
+                failUnanswered(path, reply);
+            lock.lock();
+        } else if (m_due.empty()) {
+            m_wake.wait(lock);
+        } else if (const auto [due, id] = *m_due.begin(); Clock::now() < due) {
+            m_wake.wait_until(lock, due);
+        } else {
+            m_due.erase(m_due.begin());
+            const CMVoidReply reply = m_entries.at(id).reply;
+            lock.unlock();
+            reply.data()->finishWithError(
+                hostError(CMError::DeadlineName(), "The service did not answer in time"),
+                CMVoidReplyData::Origin::Host);
+            lock.lock();
         }
-        const auto [due, id] = *m_due.begin();
-        if (Clock::now() < due) {
-            m_earlier.wait_until(lock, due);
-            continue;
-        }
-        m_due.erase(m_due.begin());
-        const CMVoidReply reply = m_entries.at(id).reply;
-        lock.unlock();
-        reply.data()->finishWithError(
-            hostError(CMError::DeadlineName(), "The service did not answer in time"),
-            CMVoidReplyData::Origin::Host);
-        lock.lock();
     }
 }

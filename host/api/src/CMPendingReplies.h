@@ -1,4 +1,5 @@
 #pragma once
+#include "CMPath.h"
 #include "CMReply.h"
 
 #include <chrono>
@@ -7,11 +8,13 @@
 #include <mutex>
 #include <set>
 #include <thread>
+#include <vector>
 
 class CMAbstractWorker;
 
-/// The replies that are still owed, with their deadlines. Answers those that are overdue, and those
-/// of a worker that stops. Owned by the root; any thread; has a thread of its own for the clock.
+/// The replies that are still owed, with their deadlines. Answers those that are overdue, those
+/// that nobody can answer any more, and those of a worker that stops. Owned by the root; any
+/// thread; has a thread of its own for the clock.
 class CMPendingReplies
 {
 public:
@@ -27,6 +30,8 @@ public:
              std::chrono::milliseconds deadline);
     /// Answers every reply of a worker with the error that the worker has stopped.
     void failAllOf(CMAbstractWorker* worker);
+    /// Answers with an error, soon and on the clock's thread, because nobody holds the request.
+    void endUnanswered(const CMPath& path, const CMVoidReply& reply);
     int size() const;
 
 private:
@@ -40,12 +45,14 @@ private:
 
     void remove(quint64 id);
     void watchClock();
-    void startThread();
+    /// With the lock held; started by the first who needs it.
+    void wakeClock();
 
     mutable std::mutex m_mutex;
-    std::condition_variable m_earlier; ///< the earliest deadline moved forward
+    std::condition_variable m_wake; ///< the clock has something to do earlier
     std::map<quint64, Entry> m_entries;
-    std::set<std::pair<Clock::time_point, quint64>> m_due; ///< entries with a deadline
+    std::set<std::pair<Clock::time_point, quint64>> m_due;    ///< entries with a deadline
+    std::vector<std::pair<CMPath, CMVoidReply>> m_unanswered; ///< for the clock's thread
     quint64 m_lastId = 0;
     bool m_hasThread = false;
 };

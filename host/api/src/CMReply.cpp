@@ -73,7 +73,9 @@ void CMVoidReplyData::run(const Watcher& watcher)
     if (watcher.isAnyThread) {
         watcher.callback();
     } else if (QObject* receiver = watcher.receiver.data()) {
-        if (watcher.type == Qt::QueuedConnection)
+        if (watcher.type == Qt::DirectConnection)
+            watcher.callback();
+        else if (watcher.type == Qt::QueuedConnection)
             keloPost(receiver, watcher.callback);
         else
             keloPostOrCall(receiver, watcher.callback);

@@ -1,5 +1,7 @@
 #include "CMRequest.h"
 
+#include "CMRootPrivate.h"
+
 namespace {
 class GetDataRequestData : public CMRequestData
 {
@@ -8,6 +10,8 @@ public:
         : CMRequestData(path, CMReply<QVariantList>::create()), m_roles(roles)
     {
     }
+    CMRequestData* copy() const override { return new GetDataRequestData(*this); }
+
     const QStringList m_roles;
 };
 
@@ -19,6 +23,8 @@ public:
         : CMRequestData(path, reply), m_role(role), m_value(value)
     {
     }
+    CMRequestData* copy() const override { return new SetDataRequestData(*this); }
+
     const QString m_role;
     const QVariant m_value;
 };
@@ -32,6 +38,8 @@ public:
           m_roles(roles)
     {
     }
+    CMRequestData* copy() const override { return new GetRowsRequestData(*this); }
+
     const int m_from;
     const int m_to;
     const int m_rowsVersion;
@@ -46,11 +54,33 @@ KeloShared<CMRequestData> asKind(const CMRequest& request)
 }
 } // namespace
 
+CMRequestData::~CMRequestData()
+{
+    if (m_isServing && !m_reply.isNull() && !m_reply.isFinished())
+        keloEndUnanswered(m_path, m_reply);
+}
+
 CMRequestData* CMRequest::d() const
 {
     CMRequestData* data = m_data.get();
     Q_ASSERT_X(data, "CMRequest", "d()");
     return data;
+}
+
+CMVoidReply CMRequest::reply() const
+{
+    const CMRequestData* data = d();
+    if (!data->m_isServing)
+        return data->m_reply;
+    return CMVoidReply(data->m_reply.data(), KeloShared<KeloSharedData>(m_data));
+}
+
+CMRequest CMRequest::servingSide() const
+{
+    CMRequestData* serving = d()->copy();
+    serving->m_reply = reply();
+    serving->m_isServing = true;
+    return CMRequest(serving);
 }
 
 QString CMRequest::toString() const

@@ -2,6 +2,7 @@
 
 #include "CMAbstractWorker.h"
 #include "CMPendingReplies.h"
+#include "CMRootPrivate.h"
 #include "CMSlot.h"
 #include "CMWatchers.h"
 #include "CMWorkerRoute.h"
@@ -101,10 +102,16 @@ void route(const CMRequest& request, std::chrono::milliseconds deadline)
         request.reply().setError(notFound(request.path()));
         return;
     }
-    root.pending.add(request.reply(), visit.worker(), deadline);
-    dispatch(visit.worker(), request);
+    // Without the holder, which the root is not.
+    root.pending.add(CMVoidReply(request.reply().data()), visit.worker(), deadline);
+    dispatch(visit.worker(), request.servingSide());
 }
 } // namespace
+
+void keloEndUnanswered(const CMPath& path, const CMVoidReply& reply)
+{
+    state().pending.endUnanswered(path, CMVoidReply(reply.data()));
+}
 
 bool CMRoot::addWorker(CMAbstractWorker* worker) const
 {

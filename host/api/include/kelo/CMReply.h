@@ -82,6 +82,11 @@ class KELO_EXPORT CMVoidReply
 public:
     CMVoidReply() = default;
     explicit CMVoidReply(const KeloShared<CMVoidReplyData>& data) : m_data(data) {}
+    /// A handle that keeps `holder` as long as it is there; see CMRequest::servingSide().
+    CMVoidReply(const KeloShared<CMVoidReplyData>& data, const KeloShared<KeloSharedData>& holder)
+        : m_data(data), m_holder(holder)
+    {
+    }
 
     bool isNull() const { return !m_data; }
     /// Finishes with an error; the first answer wins.
@@ -93,7 +98,8 @@ public:
     bool waitForFinished(int timeoutMs) const;
     /// Calls back once when the reply is finished, or soon when it is already: on the receiver's
     /// thread, directly when that is the finishing thread and the type is not queued. Not called
-    /// when the receiver is gone. With a null receiver it runs on the finishing thread.
+    /// when the receiver is gone. With a null receiver, or a direct connection, it runs on the
+    /// finishing thread.
     void addWatcher(QObject* receiver, std::function<void()> callback,
                     Qt::ConnectionType type = Qt::AutoConnection) const;
 
@@ -101,6 +107,7 @@ public:
 
 private:
     KeloShared<CMVoidReplyData> m_data;
+    KeloShared<KeloSharedData> m_holder; ///< the serving side; null for the requester's handles
 };
 
 /// Handle to an answer that carries a value of type T.

@@ -4,14 +4,22 @@
 #include "KeloRowsRoles.h"
 #include <QStringList>
 
-/// Shared data of a request. It does not change once the request is made.
+/// Shared data of a request. It does not change once the request is made. Data of a serving side
+/// ends the request with an error when it goes without an answer: then nobody is left who could
+/// give one.
 class KELO_EXPORT CMRequestData : public KeloSharedData
 {
 public:
     CMRequestData(const CMPath& path, const CMVoidReply& reply) : m_path(path), m_reply(reply) {}
+    CMRequestData(const CMRequestData&) = default;
+    ~CMRequestData() override;
+
+    /// The same request, of the same kind.
+    virtual CMRequestData* copy() const = 0;
 
     CMPath m_path;
     CMVoidReply m_reply;
+    bool m_isServing = false;
 };
 
 /// Base of the three kinds of request to the content tree: a path and the reply that answers it.
@@ -24,7 +32,11 @@ public:
 
     bool isNull() const { return !m_data; }
     const CMPath& path() const { return d()->m_path; }
-    CMVoidReply reply() const { return d()->m_reply; }
+    CMVoidReply reply() const;
+    /// What the root hands to a worker: the same request with the same reply, whose copies, and the
+    /// reply handles taken from them, are the holders of the duty to answer. When the last holder
+    /// goes without an answer, the root answers with an error. The requester's copies do not count.
+    CMRequest servingSide() const;
     /// The request for a log: its kind, path and, by kind, range or role. Values are not printed.
     QString toString() const;
 
