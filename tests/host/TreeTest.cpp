@@ -196,8 +196,8 @@ TEST_F(TreeTest, aRequestIsAnsweredAtItsDeadlineAndALateAnswerIsDropped)
 
 TEST_F(TreeTest, aRequestThatNobodyHoldsAnyMoreIsAnsweredAtOnceAndOneThatIsHeldIsNot)
 {
-    EXPECT_EQ(errorOf(set("/demo/drop", 1)), QStringLiteral("NoAnswer"));
-    EXPECT_EQ(errorOf(CMRoot().invoke(path("/demo/drop"), 1)), QStringLiteral("NoAnswer"));
+    EXPECT_EQ(errorOf(set("/demo/drop", 1)), CMError::NoAnswerName());
+    EXPECT_EQ(errorOf(CMRoot().invoke(path("/demo/drop"), 1)), CMError::NoAnswerName());
 
     auto entered = worker->entered.get_future();
     const CMReply<QVariant> reply = set("/demo/hold", 1, KeloRoles::PrePlay());
@@ -206,12 +206,12 @@ TEST_F(TreeTest, aRequestThatNobodyHoldsAnyMoreIsAnsweredAtOnceAndOneThatIsHeldI
     CMRequest forwarded =
         CMSetDataRequest(path("/demo/action"), KeloRoles::Value(), 1, worker->held.reply());
     worker->held = CMSetDataRequest();
-    EXPECT_EQ(errorOf(set("/demo/drop", 1)), QStringLiteral("NoAnswer"));
+    EXPECT_EQ(errorOf(set("/demo/drop", 1)), CMError::NoAnswerName());
     EXPECT_FALSE(reply.isFinished()) << "the root's thread has had its turn";
     forwarded = forwarded.servingSide();
     EXPECT_FALSE(reply.isFinished());
     forwarded = CMRequest();
-    EXPECT_EQ(errorOf(reply), QStringLiteral("NoAnswer"));
+    EXPECT_EQ(errorOf(reply), CMError::NoAnswerName());
     EXPECT_EQ(reply.error().message(), QStringLiteral("The module gave no answer"));
 }
 

@@ -14,6 +14,7 @@ KELO_ERROR_NAME(DefaultName, "Error")
 KELO_ERROR_NAME(DefaultTitle, "Error")
 KELO_ERROR_NAME(NotFoundName, "NotFound")
 KELO_ERROR_NAME(DeadlineName, "Deadline")
+KELO_ERROR_NAME(NoAnswerName, "NoAnswer")
 KELO_ERROR_NAME(BadRequestName, "BadRequest")
 
 CMError::CMError(const TrString& message) : CMError(DefaultName(), message) {}

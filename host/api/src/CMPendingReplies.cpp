@@ -10,7 +10,7 @@ CMError hostError(const QString& name, const char* text)
 
 void failUnanswered(const CMPath& path, const CMVoidReply& reply)
 {
-    const CMError error = hostError(QStringLiteral("NoAnswer"), "The module gave no answer");
+    const CMError error = hostError(CMError::NoAnswerName(), "The module gave no answer");
     if (reply.data()->finishWithError(error, CMVoidReplyData::Origin::Host))
         KELO_LOG("Host", WARN) << "The module gave no answer to " << path;
 }

@@ -17,8 +17,8 @@ public:
     bool getRowsRequest(const CMGetRowsRequest& request) override;
 
 public Q_SLOTS:
-    /// Sends the service request that answers this; a path that none answers is left to the host's
-    /// deadline.
+    /// Sends the service request that answers this; a path that none answers is left to the
+    /// host.
     void on_getRowsRequest(const CMGetRowsRequest& request);
 
 private:

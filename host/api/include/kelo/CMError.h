@@ -17,6 +17,8 @@ public:
     static const QString& NotFoundName();
     /// Name of the error that a request gets when nobody answered it in time.
     static const QString& DeadlineName();
+    /// Name of the error that a request gets when nobody is left who could answer it.
+    static const QString& NoAnswerName();
     /// Name of the error that says that the request itself is malformed.
     static const QString& BadRequestName();
 
