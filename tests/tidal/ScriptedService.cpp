@@ -44,7 +44,6 @@ void ScriptedService::script(const std::string& pathPart, std::vector<Answer> an
     Script& script = m_scripts[pathPart];
     script.answers = std::move(answers);
     script.arrived = 0;
-    script.released = 0;
 }
 
 void ScriptedService::hold(const std::string& pathPart)
@@ -52,14 +51,16 @@ void ScriptedService::hold(const std::string& pathPart)
     std::lock_guard<std::mutex> lock(m_mutex);
     Script& script = m_scripts[pathPart];
     script.isHeld = true;
-    script.released = script.arrived;
+    script.heldFrom = script.arrived;
+    script.released.clear();
 }
 
-void ScriptedService::release(const std::string& pathPart, int count)
+void ScriptedService::releaseOne(const std::string& pathPart, int which)
 {
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        m_scripts[pathPart].released += std::size_t(count);
+        Script& script = m_scripts[pathPart];
+        script.released.insert(script.heldFrom + std::size_t(which));
     }
     m_changed.notify_all();
 }
@@ -90,8 +91,9 @@ ScriptedService::Answer ScriptedService::answerFor(const std::string& path,
     if (!script)
         return Answer{404, "{}"};
     const std::size_t number = script->arrived++;
-    m_changed.wait(lock,
-                   [&] { return m_isStopping || !script->isHeld || script->released > number; });
+    m_changed.wait(lock, [&] {
+        return m_isStopping || !script->isHeld || script->released.count(number) > 0;
+    });
     if (script->answers.empty())
         return Answer{404, "{}"};
     return script->answers[std::min(number, script->answers.size() - 1)];

@@ -3,6 +3,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -30,9 +31,10 @@ public:
     std::string baseUrl() const;
     /// The answers of one kind of request, one after the other; the last one repeats.
     void script(const std::string& pathPart, std::vector<Answer> answers);
-    /// Requests of that kind wait until release() lets as many go, in order of arrival.
+    /// Requests of that kind wait from now on.
     void hold(const std::string& pathPart);
-    void release(const std::string& pathPart, int count = 1);
+    /// Lets one of those go that came since hold(), counted from 0, or will come.
+    void releaseOne(const std::string& pathPart, int which);
     /// Ends the hold.
     void releaseAll(const std::string& pathPart);
 
@@ -47,7 +49,8 @@ private:
     {
         std::vector<Answer> answers;
         std::size_t arrived = 0;
-        std::size_t released = 0;
+        std::size_t heldFrom = 0;
+        std::set<std::size_t> released; ///< numbers of those that need not wait
         bool isHeld = false;
     };
     Answer answerFor(const std::string& path, const std::string& target);

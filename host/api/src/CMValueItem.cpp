@@ -8,13 +8,14 @@
 #include <mutex>
 #include <QPointer>
 
-class CMValueItem::Private
+class CMValueItem::Private : public std::enable_shared_from_this<Private>
 {
 public:
     mutable std::mutex mutex;
     mutable std::condition_variable loadedChanged;
     KeloValue value;
     bool isLoaded = false;
+    int changesUnderWay = 0;
     quint64 watch = 0;
     std::shared_ptr<CMSlotDelivery> delivery;
     QPointer<QObject> item; ///< what posted notices need to be alive
@@ -34,17 +35,23 @@ public:
             isLoaded = true;
             loadedChanged.notify_all();
             // With the lock, so that notices keep the order of the values.
-            if (!isDirect)
+            if (!isDirect) {
+                changesUnderWay += old.isEmpty() ? 0 : 1;
                 delivery->post(notice(newValue, old));
+            }
         }
         // Publications come one after the other, so these keep their order, too.
         if (isDirect)
             delivery->deliver(notice(newValue, old));
     }
 
-    CMSlotDelivery::Call notice(const KeloValue& newValue, const KeloValue& old) const
+    CMSlotDelivery::Call notice(const KeloValue& newValue, const KeloValue& old)
     {
-        return [alive = item, newValue, old](const CMSlot& to) {
+        return [self = shared_from_this(), alive = item, newValue, old](const CMSlot& to) {
+            {
+                std::lock_guard<std::mutex> lock(self->mutex);
+                self->changesUnderWay = qMax(0, self->changesUnderWay - (old.isEmpty() ? 0 : 1));
+            }
             if (alive)
                 to.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, old));
         };
@@ -81,6 +88,12 @@ bool CMValueItem::isLoaded() const
 {
     std::lock_guard<std::mutex> lock(d->mutex);
     return d->isLoaded;
+}
+
+bool CMValueItem::isAhead() const
+{
+    std::lock_guard<std::mutex> lock(d->mutex);
+    return d->changesUnderWay > 0;
 }
 
 bool CMValueItem::waitForLoaded(int timeoutMs) const

@@ -123,7 +123,8 @@ QString TidalHandler::accessToken() const
 
 bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& errorText) const
 {
-    if (!accessToken().isEmpty())
+    const bool isMixed = m_account.userId() != 0 && m_worker->isLoginChanging();
+    if (!accessToken().isEmpty() && !isMixed)
         return true;
     KELO_LOG("Tidal", WARN) << "Access token is not set";
     if (!request.isNull())
@@ -154,9 +155,16 @@ void TidalHandler::sendGet(const QString& path, Query query, const char* member,
     get(path, query, &m_responder, member, userData, getTimeoutMs, getReadSizeLimit);
 }
 
-HttpClientPrivate TidalHandler::syntheticRequest(const QString& apiPath)
+const QString& TidalHandler::setUpParameter()
 {
-    const CMGetRowsRequest request(KeloTidalPrefixPath() + apiPath, 0, 0, QStringList(), -1,
-                                   CMVoidReply());
+    static const QString name = QStringLiteral("setUp");
+    return name;
+}
+
+HttpClientPrivate TidalHandler::syntheticRequest(const QString& apiPath) const
+{
+    CMPath path = KeloTidalPrefixPath() + apiPath;
+    path.addParam(setUpParameter(), QString::number(m_worker->setUpNumber()));
+    const CMGetRowsRequest request(path, 0, 0, QStringList(), -1, CMVoidReply());
     return HttpClientPrivate(HttpClientPrivate::Data(request));
 }

@@ -27,6 +27,9 @@ public:
     TidalHandler(TidalWorker* worker, QString const& apiUrl, QString const& countryCode);
     ~TidalHandler() override;
 
+    /// Parameter that carries the number of the set-up on whose behalf a request is made.
+    static const QString& setUpParameter();
+
     TidalWorker* getWorker() const { return m_worker; }
     TidalNodeResponder* responder() { return &m_responder; }
     void setApiUrl(QString const& apiUrl);
@@ -36,8 +39,8 @@ public:
     void setAccount(QString const& sessionId, QString const& countryCode, qint64 userId);
     KeloTidalAccount getAccount() const { return m_account; }
     void setAccountSoundQuality(KeloTidalSoundQualities::Enum quality);
-    /// Asks the host's OAuth2 service for another token, because the service refused the present one.
-    /// Does not wait; requests take up the new token as soon as it is published.
+    /// Asks the host's OAuth2 service for another token, because the service refused the present
+    /// one. Does not wait; requests take up the new token as soon as it is published.
     void reportRefusedToken();
 
     /// The three ways to send. The address is the API's base URL followed by the path as it is; the
@@ -145,8 +148,9 @@ private:
                   const HttpClientPrivate& userData, const HttpClientHeaders& headers);
     void sendDelete(const QString& path, Query query, const HttpClientPrivate& userData,
                     const HttpClientHeaders& headers);
-    /// A request that nobody waits for, by whose path the responder knows what was asked.
-    static HttpClientPrivate syntheticRequest(const QString& apiPath);
+    /// A request that nobody waits for, by whose path the responder knows what was asked, and in
+    /// which set-up of the session.
+    HttpClientPrivate syntheticRequest(const QString& apiPath) const;
 
     TidalWorker* m_worker;
     HttpClient* m_httpClient;

@@ -261,7 +261,17 @@ void TidalNodeResponder::on_response_invoke(KeloUrl const&, HttpClientPrivate co
                 QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message")));
     }
     const KeloJson answer = status == 200 ? KeloJson::parse(output) : KeloJson();
+    m_answeredRequest = request;
     emitFinished(getRequestType(path), path, priv, answer, error);
+    m_answeredRequest = CMRequest();
+}
+
+bool TidalNodeResponder::isEarlierSetUp() const
+{
+    const QString number = m_answeredRequest.isNull()
+                               ? QString()
+                               : m_answeredRequest.path().param(TidalHandler::setUpParameter());
+    return !number.isEmpty() && number != QString::number(m_worker->setUpNumber());
 }
 
 void TidalNodeResponder::emitFinished(KeloTidalRequestType::Enum type, const CMPath& path,

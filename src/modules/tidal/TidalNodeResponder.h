@@ -76,6 +76,12 @@ public:
     /// asked.
     bool tryResponseRadio(CMGetRowsRequest const& request, QString const& artistId);
 
+    /// Request of the tree whose answer is being handed to the worker; null at other times.
+    const CMRequest& answeredRequest() const { return m_answeredRequest; }
+    /// Whether the answer that is being handed to the worker is to what an earlier set-up of the
+    /// session asked for.
+    bool isEarlierSetUp() const;
+
 public Q_SLOTS:
     // Answers of the service: address, waiting requests, HTTP status, why the answer did not
     // arrive, body, headers.
@@ -83,8 +89,7 @@ public Q_SLOTS:
                             QByteArray const& output, HttpClientHeaders header);
     void on_baseResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
                                 int code, QByteArray const& output, HttpClientHeaders header);
-    // Answers about an artist; a failure without a status in its body is left to the host's
-    // deadline.
+    // Answers about an artist; a failure without a status in its body is left to the host.
     void on_artistResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv, int status,
                                   int code, QByteArray const& output, HttpClientHeaders header);
     void on_artistContentResponse_invoke(KeloUrl const& url, HttpClientPrivate const& priv,
@@ -146,7 +151,7 @@ private:
                               const KeloTidalApiErrorResponse& error);
     /// Answers with the message of a failed answer.
     void replyFailure(const CMVoidReply& reply, int status, const QByteArray& body);
-    /// The same, but a body that tells no status leaves the reply to the host's deadline.
+    /// The same, but a body that tells no status leaves the reply to the host.
     void replyArtistFailure(const CMVoidReply& reply, int status, const QByteArray& body);
     static int requestedCountOf(const CMGetRowsRequest& request);
     QVariantList noItemsRow(const QStringList& roles);
@@ -175,6 +180,7 @@ private:
     TidalHandler* m_handler;
     TidalWorker* m_worker;
     QString m_name;
+    CMRequest m_answeredRequest;
     QList<KeloRoles> m_radioList; ///< from the radio's first track on
     QString m_radioId;            ///< of the artist whose radio is kept; empty when none is
     QStringList m_roles;          ///< the roles that rows of this module fill

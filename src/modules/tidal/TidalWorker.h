@@ -78,8 +78,16 @@ public:
     /// The path that a client opened or closed last, menus and the create form aside.
     const CMPath& currentPath() const { return m_currentPath; }
 
+    /// Number of the newest set-up of the session. Grows with each, and when the user logs out, so
+    /// that what is asked for on behalf of one login is told from what the next one asks for.
+    int setUpNumber() const { return m_setUpNumber; }
+    /// Whether a login or logout has been published that the worker has not dealt with yet: then
+    /// the account and the access token may be of two logins.
+    bool isLoginChanging() const { return m_oauthItem && m_oauthItem->isAhead(); }
     bool isUserConfigured() const { return m_userState == UserConfigState::Configured; }
     bool isUserConfiguring() const;
+    /// Builds what is missing of the static tree; false when it cannot be built.
+    bool buildStaticStructure();
 
     /// A parameter of a path; empty when there is none.
     static QString findQueryValue(const CMPath& path, const QString& name);
@@ -159,6 +167,11 @@ private:
     bool configure(const CMRequest& request);
     /// Takes the set-up of the session one step further.
     void configureUser();
+    /// Begins the next set-up, or ends it, when requests wait for one that nobody has begun.
+    void resumeSetUp();
+    /// Whether the answer that the responder is handing on is to what the newest set-up asked for,
+    /// and that set-up waits for it. Any other answer is dropped here.
+    bool isExpectedAnswer(UserConfigState::Enum state);
     /// Ends the set-up: answers what was postponed with an error.
     void failSetUp(const TrString& message);
     void finishPosponedRequests(const CMError& error);
@@ -171,8 +184,6 @@ private:
     /// Whether a path can become the current one.
     static bool isTrackedPath(const CMPath& path);
 
-    /// Builds what is missing of the static tree; false when it cannot be built.
-    bool buildStaticStructure();
     bool isStaticStructureBuilt() const { return m_browserContext != nullptr; }
     void buildContext();
     void buildSearch();
@@ -228,10 +239,7 @@ private:
     KeloTidalBrowseSetting m_playlistTracksSetting;
 
     int m_userState = UserConfigState::NotConfigured;
-    /// Set-up requests that are on their way; above one, the next answer belongs to an earlier
-    /// set-up.
-    int m_sessionsUnderWay = 0;
-    int m_subscriptionsUnderWay = 0;
+    int m_setUpNumber = 0;
     QList<CMRequest> m_postponedRequests; ///< in order of arrival; filled while a set-up runs
     QSet<CMPath> m_enteredPaths;          ///< rows paths that clients have open
     CMPath m_currentPath;

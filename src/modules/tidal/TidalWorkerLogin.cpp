@@ -5,6 +5,7 @@
 #include <kelo/CMQueryNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloOAuth2.h>
+#include <kelo/KeloPost.h>
 #include <kelo/KeloTidalConstants.h>
 #include <QMap>
 
@@ -23,14 +24,6 @@ KeloTidalSoundQualities::Enum qualityOf(const QString& name)
         {QStringLiteral("LOSSLESS"), KeloTidalSoundQualities::LOSSLESS_},
         {QStringLiteral("HI_RES"), KeloTidalSoundQualities::HI_RES_}};
     return qualities.value(name, KeloTidalSoundQualities::LOW_);
-}
-
-/// Counts an answer off; true when it is the one to the newest request.
-bool isNewestAnswer(int& underWay)
-{
-    if (underWay > 0)
-        --underWay;
-    return underWay == 0;
 }
 } // namespace
 
@@ -60,6 +53,11 @@ bool TidalWorker::configure(const CMRequest& request)
             request.reply().setError(tidalError(KELO_TR("Not logged into TIDAL!")));
         return false;
     }
+    if (m_userState != UserConfigState::NotConfigured && isLoginChanging()) {
+        // Behind the notice, so that it is served in the login that it finds.
+        keloPost(this, [this, request] { returnToRequest(request); });
+        return false;
+    }
     switch (m_userState) {
     case UserConfigState::Configured:
         return true;
@@ -87,16 +85,13 @@ void TidalWorker::configureUser()
     switch (m_userState) {
     case UserConfigState::NotConfigured:
         m_userState = UserConfigState::SessionPending;
-        if (m_handler->retrieveSession())
-            ++m_sessionsUnderWay;
-        else
+        ++m_setUpNumber;
+        if (!m_handler->retrieveSession())
             failSetUp(KELO_TR("Failed to initialize TIDAL"));
         break;
     case UserConfigState::SessionPending:
         m_userState = UserConfigState::SubscriptionPending;
-        if (m_handler->subscribe())
-            ++m_subscriptionsUnderWay;
-        else
+        if (!m_handler->subscribe())
             failSetUp(KELO_TR("Failed to initialize TIDAL"));
         break;
     case UserConfigState::SubscriptionPending:
@@ -115,14 +110,31 @@ void TidalWorker::failSetUp(const TrString& message)
     finishPosponedRequests(tidalError(message));
 }
 
+void TidalWorker::resumeSetUp()
+{
+    if (m_userState == UserConfigState::NotConfigured && !m_postponedRequests.isEmpty())
+        configureUser();
+}
+
+bool TidalWorker::isExpectedAnswer(UserConfigState::Enum state)
+{
+    if (m_userState == state && !m_handler->responder()->isEarlierSetUp()) {
+        if (!isLoginChanging())
+            return true;
+        m_userState = UserConfigState::NotConfigured;
+    }
+    KELO_LOG("Tidal", DEBUG) << "Answer of an earlier set-up dropped";
+    resumeSetUp();
+    return false;
+}
+
 void TidalWorker::on_tidalHandler_sessionsFinished(KeloTidalApiSessionsResponse session,
                                                    KeloTidalApiErrorResponse error)
 {
-    const bool isNewest = isNewestAnswer(m_sessionsUnderWay);
+    if (!isExpectedAnswer(UserConfigState::SessionPending))
+        return;
     if (!isLoggedIn()) {
         configureUser();
-    } else if (!isNewest || m_userState != UserConfigState::SessionPending) {
-        KELO_LOG("Tidal", DEBUG) << "Session answer of an earlier set-up dropped";
     } else if (!error.isEmpty()) {
         failSetUp(KELO_TR("Failed to initialize TIDAL"));
     } else {
@@ -135,11 +147,10 @@ void TidalWorker::on_tidalHandler_sessionsFinished(KeloTidalApiSessionsResponse 
 void TidalWorker::on_tidalHandler_subscriptionFinished(
     KeloTidalApiSubscriptionResponse subscription, KeloTidalApiErrorResponse error)
 {
-    const bool isNewest = isNewestAnswer(m_subscriptionsUnderWay);
+    if (!isExpectedAnswer(UserConfigState::SubscriptionPending))
+        return;
     if (!isLoggedIn()) {
         configureUser();
-    } else if (!isNewest || m_userState != UserConfigState::SubscriptionPending) {
-        KELO_LOG("Tidal", DEBUG) << "Subscription answer of an earlier set-up dropped";
     } else if (!error.isEmpty()) {
         failSetUp(KELO_TR("Failed to initialize TIDAL"));
     } else {
@@ -156,6 +167,7 @@ void TidalWorker::on_serviceOAuth_changed(const KeloValue& newValue, const KeloV
         return;
     if (!loggedIn) {
         m_userState = UserConfigState::NotConfigured;
+        ++m_setUpNumber;
         m_handler->resetAccount();
         // A copy: clients that are told may close their paths at once.
         const QSet<CMPath> entered = m_enteredPaths;
@@ -163,6 +175,8 @@ void TidalWorker::on_serviceOAuth_changed(const KeloValue& newValue, const KeloV
             nodes()->subscribe()->changedStartingWith(path, CMSubscribe::RowsChangeClose(), -1, -1);
     }
     resetTopNode();
+    if (loggedIn)
+        resumeSetUp();
 }
 
 void TidalWorker::resetTopNode()

@@ -1,5 +1,6 @@
 // Genres, moods and featured groups that the service names.
 #include "TidalBrowseNode.h"
+#include "TidalHandler.h"
 #include "TidalWorker.h"
 #include <kelo/CMListRowsNode.h>
 #include <kelo/KeloLog.h>
@@ -61,7 +62,8 @@ TidalBrowseNode* TidalWorker::getMoodsNode(const CMPath& path) const
 void TidalWorker::on_tidalHandler_contentRootsFeatured(KeloTidalApiContentRootsResponse roots,
                                                        KeloTidalApiErrorResponse error)
 {
-    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt())
+    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
+        m_handler->responder()->isEarlierSetUp())
         return;
     m_featuredRoots = roots.root();
     // The Masters lists keep their titles.
@@ -90,7 +92,7 @@ void TidalWorker::on_tidalHandler_contentRootsGenres(KeloTidalApiContentRootsRes
                                                      KeloTidalApiErrorResponse error)
 {
     if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_genres->rowsSize() > 0)
+        m_genres->rowsSize() > 0 || m_handler->responder()->isEarlierSetUp())
         return;
     const std::vector<KeloTidalApiContentRoots> genres = roots.root();
     for (const KeloTidalApiContentRoots& genre : genres) {
@@ -126,7 +128,7 @@ void TidalWorker::on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResp
                                                     KeloTidalApiErrorResponse error)
 {
     if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_playlists->rowsSize() > 0)
+        m_playlists->rowsSize() > 0 || m_handler->responder()->isEarlierSetUp())
         return;
     const std::vector<KeloTidalApiContentRoots> moods = roots.root();
     for (const KeloTidalApiContentRoots& mood : moods) {

@@ -21,6 +21,8 @@ public:
     /// Any thread.
     KeloValue value() const;
     bool isLoaded() const;
+    /// Whether value() is ahead of the slot: a change, the first value aside, is on its way to it.
+    bool isAhead() const;
     /// Blocks until the first value is there, without an event loop; negative: no limit. False on
     /// time-out.
     bool waitForLoaded(int timeoutMs) const;
