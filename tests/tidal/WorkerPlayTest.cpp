@@ -94,6 +94,8 @@ TEST_F(WorkerPlayTest, PlaysWhateverAnswerComesFirstAndFailsInOneWay)
     const Case cases[] = {
         {"both", track(12), goodStream(), ""},
         {"stream without id", track(12), stream("", manifest), incomplete},
+        {"another stream", track(12), stream("\"trackId\":13,", manifest), incomplete},
+        {"another track", track(13), goodStream(), incomplete},
         {"track without album",
          {200, R"({"id":12,"artist":{},"album":null})"},
          goodStream(),
@@ -282,6 +284,36 @@ TEST_F(WorkerPlayTest, AnAttemptThatWasGivenUpLeaksNothingIntoTheNext)
     EXPECT_EQ(errorOf(second), QString());
     ASSERT_EQ(m_player.played().size(), 1);
     EXPECT_EQ(m_player.played().first().title(), q("Next"));
+}
+
+TEST_F(WorkerPlayTest, ALateAnswerOfAnAttemptThatFailedLeavesTheNextAlone)
+{
+    const Answer late[] = {{404, R"({"status":404,"userMessage":"Gone"})"}, track(12), track(13)};
+    int answers = 0;
+    for (const Answer& answer : late) {
+        for (const char* id : {"12", "13"}) {
+            SCOPED_TRACE(answer.body + " then " + id);
+            // The stream ends the first attempt while its track is still being looked up.
+            m_service.script(streamPath,
+                             {{404, R"({"status":404,"userMessage":"No"})"}, goodStream()});
+            m_service.script(trackPath, {answer, track(12)});
+            m_service.script("/tracks/13", {track(13)});
+            m_service.script("/tracks/13/playback", {stream("\"trackId\":13,", manifest)});
+            const int before = m_service.requestCount("/tracks");
+            m_service.hold(trackPath);
+            EXPECT_EQ(errorOf(playId(12)), q("No"));
+            m_service.hold("/tracks/13");
+            const CMSetDataRequest second = playId(q(id));
+            ASSERT_TRUE(m_service.waitForRequests("/tracks", before + 4));
+            m_service.releaseOne(trackPath, 0);
+            ASSERT_TRUE(m_probe->waitFor(AnswerProbe::Track, ++answers));
+            EXPECT_FALSE(second.reply().isFinished());
+            m_service.releaseAll(trackPath);
+            m_service.releaseAll("/tracks/13");
+            EXPECT_EQ(errorOf(second), QString());
+            ASSERT_TRUE(m_probe->waitFor(AnswerProbe::Track, ++answers));
+        }
+    }
 }
 
 TEST_F(WorkerPlayTest, StoppingAnswersAnItemThatIsBeingLookedUp)

@@ -1,4 +1,5 @@
 // The service's answers about one item, and the host's question for its media data.
+#include "TidalHandler.h"
 #include "TidalWorker.h"
 #include <kelo/KeloJson.h>
 #include <kelo/KeloLog.h>
@@ -11,13 +12,12 @@ CMError mediaError(const TrString& message)
     return CMError(QStringLiteral("Error"), message);
 }
 
-/// Whether an answer is about the item with an id, as far as can be told: an answer that names none
-/// is taken for it.
-bool isAnswerFor(const QString& id, bool hasId, qint64 answered)
+/// Whether an answer names another item than the one with the id.
+bool isForeign(const QString& id, bool hasId, qint64 answered)
 {
     bool isNumber = false;
     const qint64 asked = id.toLongLong(&isNumber);
-    return !hasId || !isNumber || asked == answered;
+    return hasId && (!isNumber || asked != answered);
 }
 
 CMSetDataRequest withResponse(const CMSetDataRequest& lookUp, const QVariant& response)
@@ -36,15 +36,17 @@ CMError serviceError(const KeloTidalApiErrorResponse& error, const TrString& fal
 void TidalWorker::on_tidalHandler_track(KeloTidalApiTrackResponse response,
                                         KeloTidalApiErrorResponse error)
 {
-    // The answer does not say whose it is: one that was asked for by an earlier attempt is told by
-    // its id.
-    if (!isTrackPending())
-        return;
-    const QString id = findQueryValue(m_trackRequest.path(), QStringLiteral("trackId"));
-    if (!isAnswerFor(id, response.contains(QStringLiteral("id")), response.id()))
+    // An attempt that has ended may still get answers: they are told by their request.
+    const CMRequest& answered = m_handler->responder()->answeredRequest();
+    if (!isTrackPending() || (!answered.isNull() && !(answered == m_trackRequest)))
         return;
     if (!error.isEmpty()) {
         failPlay(serviceError(error, KELO_TR("media data request failed")));
+        return;
+    }
+    const QString id = findQueryValue(m_trackRequest.path(), QStringLiteral("trackId"));
+    if (isForeign(id, response.contains(QStringLiteral("id")), response.id())) {
+        failPlay(mediaError(KELO_TR("media data resolution incomplete")));
         return;
     }
     const QVariant value = QVariant::fromValue(response);
@@ -59,12 +61,14 @@ void TidalWorker::on_tidalHandler_streamUrl(KeloTidalApiStreamUrlResponse respon
 {
     if (!isMediaPending() || !(request == m_mediaRequest))
         return;
-    const QString id = m_mediaRequest.path().splitBase().value(1);
-    const bool hasId = response.contains(KeloTidalApiStreamUrlResponse::TrackId());
-    if (!isAnswerFor(id, hasId, response.trackId()))
-        return;
     if (!error.isEmpty()) {
         failPlay(serviceError(error, KELO_TR("media data request failed")));
+        return;
+    }
+    const QString id = m_mediaRequest.path().splitBase().value(1);
+    const bool hasId = response.contains(KeloTidalApiStreamUrlResponse::TrackId());
+    if (isForeign(id, hasId, response.trackId())) {
+        failPlay(mediaError(KELO_TR("media data resolution incomplete")));
         return;
     }
     const QVariant value = QVariant::fromValue(response);
