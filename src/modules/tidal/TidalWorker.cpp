@@ -68,7 +68,10 @@ extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
             line << "name: " << name;
     }
     const auto* hash = static_cast<const QVariantHash*>(settings);
-    return new TidalWorker(hash ? *hash : QVariantHash());
+    auto* worker = new TidalWorker(hash ? *hash : QVariantHash());
+    // Requests on context menus do not pass the gate, and one of them may be the first of all.
+    worker->buildStaticStructure();
+    return worker;
 }
 
 TidalWorker::TidalWorker(const QVariantHash& settings)
