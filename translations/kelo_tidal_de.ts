@@ -50,6 +50,10 @@
 <context>
     <name>CMRoot</name>
     <message>
+        <source>The module gave no answer</source>
+        <translation>Das Modul hat nicht geantwortet</translation>
+    </message>
+    <message>
         <source>The service has stopped</source>
         <translation>Der Dienst wurde beendet</translation>
     </message>
@@ -1123,6 +1127,10 @@
         <source>media data request failed</source>
         <translation>Die Abspieldaten konnten nicht abgerufen werden</translation>
     </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>Die Abspieldaten sind unvollständig</translation>
+    </message>
 </context>
 <context>
     <name>void TidalWorker::on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse, KeloTidalApiErrorResponse)</name>
@@ -1136,6 +1144,10 @@
     <message>
         <source>media data request failed</source>
         <translation>Die Abspieldaten konnten nicht abgerufen werden</translation>
+    </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>Die Abspieldaten sind unvollständig</translation>
     </message>
 </context>
 <context>

@@ -50,6 +50,10 @@
 <context>
     <name>CMRoot</name>
     <message>
+        <source>The module gave no answer</source>
+        <translation>Le module n’a pas répondu</translation>
+    </message>
+    <message>
         <source>The service has stopped</source>
         <translation>Le service s’est arrêté</translation>
     </message>
@@ -1123,6 +1127,10 @@
         <source>media data request failed</source>
         <translation>Impossible d’obtenir les données du média</translation>
     </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>Données du média incomplètes</translation>
+    </message>
 </context>
 <context>
     <name>void TidalWorker::on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse, KeloTidalApiErrorResponse)</name>
@@ -1136,6 +1144,10 @@
     <message>
         <source>media data request failed</source>
         <translation>Impossible d’obtenir les données du média</translation>
+    </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>Données du média incomplètes</translation>
     </message>
 </context>
 <context>

@@ -50,6 +50,10 @@
 <context>
     <name>CMRoot</name>
     <message>
+        <source>The module gave no answer</source>
+        <translation>モジュールからの応答がありませんでした</translation>
+    </message>
+    <message>
         <source>The service has stopped</source>
         <translation>サービスが停止しました</translation>
     </message>
@@ -1123,6 +1127,10 @@
         <source>media data request failed</source>
         <translation>メディア情報を取得できませんでした</translation>
     </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>メディア情報が揃いませんでした</translation>
+    </message>
 </context>
 <context>
     <name>void TidalWorker::on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse, KeloTidalApiErrorResponse)</name>
@@ -1136,6 +1144,10 @@
     <message>
         <source>media data request failed</source>
         <translation>メディア情報を取得できませんでした</translation>
+    </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>メディア情報が揃いませんでした</translation>
     </message>
 </context>
 <context>

@@ -50,6 +50,10 @@
 <context>
     <name>CMRoot</name>
     <message>
+        <source>The module gave no answer</source>
+        <translation>Modulen ga ikke noe svar</translation>
+    </message>
+    <message>
         <source>The service has stopped</source>
         <translation>Tjenesten har stoppet</translation>
     </message>
@@ -1123,6 +1127,10 @@
         <source>media data request failed</source>
         <translation>Kunne ikke hente mediedata</translation>
     </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>Mediedataene er ufullstendige</translation>
+    </message>
 </context>
 <context>
     <name>void TidalWorker::on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse, KeloTidalApiErrorResponse)</name>
@@ -1136,6 +1144,10 @@
     <message>
         <source>media data request failed</source>
         <translation>Kunne ikke hente mediedata</translation>
+    </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>Mediedataene er ufullstendige</translation>
     </message>
 </context>
 <context>
