@@ -98,8 +98,10 @@ TEST(KeloJsonTest, integersKeepAll64BitsAndFractionsOfZeroAreIntegers)
         {"0.5", -7},
         {"-0", 0},
     };
-    for (const auto& row : table)
+    for (const auto& row : table) {
         EXPECT_EQ(KeloJson::parse(row.text).toInt64(-7), row.integer) << row.text;
+        EXPECT_EQ(KeloJson::parse(row.text).isInteger(), row.integer != -7) << row.text;
+    }
     EXPECT_EQ(KeloJson::parse("18446744073709551615").toDouble(), 18446744073709551615.0);
 }
 

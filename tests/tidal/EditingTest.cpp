@@ -258,6 +258,20 @@ TEST(Editing, TogglesAFavoriteByWhatTheServiceSays)
     EXPECT_EQ(eventPaths(world.set(q("/tidal/playlistcontext/favorites?id=u&type=Playlists"))),
               QStringList{q("/tidal/playlistcontext")});
     EXPECT_EQ(list.pending(), 0);
+
+    // An entry that says no identifier is none that could be asked about.
+    for (const char* id : {"", "0", "12"}) {
+        const CMGetDataRequest asked(
+            CMPath::fromEncoded(q("/tidal/context/favorites?type=Tracks&id=") + q(id)), roles);
+        const CMSetDataRequest prepared(CMPath(), QString(), QVariantList{0, 0, 0, 0});
+        world.onWorker([&] {
+            world.worker()->getHandler()->responder()->on_isFavoriteReponse_invoke(
+                KeloUrl(), HttpClientPrivate(HttpClientPrivate::Data(asked, prepared)), 200, 0,
+                R"({"items":[{"item":null},{"item":{"id":"12"}},{"item":{"id":1.5}}]})",
+                HttpClientHeaders());
+        });
+        EXPECT_EQ(asked.reply().value().value(1).toString(), q("Add to favorites")) << id;
+    }
 }
 
 TEST(Editing, AddsAndRemovesTracksAndTellsOpenViews)
@@ -323,6 +337,26 @@ TEST(Editing, AddsTheFirstFiftyPlayableTracksOfAList)
     EXPECT_EQ(world.tracksOf(id), expected);
     // The list of ids ends in a comma, and that counts.
     EXPECT_EQ(view.next(), q("+%1 of %2").arg(expected.size() + 1).arg(expected.size()));
+
+    // Of these the fourth alone: it may be played, and it is said which one it is.
+    QByteArray offered;
+    for (const char* fields :
+         {"%", R"(%,"allowStreaming":null)", R"(%,"allowStreaming":"true")",
+          R"(%,"allowStreaming":true)", R"(%,"allowStreaming":1)",
+          R"("title":"T","allowStreaming":true)", R"("id":1.5,"allowStreaming":true)"})
+        offered += (offered.isEmpty() ? "{" : ",{") +
+                   QByteArray(fields).replace("%", "\"id\":" + QByteArray::number(expected[0])) +
+                   "}";
+    const QString other = world.newPlaylist("q", {});
+    const CMSetDataRequest request(
+        CMPath::fromEncoded(q("/tidal/context/addToPlaylists?playlistId=") + other), QString(), 1);
+    world.onWorker([&] {
+        world.worker()->getHandler()->responder()->on_addToPlaylistResponse_invoke(
+            KeloUrl(), HttpClientPrivate(HttpClientPrivate::Data(request)), 200, 0,
+            "{\"items\":[" + offered + "]}", HttpClientHeaders());
+    });
+    request.reply().waitForFinished(20000);
+    EXPECT_EQ(world.tracksOf(other), QList<qint64>{expected[0]});
 }
 
 TEST(Editing, MovesATrackAndReloadsTheListThatWasOpen)

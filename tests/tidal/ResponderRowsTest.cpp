@@ -251,6 +251,52 @@ TEST_F(ResponderRows, LetsAPlaylistBeChosen)
               encoded("/tidal/playlistcontext/addToPlaylists?ETag=&id=5&playlistId=u0"));
 }
 
+TEST_F(ResponderRows, NamesItemsByWholeNumbersAlone)
+{
+    const struct
+    {
+        const char* id;
+        const char* text;
+    } table[] = {{"7", "7"},
+                 {"7.0", "7"},
+                 {"-0.0", "0"},
+                 {"9223372036854775807", "9223372036854775807"},
+                 {"1.5", ""},
+                 {"1e30", ""},
+                 {"\"12\"", ""},
+                 {"true", ""},
+                 {"null", ""},
+                 {"[7]", ""},
+                 {"9223372036854775808", ""}};
+    const std::pair<const char*, const char*> lists[] = {
+        {"albums", "contentId"}, {"artists", "artistId"}, {"tracks", "trackId"}};
+    for (const auto& [list, key] : lists) {
+        const QByteArray path = QByteArray("/tidal/search/choose/req/") + list + "?query=q";
+        for (const auto& entry : table) {
+            SCOPED_TRACE(std::string(list) + " " + entry.id);
+            // The first entry of a page of favourites may hold nothing.
+            const auto request =
+                answered(path, 0, 9,
+                         page(QByteArray(R"({"item":null},{"item":{"id":%,"title":"T","name":"T",
+                                            "artists":[{"id":%,"name":"A"}]}})")
+                                  .replace("%", entry.id),
+                              2));
+            ASSERT_EQ(rowsIn(request), 1);
+            const KeloRoles row = rowAt(request, 0);
+            EXPECT_TRUE(row.title().startsWith(QLatin1Char('T')));
+            EXPECT_EQ(row.id(), QLatin1String(entry.text));
+            EXPECT_EQ(row.path().param(QLatin1String(key)), QLatin1String(entry.text));
+            const CMPath menu =
+                CMPath::fromEncoded(row.context().toHash().value(KeloRoles::Path()).toString());
+            EXPECT_EQ(menu.param(QStringLiteral("id")), QLatin1String(entry.text));
+            if (menu.hasParam(QStringLiteral("artists"))) {
+                EXPECT_EQ(menu.param(QStringLiteral("artists")),
+                          QStringLiteral("A_") + QLatin1String(entry.text));
+            }
+        }
+    }
+}
+
 TEST_F(ResponderRows, CutsWhatWasNotAskedFor)
 {
     const auto request =
@@ -308,6 +354,7 @@ TEST_F(ResponderRows, TakesWhateverTheServiceSends)
             if (entry.rows == 1 && QByteArray(entry.name).contains("fields")) {
                 EXPECT_FALSE(rowAt(request, 0).contains(KeloRoles::Icon()));
                 EXPECT_EQ(rowAt(request, 0).id(), QString());
+                EXPECT_EQ(rowAt(request, 0).value(KeloRoles::Disabled()), QVariant(false));
             }
         }
     }

@@ -15,6 +15,11 @@ constexpr quint32 maxCount = 0xFFFFFF; ///< the tape's counter stops here
 constexpr double minInteger = -9223372036854775808.0;
 constexpr double endOfIntegers = 9223372036854775808.0;
 
+bool isWhole(double number)
+{
+    return std::trunc(number) == number && number >= minInteger && number < endOfIntegers;
+}
+
 simdjson::dom::parser& threadParser()
 {
     thread_local simdjson::dom::parser parser;
@@ -184,6 +189,11 @@ bool KeloJson::isNumber() const
     return kind == 'l' || kind == 'u' || kind == 'd';
 }
 
+bool KeloJson::isInteger() const
+{
+    return type() == 'l' || (type() == 'd' && isWhole(m_document->number<double>(m_index)));
+}
+
 bool KeloJson::isEmpty() const
 {
     const char kind = type();
@@ -224,9 +234,7 @@ qint64 KeloJson::toInt64(qint64 fallback) const
         return m_document->number<qint64>(m_index);
     case 'd': {
         const double number = m_document->number<double>(m_index);
-        const bool isInteger =
-            std::trunc(number) == number && number >= minInteger && number < endOfIntegers;
-        return isInteger ? qint64(number) : fallback;
+        return isWhole(number) ? qint64(number) : fallback;
     }
     }
     return fallback;

@@ -23,6 +23,12 @@ bool KeloTidalApiObject::contains(const QString& key) const
     return !m_json.value({utf8.constData(), std::size_t(utf8.size())}).isNull();
 }
 
+QString KeloTidalApiObject::idText() const
+{
+    const KeloJson id = m_json.value("id");
+    return id.isInteger() ? QString::number(id.toInt64()) : QString();
+}
+
 KeloHash KeloTidalApiObject::toHash() const
 {
     return KeloHash(m_json.toVariant().toHash());

@@ -8,13 +8,13 @@
 namespace {
 using Plan = TidalRowPlan;
 
-/// A whole number as text, without allocation; empty for a value that is no number.
+/// A whole number as text, without allocation; empty for a value that is none.
 class Decimal
 {
 public:
     explicit Decimal(const KeloJson& number)
     {
-        if (number.isNumber())
+        if (number.isInteger())
             write(number.toInt64());
     }
     explicit Decimal(qint64 number) { write(number); }
@@ -180,7 +180,7 @@ QVariantList TidalAlbumRows::row(const KeloTidalApiAlbumResponse& album, int pos
     m_plan.set(row, Plan::Path, [&] { return m_path.text({id.view()}); });
     m_plan.set(row, Plan::Title, [&] { return album.title(); });
     m_plan.set(row, Plan::Id, [&] { return id.toString(); });
-    m_plan.set(row, Plan::Disabled, [&] { return boolean(!album.allowStreaming()); });
+    m_plan.set(row, Plan::Disabled, [&] { return boolean(album.forbidsStreaming()); });
     m_plan.set(row, Plan::Description, [&] { return description; });
     m_plan.set(row, Plan::Icon, [&] { return imageUrl(json.value("cover")); });
     m_plan.set(row, Plan::MediaData, [&] {
@@ -289,7 +289,7 @@ QVariantList TidalTrackRows::row(const KeloTidalApiTrackResponse& track, int pos
         return toText(m_scratch);
     });
     m_plan.set(row, Plan::Id, [&] { return id.toString(); });
-    m_plan.set(row, Plan::Disabled, [&] { return boolean(!track.allowStreaming()); });
+    m_plan.set(row, Plan::Disabled, [&] { return boolean(track.forbidsStreaming()); });
     m_plan.set(row, Plan::Description, [&] { return names; });
     m_plan.set(row, Plan::Icon, [&] { return imageUrl(album.value("cover")); });
     m_plan.set(row, Plan::MediaData, [&] { return mediaData(album, names, id.view()); });

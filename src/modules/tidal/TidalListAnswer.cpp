@@ -2,7 +2,8 @@
 #include <limits>
 
 namespace {
-/// Whether the items stand one level deeper; the first one tells.
+/// Whether the items stand one level deeper: the first one tells, by the key alone, since its item
+/// may be null.
 bool isFavorites(const KeloJson& items)
 {
     bool isFirst = true;
@@ -11,7 +12,7 @@ bool isFavorites(const KeloJson& items)
         if (!item.isObject() || !isFirst)
             return;
         isFirst = false;
-        result = !item.value("item").isNull();
+        result = item.contains("item");
     });
     return result;
 }

@@ -30,6 +30,8 @@ CMError serviceError(int status, const QByteArray& body)
 template <class List, class IdOf>
 bool hasFavorite(const KeloJson& answer, const QString& id, IdOf idOf)
 {
+    if (id.isEmpty())
+        return false;
     for (const auto& favorite : List(answer).itemsFav()) {
         if (idOf(favorite.item()) == id)
             return true;
@@ -40,7 +42,7 @@ bool hasFavorite(const KeloJson& answer, const QString& id, IdOf idOf)
 /// Whether the page of favorites of a kind holds an item.
 bool holdsItem(const KeloJson& answer, const QString& type, const QString& id)
 {
-    const auto numberOf = [](const auto& item) { return QString::number(item.id()); };
+    const auto numberOf = [](const auto& item) { return item.idText(); };
     if (type == KeloTidalAlbums())
         return hasFavorite<KeloTidalApiAlbumsResponse>(answer, id, numberOf);
     if (type == KeloTidalArtists())
@@ -158,8 +160,9 @@ void TidalNodeResponder::on_addToPlaylistResponse_invoke(KeloUrl const&,
     // The status is not looked at: an answer without tracks adds nothing; deliberate.
     QString ids;
     for (const auto& track : KeloTidalApiTracksResponse(KeloJson::parse(output)).items()) {
-        if (track.allowStreaming())
-            ids += QString::number(track.id()) + QLatin1Char(',');
+        const QString id = track.idText();
+        if (track.allowStreaming() && !id.isEmpty())
+            ids += id + QLatin1Char(',');
     }
     // The comma behind the last one stays; deliberate, the service takes it.
     const QString playlistId =

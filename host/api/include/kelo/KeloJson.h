@@ -41,6 +41,8 @@ public:
     bool isArray() const;
     bool isString() const;
     bool isNumber() const;
+    /// Whether it is a number that toInt64() reads: whole, and of 64 bits.
+    bool isInteger() const;
     /// Whether it is nothing, null, or an object or array without elements.
     bool isEmpty() const;
 

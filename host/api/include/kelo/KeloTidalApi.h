@@ -21,6 +21,8 @@ public:
     /// Whether the object holds the field and the field is not null.
     bool contains(const QString& key) const;
     const KeloJson& json() const { return m_json; }
+    /// The field `id` in decimal; empty where it is no whole number of 64 bits.
+    QString idText() const;
     /// A full copy as a hash; for those who ask for it.
     KeloHash toHash() const;
 
@@ -96,8 +98,10 @@ public:
     qint64 id() const { return number("id"); }
     QString title() const { return text("title"); }
     QString cover() const { return text("cover"); }
-    /// True when not said.
-    bool allowStreaming() const { return json().value("allowStreaming").toBool(true); }
+    /// Whether it is said that the album may be streamed, or that it may not; both false when the
+    /// service says neither.
+    bool allowStreaming() const { return json().value("allowStreaming").toBool(); }
+    bool forbidsStreaming() const { return !json().value("allowStreaming").toBool(true); }
     KeloTidalApiArtist artist() const;
     std::vector<KeloTidalApiArtist> artists() const;
 };
@@ -123,8 +127,9 @@ public:
     using KeloTidalApiObject::KeloTidalApiObject;
     qint64 id() const { return number("id"); }
     QString title() const { return text("title"); }
-    /// True when not said.
-    bool allowStreaming() const { return json().value("allowStreaming").toBool(true); }
+    /// As of an album.
+    bool allowStreaming() const { return json().value("allowStreaming").toBool(); }
+    bool forbidsStreaming() const { return !json().value("allowStreaming").toBool(true); }
     KeloTidalApiArtist artist() const;
     std::vector<KeloTidalApiArtist> artists() const;
     KeloTidalApiAlbum album() const;
