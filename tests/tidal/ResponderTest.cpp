@@ -117,6 +117,7 @@ TEST_F(Responder, SaysWhatFailedInFixedWords)
         const auto request = world->answered(encoded("/tidal/req/featured/new/albums"), 0, 9,
                                              {KeloRoles::Title()}, row.status, row.body);
         EXPECT_EQ(request.reply().error().message(), QLatin1String(row.message)) << row.status;
+        EXPECT_EQ(request.reply().error().name(), QStringLiteral("TIDAL"));
     }
 }
 

@@ -58,7 +58,7 @@ void TidalNodeResponder::on_baseResponse_invoke(KeloUrl const&, HttpClientPrivat
 void TidalNodeResponder::replyFailure(const CMVoidReply& reply, int status, const QByteArray& body)
 {
     const QString message = resolveError(KeloTidalApiErrorResponse(KeloJson::parse(body)), status);
-    reply.setError(CMError(TrString(Language::ntr(message, "TIDAL"))));
+    reply.setError(CMError(QStringLiteral("TIDAL"), TrString(Language::ntr(message, "TIDAL"))));
 }
 
 TidalItemRows::Page TidalNodeResponder::page(const CMGetRowsRequest& request, const CMPath& path,
