@@ -9,6 +9,7 @@
 #include <kelo/CMValueNode.h>
 #include <kelo/CMWorkerThread.h>
 #include <kelo/KeloForm.h>
+#include <kelo/KeloJson.h>
 #include <kelo/KeloPost.h>
 #include <QEventLoop>
 
@@ -179,6 +180,75 @@ TEST_F(TreeTest, valuesAreStoredWatchedAndKeptSecret)
     EXPECT_FALSE(CMRoot().dataRoles(path("/demo/secret")).contains(KeloRoles::Value()));
     const QVariant context = CMRoot().dataRoles(path("/demo/value")).context();
     EXPECT_EQ(context.toHash().value(KeloRoles::Path()).toString(), QStringLiteral("/demo/list"));
+}
+
+TEST_F(TreeTest, aValueKeepsItsType)
+{
+    const auto typed = [](const char* type, const QVariant& value) {
+        return QVariantHash{{KeloValue::Type(), type}, {type, value}};
+    };
+    const QVariant yes(true);
+    const QVariant texts(QStringList{"a", "b"});
+    const QVariant nothing; // what is refused
+    const struct
+    {
+        QVariant held;
+        const char* wants;
+        QList<std::pair<QVariant, QVariant>> sent; ///< and what the node holds then
+    } table[] = {
+        {7,
+         "%1 wants a whole number",
+         {{4, 4},
+          {"4", 4},
+          {4.0, 4},
+          {typed("i64_", "-4"), -4},
+          {"", nothing},
+          {"abc", nothing},
+          {"4.5", nothing},
+          {4.5, nothing},
+          {yes, nothing},
+          {nothing, nothing},
+          {texts, nothing},
+          {typed("i64_", "x"), nothing},
+          {typed("i64_", nothing), nothing},
+          {typed("mediaData", QVariantHash()), nothing},
+          {"9223372036854775808", nothing}}},
+        {"t",
+         "%1 wants a text",
+         {{"x", "x"},
+          {"", ""},
+          {1984, "1984"},
+          {1984.0, "1984"},
+          {yes, nothing},
+          {4.5, nothing},
+          {texts, nothing},
+          {typed("string_", 5), "5"},
+          {typed("string_", texts), nothing}}},
+        {yes,
+         "%1 wants true or false",
+         {{false, false}, {"true", yes}, {1, nothing}, {"1", nothing}}},
+        {texts,
+         "What was sent to %1 is no value",
+         {{QVariantList{"c"}, QStringList{"c"}}, {"c", nothing}, {QVariantList{1}, nothing}}},
+    };
+    const auto held = [this] { return worker->value->value(); };
+    for (const auto& entry : table) {
+        const KeloValue before = KeloValue::fromVariant(entry.held);
+        for (const auto& [sent, expected] : entry.sent) {
+            SCOPED_TRACE(before.type().toStdString() + " " + KeloJson::write(sent).toStdString());
+            worker->value->setValue(before);
+            const CMReply<QVariant> reply = set("/demo/value", sent);
+            EXPECT_EQ(errorOf(reply), expected.isValid() ? QString() : CMError::BadRequestName());
+            if (!expected.isValid()) {
+                EXPECT_EQ(reply.error().message(), QString(entry.wants).arg("/demo/value"));
+            }
+            EXPECT_EQ(held(), expected.isValid() ? KeloValue::fromVariant(expected) : before);
+        }
+    }
+    worker->value->setValue(KeloValue());
+    EXPECT_EQ(errorOf(set("/demo/value", typed("i64_", "x"))), CMError::BadRequestName());
+    EXPECT_EQ(errorOf(set("/demo/value", 5)), QString());
+    EXPECT_EQ(held().i64_(), 5) << "a node without a value takes any";
 }
 
 TEST_F(TreeTest, aRequestIsAnsweredAtItsDeadlineAndALateAnswerIsDropped)

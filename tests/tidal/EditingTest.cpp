@@ -392,6 +392,14 @@ TEST(Editing, MovesATrackAndReloadsTheListThatWasOpen)
     EXPECT_EQ(open.next(), q("close"));
     EXPECT_EQ(world.tracksOf(id), (QList<qint64>{tracks[0], tracks[3], tracks[1], tracks[2]}));
 
+    // What is no row is not stored, and no place before the first one is moved to.
+    const QString target = paths.at(0).toList().value(0).toString();
+    EXPECT_EQ(world.set(target, q("abc")).reply().error().name(), CMError::BadRequestName());
+    world.set(target, q("-1"));
+    const CMSetDataRequest early = world.set(paths.at(1).toList().value(0).toString());
+    EXPECT_EQ(early.reply().error().message(), q("The rows of a playlist are counted from 0"));
+    world.set(target, q("1"));
+
     const QString beyond = menu + q("/move?playlistId=%1&rowNum=77").arg(id);
     EXPECT_EQ(world.set(beyond).reply().error().message(), q("Non existing track index"));
     EXPECT_TRUE(world.set(menu + q("/move?playlistId=") + id).reply().error().isSet());

@@ -100,8 +100,10 @@ TEST_F(OrderingTest, WhatIsNoChoiceNeverEmptiesAQuery)
               q("countryCode=NO&offset=0&orderDirection=ASC&limit=10&order=NAME&filter=ALL"));
 
     choose(myMusic + q("order"), "Date");
-    for (const QVariant& value : {QVariant(), QVariant(7), QVariant(QString()), QVariant(true),
-                                  QVariant(QVariantHash{{q("type"), q("i64_")}})}) {
+    for (const QVariant& value :
+         {QVariant(), QVariant(7), QVariant(QString()), QVariant(true),
+          QVariant(QVariantHash{{q("type"), q("i64_")}}),
+          QVariant(QVariantHash{{q("type"), q("string_")}, {q("string_"), 7}})}) {
         const CMSetDataRequest request = set(myMusic + q("order"), value);
         wait(request.reply());
         EXPECT_EQ(request.reply().error().name(), CMError::BadRequestName());

@@ -1,5 +1,21 @@
 #include "CMValueNode.h"
 
+namespace {
+/// What is wrong with a value that cannot be taken for one of a type.
+CMError wantedError(const QString& type, const CMPath& path)
+{
+    const char* sentence = QT_TRANSLATE_NOOP("CMValueNode", "What was sent to %1 is no value");
+    if (type == KeloValue::I64())
+        sentence = QT_TRANSLATE_NOOP("CMValueNode", "%1 wants a whole number");
+    else if (type == KeloValue::String())
+        sentence = QT_TRANSLATE_NOOP("CMValueNode", "%1 wants a text");
+    else if (type == KeloValue::Bool())
+        sentence = QT_TRANSLATE_NOOP("CMValueNode", "%1 wants true or false");
+    return CMError(CMError::BadRequestName(),
+                   TrString(TrCharData{"CMValueNode", sentence, nullptr}, {path.toEncoded()}));
+}
+} // namespace
+
 CMValueNode::CMValueNode(const CMPath& path, std::mutex* mutex)
     : CMUINode(path), m_valueMutex(mutex)
 {
@@ -57,19 +73,18 @@ bool CMValueNode::setDataRequest(const CMSetDataRequest& request)
     const bool isReadOnly = m_isReadOnly;
     lock.unlock();
 
-    const KeloValue value = KeloValue::fromVariant(request.value());
+    const KeloValue sent = KeloValue::fromVariant(request.value());
+    const QString held = value().type();
+    const KeloValue taken = sent.convertedTo(held.isEmpty() ? sent.type() : held);
     if (isReadOnly) {
         request.reply().setError(
             CMError(QStringLiteral("ReadOnly"),
                     TrString(TrCharData{"CMValueNode", "%1 cannot be changed", nullptr},
                              {request.path().toEncoded()})));
-    } else if (value.isEmpty()) {
-        request.reply().setError(
-            CMError(CMError::BadRequestName(),
-                    TrString(TrCharData{"CMValueNode", "What was sent to %1 is no value", nullptr},
-                             {request.path().toEncoded()})));
+    } else if (taken.isEmpty()) {
+        request.reply().setError(wantedError(held, request.path()));
     } else {
-        setValue(value);
+        setValue(taken);
         request.reply().setValue(QVariant());
     }
     return true;

@@ -7,6 +7,13 @@ namespace {
 /// Doubles above this do not tell neighbouring integers apart.
 constexpr double maxExactInteger = 9007199254740992.0;
 
+/// Whether values of a type are no hashes themselves.
+bool isPlainType(const QString& type)
+{
+    return type == KeloValue::Bool() || type == KeloValue::I64() || type == KeloValue::String() ||
+           type == KeloValue::StringList();
+}
+
 bool isStringList(const QVariantList& list)
 {
     for (const QVariant& element : list) {
@@ -54,9 +61,32 @@ KeloValue KeloValue::fromVariant(const QVariant& value)
     return result;
 }
 
-QVariant KeloValue::typed(const QString& type) const
+KeloValue KeloValue::convertedTo(const QString& wanted) const
 {
-    return value(Type()).toString() == type ? value(type) : QVariant();
+    const QVariant held = value(type());
+    if (held.userType() == QMetaType::QVariantHash)
+        return type() == wanted && !isPlainType(wanted) ? *this : KeloValue();
+    // In the type that it really is of.
+    KeloValue result = fromVariant(held);
+    if (result.type() == wanted)
+        return result;
+    const QString text = result.string_();
+    bool isNumber = false;
+    const qint64 number = text.toLongLong(&isNumber);
+    if (wanted == I64() && isNumber)
+        result.setI64(number);
+    else if (wanted == Bool() && (text == QLatin1String("true") || text == QLatin1String("false")))
+        result.setBool(text == QLatin1String("true"));
+    else if (wanted == String() && result.type() == I64())
+        result.setString(QString::number(result.i64_()));
+    else
+        result.clear();
+    return result;
+}
+
+QVariant KeloValue::typed(const QString& wanted) const
+{
+    return type() == wanted ? value(wanted) : QVariant();
 }
 
 void KeloValue::setTyped(const QString& type, const QVariant& value)

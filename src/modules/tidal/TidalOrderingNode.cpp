@@ -85,8 +85,9 @@ bool TidalFilterEnumNode::handleBrowseSetting(const CMSetDataRequest& request)
         return false;
     if (!isOwnPath(request.path()))
         return replyNotFound(request);
-    const QString chosen = KeloValue::fromVariant(request.value()).string_();
-    if (chosen.isEmpty()) {
+    const KeloValue sent = KeloValue::fromVariant(request.value());
+    const QString chosen = sent.string_();
+    if (chosen.isEmpty() || sent.value(KeloValue::String()).userType() != QMetaType::QString) {
         request.reply().setError(
             CMError(CMError::BadRequestName(), KELO_TR("What was sent is no text to choose")));
         return true;

@@ -83,8 +83,15 @@ void TidalWorker::on_move_activation(const CMSetDataRequest& request)
         request.reply().setError(noRowError());
         return;
     }
+    const QString target = m_moveTrack->getRowNum();
+    // A place before the first one would be the last one to the service.
+    if (!isRowNumber(target)) {
+        request.reply().setError(
+            CMError(QStringLiteral("TIDAL"), KELO_TR("The rows of a playlist are counted from 0")));
+        return;
+    }
     m_handler->loopPlaylistManipulation(request, findQueryValue(path, QStringLiteral("playlistId")),
-                                        QVariant(m_moveTrack->getRowNum()));
+                                        QVariant(target));
 }
 
 void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,

@@ -22,8 +22,8 @@ public:
     /// Keeps the value out of the data roles, so that it is read inside the process alone.
     void setSecret(bool secret);
 
-    /// Stores the value and answers with an invalid variant; an error when read-only, or when what
-    /// was sent is no value.
+    /// Stores the value, as one of the type that the node holds already, and answers with an
+    /// invalid variant; an error when read-only, or when what was sent is no value of that type.
     bool setDataRequest(const CMSetDataRequest& request) override;
 
 protected:

@@ -28,6 +28,11 @@ public:
     KeloValue(const KeloHash& hash) : KeloHash(hash) {}
     /// The value of a variant: a hash as it is, a bool, integer, string or list of strings wrapped.
     static KeloValue fromVariant(const QVariant& value);
+    /// The type's name; empty where there is no value.
+    QString type() const { return value(Type()).toString(); }
+    /// The same as a value of a type, where nothing of it is lost: "4" as 4, 1984 as "1984", "true"
+    /// as true. Empty where something would be, and where the hash does not hold what it says.
+    KeloValue convertedTo(const QString& type) const;
 
     bool bool_() const;
     qint64 i64_() const;
