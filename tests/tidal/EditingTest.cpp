@@ -94,6 +94,20 @@ TEST(Editing, SendsMethodPathQueryBodyAndTag)
          [](TidalHandler& h) { h.loopPlaylistManipulation(nobody(), q("u-6"), QVariant()); }},
         {"tracks to add", "GET", "/albums/77/tracks", "countryCode=NO&offset=0&limit=50", "", none,
          [](TidalHandler& h) { h.getTracksForPlaylists(nobody(), q("Albums"), q("77")); }},
+        // Whatever a name holds, it stays one segment, or one value of the body.
+        {"delimiters in an address", "DELETE", "/users/USER/favorites/albums/a?b#c%2Fd&e=", country,
+         "", none,
+         [](TidalHandler& h) {
+             h.on_removeFromFavorites_invoke(nobody(), q("Albums"), q("a?b#c%2Fd&e="));
+         }},
+        {"delimiters in a body", "POST", "/users/USER/favorites/albums", country,
+         "albumId=1%26x%3D2%25", none,
+         [](TidalHandler& h) { h.on_addToFavorites_invoke(nobody(), q("Albums"), q("1&x=2%")); }},
+        {"delimiters in a list", "POST", "/playlists/u-8/tracks", country,
+         "trackIds=1,2%26x%3D3&toIndex=-1", "175",
+         [](TidalHandler& h) { h.addToPlaylist(nobody(), q("u-8"), q("1,2&x=3"), q("175"), -1); }},
+        {"no playlist named", "POST", "/playlists/", country, "title=t", none,
+         [](TidalHandler& h) { h.updatePlaylist(nobody(), q("t"), QString(), QString()); }},
     };
     for (const Wire& wire : wires) {
         SCOPED_TRACE(wire.name);
@@ -144,6 +158,76 @@ TEST(Editing, RefusesWhatItCannotSend)
     world.host()->setValue(tokenPath, empty);
     world.onWorker([&] { handler->loopPlaylistManipulation(edit, q("u"), QVariant()); });
     EXPECT_EQ(edit.reply().error().message(), q("Access token is not set"));
+}
+
+TEST(Editing, SendsNothingToAnAddressThatANameWouldChange)
+{
+    EditWorld world;
+    using Name = const QString&;
+    const auto rows = [] { return CMGetRowsRequest(CMPath(q("/x")), 0, 9, {}); };
+    KeloTidalBrowseSetting setting;
+    CMGetRowsRequest list;
+    CMSetDataRequest edit;
+    const std::function<void(TidalHandler&, Name)> operations[] = {
+        [&](TidalHandler& h, Name n) { h.baseRequest(list, q("featured"), n, q("albums")); },
+        [&](TidalHandler& h, Name n) { h.baseRequest(list, q("featured"), q("new"), n); },
+        [&](TidalHandler& h, Name n) { h.getAlbumTracks(list, n); },
+        [&](TidalHandler& h, Name n) { h.search(list, q("q"), n); },
+        [&](TidalHandler& h, Name n) { h.getArtist(list, n); },
+        [&](TidalHandler& h, Name n) { h.getArtistContent(list, n, q("albums"), QString()); },
+        [&](TidalHandler& h, Name n) { h.getArtistContent(list, q("7"), n, QString()); },
+        [&](TidalHandler& h, Name n) { h.getPlaylistTracks(list, n, setting, QString()); },
+        [&](TidalHandler& h, Name n) { h.getMyMusic(list, n, q("favorites"), &setting); },
+        [&](TidalHandler& h, Name n) { h.getMyMusic(list, n, q("created"), &setting); },
+        [&](TidalHandler& h, Name n) { h.getArtistBio(edit, n); },
+        [&](TidalHandler& h, Name n) { h.on_addToFavorites_invoke(edit, q("Tracks"), n); },
+        [&](TidalHandler& h, Name n) { h.on_removeFromFavorites_invoke(edit, q("Tracks"), n); },
+        [&](TidalHandler& h, Name n) {
+            h.updatePlaylist(edit, q("t"), q("d"), n.isEmpty() ? q("..") : n);
+        },
+        [&](TidalHandler& h, Name n) { h.removePlaylist(edit, n, QString()); },
+        [&](TidalHandler& h, Name n) { h.addToPlaylist(edit, n, q("1"), QString(), 0); },
+        [&](TidalHandler& h, Name n) { h.removeFromPlaylist(edit, n, q("1"), QString()); },
+        [&](TidalHandler& h, Name n) { h.removeFromPlaylist(edit, q("u"), n, QString()); },
+        [&](TidalHandler& h, Name n) { h.moveTrack(edit, q("1"), q("0"), n, QString()); },
+        [&](TidalHandler& h, Name n) { h.moveTrack(edit, n, q("0"), q("u"), QString()); },
+        [&](TidalHandler& h, Name n) { h.loopPlaylistManipulation(edit, n, QVariant()); },
+        [&](TidalHandler& h, Name n) { h.getTracksForPlaylists(edit, n, q("7")); },
+        [&](TidalHandler& h, Name n) { h.getTracksForPlaylists(edit, q("Albums"), n); },
+        [&](TidalHandler& h, Name n) { EXPECT_FALSE(h.track(edit, n)); },
+        [&](TidalHandler& h, Name n) {
+            EXPECT_FALSE(h.streamUrl(n, edit, KeloTidalSoundQualities::LOW_, false));
+        },
+    };
+    world.sim().reset();
+    int number = 0;
+    for (const auto& operation : operations) {
+        for (const char* name : {"", ".", "..", "u-1/tracks/0", "/"}) {
+            list = rows();
+            edit = nobody();
+            world.onWorker([&] { operation(*world.worker()->getHandler(), q(name)); });
+            EXPECT_EQ(list.reply().error().name() + edit.reply().error().name(), q("TIDAL"))
+                << number << " " << name;
+        }
+        ++number;
+    }
+    // A request behind them all shows that none of them was sent.
+    world.onWorker([&] {
+        world.worker()->getHandler()->loopPlaylistManipulation(nobody(), q("u-6"), QVariant());
+    });
+    world.sim().waitForRequests("/playlists/u-6", 1, 20000);
+    EXPECT_EQ(world.requestLog(), QStringList{q("GET /playlists/u-6")});
+
+    // An edit of a playlist that is gone ends with reading it.
+    const QString menu = q("/tidal/playlistcontext/removeFromPlaylists?playlistId=gone&id=gone");
+    EXPECT_EQ(eventPaths(world.set(menu + q("&type=Tracks&rowNum=1"))).size(), 2);
+    world.set(menu + q("&type=Playlists"));
+    const QString move =
+        q("/tidal/myPlaylistTrackscontext/moveTrack/move?playlistId=gone&rowNum=1");
+    EXPECT_EQ(world.set(move).reply().error().message(), q("Non existing track index"));
+    EXPECT_EQ(world.requestLog().filter(q("gone")),
+              (QStringList{q("GET /playlists/gone"), q("GET /playlists/gone"),
+                           q("GET /playlists/gone")}));
 }
 
 TEST(Editing, AnswersByStatusAndBody)

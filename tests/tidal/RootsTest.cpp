@@ -50,12 +50,14 @@ protected:
 const char* const mixed = R"([{"path":"Pop","name":"Pop & <b>Rock</b>","image":"a-b-c"}, 7, null,
     {"name":"no path"}, {"path":"","name":"empty"}, {"path":"a/b","name":"slash"},
     {"path":"a?b","name":"query"}, {"path":"Pop","name":"again"},
-    {"path":"Hip Hop","name":"Hip Hop","image":null}])";
+    {"path":"..","name":"up"}, {"path":"Hip Hop","name":"Hip Hop","image":null},
+    {"path":"R#B%2F","name":"marks"}])";
 
 TEST_F(RootsTest, GenresBecomeMenusOfThreeLists)
 {
     give(genres, mixed);
-    EXPECT_EQ(column(q("/tidal/genres")), (QStringList{q("Pop & <b>Rock</b>"), q("Hip Hop")}));
+    EXPECT_EQ(column(q("/tidal/genres")),
+              (QStringList{q("Pop & <b>Rock</b>"), q("Hip Hop"), q("marks")}));
     EXPECT_EQ(rowAt(q("/tidal/genres"), 0).value(KeloRoles::Icon()),
               q("http://images/a/b/c/160.jpg"));
     EXPECT_FALSE(rowAt(q("/tidal/genres"), 1).value(KeloRoles::Icon()).isValid());
@@ -81,7 +83,7 @@ TEST_F(RootsTest, MoodsBecomeListsOfPlaylists)
 {
     give(moods, mixed);
     EXPECT_EQ(column(q("/tidal/playlists"), KeloRoles::Title()),
-              (QStringList{q("Pop & <b>Rock</b>"), q("Hip Hop")}));
+              (QStringList{q("Pop & <b>Rock</b>"), q("Hip Hop"), q("marks")}));
     const QVariantHash row = rowAt(q("/tidal/playlists"), 0);
     EXPECT_EQ(row.value(KeloRoles::Path()), q("/tidal/playlists/req/moods/Pop/playlists"));
     EXPECT_EQ(row.value(KeloRoles::Icon()), q("http://images/a/b/c/342x342.jpg"));
@@ -89,6 +91,9 @@ TEST_F(RootsTest, MoodsBecomeListsOfPlaylists)
               q("/tidal/trackOrderingcontext"));
     wait(askRows(row.value(KeloRoles::Path()).toString()).reply());
     EXPECT_EQ(m_service.requestCount("/v1/moods/Pop/playlists?"), 1);
+    const QString marks = rowAt(q("/tidal/playlists"), 2).value(KeloRoles::Path()).toString();
+    wait(askRows(marks).reply());
+    EXPECT_EQ(m_service.requestCount("/v1/moods/R%23B%252F/playlists?"), 1);
 }
 
 TEST_F(RootsTest, MenusAreFilledOnce)

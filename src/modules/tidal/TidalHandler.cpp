@@ -7,6 +7,7 @@
 #include <kelo/KeloOAuth2.h>
 #include <kelo/KeloTidalConstants.h>
 #include <kelo/KeloUrl.h>
+#include <QUrl>
 
 namespace {
 constexpr int getTimeoutMs = 30000;
@@ -26,6 +27,21 @@ KeloUrl requestUrl(const QString& apiUrl, const QString& path, const TidalHandle
     url.setUrl(apiUrl + path);
     url.setQueryItems(query);
     return url;
+}
+
+/// Whether a text can be one segment of a path. A "/" cannot even when it is escaped, because many
+/// a server decodes before it looks for segments; "." and ".." are taken out on the way (RFC 3986
+/// 5.2.4).
+bool isSegment(const QString& text)
+{
+    return !text.isEmpty() && text != QLatin1String(".") && text != QLatin1String("..") &&
+           !text.contains(QLatin1Char('/'));
+}
+
+/// What need not be escaped in a segment stays as it is (RFC 3986 3.3).
+QString encodedSegment(const QString& text)
+{
+    return QString::fromLatin1(QUrl::toPercentEncoding(text, "!$&'()*+,;=:@"));
 }
 
 HttpClientOptions requestOptions(const HttpClientPrivate& userData, int timeoutMs,
@@ -149,9 +165,37 @@ QString TidalHandler::userPath(const QString& subPath) const
            subPath;
 }
 
+QString TidalHandler::pathOf(const CMRequest& request, std::initializer_list<QString> segments)
+{
+    QString path;
+    for (const QString& segment : segments) {
+        if (!isSegment(segment)) {
+            KELO_LOG("Tidal", WARN) << "Not an identifier: " << segment;
+            request.reply().setError(
+                CMError(QStringLiteral("TIDAL"),
+                        segment.isEmpty() ? KELO_TR("What this is about is not said")
+                                          : TrString(TrCharData{trExtractContext(Q_FUNC_INFO),
+                                                                "%1 is no identifier", nullptr},
+                                                     {segment})));
+            return QString();
+        }
+        path += QLatin1Char('/') + encodedSegment(segment);
+    }
+    return path;
+}
+
+QString TidalHandler::userPathOf(const CMRequest& request,
+                                 std::initializer_list<QString> segments) const
+{
+    const QString path = pathOf(request, segments);
+    return path.isEmpty() ? QString() : userPath(path);
+}
+
 void TidalHandler::sendGet(const QString& path, Query query, const char* member,
                            const HttpClientPrivate& userData)
 {
+    if (path.isEmpty())
+        return;
     get(path, query, &m_responder, member, userData, getTimeoutMs, getReadSizeLimit);
 }
 

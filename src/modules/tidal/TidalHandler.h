@@ -140,10 +140,16 @@ private:
     Query countryQuery() const;
     /// Path of something of the user's: "/users/" user id and the sub-path.
     QString userPath(const QString& subPath) const;
-    /// A GET with the limits of this service, answered at the responder.
+    /// Path of these segments, whatever stands in them: none of them becomes two, or none. Empty,
+    /// with an error on the request, where one cannot be a segment.
+    static QString pathOf(const CMRequest& request, std::initializer_list<QString> segments);
+    /// The same of something of the user's.
+    QString userPathOf(const CMRequest& request, std::initializer_list<QString> segments) const;
+    /// A GET with the limits of this service, answered at the responder. Nothing where there is no
+    /// path.
     void sendGet(const QString& path, Query query, const char* member,
                  const HttpClientPrivate& userData);
-    /// A POST and a DELETE with the limits of this service, answered at the responder.
+    /// Likewise a POST and a DELETE.
     void sendPost(const QString& path, Query query, QString body, const char* member,
                   const HttpClientPrivate& userData, const HttpClientHeaders& headers);
     void sendDelete(const QString& path, Query query, const HttpClientPrivate& userData,

@@ -104,8 +104,7 @@ void TidalHandler::baseRequest(CMGetRowsRequest const& request, QString const& t
     }
     Query query = countryQuery();
     addPaging(query, request);
-    sendGet(QLatin1Char('/') + type + QLatin1Char('/') + id + QLatin1Char('/') + list, query,
-            rowsMember, userDataOf(request));
+    sendGet(pathOf(request, {type, id, list}), query, rowsMember, userDataOf(request));
 }
 
 void TidalHandler::getAlbumTracks(CMGetRowsRequest const& request, QString const& albumId)
@@ -114,8 +113,8 @@ void TidalHandler::getAlbumTracks(CMGetRowsRequest const& request, QString const
         return;
     Query query = countryQuery();
     addPaging(query, request);
-    sendGet(QStringLiteral("/albums/") + albumId + QStringLiteral("/tracks"), query, rowsMember,
-            userDataOf(request));
+    sendGet(pathOf(request, {QStringLiteral("albums"), albumId, QStringLiteral("tracks")}), query,
+            rowsMember, userDataOf(request));
 }
 
 void TidalHandler::search(CMGetRowsRequest const& request, QString const& query,
@@ -127,15 +126,16 @@ void TidalHandler::search(CMGetRowsRequest const& request, QString const& query,
     addItem(items, "query", query);
     items += countryQuery();
     addPaging(items, request);
-    sendGet(QStringLiteral("/search/") + type, items, rowsMember, userDataOf(request));
+    sendGet(pathOf(request, {QStringLiteral("search"), type}), items, rowsMember,
+            userDataOf(request));
 }
 
 void TidalHandler::getArtist(CMGetRowsRequest request, QString const& artistId)
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
-    sendGet(QStringLiteral("/artists/") + artistId, countryQuery(), "on_artistResponse_invoke",
-            userDataOf(request));
+    sendGet(pathOf(request, {QStringLiteral("artists"), artistId}), countryQuery(),
+            "on_artistResponse_invoke", userDataOf(request));
 }
 
 void TidalHandler::getArtistContent(CMGetRowsRequest request, QString const& artistId,
@@ -151,7 +151,7 @@ void TidalHandler::getArtistContent(CMGetRowsRequest request, QString const& art
     // The radio is kept whole, so it is asked for whole.
     addItem(query, "limit",
             content == KeloTidalArtistRadio() ? QString::number(maxPageSize) : limitOf(request));
-    sendGet(QStringLiteral("/artists/") + artistId + QLatin1Char('/') + content, query,
+    sendGet(pathOf(request, {QStringLiteral("artists"), artistId, content}), query,
             "on_artistContentResponse_invoke", userDataOf(request));
 }
 
@@ -159,8 +159,8 @@ void TidalHandler::getArtistBio(CMSetDataRequest request, QString const& artistI
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
-    sendGet(QStringLiteral("/artists/") + artistId + QStringLiteral("/bio"), countryQuery(),
-            "on_artistBioResponse_invoke", userDataOf(request));
+    sendGet(pathOf(request, {QStringLiteral("artists"), artistId, QStringLiteral("bio")}),
+            countryQuery(), "on_artistBioResponse_invoke", userDataOf(request));
 }
 
 void TidalHandler::getPlaylistTracks(CMGetRowsRequest const& request, QString const& playlistId,
@@ -177,8 +177,8 @@ void TidalHandler::getPlaylistTracks(CMGetRowsRequest const& request, QString co
         const CMSetDataRequest secondary(request.path(), KeloRoles::Id(), marker, CMVoidReply());
         userData = HttpClientPrivate(HttpClientPrivate::Data(request, secondary));
     }
-    sendGet(QStringLiteral("/playlists/") + playlistId + QStringLiteral("/tracks"), query,
-            rowsMember, userData);
+    sendGet(pathOf(request, {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks")}),
+            query, rowsMember, userData);
 }
 
 void TidalHandler::getMyMusic(CMGetRowsRequest const& request, QString const& type,
@@ -199,8 +199,8 @@ void TidalHandler::getMyMusic(CMGetRowsRequest const& request, QString const& ty
         addItem(query, "order", orderText(*setting));
     addItem(query, "filter", filterText(*setting));
     const bool isFavorites = group == QLatin1String("favorites");
-    sendGet(userPath((isFavorites ? QStringLiteral("/favorites/") : QStringLiteral("/")) + type),
-            query, rowsMember, userDataOf(request));
+    sendGet(isFavorites ? userPathOf(request, {group, type}) : userPathOf(request, {type}), query,
+            rowsMember, userDataOf(request));
 }
 
 void TidalHandler::getContentRoots(QString const& type)

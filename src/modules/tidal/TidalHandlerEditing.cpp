@@ -33,9 +33,11 @@ HttpClientHeaders tagHeaders(QString etag)
     return headers;
 }
 
-QString playlistPath(const QString& playlistId)
+/// A value of a form's body: in none of its forms does it begin another field. Commas stay, the
+/// service takes them between identifiers.
+QString formValue(const QString& text)
 {
-    return QStringLiteral("/playlists/") + playlistId;
+    return QString::fromLatin1(KeloUrl::toPercentEncoding(text).replace("%2C", ","));
 }
 
 /// Body key by which the service takes a new favorite of a kind; null for an unknown kind.
@@ -75,6 +77,8 @@ bool TidalHandler::checkUser(const CMRequest& request, const QString& domain,
 void TidalHandler::sendPost(const QString& path, Query query, QString body, const char* member,
                             const HttpClientPrivate& userData, const HttpClientHeaders& headers)
 {
+    if (path.isEmpty())
+        return;
     post(path, query, body, &m_responder, member, userData, editTimeoutMs, headers,
          editReadSizeLimit);
 }
@@ -82,6 +86,8 @@ void TidalHandler::sendPost(const QString& path, Query query, QString body, cons
 void TidalHandler::sendDelete(const QString& path, Query query, const HttpClientPrivate& userData,
                               const HttpClientHeaders& headers)
 {
+    if (path.isEmpty())
+        return;
     deleteCall(path, query, &m_responder, answerMember, userData, editTimeoutMs, headers,
                editReadSizeLimit);
 }
@@ -100,7 +106,7 @@ void TidalHandler::on_isFavorite_invoke(CMGetDataRequest const& request,
     }
     Query query = countryQuery();
     query.append({QStringLiteral("limit"), QStringLiteral("50")});
-    sendGet(userPath(QStringLiteral("/favorites/") + kind.toLower()), query,
+    sendGet(userPathOf(request, {QStringLiteral("favorites"), kind.toLower()}), query,
             "on_isFavoriteReponse_invoke",
             HttpClientPrivate(HttpClientPrivate::Data(request, prepared)));
 }
@@ -118,8 +124,12 @@ void TidalHandler::on_addToFavorites_invoke(CMSetDataRequest const& request, QSt
             CMError(KeloService_Tidal_Id(), KELO_TR("This cannot be a favorite")));
         return;
     }
-    sendPost(userPath(QStringLiteral("/favorites/") + kind.toLower()), countryQuery(),
-             QLatin1String(key) + id, answerMember, userDataOf(request), HttpClientHeaders());
+    // What no address could take away again is not put there either.
+    if (pathOf(request, {id}).isEmpty())
+        return;
+    sendPost(userPathOf(request, {QStringLiteral("favorites"), kind.toLower()}), countryQuery(),
+             QLatin1String(key) + formValue(id), answerMember, userDataOf(request),
+             HttpClientHeaders());
 }
 
 void TidalHandler::on_removeFromFavorites_invoke(CMSetDataRequest const& request,
@@ -134,7 +144,7 @@ void TidalHandler::on_removeFromFavorites_invoke(CMSetDataRequest const& request
             CMError(KeloService_Tidal_Id(), KELO_TR("This cannot be a favorite")));
         return;
     }
-    sendDelete(userPath(QStringLiteral("/favorites/") + kind.toLower() + QLatin1Char('/') + id),
+    sendDelete(userPathOf(request, {QStringLiteral("favorites"), kind.toLower(), id}),
                countryQuery(), userDataOf(request), HttpClientHeaders());
 }
 
@@ -156,8 +166,12 @@ void TidalHandler::updatePlaylist(CMSetDataRequest const& request, QString const
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
-    sendPost(playlistPath(playlistId), countryQuery(), playlistBody(title, description),
-             "on_updatePlaylist_invoke", userDataOf(request), HttpClientHeaders());
+    // A form that was opened for no playlist is the service's to refuse; deliberate.
+    const QString path = playlistId.isEmpty()
+                             ? QStringLiteral("/playlists/")
+                             : pathOf(request, {QStringLiteral("playlists"), playlistId});
+    sendPost(path, countryQuery(), playlistBody(title, description), "on_updatePlaylist_invoke",
+             userDataOf(request), HttpClientHeaders());
 }
 
 void TidalHandler::removePlaylist(CMSetDataRequest const& request, QString const& playlistId,
@@ -165,7 +179,8 @@ void TidalHandler::removePlaylist(CMSetDataRequest const& request, QString const
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
-    sendDelete(playlistPath(playlistId), countryQuery(), userDataOf(request), tagHeaders(etag));
+    sendDelete(pathOf(request, {QStringLiteral("playlists"), playlistId}), countryQuery(),
+               userDataOf(request), tagHeaders(etag));
 }
 
 void TidalHandler::addToPlaylist(CMSetDataRequest const& request, QString const& playlistId,
@@ -173,10 +188,11 @@ void TidalHandler::addToPlaylist(CMSetDataRequest const& request, QString const&
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
-    const QString body = QStringLiteral("trackIds=") + trackIds + QStringLiteral("&toIndex=") +
-                         QString::number(toIndex);
-    sendPost(playlistPath(playlistId) + QStringLiteral("/tracks"), countryQuery(), body,
-             answerMember, userDataOf(request, playlistId, trackIds), tagHeaders(etag));
+    const QString body = QStringLiteral("trackIds=") + formValue(trackIds) +
+                         QStringLiteral("&toIndex=") + QString::number(toIndex);
+    sendPost(pathOf(request, {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks")}),
+             countryQuery(), body, answerMember, userDataOf(request, playlistId, trackIds),
+             tagHeaders(etag));
 }
 
 void TidalHandler::removeFromPlaylist(CMSetDataRequest const& request, QString const& playlistId,
@@ -184,8 +200,9 @@ void TidalHandler::removeFromPlaylist(CMSetDataRequest const& request, QString c
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
-    sendDelete(playlistPath(playlistId) + QStringLiteral("/tracks/") + indices, countryQuery(),
-               userDataOf(request, playlistId, indices), tagHeaders(etag));
+    sendDelete(pathOf(request,
+                      {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks"), indices}),
+               countryQuery(), userDataOf(request, playlistId, indices), tagHeaders(etag));
 }
 
 void TidalHandler::moveTrack(CMSetDataRequest const& request, QString const& index,
@@ -194,9 +211,10 @@ void TidalHandler::moveTrack(CMSetDataRequest const& request, QString const& ind
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
     // Without a country, alone among the requests; deliberate, the service asks for none here.
-    sendPost(playlistPath(playlistId) + QStringLiteral("/tracks/") + index, Query(),
-             QStringLiteral("toIndex=") + toIndex, "on_movePlaylistTrack_invoke",
-             userDataOf(request), tagHeaders(etag));
+    sendPost(
+        pathOf(request, {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks"), index}),
+        Query(), QStringLiteral("toIndex=") + formValue(toIndex), "on_movePlaylistTrack_invoke",
+        userDataOf(request), tagHeaders(etag));
 }
 
 void TidalHandler::loopPlaylistManipulation(CMSetDataRequest const& request,
@@ -204,8 +222,8 @@ void TidalHandler::loopPlaylistManipulation(CMSetDataRequest const& request,
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
         return;
-    sendGet(playlistPath(playlistId), countryQuery(), "on_playlistRepeatReponse_invoke",
-            userDataOf(request, playlistId, argument));
+    sendGet(pathOf(request, {QStringLiteral("playlists"), playlistId}), countryQuery(),
+            "on_playlistRepeatReponse_invoke", userDataOf(request, playlistId, argument));
 }
 
 void TidalHandler::getTracksForPlaylists(CMSetDataRequest const& request, QString const& kind,
@@ -216,6 +234,6 @@ void TidalHandler::getTracksForPlaylists(CMSetDataRequest const& request, QStrin
     Query query = countryQuery();
     query.append({QStringLiteral("offset"), QStringLiteral("0")});
     query.append({QStringLiteral("limit"), QStringLiteral("50")});
-    sendGet(QLatin1Char('/') + kind.toLower() + QLatin1Char('/') + id + QStringLiteral("/tracks"),
-            query, "on_addToPlaylistResponse_invoke", userDataOf(request));
+    sendGet(pathOf(request, {kind.toLower(), id, QStringLiteral("tracks")}), query,
+            "on_addToPlaylistResponse_invoke", userDataOf(request));
 }

@@ -24,10 +24,6 @@ bool usePostPaywall()
     return KeloValue(KeloHash(value.toHash())).bool_();
 }
 
-QString trackPath(const QString& trackId)
-{
-    return KeloTidalApiPathTracks() + QLatin1Char('/') + trackId;
-}
 } // namespace
 
 bool TidalHandler::retrieveSession()
@@ -56,15 +52,19 @@ bool TidalHandler::track(CMSetDataRequest const& request, QString const& trackId
         request.reply().setError(CMError(QStringLiteral("TIDAL"), KELO_TR("Missing track ID")));
         return false;
     }
-    sendGet(trackPath(trackId), countryQuery(), answerMember,
+    const QString path = pathOf(request, {QStringLiteral("tracks"), trackId});
+    sendGet(path, countryQuery(), answerMember,
             HttpClientPrivate(HttpClientPrivate::Data(request)));
-    return true;
+    return !path.isEmpty();
 }
 
 bool TidalHandler::streamUrl(QString const& trackId, CMSetDataRequest const& request,
                              KeloTidalSoundQualities::Enum quality, bool offline)
 {
     if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+        return false;
+    const QString path = pathOf(request, {QStringLiteral("tracks"), trackId});
+    if (path.isEmpty())
         return false;
     const auto highest = m_account.highestSoundQuality().soundQuality();
     const auto effective = int(highest) < int(quality) ? highest : quality;
@@ -75,7 +75,7 @@ bool TidalHandler::streamUrl(QString const& trackId, CMSetDataRequest const& req
     query.append({QStringLiteral("audioquality"), qualityName(effective)});
     const QString& suffix = usePostPaywall() ? KeloTidalApiPathPlaybackInfoPostPaywall()
                                              : KeloTidalApiPathPlaybackInfoPrePaywall();
-    sendGet(trackPath(trackId) + suffix, query, answerMember,
+    sendGet(path + suffix, query, answerMember,
             HttpClientPrivate(HttpClientPrivate::Data(request)));
     return true;
 }

@@ -27,6 +27,11 @@ CMError serviceError(int status, const QByteArray& body)
     return editError(TrString(message));
 }
 
+CMError noTrackError()
+{
+    return editError(TrString(TrCharData{"TIDAL", "Non existing track index", nullptr}));
+}
+
 template <class List, class IdOf>
 bool hasFavorite(const KeloJson& answer, const QString& id, IdOf idOf)
 {
@@ -112,13 +117,12 @@ void TidalNodeResponder::on_movePlaylistTrack_invoke(KeloUrl const&, HttpClientP
     const KeloTidalApiErrorResponse error(KeloJson::parse(output));
     // Without a status in the body the request is left to its deadline; deliberate.
     if (error.contains(KeloTidalApiErrorResponse::Status()))
-        request.reply().setError(
-            editError(TrString(TrCharData{"TIDAL", "Non existing track index", nullptr})));
+        request.reply().setError(noTrackError());
 }
 
-void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const&,
-                                                         HttpClientPrivate const& priv, int, int,
-                                                         QByteArray const& output,
+void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const& url,
+                                                         HttpClientPrivate const& priv, int status,
+                                                         int code, QByteArray const& output,
                                                          HttpClientHeaders header)
 {
     const CMSetDataRequest request = priv.getCMSetDataRequest();
@@ -132,6 +136,13 @@ void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const&,
     const KeloTidalApiPlaylistResponse playlist(KeloJson::parse(output, &error));
     if (error.isSet()) {
         KELO_LOG("Tidal", WARN) << "Error occured in parsing response";
+        return;
+    }
+    if (playlist.uuid().isEmpty()) {
+        // An answer without a playlist leaves nothing to edit, so it ends as a refused edit does.
+        on_response_invoke(url, priv, status, code, output, header);
+        if (request.path().contains(KeloTidalMoveTrack()))
+            request.reply().setError(noTrackError());
         return;
     }
     const CMSetDataRequest secondary(priv.getCMRequestSec());

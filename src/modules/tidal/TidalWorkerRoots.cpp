@@ -21,7 +21,8 @@ Node* firstAt(const QList<Node*>& nodes, const CMPath& path)
 bool isUsable(const KeloTidalApiContentRoots& root)
 {
     const QString key = root.path();
-    if (key.contains(QLatin1Char('/')) || key.contains(QLatin1Char('?'))) {
+    if (key.contains(QLatin1Char('/')) || key.contains(QLatin1Char('?')) ||
+        key == QLatin1String(".") || key == QLatin1String("..")) {
         KELO_LOG("Tidal", WARN) << "Skipping a content root, its path cannot be used: " << key;
         return false;
     }
