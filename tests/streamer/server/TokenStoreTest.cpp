@@ -1,6 +1,7 @@
 #include "LoginWorld.h"
 
 #include <gtest/gtest.h>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <sys/stat.h>
@@ -46,6 +47,19 @@ TEST(TokenStoreTest, KeepsTokensForTheOwnerAlone)
     auto otherService = info;
     otherService.setTokenUrl(QStringLiteral("https://elsewhere.invalid/token"));
     EXPECT_TRUE(store.load(otherService).isEmpty());
+
+    // An end in the middle of saving leaves a draft; what else stands there is not ours to remove.
+    const QStringList others{QStringLiteral("tidal.json.new.new"), QStringLiteral("else.json.new"),
+                             QStringLiteral("tidal.new")};
+    const QDir place(QFileInfo(store.fileName(info)).path());
+    for (const QString& name : others + QStringList{QStringLiteral("tidal.json.new")}) {
+        QFile file(place.filePath(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("{\"acc") > 0);
+    }
+    EXPECT_EQ(store.load(info).access.reveal(), "A");
+    EXPECT_FALSE(place.exists(QStringLiteral("tidal.json.new")));
+    for (const QString& name : others)
+        EXPECT_TRUE(place.exists(name)) << name.toStdString();
 
     store.remove(info);
     EXPECT_TRUE(store.load(info).isEmpty());

@@ -1,14 +1,14 @@
 #include "TokenStore.h"
 
+#include "KeptFile.h"
+
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <kelo/KeloJson.h>
 #include <QDir>
 #include <QFile>
 #include <QVariantHash>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -18,45 +18,6 @@ void logFailure(const char* what, const QString& file)
 {
     const int number = errno;
     KELO_LOG("OAuth2", ERROR) << what << " " << file << ": " << std::strerror(number);
-}
-
-bool writeAll(int fd, const QByteArray& bytes)
-{
-    qint64 done = 0;
-    while (done < bytes.size()) {
-        const ssize_t step = ::write(fd, bytes.constData() + done, size_t(bytes.size() - done));
-        if (step < 0 && errno == EINTR)
-            continue;
-        if (step <= 0)
-            return false;
-        done += step;
-    }
-    return true;
-}
-
-/// Writes a new file of the owner's alone and waits until it is on disk.
-bool writeFile(const QByteArray& name, const QByteArray& bytes)
-{
-    const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW,
-                          S_IRUSR | S_IWUSR);
-    if (fd < 0)
-        return false;
-    const bool isWritten =
-        ::fchmod(fd, S_IRUSR | S_IWUSR) == 0 && writeAll(fd, bytes) && ::fsync(fd) == 0;
-    const int number = errno;
-    ::close(fd);
-    errno = number;
-    return isWritten;
-}
-
-bool syncFolder(const QByteArray& name)
-{
-    const int fd = ::open(name.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0)
-        return false;
-    const bool isSynced = ::fsync(fd) == 0;
-    ::close(fd);
-    return isSynced;
 }
 
 } // namespace
@@ -69,6 +30,7 @@ QString TokenStore::fileName(const KeloOAuth2ServiceInfo& info) const
 TokenSet TokenStore::load(const KeloOAuth2ServiceInfo& info) const
 {
     TokenSet tokens;
+    KeptFile(fileName(info)).removeDraft();
     QFile file(fileName(info));
     if (!file.exists())
         return tokens;
@@ -120,26 +82,16 @@ bool TokenStore::save(const KeloOAuth2ServiceInfo& info, const TokenSet& tokens)
     fields.insert(QStringLiteral("obtainedAtMs"), tokens.obtainedAtMs);
     fields.insert(QStringLiteral("lifetimeMs"), tokens.lifetimeMs);
 
-    const QByteArray name = QFile::encodeName(fileName(info));
-    const QByteArray draft = name + ".new";
-    if (!writeFile(draft, KeloJson::write(fields)) ||
-        ::rename(draft.constData(), name.constData()) != 0) {
-        logFailure("Cannot write", fileName(info));
-        ::unlink(draft.constData());
-        return false;
-    }
-    if (!syncFolder(QFile::encodeName(m_folder))) {
-        logFailure("Cannot write", m_folder);
-        return false;
-    }
-    return true;
+    QString error;
+    if (KeptFile(fileName(info)).write(KeloJson::write(fields), &error))
+        return true;
+    KELO_LOG("OAuth2", ERROR) << "Cannot write " << fileName(info) << ": " << error;
+    return false;
 }
 
 void TokenStore::remove(const KeloOAuth2ServiceInfo& info) const
 {
-    const QByteArray name = QFile::encodeName(fileName(info));
-    if (::unlink(name.constData()) != 0 && errno != ENOENT)
-        logFailure("Cannot remove", fileName(info));
-    else
-        syncFolder(QFile::encodeName(m_folder));
+    QString error;
+    if (!KeptFile(fileName(info)).remove(&error))
+        KELO_LOG("OAuth2", ERROR) << "Cannot remove " << fileName(info) << ": " << error;
 }

@@ -13,7 +13,7 @@ public:
     explicit TokenStore(const QString& folder) : m_folder(folder) {}
 
     /// The tokens of a service; empty when there are none. A file that cannot be read counts as
-    /// none and is reported.
+    /// none and is reported. For the start: a draft that an end in the middle of save() left goes.
     TokenSet load(const KeloOAuth2ServiceInfo& info) const;
     /// On disk when it returns true; else the old file still stands, and the log says why.
     [[nodiscard]] bool save(const KeloOAuth2ServiceInfo& info, const TokenSet& tokens) const;

@@ -1,10 +1,10 @@
 #include "PlayerStore.h"
+#include "KeptFile.h"
 #include <algorithm>
 #include <kelo/KeloLog.h>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 
 namespace {
 constexpr qint64 maxFileSize = 65536;
@@ -83,8 +83,11 @@ PlayerStore::PlayerStore(const QString& stateDir)
 PlayerStore::Kept PlayerStore::load() const
 {
     Kept kept;
+    if (m_file.isEmpty())
+        return kept;
+    KeptFile(m_file).removeDraft();
     QFile file(m_file);
-    if (m_file.isEmpty() || !file.open(QIODevice::ReadOnly))
+    if (!file.open(QIODevice::ReadOnly))
         return kept;
     QJsonParseError error;
     const QJsonObject json = QJsonDocument::fromJson(file.read(maxFileSize), &error).object();
@@ -128,13 +131,11 @@ void PlayerStore::save(const Kept& kept)
 
 bool PlayerStore::writeAll(const QByteArray& head, const QByteArray& rest) const
 {
-    QSaveFile file(m_file);
-    const bool isWritten = file.open(QIODevice::WriteOnly) &&
-                           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-                           file.write(head + rest) == head.size() + rest.size() && file.commit();
-    if (!isWritten)
-        KELO_LOG("player", ERROR) << "cannot write " << m_file << ": " << file.errorString();
-    return isWritten;
+    QString error;
+    if (KeptFile(m_file).write(head + rest, &error))
+        return true;
+    KELO_LOG("player", ERROR) << "cannot write " << m_file << ": " << error;
+    return false;
 }
 
 bool PlayerStore::writeHead(const QByteArray& head) const

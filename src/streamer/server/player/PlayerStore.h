@@ -22,6 +22,7 @@ public:
     /// An empty folder keeps nothing.
     explicit PlayerStore(const QString& stateDir);
 
+    /// For the start: a draft that an end in the middle of save() left goes.
     Kept load() const;
     /// Writes when something has changed since the last time. A failure is logged.
     void save(const Kept& kept);
