@@ -38,10 +38,7 @@ void TreeLogin::onValue(const KeloOAuth2Info& info)
         m_info = info;
         m_publishedAtMs = steadyMs();
     }
-    const QJsonObject json = status();
-    std::lock_guard<std::mutex> lock(m_listenersMutex);
-    for (const auto& listener : m_listeners)
-        listener.second(json);
+    m_listeners.notify(status());
 }
 
 QJsonObject TreeLogin::status() const
@@ -84,13 +81,10 @@ CMReply<QVariant> TreeLogin::logout()
 
 quint64 TreeLogin::addListener(Listener listener)
 {
-    std::lock_guard<std::mutex> lock(m_listenersMutex);
-    m_listeners.emplace(++m_lastId, std::move(listener));
-    return m_lastId;
+    return m_listeners.add(std::move(listener));
 }
 
 void TreeLogin::removeListener(quint64 id)
 {
-    std::lock_guard<std::mutex> lock(m_listenersMutex);
-    m_listeners.erase(id);
+    m_listeners.remove(id);
 }

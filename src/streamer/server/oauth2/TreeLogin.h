@@ -1,9 +1,9 @@
 #pragma once
 #include "LoginControl.h"
+#include "StatusListeners.h"
 
 #include <kelo/CMPath.h>
 #include <kelo/KeloOAuth2.h>
-#include <map>
 #include <mutex>
 
 /// The login of one service as the web API wants it, read from and driven through the content tree.
@@ -27,9 +27,7 @@ private:
     CMPath m_path;
     quint64 m_watch = 0;
     mutable std::mutex m_mutex;
-    KeloOAuth2Info m_info;       ///< the latest; guarded by the mutex
-    qint64 m_publishedAtMs = 0;  ///< steady time of m_info; guarded by the mutex
-    std::mutex m_listenersMutex; ///< held while listeners run, so that removal waits for them
-    std::map<quint64, Listener> m_listeners;
-    quint64 m_lastId = 0;
+    KeloOAuth2Info m_info;      ///< the latest; guarded by the mutex
+    qint64 m_publishedAtMs = 0; ///< steady time of m_info; guarded by the mutex
+    StatusListeners m_listeners;
 };
