@@ -448,6 +448,13 @@ TEST(HttpClientTest, RecordsWhatMayBeShownOfItsCalls)
                                      .arg(base)
                                      .toStdString());
     EXPECT_EQ(seen, (std::vector<quint64>{begin + 1, begin + 2, begin + 3}));
+    QStringList reasons;
+    for (int failure = HttpClient::NoFailure; failure <= HttpClient::CertificateDate; ++failure) {
+        HttpCallRecord record;
+        record.failure = failure;
+        reasons += record.error();
+    }
+    EXPECT_EQ(reasons.removeDuplicates(), 0) << "each failure has words of its own";
     for (int i = 0; i < HttpCallLog::mostRecords + 5; ++i)
         log.add(HttpCallRecord());
     EXPECT_EQ(log.recordsAfter(0).size(), HttpCallLog::mostRecords);

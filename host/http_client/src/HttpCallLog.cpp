@@ -49,6 +49,8 @@ QString HttpCallRecord::error() const
         return QStringLiteral("connection failed");
     case HttpClient::TlsFailed:
         return QStringLiteral("certificate refused");
+    case HttpClient::CertificateDate:
+        return QStringLiteral("certificate not valid at this time");
     case HttpClient::BadUrl:
         return QStringLiteral("bad address");
     default:
