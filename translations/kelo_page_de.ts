@@ -527,5 +527,13 @@
         <source>(empty)</source>
         <translation>(leer)</translation>
     </message>
+    <message>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>Warten auf den Musikdienst, %1 s</translation>
+    </message>
+    <message>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>Warten auf den Streamer, %1 s</translation>
+    </message>
 </context>
 </TS>

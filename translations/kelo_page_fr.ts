@@ -527,5 +527,13 @@
         <source>(empty)</source>
         <translation>(vide)</translation>
     </message>
+    <message>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>En attente du service de musique, %1 s</translation>
+    </message>
+    <message>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>En attente du streamer, %1 s</translation>
+    </message>
 </context>
 </TS>

@@ -527,5 +527,13 @@
         <source>(empty)</source>
         <translation>（空）</translation>
     </message>
+    <message>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>音楽サービスの応答を待っています（%1 秒）</translation>
+    </message>
+    <message>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>ストリーマーの応答を待っています（%1 秒）</translation>
+    </message>
 </context>
 </TS>

@@ -527,5 +527,13 @@
         <source>(empty)</source>
         <translation>(tom)</translation>
     </message>
+    <message>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>Venter på musikktjenesten, %1 s</translation>
+    </message>
+    <message>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>Venter på streameren, %1 s</translation>
+    </message>
 </context>
 </TS>

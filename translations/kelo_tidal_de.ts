@@ -136,6 +136,17 @@
     </message>
 </context>
 <context>
+    <name>LateAnswer</name>
+    <message>
+        <source>waiting for the music service, %1 s</source>
+        <translation>wartet auf den Musikdienst, %1 s</translation>
+    </message>
+    <message>
+        <source>waiting for the streamer, %1 s</source>
+        <translation>wartet auf den Streamer, %1 s</translation>
+    </message>
+</context>
+<context>
     <name>Login</name>
     <message>
         <source>No login code: %1.</source>

@@ -136,6 +136,17 @@
     </message>
 </context>
 <context>
+    <name>LateAnswer</name>
+    <message>
+        <source>waiting for the music service, %1 s</source>
+        <translation>en attente du service de musique, %1 s</translation>
+    </message>
+    <message>
+        <source>waiting for the streamer, %1 s</source>
+        <translation>en attente du streamer, %1 s</translation>
+    </message>
+</context>
+<context>
     <name>Login</name>
     <message>
         <source>No login code: %1.</source>

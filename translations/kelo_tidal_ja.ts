@@ -136,6 +136,17 @@
     </message>
 </context>
 <context>
+    <name>LateAnswer</name>
+    <message>
+        <source>waiting for the music service, %1 s</source>
+        <translation>音楽サービスの応答を待っています（%1 秒）</translation>
+    </message>
+    <message>
+        <source>waiting for the streamer, %1 s</source>
+        <translation>ストリーマーの応答を待っています（%1 秒）</translation>
+    </message>
+</context>
+<context>
     <name>Login</name>
     <message>
         <source>No login code: %1.</source>

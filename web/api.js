@@ -12,6 +12,7 @@ export class ApiError extends Error {
 }
 
 const watchers = new Set();
+const underWay = new Set(); // oldest first
 let session = null;
 
 /** Tells of every call: {method, target, status, milliseconds, body}. For the developer's drawer. */
@@ -20,8 +21,23 @@ export function watchCalls(watcher) {
   return () => watchers.delete(watcher);
 }
 
+/** When the oldest of the calls under way began that are not older than this; null when there is none. */
+export function callSince(begin) {
+  for (const call of underWay) if (call.begin >= begin) return call.begin;
+  return null;
+}
+
 async function send(method, target, body, headers, signal) {
-  const begin = performance.now();
+  const call = { begin: performance.now() };
+  underWay.add(call);
+  try {
+    return await exchange(method, target, body, headers, signal, call.begin);
+  } finally {
+    underWay.delete(call);
+  }
+}
+
+async function exchange(method, target, body, headers, signal, begin) {
   let answer;
   let text = "";
   try {

@@ -5,6 +5,7 @@ import { go } from "./nav.js";
 import { linkTo } from "./path.js";
 import { playback } from "./playback.js";
 import { clock, t } from "./text.js";
+import { waitingLine } from "./waiting.js";
 
 /** A slider for the place in the item. Owned by its view; stop() ends its clock. */
 export function seekBar() {
@@ -107,6 +108,7 @@ export function startBar(bar) {
   const queue = iconButton("queue", t("Now playing and queue"), () => go("!playing", null, true), { class: "icon-button queue-button" });
   fill(
     bar,
+    waitingLine(() => [playback]),
     note,
     seekBar().element,
     el("div", { class: "bar-row" }, link, el("div", { class: "bar-buttons" }, previous, playButton().element, next), el("div", { class: "bar-side" }, volumeBar().element, queue)),

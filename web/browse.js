@@ -11,6 +11,7 @@ import { RowSource } from "./rows.js";
 import { albumOf } from "./rowtext.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
+import { waitingLine } from "./waiting.js";
 
 const pictureShare = 0.5;
 
@@ -36,7 +37,7 @@ export class BrowseView extends View {
     this.#trail = trail;
     this.#place = place;
     this.#source = new RowSource(path);
-    this.element = el("section", { class: "view" }, this.#head, this.#body);
+    this.element = el("section", { class: "view" }, this.#head, waitingLine(() => [this.#source]), this.#body);
     this.#list = new VirtualList(scroller, known?.title || t("Rows"), (index, kind) => this.#make(index, kind), (index) => this.#source.row(index), (from, to) => this.#source.need(from, to));
     this.#list.element.addEventListener("current", (event) => this.#tellCurrent(event.detail));
     this.scroller = scroller;

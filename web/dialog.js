@@ -1,8 +1,10 @@
 // Dialogs over the page: menus, forms, questions. The browser's own dialog element keeps the focus inside
 // and gives it back.
 
+import { callSince } from "./api.js";
 import { el, icon, iconButton } from "./dom.js";
 import { t } from "./text.js";
+import { lookForWaiting, waitingLine } from "./waiting.js";
 
 let lastId = 0;
 
@@ -17,12 +19,14 @@ export class Dialog {
   #body = el("div", { class: "dialog-body" });
 
   constructor(anchor = null, kind = "") {
+    const begin = performance.now();
     this.#heading.id = `dialog-title-${++lastId}`;
     this.element = el(
       "dialog",
       { class: `dialog ${kind}`, "aria-labelledby": this.#heading.id },
       el("header", {}, this.#back, this.#heading, iconButton("close", t("Close"), () => this.close())),
       this.#body,
+      waitingLine(() => [{ awaitedSince: callSince(begin) }]),
     );
     this.element.addEventListener("close", () => this.#closed());
     // A press that began before the dialog came is not meant for it: a long press ends over what it opened.
@@ -70,8 +74,9 @@ export class Dialog {
     if (!this.element.contains(document.activeElement)) this.#heading.focus();
   }
 
-  /** Beside the anchor, inside the window. */
+  /** Beside the anchor, inside the window; for a page that has got what it shows. */
   place() {
+    lookForWaiting();
     if (!this.anchor || innerWidth < 640) return;
     this.element.classList.add("anchored");
     const { width, height } = this.element.getBoundingClientRect();

@@ -1,5 +1,6 @@
 // The one event stream of the page. It keeps the paths that views have open, and heals by itself.
-// Events: "rows", "player", "login", "request" with the data as `detail`, and "state" with a boolean: connected or not.
+// Events: "rows", "player", "login", "request", "waiting" with the data as `detail`, and "state" with a boolean:
+// connected or not.
 // "acted" when an action of this page has changed something.
 
 import { forgetSession, openPaths } from "./api.js";
@@ -41,7 +42,7 @@ class Live extends EventTarget {
       this.#setConnected(true);
       this.#send();
     });
-    for (const kind of ["rows", "player", "login", "request"])
+    for (const kind of ["rows", "player", "login", "request", "waiting"])
       source.addEventListener(kind, (event) => this.#tell(kind, JSON.parse(event.data)));
     source.addEventListener("error", () => {
       if (source !== this.#source) return;
@@ -60,6 +61,8 @@ class Live extends EventTarget {
     this.#source?.close();
     this.#source = null;
     this.#stream = "";
+    // Another stream tells anew what is waited for.
+    this.#tell("waiting", {});
   }
 
   /** Ends the stream until the next connect(); what was missed is read again then. */

@@ -4,11 +4,14 @@ import * as api from "./api.js";
 import { live } from "./live.js";
 import { withoutArtist } from "./rowtext.js";
 import { toastError } from "./toast.js";
+import { lookForWaiting } from "./waiting.js";
 
 /** Events: "changed" when the state is another one. */
 class Playback extends EventTarget {
   state = { state: "stopped" };
   #at = performance.now();
+  /** Since when the item's address is awaited; null while none is. */
+  awaitedSince = null;
 
   start() {
     live.addEventListener("player", (event) => this.#take(event.detail));
@@ -52,6 +55,8 @@ class Playback extends EventTarget {
   #take(state) {
     this.state = state.title ? { ...state, title: withoutArtist(state.title, state.artist ?? "") } : state;
     this.#at = performance.now();
+    this.awaitedSince = state.state === "resolving" ? (this.awaitedSince ?? this.#at) : null;
+    if (!this.awaitedSince) lookForWaiting();
     this.dispatchEvent(new Event("changed"));
   }
 }

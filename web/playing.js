@@ -8,6 +8,7 @@ import { playback } from "./playback.js";
 import { RowSource } from "./rows.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
+import { waitingLine } from "./waiting.js";
 
 /** Events: "current" when a row of the queue has the focus. */
 export class PlayingView extends View {
@@ -47,7 +48,7 @@ export class PlayingView extends View {
           volume.element,
         ),
       ),
-      el("section", { class: "queue-part" }, el("h2", {}, t("Queue")), this.#queue),
+      el("section", { class: "queue-part" }, el("h2", {}, t("Queue")), waitingLine(() => (this.#source ? [this.#source] : [])), this.#queue),
     );
     playback.addEventListener("changed", this.#onPlayer);
     this.#show();

@@ -3,6 +3,7 @@
 import { getRows, pageSize } from "./api.js";
 import { live } from "./live.js";
 import { baseOf, home } from "./path.js";
+import { lookForWaiting } from "./waiting.js";
 
 const mostPages = 60;
 const settleTime = 80;
@@ -15,6 +16,7 @@ export class RowSource extends EventTarget {
   isLoaded = false;
   #pages = new Map();
   #asked = new Map();
+  #askedSince = 0;
   #generation = 0;
   #abort = new AbortController();
   #timer = 0;
@@ -51,6 +53,11 @@ export class RowSource extends EventTarget {
     return [...this.#pages.keys()].sort((one, other) => one - other).flatMap((page) => this.#pages.get(page));
   }
 
+  /** Since when rows are awaited; null while none are. */
+  get awaitedSince() {
+    return this.#asked.size ? this.#askedSince : null;
+  }
+
   /** Reads what is missing of a range. Resolves when nothing of it is under way any more. */
   async need(from, to) {
     this.#last = [from, to];
@@ -79,8 +86,10 @@ export class RowSource extends EventTarget {
   }
 
   #ask(page) {
+    if (!this.#asked.size) this.#askedSince = performance.now();
     const call = this.#read(page, this.#generation).finally(() => {
       if (this.#asked.get(page) === call) this.#asked.delete(page);
+      if (!this.#asked.size) lookForWaiting();
     });
     this.#asked.set(page, call);
     return call;

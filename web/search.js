@@ -8,6 +8,7 @@ import { home, parsePath, withParameter } from "./path.js";
 import { RowSource } from "./rows.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
+import { waitingLine } from "./waiting.js";
 
 const mostRows = () => (matchMedia("(max-width: 760px)").matches ? 5 : 12);
 
@@ -57,7 +58,7 @@ export class SearchView extends View {
     this.text = text;
     this.heading.className = "visually-hidden";
     this.heading.textContent = text ? t("Search: %1", text) : t("Search");
-    this.element = el("section", { class: "view search" }, this.heading, this.#body);
+    this.element = el("section", { class: "view search" }, this.heading, waitingLine(() => [this.#kinds, ...this.#columns.map((column) => column.source)].filter(Boolean)), this.#body);
     if (!text.trim()) {
       fill(this.#body, el("p", { class: "empty" }, t("Type what you look for: an artist, an album, a track, a playlist.")));
       return;

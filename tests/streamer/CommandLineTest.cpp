@@ -423,6 +423,9 @@ TEST(DoctorCommand, FailsOnWhatKeepsItFromPlaying)
     EXPECT_THAT(good.out, HasSubstr("ok    login      logged in"));
     EXPECT_THAT(good.out, HasSubstr("warn  ready "));
     EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
+    streamer.answer("GET /readyz",
+                    {200, R"({"status":"ready","waiting":{"for":"service","text":"for it"}})"});
+    EXPECT_THAT(streamer.run({"doctor"}).out, HasSubstr("warn  ready      for it"));
 
     QFile file(folder.filePath("file"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)); // nothing can be made below a file

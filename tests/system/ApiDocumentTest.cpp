@@ -1,5 +1,6 @@
 #include "ServiceTest.h"
 
+#include <future>
 #include <httplib.h>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -132,6 +133,29 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
          {"GET /api/v1/player", "GET /api/v1/texts", "GET /api/v1/session", "GET /healthz",
           "GET /readyz", "DELETE /api/v1/login", "POST /api/v1/login", "GET /api/v1/login"})
         ask(call);
+
+    // A late answer is told of, until it has come.
+    ASSERT_TRUE(streamer.login());
+    ASSERT_EQ(sim->addFault("delay ms=5000 path=/featured count=1"), "");
+    auto late = std::async(std::launch::async, [this] {
+        return streamer.get(QStringLiteral("/api/v1/rows?path=/tidal/req/featured/new/albums"));
+    });
+    bool isLate = false;
+    EXPECT_TRUE(streamer.waitForEvent("waiting", [&](const QJsonObject& waiting) {
+        EXPECT_EQ(document.fault(document.schema("Waiting"), waiting), "");
+        if (waiting.isEmpty())
+            return isLate;
+        isLate = true;
+        EXPECT_EQ(waiting["for"].toString(), "service");
+        const QJsonObject ready = ask("GET /readyz", "?language=de");
+        EXPECT_EQ(ready["status"].toString(), "ready");
+        EXPECT_EQ(ready["waiting"]["text"].toString(),
+                  QStringLiteral("wartet auf den Musikdienst, %1 s")
+                      .arg(ready["waiting"]["seconds"].toInt()));
+        return false;
+    }));
+    EXPECT_EQ(late.get().status, 200);
+    EXPECT_FALSE(ask("GET /readyz").contains("waiting"));
     const auto problem = streamer.get(QStringLiteral("/api/v1/rows?path=/nobody"));
     EXPECT_EQ(document.fault(document.schema("Problem"), problem.body), "");
     for (const auto& call : left)

@@ -183,6 +183,26 @@ journey("what a developer sees", {}, async (person) => {
   await drawer.getByRole("list", { name: "Calls" }).getByRole("listitem").filter({ hasText: "rows?path=" }).first().waitFor();
 });
 
+journey("an answer that is late", {}, async (person) => {
+  const { page, view } = person;
+  await page.addInitScript(() => {
+    globalThis.said = [];
+    const look = () => document.querySelectorAll(".waiting > .visually-hidden").forEach((one) => said.at(-1) !== one.textContent && said.push(one.textContent));
+    new MutationObserver(look).observe(document, { subtree: true, childList: true, characterData: true });
+  });
+  const words = view.getByRole("status").getByText(/^Waiting for the music service, \d+ s$/);
+  await person.visit(newAlbums);
+  await person.titles("Just In");
+  assert.deepEqual(await page.evaluate("said"), []);
+  await person.streamer.fault("delay ms=5000 count=2 path=/featured");
+  const visit = person.visit("/tidal/req/featured/top/albums");
+  await words.first().waitFor();
+  await visit;
+  assert.equal(await words.count(), 0);
+  // It counts on for the eyes; to be read out it is said once.
+  assert.equal((await page.evaluate("said")).length, 1);
+});
+
 journey("in the language of the browser", { locale: "de-DE" }, async (person) => {
   const { page } = person;
   await person.visit("/settings");

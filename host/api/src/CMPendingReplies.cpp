@@ -25,9 +25,9 @@ void CMPendingReplies::add(const CMVoidReply& reply, CMAbstractWorker* worker,
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         id = ++m_lastId;
-        Entry entry{reply, worker, Clock::time_point::max()};
+        Entry entry{reply, worker, Clock::now(), Clock::time_point::max()};
         if (deadline != noDeadline()) {
-            entry.due = Clock::now() + deadline;
+            entry.due = entry.since + deadline;
             const bool isEarliest = m_due.empty() || entry.due < m_due.begin()->first;
             m_due.emplace(entry.due, id);
             if (isEarliest)
@@ -69,6 +69,16 @@ int CMPendingReplies::size() const
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     return int(m_entries.size());
+}
+
+std::optional<CMPendingReplies::Clock::time_point> CMPendingReplies::oldest() const
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (const auto& [id, entry] : m_entries) {
+        if (entry.due != Clock::time_point::max())
+            return entry.since;
+    }
+    return std::nullopt;
 }
 
 void CMPendingReplies::endUnanswered(const CMPath& path, const CMVoidReply& reply)

@@ -6,6 +6,7 @@
 #include <condition_variable>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <thread>
 #include <vector>
@@ -33,13 +34,16 @@ public:
     /// Answers with an error, soon and on the clock's thread, because nobody holds the request.
     void endUnanswered(const CMPath& path, const CMVoidReply& reply);
     int size() const;
+    using Clock = std::chrono::steady_clock;
+    /// Since when the oldest of those with a deadline is owed; nothing when there is none.
+    std::optional<Clock::time_point> oldest() const;
 
 private:
-    using Clock = std::chrono::steady_clock;
     struct Entry
     {
         CMVoidReply reply;
         CMAbstractWorker* worker;
+        Clock::time_point since;
         Clock::time_point due; ///< max: no deadline
     };
 
@@ -49,8 +53,8 @@ private:
     void wakeClock();
 
     mutable std::mutex m_mutex;
-    std::condition_variable m_wake; ///< the clock has something to do earlier
-    std::map<quint64, Entry> m_entries;
+    std::condition_variable m_wake;     ///< the clock has something to do earlier
+    std::map<quint64, Entry> m_entries; ///< oldest first
     std::set<std::pair<Clock::time_point, quint64>> m_due;    ///< entries with a deadline
     std::vector<std::pair<CMPath, CMVoidReply>> m_unanswered; ///< for the clock's thread
     quint64 m_lastId = 0;

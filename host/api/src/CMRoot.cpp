@@ -183,6 +183,11 @@ int CMRoot::pendingRequests() const
     return state().pending.size();
 }
 
+std::optional<std::chrono::steady_clock::time_point> CMRoot::oldestRequest() const
+{
+    return state().pending.oldest();
+}
+
 KeloValue CMRoot::value(const CMPath& path) const
 {
     const CMWorkerRoute::Visit visit(state().find(path));

@@ -27,6 +27,9 @@ public:
     HttpClient::Failure prepare(quintptr id, Method method, const KeloUrl& url,
                                 const QByteArray& body, const HttpClientOptions& options);
     void setReceiver(QObject* receiver, const char* member);
+    void setRecorded(bool isRecorded) { m_isRecorded = isRecorded; }
+    /// Whether the HttpCallLog knows of the call.
+    bool isRecorded() const { return m_isRecorded; }
     /// Why a transfer that curl ended did not arrive whole.
     HttpClient::Failure failure(CURLcode result) const;
     /// Turns to the address that the answer redirects to, where it may be followed: then the call
@@ -58,6 +61,7 @@ private:
     QByteArray m_requestBody; ///< curl points into it
     HttpClientOptions m_options;
     curl_slist* m_headers = nullptr; ///< curl points to it
+    bool m_isRecorded = false;
     QPointer<QObject> m_receiver;
     QByteArray m_member;
     std::chrono::steady_clock::time_point m_started;

@@ -1,5 +1,6 @@
 #include "HttpCallLog.h"
 #include "HttpClient.h"
+#include <atomic>
 #include <deque>
 #include <kelo/KeloLog.h>
 #include <map>
@@ -25,6 +26,8 @@ public:
     quint64 lastNumber = 0;
     std::map<quint64, std::shared_ptr<Entry>> observers;
     quint64 lastObserver = 0;
+
+    std::atomic<int> underWay{0};
 };
 
 QString HttpCallRecord::address() const
@@ -107,6 +110,22 @@ void HttpCallLog::removeObserver(quint64 id)
     }
     std::lock_guard<std::mutex> lock(entry->mutex);
     entry->isRemoved = true;
+}
+
+int HttpCallLog::callsUnderWay() const
+{
+    return d->underWay;
+}
+
+void HttpCallLog::begin()
+{
+    ++d->underWay;
+}
+
+void HttpCallLog::end(const HttpCallRecord& record)
+{
+    --d->underWay;
+    add(record);
 }
 
 void HttpCallLog::add(HttpCallRecord record)

@@ -65,8 +65,8 @@ HttpClient::Private::~Private()
     for (const auto& entry : m_calls) {
         m_loop.remove(entry.second->easy());
         entry.second->deliver(Aborted);
-        if (m_isRecorded)
-            HttpCallLog::instance().add(entry.second->record(Aborted));
+        if (entry.second->isRecorded())
+            HttpCallLog::instance().end(entry.second->record(Aborted));
     }
 }
 
@@ -89,6 +89,9 @@ void* HttpClient::Private::start(HttpCall::Method method, const KeloUrl& url,
     const quintptr id = ++m_lastId;
     Call call = takeCall();
     call->setReceiver(receiver, member);
+    call->setRecorded(m_isRecorded);
+    if (m_isRecorded)
+        HttpCallLog::instance().begin();
     Failure failure = call->prepare(id, method, url, body, options);
     if (failure == NoFailure && m_calls.size() >= maxCalls) {
         KELO_LOG("http", ERROR) << "Too many calls under way: " << int(maxCalls);
@@ -137,8 +140,8 @@ void HttpClient::Private::done(CURL* easy, CURLcode result)
 void HttpClient::Private::end(Call call, Failure failure)
 {
     call->deliver(failure);
-    if (m_isRecorded)
-        HttpCallLog::instance().add(call->record(failure));
+    if (call->isRecorded())
+        HttpCallLog::instance().end(call->record(failure));
     call->clear();
     if (m_idle.size() < maxIdleCalls)
         m_idle.push_back(std::move(call));

@@ -109,8 +109,11 @@ void DoctorCommand::checkStreamer(ApiClient& api)
     add("streamer", Result::Good,
         QStringLiteral("%1 answers in %2 ms").arg(api.server()).arg(timer.elapsed()));
     const ApiReply ready = api.probe(QStringLiteral("/readyz"));
+    const QJsonObject waiting = ready.document.value(QLatin1String("waiting")).toObject();
     if (!ready.isDone())
         add("ready", Result::Warning, ready.message);
+    else if (!waiting.isEmpty())
+        add("ready", Result::Warning, waiting.value(QLatin1String("text")).toString());
     const ApiReply login = api.get(QStringLiteral("login"));
     if (!login.isDone())
         add("login", Result::Bad, login.message);

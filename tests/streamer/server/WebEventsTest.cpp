@@ -124,6 +124,18 @@ TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
               std::string::npos);
 }
 
+TEST(WebEventsTest, ALateAnswerThatNoServiceOwesIsTheStreamersOwn)
+{
+    WebWorld world;
+    Follower follower(world.server.port(), "");
+    auto held =
+        std::async(std::launch::async, [&] { return world.set(R"({"path":"/web/hold"})").status; });
+    const std::string expected = "event: waiting\ndata: {\"for\":\"streamer\",\"seconds\":";
+    EXPECT_NE(follower.waitFor(expected).find(expected), std::string::npos);
+    world.server.stop();
+    EXPECT_EQ(held.get(), 503);
+}
+
 TEST(WebEventsTest, PathsCountAsOpenWhileTheStreamLives)
 {
     WebWorld world;

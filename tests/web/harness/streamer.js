@@ -71,6 +71,13 @@ export class Streamer {
     return this.call(`rows?path=${encodeURIComponent(path)}&from=0&to=${to}`);
   }
 
+  /** Has the simulated service fail or be late, by its lines for faults; it must have been asked before. */
+  async fault(...lines) {
+    const { requests } = await this.call("requests");
+    const answer = await fetch(new URL("/sim/faults", requests[0].address), { method: "POST", body: lines.join("\n") });
+    if (!answer.ok) throw new Error(`faults: ${answer.status} ${await answer.text()}`);
+  }
+
   /** The file that the login is kept in. */
   get tokens() {
     return path.join(this.#folder, "state/demo/oauth2/tidal.json");

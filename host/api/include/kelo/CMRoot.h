@@ -5,6 +5,7 @@
 #include "KeloValue.h"
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <QList>
 
 class CMAbstractWorker;
@@ -40,6 +41,9 @@ public:
     void setDeadlines(const CMDeadlines& deadlines) const;
     /// Requests from outside that are still unanswered.
     int pendingRequests() const;
+    /// When the oldest request from outside came that is still unanswered; nothing when there is
+    /// none.
+    std::optional<std::chrono::steady_clock::time_point> oldestRequest() const;
 
     /// The value at a path, empty when there is none: a locked read that never waits for a worker.
     KeloValue value(const CMPath& path) const;

@@ -28,8 +28,8 @@ private:
     KeloUrl m_url;
 };
 
-/// The last calls of all clients of the process that are recorded (HttpClient::setRecorded()). One
-/// per process; every operation may be called from any thread.
+/// The last calls of all clients of the process that are recorded (HttpClient::setRecorded()), and
+/// how many are under way. One per process; every operation may be called from any thread.
 class KELO_HTTP_EXPORT HttpCallLog
 {
 public:
@@ -50,7 +50,14 @@ public:
     /// observer takes, and is not an observer.
     void removeObserver(quint64 id);
 
-    /// For the clients: numbers the record, keeps it and tells the observers.
+    /// Recorded calls that have begun and not ended yet. Takes no lock.
+    int callsUnderWay() const;
+
+    /// For the clients: a call begins that will be ended with end().
+    void begin();
+    /// For the clients: a call ends; see add().
+    void end(const HttpCallRecord& record);
+    /// Numbers the record, keeps it and tells the observers.
     void add(HttpCallRecord record);
 
 private:

@@ -50,7 +50,7 @@ public:
     /// Ends a call as Aborted; nothing for a handle that is not under way.
     void abort(void* handle);
     int callsUnderWay() const;
-    /// Whether calls that end are recorded in the HttpCallLog; they are unless told otherwise.
+    /// Whether calls from now on are recorded in the HttpCallLog; they are unless told otherwise.
     void setRecorded(bool isRecorded);
 
 private:

@@ -1,5 +1,7 @@
 #include "EventStream.h"
 
+#include "JsonText.h"
+
 namespace {
 
 constexpr std::chrono::seconds heartbeat{15};
@@ -22,7 +24,8 @@ EventStream::Step EventStream::next(std::string& text)
     const auto now = std::chrono::steady_clock::now();
     if (!m_hasBegun) {
         text = "retry: 3000\n\n";
-    } else {
+        m_lastLook = now;
+    } else if (!tellsLateAnswer(text)) {
         const EventClient::Next next = m_client->next(text, longestStep);
         if (next == EventClient::Next::End)
             return Step::End;
@@ -35,4 +38,27 @@ EventStream::Step EventStream::next(std::string& text)
     m_hasBegun = true;
     m_lastWrite = now;
     return Step::Write;
+}
+
+bool EventStream::tellsLateAnswer(std::string& text)
+{
+    const auto now = std::chrono::steady_clock::now();
+    if (now - m_lastLook < longestStep)
+        return false;
+    m_lastLook = now;
+    const LateAnswer late = LateAnswer::now();
+    if (late == m_late)
+        return false;
+    m_late = late;
+    JsonText json;
+    json.beginObject();
+    if (late.isSet()) {
+        json.key(QStringLiteral("for"));
+        json.string(late.from());
+        json.key(QStringLiteral("seconds"));
+        json.number(late.seconds());
+    }
+    json.endObject();
+    text = "event: waiting\ndata: " + json.text() + "\n\n";
+    return true;
 }

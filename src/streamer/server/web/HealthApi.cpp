@@ -1,5 +1,8 @@
 #include "HealthApi.h"
 
+#include "LateAnswer.h"
+#include "texts/TextCatalogue.h"
+
 #include <kelo/CMRoot.h>
 #include <kelo/CMWorker.h>
 #include <kelo/KeloTidalConstants.h>
@@ -25,7 +28,7 @@ HttpReply HealthApi::health() const
                                        {QStringLiteral("workers"), workers}});
 }
 
-HttpReply HealthApi::readiness() const
+HttpReply HealthApi::readiness(const TextCatalogue& texts) const
 {
     bool hasModule = false;
     const auto all = CMRoot().workers();
@@ -39,5 +42,12 @@ HttpReply HealthApi::readiness() const
     }
     if (!hasModule)
         return HttpReply::problem(503, QStringLiteral("no module is loaded"));
-    return HttpReply::json(QJsonObject{{QStringLiteral("status"), QStringLiteral("ready")}});
+    QJsonObject state{{QStringLiteral("status"), QStringLiteral("ready")}};
+    if (const LateAnswer late = LateAnswer::now(); late.isSet()) {
+        state.insert(QStringLiteral("waiting"),
+                     QJsonObject{{QStringLiteral("for"), late.from()},
+                                 {QStringLiteral("seconds"), late.seconds()},
+                                 {QStringLiteral("text"), late.text().toString(texts)}});
+    }
+    return HttpReply::json(state);
 }

@@ -136,7 +136,8 @@ void WebServer::Private::addOwnRoutes()
                         {QStringLiteral("header"), QLatin1String(OriginGuard::sessionHeader())}});
     });
     m_routes.add("GET", "/healthz", [this](const HttpCall&) { return m_health.health(); });
-    m_routes.add("GET", "/readyz", [this](const HttpCall&) { return m_health.readiness(); });
+    m_routes.add("GET", "/readyz",
+                 [this](const HttpCall& call) { return m_health.readiness(*call.texts); });
     m_routes.add("GET", "/metrics", [this](const HttpCall&) {
         return HttpReply{
             200, "text/plain; version=0.0.4; charset=utf-8",
