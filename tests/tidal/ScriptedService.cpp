@@ -11,11 +11,12 @@ constexpr auto patience = std::chrono::seconds(20);
 ScriptedService::ScriptedService() : m_server(new httplib::Server)
 {
     m_server->new_task_queue = [] { return new httplib::ThreadPool(32); };
-    m_server->Get(".*", [this](const httplib::Request& request, httplib::Response& response) {
+    const auto handler = [this](const httplib::Request& request, httplib::Response& response) {
         const Answer answer = answerFor(request.path, request.target);
         response.status = answer.status;
         response.set_content(answer.body, "application/json");
-    });
+    };
+    m_server->Get(".*", handler).Post(".*", handler).Delete(".*", handler);
     m_port = m_server->bind_to_any_port("127.0.0.1");
     m_thread = std::thread([this] { m_server->listen_after_bind(); });
     while (!m_server->is_running())

@@ -10,16 +10,25 @@ extern "C" void* worker_create(const char* name, void* settings);
 namespace {
 constexpr int patienceMs = 20000;
 
-/// Takes the registration of a service.
-class AddServiceNode : public CMNode
+/// Takes what is sent to it, on the sender's thread.
+class TakingNode : public CMNode
 {
 public:
-    using CMNode::CMNode;
+    using Take = std::function<void(const QVariant&)>;
+    TakingNode(CMNodes* nodes, const CMPath& path, Take take)
+        : CMNode(path), m_take(std::move(take))
+    {
+        setNodes(nodes);
+    }
     bool setDataRequest(const CMSetDataRequest& request) override
     {
+        m_take(request.value());
         request.reply().setValue(QVariant());
         return true;
     }
+
+private:
+    const Take m_take;
 };
 
 CMNodesWorker* makeWorker(const QString& prefix)
@@ -102,7 +111,13 @@ TreeFixture::TreeFixture()
         tokenPath.appendSubpath(KeloOAuth2AccessTokenSubPath());
         m_token = CMValueNode::create(made->nodes(), tokenPath);
         m_token->setSecret(true);
-        (new AddServiceNode(KeloOAuth2AddServicePath()))->setNodes(made->nodes());
+        new TakingNode(made->nodes(), KeloOAuth2AddServicePath(), [](const QVariant&) {});
+        CMPath refreshPath = loginPath();
+        refreshPath.appendSubpath(KeloOAuth2RefreshSubPath());
+        new TakingNode(made->nodes(), refreshPath, [this](const QVariant& token) {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            m_refusedTokens.append(token.toString());
+        });
         return made;
     });
     KeloTidalSettings settings;
@@ -153,6 +168,12 @@ void TreeFixture::setLoggedIn(bool loggedIn, const QString& token)
     info.setDisplayName(QStringLiteral("Tidal"));
     value.setOauth2Info(info);
     m_login->setValue(value);
+}
+
+QStringList TreeFixture::takeRefusedTokens()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_refusedTokens, {});
 }
 
 void TreeFixture::setSettings(const KeloTidalSettings& settings)

@@ -52,6 +52,8 @@ protected:
     TidalWorker* worker() const { return m_worker; }
     /// Publishes the login state, the token first.
     void setLoggedIn(bool loggedIn, const QString& token = QStringLiteral("token-1"));
+    /// The tokens that the module has asked the login service to replace, since the last call.
+    QStringList takeRefusedTokens();
     void setSettings(const KeloTidalSettings& settings);
     KeloTidalSettings settings() const;
     /// Starts the module logged in, with the session set up.
@@ -89,4 +91,6 @@ private:
     CMValueNode* m_settings = nullptr;
     CMValueNode* m_login = nullptr;
     CMValueNode* m_token = nullptr;
+    std::mutex m_mutex;
+    QStringList m_refusedTokens;
 };

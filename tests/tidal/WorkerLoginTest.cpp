@@ -217,6 +217,65 @@ TEST_F(WorkerLoginTest, TheNewestLoginsAnswersCountWheneverTheyCome)
     }
 }
 
+TEST_F(WorkerLoginTest, ATokenIsReportedAsRefusedOnceWhateverCarriedIt)
+{
+    startConfigured();
+    const QString playlist =
+        q("/tidal/myPlaylistTrackscontext/moveTrack/move?playlistId=p&rowNum=1");
+    const QString title = q("/tidal/updatePlaylists/accept?playlistId=p");
+    struct Case
+    {
+        const char* what;
+        const char* refused; ///< part of the address
+        std::function<CMRequest()> ask;
+        std::string body = R"({"status":401,"subStatus":6001})";
+        bool isReported = true;
+    };
+    const Case cases[] = {
+        {"a list", "/albums/7",
+         [] { return askRows(q("/tidal/req/featured/new/albums?contentId=7")); }},
+        {"a bio", "/bio",
+         [] { return set(q("/tidal/req/artists?artistContent=bio&artistId=7"), 1); }, "<html>"},
+        {"creating", "/playlists", [] { return set(q("/tidal/createPlaylist/accept"), 1); }},
+        {"renaming", "/playlists/p", [&] { return set(title, 1); }},
+        {"moving", "/playlists/p", [&] { return set(playlist, 1); }},
+        {"adding", "/albums/7",
+         [] { return set(q("/tidal/context/addToPlaylists?type=Albums&id=7&playlistId=p"), 1); }},
+        {"a favourite's state", "/favorites",
+         [] {
+             return askData(q("/tidal/context/favorites?type=Albums&id=7"), {KeloRoles::Title()});
+         }},
+        {"a favourite", "/favorites",
+         [] { return set(q("/tidal/context/favorites?type=Albums&id=7"), 1); }},
+        {"a stream that is not sold", "/playbackinfo",
+         [] {
+             return set(q("/tidal/playId"), QVariantHash{{q("id"), 12}});
+         },
+         R"({"status":401,"subStatus":4005})", false},
+    };
+    int tokens = 1;
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.what);
+        m_service.script(c.refused, {{401, c.body}});
+        CMRequest request = c.ask();
+        wait(request.reply());
+        const QString token = q("token-") + QString::number(tokens);
+        EXPECT_EQ(takeRefusedTokens().mid(0, 1), c.isReported ? QStringList(token) : QStringList());
+
+        // The late refusal of a token that has been replaced asks for nothing.
+        const int before = m_service.requestCount(c.refused);
+        m_service.hold(c.refused);
+        request = c.ask();
+        ASSERT_TRUE(m_service.waitForRequests(c.refused, before + 1));
+        setLoggedIn(true, q("token-") + QString::number(++tokens));
+        EXPECT_TRUE(wait(askRows(q("/tidal/req/featured/new/albums?contentId=8")).reply()));
+        m_service.releaseAll(c.refused);
+        wait(request.reply());
+        EXPECT_EQ(takeRefusedTokens(), QStringList());
+        m_service.script(c.refused, {{200, "{}"}});
+    }
+}
+
 TEST_F(WorkerLoginTest, AnAnswerAfterTheLogoutAnswersWhatWaited)
 {
     m_service.hold("/sessions");

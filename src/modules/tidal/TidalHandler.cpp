@@ -43,17 +43,6 @@ QString encodedSegment(const QString& text)
 {
     return QString::fromLatin1(QUrl::toPercentEncoding(text, "!$&'()*+,;=:@"));
 }
-
-HttpClientOptions requestOptions(const HttpClientPrivate& userData, int timeoutMs,
-                                 int readSizeLimit, const HttpClientHeaders& headers)
-{
-    HttpClientOptions options;
-    options.setUserData(userData)
-        .setTimeoutMs(timeoutMs)
-        .setReadSizeLimit(readSizeLimit)
-        .setHeaders(headers);
-    return options;
-}
 } // namespace
 
 TidalHandler::TidalHandler(TidalWorker* worker, QString const& apiUrl, QString const& countryCode)
@@ -93,10 +82,10 @@ void* TidalHandler::get(QString path, QList<QPair<QString, QString>>& query, QOb
                         int readSizeLimit)
 {
     const KeloUrl url = requestUrl(m_apiUrl, path, query);
-    const HttpClientHeaders headers = authorized(HttpClientHeaders());
     KELO_LOG("Tidal", INFO) << "Url get request: " << keloUrlForLog(url.toString());
-    return m_httpClient->get(url, receiver, member,
-                             requestOptions(userData, timeoutMs, readSizeLimit, headers));
+    return m_httpClient->get(
+        url, receiver, member,
+        requestOptions(userData, timeoutMs, readSizeLimit, HttpClientHeaders()));
 }
 
 void* TidalHandler::post(QString path, QList<QPair<QString, QString>>& query, QString& body,
@@ -106,9 +95,8 @@ void* TidalHandler::post(QString path, QList<QPair<QString, QString>>& query, QS
     const KeloUrl url = requestUrl(m_apiUrl, path, query);
     KELO_LOG("Tidal", INFO) << "Url post request: " << keloUrlForLog(url.toString());
     KELO_LOG("Tidal", TRACE) << "Post data: " << body;
-    return m_httpClient->post(
-        url, body.toLatin1(), receiver, member,
-        requestOptions(userData, timeoutMs, readSizeLimit, authorized(headers)));
+    return m_httpClient->post(url, body.toLatin1(), receiver, member,
+                              requestOptions(userData, timeoutMs, readSizeLimit, headers));
 }
 
 void* TidalHandler::deleteCall(QString path, QList<QPair<QString, QString>>& query,
@@ -119,17 +107,31 @@ void* TidalHandler::deleteCall(QString path, QList<QPair<QString, QString>>& que
     const KeloUrl url = requestUrl(m_apiUrl, path, query);
     // The wording of a GET is deliberate: readers of logs rely on it.
     KELO_LOG("Tidal", INFO) << "Url get request: " << keloUrlForLog(url.toString());
-    return m_httpClient->delete_(
-        url, QByteArray(), receiver, member,
-        requestOptions(userData, timeoutMs, readSizeLimit, authorized(headers)));
+    return m_httpClient->delete_(url, QByteArray(), receiver, member,
+                                 requestOptions(userData, timeoutMs, readSizeLimit, headers));
 }
 
-void TidalHandler::reportRefusedToken()
+HttpClientOptions TidalHandler::requestOptions(HttpClientPrivate userData, int timeoutMs,
+                                               int readSizeLimit, const HttpClientHeaders& headers)
 {
+    const HttpClientHeaders sent = authorized(headers);
+    userData.setTag(m_sentTokenTag);
+    HttpClientOptions options;
+    options.setUserData(userData)
+        .setTimeoutMs(timeoutMs)
+        .setReadSizeLimit(readSizeLimit)
+        .setHeaders(sent);
+    return options;
+}
+
+void TidalHandler::reportRefusedToken(const HttpClientPrivate& refused)
+{
+    if (refused.tag() != m_sentTokenTag)
+        return;
     CMPath path = KeloOAuth2ServicePath();
     path.appendSubpath(KeloTidalName());
     path.appendSubpath(KeloOAuth2RefreshSubPath());
-    CMRoot().invoke(path, accessToken());
+    CMRoot().invoke(path, m_sentToken);
 }
 
 QString TidalHandler::accessToken() const
@@ -148,9 +150,14 @@ bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& er
     return false;
 }
 
-HttpClientHeaders TidalHandler::authorized(HttpClientHeaders headers) const
+HttpClientHeaders TidalHandler::authorized(HttpClientHeaders headers)
 {
-    headers.insert(QStringLiteral("Authorization"), QStringLiteral("Bearer ") + accessToken());
+    const QString token = accessToken();
+    if (token != m_sentToken) {
+        m_sentToken = token;
+        ++m_sentTokenTag;
+    }
+    headers.insert(QStringLiteral("Authorization"), QStringLiteral("Bearer ") + token);
     return headers;
 }
 

@@ -12,6 +12,7 @@
 
 class CMValueItem;
 class HttpClient;
+class HttpClientOptions;
 class TidalWorker;
 
 /// Client of the service's web API: every operation becomes one HTTP request, whose answer goes to
@@ -41,7 +42,8 @@ public:
     void setAccountSoundQuality(KeloTidalSoundQualities::Enum quality);
     /// Asks the host's OAuth2 service for another token, because the service refused the present
     /// one. Does not wait; requests take up the new token as soon as it is published.
-    void reportRefusedToken();
+    /// Nothing when the refused call did not carry the token that was sent last.
+    void reportRefusedToken(const HttpClientPrivate& refused);
 
     /// The three ways to send. The address is the API's base URL followed by the path as it is; the
     /// member is a method of the receiver with the signature of the responder's answer slots. They
@@ -136,7 +138,10 @@ private:
     /// False, with an error on the request, while nobody's account is known.
     bool checkUser(const CMRequest& request, const QString& domain,
                    const TrString& errorText) const;
-    HttpClientHeaders authorized(HttpClientHeaders headers) const;
+    HttpClientHeaders authorized(HttpClientHeaders headers);
+    /// Options of a call that is authorized and knows by which token.
+    HttpClientOptions requestOptions(HttpClientPrivate userData, int timeoutMs, int readSizeLimit,
+                                     const HttpClientHeaders& headers);
     Query countryQuery() const;
     /// Path of something of the user's: "/users/" user id and the sub-path.
     QString userPath(const QString& subPath) const;
@@ -162,6 +167,8 @@ private:
     HttpClient* m_httpClient;
     QString m_apiUrl;
     KeloTidalAccount m_account;
+    QString m_sentToken;        ///< the access token that was sent last
+    int m_sentTokenTag = 0;     ///< grows with each other token that is sent
     CMValueItem* m_accessToken; ///< always the OAuth2 service's present token
     TidalNodeResponder m_responder;
 };

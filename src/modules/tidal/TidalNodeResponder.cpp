@@ -113,9 +113,14 @@ QString TidalNodeResponder::resolveError(KeloTidalApiErrorResponse error, int st
     KELO_LOG("Tidal", ERROR) << "Http response error: " << message << " code: " << status
                              << " sub status: " << error.subStatus()
                              << " user message: " << error.userMessage();
-    if (isTokenRefused(status, error.subStatus()))
-        m_handler->reportRefusedToken();
     return message;
+}
+
+void TidalNodeResponder::noteRefusal(const HttpClientPrivate& priv, int status,
+                                     const KeloTidalApiErrorResponse& error)
+{
+    if (isTokenRefused(status, error.subStatus()))
+        m_handler->reportRefusedToken(priv);
 }
 
 QVariantList TidalNodeResponder::noItemsRow(const QStringList& roles)
@@ -256,6 +261,7 @@ void TidalNodeResponder::on_response_invoke(KeloUrl const&, HttpClientPrivate co
     if (status != 200 && status != 204) {
         error = KeloTidalApiErrorResponse(KeloJson::parse(output));
         resolveError(error, status);
+        noteRefusal(priv, status, error);
         if (error.isEmpty())
             error.setUserMessage(
                 QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message")));

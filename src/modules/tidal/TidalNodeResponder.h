@@ -149,10 +149,15 @@ private:
     void emitPlaylistFinished(KeloTidalRequestType::Enum type, const CMPath& path,
                               const HttpClientPrivate& priv,
                               const KeloTidalApiErrorResponse& error);
+    /// Has another token asked for, when a failed answer says that the call's is no longer good.
+    void noteRefusal(const HttpClientPrivate& priv, int status,
+                     const KeloTidalApiErrorResponse& error);
+    /// What the service says about a change that it refuses.
+    CMError editRefusal(const HttpClientPrivate& priv, int status, const QByteArray& body);
     /// Answers with the message of a failed answer.
-    void replyFailure(const CMVoidReply& reply, int status, const QByteArray& body);
+    void replyFailure(const HttpClientPrivate& priv, int status, const QByteArray& body);
     /// The same, but a body that tells no status leaves the reply to the host.
-    void replyArtistFailure(const CMVoidReply& reply, int status, const QByteArray& body);
+    void replyArtistFailure(const HttpClientPrivate& priv, int status, const QByteArray& body);
     static int requestedCountOf(const CMGetRowsRequest& request);
     QVariantList noItemsRow(const QStringList& roles);
     /// A row with a text of the module, which clients get in their languages, as its title.

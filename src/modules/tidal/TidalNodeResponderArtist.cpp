@@ -78,15 +78,14 @@ void TidalNodeResponder::createArtistContent(CMGetRowsRequest const& request,
     replyRows(request, rows, count);
 }
 
-void TidalNodeResponder::replyArtistFailure(const CMVoidReply& reply, int status,
+void TidalNodeResponder::replyArtistFailure(const HttpClientPrivate& priv, int status,
                                             const QByteArray& body)
 {
     const KeloTidalApiErrorResponse error(KeloJson::parse(body));
     if (error.contains(KeloTidalApiErrorResponse::Status()))
-        replyFailure(reply, status, body);
-    else
-        KELO_LOG("Tidal", WARN) << "Failed answer about an artist without a status, code: "
-                                << status;
+        return replyFailure(priv, status, body);
+    KELO_LOG("Tidal", WARN) << "Failed answer about an artist without a status, code: " << status;
+    noteRefusal(priv, status, error);
 }
 
 void TidalNodeResponder::on_artistResponse_invoke(KeloUrl const&, HttpClientPrivate const& priv,
@@ -97,7 +96,7 @@ void TidalNodeResponder::on_artistResponse_invoke(KeloUrl const&, HttpClientPriv
     if (request.isNull())
         return;
     if (status != 200) {
-        replyArtistFailure(request.reply(), status, output);
+        replyArtistFailure(priv, status, output);
         return;
     }
     const KeloTidalApiArtistResponse artist(KeloJson::parse(output));
@@ -113,7 +112,7 @@ void TidalNodeResponder::on_artistContentResponse_invoke(KeloUrl const&,
     if (request.isNull())
         return;
     if (status != 200) {
-        replyArtistFailure(request.reply(), status, output);
+        replyArtistFailure(priv, status, output);
         return;
     }
     const int requestedCount = requestedCountOf(request);
@@ -147,7 +146,7 @@ void TidalNodeResponder::on_artistBioResponse_invoke(KeloUrl const&, HttpClientP
     if (request.isNull())
         return;
     if (status != 200) {
-        replyArtistFailure(request.reply(), status, output);
+        replyArtistFailure(priv, status, output);
         return;
     }
     const KeloTidalApiArtistBioResponse bio(KeloJson::parse(output));

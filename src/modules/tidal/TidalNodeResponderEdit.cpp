@@ -13,20 +13,6 @@ CMError editError(const TrString& message)
     return CMError(QStringLiteral("TIDAL"), message);
 }
 
-/// What the service says about a refusal.
-CMError serviceError(int status, const QByteArray& body)
-{
-    const KeloTidalApiErrorResponse error(KeloJson::parse(body));
-    KELO_LOG("Tidal", WARN) << "The service refused a change: status: " << status
-                            << " sub status: " << error.subStatus()
-                            << " user message: " << error.userMessage();
-    const QString message = error.userMessage();
-    if (message.isEmpty())
-        return editError(TrString(
-            QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message"))));
-    return editError(TrString(message));
-}
-
 CMError noTrackError()
 {
     return editError(TrString(TrCharData{"TIDAL", "Non existing track index", nullptr}));
@@ -61,6 +47,21 @@ bool holdsItem(const KeloJson& answer, const QString& type, const QString& id)
 }
 } // namespace
 
+CMError TidalNodeResponder::editRefusal(const HttpClientPrivate& priv, int status,
+                                        const QByteArray& body)
+{
+    const KeloTidalApiErrorResponse error(KeloJson::parse(body));
+    KELO_LOG("Tidal", WARN) << "The service refused a change: status: " << status
+                            << " sub status: " << error.subStatus()
+                            << " user message: " << error.userMessage();
+    noteRefusal(priv, status, error);
+    const QString message = error.userMessage();
+    if (message.isEmpty())
+        return editError(TrString(
+            QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message"))));
+    return editError(TrString(message));
+}
+
 void TidalNodeResponder::on_newPlaylist_invoke(KeloUrl const&, HttpClientPrivate const& priv,
                                                int status, int, QByteArray const& output,
                                                HttpClientHeaders header)
@@ -68,7 +69,7 @@ void TidalNodeResponder::on_newPlaylist_invoke(KeloUrl const&, HttpClientPrivate
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "newPlaylist response code: " << status;
     const CMSetDataRequest request = priv.getCMSetDataRequest();
     if (status != 201) {
-        request.reply().setError(serviceError(status, output));
+        request.reply().setError(editRefusal(priv, status, output));
         return;
     }
     QString uuid;
@@ -99,7 +100,7 @@ void TidalNodeResponder::on_updatePlaylist_invoke(KeloUrl const&, HttpClientPriv
         Q_EMIT
         updatePlaylistFinished(request);
     } else {
-        request.reply().setError(serviceError(status, output));
+        request.reply().setError(editRefusal(priv, status, output));
     }
 }
 
@@ -113,9 +114,9 @@ void TidalNodeResponder::on_movePlaylistTrack_invoke(KeloUrl const&, HttpClientP
         movePlaylistTrackFinished(request);
         return;
     }
-    const CMError logged = serviceError(status, output);
+    editRefusal(priv, status, output);
     const KeloTidalApiErrorResponse error(KeloJson::parse(output));
-    // Without a status in the body the request is left to its deadline; deliberate.
+    // Without a status in the body the request is left unanswered; deliberate.
     if (error.contains(KeloTidalApiErrorResponse::Status()))
         request.reply().setError(noTrackError());
 }
@@ -129,13 +130,14 @@ void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const& url,
     // An edit that the host has given up must not be carried out behind its back.
     if (request.reply().isFinished())
         return;
-    // The status is not looked at, and a text that is no JSON leaves the request to its deadline;
+    // The status is not looked at, and a text that is no JSON leaves the request unanswered;
     // both deliberate: the edit itself is what the service refuses.
     const QString etag = header.value(QStringLiteral("ETag"));
     KeloError error;
     const KeloTidalApiPlaylistResponse playlist(KeloJson::parse(output, &error));
     if (error.isSet()) {
         KELO_LOG("Tidal", WARN) << "Error occured in parsing response";
+        noteRefusal(priv, status, KeloTidalApiErrorResponse());
         return;
     }
     if (playlist.uuid().isEmpty()) {
@@ -163,14 +165,16 @@ void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const& url,
 }
 
 void TidalNodeResponder::on_addToPlaylistResponse_invoke(KeloUrl const&,
-                                                         HttpClientPrivate const& priv, int, int,
-                                                         QByteArray const& output,
+                                                         HttpClientPrivate const& priv, int status,
+                                                         int, QByteArray const& output,
                                                          HttpClientHeaders)
 {
     const CMSetDataRequest request = priv.getCMSetDataRequest();
-    // The status is not looked at: an answer without tracks adds nothing; deliberate.
+    const KeloJson answer = KeloJson::parse(output);
+    noteRefusal(priv, status, KeloTidalApiErrorResponse(answer));
+    // The status decides nothing: an answer without tracks adds nothing; deliberate.
     QString ids;
-    for (const auto& track : KeloTidalApiTracksResponse(KeloJson::parse(output)).items()) {
+    for (const auto& track : KeloTidalApiTracksResponse(answer).items()) {
         const QString id = track.idText();
         if (track.allowStreaming() && !id.isEmpty())
             ids += id + QLatin1Char(',');
@@ -187,7 +191,7 @@ void TidalNodeResponder::on_isFavoriteReponse_invoke(KeloUrl const&, HttpClientP
 {
     const CMGetDataRequest request = priv.getCMGetDataRequest();
     if (status != 200) {
-        request.reply().setError(serviceError(status, output));
+        request.reply().setError(editRefusal(priv, status, output));
         return;
     }
     const QString type = request.path().param(QStringLiteral("type"));

@@ -33,7 +33,7 @@ void TidalNodeResponder::on_baseResponse_invoke(KeloUrl const&, HttpClientPrivat
     const KeloTidalContextVariation::Enum variation = contextType(path);
     // A list without a body is a failure too.
     if (status != 200) {
-        replyFailure(request.reply(), status, output);
+        replyFailure(priv, status, output);
         return;
     }
     switch (kind) {
@@ -55,10 +55,14 @@ void TidalNodeResponder::on_baseResponse_invoke(KeloUrl const&, HttpClientPrivat
     }
 }
 
-void TidalNodeResponder::replyFailure(const CMVoidReply& reply, int status, const QByteArray& body)
+void TidalNodeResponder::replyFailure(const HttpClientPrivate& priv, int status,
+                                      const QByteArray& body)
 {
-    const QString message = resolveError(KeloTidalApiErrorResponse(KeloJson::parse(body)), status);
-    reply.setError(CMError(QStringLiteral("TIDAL"), TrString(Language::ntr(message, "TIDAL"))));
+    const KeloTidalApiErrorResponse error(KeloJson::parse(body));
+    const QString message = resolveError(error, status);
+    noteRefusal(priv, status, error);
+    priv.getCMRequest().reply().setError(
+        CMError(QStringLiteral("TIDAL"), TrString(Language::ntr(message, "TIDAL"))));
 }
 
 TidalItemRows::Page TidalNodeResponder::page(const CMGetRowsRequest& request, const CMPath& path,

@@ -73,7 +73,7 @@ void TidalWorker::on_removeFromPlaylist_invoke(const CMSetDataRequest& request)
         m_handler->loopPlaylistManipulation(request, findQueryValue(path, QStringLiteral("id")),
                                             QVariant());
     }
-    // Another type is left to the host's deadline; deliberate, there is no such menu.
+    // Another type is left unanswered; deliberate, there is no such menu.
 }
 
 void TidalWorker::on_move_activation(const CMSetDataRequest& request)

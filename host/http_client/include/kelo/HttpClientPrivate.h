@@ -37,9 +37,14 @@ public:
     /// The secondary request; null when there is none.
     const CMRequest& getCMRequestSec() const { return m_secondary; }
 
+    /// A number of the sender's own, by which it knows its call again; 0 when it sets none.
+    int tag() const { return m_tag; }
+    void setTag(int tag) { m_tag = tag; }
+
 private:
     CMRequest m_primary;
     CMRequest m_secondary;
+    int m_tag = 0;
 };
 
 Q_DECLARE_METATYPE(HttpClientPrivate)
