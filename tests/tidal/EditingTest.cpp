@@ -387,11 +387,70 @@ TEST(Editing, AddsAndRemovesTracksAndTellsOpenViews)
     EXPECT_EQ(view.next(), q("-0 of 0"));
     EXPECT_EQ(world.tracksOf(id), (QList<qint64>{tracks[1], tracks[3]}));
 
+    // In another order the row that showed a place is not known.
+    world.set(add + QString::number(tracks[2]));
+    EXPECT_EQ(view.next(), q("+1 of 3"));
+    for (const char* setting : {"orderDirection Desc", "order Name"}) {
+        const QStringList words = q(setting).split(QLatin1Char(' '));
+        const QString path = q("/tidal/trackOrderingcontext/") + words[0];
+        const KeloValue before = CMRoot().value(CMPath(path));
+        world.set(path, words[1]);
+        world.set(remove + q("1"));
+        EXPECT_EQ(view.next(), q("reset"));
+        world.set(path, before.toVariant());
+    }
+    EXPECT_EQ(world.tracksOf(id), QList<qint64>{tracks[1]});
+    world.set(remove + q("0"));
+    EXPECT_EQ(view.next(), q("-0 of 0"));
+
     // What could name another thing than a row is not sent at all.
     world.sim().reset();
-    for (const char* row : {"", "..", "-1", "a"})
-        EXPECT_TRUE(world.set(remove + q(row)).reply().error().isSet()) << row;
+    const QString move =
+        q("/tidal/myPlaylistTrackscontext/moveTrack/move?playlistId=%1&rowNum=").arg(id);
+    for (const char* row :
+         {"", "..", "-1", "a", ",", "1,", ",1", "1,,2", " 1", "1.0", "99999999999", "1,-1"}) {
+        const QString text = q("Which row of the playlist is not said");
+        EXPECT_EQ(world.set(remove + q(row)).reply().error().message(), text) << row;
+        EXPECT_EQ(world.set(move + q(row)).reply().error().message(), text) << row;
+    }
+    EXPECT_TRUE(world.set(move + q("0,1")).reply().error().isSet());
     EXPECT_EQ(world.requestLog(), QStringList());
+    EXPECT_EQ(view.pending(), 0);
+}
+
+TEST(Editing, SendsNobodyToTheTracksOfADeletedPlaylist)
+{
+    EditWorld world;
+    const QString menu = q("/tidal/playlistcontext");
+    const auto erase = [&](const QString& id) {
+        return eventPaths(world.set(menu + q("/removeFromPlaylists?type=Playlists&id=") + id));
+    };
+    // While no list has been shown there is none to reload.
+    EXPECT_EQ(erase(world.newPlaylist("p", {})), (QStringList{playlistAddList, menu}));
+    const QList<qint64> tracks = world.someTracks(2);
+    const QString id = world.newPlaylist("p", tracks);
+    const QString move = q("/tidal/myPlaylistTrackscontext/moveTrack/move?rowNum=1&playlistId=");
+    EXPECT_EQ(eventPaths(world.set(move + id)), QStringList());
+    EXPECT_EQ(world.tracksOf(id), (QList<qint64>{tracks[1], tracks[0]}));
+
+    const CMPath list = KeloTidalMyPlaylistsPath();
+    CMPath open = list;
+    open.addParam(q("contentId"), id);
+    CMPath others = list;
+    const QString other = world.newPlaylist("q", tracks);
+    others.addParam(q("contentId"), other);
+    OpenRows lists(list);
+    OpenRows view(open);
+    OpenRows otherView(others);
+    world.rows(others, 0, 9, {});
+    EXPECT_EQ(erase(world.newPlaylist("r", {})),
+              (QStringList{playlistAddList, menu, others.toEncoded()}));
+    world.rows(open, 0, 9, {});
+    EXPECT_EQ(erase(id), (QStringList{playlistAddList, menu, list.toEncoded()}));
+    EXPECT_EQ(view.next(), q("close"));
+    EXPECT_EQ(eventPaths(world.set(move + other)), QStringList{list.toEncoded()});
+    EXPECT_EQ(erase(q("gone")).size(), 3);
+    EXPECT_EQ(lists.pending() + view.pending() + otherView.pending(), 0);
 }
 
 TEST(Editing, AddsTheFirstFiftyPlayableTracksOfAList)
@@ -504,7 +563,7 @@ TEST(Editing, BeginsAgainUntilTheTagHolds)
     EXPECT_EQ(world.sim().addFault("tag-lag count=2"), "");
     // The whole playlist: named by the item's id alone.
     const QString erase = q("/tidal/playlistcontext/removeFromPlaylists?type=Playlists&id=") + id;
-    EXPECT_EQ(eventPaths(world.set(erase)).size(), 3);
+    EXPECT_EQ(eventPaths(world.set(erase)).size(), 2);
     EXPECT_EQ(world.read(q("/playlists/") + id).value(q("_status")).toInt(), 404);
 
     // A tag that never holds ends with the request's deadline, and so does the loop: what is on its

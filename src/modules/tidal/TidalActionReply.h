@@ -1,13 +1,17 @@
 #pragma once
 #include <kelo/KeloActionReply.h>
 
-/// The reply of a finished action: clients are to reload the rows at the paths, in that order.
+/// The reply of a finished action: clients are to reload the rows at the paths, in that order. An
+/// empty path stands for no list.
 inline KeloActionReply tidalActionReply(const QList<CMPath>& paths)
 {
     QList<KeloEvent> events;
     events.reserve(paths.size());
-    for (const CMPath& path : paths)
+    for (const CMPath& path : paths) {
+        if (path.isEmpty())
+            continue;
         events.append(KeloEvent(KeloEventRowsType::Reload_, path));
+    }
     KeloActionReply reply;
     reply.setXclass(QStringLiteral("KeloActionReply"));
     reply.setEvents(events);

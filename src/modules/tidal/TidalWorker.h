@@ -71,6 +71,8 @@ public:
     /// How the lists of My Music, and the tracks of playlists, are ordered.
     KeloTidalBrowseSetting& myMusicSetting() { return m_myMusicSetting; }
     KeloTidalBrowseSetting& playlistTracksSetting() { return m_playlistTracksSetting; }
+    /// Whether the tracks of playlists are listed in the playlists' own order.
+    bool isPlaylistOrder() const;
     /// The list of the user's playlists, or of the tracks of one, that was shown last; it is
     /// reloaded after an edit.
     const CMPath& playlistPath() const { return m_playlistPath; }
@@ -203,7 +205,11 @@ private:
                                     const TrString& title);
 
     /// Tells clients of the tracks that were added to a playlist, once it has been read anew.
-    void notifyAdded(const CMPath& tracks, const QString& playlistId, const QString& trackIds);
+    void notifyAdded(const QString& playlistId, const QString& trackIds);
+    /// Tells clients which rows of a playlist's tracks are gone: those that showed these places.
+    void notifyRemoved(const QString& playlistId, const QString& places);
+    /// A playlist was to be deleted: tells clients of its tracks if it is gone, and forgets them.
+    void notifyDeleted(const QString& playlistId, bool isGone);
 
     /// A menu entry for a genre or a mood, unless there is one.
     void addGenre(const KeloTidalApiContentRoots& root);

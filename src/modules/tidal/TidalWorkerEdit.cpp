@@ -30,13 +30,30 @@ void logRefusal(const CMPath& path, const KeloTidalApiErrorResponse& error)
                                 << " user message: " << error.userMessage();
 }
 
-/// Whether a text is what the service takes for positions in a playlist: anything else could make
-/// another request of the address that it becomes part of.
+/// Whether a text is a position in a playlist as the service takes it.
 bool isRowNumber(const QString& text)
 {
-    return !text.isEmpty() && std::all_of(text.begin(), text.end(), [](QChar c) {
-        return (c >= QLatin1Char('0') && c <= QLatin1Char('9')) || c == QLatin1Char(',');
+    const bool isDigits = std::all_of(text.begin(), text.end(), [](QChar c) {
+        return c >= QLatin1Char('0') && c <= QLatin1Char('9');
     });
+    bool isInRange = false;
+    text.toInt(&isInRange);
+    return isDigits && isInRange;
+}
+
+/// The same of one position, or several joined by ",".
+bool areRowNumbers(const QString& text)
+{
+    const QStringList rows = text.split(QLatin1Char(','));
+    return std::all_of(rows.begin(), rows.end(), isRowNumber);
+}
+
+/// Where the tracks of one of the user's playlists are listed.
+CMPath tracksPath(const QString& playlistId)
+{
+    CMPath path = KeloTidalMyPlaylistsPath();
+    path.addParam(QStringLiteral("contentId"), playlistId);
+    return path;
 }
 
 CMError noRowError()
@@ -64,7 +81,7 @@ void TidalWorker::on_removeFromPlaylist_invoke(const CMSetDataRequest& request)
     const QString type = findQueryValue(path, QStringLiteral("type"));
     if (type == KeloTidalTracks()) {
         // Without a row the whole playlist would go.
-        if (isRowNumber(row))
+        if (areRowNumbers(row))
             m_handler->loopPlaylistManipulation(
                 request, findQueryValue(path, QStringLiteral("playlistId")), QVariant(row));
         else
@@ -117,27 +134,55 @@ void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
                                 variation == KeloTidalContextVariation::Playlist;
     const TidalBrowserContextNode* menu = isPlaylistMenu ? m_playlistContext : m_browserContext;
     const CMPath listPath = menu->getPlaylistPath();
-    QList<CMPath> reloads = {listPath, menu->path()};
     nodes()->subscribe()->changedStartingWith(listPath, CMSubscribe::RowsChangeClose(), -1);
+    if (requestType == KeloTidalRequestType::AddToPlaylists)
+        notifyAdded(playlistId, value.toString());
+    else if (!value.toString().isEmpty())
+        notifyRemoved(playlistId, value.toString());
+    else
+        notifyDeleted(playlistId.isEmpty() ? findQueryValue(request.path(), QStringLiteral("id"))
+                                           : playlistId,
+                      error.isEmpty());
+
+    QList<CMPath> reloads = {listPath, menu->path()};
     if (variation == KeloTidalContextVariation::Playlist)
         reloads.append(m_playlistPath);
-
-    CMPath tracks = KeloTidalMyPlaylistsPath();
-    tracks.addParam(QStringLiteral("contentId"), playlistId);
-    if (requestType == KeloTidalRequestType::AddToPlaylists)
-        notifyAdded(tracks, playlistId, value.toString());
-    else
-        changeRowsSubscribe(tracks, {QLatin1Char('-') + value.toString()}, 0);
     request.reply().setValue(tidalActionReply(reloads).toVariant());
 }
 
-void TidalWorker::notifyAdded(const CMPath& tracks, const QString& playlistId,
-                              const QString& trackIds)
+bool TidalWorker::isPlaylistOrder() const
+{
+    return m_playlistTracksSetting.order() == KeloTidalOrder::Index_ &&
+           m_playlistTracksSetting.orderDirection() == KeloTidalOrderDirection::Asc_;
+}
+
+void TidalWorker::notifyRemoved(const QString& playlistId, const QString& places)
+{
+    const CMPath tracks = tracksPath(playlistId);
+    if (isPlaylistOrder())
+        changeRowsSubscribe(tracks, {QLatin1Char('-') + places}, 0);
+    else // in which row a place is shown is not known
+        nodes()->subscribe()->rowsChanged(tracks, CMSubscribe::RowsChangeReset(), -1);
+}
+
+void TidalWorker::notifyDeleted(const QString& playlistId, bool isGone)
+{
+    if (playlistId.isEmpty())
+        return;
+    if (isGone)
+        nodes()->subscribe()->rowsChanged(tracksPath(playlistId), CMSubscribe::RowsChangeClose(),
+                                          -1);
+    // Nobody is to be sent to its tracks any more.
+    if (m_playlistPath.param(QStringLiteral("contentId")) == playlistId)
+        m_playlistPath = KeloTidalMyPlaylistsPath();
+}
+
+void TidalWorker::notifyAdded(const QString& playlistId, const QString& trackIds)
 {
     // Empty parts count too, so a list that ends in a comma counts one more; deliberate, the
     // clients take the number of rows from the same notice.
     const int count = trackIds.split(QLatin1Char(',')).size();
-    const CMGetRowsRequest request(tracks, 0, 49, QStringList());
+    const CMGetRowsRequest request(tracksPath(playlistId), 0, 49, QStringList());
     m_handler->getPlaylistTracks(request, playlistId, m_playlistTracksSetting,
                                  KeloTidalAddToPlaylists() + QLatin1Char('=') +
                                      QString::number(count));
