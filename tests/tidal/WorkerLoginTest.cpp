@@ -276,6 +276,74 @@ TEST_F(WorkerLoginTest, ATokenIsReportedAsRefusedOnceWhateverCarriedIt)
     }
 }
 
+TEST_F(WorkerLoginTest, AnEditThatOutlivesItsLoginIsNotGoneOnWithInTheNext)
+{
+    const std::string playlist = R"({"uuid":"p"})";
+    const std::string stale = R"({"status":412,"subStatus":7002})";
+    struct Case
+    {
+        const char* held;
+        ScriptedService::Answer answer;
+        QString path;
+        const char* next; ///< what would be sent next
+        const char* error;
+    };
+    const QString track = q("?type=Tracks&id=7&playlistId=p&rowNum=1");
+    const QString album = q("?type=Albums&id=7&playlistId=p");
+    const char* const ended = "User was logged out";
+    for (const Case& c : {Case{"/playlists/p",
+                               {200, playlist},
+                               q("/tidal/context/addToPlaylists") + track,
+                               "/playlists/p/tracks",
+                               ended},
+                          Case{"/playlists/p",
+                               {200, playlist},
+                               q("/tidal/playlistcontext/removeFromPlaylists") + track,
+                               "/playlists/p/tracks",
+                               ended},
+                          Case{"/playlists/p",
+                               {200, playlist},
+                               q("/tidal/myPlaylistTrackscontext/moveTrack/move") + track,
+                               "/playlists/p/tracks",
+                               ended},
+                          Case{"/albums/7",
+                               {200, R"({"totalNumberOfItems":0,"items":[]})"},
+                               q("/tidal/context/addToPlaylists") + album,
+                               "/playlists/p",
+                               ended},
+                          Case{"/playlists/p/tracks",
+                               {412, stale},
+                               q("/tidal/context/addToPlaylists") + track,
+                               "/playlists/p",
+                               ""},
+                          Case{"/users/7/playlists",
+                               {201, playlist},
+                               q("/tidal/createPlaylist/accept") + album,
+                               "/playlists/p",
+                               ""}}) {
+        SCOPED_TRACE(c.path.toStdString() + " " + c.held);
+        m_service.script("/playlists/p", {{200, playlist}});
+        m_service.script("/sessions", {{200, session7}, {200, session8}});
+        m_service.script(c.held, {c.answer});
+        startConfigured();
+        const int before = m_service.requestCount(c.held);
+        m_service.hold(c.held);
+        const CMSetDataRequest request = set(c.path, 1);
+        ASSERT_TRUE(m_service.waitForRequests(c.held, before + 1));
+        setLoggedIn(false);
+        setLoggedIn(true, q("token-2"));
+        EXPECT_EQ(errorOf(askRows(q("/tidal"))), QString());
+        const int sent = m_service.requestCount(c.next);
+        m_service.releaseAll(c.held);
+        EXPECT_EQ(errorOf(request), q(c.error));
+        settle();
+        EXPECT_EQ(errorOf(askRows(q("/tidal"))), QString());
+        EXPECT_EQ(m_service.requestCount(c.next), sent);
+        setLoggedIn(false);
+        stop();
+    }
+}
+
 TEST_F(WorkerLoginTest, AnAnswerAfterTheLogoutAnswersWhatWaited)
 {
     m_service.hold("/sessions");

@@ -68,6 +68,7 @@ void TidalHandler::setCountryCode(QString const& countryCode)
 void TidalHandler::resetAccount()
 {
     m_account.clear();
+    m_responder.forgetRadio();
 }
 
 void TidalHandler::setAccount(QString const& sessionId, QString const& countryCode, qint64 userId)
@@ -115,7 +116,7 @@ HttpClientOptions TidalHandler::requestOptions(HttpClientPrivate userData, int t
                                                int readSizeLimit, const HttpClientHeaders& headers)
 {
     const HttpClientHeaders sent = authorized(headers);
-    userData.setTag(m_sentTokenTag);
+    userData.setTag(m_sentTag);
     HttpClientOptions options;
     options.setUserData(userData)
         .setTimeoutMs(timeoutMs)
@@ -126,12 +127,18 @@ HttpClientOptions TidalHandler::requestOptions(HttpClientPrivate userData, int t
 
 void TidalHandler::reportRefusedToken(const HttpClientPrivate& refused)
 {
-    if (refused.tag() != m_sentTokenTag)
+    if (refused.tag() != m_sentTag)
         return;
     CMPath path = KeloOAuth2ServicePath();
     path.appendSubpath(KeloTidalName());
     path.appendSubpath(KeloOAuth2RefreshSubPath());
     CMRoot().invoke(path, m_sentToken);
+}
+
+bool TidalHandler::isOfEarlierLogin(const HttpClientPrivate& call) const
+{
+    return call.tag() != 0 &&
+           (m_worker->setUpNumber() != m_sentSetUp || call.tag() < m_firstTagOfSetUp);
 }
 
 QString TidalHandler::accessToken() const
@@ -153,10 +160,13 @@ bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& er
 HttpClientHeaders TidalHandler::authorized(HttpClientHeaders headers)
 {
     const QString token = accessToken();
-    if (token != m_sentToken) {
-        m_sentToken = token;
-        ++m_sentTokenTag;
-    }
+    const bool isOtherSetUp = m_worker->setUpNumber() != m_sentSetUp;
+    if (token != m_sentToken || isOtherSetUp || m_sentTag == 0)
+        ++m_sentTag;
+    if (isOtherSetUp)
+        m_firstTagOfSetUp = m_sentTag;
+    m_sentToken = token;
+    m_sentSetUp = m_worker->setUpNumber();
     headers.insert(QStringLiteral("Authorization"), QStringLiteral("Bearer ") + token);
     return headers;
 }
@@ -206,16 +216,9 @@ void TidalHandler::sendGet(const QString& path, Query query, const char* member,
     get(path, query, &m_responder, member, userData, getTimeoutMs, getReadSizeLimit);
 }
 
-const QString& TidalHandler::setUpParameter()
+HttpClientPrivate TidalHandler::syntheticRequest(const QString& apiPath)
 {
-    static const QString name = QStringLiteral("setUp");
-    return name;
-}
-
-HttpClientPrivate TidalHandler::syntheticRequest(const QString& apiPath) const
-{
-    CMPath path = KeloTidalPrefixPath() + apiPath;
-    path.addParam(setUpParameter(), QString::number(m_worker->setUpNumber()));
-    const CMGetRowsRequest request(path, 0, 0, QStringList(), -1, CMVoidReply());
+    const CMGetRowsRequest request(KeloTidalPrefixPath() + apiPath, 0, 0, QStringList(), -1,
+                                   CMVoidReply());
     return HttpClientPrivate(HttpClientPrivate::Data(request));
 }

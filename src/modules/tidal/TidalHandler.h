@@ -28,9 +28,6 @@ public:
     TidalHandler(TidalWorker* worker, QString const& apiUrl, QString const& countryCode);
     ~TidalHandler() override;
 
-    /// Parameter that carries the number of the set-up on whose behalf a request is made.
-    static const QString& setUpParameter();
-
     TidalWorker* getWorker() const { return m_worker; }
     TidalNodeResponder* responder() { return &m_responder; }
     void setApiUrl(QString const& apiUrl);
@@ -44,6 +41,8 @@ public:
     /// one. Does not wait; requests take up the new token as soon as it is published.
     /// Nothing when the refused call did not carry the token that was sent last.
     void reportRefusedToken(const HttpClientPrivate& refused);
+    /// Whether a call was sent before the newest set-up of the session began, or before the logout.
+    bool isOfEarlierLogin(const HttpClientPrivate& call) const;
 
     /// The three ways to send. The address is the API's base URL followed by the path as it is; the
     /// member is a method of the receiver with the signature of the responder's answer slots. They
@@ -159,16 +158,18 @@ private:
                   const HttpClientPrivate& userData, const HttpClientHeaders& headers);
     void sendDelete(const QString& path, Query query, const HttpClientPrivate& userData,
                     const HttpClientHeaders& headers);
-    /// A request that nobody waits for, by whose path the responder knows what was asked, and in
-    /// which set-up of the session.
-    HttpClientPrivate syntheticRequest(const QString& apiPath) const;
+    /// A request that nobody waits for, by whose path the responder knows what was asked.
+    static HttpClientPrivate syntheticRequest(const QString& apiPath);
 
     TidalWorker* m_worker;
     HttpClient* m_httpClient;
     QString m_apiUrl;
     KeloTidalAccount m_account;
-    QString m_sentToken;        ///< the access token that was sent last
-    int m_sentTokenTag = 0;     ///< grows with each other token that is sent
+    // A call's tag says by which token, in which set-up of the session it was sent.
+    QString m_sentToken; ///< what was sent last
+    int m_sentSetUp = 0; ///< the set-up in which that was
+    int m_sentTag = 0;   ///< grows with each other token, and each other set-up
+    int m_firstTagOfSetUp = 0;
     CMValueItem* m_accessToken; ///< always the OAuth2 service's present token
     TidalNodeResponder m_responder;
 };

@@ -267,17 +267,14 @@ void TidalNodeResponder::on_response_invoke(KeloUrl const&, HttpClientPrivate co
                 QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message")));
     }
     const KeloJson answer = status == 200 ? KeloJson::parse(output) : KeloJson();
-    m_answeredRequest = request;
+    m_answered = priv;
     emitFinished(getRequestType(path), path, priv, answer, error);
-    m_answeredRequest = CMRequest();
+    m_answered = HttpClientPrivate();
 }
 
-bool TidalNodeResponder::isEarlierSetUp() const
+bool TidalNodeResponder::isOfEarlierLogin() const
 {
-    const QString number = m_answeredRequest.isNull()
-                               ? QString()
-                               : m_answeredRequest.path().param(TidalHandler::setUpParameter());
-    return !number.isEmpty() && number != QString::number(m_worker->setUpNumber());
+    return m_handler->isOfEarlierLogin(m_answered);
 }
 
 void TidalNodeResponder::emitFinished(KeloTidalRequestType::Enum type, const CMPath& path,

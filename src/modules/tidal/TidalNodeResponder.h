@@ -76,11 +76,13 @@ public:
     /// asked.
     bool tryResponseRadio(CMGetRowsRequest const& request, QString const& artistId);
 
+    /// Empties the radio that is kept.
+    void forgetRadio();
+
     /// Request of the tree whose answer is being handed to the worker; null at other times.
-    const CMRequest& answeredRequest() const { return m_answeredRequest; }
-    /// Whether the answer that is being handed to the worker is to what an earlier set-up of the
-    /// session asked for.
-    bool isEarlierSetUp() const;
+    const CMRequest& answeredRequest() const { return m_answered.getCMRequest(); }
+    /// Whether the answer that is being handed to the worker is to what an earlier login asked for.
+    bool isOfEarlierLogin() const;
 
 public Q_SLOTS:
     // Answers of the service: address, waiting requests, HTTP status, why the answer did not
@@ -152,6 +154,9 @@ private:
     /// Has another token asked for, when a failed answer says that the call's is no longer good.
     void noteRefusal(const HttpClientPrivate& priv, int status,
                      const KeloTidalApiErrorResponse& error);
+    /// Ends an edit that takes several requests, when the login has ended in which it began: the
+    /// next one would be another account's.
+    bool endsWithLogin(const HttpClientPrivate& priv);
     /// What the service says about a change that it refuses.
     CMError editRefusal(const HttpClientPrivate& priv, int status, const QByteArray& body);
     /// Answers with the message of a failed answer.
@@ -185,7 +190,7 @@ private:
     TidalHandler* m_handler;
     TidalWorker* m_worker;
     QString m_name;
-    CMRequest m_answeredRequest;
+    HttpClientPrivate m_answered; ///< of the answer that is being handed to the worker
     QList<KeloRoles> m_radioList; ///< from the radio's first track on
     QString m_radioId;            ///< of the artist whose radio is kept; empty when none is
     QStringList m_roles;          ///< the roles that rows of this module fill

@@ -74,8 +74,9 @@ void TidalNodeResponder::on_newPlaylist_invoke(KeloUrl const&, HttpClientPrivate
     }
     QString uuid;
     QString etag;
-    // Without parameters there is no item to add, so nobody needs the playlist; deliberate.
-    if (!request.path().params().isEmpty()) {
+    // Without parameters there is no item to add, so nobody needs the playlist; deliberate. To the
+    // playlist of an earlier login nothing is added any more.
+    if (!request.path().params().isEmpty() && !m_handler->isOfEarlierLogin(priv)) {
         etag = header.value(QStringLiteral("ETag"));
         KeloError error;
         const KeloTidalApiPlaylistResponse playlist(KeloJson::parse(output, &error));
@@ -121,6 +122,14 @@ void TidalNodeResponder::on_movePlaylistTrack_invoke(KeloUrl const&, HttpClientP
         request.reply().setError(noTrackError());
 }
 
+bool TidalNodeResponder::endsWithLogin(const HttpClientPrivate& priv)
+{
+    if (!m_handler->isOfEarlierLogin(priv))
+        return false;
+    priv.getCMRequest().reply().setError(editError(KELO_TR("User was logged out")));
+    return true;
+}
+
 void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const& url,
                                                          HttpClientPrivate const& priv, int status,
                                                          int code, QByteArray const& output,
@@ -128,7 +137,7 @@ void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const& url,
 {
     const CMSetDataRequest request = priv.getCMSetDataRequest();
     // An edit that the host has given up must not be carried out behind its back.
-    if (request.reply().isFinished())
+    if (request.reply().isFinished() || endsWithLogin(priv))
         return;
     // The status is not looked at, and a text that is no JSON leaves the request unanswered;
     // both deliberate: the edit itself is what the service refuses.
@@ -169,6 +178,8 @@ void TidalNodeResponder::on_addToPlaylistResponse_invoke(KeloUrl const&,
                                                          int, QByteArray const& output,
                                                          HttpClientHeaders)
 {
+    if (endsWithLogin(priv))
+        return;
     const CMSetDataRequest request = priv.getCMSetDataRequest();
     const KeloJson answer = KeloJson::parse(output);
     noteRefusal(priv, status, KeloTidalApiErrorResponse(answer));

@@ -1,4 +1,5 @@
 // The radio of an artist, kept as far as the service gave it.
+#include "TidalHandler.h"
 #include "TidalListAnswer.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
@@ -16,14 +17,19 @@ KeloRoles rolesOf(const QStringList& names, const QVariantList& row)
 }
 } // namespace
 
+void TidalNodeResponder::forgetRadio()
+{
+    m_radioList.clear();
+    m_radioId.clear();
+}
+
 void TidalNodeResponder::replyRadioTracks(HttpClientPrivate const& priv, QByteArray const& body,
                                           KeloError error, int requestedCount, CMPath const& path,
                                           KeloTidalContextVariation::Enum variation)
 {
     const CMGetRowsRequest request = priv.getCMGetRowsRequest();
     KELO_LOG("Tidal", DEBUG) << "Clear radio list.";
-    m_radioList.clear();
-    m_radioId.clear();
+    forgetRadio();
     const TidalListAnswer answer(body, error);
     if (answer.total() == 0) {
         replyNoItems(request);
@@ -34,17 +40,17 @@ void TidalNodeResponder::replyRadioTracks(HttpClientPrivate const& priv, QByteAr
     const CMGetRowsRequest whole(path, request.from(), request.to(), names, -1, CMVoidReply());
     TidalTrackRows maker(page(whole, path, variation),
                          CMPath(m_worker->addPrefix(QStringLiteral("/nowPlay"))));
-    const bool isFromStart = request.from() == 0;
+    const bool isKept = request.from() == 0 && !m_handler->isOfEarlierLogin(priv);
     QVariantList rows;
     int index = 0;
     answer.forEachItem([&](const KeloJson& item, int) {
         const KeloRoles roles = rolesOf(names, maker.row(KeloTidalApiTrackResponse(item), index++));
         if (rows.size() < requestedCount)
             rows.append(QVariant(CMGlobal::itemRolesToList(roles, request.roles())));
-        if (isFromStart)
+        if (isKept)
             m_radioList.append(roles);
     });
-    if (isFromStart)
+    if (isKept)
         m_radioId = path.param(QStringLiteral("artistId"));
     KELO_LOG("Tidal", DEBUG) << "New radio list is created, new size: " << m_radioList.size();
     replyRows(request, rows, exactRows(request, requestedCount, rows.size(), answer.total()));

@@ -117,7 +117,8 @@ void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
                                                     QString playlistId,
                                                     KeloTidalRequestType::Enum requestType)
 {
-    if (isStaleTag(error)) {
+    const bool isOfThisLogin = !m_handler->responder()->isOfEarlierLogin();
+    if (isStaleTag(error) && isOfThisLogin) {
         // As often as it takes, until the host has given the request up.
         if (request.reply().isFinished())
             return;
@@ -135,7 +136,9 @@ void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
     const TidalBrowserContextNode* menu = isPlaylistMenu ? m_playlistContext : m_browserContext;
     const CMPath listPath = menu->getPlaylistPath();
     nodes()->subscribe()->changedStartingWith(listPath, CMSubscribe::RowsChangeClose(), -1);
-    if (requestType == KeloTidalRequestType::AddToPlaylists)
+    if (!isOfThisLogin)
+        KELO_LOG("Tidal", DEBUG) << "Change of an earlier login: " << request.path();
+    else if (requestType == KeloTidalRequestType::AddToPlaylists)
         notifyAdded(playlistId, value.toString());
     else if (!value.toString().isEmpty())
         notifyRemoved(playlistId, value.toString());

@@ -118,7 +118,7 @@ void TidalWorker::resumeSetUp()
 
 bool TidalWorker::isExpectedAnswer(UserConfigState::Enum state)
 {
-    if (m_userState == state && !m_handler->responder()->isEarlierSetUp()) {
+    if (m_userState == state && !m_handler->responder()->isOfEarlierLogin()) {
         if (!isLoginChanging())
             return true;
         m_userState = UserConfigState::NotConfigured;
@@ -169,6 +169,7 @@ void TidalWorker::on_serviceOAuth_changed(const KeloValue& newValue, const KeloV
         m_userState = UserConfigState::NotConfigured;
         ++m_setUpNumber;
         m_handler->resetAccount();
+        m_playlistPath = CMPath();
         // A copy: clients that are told may close their paths at once.
         const QSet<CMPath> entered = m_enteredPaths;
         for (const CMPath& path : entered)

@@ -64,7 +64,7 @@ void TidalWorker::on_tidalHandler_contentRootsFeatured(KeloTidalApiContentRootsR
                                                        KeloTidalApiErrorResponse error)
 {
     if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_handler->responder()->isEarlierSetUp())
+        m_handler->responder()->isOfEarlierLogin())
         return;
     m_featuredRoots = roots.root();
     // The Masters lists keep their titles.
@@ -93,7 +93,7 @@ void TidalWorker::on_tidalHandler_contentRootsGenres(KeloTidalApiContentRootsRes
                                                      KeloTidalApiErrorResponse error)
 {
     if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_genres->rowsSize() > 0 || m_handler->responder()->isEarlierSetUp())
+        m_genres->rowsSize() > 0 || m_handler->responder()->isOfEarlierLogin())
         return;
     const std::vector<KeloTidalApiContentRoots> genres = roots.root();
     for (const KeloTidalApiContentRoots& genre : genres) {
@@ -129,7 +129,7 @@ void TidalWorker::on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResp
                                                     KeloTidalApiErrorResponse error)
 {
     if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_playlists->rowsSize() > 0 || m_handler->responder()->isEarlierSetUp())
+        m_playlists->rowsSize() > 0 || m_handler->responder()->isOfEarlierLogin())
         return;
     const std::vector<KeloTidalApiContentRoots> moods = roots.root();
     for (const KeloTidalApiContentRoots& mood : moods) {
