@@ -80,12 +80,24 @@
 <context>
     <name>CMValueNode</name>
     <message>
-        <source>%1 cannot be changed</source>
-        <translation>%1 lässt sich nicht ändern</translation>
-    </message>
-    <message>
         <source>What was sent to %1 is no value</source>
         <translation>Was an %1 gesendet wurde, ist kein Wert</translation>
+    </message>
+    <message>
+        <source>%1 wants a whole number</source>
+        <translation>%1 braucht eine ganze Zahl</translation>
+    </message>
+    <message>
+        <source>%1 wants a text</source>
+        <translation>%1 braucht einen Text</translation>
+    </message>
+    <message>
+        <source>%1 wants true or false</source>
+        <translation>%1 braucht wahr oder falsch</translation>
+    </message>
+    <message>
+        <source>%1 cannot be changed</source>
+        <translation>%1 lässt sich nicht ändern</translation>
     </message>
 </context>
 <context>
@@ -712,6 +724,17 @@
     </message>
 </context>
 <context>
+    <name>static QString TidalHandler::pathOf(const CMRequest&amp;, std::initializer_list&lt;QString&gt;)</name>
+    <message>
+        <source>What this is about is not said</source>
+        <translation>Es fehlt die Angabe, worum es geht</translation>
+    </message>
+    <message>
+        <source>%1 is no identifier</source>
+        <translation>%1 ist keine Kennung</translation>
+    </message>
+</context>
+<context>
     <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
     <message>
         <source>the player is not running</source>
@@ -1123,6 +1146,13 @@
     <message>
         <source>prePlayData not set</source>
         <translation>prePlayData fehlt</translation>
+    </message>
+</context>
+<context>
+    <name>void TidalWorker::on_move_activation(const CMSetDataRequest&amp;)</name>
+    <message>
+        <source>The rows of a playlist are counted from 0</source>
+        <translation>Die Zeilen einer Playlist werden ab 0 gezählt</translation>
     </message>
 </context>
 <context>

@@ -80,12 +80,24 @@
 <context>
     <name>CMValueNode</name>
     <message>
-        <source>%1 cannot be changed</source>
-        <translation>%1 ne peut pas être modifié</translation>
-    </message>
-    <message>
         <source>What was sent to %1 is no value</source>
         <translation>Ce qui a été envoyé à %1 n’est pas une valeur</translation>
+    </message>
+    <message>
+        <source>%1 wants a whole number</source>
+        <translation>%1 attend un nombre entier</translation>
+    </message>
+    <message>
+        <source>%1 wants a text</source>
+        <translation>%1 attend un texte</translation>
+    </message>
+    <message>
+        <source>%1 wants true or false</source>
+        <translation>%1 attend vrai ou faux</translation>
+    </message>
+    <message>
+        <source>%1 cannot be changed</source>
+        <translation>%1 ne peut pas être modifié</translation>
     </message>
 </context>
 <context>
@@ -712,6 +724,17 @@
     </message>
 </context>
 <context>
+    <name>static QString TidalHandler::pathOf(const CMRequest&amp;, std::initializer_list&lt;QString&gt;)</name>
+    <message>
+        <source>What this is about is not said</source>
+        <translation>L’élément concerné n’est pas précisé</translation>
+    </message>
+    <message>
+        <source>%1 is no identifier</source>
+        <translation>%1 n’est pas un identifiant</translation>
+    </message>
+</context>
+<context>
     <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
     <message>
         <source>the player is not running</source>
@@ -1123,6 +1146,13 @@
     <message>
         <source>prePlayData not set</source>
         <translation>prePlayData n’est pas défini</translation>
+    </message>
+</context>
+<context>
+    <name>void TidalWorker::on_move_activation(const CMSetDataRequest&amp;)</name>
+    <message>
+        <source>The rows of a playlist are counted from 0</source>
+        <translation>Les lignes d’une playlist se comptent à partir de 0</translation>
     </message>
 </context>
 <context>

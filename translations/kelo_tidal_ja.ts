@@ -80,12 +80,24 @@
 <context>
     <name>CMValueNode</name>
     <message>
-        <source>%1 cannot be changed</source>
-        <translation>%1 は変更できません</translation>
-    </message>
-    <message>
         <source>What was sent to %1 is no value</source>
         <translation>%1 に送られたものは値ではありません</translation>
+    </message>
+    <message>
+        <source>%1 wants a whole number</source>
+        <translation>%1 には整数が必要です</translation>
+    </message>
+    <message>
+        <source>%1 wants a text</source>
+        <translation>%1 にはテキストが必要です</translation>
+    </message>
+    <message>
+        <source>%1 wants true or false</source>
+        <translation>%1 には真か偽が必要です</translation>
+    </message>
+    <message>
+        <source>%1 cannot be changed</source>
+        <translation>%1 は変更できません</translation>
     </message>
 </context>
 <context>
@@ -712,6 +724,17 @@
     </message>
 </context>
 <context>
+    <name>static QString TidalHandler::pathOf(const CMRequest&amp;, std::initializer_list&lt;QString&gt;)</name>
+    <message>
+        <source>What this is about is not said</source>
+        <translation>対象が指定されていません</translation>
+    </message>
+    <message>
+        <source>%1 is no identifier</source>
+        <translation>%1 は識別子ではありません</translation>
+    </message>
+</context>
+<context>
     <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
     <message>
         <source>the player is not running</source>
@@ -1123,6 +1146,13 @@
     <message>
         <source>prePlayData not set</source>
         <translation>prePlayDataが設定されていません</translation>
+    </message>
+</context>
+<context>
+    <name>void TidalWorker::on_move_activation(const CMSetDataRequest&amp;)</name>
+    <message>
+        <source>The rows of a playlist are counted from 0</source>
+        <translation>プレイリストの行は 0 から数えます</translation>
     </message>
 </context>
 <context>

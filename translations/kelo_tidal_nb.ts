@@ -80,12 +80,24 @@
 <context>
     <name>CMValueNode</name>
     <message>
-        <source>%1 cannot be changed</source>
-        <translation>%1 kan ikke endres</translation>
-    </message>
-    <message>
         <source>What was sent to %1 is no value</source>
         <translation>Det som ble sendt til %1, er ingen verdi</translation>
+    </message>
+    <message>
+        <source>%1 wants a whole number</source>
+        <translation>%1 krever et heltall</translation>
+    </message>
+    <message>
+        <source>%1 wants a text</source>
+        <translation>%1 krever en tekst</translation>
+    </message>
+    <message>
+        <source>%1 wants true or false</source>
+        <translation>%1 krever sant eller usant</translation>
+    </message>
+    <message>
+        <source>%1 cannot be changed</source>
+        <translation>%1 kan ikke endres</translation>
     </message>
 </context>
 <context>
@@ -712,6 +724,17 @@
     </message>
 </context>
 <context>
+    <name>static QString TidalHandler::pathOf(const CMRequest&amp;, std::initializer_list&lt;QString&gt;)</name>
+    <message>
+        <source>What this is about is not said</source>
+        <translation>Det er ikke sagt hva det gjelder</translation>
+    </message>
+    <message>
+        <source>%1 is no identifier</source>
+        <translation>%1 er ingen identifikator</translation>
+    </message>
+</context>
+<context>
     <name>virtual CMReply&lt;QVariant&gt; Player::command(const QString&amp;, const QVariantHash&amp;)</name>
     <message>
         <source>the player is not running</source>
@@ -1123,6 +1146,13 @@
     <message>
         <source>prePlayData not set</source>
         <translation>prePlayData er ikke angitt</translation>
+    </message>
+</context>
+<context>
+    <name>void TidalWorker::on_move_activation(const CMSetDataRequest&amp;)</name>
+    <message>
+        <source>The rows of a playlist are counted from 0</source>
+        <translation>Radene i en spilleliste telles fra 0</translation>
     </message>
 </context>
 <context>
