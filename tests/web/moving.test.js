@@ -194,7 +194,7 @@ journey("an answer that is late", {}, async (person) => {
   await person.visit(newAlbums);
   await person.titles("Just In");
   assert.deepEqual(await page.evaluate("said"), []);
-  await person.streamer.fault("delay ms=5000 count=2 path=/featured");
+  await person.streamer.fault("delay ms=5000 count=1 path=/featured/top");
   const visit = person.visit("/tidal/req/featured/top/albums");
   await words.first().waitFor();
   await visit;
