@@ -611,6 +611,13 @@
     </message>
 </context>
 <context>
+    <name>bool TidalNodeResponder::endsWithLogin(const HttpClientPrivate&amp;)</name>
+    <message>
+        <source>User was logged out</source>
+        <translation>L’utilisateur a été déconnecté</translation>
+    </message>
+</context>
+<context>
     <name>bool TidalWorker::buildStaticStructure()</name>
     <message>
         <source>Busy, adding to playlist.</source>

@@ -4,8 +4,8 @@
 #include "CMPendingReplies.h"
 #include "CMRootPrivate.h"
 #include "CMSlot.h"
-#include "CMWatchers.h"
 #include "CMWorkerRoute.h"
+#include "KeloListeners.h"
 #include "KeloLog.h"
 
 #include <atomic>
@@ -27,7 +27,8 @@ struct RootState
     CMDeadlines deadlines;
 
     CMPendingReplies pending;
-    CMWatchers watchers;
+    KeloListeners<CMPath, KeloValue, KeloValue> values; ///< told the path and the values
+    KeloListeners<CMPath> data;
 
     /// The route with the longest prefix that the path starts with; null when there is none.
     std::shared_ptr<CMWorkerRoute> find(const CMPath& path)
@@ -240,28 +241,37 @@ void CMRoot::closeRows(quint64 id) const
 
 quint64 CMRoot::watchValue(const CMPath& path, ValueListener listener) const
 {
-    return state().watchers.addValue(path, std::move(listener));
+    return state().values.add(
+        [watched = path, listener = std::move(listener)](
+            const CMPath& path, const KeloValue& newValue, const KeloValue& oldValue) {
+            if (watched.equals(path, CMPath::CompareBase))
+                listener(newValue, oldValue);
+        });
 }
 
 quint64 CMRoot::watchData(const CMPath& path, DataListener listener) const
 {
-    return state().watchers.addData(path, std::move(listener));
+    return state().data.add([watched = path, listener = std::move(listener)](const CMPath& path) {
+        if (watched.equals(path, CMPath::CompareBase))
+            listener(path);
+    });
 }
 
 void CMRoot::unwatch(quint64 id) const
 {
-    state().watchers.remove(id);
+    state().values.remove(id);
+    state().data.remove(id);
 }
 
 void CMRoot::notifyValue(const CMPath& path, const KeloValue& newValue,
                          const KeloValue& oldValue) const
 {
-    state().watchers.notifyValue(path, newValue, oldValue);
+    state().values.notify(path, newValue, oldValue);
 }
 
 void CMRoot::notifyData(const CMPath& path) const
 {
-    state().watchers.notifyData(path);
+    state().data.notify(path);
 }
 
 QList<CMAbstractWorker*> CMRoot::workers() const

@@ -40,7 +40,7 @@ public:
                 delivery->post(notice(newValue, old));
             }
         }
-        // Publications come one after the other, so these keep their order, too.
+        // Without the lock, because the receiver runs here.
         if (isDirect)
             delivery->deliver(notice(newValue, old));
     }

@@ -2,10 +2,9 @@
 #include "HttpClient.h"
 #include <atomic>
 #include <deque>
+#include <kelo/KeloListeners.h>
 #include <kelo/KeloLog.h>
-#include <map>
 #include <mutex>
-#include <vector>
 
 namespace {
 constexpr int longestAddress = 2000;
@@ -14,19 +13,10 @@ constexpr int longestAddress = 2000;
 class HttpCallLog::Private
 {
 public:
-    struct Entry
-    {
-        std::mutex mutex; ///< held while the observer runs, and taken to remove it
-        Observer observer;
-        bool isRemoved = false;
-    };
-
-    mutable std::mutex mutex; ///< guards all below; not held while an observer runs
+    mutable std::mutex mutex; ///< guards the records
     std::deque<HttpCallRecord> records;
     quint64 lastNumber = 0;
-    std::map<quint64, std::shared_ptr<Entry>> observers;
-    quint64 lastObserver = 0;
-
+    KeloListeners<HttpCallRecord> observers;
     std::atomic<int> underWay{0};
 };
 
@@ -90,26 +80,12 @@ quint64 HttpCallLog::lastNumber() const
 
 quint64 HttpCallLog::addObserver(Observer observer)
 {
-    auto entry = std::make_shared<Private::Entry>();
-    entry->observer = std::move(observer);
-    std::lock_guard<std::mutex> lock(d->mutex);
-    d->observers.emplace(++d->lastObserver, std::move(entry));
-    return d->lastObserver;
+    return d->observers.add(std::move(observer));
 }
 
 void HttpCallLog::removeObserver(quint64 id)
 {
-    std::shared_ptr<Private::Entry> entry;
-    {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        const auto found = d->observers.find(id);
-        if (found == d->observers.end())
-            return;
-        entry = found->second;
-        d->observers.erase(found);
-    }
-    std::lock_guard<std::mutex> lock(entry->mutex);
-    entry->isRemoved = true;
+    d->observers.remove(id);
 }
 
 int HttpCallLog::callsUnderWay() const
@@ -130,20 +106,12 @@ void HttpCallLog::end(const HttpCallRecord& record)
 
 void HttpCallLog::add(HttpCallRecord record)
 {
-    std::vector<std::shared_ptr<Private::Entry>> observers;
     {
         std::lock_guard<std::mutex> lock(d->mutex);
         record.number = ++d->lastNumber;
         d->records.push_back(record);
         if (int(d->records.size()) > mostRecords)
             d->records.pop_front();
-        observers.reserve(d->observers.size());
-        for (const auto& observer : d->observers)
-            observers.push_back(observer.second);
     }
-    for (const auto& entry : observers) {
-        std::lock_guard<std::mutex> lock(entry->mutex);
-        if (!entry->isRemoved)
-            entry->observer(record);
-    }
+    d->observers.notify(record);
 }

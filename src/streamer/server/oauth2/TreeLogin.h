@@ -1,8 +1,8 @@
 #pragma once
 #include "LoginControl.h"
-#include "StatusListeners.h"
 
 #include <kelo/CMPath.h>
+#include <kelo/KeloListeners.h>
 #include <kelo/KeloOAuth2.h>
 #include <mutex>
 
@@ -29,5 +29,5 @@ private:
     mutable std::mutex m_mutex;
     KeloOAuth2Info m_info;      ///< the latest; guarded by the mutex
     qint64 m_publishedAtMs = 0; ///< steady time of m_info; guarded by the mutex
-    StatusListeners m_listeners;
+    KeloListeners<QJsonObject> m_listeners;
 };

@@ -3,8 +3,8 @@
 #include "LoopThread.h"
 #include "PlayerControl.h"
 #include "PlayerStatus.h"
-#include "StatusListeners.h"
 #include "TimeSource.h"
+#include <kelo/KeloListeners.h>
 #include <kelo/PlayLogicInterface.h>
 
 class PlayerEngine;
@@ -52,7 +52,7 @@ private:
     SteadyTime m_steadyTime;
     TimeSource& m_time;
     OutputFactory m_makeOutput;
-    StatusListeners m_listeners;
+    KeloListeners<QJsonObject> m_listeners;
     mutable std::mutex m_statusMutex;
     PlayerStatus m_status;
     std::mutex m_threadMutex; ///< guards posting against the thread's end
