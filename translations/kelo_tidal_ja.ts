@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>CMError</name>
+    <message>
+        <source>There is nothing at %1</source>
+        <translation>%1 には何もありません</translation>
+    </message>
+</context>
+<context>
     <name>CMError {anonymous}::noRowError()</name>
     <message>
         <source>Which row of the playlist is not said</source>
@@ -23,18 +30,7 @@
     </message>
 </context>
 <context>
-    <name>CMNode</name>
-    <message>
-        <source>There is nothing at %1</source>
-        <translation>%1 には何もありません</translation>
-    </message>
-</context>
-<context>
     <name>CMNodesWorker</name>
-    <message>
-        <source>There is nothing at %1</source>
-        <translation>%1 には何もありません</translation>
-    </message>
     <message>
         <source>%1 does not take this request</source>
         <translation>%1 はこの要求を受け付けません</translation>
@@ -60,10 +56,6 @@
     <message>
         <source>The service did not answer in time</source>
         <translation>サービスから時間内に応答がありませんでした</translation>
-    </message>
-    <message>
-        <source>There is nothing at %1</source>
-        <translation>%1 には何もありません</translation>
     </message>
     <message>
         <source>The first row comes after the last one</source>

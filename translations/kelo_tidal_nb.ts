@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>CMError</name>
+    <message>
+        <source>There is nothing at %1</source>
+        <translation>Det finnes ingenting på %1</translation>
+    </message>
+</context>
+<context>
     <name>CMError {anonymous}::noRowError()</name>
     <message>
         <source>Which row of the playlist is not said</source>
@@ -23,18 +30,7 @@
     </message>
 </context>
 <context>
-    <name>CMNode</name>
-    <message>
-        <source>There is nothing at %1</source>
-        <translation>Det finnes ingenting på %1</translation>
-    </message>
-</context>
-<context>
     <name>CMNodesWorker</name>
-    <message>
-        <source>There is nothing at %1</source>
-        <translation>Det finnes ingenting på %1</translation>
-    </message>
     <message>
         <source>%1 does not take this request</source>
         <translation>%1 tar ikke imot denne forespørselen</translation>
@@ -60,10 +56,6 @@
     <message>
         <source>The service did not answer in time</source>
         <translation>Tjenesten svarte ikke i tide</translation>
-    </message>
-    <message>
-        <source>There is nothing at %1</source>
-        <translation>Det finnes ingenting på %1</translation>
     </message>
     <message>
         <source>The first row comes after the last one</source>

@@ -31,6 +31,13 @@ CMError::CMError(const QString& name, const TrString& title, const TrString& mes
     insert(Message(), message.toVariant());
 }
 
+CMError CMError::nothingAt(const QString& encodedPath)
+{
+    return CMError(
+        NotFoundName(),
+        TrString(TrCharData{"CMError", "There is nothing at %1", nullptr}, {encodedPath}));
+}
+
 bool CMError::isSet() const
 {
     return !name().isEmpty();

@@ -100,8 +100,6 @@ int CMNode::openPaths() const
 
 bool CMNode::replyNotFound(const CMRequest& request)
 {
-    request.reply().setError(CMError(
-        CMError::NotFoundName(), TrString(TrCharData{"CMNode", "There is nothing at %1", nullptr},
-                                          {request.path().toEncoded()})));
+    request.reply().setError(CMError::nothingAt(request.path().toEncoded()));
     return true;
 }

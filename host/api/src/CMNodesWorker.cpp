@@ -4,19 +4,12 @@
 #include "KeloLog.h"
 
 namespace {
-CMError nothingAt(const CMPath& path)
-{
-    return CMError(CMError::NotFoundName(),
-                   TrString(TrCharData{"CMNodesWorker", "There is nothing at %1", nullptr},
-                            {path.toEncoded()}));
-}
-
 /// Lets the node serve the request; a refusal, or no node, becomes an error answer.
 template <class Request>
 void serve(CMNode* node, const Request& request, bool (CMNode::*operation)(const Request&))
 {
     if (!node) {
-        request.reply().setError(nothingAt(request.path()));
+        request.reply().setError(CMError::nothingAt(request.path().toEncoded()));
         return;
     }
     if ((node->*operation)(request) || request.reply().isFinished())

@@ -56,13 +56,6 @@ RootState& state()
     return *root;
 }
 
-CMError notFound(const CMPath& path)
-{
-    return CMError(
-        CMError::NotFoundName(),
-        TrString(TrCharData{"CMRoot", "There is nothing at %1", nullptr}, {path.toEncoded()}));
-}
-
 /// Hands the request to the operation of its kind.
 void dispatch(CMAbstractWorker* worker, const CMRequest& request)
 {
@@ -100,7 +93,7 @@ void route(const CMRequest& request, std::chrono::milliseconds deadline)
     const std::shared_ptr<CMWorkerRoute> target = root.find(request.path());
     const CMWorkerRoute::Visit visit(target);
     if (!visit.worker()) {
-        request.reply().setError(notFound(request.path()));
+        request.reply().setError(CMError::nothingAt(request.path().toEncoded()));
         return;
     }
     // Without the holder, which the root is not.

@@ -42,6 +42,14 @@ const Words<3>& filterWords()
     static const Words<3> words{{&Filter::All(), &Filter::Public(), &Filter::Private()}};
     return words;
 }
+
+const Words<4>& qualityWords()
+{
+    using Quality = KeloTidalSoundQualities;
+    static const Words<4> words{
+        {&Quality::Low(), &Quality::High(), &Quality::Lossless(), &Quality::HiRes()}};
+    return words;
+}
 } // namespace
 
 QString KeloTidalOrder::toString(Enum value)
@@ -72,6 +80,21 @@ QString KeloTidalFilter::toString(Enum value)
 KeloTidalFilter::Enum KeloTidalFilter::fromString(const QString& text)
 {
     return Enum(filterWords().value(text));
+}
+
+QString KeloTidalSoundQualities::toString(Enum value)
+{
+    return qualityWords().text(value);
+}
+
+KeloTidalSoundQualities::Enum KeloTidalSoundQualities::fromString(const QString& text)
+{
+    return Enum(qualityWords().value(text));
+}
+
+QStringList KeloTidalSoundQualities::words()
+{
+    return {Low(), High(), Lossless(), HiRes()};
 }
 
 KeloTidalSoundQualities::Enum KeloTidalSoundQuality::soundQuality() const

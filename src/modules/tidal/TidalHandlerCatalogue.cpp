@@ -39,15 +39,7 @@ QString directionText(const KeloTidalBrowseSetting& setting)
 
 QString filterText(const KeloTidalBrowseSetting& setting)
 {
-    switch (setting.filter()) {
-    case KeloTidalFilter::Public_:
-        return QStringLiteral("PUBLIC");
-    case KeloTidalFilter::Private_:
-        return QStringLiteral("PRIVATE");
-    case KeloTidalFilter::All_:
-        break;
-    }
-    return QStringLiteral("ALL");
+    return KeloTidalFilter::toString(setting.filter()).toUpper();
 }
 
 /// Whether the service can order a list of the user's by this.

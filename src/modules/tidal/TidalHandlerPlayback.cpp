@@ -2,21 +2,9 @@
 #include <kelo/CMAbstractWorker.h>
 #include <kelo/KeloTidalConstants.h>
 #include <kelo/KeloValue.h>
-#include <QMap>
 
 namespace {
 const char* const answerMember = "on_response_invoke";
-
-/// The service's word for a quality; the lowest for a number that is none.
-QString qualityName(KeloTidalSoundQualities::Enum quality)
-{
-    static const QMap<int, QString> names = {
-        {KeloTidalSoundQualities::LOW_, QStringLiteral("LOW")},
-        {KeloTidalSoundQualities::HIGH_, QStringLiteral("HIGH")},
-        {KeloTidalSoundQualities::LOSSLESS_, QStringLiteral("LOSSLESS")},
-        {KeloTidalSoundQualities::HI_RES_, QStringLiteral("HI_RES")}};
-    return names.value(quality, QStringLiteral("LOW"));
-}
 
 bool usePostPaywall()
 {
@@ -72,7 +60,7 @@ bool TidalHandler::streamUrl(QString const& trackId, CMSetDataRequest const& req
     query.append({QStringLiteral("playbackmode"),
                   offline ? QStringLiteral("OFFLINE") : QStringLiteral("STREAM")});
     query.append({QStringLiteral("assetpresentation"), QStringLiteral("FULL")});
-    query.append({QStringLiteral("audioquality"), qualityName(effective)});
+    query.append({QStringLiteral("audioquality"), KeloTidalSoundQualities::toString(effective)});
     const QString& suffix = usePostPaywall() ? KeloTidalApiPathPlaybackInfoPostPaywall()
                                              : KeloTidalApiPathPlaybackInfoPrePaywall();
     sendGet(path + suffix, query, answerMember,

@@ -7,23 +7,11 @@
 #include <kelo/KeloOAuth2.h>
 #include <kelo/KeloPost.h>
 #include <kelo/KeloTidalConstants.h>
-#include <QMap>
 
 namespace {
 CMError tidalError(const TrString& message)
 {
     return CMError(QStringLiteral("TIDAL"), message);
-}
-
-/// The lowest quality for a name that is none.
-KeloTidalSoundQualities::Enum qualityOf(const QString& name)
-{
-    static const QMap<QString, KeloTidalSoundQualities::Enum> qualities = {
-        {QStringLiteral("LOW"), KeloTidalSoundQualities::LOW_},
-        {QStringLiteral("HIGH"), KeloTidalSoundQualities::HIGH_},
-        {QStringLiteral("LOSSLESS"), KeloTidalSoundQualities::LOSSLESS_},
-        {QStringLiteral("HI_RES"), KeloTidalSoundQualities::HI_RES_}};
-    return qualities.value(name, KeloTidalSoundQualities::LOW_);
 }
 } // namespace
 
@@ -154,7 +142,8 @@ void TidalWorker::on_tidalHandler_subscriptionFinished(
     } else if (!error.isEmpty()) {
         failSetUp(KELO_TR("Failed to initialize TIDAL"));
     } else {
-        m_handler->setAccountSoundQuality(qualityOf(subscription.highestSoundQuality()));
+        m_handler->setAccountSoundQuality(
+            KeloTidalSoundQualities::fromString(subscription.highestSoundQuality()));
         configureUser();
     }
 }

@@ -7,18 +7,10 @@
 
 namespace {
 
-/// The words of the sound qualities, by their numbers.
-const QStringList& qualityNames()
-{
-    static const QStringList names{QStringLiteral("LOW"), QStringLiteral("HIGH"),
-                                   QStringLiteral("LOSSLESS"), QStringLiteral("HI_RES")};
-    return names;
-}
-
 KeloValue qualityValue(int number)
 {
     KeloValue value;
-    if (number < 0 || number >= qualityNames().size())
+    if (number < 0 || number >= KeloTidalSoundQualities::words().size())
         return value;
     KeloTidalSoundQuality quality;
     quality.setSoundQuality(KeloTidalSoundQualities::Enum(number));
@@ -37,8 +29,9 @@ KeloValue readQuality(const KeloValue& sent)
                    : KeloValue();
     }
     if (type == KeloValue::String())
-        return qualityValue(qualityNames().indexOf(sent.string_().toUpper()));
-    if (type == KeloValue::I64() && sent.i64_() >= 0 && sent.i64_() < qualityNames().size())
+        return qualityValue(KeloTidalSoundQualities::words().indexOf(sent.string_().toUpper()));
+    if (type == KeloValue::I64() && sent.i64_() >= 0 &&
+        sent.i64_() < KeloTidalSoundQualities::words().size())
         return qualityValue(int(sent.i64_()));
     return KeloValue();
 }
@@ -109,19 +102,20 @@ void SettingsWorker::addOAuth2(const OAuth2Settings& oauth2)
 
 void SettingsWorker::addSoundQuality(const QString& name)
 {
-    auto* node = new SettingNode(KeloTidalSoundQualityPath(), readQuality,
-                                 qualityNames().join(QStringLiteral(", ")));
-    addNode(node, KELO_TR("Sound quality"), qualityValue(qualityNames().indexOf(name)));
+    const QStringList words = KeloTidalSoundQualities::words();
+    auto* node =
+        new SettingNode(KeloTidalSoundQualityPath(), readQuality, words.join(QStringLiteral(", ")));
+    addNode(node, KELO_TR("Sound quality"), qualityValue(words.indexOf(name)));
 
     CMPath choices = KeloTidalSoundQualityPath();
     choices.appendSubpath(QStringLiteral("Enums"));
     auto* list = CMListRowsNode::create(nodes(), choices);
     list->setTitle(KELO_TR("Sound quality"));
     list->setContainerType(KeloRolesContainerType::List_);
-    for (int i = 0; i < qualityNames().size(); ++i) {
+    for (int i = 0; i < words.size(); ++i) {
         KeloRoles row;
         row.setType(KeloRolesType::Choice_);
-        row.setTitle(qualityNames().at(i));
+        row.setTitle(words.at(i));
         row.setValue(qualityValue(i));
         list->rowsAppend(row);
     }

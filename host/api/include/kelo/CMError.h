@@ -30,6 +30,9 @@ public:
     CMError(const QString& name, const TrString& message);
     CMError(const QString& name, const TrString& title, const TrString& message);
 
+    /// The error that says that no node stands at a path.
+    static CMError nothingAt(const QString& encodedPath);
+
     bool isSet() const;
     QString name() const;
     QString title() const;

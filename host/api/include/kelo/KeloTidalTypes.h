@@ -2,6 +2,7 @@
 #include "KeloHash.h"
 #include "KeloNames.h"
 #include <QMetaType>
+#include <QStringList>
 
 /// Which context menu an item's row carries.
 struct KELO_EXPORT KeloTidalContextVariation
@@ -83,6 +84,16 @@ struct KELO_EXPORT KeloTidalOrderingType
 struct KELO_EXPORT KeloTidalSoundQualities
 {
     enum Enum { LOW_ = 0, HIGH_ = 1, LOSSLESS_ = 2, HI_RES_ = 3 };
+    KELO_NAME(Low, "LOW")
+    KELO_NAME(High, "HIGH")
+    KELO_NAME(Lossless, "LOSSLESS")
+    KELO_NAME(HiRes, "HI_RES")
+    /// The service's word; that of the lowest for a number that is none.
+    static QString toString(Enum value);
+    /// The value of a word; the lowest for a text that is none.
+    static Enum fromString(const QString& text);
+    /// The words by their numbers.
+    static QStringList words();
 };
 
 /// A sound quality as a record.

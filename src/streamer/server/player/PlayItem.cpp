@@ -7,25 +7,12 @@ namespace {
 /// Under this name a resource may say what quality was granted.
 const QString audioQualityKey = QStringLiteral("audioQuality");
 
-QString wireName(KeloTidalSoundQualities::Enum quality)
-{
-    switch (quality) {
-    case KeloTidalSoundQualities::LOW_:
-        return QStringLiteral("LOW");
-    case KeloTidalSoundQualities::HIGH_:
-        return QStringLiteral("HIGH");
-    case KeloTidalSoundQualities::LOSSLESS_:
-        return QStringLiteral("LOSSLESS");
-    case KeloTidalSoundQualities::HI_RES_:
-        return QStringLiteral("HI_RES");
-    }
-    return {};
-}
-
 QString askedQuality()
 {
     const KeloValue value = CMRoot().value(KeloTidalSoundQualityPath());
-    return value.isEmpty() ? QString() : wireName(value.tidalSoundQuality().soundQuality());
+    return value.isEmpty()
+               ? QString()
+               : KeloTidalSoundQualities::toString(value.tidalSoundQuality().soundQuality());
 }
 
 QString deliveredQuality(const KeloResource& resource)
@@ -34,9 +21,9 @@ QString deliveredQuality(const KeloResource& resource)
     if (!said.isEmpty())
         return said;
     if (resource.mimeType() == QLatin1String("audio/flac"))
-        return QStringLiteral("LOSSLESS");
+        return KeloTidalSoundQualities::Lossless();
     if (resource.mimeType() == QLatin1String("audio/mp4"))
-        return QStringLiteral("HIGH");
+        return KeloTidalSoundQualities::High();
     return {};
 }
 
