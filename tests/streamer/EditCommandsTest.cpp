@@ -58,6 +58,8 @@ protected:
         }
         addData("/t/tm?id=2", R"("Type":"Container")" + menu);
         addData(second, R"("ContainerType":"None")");
+        streamer.answer("GET /api/v1/row?path=" + encoded(second),
+                        {200, R"({"row":)" + track("2") + '}'});
         addData("/t/tm/favorites?id=2", R"("Title":"Add to favorites")");
         addData("/t/req/created/playlists", R"("ContainerType":"None")" + context("/t/tm?id=2"));
         streamer.answer("POST /api/v1/set", {200, R"({"reply":null})"});
@@ -209,7 +211,7 @@ TEST_F(EditCommands, refuseBeforeAnythingIsSent)
         {{"playlist", "delete", "p2"}, 1, "none of your playlists has the id p2"},
         {{"playlist", "add", "p2", second}, 1, "none of your playlists has the id p2"},
         {{"playlist", "add", "p1", second, "/busy"}, 1, "Not logged in"},
-        {{"playlist", "add", "p1", "/t/none?a=1"}, 1, "no list has a row with the path"},
+        {{"playlist", "add", "p1", "/t/none?a=1"}, 1, "no such node"},
         {{"playlist", "remove", "p1", "2"}, 1, "there is no row 2, the last one is 1"},
         {{"playlist", "remove", "p1", "-1"}, 2, "-1"},
         {{"playlist", "move", "p1", "1"}, 2, "TO"},

@@ -108,6 +108,8 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
         ask("GET /api/v1/rows", "?path=/tidal/req/featured/new/albums")["rows"].toArray().first();
     const std::string tracks = QUrl::toPercentEncoding(album["Path"].toString()).data();
     const QJsonValue track = ask("GET /api/v1/rows", "?path=" + tracks)["rows"].toArray().last();
+    EXPECT_EQ(ask("GET /api/v1/row", "?path=" + tracks)["list"].toString(),
+              "/tidal/req/featured/new/albums");
     ask("GET /api/v1/data", "?path=/tidal");
     ask("POST /api/v1/set", "", R"({"path":"/settings/tidal/soundQuality","value":"LOW"})");
     ask("POST /api/v1/player/play", "",

@@ -14,48 +14,10 @@ namespace {
 constexpr int pageSize = 50;
 /// Rows of one list that are looked through.
 constexpr int mostRows = 10000;
-/// Parameters of a path up to which its list is looked for: each one doubles the tries.
-constexpr int mostParameters = 6;
 
 bool hasType(const QJsonObject& row, const char* type)
 {
     return roleText(row, "Type") == QLatin1String(type);
-}
-
-/// Every path that \p path becomes by leaving parameters out, those that leave out few first. The
-/// parameter of items that play comes before all others: such an item has no rows, so where it is
-/// named it is the item, while lists may carry along what they were opened with.
-QStringList candidateLists(const PathText& path)
-{
-    QStringList keys = path.parameters.keys();
-    const int item = keys.indexOf(QStringLiteral("trackId"));
-    if (item > 0)
-        keys.move(item, 0);
-    QVector<uint> choices;
-    for (uint choice = 1; choice < 1u << keys.size(); ++choice)
-        choices.append(choice);
-    std::stable_sort(choices.begin(), choices.end(),
-                     [](uint a, uint b) { return qPopulationCount(a) < qPopulationCount(b); });
-    QStringList result;
-    for (const uint choice : qAsConst(choices)) {
-        PathText list = path;
-        for (int i = 0; i < keys.size(); ++i) {
-            if (choice & 1u << i)
-                list.parameters.remove(keys.at(i));
-        }
-        result.append(list.encoded());
-    }
-    return result;
-}
-
-/// Whether \p page holds rows whose paths are built as \p path is. A list without one is not read
-/// to its end.
-bool hasAlike(const QJsonArray& rows, const PathText& path)
-{
-    return std::any_of(rows.begin(), rows.end(), [&path](const QJsonValue& row) {
-        const PathText own = PathText::parse(roleText(row.toObject(), "Path"));
-        return own.base == path.base && own.parameters.keys() == path.parameters.keys();
-    });
 }
 
 } // namespace
@@ -169,31 +131,6 @@ ApiReply TreeWalk::data(const QString& path, QJsonObject& roles) const
     return reply;
 }
 
-ApiReply TreeWalk::findRow(const QString& path, QJsonObject& row) const
-{
-    const PathText wanted = PathText::parse(path);
-    ApiReply missing =
-        ApiReply::refusal(QStringLiteral("no list has a row with the path %1").arg(shown(path)));
-    if (wanted.parameters.size() > mostParameters)
-        return missing;
-    for (const QString& list : candidateLists(wanted)) {
-        const ApiReply first = RowsCommand::fetch(m_api, list, 0, pageSize - 1);
-        if (first.outcome == ApiReply::Outcome::Unreachable)
-            return first;
-        if (!hasAlike(first.document.value(QLatin1String("rows")).toArray(), wanted))
-            continue;
-        const ApiReply reply = find(
-            list,
-            [&wanted](const QJsonObject& candidate) {
-                return roleText(candidate, "Path") == wanted.encoded();
-            },
-            row);
-        if (!reply.isDone() || !row.isEmpty())
-            return reply;
-    }
-    return missing;
-}
-
 /// Menus, choosers and forms are containers of their own type, which no list of items has. The
 /// menu of a node without parameters stands in its data.
 ApiReply TreeWalk::menuOf(const QString& path, QString& menu) const
@@ -206,9 +143,10 @@ ApiReply TreeWalk::menuOf(const QString& path, QString& menu) const
     if (roleText(roles, "ContainerType") == QLatin1String("List"))
         return reply;
     if (path.contains('?')) {
-        reply = findRow(path, roles);
+        reply = m_api.get(QStringLiteral("row"), {{QStringLiteral("path"), path}});
         if (!reply.isDone())
             return reply;
+        roles = reply.document.value(QLatin1String("row")).toObject();
     }
     menu = contextPath(roles);
     return menu.isEmpty()

@@ -19,9 +19,8 @@ bool isField(const QJsonObject& row);
 bool hasSegment(const QJsonObject& row, const char* segment);
 
 /// Finds rows, menus and data by reading the tree as a screen does. Owned by a command for one run,
-/// used on the main thread. It changes nothing. The list that a row stands in is found by leaving
-/// parameters of the row's path out, and knows its row by the whole path. Every function gives how
-/// the streamer answered, or a refusal that says what is missing, and fills its last argument.
+/// used on the main thread. It changes nothing. Every function gives how the streamer answered, or
+/// a refusal that says what is missing, and fills its last argument.
 class TreeWalk
 {
 public:
@@ -49,8 +48,6 @@ public:
     [[nodiscard]] ApiReply menuOf(const QString& path, QString& menu) const;
 
 private:
-    [[nodiscard]] ApiReply findRow(const QString& path, QJsonObject& row) const;
-
     ApiClient& m_api;
 };
 

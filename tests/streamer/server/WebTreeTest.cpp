@@ -66,6 +66,26 @@ TEST(WebTreeTest, ARowCarriesItsRolesInTheirJsonShapes)
     EXPECT_EQ(rowsOf(few).at(0).toObject().keys(), QStringList{"Title"});
 }
 
+TEST(WebTreeTest, ARowIsFoundInTheListThatItStandsIn)
+{
+    WebWorld world;
+    struct Case
+    {
+        const char* path;
+        int index;
+        const char* list;
+    };
+    for (const auto& [path, index, list] :
+         {Case{"/web/list?id=2", 2, "/web/list"}, Case{"/web/list?id=118", 118, "/web/list"},
+          Case{"/web/list?id=119%26trackId=7", 119, "/web/list?id=119"}}) {
+        const auto answer = world.get(std::string("/api/v1/row?path=") + path);
+        ASSERT_EQ(answer.status, 200) << path;
+        EXPECT_EQ(answer.json["list"].toString(), QString(list));
+        EXPECT_EQ(answer.json["index"].toInt(), index);
+        EXPECT_EQ(answer.json["row"].toObject()["Title"].toString(), QString::number(index));
+    }
+}
+
 TEST(WebTreeTest, MalformedCallsGetASentenceAndTheTreesErrorsTheirStatus)
 {
     WebWorld world;
@@ -94,6 +114,9 @@ TEST(WebTreeTest, MalformedCallsGetASentenceAndTheTreesErrorsTheirStatus)
           Case{"rows?path=/web/list&from=5&to=4", 400, ""},
           Case{"rows?path=/nobody", 404, ""},
           Case{"data?path=/web/nothing", 404, ""},
+          Case{"row?path=/web/list?id=120", 404,
+               "no list has a row with the path /web/list?id=120"},
+          Case{"row", 400, "path: is missing"},
           Case{"nothing", 404, "there is no such address"},
           Case{"set", 405, "does not take GET"},
           Case{"events?path=/nobody", 404, "/nobody"},

@@ -79,6 +79,11 @@ WebWorker::WebWorker() : CMNodesWorker({}, QStringLiteral("web"))
     for (int i = 0; i < 120; ++i) {
         KeloRoles row;
         row.setTitle(QString::number(i));
+        CMPath path = list->path();
+        path.addParam(QStringLiteral("id"), QString::number(i));
+        if (i % 2)
+            path.addParam(QStringLiteral("trackId"), QStringLiteral("7"));
+        row.setPath(path);
         list->rowsAppend(row);
     }
     CMListRowsNode::create(nodes(), addPrefix(QStringLiteral("small")))->rowsAppend(richRow());

@@ -71,7 +71,8 @@ private:
     CMReply<QVariant> finish(bool loggedIn);
 };
 
-/// Paths below /web: "list" has 120 rows and fails above 50 at a time, "small" one of each kind,
+/// Paths below /web: "list" has 120 rows, told apart by "id", and fails above 50 at a time, "small"
+/// one of each kind,
 /// "value", "echo" answers with what was sent, "fail" with an error, "hold" never.
 class WebWorker : public CMNodesWorker
 {

@@ -6,43 +6,9 @@
 #include <kelo/CMRoot.h>
 
 namespace {
-constexpr int pageSize = 50;
+constexpr int pageSize = RowSearch::pageSize;
 constexpr int maxPages = 40;
 const QString trackIdParam = QStringLiteral("trackId");
-
-QList<KeloRoles> rolesOf(const QVariant& rows)
-{
-    QList<KeloRoles> result;
-    const QVariantList list = rows.toList();
-    result.reserve(list.size());
-    for (const QVariant& row : list) {
-        const QVariantList values = row.toList();
-        KeloRoles roles;
-        for (int i = 0; i < values.size() && i < itemRoles().size(); ++i)
-            if (values.at(i).isValid())
-                roles.insert(itemRoles().at(i), values.at(i));
-        result.append(roles);
-    }
-    return result;
-}
-
-/// Lists in which the row at a path may stand: its path without one parameter, or one level up.
-QList<CMPath> candidateLists(const CMPath& path)
-{
-    QList<CMPath> lists;
-    const auto& params = path.params();
-    for (auto it = params.begin(); it != params.end(); ++it) {
-        CMPath list = path;
-        list.removeParam(it.key());
-        lists.append(list);
-    }
-    QStringList segments = path.splitBase();
-    if (segments.size() > 1) {
-        segments.removeLast();
-        lists.append(CMPath(QLatin1Char('/') + segments.join(QLatin1Char('/')), params));
-    }
-    return lists;
-}
 
 /// Headers and texts are no items, so that passing over them is not worth a word.
 bool isItem(const KeloRoles& row)
@@ -81,16 +47,8 @@ void RowFinder::fetch(const CMPath& list, int from, int to, std::function<void(c
     reply.addWatcher(
         this,
         [this, reply, generation = m_generation, then] {
-            if (generation != m_generation)
-                return;
-            Page page;
-            page.error = reply.error();
-            if (!page.error.isSet()) {
-                const KeloRowsRoles rows = reply.value();
-                page.rows = rolesOf(rows.rows());
-                page.count = rows.rowsCount();
-            }
-            then(page);
+            if (generation == m_generation)
+                then(Page(reply));
         },
         Qt::QueuedConnection);
 }
@@ -99,18 +57,16 @@ void RowFinder::find(const CMPath& path, Done done)
 {
     cancel();
     m_done = std::move(done);
-    const Match isRow = [path](const KeloRoles& row) { return row.path() == path; };
     if (!path.hasParam(trackIdParam)) {
         fetch(path, 0, pageSize - 1, [this, path](const Page& page) { onOwnRows(path, page); });
         return;
     }
-    CMPath list = path;
-    list.removeParam(trackIdParam);
-    search({{list}, 0, isRow, [this, id = path.param(trackIdParam)](const QueueEntry& entry) {
-                // Rows that stand in no list of their own, as a radio's do, name their track.
-                const bool isListMissing = m_found.error.name() == CMError::NotFoundName();
-                finish(entry.isEmpty() && isListMissing ? QueueEntry{{}, id, {}, -1} : entry);
-            }});
+    search(RowSearch(path, RowSearch::listsOf(path).mid(0, 1)),
+           [this, id = path.param(trackIdParam)](const QueueEntry& entry) {
+               // Rows that stand in no list of their own, as a radio's do, name their track.
+               const bool isListMissing = m_found.error.name() == CMError::NotFoundName();
+               finish(entry.isEmpty() && isListMissing ? QueueEntry{{}, id, {}, -1} : entry);
+           });
 }
 
 void RowFinder::onOwnRows(const CMPath& path, const Page& page)
@@ -120,30 +76,24 @@ void RowFinder::onOwnRows(const CMPath& path, const Page& page)
         return walkPage(path, 0, 1, page);
     }
     m_found.error = page.error;
-    search({candidateLists(path), 0, [path](const KeloRoles& row) { return row.path() == path; },
-            [this](const QueueEntry& entry) { finish(entry); }});
+    search(RowSearch(path, RowSearch::listsOf(path)),
+           [this](const QueueEntry& entry) { finish(entry); });
 }
 
-void RowFinder::search(Search search)
+void RowFinder::search(const RowSearch& search, const std::function<void(const QueueEntry&)>& then)
 {
-    if (search.lists.isEmpty())
-        return search.then(QueueEntry());
-    const CMPath list = search.lists.first();
-    const int from = search.from;
-    fetch(list, from, from + pageSize - 1, [this, search, list, from](const Page& page) {
-        if (page.error.isSet() && !m_found.error.isSet())
-            m_found.error = page.error;
-        for (int i = 0; i < page.rows.size(); ++i)
-            if (search.match(page.rows.at(i)))
-                return search.then({page.rows.at(i), QString(), list, from + i});
-        Search rest = search;
-        rest.from = from + pageSize;
-        if (page.error.isSet() || page.rows.isEmpty() || rest.from >= page.count) {
-            rest.lists.removeFirst();
-            rest.from = 0;
-        }
-        this->search(rest);
-    });
+    if (search.isDone())
+        return then(search.hasFound()
+                        ? QueueEntry{search.row(), QString(), search.list(), search.index()}
+                        : QueueEntry());
+    fetch(search.list(), search.from(), search.from() + pageSize - 1,
+          [this, search, then](const Page& page) {
+              if (page.error.isSet() && !m_found.error.isSet())
+                  m_found.error = page.error;
+              RowSearch rest = search;
+              rest.take(page);
+              this->search(rest, then);
+          });
 }
 
 void RowFinder::next(const QueueEntry& entry, int step, Done done)
@@ -156,16 +106,15 @@ void RowFinder::next(const QueueEntry& entry, int step, Done done)
     if (!entry.list.isEmpty() && !entry.row.isEmpty())
         lists.append(entry.list);
     const CMPath prePlay = entry.prePlayPath();
-    search({lists, 0,
-            [prePlay, id = entry.row.id()](const KeloRoles& row) {
-                const CMPath own = row.mediaData().metaData().prePlayPath();
-                return prePlay.isEmpty() ? !id.isEmpty() && row.id() == id : own == prePlay;
-            },
-            [this, step](const QueueEntry& found) {
-                if (found.isEmpty())
-                    return finish();
-                walk(found.list, found.index, step);
-            }});
+    const auto isEntry = [prePlay, id = entry.row.id()](const KeloRoles& row) {
+        const CMPath own = row.mediaData().metaData().prePlayPath();
+        return prePlay.isEmpty() ? !id.isEmpty() && row.id() == id : own == prePlay;
+    };
+    search(RowSearch(lists, isEntry), [this, step](const QueueEntry& found) {
+        if (found.isEmpty())
+            return finish();
+        walk(found.list, found.index, step);
+    });
 }
 
 void RowFinder::walk(const CMPath& list, int index, int step)

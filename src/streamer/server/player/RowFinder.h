@@ -1,8 +1,7 @@
 #pragma once
 #include "QueueEntry.h"
-#include <functional>
-#include <kelo/CMError.h>
-#include <kelo/KeloRowsRoles.h>
+#include "RowSearch.h"
+
 #include <QObject>
 
 /// Finds rows in the host tree: the row that a path names, and the playable rows before and after
@@ -30,24 +29,11 @@ public:
     void cancel();
 
 private:
-    struct Page
-    {
-        QList<KeloRoles> rows;
-        int count = 0; ///< rows of the whole list
-        CMError error;
-    };
-    using Match = std::function<bool(const KeloRoles&)>;
-    /// A search for a row in one list after the other.
-    struct Search
-    {
-        QList<CMPath> lists; ///< the first is being read, those behind it are tried next
-        int from = 0;
-        Match match;
-        std::function<void(const QueueEntry&)> then; ///< an empty entry when no list has the row
-    };
+    using Page = RowSearch::Page;
 
     void fetch(const CMPath& list, int from, int to, std::function<void(const Page&)> then);
-    void search(Search search);
+    /// Follows a search to its end; `then` gets an empty entry when no list has the row.
+    void search(const RowSearch& search, const std::function<void(const QueueEntry&)>& then);
     void walk(const CMPath& list, int index, int step);
     void walkPage(const CMPath& list, int from, int step, const Page& page);
     void onOwnRows(const CMPath& path, const Page& page);

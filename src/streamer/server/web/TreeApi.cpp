@@ -2,6 +2,7 @@
 
 #include "ItemRoles.h"
 #include "JsonText.h"
+#include "RowSearch.h"
 #include "texts/TextCatalogue.h"
 
 #include <kelo/CMRoot.h>
@@ -9,9 +10,11 @@
 
 namespace {
 
-constexpr int pageSize = 50;
+constexpr int pageSize = RowSearch::pageSize;
 /// A wish for more rows ends here; the count says that there are more.
 constexpr int mostRows = 10000;
+/// A row that is not found by then is told to be nowhere.
+constexpr int mostPages = 250;
 
 const QStringList& dataRoles()
 {
@@ -53,6 +56,7 @@ void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& va
 void TreeApi::addRoutes(RouteTable& routes)
 {
     routes.add("GET", "/api/v1/rows", [this](const HttpCall& call) { return rows(call); });
+    routes.add("GET", "/api/v1/row", [this](const HttpCall& call) { return row(call); });
     routes.add("GET", "/api/v1/data", [this](const HttpCall& call) { return data(call); });
     routes.add("POST", "/api/v1/set", [this](const HttpCall& call) { return set(call); });
 }
@@ -124,6 +128,42 @@ HttpReply TreeApi::rows(const HttpCall& call)
     for (const QVariant& row : rows.rows)
         writeRoles(json, *roles, row.toList(), typeAt);
     json.endArray();
+    json.endObject();
+    return HttpReply::json(json.text());
+}
+
+HttpReply TreeApi::row(const HttpCall& call)
+{
+    QString fault;
+    const auto path = call.path(&fault);
+    if (!path)
+        return HttpReply::badRequest(fault);
+    RowSearch search(*path, RowSearch::listsOf(*path));
+    for (int pages = 0; pages < mostPages && !search.isDone(); ++pages) {
+        const CMGetRowsRequest request(search.list(), search.from(), search.from() + pageSize - 1,
+                                       itemRoles());
+        CMRoot().request(request);
+        m_waiter.wait(request.reply());
+        const CMError error = request.reply().error();
+        // Most of the lists do not exist, which is no fault.
+        if (error.name() == CMError::DeadlineName() || error.name() == HttpReply::stoppingName())
+            return HttpReply::error(error);
+        search.take(RowSearch::Page(request.reply()));
+    }
+    if (!search.hasFound())
+        return HttpReply::problem(
+            404, QStringLiteral("no list has a row with the path %1").arg(path->toEncoded()));
+
+    JsonText json(call.texts);
+    json.beginObject();
+    json.key(QStringLiteral("list"));
+    json.string(search.list().toEncoded());
+    json.key(QStringLiteral("index"));
+    json.number(search.index());
+    json.key(QStringLiteral("row"));
+    json.beginObject();
+    json.fields(search.row().toHash());
+    json.endObject();
     json.endObject();
     return HttpReply::json(json.text());
 }

@@ -15,6 +15,8 @@ public:
 
 private:
     HttpReply rows(const HttpCall& call);
+    /// The row at a path, and in which list it stands.
+    HttpReply row(const HttpCall& call);
     HttpReply data(const HttpCall& call);
     HttpReply set(const HttpCall& call);
 
