@@ -1,8 +1,5 @@
 #include "client/DisplayText.h"
 #include "client/EventParser.h"
-#include "client/JsonText.h"
-#include "client/PathText.h"
-#include "client/PlayerCommands.h"
 #include "client/QrCode.h"
 
 #include <gtest/gtest.h>
@@ -55,34 +52,6 @@ TEST(DisplayText, CutsByTheColumnsThatCharactersTake)
     EXPECT_EQ(cli::padded(QStringLiteral("漢"), 4), QStringLiteral("漢  "));
 }
 
-TEST(JsonText, KeepsControlCharactersOfDocumentsFromTheTerminal)
-{
-    const QByteArray c1 = "\xc2\x9b";
-    EXPECT_EQ(cli::printableJson("{\"a\": \"x" + c1 + "2J\\\"\x7f\"}\r\n"),
-              "{\"a\": \"x\\u009b2J\\\"\\u007f\"}\n");
-    EXPECT_EQ(cli::printableJson("[\"é\",\"\x1b\"]"), "[\"é\",\"\\u001b\"]");
-    EXPECT_EQ(cli::valueText(QJsonValue(QStringLiteral("a\x1b"))), QStringLiteral("a\\x1b"));
-    EXPECT_FALSE(cli::parseJsonValue("1],[2"));
-    EXPECT_FALSE(cli::parseJsonValue("1,2"));
-    EXPECT_FALSE(cli::parseJsonValue("HIGH"));
-    EXPECT_EQ(cli::parseJsonValue("9007199254740993")->toVariant().toLongLong(),
-              9007199254740993LL);
-}
-
-TEST(PathText, RoundTripsAndQuotesForTheShell)
-{
-    const QString encoded = QStringLiteral("/a/b?k%26=v%3D%20%C3%A9&query=x%2Fy");
-    const cli::PathText path = cli::PathText::parse(encoded);
-    EXPECT_EQ(path.base, QStringLiteral("/a/b"));
-    EXPECT_EQ(path.parameters.value(QStringLiteral("k&")), QStringLiteral("v= é"));
-    EXPECT_EQ(path.encoded(), encoded);
-    EXPECT_EQ(path.lastSegment(), QStringLiteral("b"));
-    EXPECT_EQ(cli::shellWord(QStringLiteral("/a/b")), QStringLiteral("/a/b"));
-    EXPECT_EQ(cli::shellWord(encoded), '\'' + encoded + '\'');
-    EXPECT_EQ(cli::shellWord(QStringLiteral("it's")), QStringLiteral("'it'\\''s'"));
-    EXPECT_EQ(cli::shellWord(QString()), QStringLiteral("''"));
-}
-
 TEST(EventParser, FindsTheSameEventsHoweverTheBytesArrive)
 {
     const QByteArray stream = ": hello\n\nevent: rows\ndata: {\"a\":1}\n\ndata:x\r\ndata: y\r\n\r\n"
@@ -110,28 +79,6 @@ TEST(EventParser, RefusesAnEventWithoutEnd)
     while (taken < 10 && parser.feed(line.constData(), static_cast<size_t>(line.size())))
         ++taken;
     EXPECT_EQ(taken, 3);
-}
-
-TEST(SeekCommand, ReadsTimes)
-{
-    const struct
-    {
-        const char* text;
-        qint64 expected; ///< -1: refused
-        bool isRelative;
-    } rows[] = {{"90", 90000, false},      {"1:30", 90000, false}, {"1:02:03.5", 3723500, false},
-                {"+15", 15000, true},      {"", -1, false},        {"1:75", -1, false},
-                {"1:2:3:4", -1, false},    {"abc", -1, false},     {"0", 0, false},
-                {"99999999999", -1, false}};
-    for (const auto& row : rows) {
-        bool isRelative = false;
-        const auto time = cli::SeekCommand::parse(QString::fromLatin1(row.text), isRelative);
-        EXPECT_EQ(time.value_or(-1), row.expected) << row.text;
-        EXPECT_EQ(isRelative, row.isRelative) << row.text;
-    }
-    bool isRelative = false;
-    EXPECT_EQ(cli::SeekCommand::parse(QStringLiteral("-1:30"), isRelative), -90000);
-    EXPECT_TRUE(isRelative);
 }
 
 TEST(QrCode, DrawsTwoModulesPerCell)

@@ -24,7 +24,7 @@ TEST(WatchCommand, PrintsOneLineForEachNotice)
         stream("event: rows\ndata: {\"path\":\"/a?k=\\u001b\",\"change\":\"reset\",\"count\":6}\n\n"
                "event: player\ndata: {}\n\n: alive\n\n"
                "event: rows\ndata: {\"path\":\"/a\",\"change\":[\"-4\",\"7\"],\"count\":-1}\n\n"
-               "event: rows\ndata: broken\n\n"));
+               "event: rows\ndata: \"\x1b\"\n\n"));
     const auto run = streamer.run({"watch", "/a"});
     EXPECT_EQ(run.status, 0) << run.err;
     const std::string time = "[0-2][0-9]:[0-5][0-9]:[0-5][0-9]";
@@ -32,7 +32,8 @@ TEST(WatchCommand, PrintsOneLineForEachNotice)
                                                      time + "  /a  -4,7  -1\n" + time + ".*\n")))
         << run.out;
     const auto json = streamer.run({"watch", "/a", "--json"});
-    EXPECT_THAT(json.out, HasSubstr("{\"path\":\"/a\",\"change\":[\"-4\",\"7\"],\"count\":-1}\n"));
+    EXPECT_THAT(json.out, HasSubstr("{\"path\":\"/a\",\"change\":[\"-4\",\"7\"],\"count\":-1}\n"
+                                    "\"\\u001b\"\n"));
 }
 
 TEST(RowsCommand, FollowPrintsThePageAgainAfterEachChange)

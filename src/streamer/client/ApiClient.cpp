@@ -1,6 +1,7 @@
 #include "client/ApiClient.h"
 
 #include "client/DisplayText.h"
+#include "client/JsonText.h"
 
 #include <atomic>
 #include <httplib.h>
@@ -76,8 +77,8 @@ ApiReply unreachable(const QString& server, httplib::Error error)
 /// The text of a problem document (RFC 9457, section 3), or of whatever else came.
 QString problemText(int status, const QJsonObject& problem)
 {
-    const QString detail = problem.value(QLatin1String("detail")).toString();
-    const QString title = problem.value(QLatin1String("title")).toString();
+    const QString detail = textIn(problem, "detail");
+    const QString title = textIn(problem, "title");
     if (!detail.isEmpty() || !title.isEmpty())
         return shown(detail.isEmpty() ? title : detail);
     return QStringLiteral("the streamer answered with status %1").arg(status);
@@ -149,6 +150,22 @@ bool ApiClient::isServerAddress(const QString& text)
 ApiReply ApiClient::get(const QString& path, const Query& query)
 {
     return fromResult(m_server, m_client->Get(target(path, query)));
+}
+
+ApiReply ApiClient::rows(const QString& path, int from, int to, const QString& roles)
+{
+    Query query{{QStringLiteral("path"), path},
+                {QStringLiteral("from"), QString::number(from)},
+                {QStringLiteral("to"), QString::number(to)}};
+    if (!roles.isEmpty())
+        query.append({QStringLiteral("roles"), roles});
+    return get(QStringLiteral("rows"), query);
+}
+
+ApiReply ApiClient::set(const QString& path, const QByteArray& value)
+{
+    return post(QStringLiteral("set"),
+                "{\"path\":" + jsonString(path) + ",\"value\":" + value + '}');
 }
 
 ApiReply ApiClient::post(const QString& path, const QByteArray& body)

@@ -55,6 +55,11 @@ public:
 
     /// \p path is below /api/v1, "rows". Query values are encoded here.
     [[nodiscard]] ApiReply get(const QString& path, const Query& query = {});
+    /// A page of rows; \p roles are names with commas, empty: the streamer's usual ones.
+    [[nodiscard]] ApiReply rows(const QString& path, int from, int to,
+                                const QString& roles = QString());
+    /// Sends a JSON value to a node.
+    [[nodiscard]] ApiReply set(const QString& path, const QByteArray& value);
     [[nodiscard]] ApiReply post(const QString& path, const QByteArray& body = "{}");
     [[nodiscard]] ApiReply remove(const QString& path);
     /// A path beside the API, "/healthz"; its body need not be JSON.

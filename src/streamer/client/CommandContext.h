@@ -27,6 +27,8 @@ struct CommandContext
     ApiClient& api;
     Terminal& terminal;
     bool isJson = false;
+    /// Called before following something until interrupted.
+    std::function<void()> endOnInterrupt = {};
     /// Waits until a streamer that has gone away is tried again; false when it is not to be.
     std::function<bool()> waitToRetry = {};
 

@@ -1,5 +1,6 @@
 #include "client/Completion.h"
 
+#include "client/CommandPlace.h"
 #include "settings/SettingsKeys.h"
 
 #include <algorithm>
@@ -18,30 +19,13 @@ Candidates ofWords(const QStringList& words)
     return result;
 }
 
-/// The words that a setting accepts, where it accepts only some.
-QStringList acceptedBy(const SettingsKey& key)
-{
-    const QString start = QStringLiteral("one of ");
-    if (key.kind == SettingsKey::Kind::Boolean)
-        return {QStringLiteral("true"), QStringLiteral("false")};
-    if (key.wanted.startsWith(start))
-        return key.wanted.mid(start.size()).split(QStringLiteral(", "));
-    return {};
-}
-
-QStringList acceptedBy(const char* name)
-{
-    const SettingsKey* key = findSettingsKey(QString::fromLatin1(name));
-    return key ? acceptedBy(*key) : QStringList();
-}
-
 /// "section.key=" while the key is typed, "section.key=value" after that.
 Completion::Result settings(const QString& prefix)
 {
     Completion::Result result;
     const SettingsKey* known = findSettingsKey(prefix.section('=', 0, 0));
     if (prefix.contains('=')) {
-        for (const QString& value : known ? acceptedBy(*known) : QStringList())
+        for (const QString& value : known ? known->choices : QStringList())
             result.candidates.append({known->name + '=' + value, {}});
         return result;
     }
@@ -62,72 +46,37 @@ void keepStarting(Candidates& candidates, const QString& prefix)
 
 } // namespace
 
-struct Completion::Place
-{
-    explicit Place(const ShapeCommand* at) : command(at) {}
-
-    const ShapeCommand* command;
-    const ShapeOption* waiting = nullptr; ///< the option whose value comes now
-    int arguments = 0;                    ///< given before
-    bool hasOptionsEnded = false;         ///< "--" was there
-    QStringList options;                  ///< given before
-};
-
-Completion::Place Completion::find(const QStringList& words) const
-{
-    Place place(&m_program);
-    for (int i = 1; i + 1 < words.size(); ++i) {
-        const QString& word = words.at(i);
-        if (place.waiting) {
-            place.waiting = nullptr;
-        } else if (!place.hasOptionsEnded && word == QLatin1String("--")) {
-            place.hasOptionsEnded = true;
-        } else if (!place.hasOptionsEnded && word.size() > 1 && word.startsWith('-')) {
-            const ShapeOption* option = place.command->findOption(word);
-            place.options.append(word);
-            place.waiting = option && option->hasValue() ? option : nullptr;
-        } else if (const ShapeCommand* command = place.command->findCommand(word)) {
-            place = Place(command);
-        } else {
-            ++place.arguments;
-        }
-    }
-    return place;
-}
-
 Completion::Result Completion::complete(const QStringList& words) const
 {
+    CommandPlace place(m_program);
+    for (int i = 1; i + 1 < words.size(); ++i)
+        place.take(words.at(i));
     Result result;
-    const Place place = find(words);
+    const Command& command = *place.command;
     const QString word = words.size() > 1 ? words.last() : QString();
+    const bool isOption = !place.hasOptionsEnded && word.startsWith('-');
     if (place.waiting) {
-        result = values(place.waiting->value, place.waiting->choices, word);
-    } else if (!place.hasOptionsEnded && word.startsWith('-') && word.contains('=')) {
+        result = values(*place.waiting, word);
+    } else if (isOption && word.contains('=')) {
         const QString name = word.section('=', 0, 0);
-        if (const ShapeOption* option = place.command->findOption(name)) {
-            result = values(option->value, option->choices, word.mid(name.size() + 1));
+        if (const Option* option = command.findOption(name)) {
+            result = values(*option, word.mid(name.size() + 1));
             for (Candidate& candidate : result.candidates)
                 candidate.text.prepend(name + '=');
         }
-    } else if (!place.hasOptionsEnded && word.startsWith('-')) {
-        for (const ShapeOption& option : place.command->options) {
-            if (option.isMany || !place.options.contains(option.names.last()))
+    } else if (!isOption && !command.commands.isEmpty()) {
+        if (place.arguments > 0)
+            return result; // no such command
+        for (const Command& below : command.commands)
+            result.candidates.append({below.name, below.text});
+    } else if (!isOption && !command.arguments.isEmpty()) {
+        const Option* argument = place.nextArgument();
+        return argument ? values(*argument, word) : result;
+    } else if (isOption || word.isEmpty()) {
+        for (const Option& option : command.options) {
+            if (option.target.isMany || !place.given.contains(&option))
                 result.candidates.append({option.names.last(), option.text});
         }
-    } else if (!place.command->commands.isEmpty() && place.arguments > 0) {
-        return result; // no such command
-    } else if (!place.command->commands.isEmpty()) {
-        for (const ShapeCommand& command : place.command->commands)
-            result.candidates.append({command.name, command.text});
-    } else if (!place.command->arguments.isEmpty()) {
-        const auto& arguments = place.command->arguments;
-        const bool isOneMore = place.arguments < arguments.size() || arguments.last().isMany;
-        const ShapeOption& argument = arguments.at(qMin(place.arguments, arguments.size() - 1));
-        if (isOneMore)
-            return values(argument.value, argument.choices, word);
-    } else if (word.isEmpty()) {
-        for (const ShapeOption& option : place.command->options)
-            result.candidates.append({option.names.last(), option.text});
     }
     if (result.kind != Kind::Files && result.kind != Kind::Folders)
         keepStarting(result.candidates, word);
@@ -135,12 +84,12 @@ Completion::Result Completion::complete(const QStringList& words) const
 }
 
 /// What a value is called in help says what it is.
-Completion::Result Completion::values(const QString& value, const QStringList& choices,
-                                      const QString& prefix) const
+Completion::Result Completion::values(const Option& option, const QString& prefix) const
 {
     Result result;
-    if (!choices.isEmpty())
-        result.candidates = ofWords(choices);
+    const QString& value = option.value;
+    if (!option.target.choices.isEmpty())
+        result.candidates = ofWords(option.target.choices);
     else if (value == QLatin1String("PATH") && m_streamer.paths)
         return {m_streamer.paths(prefix), Kind::Parts};
     else if (value == QLatin1String("ID") && m_streamer.playlists)
@@ -152,7 +101,7 @@ Completion::Result Completion::values(const QString& value, const QStringList& c
     else if (value == QLatin1String("KEY=VALUE"))
         result = settings(prefix);
     else if (value == QLatin1String("LEVEL"))
-        result.candidates = ofWords(acceptedBy("log.level"));
+        result.candidates = ofWords(findSettingsKey(QStringLiteral("log.level"))->choices);
     else if (value == QLatin1String("SINK"))
         result.candidates = ofWords({QStringLiteral("auto"), QStringLiteral("null"),
                                      QStringLiteral("alsasink"), QStringLiteral("jackaudiosink"),

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "client/CommandShape.h"
+#include "client/Command.h"
 
 #include <functional>
 
@@ -35,8 +35,8 @@ public:
         std::function<QVector<Candidate>()> playlists;
     };
 
-    Completion(ShapeCommand program, Streamer streamer)
-        : m_program(std::move(program)), m_streamer(std::move(streamer))
+    Completion(const Command& program, Streamer streamer)
+        : m_program(program), m_streamer(std::move(streamer))
     {
     }
 
@@ -47,12 +47,9 @@ public:
     static QString optionValue(const QStringList& words, const QString& option);
 
 private:
-    struct Place; ///< where in the structure the last word stands
+    Result values(const Option& option, const QString& prefix) const;
 
-    Place find(const QStringList& words) const;
-    Result values(const QString& value, const QStringList& choices, const QString& prefix) const;
-
-    const ShapeCommand m_program;
+    const Command& m_program;
     const Streamer m_streamer;
 };
 

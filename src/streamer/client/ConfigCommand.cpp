@@ -1,23 +1,28 @@
-#include "client/ConfigCommand.h"
-
-#include "client/CommandContext.h"
+#include "client/Commands.h"
 #include "client/DisplayText.h"
+#include "client/SettingsOptions.h"
 #include "settings/SettingsKeys.h"
 
 #include <QJsonDocument>
 
 namespace cli {
 
-bool printProblems(Terminal& terminal, const LoadedSettings& loaded)
+namespace {
+
+/// `kelo config`: the settings that `kelo serve` would run with, and where each comes from. It
+/// talks to no streamer; secrets are masked.
+struct ConfigCommand
 {
-    for (const QString& problem : loaded.problems)
-        terminal.error(QStringLiteral("kelo: ") + shown(problem));
-    return !loaded.problems.isEmpty();
-}
+    SettingsOptions options;
+    bool isJson = false;
+
+    int run(Terminal& terminal) const;
+};
 
 int ConfigCommand::run(Terminal& terminal) const
 {
-    if (printProblems(terminal, loaded))
+    const LoadedSettings loaded = options.load();
+    if (SettingsOptions::printProblems(terminal, loaded))
         return ExitUsage;
     int widestWord = 0;
     int widestValue = 0;
@@ -57,6 +62,18 @@ int ConfigCommand::run(Terminal& terminal) const
                       (isLeftOut ? QString() : terminal.styled(origin, Terminal::Style::Dim)));
     }
     return ExitDone;
+}
+
+} // namespace
+
+Command configCommand()
+{
+    const auto config = std::make_shared<ConfigCommand>();
+    Command result("config", "Show the settings and where each comes from.",
+                   "kelo config\nkelo config --config kelo.toml -o log.level=debug");
+    config->options.addTo(result);
+    return result.option("--json", config->isJson, "Print one JSON document")
+        .runs([config](Terminal& terminal) { return config->run(terminal); });
 }
 
 } // namespace cli

@@ -1,7 +1,8 @@
-#include "client/DoctorCommand.h"
-
 #include "client/AudioCheck.h"
+#include "client/Commands.h"
 #include "client/DisplayText.h"
+#include "client/SettingsOptions.h"
+#include "settings/StateDirectory.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
@@ -13,8 +14,54 @@
 
 namespace cli {
 
+namespace {
+
+/// `kelo doctor`: looks at everything that playing needs and says what is wrong and what helps.
+/// It changes nothing.
+class DoctorCommand
+{
+public:
+    void addTo(Command& command);
+    /// ExitDone unless a check failed.
+    int run(const CommandContext& context);
+
+private:
+    enum class Result { Good, Warning, Bad };
+    struct Check
+    {
+        QString name;
+        Result result;
+        QString detail;
+    };
+
+    void checkAudio();
+    void checkClock();
+    void checkSettings();
+    void checkState();
+    void checkStreamer(ApiClient& api);
+    void add(const char* name, Result result, const QString& detail)
+    {
+        m_checks.append({QString::fromLatin1(name), result, detail});
+    }
+    void print(Terminal& terminal) const;
+    QByteArray json() const;
+
+    SettingsOptions m_options;
+    LoadedSettings m_loaded;
+    QString m_stateDirectory;
+    QList<Check> m_checks;
+};
+
+void DoctorCommand::addTo(Command& command)
+{
+    m_options.addTo(command);
+    command.option("--state-dir FOLDER", m_stateDirectory, "Where logins and the queue are kept");
+}
+
 int DoctorCommand::run(const CommandContext& context)
 {
+    m_loaded = m_options.load();
+    m_stateDirectory = stateDirectory(m_stateDirectory);
     add("versions", Result::Good,
         QStringLiteral("kelo " KELO_VERSION ", Qt %1").arg(QLatin1String(qVersion())));
     checkAudio();
@@ -156,6 +203,17 @@ QByteArray DoctorCommand::json() const
     }
     return QJsonDocument(QJsonObject{{QStringLiteral("checks"), checks}})
         .toJson(QJsonDocument::Compact);
+}
+
+} // namespace
+
+Command doctorCommand()
+{
+    const auto doctor = std::make_shared<DoctorCommand>();
+    Command result("doctor", "Check what playing needs on this machine.",
+                   "kelo doctor\nkelo doctor --server http://music:8095");
+    doctor->addTo(result);
+    return result.asks([doctor](const CommandContext& context) { return doctor->run(context); });
 }
 
 } // namespace cli

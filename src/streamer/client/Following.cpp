@@ -1,11 +1,15 @@
 #include "client/Following.h"
 
+#include <QJsonArray>
+
 namespace cli {
 
 ApiReply follow(const CommandContext& context, const QStringList& paths,
                 const std::function<void()>& onOpen,
                 const std::function<bool(const ServerEvent&)>& onEvent)
 {
+    if (context.endOnInterrupt)
+        context.endOnInterrupt();
     Terminal& terminal = context.terminal;
     bool wasOpen = false;
     bool isGone = false;
@@ -38,6 +42,16 @@ ApiReply follow(const CommandContext& context, const QStringList& paths,
         if (!context.waitToRetry())
             return reply;
     }
+}
+
+QString changeText(const QJsonValue& change)
+{
+    if (!change.isArray())
+        return valueText(change);
+    QStringList words;
+    for (const auto& word : change.toArray())
+        words.append(valueText(word));
+    return words.join(',');
 }
 
 } // namespace cli

@@ -12,4 +12,8 @@ namespace cli {
                               const std::function<void()>& onOpen,
                               const std::function<bool(const ServerEvent&)>& onEvent);
 
+/// What a notice says has changed: "close", "reset", or the changed roles with commas; fit for a
+/// terminal.
+QString changeText(const QJsonValue& change);
+
 } // namespace cli

@@ -2,9 +2,7 @@
 
 #include "client/DisplayText.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 
 namespace cli {
 
@@ -52,6 +50,29 @@ QString valueText(const QJsonValue& value)
 QByteArray jsonString(const QString& text)
 {
     return QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
+}
+
+QString textIn(const QJsonObject& object, const char* name)
+{
+    return object.value(QLatin1String(name)).toString();
+}
+
+QJsonObject objectIn(const QJsonObject& object, const char* name)
+{
+    return object.value(QLatin1String(name)).toObject();
+}
+
+QVector<QJsonObject> rowsIn(const QJsonObject& page)
+{
+    QVector<QJsonObject> rows;
+    for (const QJsonValue row : page.value(QLatin1String("rows")).toArray())
+        rows.append(row.toObject());
+    return rows;
+}
+
+int rowsCountIn(const QJsonObject& page)
+{
+    return page.value(QLatin1String("rowsCount")).toInt();
 }
 
 std::optional<QJsonValue> parseJsonValue(const QByteArray& text)

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <optional>
-#include <QJsonValue>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QString>
 
-/// JSON as text. Free functions without state, safe on any thread.
+/// JSON as text, and texts out of JSON. Free functions without state, safe on any thread.
 namespace cli {
 
 /// A JSON document in UTF-8 with every control character written as an escape, so that it can go to
@@ -16,6 +17,15 @@ QString valueText(const QJsonValue& value);
 
 /// \p text with quotes, as it stands in a JSON document.
 QByteArray jsonString(const QString& text);
+
+/// A member of \p object as text, as it came; empty when it is none.
+QString textIn(const QJsonObject& object, const char* name);
+/// A member of \p object that is an object.
+QJsonObject objectIn(const QJsonObject& object, const char* name);
+/// The rows of a page, as objects.
+QVector<QJsonObject> rowsIn(const QJsonObject& page);
+/// How many rows the whole list of a page has.
+int rowsCountIn(const QJsonObject& page);
 
 /// The value that \p text holds, any kind of JSON value; nothing when it is none.
 std::optional<QJsonValue> parseJsonValue(const QByteArray& text);

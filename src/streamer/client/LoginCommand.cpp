@@ -1,5 +1,4 @@
-#include "client/LoginCommand.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/QrCode.h"
 
@@ -26,7 +25,7 @@ bool isLoggedIn(const QJsonObject& login)
 
 QJsonObject pendingOf(const QJsonObject& login)
 {
-    return login.value(QLatin1String("pending")).toObject();
+    return objectIn(login, "pending");
 }
 
 QString problemOf(const QJsonObject& login)
@@ -57,7 +56,7 @@ QString adviceFor(const QString& reason)
 
 QString adviceOf(const QJsonObject& login)
 {
-    return adviceFor(login.value(QLatin1String("reason")).toString());
+    return adviceFor(textIn(login, "reason"));
 }
 
 int refused(Terminal& terminal, const QString& problem, const QString& advice)
@@ -69,7 +68,7 @@ int refused(Terminal& terminal, const QString& problem, const QString& advice)
 }
 
 /// Reads login events on a thread of its own and hands them on in order. Lives on the
-/// stack of LoginCommand::run; its destructor ends the stream and the thread.
+/// stack of login(); its destructor ends the stream and the thread.
 class LoginEvents
 {
 public:
@@ -190,37 +189,11 @@ int waitForDecision(const CommandContext& context, LoginEvents& events, const QJ
     }
 }
 
-} // namespace
-
-/// The events are subscribed before the login starts, so that a quick confirmation is not missed.
-int LoginCommand::run(const CommandContext& context) const
-{
-    LoginEvents events(context.api);
-    if (!events.waitForOpen())
-        return context.finish(events.end().value_or(ApiReply()));
-    const ApiReply reply = context.api.post(QStringLiteral("login"));
-    if (reply.outcome == ApiReply::Outcome::Refused) {
-        // The refusal is a sentence alone; the state has the reason beside it.
-        const ApiReply state = context.api.get(QStringLiteral("login"));
-        if (!problemOf(state.document).isEmpty())
-            return finished(context, state.body, state.document);
-    }
-    if (!reply.isDone())
-        return context.finish(reply);
-    const QJsonObject pending = pendingOf(reply.document);
-    if (pending.isEmpty())
-        return finished(context, reply.body, reply.document);
-    showPending(context, pending);
-    return waitForDecision(context, events, pending);
-}
-
 /// With --json stdout belongs to the final answer, so people read on stderr.
-void LoginCommand::showPending(const CommandContext& context, const QJsonObject& pending)
+void showPending(const CommandContext& context, const QJsonObject& pending)
 {
     Terminal& terminal = context.terminal;
-    const auto text = [&pending](const char* name) {
-        return shown(pending.value(QLatin1String(name)).toString());
-    };
+    const auto text = [&pending](const char* name) { return shown(textIn(pending, name)); };
     const QString address = text("verificationUri");
     const QString complete = text("verificationUriComplete");
     const auto print = [&](const QString& line) {
@@ -246,7 +219,32 @@ void LoginCommand::showPending(const CommandContext& context, const QJsonObject&
     terminal.line();
 }
 
-int LoginCommand::status(const CommandContext& context)
+/// `kelo login`: starts a login, shows where to confirm it and waits until it is confirmed, refused
+/// or expired; a second thread reads the events while it lasts. The tokens stay with the streamer.
+/// The events are subscribed before the login starts, so that a quick confirmation is not missed.
+int login(const CommandContext& context)
+{
+    LoginEvents events(context.api);
+    if (!events.waitForOpen())
+        return context.finish(events.end().value_or(ApiReply()));
+    const ApiReply reply = context.api.post(QStringLiteral("login"));
+    if (reply.outcome == ApiReply::Outcome::Refused) {
+        // The refusal is a sentence alone; the state has the reason beside it.
+        const ApiReply state = context.api.get(QStringLiteral("login"));
+        if (!problemOf(state.document).isEmpty())
+            return finished(context, state.body, state.document);
+    }
+    if (!reply.isDone())
+        return context.finish(reply);
+    const QJsonObject pending = pendingOf(reply.document);
+    if (pending.isEmpty())
+        return finished(context, reply.body, reply.document);
+    showPending(context, pending);
+    return waitForDecision(context, events, pending);
+}
+
+/// `kelo login --status`: a login that failed or ended makes it fail too.
+int showLogin(const CommandContext& context)
 {
     const ApiReply reply = context.api.get(QStringLiteral("login"));
     if (!reply.isDone())
@@ -275,7 +273,7 @@ int LoginCommand::status(const CommandContext& context)
     return status;
 }
 
-int LoginCommand::logout(const CommandContext& context)
+int logout(const CommandContext& context)
 {
     const ApiReply reply = context.api.remove(QStringLiteral("login"));
     if (context.isJson)
@@ -283,6 +281,23 @@ int LoginCommand::logout(const CommandContext& context)
     if (reply.isDone())
         context.terminal.line(QStringLiteral("logged out"));
     return context.finish(reply);
+}
+
+} // namespace
+
+Command loginCommand()
+{
+    const auto wantsStatus = std::make_shared<bool>();
+    return Command("login", "Log in to the service with a code.", "kelo login\nkelo login --status")
+        .option("--status", *wantsStatus, "Only tell whether somebody is logged in")
+        .asks([wantsStatus](const CommandContext& context) {
+            return *wantsStatus ? showLogin(context) : login(context);
+        });
+}
+
+Command logoutCommand()
+{
+    return Command("logout", "Log out of the service.", "kelo logout").asks(logout);
 }
 
 } // namespace cli

@@ -1,8 +1,9 @@
-#include "client/Manual.h"
-
+#include "client/Commands.h"
 #include "client/JsonText.h"
 #include "client/ManualText.h"
 #include "settings/SettingsKeys.h"
+
+#include <QDateTime>
 
 namespace cli {
 
@@ -17,17 +18,17 @@ void addTagged(ManualText& page, const char* heading, const Tagged& entries)
         page.tagged(QString::fromLatin1(tag), 1, QString::fromLatin1(text));
 }
 
-void addOptions(ManualText& page, const QVector<ShapeOption>& options)
+void addOptions(ManualText& page, const QVector<Option>& options)
 {
-    for (const ShapeOption& option : options)
+    for (const Option& option : options)
         page.tagged(option.written(), option.names.size(), option.text);
 }
 
 /// The options of \p command that are not those of the whole program.
-QVector<ShapeOption> ownOptions(const ShapeCommand& command, const ShapeCommand& program)
+QVector<Option> ownOptions(const Command& command, const Command& program)
 {
-    QVector<ShapeOption> result;
-    for (const ShapeOption& option : command.options) {
+    QVector<Option> result;
+    for (const Option& option : command.options) {
         if (!program.findOption(option.names.last()))
             result.append(option);
     }
@@ -35,14 +36,14 @@ QVector<ShapeOption> ownOptions(const ShapeCommand& command, const ShapeCommand&
 }
 
 /// The words of \p command itself, then its own options; of a command that has commands, those.
-void addCommand(ManualText& page, const ShapeCommand& command, const QString& words,
-                const ShapeCommand& program)
+void addCommand(ManualText& page, const Command& command, const QString& words,
+                const Command& program)
 {
-    for (const ShapeCommand& below : command.commands)
+    for (const Command& below : command.commands)
         addCommand(page, below, words + ' ' + below.name, program);
     if (!command.commands.isEmpty())
         return;
-    const QVector<ShapeOption> options = ownOptions(command, program);
+    const QVector<Option> options = ownOptions(command, program);
     QString usage = words;
     if (!options.isEmpty())
         usage += QStringLiteral(" [OPTIONS]");
@@ -80,9 +81,8 @@ const Tagged files{
     {"~/.local/state/kelo", "Tokens, the queue and the volume, readable by the user alone."},
 };
 
-} // namespace
-
-QString commandManual(const ShapeCommand& program, const QString& date)
+/// kelo(1), with all of \p program.
+QString commandManual(const Command& program, const QString& date)
 {
     ManualText page(program.name, 1, date);
     page.heading(QStringLiteral("Name"));
@@ -105,7 +105,7 @@ QString commandManual(const ShapeCommand& program, const QString& date)
     page.heading(QStringLiteral("Commands"));
     for (const QString& group : program.groups()) {
         page.subheading(group);
-        for (const ShapeCommand& command : program.commands) {
+        for (const Command& command : program.commands) {
             if (command.group == group)
                 addCommand(page, command, program.name + ' ' + command.name, program);
         }
@@ -120,6 +120,7 @@ QString commandManual(const ShapeCommand& program, const QString& date)
     return page.text();
 }
 
+/// kelo.toml(5), with all settings.
 QString settingsManual(const QString& date)
 {
     ManualText page(QStringLiteral("kelo.toml"), 5, date);
@@ -159,6 +160,33 @@ QString settingsManual(const QString& date)
     page.heading(QStringLiteral("See also"));
     page.paragraph(QStringLiteral("`kelo`(1)"));
     return page.text();
+}
+
+/// Who wants the same page every time says the date
+/// (https://reproducible-builds.org/specs/source-date-epoch).
+QString pageDate()
+{
+    bool isGiven = false;
+    const qint64 given = qgetenv("SOURCE_DATE_EPOCH").toLongLong(&isGiven);
+    const QDateTime now =
+        isGiven ? QDateTime::fromSecsSinceEpoch(given, Qt::UTC) : QDateTime::currentDateTimeUtc();
+    return now.date().toString(Qt::ISODate);
+}
+
+} // namespace
+
+Command manualCommand(const Command& program)
+{
+    const QStringList pages{QStringLiteral("kelo"), QStringLiteral("kelo.toml")};
+    const auto page = std::make_shared<QString>();
+    return Command("manual", "", "")
+        .option("PAGE", {*page, pages}, "")
+        .runs([page, pages, &program](Terminal& terminal) {
+            const QString text = *page == pages.first() ? commandManual(program, pageDate())
+                                                        : settingsManual(pageDate());
+            terminal.line(text.trimmed());
+            return ExitDone;
+        });
 }
 
 } // namespace cli

@@ -1,11 +1,8 @@
-#include "client/MenuCommand.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
-#include "client/EditSteps.h"
 #include "client/RowsTable.h"
 #include "client/TreeWalk.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 
 namespace cli {
@@ -13,42 +10,33 @@ namespace cli {
 namespace {
 
 /// \p row with what its action says of itself now. An action that cannot tell keeps its row, with
-/// the reason.
-ApiReply addData(const TreeWalk& walk, QJsonObject& row)
+/// the reason. False when the streamer is gone.
+bool addData(TreeWalk& walk, QJsonObject& row)
 {
-    QJsonObject data;
-    const ApiReply reply = walk.data(roleText(row, "Path"), data);
-    if (!reply.isDone()) {
-        row.insert(QStringLiteral("problem"), reply.message);
-        row.insert(QStringLiteral("Description"), QStringLiteral("(%1)").arg(reply.message));
+    const QJsonObject data = walk.data(textIn(row, "Path"));
+    if (!walk.isDone()) {
+        row.insert(QStringLiteral("problem"), walk.reply().message);
+        row.insert(QStringLiteral("Description"), QStringLiteral("(%1)").arg(walk.reply().message));
     }
     for (auto it = data.begin(); it != data.end(); ++it)
         row.insert(it.key(), it.value());
-    return reply;
+    return walk.reply().outcome != ApiReply::Outcome::Unreachable;
 }
 
-} // namespace
-
-int MenuCommand::run(const CommandContext& context) const
+/// `kelo menu`: prints the context menu of the row, list or menu at \p path, its actions with the
+/// titles that they have now. It activates nothing.
+int showMenu(const CommandContext& context, const QString& path)
 {
-    const TreeWalk walk(context.api);
-    QString menu;
-    const ApiReply found = walk.menuOf(path, menu);
-    if (!found.isDone())
-        return context.finish(found);
-    QJsonObject page;
-    const ApiReply reply = walk.page(menu, 0, page);
-    if (!reply.isDone())
-        return context.finish(reply);
-    QJsonArray rows = page.value(QLatin1String("rows")).toArray();
-    for (QJsonValueRef value : rows) {
-        QJsonObject row = value.toObject();
-        if (!isAction(row))
-            continue;
-        const ApiReply data = addData(walk, row);
-        if (data.outcome == ApiReply::Outcome::Unreachable)
-            return context.finish(data);
-        value = row;
+    TreeWalk walk(context.api);
+    QJsonObject page = walk.page(walk.menuOf(path));
+    if (!walk.isDone())
+        return context.finish(walk.reply());
+    QJsonArray rows;
+    for (QJsonObject row : rowsIn(page)) {
+        TreeWalk one(context.api);
+        if (isAction(row) && !addData(one, row))
+            return context.finish(one.reply());
+        rows.append(row);
     }
     page.insert(QStringLiteral("rows"), rows);
     if (context.isJson) {
@@ -60,80 +48,81 @@ int MenuCommand::run(const CommandContext& context) const
     return ExitDone;
 }
 
-/// The action says what it would do, so an item is a favourite when it offers to take it away;
-/// asked for in English, whatever the user reads.
-ApiReply FavoriteCommand::readState(ApiClient& api, const QString& action, State& state)
+/// Whether the item of the action is a favourite now. The action says what it would do, so it is
+/// one when it offers to take it away; asked for in English, whatever the user reads.
+bool isFavorite(TreeWalk& walk, const QString& action)
 {
-    const ApiReply reply =
-        api.get(QStringLiteral("data"), {{QStringLiteral("path"), action},
-                                         {QStringLiteral("language"), QStringLiteral("en")}});
-    const QJsonObject data = reply.document.value(QLatin1String("data")).toObject();
-    const QString title = roleText(data, "Title");
-    state = title == QLatin1String("Remove from favorites") ? State::On
-            : title == QLatin1String("Add to favorites")    ? State::Off
-                                                            : State::Unknown;
-    if (reply.isDone() && state == State::Unknown)
-        return ApiReply::refusal(
-            QStringLiteral("the menu says \"%1\", which tells nothing about favorites")
-                .arg(shown(title)));
-    return reply;
+    const QString title = textIn(walk.data(action, QStringLiteral("en")), "Title");
+    const bool isOn = title == QLatin1String("Remove from favorites");
+    if (!isOn && title != QLatin1String("Add to favorites"))
+        walk.refuse(QStringLiteral("the menu says \"%1\", which tells nothing about favorites")
+                        .arg(shown(title)));
+    return isOn;
 }
 
-ApiReply FavoriteCommand::apply(const CommandContext& context, QJsonObject& result) const
+/// `kelo favorite`: makes the row at \p path a favourite or takes that back, by the action of its
+/// context menu. \p wish is "on", "off" or empty: the other one than now.
+int makeFavorite(const CommandContext& context, const QString& path, const QString& wish)
 {
-    const TreeWalk walk(context.api);
-    QString menu;
-    ApiReply reply = walk.menuOf(path, menu);
-    if (!reply.isDone())
-        return reply;
-    QJsonObject row;
-    reply = walk.need(
-        menu, [](const QJsonObject& one) { return isAction(one) && hasSegment(one, "favorites"); },
-        QStringLiteral("the menu of %1 has no favorite action").arg(shown(path)), row);
-    if (!reply.isDone())
-        return reply;
-
-    const QString action = roleText(row, "Path");
-    State state = State::Unknown;
-    reply = readState(context.api, action, state);
-    if (!reply.isDone())
-        return reply;
-    const State wanted = wish.isEmpty() ? (state == State::On ? State::Off : State::On)
-                         : wish == QLatin1String("on") ? State::On
-                                                       : State::Off;
-    result = {{QStringLiteral("favorite"), wanted == State::On},
-              {QStringLiteral("changed"), state != wanted},
-              {QStringLiteral("confirmed"), true}};
-    if (state == wanted)
-        return reply;
-    reply = send(context.api, EditStep{action});
-    if (!reply.isDone())
-        return reply;
-    reply = readState(context.api, action, state);
-    result.insert(QStringLiteral("confirmed"), state == wanted);
-    return reply;
-}
-
-int FavoriteCommand::run(const CommandContext& context) const
-{
-    QJsonObject result;
-    const ApiReply reply = apply(context, result);
-    if (!reply.isDone())
-        return context.finish(reply);
+    TreeWalk walk(context.api);
+    const QString action = textIn(
+        walk.need(
+            walk.menuOf(path),
+            [](const QJsonObject& one) { return isAction(one) && hasSegment(one, "favorites"); },
+            QStringLiteral("the menu of %1 has no favorite action").arg(shown(path))),
+        "Path");
+    const bool wasOn = isFavorite(walk, action);
+    const bool isOn = wish.isEmpty() ? !wasOn : wish == QLatin1String("on");
+    bool isConfirmed = true;
+    if (isOn != wasOn) {
+        walk.set(action);
+        isConfirmed = isFavorite(walk, action) == isOn;
+    }
+    if (!walk.isDone())
+        return context.finish(walk.reply());
     // Only the first favourites are looked at, so a missing one is no proof that it was refused.
-    if (!result.value(QLatin1String("confirmed")).toBool())
+    if (!isConfirmed)
         context.terminal.error(
             QStringLiteral("kelo: sent, but the menu does not show the change yet"));
     if (context.isJson) {
+        const QJsonObject result{{QStringLiteral("favorite"), isOn},
+                                 {QStringLiteral("changed"), isOn != wasOn},
+                                 {QStringLiteral("confirmed"), isConfirmed}};
         context.printJson(QJsonDocument(result).toJson(QJsonDocument::Compact));
         return ExitDone;
     }
-    const bool isOn = result.value(QLatin1String("favorite")).toBool();
-    const bool hasChanged = result.value(QLatin1String("changed")).toBool();
     context.terminal.line(QStringLiteral("favorite %1%2")
                               .arg(QLatin1String(isOn ? "on" : "off"),
-                                   QLatin1String(hasChanged ? "" : " (it was already)")));
+                                   QLatin1String(isOn != wasOn ? "" : " (it was already)")));
     return ExitDone;
+}
+
+} // namespace
+
+Command menuCommand()
+{
+    const auto path = std::make_shared<QString>();
+    return Command("menu", "Show the context menu of a row.", "kelo menu PATH")
+        .option("PATH", *path, "A row, a list, or a menu's own path")
+        .asks([path](const CommandContext& context) { return showMenu(context, *path); });
+}
+
+Command favoriteCommand()
+{
+    struct Values
+    {
+        QString path;
+        QString wish;
+    };
+    const auto values = std::make_shared<Values>();
+    const QStringList wishes{QStringLiteral("on"), QStringLiteral("off")};
+    return Command("favorite", "Make a row a favorite, or take that back.",
+                   "kelo favorite PATH\nkelo favorite PATH off")
+        .option("PATH", values->path, "The row")
+        .option("[WISH]", {values->wish, wishes}, "on or off (the other one than now)")
+        .asks([values](const CommandContext& context) {
+            return makeFavorite(context, values->path, values->wish);
+        });
 }
 
 } // namespace cli

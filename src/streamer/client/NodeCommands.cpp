@@ -1,5 +1,4 @@
-#include "client/NodeCommands.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
 
 namespace cli {
@@ -21,16 +20,30 @@ void printEntries(Terminal& terminal, const QJsonObject& entries)
 /// What a finished action has to say: the title and text of its result, or that it is done.
 void printAction(Terminal& terminal, const QJsonObject& reply)
 {
-    const QJsonObject result = reply.value(QLatin1String("result")).toObject();
-    const QString title = shown(result.value(QLatin1String("Title")).toString());
-    const QString text = shown(result.value(QLatin1String("Description")).toString());
+    const QJsonObject result = objectIn(reply, "result");
+    const QString title = shown(textIn(result, "Title"));
+    const QString text = shown(textIn(result, "Description"));
     terminal.line(title.isEmpty() ? QStringLiteral("done")
                                   : terminal.styled(title, Terminal::Style::Bold));
     if (!text.isEmpty())
         terminal.line(text);
 }
 
-} // namespace
+struct DataCommand
+{
+    QString path;
+    QString roles; ///< names with commas; empty: the streamer's usual ones
+
+    int run(const CommandContext& context) const;
+};
+
+struct SetCommand
+{
+    QString path;
+    QString value = QStringLiteral("1"); ///< JSON of any kind, sent as it is written
+
+    int run(const CommandContext& context) const;
+};
 
 int DataCommand::run(const CommandContext& context) const
 {
@@ -41,7 +54,7 @@ int DataCommand::run(const CommandContext& context) const
     if (context.isJson)
         return context.printJson(reply);
     if (reply.isDone())
-        printEntries(context.terminal, reply.document.value(QLatin1String("data")).toObject());
+        printEntries(context.terminal, objectIn(reply.document, "data"));
     return context.finish(reply);
 }
 
@@ -54,13 +67,12 @@ int SetCommand::run(const CommandContext& context) const
             "('\"HIGH\"'), an array or an object"));
         return ExitUsage;
     }
-    const ApiReply reply = context.api.post(QStringLiteral("set"), "{\"path\":" + jsonString(path) +
-                                                                       ",\"value\":" + text + "}");
+    const ApiReply reply = context.api.set(path, text);
     if (context.isJson)
         return context.printJson(reply);
     if (reply.isDone()) {
         const QJsonValue answer = reply.document.value(QLatin1String("reply"));
-        const QString kind = answer.toObject().value(QLatin1String("class")).toString();
+        const QString kind = textIn(answer.toObject(), "class");
         if (kind == QLatin1String("KeloActionReply"))
             printAction(context.terminal, answer.toObject());
         else if (answer.isObject())
@@ -70,6 +82,28 @@ int SetCommand::run(const CommandContext& context) const
                                                                           : valueText(answer));
     }
     return context.finish(reply);
+}
+
+} // namespace
+
+Command dataCommand()
+{
+    const auto data = std::make_shared<DataCommand>();
+    return Command("data", "Show a node's data.",
+                   "kelo data /settings/tidal/soundQuality\nkelo data PATH --roles Title")
+        .option("PATH", data->path, "The node")
+        .option("--roles A,B", data->roles, "Roles wanted, with commas between")
+        .asks([data](const CommandContext& context) { return data->run(context); });
+}
+
+Command setCommand()
+{
+    const auto set = std::make_shared<SetCommand>();
+    return Command("set", "Send a value to a node: activate, store, submit.",
+                   "kelo set PATH\nkelo set /settings/tidal/soundQuality 2")
+        .option("PATH", set->path, "The node")
+        .option("[VALUE]", set->value, "The value as JSON (1)")
+        .asks([set](const CommandContext& context) { return set->run(context); });
 }
 
 } // namespace cli

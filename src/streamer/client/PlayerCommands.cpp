@@ -1,8 +1,8 @@
-#include "client/PlayerCommands.h"
-
+#include "client/Commands.h"
 #include "client/Following.h"
 #include "client/StatusView.h"
 
+#include <optional>
 #include <QJsonDocument>
 #include <QRegularExpression>
 
@@ -15,19 +15,9 @@ ApiReply readPlayer(ApiClient& api)
     return api.get(QStringLiteral("player"));
 }
 
-} // namespace
-
-PlayerCommand PlayerCommand::play(const QString& path)
-{
-    return {QStringLiteral("play"), "{\"path\":" + jsonString(path) + '}'};
-}
-
-PlayerCommand PlayerCommand::volume(int percent)
-{
-    return {QStringLiteral("volume"), "{\"percent\":" + QByteArray::number(percent) + '}'};
-}
-
-int PlayerCommand::run(const CommandContext& context) const
+/// Tells the player something and prints what it does then. \p action is the last segment of the
+/// call's path, \p body what goes with it, JSON.
+int tell(const CommandContext& context, const QString& action, const QByteArray& body = "{}")
 {
     const ApiReply reply = context.api.post(QStringLiteral("player/") + action, body);
     if (context.isJson)
@@ -44,7 +34,9 @@ int PlayerCommand::run(const CommandContext& context) const
     return context.finish(reply);
 }
 
-std::optional<qint64> SeekCommand::parse(const QString& text, bool& isRelative)
+/// Reads "90", "1:30", "1:02:03", fractions of the last part allowed, with "+" or "-" in front when
+/// \p isRelative. Milliseconds; nothing when the text is no such time.
+std::optional<qint64> parseTime(const QString& text, bool& isRelative)
 {
     static const QRegularExpression form(QStringLiteral(
         "^([+-]?)(?:(?:([0-9]{1,3}):)?([0-9]{1,5}):)?([0-9]{1,7}(?:\\.[0-9]{1,3})?)$"));
@@ -59,10 +51,11 @@ std::optional<qint64> SeekCommand::parse(const QString& text, bool& isRelative)
     return qRound64(all * 1000) * (match.captured(1) == QLatin1String("-") ? -1 : 1);
 }
 
-int SeekCommand::run(const CommandContext& context) const
+/// `kelo seek`: to a place in the track, or on and back from where it is.
+int seek(const CommandContext& context, const QString& place)
 {
     bool isRelative = false;
-    const auto parsed = parse(place, isRelative);
+    const auto parsed = parseTime(place, isRelative);
     if (!parsed) {
         context.terminal.error(QStringLiteral(
             "kelo: wanted a time such as 90, 1:30 or 1:02:03, with + or - to go on or back"));
@@ -76,15 +69,12 @@ int SeekCommand::run(const CommandContext& context) const
         position += now.document.value(QLatin1String("positionMs")).toVariant().toLongLong();
         position = qMax<qint64>(0, position);
     }
-    const PlayerCommand command{QStringLiteral("seek"),
-                                "{\"positionMs\":" + QByteArray::number(position) + '}'};
-    return command.run(context);
+    return tell(context, QStringLiteral("seek"),
+                "{\"positionMs\":" + QByteArray::number(position) + '}');
 }
 
-int StatusCommand::run(const CommandContext& context) const
+int showStatus(const CommandContext& context)
 {
-    if (isFollowing)
-        return follow(context);
     const ApiReply reply = readPlayer(context.api);
     if (context.isJson)
         return context.printJson(reply);
@@ -96,7 +86,7 @@ int StatusCommand::run(const CommandContext& context) const
 }
 
 /// The stream begins with the present state.
-int StatusCommand::follow(const CommandContext& context) const
+int followStatus(const CommandContext& context)
 {
     QString last;
     Terminal& terminal = context.terminal;
@@ -116,6 +106,55 @@ int StatusCommand::follow(const CommandContext& context) const
         return true;
     });
     return context.finish(stream);
+}
+
+} // namespace
+
+Command playCommand()
+{
+    const auto path = std::make_shared<QString>();
+    return Command("play", "Play a row, a list or a track.", "kelo play PATH\nkelo play 12345678")
+        .option("PATH", *path, "A row that can play, a list, or a track id")
+        .asks([path](const CommandContext& context) {
+            return tell(context, QStringLiteral("play"), "{\"path\":" + jsonString(*path) + '}');
+        });
+}
+
+Command playerCommand(const char* name, const char* text)
+{
+    const QString action = QString::fromLatin1(name);
+    return Command(name, text, (std::string("kelo ") + name).c_str())
+        .asks([action](const CommandContext& context) { return tell(context, action); });
+}
+
+Command seekCommand()
+{
+    const auto place = std::make_shared<QString>();
+    return Command("seek", "Go to a place in the track.",
+                   "kelo seek 1:30\nkelo seek +15\nkelo seek -- -15")
+        .option("TIME", *place, "Seconds, m:ss or h:mm:ss; with + or - from where it is")
+        .asks([place](const CommandContext& context) { return seek(context, *place); });
+}
+
+Command volumeCommand()
+{
+    const auto percent = std::make_shared<int>();
+    return Command("volume", "Set the volume.", "kelo volume 40")
+        .option("PERCENT", {*percent, 0, 100}, "0 to 100")
+        .asks([percent](const CommandContext& context) {
+            return tell(context, QStringLiteral("volume"),
+                        "{\"percent\":" + QByteArray::number(*percent) + '}');
+        });
+}
+
+Command statusCommand()
+{
+    const auto isFollowing = std::make_shared<bool>();
+    return Command("status", "Show what the player does.", "kelo status\nkelo status --follow")
+        .option("--follow", *isFollowing, "Go on until interrupted")
+        .asks([isFollowing](const CommandContext& context) {
+            return *isFollowing ? followStatus(context) : showStatus(context);
+        });
 }
 
 } // namespace cli

@@ -1,182 +1,163 @@
-#include "client/PlaylistCommand.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
-
-#include <QJsonArray>
-#include <QSet>
+#include "client/PathText.h"
+#include "client/TreeWalk.h"
 
 namespace cli {
 
 namespace {
 
-/// Looks for the row of \p row's context menu that \p match accepts and has \p segment in its path.
-ApiReply findInMenu(const TreeWalk& walk, const QString& menu, bool (*match)(const QJsonObject&),
-                    const char* segment, QJsonObject& row)
+/// One value that an edit sends to a node.
+struct EditStep
 {
-    if (menu.isEmpty())
-        return ApiReply::refusal(QStringLiteral("this row has no context menu"));
-    return walk.need(
-        menu, [&](const QJsonObject& one) { return match(one) && hasSegment(one, segment); },
-        QStringLiteral("the menu %1 does not offer this").arg(shown(menu)), row);
+    QString path;
+    QByteArray value = QByteArrayLiteral("1"); ///< JSON
+};
+
+using EditSteps = QVector<EditStep>;
+
+/// Prints what would be sent, each step as the command that sends it, or as one JSON document.
+void printDryRun(const CommandContext& context, const EditSteps& steps)
+{
+    QByteArray document;
+    for (const EditStep& step : steps) {
+        if (!context.isJson)
+            context.terminal.line(
+                QStringLiteral("kelo set %1 %2")
+                    .arg(shellWord(shown(step.path)),
+                         shellWord(QString::fromUtf8(printableJson(step.value)))));
+        document += document.isEmpty() ? "" : ",";
+        document += "{\"method\":\"set\",\"path\":" + jsonString(step.path) +
+                    ",\"value\":" + step.value + '}';
+    }
+    if (context.isJson)
+        context.printJson("{\"wouldSend\":[" + document + "]}");
 }
 
-/// The ids of the rows of \p list, with their titles.
-QMap<QString, QString> readIds(const TreeWalk& walk, const QString& list)
+/// The ids of the rows of \p list, with their titles; none when they cannot be read.
+QMap<QString, QString> readIds(ApiClient& api, const QString& list)
 {
+    TreeWalk walk(api);
     QMap<QString, QString> ids;
-    QJsonObject none;
-    const ApiReply reply = walk.find(
-        list,
-        [&ids](const QJsonObject& row) {
-            ids.insert(roleText(row, "Id"), roleText(row, "Title"));
-            return false;
-        },
-        none);
-    return reply.isDone() ? ids : QMap<QString, QString>();
+    walk.find(list, [&ids](const QJsonObject& row) {
+        ids.insert(textIn(row, "Id"), textIn(row, "Title"));
+        return false;
+    });
+    return walk.isDone() ? ids : QMap<QString, QString>();
 }
 
 /// The one id of \p after that is not in \p before; of several the one that is called \p title.
-QString newId(const QMap<QString, QString>& before, const QMap<QString, QString>& after,
+QString newId(const QMap<QString, QString>& before, QMap<QString, QString> after,
               const QString& title)
 {
-    QStringList fresh;
-    QStringList named;
-    for (auto it = after.begin(); it != after.end(); ++it) {
-        if (before.contains(it.key()))
-            continue;
-        fresh.append(it.key());
-        if (it.value() == title)
-            named.append(it.key());
-    }
-    return named.size() == 1 ? named.first() : fresh.size() == 1 ? fresh.first() : QString();
+    for (const QString& id : before.keys())
+        after.remove(id);
+    const QStringList named = after.keys(title);
+    return named.size() == 1 ? named.first() : after.size() == 1 ? after.firstKey() : QString();
 }
 
-using Match = TreeWalk::Match;
-
-Match hasId(const QString& id)
+TreeWalk::Match hasId(const QString& id)
 {
-    return [id](const QJsonObject& row) { return roleText(row, "Id") == id; };
+    return [id](const QJsonObject& row) { return textIn(row, "Id") == id; };
 }
 
 QString quotedTitle(const QJsonObject& row)
 {
-    return QStringLiteral("\"%1\"").arg(shown(roleText(row, "Title")));
+    return QStringLiteral("\"%1\"").arg(shown(textIn(row, "Title")));
 }
 
-} // namespace
-
-ApiReply PlaylistCommand::findCollection(const TreeWalk& walk, QString& path)
+/// The commands of `kelo playlist`: they find the menus, choosers and forms that a screen would
+/// show, fill them in and submit them. Everything is looked up before anything is sent. Actions
+/// answer the same whether the service took them or not, so where it can be told the lists are
+/// looked at afterwards.
+struct PlaylistCommand
 {
-    QJsonObject row;
-    const ApiReply reply = walk.need(
-        topPath(), [](const QJsonObject& one) { return hasSegment(one, "myMusic"); },
-        QStringLiteral("playlists are not offered now; they need a login (kelo login)"), row);
-    path = roleText(row, "Path");
-    return reply;
-}
+    QString id; ///< the playlist's, or the path of its row
+    QString title;
+    QString description;
+    QStringList paths; ///< rows to add
+    int row = 0;
+    int target = 0;
+    bool isDryRun = false;
 
-ApiReply PlaylistCommand::findPlaylists(const TreeWalk& walk, QString& list)
-{
-    QString collection;
-    ApiReply reply = findCollection(walk, collection);
-    if (!reply.isDone())
-        return reply;
-    QJsonObject row;
-    reply = walk.need(
-        collection,
-        [](const QJsonObject& one) { return isContainer(one) && hasSegment(one, "created"); },
-        QStringLiteral("%1 has no list of playlists").arg(shown(collection)), row);
-    list = roleText(row, "Path");
-    return reply;
-}
+    int create(const CommandContext& context) const;
+    int rename(const CommandContext& context) const;
+    int destroy(const CommandContext& context) const;
+    int add(const CommandContext& context) const;
+    /// Removes one row of the playlist.
+    int remove(const CommandContext& context) const;
+    int move(const CommandContext& context) const;
 
-ApiReply PlaylistCommand::findPlaylist(const TreeWalk& walk, QJsonObject& playlist) const
+private:
+    QJsonObject findPlaylist(TreeWalk& walk) const;
+    EditSteps fillForm(TreeWalk& walk, const QString& form) const;
+    /// Sends the steps if everything was found, and has \p check refuse when the edit has not
+    /// happened.
+    int finish(const CommandContext& context, TreeWalk& walk, const EditSteps& steps,
+               const QString& done, const std::function<void()>& check = nullptr) const;
+};
+
+QJsonObject PlaylistCommand::findPlaylist(TreeWalk& walk) const
 {
-    QString list;
-    const ApiReply reply = findPlaylists(walk, list);
-    if (!reply.isDone())
-        return reply;
     return walk.need(
-        list,
+        walk.ownPlaylists(),
         [this](const QJsonObject& row) {
-            return isContainer(row) && (roleText(row, "Id") == id || roleText(row, "Path") == id);
+            return isContainer(row) && (textIn(row, "Id") == id || textIn(row, "Path") == id);
         },
-        QStringLiteral("none of your playlists has the id %1").arg(shown(id)), playlist);
-}
-
-ApiReply PlaylistCommand::findItem(const TreeWalk& walk, QString& list, QJsonObject& item) const
-{
-    QJsonObject playlist;
-    const ApiReply reply = findPlaylist(walk, playlist);
-    list = roleText(playlist, "Path");
-    return reply.isDone() ? walk.rowAt(list, row, item) : reply;
+        QStringLiteral("none of your playlists has the id %1").arg(shown(id)));
 }
 
 /// Both fields are filled, so that nothing of an earlier, failed submission is sent along.
-ApiReply PlaylistCommand::fillForm(const TreeWalk& walk, const QString& form,
-                                   EditSteps& steps) const
+EditSteps PlaylistCommand::fillForm(TreeWalk& walk, const QString& form) const
 {
-    QJsonObject page;
-    const ApiReply reply = walk.page(form, 0, page);
-    if (!reply.isDone())
-        return reply;
-    for (const QJsonValue& value : page.value(QLatin1String("rows")).toArray()) {
-        const QJsonObject field = value.toObject();
+    EditSteps steps;
+    const QJsonObject page = walk.page(form);
+    for (const QJsonObject& field : rowsIn(page)) {
         if (isField(field) && hasSegment(field, "title"))
-            steps.append({roleText(field, "Path"), jsonString(title)});
+            steps.append({textIn(field, "Path"), jsonString(title)});
         else if (isField(field) && hasSegment(field, "description"))
-            steps.append({roleText(field, "Path"), jsonString(description)});
+            steps.append({textIn(field, "Path"), jsonString(description)});
     }
-    const QString accept = roleText(page.value(QLatin1String("roles")).toObject(), "AcceptPath");
+    const QString accept = textIn(objectIn(page, "roles"), "AcceptPath");
     if (steps.size() != 2 || accept.isEmpty())
-        return ApiReply::refusal(
+        walk.refuse(
             QStringLiteral("%1 is no form with a title and a description").arg(shown(form)));
-    steps.append({accept});
-    return reply;
+    return steps << EditStep{accept};
 }
 
-int PlaylistCommand::finish(const CommandContext& context, const ApiReply& found,
-                            const EditSteps& steps, const QString& done, const Check& check) const
+int PlaylistCommand::finish(const CommandContext& context, TreeWalk& walk, const EditSteps& steps,
+                            const QString& done, const std::function<void()>& check) const
 {
-    if (!found.isDone())
-        return context.finish(found);
-    if (isDryRun) {
+    if (walk.isDone() && isDryRun) {
         printDryRun(context, steps);
         return ExitDone;
     }
-    const ApiReply sent = send(context.api, steps);
-    if (sent.isDone() && context.isJson)
-        context.printJson(sent.body);
-    const ApiReply reply = sent.isDone() && check ? check() : sent;
-    if (reply.isDone() && !context.isJson)
+    for (const EditStep& step : steps)
+        walk.set(step.path, step.value);
+    if (walk.isDone() && context.isJson)
+        context.printJson(walk.reply().body);
+    if (walk.isDone() && check)
+        check();
+    if (walk.isDone() && !context.isJson)
         context.terminal.line(done);
-    return context.finish(reply);
+    return context.finish(walk.reply());
 }
 
 int PlaylistCommand::create(const CommandContext& context) const
 {
-    const TreeWalk walk(context.api);
-    QString collection;
-    QString list;
-    QJsonObject page;
-    EditSteps steps;
-    ApiReply reply = findPlaylists(walk, list);
-    if (reply.isDone())
-        reply = findCollection(walk, collection);
-    if (reply.isDone())
-        reply = walk.page(collection, 0, page);
-    if (reply.isDone()) {
-        const QJsonArray rows = page.value(QLatin1String("rows")).toArray();
-        reply = fillForm(walk, roleText(rows.last().toObject(), "Path"), steps);
-    }
-    if (!reply.isDone() || isDryRun)
-        return finish(context, reply, steps, QString());
+    TreeWalk walk(context.api);
+    const QString list = walk.ownPlaylists();
+    const QVector<QJsonObject> collection = rowsIn(walk.page(walk.ownCollection()));
+    const EditSteps steps = fillForm(walk, textIn(collection.value(collection.size() - 1), "Path"));
+    if (!walk.isDone() || isDryRun)
+        return finish(context, walk, steps, QString());
 
-    const QMap<QString, QString> before = readIds(walk, list);
-    reply = send(context.api, steps);
-    if (!reply.isDone())
-        return context.finish(reply);
-    const QString made = newId(before, readIds(walk, list), title);
+    const QMap<QString, QString> before = readIds(context.api, list);
+    for (const EditStep& step : steps)
+        walk.set(step.path, step.value);
+    if (!walk.isDone())
+        return context.finish(walk.reply());
+    const QString made = newId(before, readIds(context.api, list), title);
     if (context.isJson)
         context.printJson("{\"id\":" + (made.isEmpty() ? "null" : jsonString(made)) + '}');
     else
@@ -186,133 +167,135 @@ int PlaylistCommand::create(const CommandContext& context) const
 
 int PlaylistCommand::rename(const CommandContext& context) const
 {
-    const TreeWalk walk(context.api);
-    QJsonObject playlist;
-    QJsonObject form;
-    EditSteps steps;
-    ApiReply reply = findPlaylist(walk, playlist);
-    if (reply.isDone())
-        reply = findInMenu(walk, contextPath(playlist), isContainer, "updatePlaylists", form);
-    if (reply.isDone())
-        reply = fillForm(walk, roleText(form, "Path"), steps);
-    return finish(context, reply, steps,
+    TreeWalk walk(context.api);
+    const QJsonObject playlist = findPlaylist(walk);
+    const QJsonObject form = walk.inMenu(contextPath(playlist), isContainer, "updatePlaylists");
+    return finish(context, walk, fillForm(walk, textIn(form, "Path")),
                   QStringLiteral("renamed %1 to \"%2\"").arg(quotedTitle(playlist), shown(title)));
 }
 
 int PlaylistCommand::destroy(const CommandContext& context) const
 {
-    const TreeWalk walk(context.api);
-    QJsonObject playlist;
-    QJsonObject action;
-    ApiReply reply = findPlaylist(walk, playlist);
-    if (reply.isDone())
-        reply = findInMenu(walk, contextPath(playlist), isAction, "removeFromPlaylists", action);
-    const Check isGone = [&] {
-        QString list;
-        QJsonObject left;
-        ApiReply now = findPlaylists(walk, list);
-        if (now.isDone())
-            now = walk.find(list, hasId(roleText(playlist, "Id")), left);
-        return left.isEmpty() ? now
-                              : ApiReply::refusal(QStringLiteral(
-                                    "sent, but the playlist is still there; the service refused"));
-    };
-    return finish(context, reply, {{roleText(action, "Path")}},
-                  QStringLiteral("deleted %1").arg(quotedTitle(playlist)), isGone);
+    TreeWalk walk(context.api);
+    const QJsonObject playlist = findPlaylist(walk);
+    const QJsonObject action = walk.inMenu(contextPath(playlist), isAction, "removeFromPlaylists");
+    return finish(context, walk, {{textIn(action, "Path")}},
+                  QStringLiteral("deleted %1").arg(quotedTitle(playlist)), [&] {
+                      const TreeWalk::Match isIt = hasId(textIn(playlist, "Id"));
+                      if (!walk.find(walk.ownPlaylists(), isIt).isEmpty())
+                          walk.refuse(QStringLiteral(
+                              "sent, but the playlist is still there; the service refused"));
+                  });
 }
 
 /// The chooser of each row's menu lists the playlists that the row can be added to.
 int PlaylistCommand::add(const CommandContext& context) const
 {
-    const TreeWalk walk(context.api);
-    QJsonObject playlist;
+    TreeWalk walk(context.api);
+    const QJsonObject playlist = findPlaylist(walk);
+    const QString list = textIn(playlist, "Path");
+    const int before = walk.count(list);
+    const TreeWalk::Match isWanted = hasId(textIn(playlist, "Id"));
     EditSteps steps;
-    int before = 0;
-    ApiReply reply = findPlaylist(walk, playlist);
-    const QString list = roleText(playlist, "Path");
-    if (reply.isDone())
-        reply = walk.count(list, before);
-    const Match isWanted = hasId(roleText(playlist, "Id"));
     for (const QString& path : paths) {
-        QString menu;
-        QJsonObject chooser;
-        QJsonObject action;
-        if (reply.isDone())
-            reply = walk.menuOf(path, menu);
-        if (reply.isDone())
-            reply = findInMenu(walk, menu, isContainer, "addToPlaylists", chooser);
-        if (reply.isDone())
-            reply = walk.need(
-                roleText(chooser, "Path"),
-                [&](const QJsonObject& one) { return isAction(one) && isWanted(one); },
-                QStringLiteral("%1 cannot be added to %2").arg(shown(path), quotedTitle(playlist)),
-                action);
-        steps.append({roleText(action, "Path")});
+        const QJsonObject chooser = walk.inMenu(walk.menuOf(path), isContainer, "addToPlaylists");
+        const QJsonObject action = walk.need(
+            textIn(chooser, "Path"),
+            [&](const QJsonObject& one) { return isAction(one) && isWanted(one); },
+            QStringLiteral("%1 cannot be added to %2").arg(shown(path), quotedTitle(playlist)));
+        steps.append({textIn(action, "Path")});
     }
-    const Check hasGrown = [&] {
-        int after = 0;
-        const ApiReply now = walk.count(list, after);
-        return !now.isDone() || after > before
-                   ? now
-                   : ApiReply::refusal(QStringLiteral(
-                         "sent, but the playlist has not grown; the service refused, or nothing of "
-                         "this can be played"));
-    };
     const QString what =
         steps.size() == 1 ? QString() : QStringLiteral("%1 items ").arg(steps.size());
-    return finish(context, reply, steps,
-                  QStringLiteral("added %1to %2").arg(what, quotedTitle(playlist)), hasGrown);
+    return finish(context, walk, steps,
+                  QStringLiteral("added %1to %2").arg(what, quotedTitle(playlist)), [&] {
+                      if (walk.count(list) <= before)
+                          walk.refuse(QStringLiteral(
+                              "sent, but the playlist has not grown; the service refused, or "
+                              "nothing of this can be played"));
+                  });
 }
 
 /// Afterwards the row is looked for where it and its neighbours were, since a service that shows
 /// the playlist in another order than its own takes the row's number for another item.
 int PlaylistCommand::remove(const CommandContext& context) const
 {
-    const TreeWalk walk(context.api);
-    QString list;
-    QJsonObject item;
-    QJsonObject action;
-    int before = 0;
+    TreeWalk walk(context.api);
+    const QString list = textIn(findPlaylist(walk), "Path");
+    const QJsonObject item = walk.rowAt(list, row);
+    const QString path = textIn(item, "Path");
+    const QJsonObject action = walk.inMenu(contextPath(item), isAction, "removeFromPlaylists");
     const int first = qMax(0, row - 1);
-    ApiReply reply = findItem(walk, list, item);
-    const QString path = roleText(item, "Path");
-    if (reply.isDone())
-        reply = findInMenu(walk, contextPath(item), isAction, "removeFromPlaylists", action);
-    if (reply.isDone())
-        reply = walk.countOf(list, first, row + 1, path, before);
-    const Check isGone = [&] {
-        int after = 0;
-        const ApiReply now = walk.countOf(list, first, row, path, after);
-        return after < before ? now
-                              : ApiReply::refusal(QStringLiteral(
-                                    "sent, but the row is still there: the service refused, or the "
-                                    "playlist is shown in another order than its own"));
-    };
-    return finish(context, reply, {{roleText(action, "Path")}},
-                  QStringLiteral("removed %1").arg(quotedTitle(item)), isGone);
+    const int before = walk.countOf(list, first, row + 1, path);
+    return finish(context, walk, {{textIn(action, "Path")}},
+                  QStringLiteral("removed %1").arg(quotedTitle(item)), [&] {
+                      if (walk.countOf(list, first, row, path) >= before)
+                          walk.refuse(QStringLiteral(
+                              "sent, but the row is still there: the service refused, or the "
+                              "playlist is shown in another order than its own"));
+                  });
 }
 
 /// The menu that moves an item has two rows: where to, and the action.
 int PlaylistCommand::move(const CommandContext& context) const
 {
-    const TreeWalk walk(context.api);
-    QString list;
-    QJsonObject item;
-    QJsonObject mover;
-    QJsonObject field;
-    QJsonObject action;
-    ApiReply reply = findItem(walk, list, item);
-    if (reply.isDone())
-        reply = findInMenu(walk, contextPath(item), isContainer, "moveTrack", mover);
-    const QString menu = roleText(mover, "Path");
-    if (reply.isDone())
-        reply = findInMenu(walk, menu, isField, "moveTrack", field);
-    if (reply.isDone())
-        reply = findInMenu(walk, menu, isAction, "moveTrack", action);
-    return finish(
-        context, reply,
-        {{roleText(field, "Path"), QByteArray::number(target)}, {roleText(action, "Path")}},
-        QStringLiteral("moved %1 to %2").arg(quotedTitle(item)).arg(target));
+    TreeWalk walk(context.api);
+    const QJsonObject item = walk.rowAt(textIn(findPlaylist(walk), "Path"), row);
+    const QString menu = textIn(walk.inMenu(contextPath(item), isContainer, "moveTrack"), "Path");
+    const QJsonObject field = walk.inMenu(menu, isField, "moveTrack");
+    const QJsonObject action = walk.inMenu(menu, isAction, "moveTrack");
+    return finish(context, walk,
+                  {{textIn(field, "Path"), QByteArray::number(target)}, {textIn(action, "Path")}},
+                  QStringLiteral("moved %1 to %2").arg(quotedTitle(item)).arg(target));
+}
+
+} // namespace
+
+Command playlistCommand()
+{
+    const auto values = std::make_shared<PlaylistCommand>();
+    Command all("playlist", "Make and change playlists.",
+                "kelo playlist create 'Late evening' --description 'quiet ones'\n"
+                "kelo playlist add ID PATH PATH\n"
+                "kelo playlist move ID 3 0 --dry-run");
+    const auto add = [&](const char* name, const char* text, const char* examples,
+                         int (PlaylistCommand::*run)(const CommandContext&) const) -> Command& {
+        return all
+            .below(Command(name, text, examples)
+                       .option("--dry-run", values->isDryRun, "Only say what would be sent")
+                       .asks([values, run](const CommandContext& context) {
+                           return (*values.*run)(context);
+                       }))
+            .commands.last();
+    };
+    const auto addTitle = [&](Command& command) {
+        command.option("TITLE", values->title, "Its title")
+            .option("--description TEXT", values->description, "Its description");
+    };
+    const auto addId = [&](Command& command) -> Command& {
+        return command.option("ID", values->id, "The playlist's id, or its row's path");
+    };
+    addTitle(add("create", "Make a playlist and print its id.",
+                 "kelo playlist create 'Late evening'\n"
+                 "kelo playlist create -- '-1-'",
+                 &PlaylistCommand::create));
+    addTitle(addId(add("rename",
+                       "Give a playlist another title; without a description it keeps its own.",
+                       "kelo playlist rename ID 'Early morning'", &PlaylistCommand::rename)));
+    addId(
+        add("delete", "Delete a playlist.", "kelo playlist delete ID", &PlaylistCommand::destroy));
+    addId(add("add", "Add tracks, albums or other playlists at the end of a playlist.",
+              "kelo playlist add ID PATH PATH", &PlaylistCommand::add))
+        .option("PATH", values->paths, "Rows, or their menus");
+    const char* const number = "The row's number, from 0 on";
+    addId(add("remove", "Remove one row of a playlist.", "kelo playlist remove ID 4",
+              &PlaylistCommand::remove))
+        .option("ROW", {values->row, 0, INT_MAX}, number);
+    addId(add("move", "Move one row of a playlist.", "kelo playlist move ID 3 0",
+              &PlaylistCommand::move))
+        .option("FROM", {values->row, 0, INT_MAX}, number)
+        .option("TO", {values->target, 0, INT_MAX}, "The number it gets");
+    return all;
 }
 
 } // namespace cli

@@ -1,27 +1,34 @@
-#include "client/RowsCommand.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/Following.h"
 #include "client/RowsTable.h"
-#include "client/WatchCommand.h"
 
 #include <algorithm>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QTime>
 
 namespace cli {
 
-ApiReply RowsCommand::fetch(ApiClient& api, const QString& path, int from, int to,
-                            const QString& roles)
+namespace {
+
+/// `kelo rows`: prints a page of rows and, when told to follow, prints it again after each change.
+struct RowsCommand
 {
-    Query query{{QStringLiteral("path"), path},
-                {QStringLiteral("from"), QString::number(from)},
-                {QStringLiteral("to"), QString::number(to)}};
-    if (!roles.isEmpty())
-        query.append({QStringLiteral("roles"), roles});
-    return api.get(QStringLiteral("rows"), query);
-}
+    QString path;
+    int from = 0;
+    int to = 49;
+    QString roles; ///< names with commas; empty: the streamer's usual ones
+    bool isFollowing = false;
+
+    int run(const CommandContext& context) const;
+
+private:
+    /// Reads the page, and gives what to print of it: the document, or lines for people.
+    ApiReply read(const CommandContext& context, QStringList& lines) const;
+    /// Adds the values to a page that shows settings or choices; as it was when they cannot be had.
+    QJsonObject withValues(ApiClient& api, QJsonObject page) const;
+    int follow(const CommandContext& context) const;
+};
 
 int RowsCommand::run(const CommandContext& context) const
 {
@@ -38,13 +45,13 @@ int RowsCommand::run(const CommandContext& context) const
 
 ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) const
 {
-    const ApiReply reply = fetch(context.api, path, from, to, roles);
+    const ApiReply reply = context.api.rows(path, from, to, roles);
     if (!reply.isDone() || context.isJson)
         return reply;
     const QJsonObject page = withValues(context.api, reply.document);
-    const int got = page.value(QLatin1String("rows")).toArray().size();
-    const qint64 first = page.value(QLatin1String("from")).toVariant().toLongLong();
-    const qint64 all = page.value(QLatin1String("rowsCount")).toVariant().toLongLong();
+    const int got = rowsIn(page).size();
+    const int first = page.value(QLatin1String("from")).toInt();
+    const int all = rowsCountIn(page);
     const QString range =
         got == 0 ? QString() : QStringLiteral(", here %1 to %2").arg(first).arg(first + got - 1);
     const Terminal& terminal = context.terminal;
@@ -60,25 +67,22 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
 /// Values are no usual role of a row, so they are asked for where a row can have one.
 QJsonObject RowsCommand::withValues(ApiClient& api, QJsonObject page) const
 {
-    QJsonArray rows = page.value(QLatin1String("rows")).toArray();
-    const bool hasValues = std::any_of(rows.begin(), rows.end(), [](const QJsonValue& row) {
-        return RowsTable::hasValue(row.toObject());
-    });
-    if (!roles.isEmpty() || !hasValues)
+    QVector<QJsonObject> rows = rowsIn(page);
+    if (!roles.isEmpty() || std::none_of(rows.begin(), rows.end(), &RowsTable::hasValue))
         return page;
-    const ApiReply reply = fetch(api, path, from, to, QStringLiteral("Value"));
-    const QJsonArray values = reply.document.value(QLatin1String("rows")).toArray();
+    const ApiReply reply = api.rows(path, from, to, QStringLiteral("Value"));
+    const QVector<QJsonObject> values = rowsIn(reply.document);
     const QString version = QStringLiteral("rowsVersion");
     if (!reply.isDone() || values.size() != rows.size() ||
         reply.document.value(version) != page.value(version))
         return page;
+    QJsonArray filled;
     for (int i = 0; i < rows.size(); ++i) {
-        QJsonObject row = rows.at(i).toObject();
         const QString name = QStringLiteral("Value");
-        row.insert(name, values.at(i).toObject().value(name));
-        rows.replace(i, row);
+        rows[i].insert(name, values.at(i).value(name));
+        filled.append(rows.at(i));
     }
-    page.insert(QStringLiteral("rows"), rows);
+    page.insert(QStringLiteral("rows"), filled);
     return page;
 }
 
@@ -118,7 +122,7 @@ int RowsCommand::follow(const CommandContext& context) const
         [&](const ServerEvent& event) {
             const QJsonObject body = QJsonDocument::fromJson(event.data).object();
             if (event.name == "rows")
-                show(WatchCommand::changeText(body.value(QLatin1String("change"))));
+                show(changeText(body.value(QLatin1String("change"))));
             const QJsonValue now = body.value(QLatin1String("loggedIn"));
             if (event.name == "login" && now.isBool()) {
                 const QJsonValue before = std::exchange(loggedIn, now);
@@ -129,6 +133,28 @@ int RowsCommand::follow(const CommandContext& context) const
             return true;
         });
     return context.finish(stream);
+}
+
+} // namespace
+
+Command rowsCommand()
+{
+    const auto rows = std::make_shared<RowsCommand>();
+    return Command("rows", "Show a page of a container's rows.",
+                   "kelo rows /tidal\nkelo rows PATH --from 50 --to 99\nkelo rows PATH --follow")
+        .option("PATH", rows->path, "The container")
+        .option("--from N", rows->from, "First row (0)")
+        .option("--to N", rows->to, "Last row (49)")
+        .option("--roles A,B", rows->roles, "Roles wanted, with commas between")
+        .option("--follow", rows->isFollowing, "Show them again whenever they change")
+        .asks([rows](const CommandContext& context) { return rows->run(context); });
+}
+
+int showRows(const CommandContext& context, const QString& path)
+{
+    RowsCommand rows;
+    rows.path = path;
+    return rows.run(context);
 }
 
 } // namespace cli

@@ -4,8 +4,6 @@
 #include "client/JsonText.h"
 #include "client/PathText.h"
 
-#include <QJsonArray>
-
 namespace cli {
 
 namespace {
@@ -40,13 +38,11 @@ QString secondText(const QJsonObject& row)
 RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limit)
     : m_terminal(terminal)
 {
-    const qint64 from = page.value(QLatin1String("from")).toVariant().toLongLong();
-    const QJsonArray rows = page.value(QLatin1String("rows")).toArray();
-    for (int i = 0; i < rows.size() && (limit < 0 || i < limit); ++i) {
-        const QJsonObject row = rows.at(i).toObject();
-        const QString path = row.value(QLatin1String("Path")).toString();
+    int number = page.value(QLatin1String("from")).toInt();
+    for (const QJsonObject& row : rowsIn(page).mid(0, limit)) {
+        const QString path = textIn(row, "Path");
         const bool isDisabledRow = isDisabled(row);
-        m_rows.append({QString::number(from + i), mark(row),
+        m_rows.append({QString::number(number++), mark(row),
                        title(row) + QString::fromLatin1(isDisabledRow ? " (disabled)" : ""),
                        secondText(row), path.isEmpty() ? QString() : shellWord(shown(path)),
                        isHeader(row), isDisabledRow});
@@ -56,13 +52,13 @@ RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limi
 
 QString RowsTable::heading(const QJsonObject& page)
 {
-    const QString title = roleText(page.value(QLatin1String("roles")).toObject(), "Title");
+    const QString title = roleText(objectIn(page, "roles"), "Title");
     return title.isEmpty() ? roleText(page, "path") : title;
 }
 
 QString RowsTable::mark(const QJsonObject& row)
 {
-    const QString type = row.value(QLatin1String("Type")).toString();
+    const QString type = textIn(row, "Type");
     if (type == QLatin1String("Container"))
         return QStringLiteral("▸");
     if (type == QLatin1String("Audio"))
@@ -85,13 +81,13 @@ bool RowsTable::isDisabled(const QJsonObject& row)
 
 bool RowsTable::isHeader(const QJsonObject& row)
 {
-    return row.value(QLatin1String("Type")).toString() == QLatin1String("Header");
+    return textIn(row, "Type") == QLatin1String("Header");
 }
 
 bool RowsTable::hasValue(const QJsonObject& row)
 {
-    const QString type = row.value(QLatin1String("Type")).toString();
-    const bool isNode = !row.value(QLatin1String("Path")).toString().isEmpty();
+    const QString type = textIn(row, "Type");
+    const bool isNode = !textIn(row, "Path").isEmpty();
     return type == QLatin1String("Choice") || (type == QLatin1String("Text") && isNode);
 }
 

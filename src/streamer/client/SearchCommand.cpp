@@ -1,93 +1,72 @@
-#include "client/SearchCommand.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/PathText.h"
-#include "client/RowsCommand.h"
 #include "client/RowsTable.h"
+#include "client/TreeWalk.h"
 
-#include <QJsonArray>
+#include <QMap>
 
 namespace cli {
 
 namespace {
 
-constexpr int rowsOfOne = 50;
 constexpr int rowsOfEach = 5;
 
-QString rowPath(const QJsonValue& row)
-{
-    return row.toObject().value(QLatin1String("Path")).toString();
-}
-
-} // namespace
-
-QStringList SearchCommand::kinds()
+QStringList kinds()
 {
     return {QStringLiteral("albums"), QStringLiteral("tracks"), QStringLiteral("artists"),
             QStringLiteral("playlists")};
 }
 
+/// `kelo search`: finds the search lists by walking the tree from the service's top node, puts the
+/// text into them and prints their rows.
+struct SearchCommand
+{
+    QString text;
+    QString kind; ///< one of kinds(); empty: the first rows of all four
+
+    int run(const CommandContext& context) const;
+
+private:
+    /// Kind -> encoded path of its list for the text.
+    using Lists = QMap<QString, QString>;
+
+    Lists findLists(TreeWalk& walk) const;
+    int printAll(const CommandContext& context, const Lists& lists) const;
+};
+
 /// Top node -> its search container -> the query row -> the lists, one per kind, told apart by the
 /// last segment of their paths since titles are translated.
-ApiReply SearchCommand::findLists(ApiClient& api, Lists& lists) const
+SearchCommand::Lists SearchCommand::findLists(TreeWalk& walk) const
 {
-    const ApiReply top = RowsCommand::fetch(api, topPath(), 0, 0);
-    if (!top.isDone())
-        return top;
-    const QString container = top.document.value(QLatin1String("roles"))
-                                  .toObject()
-                                  .value(QLatin1String("SearchPath"))
-                                  .toString();
+    const QString container = textIn(objectIn(walk.page(topPath(), 0, 0), "roles"), "SearchPath");
     if (container.isEmpty())
-        return ApiReply::refusal(
-            QStringLiteral("search is not offered now; it needs a login (kelo login)"));
-
-    const ApiReply queries = RowsCommand::fetch(api, container, 0, 0);
-    if (!queries.isDone())
-        return queries;
-    PathText query =
-        PathText::parse(rowPath(queries.document.value(QLatin1String("rows")).toArray().at(0)));
+        walk.refuse(QStringLiteral("search is not offered now; it needs a login (kelo login)"));
+    PathText query = PathText::parse(textIn(rowsIn(walk.page(container, 0, 0)).value(0), "Path"));
     if (query.base.isEmpty())
-        return ApiReply::refusal(
-            QStringLiteral("the search node at %1 has no query row").arg(shown(container)));
+        walk.refuse(QStringLiteral("the search node at %1 has no query row").arg(shown(container)));
     query.parameters.insert(QStringLiteral("query"), text);
-
-    const ApiReply choices = RowsCommand::fetch(api, query.encoded(), 0, 49);
-    if (!choices.isDone())
-        return choices;
-    const QJsonArray rows = choices.document.value(QLatin1String("rows")).toArray();
-    for (const QJsonValue& row : rows) {
-        PathText list = PathText::parse(rowPath(row));
+    Lists lists;
+    for (const QJsonObject& row : rowsIn(walk.page(query.encoded()))) {
+        PathText list = PathText::parse(textIn(row, "Path"));
         list.parameters.insert(QStringLiteral("query"), text);
         if (kinds().contains(list.lastSegment()))
             lists.insert(list.lastSegment(), list.encoded());
     }
     if (lists.isEmpty())
-        return ApiReply::refusal(
-            QStringLiteral("the search at %1 has no lists").arg(shown(query.encoded())));
-    return choices;
+        walk.refuse(QStringLiteral("the search at %1 has no lists").arg(shown(query.encoded())));
+    return lists;
 }
 
 int SearchCommand::run(const CommandContext& context) const
 {
-    Lists lists;
-    const ApiReply found = findLists(context.api, lists);
-    if (!found.isDone())
-        return context.finish(found);
-    if (kind.isEmpty())
-        return printAll(context, lists);
-    if (!lists.contains(kind))
-        return context.finish(
-            ApiReply::refusal(QStringLiteral("the service cannot search in ") + kind));
-    return printOne(context, lists.value(kind));
-}
-
-int SearchCommand::printOne(const CommandContext& context, const QString& path) const
-{
-    RowsCommand rows;
-    rows.path = path;
-    rows.to = rowsOfOne - 1;
-    return rows.run(context);
+    TreeWalk walk(context.api);
+    const Lists lists = findLists(walk);
+    if (!kind.isEmpty() && !lists.contains(kind))
+        walk.refuse(QStringLiteral("the service cannot search in ") + kind);
+    if (!walk.isDone())
+        return context.finish(walk.reply());
+    return kind.isEmpty() ? printAll(context, lists) : showRows(context, lists.value(kind));
 }
 
 int SearchCommand::printAll(const CommandContext& context, const Lists& lists) const
@@ -96,24 +75,21 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
     for (const QString& word : kinds()) {
         if (!lists.contains(word))
             continue;
-        const ApiReply reply =
-            RowsCommand::fetch(context.api, lists.value(word), 0, rowsOfEach - 1);
+        const ApiReply reply = context.api.rows(lists.value(word), 0, rowsOfEach - 1);
         if (!reply.isDone())
             return context.finish(reply);
         document += ",\"" + word.toLatin1() + "\":" + reply.body.trimmed();
         if (context.isJson)
             continue;
         Terminal& terminal = context.terminal;
-        const qint64 count =
-            reply.document.value(QLatin1String("rowsCount")).toVariant().toLongLong();
         if (word != kinds().first())
             terminal.line();
-        if (rowPath(reply.document.value(QLatin1String("rows")).toArray().at(0)).isEmpty()) {
+        if (textIn(rowsIn(reply.document).value(0), "Path").isEmpty()) {
             terminal.line(terminal.styled(word, Terminal::Style::Bold) +
                           terminal.styled(QStringLiteral("  nothing found"), Terminal::Style::Dim));
             continue;
         }
-        const QString found = QStringLiteral("  %1 found, all:").arg(count);
+        const QString found = QStringLiteral("  %1 found, all:").arg(rowsCountIn(reply.document));
         const QString all = QStringLiteral("kelo rows ") + shellWord(shown(lists.value(word)));
         const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
         terminal.line(terminal.styled(word, Terminal::Style::Bold) +
@@ -125,6 +101,18 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
     if (context.isJson)
         context.printJson(document + '}');
     return ExitDone;
+}
+
+} // namespace
+
+Command searchCommand()
+{
+    const auto search = std::make_shared<SearchCommand>();
+    return Command("search", "Find albums, tracks, artists, playlists.",
+                   "kelo search 'blue train'\nkelo search coltrane --in artists")
+        .option("TEXT", search->text, "What to look for")
+        .option("--in KIND", {search->kind, kinds()}, "One kind alone, with more rows")
+        .asks([search](const CommandContext& context) { return search->run(context); });
 }
 
 } // namespace cli

@@ -1,29 +1,53 @@
-#include "client/TreeCommand.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/PathText.h"
-#include "client/RowsCommand.h"
 #include "client/RowsTable.h"
+#include "client/TreeWalk.h"
 
 #include <QJsonDocument>
+#include <QSet>
 
 namespace cli {
 
+namespace {
+
+constexpr int rowsPerLevel = 50;
+
+/// `kelo tree`: the tree as an indented outline, found by reading rows. Each container is read
+/// once, at most rowsPerLevel rows of it.
+struct TreeCommand
+{
+    QString path = topPath();
+    int depth = 2;
+
+    int run(const CommandContext& context);
+
+private:
+    /// Prints the rows of \p page and of the containers in it, down to \p depth more levels; with
+    /// \p isJson nothing is printed. Gives the rows with what stands below each under "rows".
+    QJsonArray descend(const CommandContext& context, const QJsonObject& page, int depth,
+                       int level);
+    QJsonObject visit(const CommandContext& context, const QJsonObject& row, int depth, int level);
+    void note(const CommandContext& context, int level, const QString& text) const;
+
+    QSet<QString> m_read; ///< paths whose rows stand in the outline already
+};
+
 int TreeCommand::run(const CommandContext& context)
 {
-    const ApiReply reply = RowsCommand::fetch(context.api, m_path, 0, rowsPerLevel - 1);
+    const ApiReply reply = context.api.rows(path, 0, rowsPerLevel - 1);
     if (!reply.isDone())
         return context.finish(reply);
-    m_read.insert(m_path);
+    m_read.insert(path);
     if (!context.isJson) {
         const Terminal& terminal = context.terminal;
         context.terminal.line(terminal.styled(
             cut(RowsTable::heading(reply.document), terminal.width()), Terminal::Style::Bold));
     }
-    const QJsonArray rows = descend(context, reply.document, m_depth, 1);
+    const QJsonArray rows = descend(context, reply.document, depth, 1);
     if (context.isJson) {
         const QJsonObject tree{
-            {QStringLiteral("path"), m_path},
+            {QStringLiteral("path"), path},
             {QStringLiteral("rowsCount"), reply.document.value(QLatin1String("rowsCount"))},
             {QStringLiteral("rows"), rows}};
         context.printJson(QJsonDocument(tree).toJson(QJsonDocument::Compact));
@@ -35,20 +59,18 @@ QJsonArray TreeCommand::descend(const CommandContext& context, const QJsonObject
                                 int level)
 {
     QJsonArray result;
-    const QJsonArray rows = page.value(QLatin1String("rows")).toArray();
-    const int count = qMin(rows.size(), rowsPerLevel);
-    for (int i = 0; i < count; ++i)
-        result.append(visit(context, rows.at(i).toObject(), depth, level));
-    const qint64 all = page.value(QLatin1String("rowsCount")).toVariant().toLongLong();
-    if (all > count)
-        note(context, level, QStringLiteral("... %1 more").arg(all - count));
+    for (const QJsonObject& row : rowsIn(page).mid(0, rowsPerLevel))
+        result.append(visit(context, row, depth, level));
+    const int left = rowsCountIn(page) - result.size();
+    if (left > 0)
+        note(context, level, QStringLiteral("... %1 more").arg(left));
     return result;
 }
 
 QJsonObject TreeCommand::visit(const CommandContext& context, const QJsonObject& row, int depth,
                                int level)
 {
-    const QString path = row.value(QLatin1String("Path")).toString();
+    const QString path = textIn(row, "Path");
     if (!context.isJson) {
         const Terminal& terminal = context.terminal;
         const QString indent(2 * level, ' ');
@@ -63,16 +85,14 @@ QJsonObject TreeCommand::visit(const CommandContext& context, const QJsonObject&
             QString(place.isEmpty() ? 0 : 2, ' ') + terminal.styled(place, Terminal::Style::Dim));
     }
     QJsonObject result = row;
-    const bool isContainer =
-        row.value(QLatin1String("Type")).toString() == QLatin1String("Container");
-    if (depth <= 1 || !isContainer || path.isEmpty())
+    if (depth <= 1 || !isContainer(row) || path.isEmpty())
         return result;
     if (m_read.contains(path)) {
         note(context, level + 1, QStringLiteral("(shown above)"));
         return result;
     }
     m_read.insert(path);
-    const ApiReply below = RowsCommand::fetch(context.api, path, 0, rowsPerLevel - 1);
+    const ApiReply below = context.api.rows(path, 0, rowsPerLevel - 1);
     if (below.isDone()) {
         result.insert(QStringLiteral("rows"),
                       descend(context, below.document, depth - 1, level + 1));
@@ -88,6 +108,17 @@ void TreeCommand::note(const CommandContext& context, int level, const QString& 
     if (!context.isJson)
         context.terminal.line(QString(2 * level, ' ') +
                               context.terminal.styled(text, Terminal::Style::Dim));
+}
+
+} // namespace
+
+Command treeCommand()
+{
+    const auto tree = std::make_shared<TreeCommand>();
+    return Command("tree", "Show the tree as an outline.", "kelo tree\nkelo tree /tidal --depth 3")
+        .option("[PATH]", tree->path, "Where to begin (/tidal)")
+        .option("--depth N", {tree->depth, 1, 16}, "Levels below it (2)")
+        .asks([tree](const CommandContext& context) { return tree->run(context); });
 }
 
 } // namespace cli

@@ -2,10 +2,7 @@
 
 #include "client/CommandContext.h"
 #include "client/DisplayText.h"
-#include "client/PlaylistCommand.h"
-#include "client/RowsCommand.h"
-
-#include <QJsonArray>
+#include "client/TreeWalk.h"
 
 namespace cli {
 
@@ -74,14 +71,11 @@ QVector<Completion::Candidate> TreePaths::searched(const QString& prefix)
 QVector<Completion::Candidate> TreePaths::rowsOf(const QString& list)
 {
     Candidates result;
-    const ApiReply reply =
-        RowsCommand::fetch(m_api, list, 0, rowsPerList - 1, QStringLiteral("Title,Path"));
-    const QJsonArray rows = reply.document.value(QLatin1String("rows")).toArray();
-    for (const QJsonValue& value : rows) {
-        const QJsonObject row = value.toObject();
-        const QString path = shown(roleText(row, "Path"));
+    const ApiReply reply = m_api.rows(list, 0, rowsPerList - 1, QStringLiteral("Title,Path"));
+    for (const QJsonObject& row : rowsIn(reply.document)) {
+        const QString path = shown(textIn(row, "Path"));
         if (!path.isEmpty())
-            result.append({path, shown(roleText(row, "Title"))});
+            result.append({path, shown(textIn(row, "Title"))});
     }
     return result;
 }
@@ -89,16 +83,10 @@ QVector<Completion::Candidate> TreePaths::rowsOf(const QString& list)
 QVector<Completion::Candidate> TreePaths::playlists()
 {
     Candidates result;
-    const TreeWalk walk(m_api);
-    QString list;
-    QJsonObject page;
-    if (!PlaylistCommand::findPlaylists(walk, list).isDone() || !walk.page(list, 0, page).isDone())
-        return result;
-    const QJsonArray rows = page.value(QLatin1String("rows")).toArray();
-    for (const QJsonValue& value : rows) {
-        const QJsonObject row = value.toObject();
-        if (isContainer(row) && !roleText(row, "Id").isEmpty())
-            result.append({shown(roleText(row, "Id")), shown(roleText(row, "Title"))});
+    TreeWalk walk(m_api);
+    for (const QJsonObject& row : rowsIn(walk.page(walk.ownPlaylists()))) {
+        if (isContainer(row) && !textIn(row, "Id").isEmpty())
+            result.append({shown(textIn(row, "Id")), shown(textIn(row, "Title"))});
     }
     return result;
 }

@@ -1,157 +1,165 @@
 #include "client/TreeWalk.h"
 
+#include "client/CommandContext.h"
 #include "client/DisplayText.h"
 #include "client/PathText.h"
-#include "client/RowsCommand.h"
 
 #include <algorithm>
-#include <QJsonArray>
 
 namespace cli {
 
 namespace {
 
-constexpr int pageSize = 50;
 /// Rows of one list that are looked through.
 constexpr int mostRows = 10000;
 
-bool hasType(const QJsonObject& row, const char* type)
-{
-    return roleText(row, "Type") == QLatin1String(type);
-}
-
 } // namespace
-
-QString roleText(const QJsonObject& row, const char* role)
-{
-    return row.value(QLatin1String(role)).toString();
-}
 
 QString contextPath(const QJsonObject& row)
 {
-    return roleText(row.value(QLatin1String("Context")).toObject(), "Path");
+    return textIn(objectIn(row, "Context"), "Path");
 }
 
 bool isContainer(const QJsonObject& row)
 {
-    return hasType(row, "Container");
+    return textIn(row, "Type") == QLatin1String("Container");
 }
 
 bool isAction(const QJsonObject& row)
 {
-    return hasType(row, "Action");
+    return textIn(row, "Type") == QLatin1String("Action");
 }
 
 bool isField(const QJsonObject& row)
 {
-    return hasType(row, "Text");
+    return textIn(row, "Type") == QLatin1String("Text");
 }
 
 bool hasSegment(const QJsonObject& row, const char* segment)
 {
-    const QString base = PathText::parse(roleText(row, "Path")).base;
-    return base.split('/').contains(QLatin1String(segment));
+    return PathText::parse(textIn(row, "Path")).base.split('/').contains(QLatin1String(segment));
 }
 
-ApiReply TreeWalk::page(const QString& path, int from, QJsonObject& page) const
+QJsonObject TreeWalk::take(const std::function<ApiReply()>& ask)
 {
-    const ApiReply reply = RowsCommand::fetch(m_api, path, from, from + pageSize - 1);
-    page = reply.document;
-    return reply;
+    if (isDone())
+        m_reply = ask();
+    return isDone() ? m_reply.document : QJsonObject();
 }
 
-ApiReply TreeWalk::find(const QString& list, const Match& match, QJsonObject& row) const
+void TreeWalk::refuse(const QString& message)
 {
-    row = QJsonObject();
-    for (int from = 0;; from += pageSize) {
-        QJsonObject rows;
-        const ApiReply reply = page(list, from, rows);
-        if (!reply.isDone())
-            return reply;
-        const QJsonArray array = rows.value(QLatin1String("rows")).toArray();
-        for (const QJsonValue& value : array) {
-            if (match(value.toObject())) {
-                row = value.toObject();
-                return reply;
-            }
-        }
-        const int next = from + pageSize;
-        if (array.isEmpty() || next >= rows.value(QLatin1String("rowsCount")).toInt() ||
-            next >= mostRows)
-            return reply;
+    if (isDone())
+        m_reply = ApiReply::refusal(message);
+}
+
+QJsonObject TreeWalk::page(const QString& path, int from, int to)
+{
+    return take([&] { return m_api.rows(path, from, to); });
+}
+
+QJsonObject TreeWalk::find(const QString& list, const Match& match)
+{
+    for (int from = 0; from < mostRows; from += pageSize) {
+        const QJsonObject read = page(list, from, from + pageSize - 1);
+        const QVector<QJsonObject> rows = rowsIn(read);
+        const auto found = std::find_if(rows.begin(), rows.end(), match);
+        if (found != rows.end())
+            return *found;
+        if (rows.isEmpty() || from + pageSize >= rowsCountIn(read))
+            break;
     }
+    return {};
 }
 
-ApiReply TreeWalk::need(const QString& list, const Match& match, const QString& missing,
-                        QJsonObject& row) const
+QJsonObject TreeWalk::need(const QString& list, const Match& match, const QString& missing)
 {
-    const ApiReply reply = find(list, match, row);
-    return reply.isDone() && row.isEmpty() ? ApiReply::refusal(missing) : reply;
+    const QJsonObject row = find(list, match);
+    if (row.isEmpty())
+        refuse(missing);
+    return row;
 }
 
-ApiReply TreeWalk::rowAt(const QString& list, int number, QJsonObject& row) const
+QJsonObject TreeWalk::inMenu(const QString& menu, bool (*match)(const QJsonObject&),
+                             const char* segment)
 {
-    const ApiReply reply = RowsCommand::fetch(m_api, list, number, number);
-    if (!reply.isDone())
-        return reply;
-    const int count = reply.document.value(QLatin1String("rowsCount")).toInt();
-    row = reply.document.value(QLatin1String("rows")).toArray().at(0).toObject();
+    if (menu.isEmpty())
+        refuse(QStringLiteral("this row has no context menu"));
+    return need(
+        menu, [&](const QJsonObject& row) { return match(row) && hasSegment(row, segment); },
+        QStringLiteral("the menu %1 does not offer this").arg(shown(menu)));
+}
+
+QJsonObject TreeWalk::rowAt(const QString& list, int number)
+{
+    const QJsonObject read = page(list, number, number);
+    const QJsonObject row = rowsIn(read).value(0);
+    const int count = rowsCountIn(read);
     if (row.isEmpty() || number >= count)
-        return ApiReply::refusal(
-            QStringLiteral("there is no row %1, the last one is %2").arg(number).arg(count - 1));
-    return reply;
+        refuse(QStringLiteral("there is no row %1, the last one is %2").arg(number).arg(count - 1));
+    return row;
 }
 
-ApiReply TreeWalk::count(const QString& list, int& items) const
+int TreeWalk::count(const QString& list)
 {
-    const ApiReply reply = RowsCommand::fetch(m_api, list, 0, 0);
-    const QJsonObject first =
-        reply.document.value(QLatin1String("rows")).toArray().at(0).toObject();
-    items =
-        contextPath(first).isEmpty() ? 0 : reply.document.value(QLatin1String("rowsCount")).toInt();
-    return reply;
+    const QJsonObject read = page(list, 0, 0);
+    return contextPath(rowsIn(read).value(0)).isEmpty() ? 0 : rowsCountIn(read);
 }
 
-ApiReply TreeWalk::countOf(const QString& list, int from, int to, const QString& wanted,
-                           int& rows) const
+int TreeWalk::countOf(const QString& list, int from, int to, const QString& wanted)
 {
-    const ApiReply reply = RowsCommand::fetch(m_api, list, from, to);
-    const QJsonArray page = reply.document.value(QLatin1String("rows")).toArray();
-    rows =
-        static_cast<int>(std::count_if(page.begin(), page.end(), [&wanted](const QJsonValue& row) {
-            return roleText(row.toObject(), "Path") == wanted;
-        }));
-    return reply;
+    const QVector<QJsonObject> rows = rowsIn(page(list, from, to));
+    return static_cast<int>(std::count_if(rows.begin(), rows.end(), [&](const QJsonObject& row) {
+        return textIn(row, "Path") == wanted;
+    }));
 }
 
-ApiReply TreeWalk::data(const QString& path, QJsonObject& roles) const
+QJsonObject TreeWalk::data(const QString& path, const QString& language)
 {
-    const ApiReply reply = m_api.get(QStringLiteral("data"), {{QStringLiteral("path"), path}});
-    roles = reply.document.value(QLatin1String("data")).toObject();
-    return reply;
+    Query query{{QStringLiteral("path"), path}};
+    if (!language.isEmpty())
+        query.append({QStringLiteral("language"), language});
+    return objectIn(take([&] { return m_api.get(QStringLiteral("data"), query); }), "data");
 }
 
 /// Menus, choosers and forms are containers of their own type, which no list of items has. The
 /// menu of a node without parameters stands in its data.
-ApiReply TreeWalk::menuOf(const QString& path, QString& menu) const
+QString TreeWalk::menuOf(const QString& path)
 {
-    QJsonObject roles;
-    ApiReply reply = data(path, roles);
-    if (!reply.isDone())
-        return reply;
-    menu = path;
-    if (roleText(roles, "ContainerType") == QLatin1String("List"))
-        return reply;
+    QJsonObject roles = data(path);
+    if (textIn(roles, "ContainerType") == QLatin1String("List"))
+        return path;
     if (path.contains('?')) {
-        reply = m_api.get(QStringLiteral("row"), {{QStringLiteral("path"), path}});
-        if (!reply.isDone())
-            return reply;
-        roles = reply.document.value(QLatin1String("row")).toObject();
+        const Query query{{QStringLiteral("path"), path}};
+        roles = objectIn(take([&] { return m_api.get(QStringLiteral("row"), query); }), "row");
     }
-    menu = contextPath(roles);
-    return menu.isEmpty()
-               ? ApiReply::refusal(QStringLiteral("%1 has no context menu").arg(shown(path)))
-               : reply;
+    const QString menu = contextPath(roles);
+    if (menu.isEmpty())
+        refuse(QStringLiteral("%1 has no context menu").arg(shown(path)));
+    return menu;
+}
+
+QString TreeWalk::ownCollection()
+{
+    const QJsonObject row = need(
+        topPath(), [](const QJsonObject& one) { return hasSegment(one, "myMusic"); },
+        QStringLiteral("playlists are not offered now; they need a login (kelo login)"));
+    return textIn(row, "Path");
+}
+
+QString TreeWalk::ownPlaylists()
+{
+    const QString collection = ownCollection();
+    const QJsonObject row = need(
+        collection,
+        [](const QJsonObject& one) { return isContainer(one) && hasSegment(one, "created"); },
+        QStringLiteral("%1 has no list of playlists").arg(shown(collection)));
+    return textIn(row, "Path");
+}
+
+void TreeWalk::set(const QString& path, const QByteArray& value)
+{
+    take([&] { return m_api.set(path, value); });
 }
 
 } // namespace cli

@@ -1,26 +1,18 @@
-#include "client/WatchCommand.h"
-
+#include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/Following.h"
 #include "client/PathText.h"
 
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QTime>
 
 namespace cli {
 
-QString WatchCommand::changeText(const QJsonValue& change)
-{
-    if (!change.isArray())
-        return valueText(change);
-    QStringList words;
-    for (const auto& word : change.toArray())
-        words.append(valueText(word));
-    return words.join(',');
-}
+namespace {
 
-int WatchCommand::run(const CommandContext& context) const
+/// `kelo watch`: keeps \p paths open and prints each change notice as one line. Waits for a
+/// streamer that goes away. It reads no rows.
+int watch(const CommandContext& context, const QStringList& paths)
 {
     const QStringList watched = paths.isEmpty() ? QStringList{topPath()} : paths;
     const ApiReply stream = follow(context, watched, nullptr, [&](const ServerEvent& event) {
@@ -31,7 +23,7 @@ int WatchCommand::run(const CommandContext& context) const
             return true;
         }
         const QJsonObject notice = QJsonDocument::fromJson(event.data).object();
-        const QString path = notice.value(QLatin1String("path")).toString();
+        const QString path = textIn(notice, "path");
         context.terminal.line(QStringList{QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
                                           shellWord(shown(path)),
                                           changeText(notice.value(QLatin1String("change"))),
@@ -40,6 +32,17 @@ int WatchCommand::run(const CommandContext& context) const
         return true;
     });
     return context.finish(stream);
+}
+
+} // namespace
+
+Command watchCommand()
+{
+    const auto paths = std::make_shared<QStringList>();
+    return Command("watch", "Print each change notice: time, path, change, count.",
+                   "kelo watch /tidal\nkelo watch --json PATH PATH")
+        .option("[PATH]", *paths, "Paths to keep open (/tidal)")
+        .asks([paths](const CommandContext& context) { return watch(context, *paths); });
 }
 
 } // namespace cli

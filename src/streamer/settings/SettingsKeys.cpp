@@ -13,6 +13,7 @@ struct TextRule
     QString wanted;
     std::function<bool(const QString&)> accepts;
     std::function<QString(const QString&)> tidy = [](const QString& text) { return text; };
+    QStringList choices = {};
 };
 
 TextRule anyText()
@@ -29,8 +30,10 @@ TextRule matching(const QString& wanted, const QString& pattern)
 
 TextRule oneOf(const QStringList& words)
 {
-    return {QStringLiteral("one of %1").arg(words.join(QStringLiteral(", "))),
-            [words](const QString& text) { return words.contains(text); }};
+    TextRule rule{QStringLiteral("one of %1").arg(words.join(QStringLiteral(", "))),
+                  [words](const QString& text) { return words.contains(text); }};
+    rule.choices = words;
+    return rule;
 }
 
 TextRule webAddress()
@@ -69,7 +72,7 @@ template <typename Member>
 SettingsKey text(const char* name, const char* meaning, Member member, const TextRule& rule)
 {
     SettingsKey key{QString::fromLatin1(name), QString::fromLatin1(meaning),
-                    SettingsKey::Kind::Text, rule.wanted};
+                    SettingsKey::Kind::Text, rule.wanted, rule.choices};
     key.store = [member, rule](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::String || !rule.accepts(value.toString()))
             return false;
@@ -120,8 +123,11 @@ SettingsKey milliseconds(const char* name, const char* meaning, Member member)
 template <typename Member>
 SettingsKey boolean(const char* name, const char* meaning, Member member)
 {
-    SettingsKey key{QString::fromLatin1(name), QString::fromLatin1(meaning),
-                    SettingsKey::Kind::Boolean, QStringLiteral("true or false")};
+    SettingsKey key{QString::fromLatin1(name),
+                    QString::fromLatin1(meaning),
+                    SettingsKey::Kind::Boolean,
+                    QStringLiteral("true or false"),
+                    {QStringLiteral("true"), QStringLiteral("false")}};
     key.store = [member](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::Bool)
             return false;

@@ -12,10 +12,11 @@ struct SettingsKey
 {
     enum class Kind { Text, Integer, Number, Boolean, TextList };
 
-    QString name;    ///< with its section: "tidal.oauth2.scope"
-    QString meaning; ///< what it sets, as one sentence for people
-    Kind kind;       ///< what a text from the command line is read as; a list has commas
-    QString wanted;  ///< what a value has to be, to follow the word "wanted"
+    QString name;             ///< with its section: "tidal.oauth2.scope"
+    QString meaning;          ///< what it sets, as one sentence for people
+    Kind kind;                ///< what a text from the command line is read as; a list has commas
+    QString wanted;           ///< what a value has to be, to follow the word "wanted"
+    QStringList choices = {}; ///< the only values there are; empty: more than can be listed
     bool isSecret = false;
     /// Stores a bool, qlonglong, double, QString or QStringList; false and nothing stored when it
     /// is not wanted.

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "client/Command.h"
+#include "settings/ServeOptions.h"
+#include "settings/Settings.h"
+
+/// The commands of `kelo`, each described and run by the file of its name. CommandLine puts them
+/// together.
+namespace cli {
+
+Command rowsCommand();
+/// Prints the first page of a list, as `kelo rows` does.
+int showRows(const CommandContext& context, const QString& path);
+Command dataCommand();
+Command setCommand();
+Command watchCommand();
+Command searchCommand();
+Command treeCommand();
+
+Command menuCommand();
+Command favoriteCommand();
+Command playlistCommand();
+
+Command playCommand();
+/// pause, resume, stop, next, previous.
+Command playerCommand(const char* name, const char* text);
+Command seekCommand();
+Command volumeCommand();
+Command statusCommand();
+
+Command loginCommand();
+Command logoutCommand();
+
+/// \p serve runs the streamer.
+Command serveCommand(std::function<int(const ServeOptions&, const Settings&)> serve);
+Command configCommand();
+Command doctorCommand();
+Command completionCommand();
+/// What the completion scripts call: the line that is typed (bash), or its words (zsh). \p endSoon
+/// is called before the streamer at \p server is asked, if it is set.
+Command completeCommand(const Command& program, const QString& server,
+                        std::function<void()> endSoon);
+/// Prints a manual page, for installing.
+Command manualCommand(const Command& program);
+
+} // namespace cli

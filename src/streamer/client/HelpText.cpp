@@ -1,0 +1,66 @@
+#include "client/HelpText.h"
+
+#include "client/DisplayText.h"
+
+namespace cli {
+
+namespace {
+
+constexpr int leastTextWidth = 20;
+
+using Entries = QVector<QPair<QString, QString>>;
+
+QString section(const QString& heading, const Entries& entries, int nameWidth, int width)
+{
+    if (entries.isEmpty())
+        return {};
+    QString result = '\n' + heading + QStringLiteral(":\n");
+    for (const auto& [name, text] : entries) {
+        QString before = QStringLiteral("  ") + padded(name, nameWidth) + QStringLiteral("  ");
+        for (const QString& line : wrapped(text, qMax(leastTextWidth, width - nameWidth - 4))) {
+            result += before + line + '\n';
+            before.fill(' ');
+        }
+    }
+    return result;
+}
+
+Entries entriesOf(const QVector<Option>& options)
+{
+    Entries entries;
+    for (const Option& option : options)
+        entries.append({option.written(), option.text});
+    return entries;
+}
+
+} // namespace
+
+QString helpText(const Command& command, const QString& words, int width)
+{
+    QVector<QPair<QString, Entries>> sections{
+        {QStringLiteral("Arguments"), entriesOf(command.arguments)},
+        {QStringLiteral("Options"), entriesOf(command.options)}};
+    for (const QString& group : command.groups()) {
+        Entries commands;
+        for (const Command& below : command.commands) {
+            if (below.group == group)
+                commands.append({below.name, below.text});
+        }
+        sections.append({group, commands});
+    }
+    int nameWidth = 0;
+    for (const auto& [heading, entries] : sections) {
+        for (const auto& entry : entries)
+            nameWidth = qMax(nameWidth, columns(entry.first));
+    }
+
+    QString help = wrapped(command.text, width).join('\n') + QStringLiteral("\n\nExamples:\n");
+    for (const QString& example : command.examples)
+        help += QStringLiteral("  ") + example + '\n';
+    help += QStringLiteral("\nUsage: %1 %2\n").arg(words, command.usage());
+    for (const auto& [heading, entries] : sections)
+        help += section(heading, entries, nameWidth, width);
+    return help;
+}
+
+} // namespace cli
