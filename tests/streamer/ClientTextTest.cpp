@@ -1,29 +1,9 @@
 #include "client/DisplayText.h"
 #include "client/EventParser.h"
-#include "client/QrCode.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-TEST(DisplayText, ShowsControlCharactersWrittenOut)
-{
-    const struct
-    {
-        QString text;
-        QString expected;
-    } rows[] = {
-        {QStringLiteral("plain é 漢"), QStringLiteral("plain é 漢")},
-        {QStringLiteral("a\nb\r\t"), QStringLiteral("a\\nb\\r\\t")},
-        {QStringLiteral("\x1b[31mred"), QStringLiteral("\\x1b[31mred")},
-        {QString(QChar(0x9b)) + "2J", QStringLiteral("\\x9b2J")},
-        {QString(QChar(0x7f)), QStringLiteral("\\x7f")},
-        {QString(QChar(0x202e)) + "gnp", QStringLiteral("\\u202egnp")},
-        {QString(QChar(0)), QStringLiteral("\\x00")},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(cli::shown(row.text), row.expected);
-}
 
 TEST(DisplayText, CutsByTheColumnsThatCharactersTake)
 {
@@ -79,18 +59,6 @@ TEST(EventParser, RefusesAnEventWithoutEnd)
     while (taken < 10 && parser.feed(line.constData(), static_cast<size_t>(line.size())))
         ++taken;
     EXPECT_EQ(taken, 3);
-}
-
-TEST(QrCode, DrawsTwoModulesPerCell)
-{
-    const QStringList code = cli::qrCode(QStringLiteral("https://example.org/ABCDE"), true);
-    ASSERT_EQ(code.size(), (25 + 2 * 2 + 1) / 2);
-    for (const QString& line : code)
-        EXPECT_EQ(line.size(), 25 + 2 * 2);
-    EXPECT_EQ(code.first(), QString(29, QChar(0x2588))); // the quiet zone is light
-    // The finder pattern: seven dark modules, of which the second row is dark at both ends alone.
-    EXPECT_EQ(code.at(1).mid(2, 7), QStringLiteral(" ▄▄▄▄▄ "));
-    EXPECT_TRUE(cli::qrCode(QString(5000, 'x'), true).isEmpty());
 }
 
 } // namespace
