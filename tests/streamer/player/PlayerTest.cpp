@@ -7,7 +7,9 @@ using PlayerTest = PlayerFixture;
 
 TEST_F(PlayerTest, PlaysWhatAPathNames)
 {
-    QList<KeloRoles> rows{FakeModule::row(KeloRolesType::Header_, "Head")};
+    QList<KeloRoles> rows;
+    for (int i = 0; i < 50; ++i) // a page without a track
+        rows << FakeModule::row(KeloRolesType::Header_, "Head");
     for (int i = 1; i <= 120; ++i)
         rows << FakeModule::track(list, QString::number(i));
     module->addList(list, rows);
