@@ -11,6 +11,8 @@ help:
 	@echo "make install build, and install below PREFIX (/usr/local); DESTDIR stages for a package"
 	@echo "make bench   measure, by instruction count"
 	@echo "make fuzz    run each fuzzer for FUZZ_SECONDS (default 30)"
+	@echo "make schedules N=100000 [SEED=1]  play random schedules over the module"
+	@echo "make faults  let each operation of a journey fail once"
 	@echo "make tidy    clang-tidy over all sources"
 	@echo "make format  clang-format over all sources"
 
@@ -37,6 +39,16 @@ test: build
 
 asan tsan:
 	@$(MAKE) --no-print-directory test PRESET=$@
+
+# The same journey again and again, each time with another operation that fails.
+faults: build
+	@build/$(PRESET)/bin/system_tests --gtest_filter='Faults*'
+.PHONY: faults
+
+# Random schedules over the module; the same numbers play the same ones.
+schedules: build
+	@build/$(PRESET)/bin/schedules --seed=$(or $(SEED),1) --count=$(or $(N),2000)
+.PHONY: schedules
 
 bench:
 	@scripts/install-packages scripts/packages-bench.txt

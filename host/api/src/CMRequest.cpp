@@ -52,10 +52,31 @@ KeloShared<CMRequestData> asKind(const CMRequest& request)
 {
     return dynamic_cast<Kind*>(request.data().get()) ? request.data() : KeloShared<CMRequestData>();
 }
+
+std::atomic<int> livingRequests{0};
 } // namespace
+
+CMRequestData::CMRequestData(const CMPath& path, const CMVoidReply& reply)
+    : m_path(path), m_reply(reply)
+{
+    ++livingRequests;
+}
+
+CMRequestData::CMRequestData(const CMRequestData& other)
+    : KeloSharedData(other), m_path(other.m_path), m_reply(other.m_reply),
+      m_isServing(other.m_isServing)
+{
+    ++livingRequests;
+}
+
+int CMRequestData::living()
+{
+    return livingRequests;
+}
 
 CMRequestData::~CMRequestData()
 {
+    --livingRequests;
     if (m_isServing && !m_reply.isNull() && !m_reply.isFinished())
         keloEndUnanswered(m_path, m_reply);
 }

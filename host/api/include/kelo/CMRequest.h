@@ -10,9 +10,12 @@
 class KELO_EXPORT CMRequestData : public KeloSharedData
 {
 public:
-    CMRequestData(const CMPath& path, const CMVoidReply& reply) : m_path(path), m_reply(reply) {}
-    CMRequestData(const CMRequestData&) = default;
+    CMRequestData(const CMPath& path, const CMVoidReply& reply);
+    CMRequestData(const CMRequestData& other);
     ~CMRequestData() override;
+
+    /// How many there are in the process. Any thread.
+    static int living();
 
     /// The same request, of the same kind.
     virtual CMRequestData* copy() const = 0;
