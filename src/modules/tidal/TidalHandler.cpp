@@ -127,7 +127,7 @@ HttpClientOptions TidalHandler::requestOptions(HttpClientPrivate userData, int t
 
 void TidalHandler::reportRefusedToken(const HttpClientPrivate& refused)
 {
-    if (refused.tag() != m_sentTag)
+    if (refused.tag() < m_firstTagOfToken)
         return;
     CMPath path = KeloOAuth2ServicePath();
     path.appendSubpath(KeloTidalName());
@@ -146,10 +146,11 @@ QString TidalHandler::accessToken() const
     return m_accessToken->value().string_();
 }
 
-bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& errorText) const
+bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& errorText)
 {
+    m_checkedToken = accessToken();
     const bool isMixed = m_account.userId() != 0 && m_worker->isLoginChanging();
-    if (!accessToken().isEmpty() && !isMixed)
+    if (!m_checkedToken.isEmpty() && !isMixed)
         return true;
     KELO_LOG("Tidal", WARN) << "Access token is not set";
     if (!request.isNull())
@@ -157,12 +158,26 @@ bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& er
     return false;
 }
 
+bool TidalHandler::checkSession(const CMRequest& request)
+{
+    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+        return false;
+    if (m_worker->isUserConfigured())
+        return true;
+    request.reply().setError(TidalWorker::loggedOutError());
+    return false;
+}
+
 HttpClientHeaders TidalHandler::authorized(HttpClientHeaders headers)
 {
-    const QString token = accessToken();
+    // Not another one than was checked, which may be of another login.
+    const QString token = m_checkedToken.isEmpty() ? accessToken() : m_checkedToken;
+    m_checkedToken.clear();
     const bool isOtherSetUp = m_worker->setUpNumber() != m_sentSetUp;
     if (token != m_sentToken || isOtherSetUp || m_sentTag == 0)
         ++m_sentTag;
+    if (token != m_sentToken)
+        m_firstTagOfToken = m_sentTag;
     if (isOtherSetUp)
         m_firstTagOfSetUp = m_sentTag;
     m_sentToken = token;

@@ -133,7 +133,10 @@ public Q_SLOTS:
 private:
     QString accessToken() const;
     /// False, with a WARN line and where there is a request an error on it, without a token.
-    bool checkAccessToken(const CMRequest& request, const TrString& errorText) const;
+    bool checkAccessToken(const CMRequest& request, const TrString& errorText);
+    /// As checkAccessToken(), for what is sent in a later turn than its request came in: false also
+    /// when the login has ended meanwhile.
+    bool checkSession(const CMRequest& request);
     /// False, with an error on the request, while nobody's account is known.
     bool checkUser(const CMRequest& request, const QString& domain,
                    const TrString& errorText) const;
@@ -166,9 +169,11 @@ private:
     QString m_apiUrl;
     KeloTidalAccount m_account;
     // A call's tag says by which token, in which set-up of the session it was sent.
-    QString m_sentToken; ///< what was sent last
-    int m_sentSetUp = 0; ///< the set-up in which that was
-    int m_sentTag = 0;   ///< grows with each other token, and each other set-up
+    QString m_checkedToken; ///< found good by a check; the call that follows carries it
+    QString m_sentToken;    ///< what was sent last
+    int m_sentSetUp = 0;    ///< the set-up in which that was
+    int m_sentTag = 0;      ///< grows with each other token, and each other set-up
+    int m_firstTagOfToken = 1;
     int m_firstTagOfSetUp = 0;
     CMValueItem* m_accessToken; ///< always the OAuth2 service's present token
     TidalNodeResponder m_responder;

@@ -164,7 +164,7 @@ void TidalHandler::createNewPlaylist(CMSetDataRequest const& request, QString co
 void TidalHandler::updatePlaylist(CMSetDataRequest const& request, QString const& title,
                                   QString const& description, QString const& playlistId)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return;
     // A form that was opened for no playlist is the service's to refuse; deliberate.
     const QString path = playlistId.isEmpty()
@@ -177,7 +177,7 @@ void TidalHandler::updatePlaylist(CMSetDataRequest const& request, QString const
 void TidalHandler::removePlaylist(CMSetDataRequest const& request, QString const& playlistId,
                                   QString const& etag)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return;
     sendDelete(pathOf(request, {QStringLiteral("playlists"), playlistId}), countryQuery(),
                userDataOf(request), tagHeaders(etag));
@@ -186,7 +186,7 @@ void TidalHandler::removePlaylist(CMSetDataRequest const& request, QString const
 void TidalHandler::addToPlaylist(CMSetDataRequest const& request, QString const& playlistId,
                                  QString const& trackIds, QString const& etag, int toIndex)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return;
     const QString body = QStringLiteral("trackIds=") + formValue(trackIds) +
                          QStringLiteral("&toIndex=") + QString::number(toIndex);
@@ -198,7 +198,7 @@ void TidalHandler::addToPlaylist(CMSetDataRequest const& request, QString const&
 void TidalHandler::removeFromPlaylist(CMSetDataRequest const& request, QString const& playlistId,
                                       QString const& indices, QString const& etag)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return;
     sendDelete(pathOf(request,
                       {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks"), indices}),
@@ -208,7 +208,7 @@ void TidalHandler::removeFromPlaylist(CMSetDataRequest const& request, QString c
 void TidalHandler::moveTrack(CMSetDataRequest const& request, QString const& index,
                              QString const& toIndex, QString const& playlistId, QString const& etag)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return;
     // Without a country, alone among the requests; deliberate, the service asks for none here.
     sendPost(
@@ -220,7 +220,7 @@ void TidalHandler::moveTrack(CMSetDataRequest const& request, QString const& ind
 void TidalHandler::loopPlaylistManipulation(CMSetDataRequest const& request,
                                             QString const& playlistId, QVariant const& argument)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return;
     sendGet(pathOf(request, {QStringLiteral("playlists"), playlistId}), countryQuery(),
             "on_playlistRepeatReponse_invoke", userDataOf(request, playlistId, argument));
@@ -229,7 +229,7 @@ void TidalHandler::loopPlaylistManipulation(CMSetDataRequest const& request,
 void TidalHandler::getTracksForPlaylists(CMSetDataRequest const& request, QString const& kind,
                                          QString const& id)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return;
     Query query = countryQuery();
     query.append({QStringLiteral("offset"), QStringLiteral("0")});

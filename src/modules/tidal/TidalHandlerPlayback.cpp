@@ -34,7 +34,7 @@ bool TidalHandler::subscribe()
 
 bool TidalHandler::track(CMSetDataRequest const& request, QString const& trackId)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return false;
     if (trackId.isEmpty()) {
         request.reply().setError(CMError(QStringLiteral("TIDAL"), KELO_TR("Missing track ID")));
@@ -49,7 +49,7 @@ bool TidalHandler::track(CMSetDataRequest const& request, QString const& trackId
 bool TidalHandler::streamUrl(QString const& trackId, CMSetDataRequest const& request,
                              KeloTidalSoundQualities::Enum quality, bool offline)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkSession(request))
         return false;
     const QString path = pathOf(request, {QStringLiteral("tracks"), trackId});
     if (path.isEmpty())

@@ -86,6 +86,8 @@ public:
     /// Whether a login or logout has been published that the worker has not dealt with yet: then
     /// the account and the access token may be of two logins.
     bool isLoginChanging() const { return m_oauthItem && m_oauthItem->isAhead(); }
+    /// What a request is answered with that the end of its login has overtaken.
+    static CMError loggedOutError();
     bool isUserConfigured() const { return m_userState == UserConfigState::Configured; }
     bool isUserConfiguring() const;
     /// Builds what is missing of the static tree; false when it cannot be built.

@@ -20,6 +20,12 @@ bool TidalWorker::isLoggedIn() const
     return m_oauthItem && m_oauthItem->value().oauth2Info().loggedIn();
 }
 
+CMError TidalWorker::loggedOutError()
+{
+    return tidalError(
+        TrString(TrCharData{"void TidalWorker::configureUser()", "User was logged out", nullptr}));
+}
+
 bool TidalWorker::isUserConfiguring() const
 {
     return m_userState != UserConfigState::NotConfigured &&
