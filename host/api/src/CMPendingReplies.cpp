@@ -2,6 +2,8 @@
 
 #include "KeloLog.h"
 
+#include <system_error>
+
 namespace {
 CMError hostError(const QString& name, const char* text)
 {
@@ -94,9 +96,14 @@ void CMPendingReplies::wakeClock()
         m_wake.notify_one();
         return;
     }
-    m_hasThread = true;
-    // Detached: the root lives to the end of the process, and so does its clock.
-    std::thread([this] { watchClock(); }).detach();
+    try {
+        // Detached: the root lives to the end of the process, and so does its clock.
+        std::thread([this] { watchClock(); }).detach();
+        m_hasThread = true;
+    } catch (const std::system_error& error) {
+        // The next request tries again.
+        KELO_LOG("Host", ERROR) << "No thread for the deadlines: " << error.what();
+    }
 }
 
 void CMPendingReplies::watchClock()

@@ -4,6 +4,7 @@
 #include <csignal>
 #include <cstdio>
 #include <sys/signalfd.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -43,9 +44,13 @@ EndSignals::~EndSignals()
 
 void EndSignals::limitStopTime()
 {
-    std::thread([] {
-        std::this_thread::sleep_for(stopPatience);
-        std::fputs("kelo: stopping took too long, ending now\n", stderr);
-        ::_exit(1);
-    }).detach();
+    try {
+        std::thread([] {
+            std::this_thread::sleep_for(stopPatience);
+            std::fputs("kelo: stopping took too long, ending now\n", stderr);
+            ::_exit(1);
+        }).detach();
+    } catch (const std::system_error&) {
+        std::fputs("kelo: there is no thread to limit the time of stopping\n", stderr);
+    }
 }

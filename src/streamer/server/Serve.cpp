@@ -8,6 +8,7 @@
 #include <iostream>
 #include <kelo/KeloLog.h>
 #include <QCoreApplication>
+#include <system_error>
 
 namespace {
 
@@ -34,8 +35,13 @@ int keloServe(const ServeOptions& options, const Settings& settings)
         return failed(error);
 
     Streamer streamer(options, settings);
-    if (!streamer.start(&error))
-        return failed(error);
+    try {
+        if (!streamer.start(&error))
+            return failed(error);
+    } catch (const std::system_error& fault) {
+        return failed(QStringLiteral("cannot start a thread: ") +
+                      QString::fromLocal8Bit(fault.what()));
+    }
     std::cout << "listening on " << streamer.address().toStdString() << std::endl;
     KELO_LOG("Serve", INFO) << "Listening on " << streamer.address();
     tellServiceManager("READY=1");

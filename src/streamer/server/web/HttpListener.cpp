@@ -1,6 +1,7 @@
 #include "HttpListener.h"
 
 #include "HttpConnection.h"
+#include "ServingThreads.h"
 
 #include <cerrno>
 #include <chrono>
@@ -30,7 +31,7 @@ void setListenOptions(socket_t socket)
 
 HttpListener::HttpListener() : m_wakeFd(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK))
 {
-    new_task_queue = [] { return new httplib::ThreadPool(threadCount); };
+    new_task_queue = [] { return new ServingThreads(threadCount); };
     set_socket_options(setListenOptions);
 }
 
