@@ -148,7 +148,7 @@ bool Streamer::startDemo(const QStringList& arguments)
 int Streamer::stop()
 {
     m_process->terminate();
-    if (!m_process->waitForFinished(stopLimitMs)) {
+    if (isRunning() && !m_process->waitForFinished(stopLimitMs)) {
         m_process->kill();
         m_process->waitForFinished(5000);
         return -1;

@@ -34,10 +34,12 @@ public:
     /// Starts with a settings text and further arguments; false with what it said on stderr.
     bool start(const QByteArray& settings, const QStringList& arguments = {});
     bool startDemo(const QStringList& arguments = {});
-    /// SIGTERM; the exit status, or -1 when it took longer than 2 s (10 s under a sanitizer).
+    /// SIGTERM unless it has ended; the exit status, -1 when it took longer than 2 s (10 s under a
+    /// sanitizer), -2 after a crash.
     int stop();
     bool isRunning() const;
     QString url() const { return m_url; }
+    QString stateFolder() const { return m_dir.filePath(QStringLiteral("state")); }
     /// What it has said on stderr so far.
     QByteArray errors() const;
 
