@@ -28,18 +28,6 @@ TEST(ReplyTest, theFirstAnswerWinsOverAManyThreadedRushAndEveryWaiterWakes)
     EXPECT_FALSE(reply.error().isSet());
 }
 
-TEST(ReplyTest, aLateAnswerAfterTheHostGaveUpChangesNothing)
-{
-    const CMGetRowsRequest request(CMPath(QStringLiteral("/a")), 0, 9, {});
-    request.reply().data()->finishWithError(CMError(TrString(QStringLiteral("late"))),
-                                            CMVoidReplyData::Origin::Host);
-    KeloRowsRoles rows;
-    rows.setRowsCount(3);
-    request.reply().setValue(rows);
-    EXPECT_EQ(request.reply().error().message(), QStringLiteral("late"));
-    EXPECT_TRUE(request.reply().value().isEmpty());
-}
-
 TEST(ReplyTest, aSecondAnswerOfTheServiceIsAFault)
 {
     const auto reply = CMReply<QVariant>::create();
@@ -78,20 +66,9 @@ TEST(ReplyTest, watchersRunOnTheirReceiversThreadAndNotForADeadOne)
 
 TEST(ReplyTest, anEmptyHandleTakesAnyAnswer)
 {
-    const CMGetRowsRequest synthetic(CMPath(QStringLiteral("/sessions")), 0, 0, {}, -1,
-                                     CMVoidReply());
+    const CMGetRowsRequest synthetic(CMPath("/sessions"), 0, 0, {}, -1, CMVoidReply());
     EXPECT_TRUE(synthetic.reply().isNull());
     synthetic.reply().setValue(KeloRowsRoles());
-    synthetic.reply().setError(CMError(TrString(QStringLiteral("x"))));
+    synthetic.reply().setError(CMError(TrString("x")));
     EXPECT_FALSE(synthetic.reply().isFinished());
-}
-
-TEST(RequestTest, theKindIsToldByAConversion)
-{
-    const CMRequest request = CMSetDataRequest(CMPath(QStringLiteral("/a")), KeloRoles::Id(), 5);
-    EXPECT_TRUE(CMGetRowsRequest(request).isNull());
-    EXPECT_TRUE(CMGetDataRequest(request).isNull());
-    ASSERT_FALSE(CMSetDataRequest(request).isNull());
-    EXPECT_EQ(CMSetDataRequest(request).value(), QVariant(5));
-    EXPECT_TRUE(CMSetDataRequest(CMRequest()).isNull());
 }
