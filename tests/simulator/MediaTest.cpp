@@ -1,6 +1,7 @@
 #include "SimFixture.h"
 
 #include <FLAC/stream_decoder.h>
+#include <QByteArray>
 
 namespace {
 
@@ -57,24 +58,11 @@ struct Decoded
 class SimMedia : public SimFixture
 {
 protected:
-    static std::string decode64(const std::string& text)
+    static std::string decode64(const char* text)
     {
-        std::string out;
-        unsigned bits = 0, count = 0;
-        for (const char c : text) {
-            static const std::string digits =
-                "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
-            const std::size_t value = digits.find(c);
-            if (value == std::string::npos)
-                break;
-            bits = bits << 6 | static_cast<unsigned>(value);
-            count += 6;
-            if (count >= 8)
-                out += static_cast<char>(bits >> (count -= 8) & 0xFF);
-        }
-        return out;
+        return (*QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors))
+            .toStdString();
     }
-
     Json info(const std::string& id, const std::string& quality = "LOSSLESS")
     {
         return json("/tracks/" + id + "/playbackinfopostpaywall?audioquality=" + quality);

@@ -134,26 +134,4 @@ TEST_F(SimOAuth2, RefreshKeepsTheRefreshTokenUnlessItRotates)
     EXPECT_EQ(outcome(get("/sessions", false)), "401/11003");
 }
 
-TEST_F(SimOAuth2, TheFirstLoginAloneApprovesItselfAndBasicAuthorisationIsAccepted)
-{
-    kelosim::SimOptions options;
-    options.autoApproveFirstLogin = true;
-    kelosim::SimServer demo(options);
-    std::string problem;
-    ASSERT_TRUE(demo.start(&problem)) << problem;
-    httplib::Client plain("127.0.0.1", demo.port());
-    const Json device = parse(
-        plain.Post("/v1/oauth2/device_authorization", httplib::Params{{"client_id", "kelo-demo"}})
-            ->body);
-    plain.set_basic_auth("kelo-demo", "kelo-demo-secret");
-    const httplib::Params form = {{"grant_type", "urn:ietf:params:oauth:grant-type:device_code"},
-                                  {"device_code", device["deviceCode"].GetString()}};
-    EXPECT_EQ(plain.Post("/v1/oauth2/token", form)->status, 200);
-    const Json second = parse(
-        plain.Post("/v1/oauth2/device_authorization", httplib::Params{{"client_id", "kelo-demo"}})
-            ->body);
-    const std::string page = std::string("/link/") + second["userCode"].GetString();
-    EXPECT_EQ(plain.Get(page.c_str())->status, 200) << "it waits";
-}
-
 } // namespace
