@@ -79,7 +79,7 @@ client_secret = "hush"
 client_secret_file = ""
 scope = "r_usr"
 )";
-    const QString file = write(QStringLiteral("all.toml"), content);
+    const QString file = write("all.toml", content);
     const LoadedSettings loaded = load(file);
     ASSERT_EQ(loaded.problems, QStringList());
     for (const SettingsKey& key : settingsKeys()) {
@@ -91,16 +91,15 @@ scope = "r_usr"
             << key.name.toStdString();
     }
     const Settings& settings = loaded.settings;
-    EXPECT_EQ(settings.server.listen.host, QStringLiteral("::1"));
+    EXPECT_EQ(settings.server.listen.host, "::1");
     EXPECT_EQ(settings.server.listen.port, 0);
     EXPECT_EQ(settings.server.hostNames, (QStringList{"music.lan", "kelo.example"}));
     EXPECT_EQ(settings.deadlines.rowsSeconds, 0.25);
     EXPECT_EQ(settings.deadlines.dataSeconds, 3);
-    EXPECT_EQ(settings.tidal.apiUrl, QStringLiteral("http://127.0.0.1:9000/v1"));
-    EXPECT_EQ(settings.tidal.imageUrl, QStringLiteral("http://127.0.0.1:9000/images/"));
-    EXPECT_EQ(settings.tidal.oauth2.clientSecret.reveal(), QStringLiteral("hush"));
-    EXPECT_EQ(findSettingsKey(QStringLiteral("tidal.oauth2.client_secret"))->read(settings),
-              QVariant(QStringLiteral("***")));
+    EXPECT_EQ(settings.tidal.apiUrl, "http://127.0.0.1:9000/v1");
+    EXPECT_EQ(settings.tidal.imageUrl, "http://127.0.0.1:9000/images/");
+    EXPECT_EQ(settings.tidal.oauth2.clientSecret.reveal(), "hush");
+    EXPECT_EQ(findSettingsKey("tidal.oauth2.client_secret")->read(settings), QVariant("***"));
 }
 
 TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
@@ -147,7 +146,7 @@ TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
         {"[log]\nlevel = ", ":2: ", "not TOML"},
     };
     for (const auto& row : rows) {
-        const QString file = write(QStringLiteral("wrong.toml"), row.content);
+        const QString file = write("wrong.toml", row.content);
         const LoadedSettings loaded = load(file);
         ASSERT_EQ(loaded.problems.size(), 1) << row.content;
         const std::string problem = loaded.problems.first().toStdString();
@@ -159,7 +158,7 @@ TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
 
 TEST_F(SettingsLoaderTest, CollectsAllProblemsOfFileAndCommandLine)
 {
-    const QString file = write(QStringLiteral("wrong.toml"), "[log]\nlevel = 1\nfile = 2\n");
+    const QString file = write("wrong.toml", "[log]\nlevel = 1\nfile = 2\n");
     const LoadedSettings loaded =
         load(file, {"tidal.max_idle_time_ms=x", "log.level", "=", "tidal.use_post_paywall=1"});
     EXPECT_EQ(loaded.problems.size(), 6);
@@ -169,31 +168,30 @@ TEST_F(SettingsLoaderTest, CollectsAllProblemsOfFileAndCommandLine)
 
 TEST_F(SettingsLoaderTest, PrefersCommandLineToFileToDefault)
 {
-    write(QStringLiteral("kelo/kelo.toml"), "[log]\nlevel = \"warn\"\nfile = \"a\"\n");
+    write("kelo/kelo.toml", "[log]\nlevel = \"warn\"\nfile = \"a\"\n");
     const LoadedSettings user =
         load(QString(), {"log.level=error", "deadlines.rows_s=0.5", "tidal.use_post_paywall=false",
                          "log.file=", "server.host_names=a.lan,b.lan"});
     ASSERT_EQ(user.problems, QStringList());
-    EXPECT_EQ(user.settings.log.level, QStringLiteral("error"));
+    EXPECT_EQ(user.settings.log.level, "error");
     EXPECT_EQ(user.settings.log.file, QString());
     EXPECT_EQ(user.settings.server.hostNames, (QStringList{"a.lan", "b.lan"}));
     EXPECT_EQ(user.settings.deadlines.rowsSeconds, 0.5);
     EXPECT_FALSE(user.settings.tidal.usePostPaywall);
-    EXPECT_EQ(user.origin(QStringLiteral("log.level")), QStringLiteral("-o"));
-    EXPECT_EQ(user.origin(QStringLiteral("tidal.api_url")), QStringLiteral("default"));
+    EXPECT_EQ(user.origin("log.level"), "-o");
+    EXPECT_EQ(user.origin("tidal.api_url"), "default");
 
-    const LoadedSettings named = load(write(QStringLiteral("other.toml"), ""));
-    EXPECT_EQ(named.settings.log.level, QStringLiteral("info"));
-    EXPECT_EQ(load(m_folder.filePath(QStringLiteral("gone.toml"))).problems.size(), 1);
+    const LoadedSettings named = load(write("other.toml", ""));
+    EXPECT_EQ(named.settings.log.level, "info");
+    EXPECT_EQ(load(m_folder.filePath("gone.toml")).problems.size(), 1);
     EXPECT_EQ(load(m_folder.path()).problems.size(), 1);
 }
 
 TEST_F(SettingsLoaderTest, TakesTheClientSecretFromTheFirstPlaceThatHasOne)
 {
-    write(QStringLiteral("credentials/kelo.client_secret"), "from credential\n");
-    qputenv("CREDENTIALS_DIRECTORY",
-            m_folder.filePath(QStringLiteral("credentials")).toLocal8Bit());
-    write(QStringLiteral("secret"), "from file\n");
+    write("credentials/kelo.client_secret", "from credential\n");
+    qputenv("CREDENTIALS_DIRECTORY", m_folder.filePath("credentials").toLocal8Bit());
+    write("secret", "from file\n");
     const QByteArray section = "[tidal.oauth2]\n";
     const QByteArray file = "client_secret_file = \"secret\"\n"; // beside the settings file
     const struct
@@ -204,7 +202,7 @@ TEST_F(SettingsLoaderTest, TakesTheClientSecretFromTheFirstPlaceThatHasOne)
                 {section + file, "from file"},
                 {section, "from credential"}};
     for (const auto& row : rows) {
-        const LoadedSettings loaded = load(write(QStringLiteral("s.toml"), row.content));
+        const LoadedSettings loaded = load(write("s.toml", row.content));
         EXPECT_EQ(loaded.problems, QStringList());
         EXPECT_EQ(loaded.settings.tidal.oauth2.clientSecret.reveal(), row.expected);
     }
@@ -214,10 +212,10 @@ TEST(StateDirectory, PrefersCommandLineToServiceManagerToUser)
 {
     qputenv("XDG_STATE_HOME", "/user");
     qputenv("STATE_DIRECTORY", "/managed:/other");
-    EXPECT_EQ(stateDirectory(QStringLiteral("/given")), QStringLiteral("/given"));
-    EXPECT_EQ(stateDirectory(), QStringLiteral("/managed"));
+    EXPECT_EQ(stateDirectory("/given"), "/given");
+    EXPECT_EQ(stateDirectory(), "/managed");
     qunsetenv("STATE_DIRECTORY");
-    EXPECT_EQ(stateDirectory(), QStringLiteral("/user/kelo"));
+    EXPECT_EQ(stateDirectory(), "/user/kelo");
 }
 
 } // namespace

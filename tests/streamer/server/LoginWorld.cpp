@@ -46,15 +46,14 @@ void FakeEndpoint::answer(const TokenReply& reply)
 }
 
 LoginWorld::LoginWorld(const QString& folder, qint64 startS)
-    : store(folder.isEmpty() ? ownFolder.path() + QStringLiteral("/oauth2") : folder), clock(startS)
+    : store(folder.isEmpty() ? ownFolder.path() + "/oauth2" : folder), clock(startS)
 {
-    const CMPath path(QStringLiteral("/oauth2/services/tidal"));
+    const CMPath path("/oauth2/services/tidal");
     m_watches.push_back(CMRoot().watchValue(
         path, [this](const KeloValue& value, const KeloValue&) { onState(value.oauth2Info()); }));
-    m_watches.push_back(CMRoot().watchValue(path + QStringLiteral("/accessToken"),
-                                            [this](const KeloValue& value, const KeloValue&) {
-                                                log << QStringLiteral("token ") + value.string_();
-                                            }));
+    m_watches.push_back(CMRoot().watchValue(
+        path + "/accessToken",
+        [this](const KeloValue& value, const KeloValue&) { log << "token " + value.string_(); }));
     service = std::make_unique<OAuth2Service>(info(), &nodes, store, endpoint, clock, nullptr);
 }
 
@@ -67,19 +66,19 @@ LoginWorld::~LoginWorld()
 KeloOAuth2ServiceInfo LoginWorld::info()
 {
     KeloOAuth2ServiceInfo info;
-    info.setServiceName(QStringLiteral("tidal"));
-    info.setDisplayName(QStringLiteral("Tidal"));
-    info.setClientId(QStringLiteral("client"));
-    info.setClientSecret(QStringLiteral("hidden"));
-    info.setTokenUrl(QStringLiteral("https://auth.example.invalid/token"));
-    info.setDeviceCodeUrl(QStringLiteral("https://auth.example.invalid/device"));
-    info.setScope(QStringLiteral("r_usr w_usr"));
+    info.setServiceName("tidal");
+    info.setDisplayName("Tidal");
+    info.setClientId("client");
+    info.setClientSecret("hidden");
+    info.setTokenUrl("https://auth.example.invalid/token");
+    info.setDeviceCodeUrl("https://auth.example.invalid/device");
+    info.setScope("r_usr w_usr");
     return info;
 }
 
 void LoginWorld::onState(const KeloOAuth2Info& info)
 {
-    QString text = info.loggedIn() ? QStringLiteral("logged in") : QStringLiteral("logged out");
+    QString text = info.loggedIn() ? "logged in" : "logged out";
     if (info.isPending())
         text += QStringLiteral(", code %1 at %2").arg(info.userCode(), info.verificationUri());
     if (!info.problem().isEmpty())
@@ -89,7 +88,7 @@ void LoginWorld::onState(const KeloOAuth2Info& info)
 
 CMReply<QVariant> LoginWorld::send(const QString& segment, const QVariant& value)
 {
-    CMPath path(QStringLiteral("/oauth2/services/tidal"));
+    CMPath path("/oauth2/services/tidal");
     if (!segment.isEmpty())
         path.appendSubpath(segment);
     const CMSetDataRequest request(path, KeloRoles::Value(), value);
@@ -101,11 +100,10 @@ CMReply<QVariant> LoginWorld::send(const QString& segment, const QVariant& value
 void LoginWorld::answer(const TokenReply& reply)
 {
     const QString grant = endpoint.posts.front().field("grant_type");
-    const QString kind =
-        grant.isEmpty() ? QStringLiteral("code")
-        : grant == QLatin1String("refresh_token")
-            ? QStringLiteral("refresh ") + endpoint.posts.front().field("refresh_token")
-            : QStringLiteral("poll");
+    const QString kind = grant.isEmpty() ? "code"
+                         : grant == QLatin1String("refresh_token")
+                             ? "refresh " + endpoint.posts.front().field("refresh_token")
+                             : "poll";
     log << QStringLiteral("%1 s: %2").arg(clock.steadyMs() / 1000).arg(kind);
     endpoint.answer(reply);
 }
@@ -121,12 +119,10 @@ void LoginWorld::logIn(const QByteArray& tokens)
 
 KeloOAuth2Info LoginWorld::state() const
 {
-    return nodes.find(CMPath(QStringLiteral("/oauth2/services/tidal")))->nodeValue().oauth2Info();
+    return nodes.find(CMPath("/oauth2/services/tidal"))->nodeValue().oauth2Info();
 }
 
 QString LoginWorld::publishedToken() const
 {
-    return nodes.find(CMPath(QStringLiteral("/oauth2/services/tidal/accessToken")))
-        ->nodeValue()
-        .string_();
+    return nodes.find(CMPath("/oauth2/services/tidal/accessToken"))->nodeValue().string_();
 }

@@ -12,9 +12,9 @@ TEST(ModuleLoaderTest, SaysWhichFileOrSymbolIsWrong)
     text.close();
     const QString library = QStringLiteral(KELO_NO_MODULE);
     const std::vector<std::pair<QString, QString>> cases{
-        {QStringLiteral("/no/such/module.so"), QStringLiteral("there is no such file")},
-        {text.fileName(), QStringLiteral("cannot load the module")},
-        {library, QStringLiteral("it has no symbol \"worker_create\"")}};
+        {"/no/such/module.so", "there is no such file"},
+        {text.fileName(), "cannot load the module"},
+        {library, "it has no symbol \"worker_create\""}};
     for (const auto& [file, part] : cases) {
         ModuleLoader loader;
         QString error;

@@ -12,9 +12,9 @@ class SettingsWorkerTest : public testing::Test
 protected:
     void SetUp() override
     {
-        m_settings.tidal.apiUrl = QStringLiteral("http://here/v1");
-        m_settings.tidal.oauth2.clientId = QStringLiteral("me");
-        m_settings.tidal.oauth2.clientSecret = Secret(QStringLiteral("hidden"));
+        m_settings.tidal.apiUrl = "http://here/v1";
+        m_settings.tidal.oauth2.clientId = "me";
+        m_settings.tidal.oauth2.clientSecret = Secret("hidden");
         ASSERT_TRUE(m_thread.start("settings", [this] { return new SettingsWorker(m_settings); }));
     }
     static CMError set(const CMPath& path, const QVariant& value)
@@ -53,7 +53,7 @@ TEST_F(SettingsWorkerTest, PublishesWhatModulesRead)
 
 TEST_F(SettingsWorkerTest, TakesGoodValuesAndRefusesOthers)
 {
-    EXPECT_FALSE(set(KeloTidalSoundQualityPath(), QStringLiteral("low")).isSet());
+    EXPECT_FALSE(set(KeloTidalSoundQualityPath(), "low").isSet());
     EXPECT_EQ(quality(), KeloTidalSoundQualities::LOW_);
     EXPECT_FALSE(set(KeloTidalSoundQualityPath(), 3).isSet());
     KeloTidalSoundQuality typed;
@@ -70,6 +70,6 @@ TEST_F(SettingsWorkerTest, TakesGoodValuesAndRefusesOthers)
 
     EXPECT_FALSE(set(KeloTidalUsePostPaywallPath(), false).isSet());
     EXPECT_FALSE(CMRoot().value(KeloTidalUsePostPaywallPath()).bool_());
-    EXPECT_TRUE(set(KeloTidalUsePostPaywallPath(), QStringLiteral("no")).isSet());
-    EXPECT_TRUE(set(KeloTidalClientIdPath(), QStringLiteral("you")).isSet());
+    EXPECT_TRUE(set(KeloTidalUsePostPaywallPath(), "no").isSet());
+    EXPECT_TRUE(set(KeloTidalClientIdPath(), "you").isSet());
 }

@@ -15,8 +15,8 @@ namespace {
 QStringList titles(const WebWorld::Answer& answer)
 {
     QStringList result;
-    for (const QJsonValue& row : answer.json.value(QStringLiteral("rows")).toArray())
-        result << row.toObject().value(QStringLiteral("Title")).toString();
+    for (const QJsonValue& row : answer.json["rows"].toArray())
+        result << row.toObject()["Title"].toString();
     return result;
 }
 
@@ -31,8 +31,8 @@ struct TextsTest : testing::Test
     TextsTest()
     {
         const char* const context = "bool TidalWorker::buildStaticStructure()";
-        CMListRowsNode* list = CMListRowsNode::create(
-            world.worker->nodes(), world.worker->addPrefix(QStringLiteral("texts")));
+        CMListRowsNode* list =
+            CMListRowsNode::create(world.worker->nodes(), world.worker->addPrefix("texts"));
         list->setTitle(TrString(TrCharData{context, "My Music", nullptr}));
         const auto append = [list](KeloRolesType::Enum type, const TrString& title) {
             KeloRoles row;
@@ -40,13 +40,13 @@ struct TextsTest : testing::Test
             row.setTitle(title);
             list->rowsAppend(row);
         };
-        append(KeloRolesType::Header_, TrString(QStringLiteral("Albums")));
-        append(KeloRolesType::Container_, TrString(QStringLiteral("Albums")));
+        append(KeloRolesType::Header_, TrString("Albums"));
+        append(KeloRolesType::Container_, TrString("Albums"));
         append(KeloRolesType::Container_, TrString(TrCharData{context, "Albums", nullptr}));
         append(KeloRolesType::Container_, TrString(TrCharData{context, "Foghorns", nullptr}));
         append(KeloRolesType::Action_, TrString(TrCharData{"void OAuth2Service::addNodes(CMNodes*)",
                                                            "Log in to %1", nullptr},
-                                                {QStringLiteral("%1 Albums")}));
+                                                {"%1 Albums"}));
     }
 
     WebWorld world;
@@ -67,10 +67,7 @@ TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
             for (int i = 0; i < 20; ++i) {
                 const auto answer =
                     world.get("/api/v1/rows?path=/web/texts", accepting(language + "-XX"));
-                const QString title = answer.json.value(QStringLiteral("roles"))
-                                          .toObject()
-                                          .value(QStringLiteral("Title"))
-                                          .toString();
+                const QString title = answer.json["roles"].toObject()["Title"].toString();
                 EXPECT_EQ(QStringList(title) + titles(answer), texts);
             }
         });
@@ -79,8 +76,7 @@ TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
         client.join();
     const auto few = world.get("/api/v1/rows?path=/web/texts&roles=Title&to=1&language=de");
     EXPECT_EQ(titles(few), (QStringList{"Alben", "Albums"}));
-    EXPECT_EQ(few.json.value(QStringLiteral("rows")).toArray().at(0).toObject().keys(),
-              QStringList{"Title"});
+    EXPECT_EQ(few.json["rows"].toArray().at(0).toObject().keys(), QStringList{"Title"});
 }
 
 TEST_F(TextsTest, ErrorsComeInTheClientsLanguageHoweverTheyWereMade)
@@ -95,29 +91,27 @@ TEST_F(TextsTest, ErrorsComeInTheClientsLanguageHoweverTheyWereMade)
     const Case rows[] = {
         {"a", CMError(TrString(TrCharData{"CMRoot", "The service has stopped", nullptr})), "Fehler",
          "Der Dienst wurde beendet"},
-        {"b", CMError(CMError::NotFoundName(), TrString(QStringLiteral("Missing track ID"))),
-         "Nicht gefunden", "Die Titel-ID fehlt"},
-        {"c", CMError(TrString(QStringLiteral("There is nothing at /x"))), "Fehler",
-         "Unter /x gibt es nichts"},
-        {"d", CMError(TrString(QStringLiteral("The dog ate the disc"))), "Fehler",
-         "The dog ate the disc"}};
+        {"b", CMError(CMError::NotFoundName(), TrString("Missing track ID")), "Nicht gefunden",
+         "Die Titel-ID fehlt"},
+        {"c", CMError(TrString("There is nothing at /x")), "Fehler", "Unter /x gibt es nichts"},
+        {"d", CMError(TrString("The dog ate the disc")), "Fehler", "The dog ate the disc"}};
     for (const Case& row : rows) {
         HttpReply reply = HttpReply::error(row.error);
-        reply.translate(TextCatalogues().choose(QStringLiteral("de"), QString()));
+        reply.translate(TextCatalogues().choose("de", QString()));
         const QJsonObject json =
             QJsonDocument::fromJson(QByteArray::fromStdString(reply.body)).object();
-        EXPECT_EQ(json.value(QStringLiteral("title")).toString(), row.title);
-        EXPECT_EQ(json.value(QStringLiteral("detail")).toString(), row.detail);
+        EXPECT_EQ(json["title"].toString(), row.title);
+        EXPECT_EQ(json["detail"].toString(), row.detail);
     }
     const auto answer = world.get("/api/v1/rows?path=/web/no&language=de");
     EXPECT_EQ(answer.status, 404);
-    EXPECT_EQ(answer.detail(), QStringLiteral("Unter /web/no gibt es nichts"));
+    EXPECT_EQ(answer.detail(), "Unter /web/no gibt es nichts");
 }
 
 TEST(TextCatalogueTest, NotesAreTranslatedWithTheReasonsInsideButNotTheTitles)
 {
     const TextCatalogues catalogues;
-    const TextCatalogue& german = catalogues.choose(QStringLiteral("de"), QString());
+    const TextCatalogue& german = catalogues.choose("de", QString());
     const struct
     {
         const char* note;
@@ -133,13 +127,12 @@ TEST(TextCatalogueTest, NotesAreTranslatedWithTheReasonsInsideButNotTheTitles)
         {"No client id is set for TIDAL; see the settings.",
          "Für TIDAL ist keine Client-ID festgelegt; siehe Einstellungen."}};
     for (const auto& row : rows) {
-        const QJsonObject state{{QStringLiteral("note"), QString::fromUtf8(row.note)},
-                                {QStringLiteral("title"), QStringLiteral("Albums")}};
+        const QJsonObject state{{"note", QString::fromUtf8(row.note)}, {"title", "Albums"}};
         const QJsonObject told =
             QJsonDocument::fromJson(QByteArray::fromStdString(JsonText::fromState(state, &german)))
                 .object();
-        EXPECT_EQ(told.value(QStringLiteral("note")).toString().toStdString(), row.expected);
-        EXPECT_EQ(told.value(QStringLiteral("title")).toString(), "Albums");
+        EXPECT_EQ(told["note"].toString().toStdString(), row.expected);
+        EXPECT_EQ(told["title"].toString(), "Albums");
     }
 }
 
@@ -165,7 +158,7 @@ TEST_F(TextsTest, TheLanguageIsTheBestThatTheClientNames)
     for (const auto& row : rows) {
         const auto answer =
             world.get(std::string("/api/v1/texts") + row.query, accepting(row.accepted));
-        EXPECT_EQ(answer.json.value(QStringLiteral("language")).toString(), row.language)
+        EXPECT_EQ(answer.json["language"].toString(), row.language)
             << row.query << ' ' << row.accepted;
         EXPECT_EQ(answer.headers.find("Content-Language")->second, row.language);
         EXPECT_EQ(answer.headers.find("Vary")->second, "Accept-Language");
@@ -175,10 +168,9 @@ TEST_F(TextsTest, TheLanguageIsTheBestThatTheClientNames)
 TEST_F(TextsTest, ThePageGetsItsTextsOnce)
 {
     const auto english = world.get("/api/v1/texts");
-    EXPECT_EQ(english.json.value(QStringLiteral("texts")), QJsonValue(QJsonObject()));
+    EXPECT_EQ(english.json["texts"], QJsonValue(QJsonObject()));
     const auto german = world.get("/api/v1/texts?language=de");
-    EXPECT_EQ(german.json.value(QStringLiteral("texts")).toObject().value(QStringLiteral("Play")),
-              QJsonValue(QStringLiteral("Abspielen")));
+    EXPECT_EQ(german.json["texts"].toObject()["Play"], QJsonValue("Abspielen"));
     const std::string tag = german.headers.find("ETag")->second;
     const httplib::Headers known{{"If-None-Match", "\"x\", " + tag}};
     EXPECT_EQ(world.get("/api/v1/texts?language=de", known).status, 304);
@@ -187,7 +179,7 @@ TEST_F(TextsTest, ThePageGetsItsTextsOnce)
 
 TEST(TextCatalogueTest, UnfinishedAndMalformedEntriesLeaveTheBuiltInText)
 {
-    TextCatalogue catalogue(QStringLiteral("de"));
+    TextCatalogue catalogue("de");
     QByteArray text = "<TS><context><name>C</name>"
                       "<message><source>a %1 b %2</source><translation>%2 y %1</translation>"
                       "</message><message><source>c</source><translation type=\"unfinished\">z"
@@ -198,8 +190,8 @@ TEST(TextCatalogueTest, UnfinishedAndMalformedEntriesLeaveTheBuiltInText)
     EXPECT_FALSE(catalogue.add(buffer)) << "the end is missing";
     EXPECT_TRUE(catalogue.translate("C", "c").isNull());
     EXPECT_EQ(catalogue.translate("C", "c", "k"), "k<");
-    EXPECT_EQ(catalogue.plain(QStringLiteral("a 1 %1 b 2")), "2 y 1 %1");
-    EXPECT_EQ(catalogue.plain(QStringLiteral("a 1 2")), "a 1 2");
+    EXPECT_EQ(catalogue.plain("a 1 %1 b 2"), "2 y 1 %1");
+    EXPECT_EQ(catalogue.plain("a 1 2"), "a 1 2");
 }
 
 } // namespace

@@ -40,7 +40,7 @@ TEST(TokenRefreshTest, HasTheRotatedTokenOnDiskBeforeTheNewAccessTokenIsSeen)
     world.logIn(tokenAnswer);
     QByteArray seen;
     const quint64 watch =
-        CMRoot().watchValue(CMPath(QStringLiteral("/oauth2/services/tidal/accessToken")),
+        CMRoot().watchValue(CMPath("/oauth2/services/tidal/accessToken"),
                             [&](const KeloValue&, const KeloValue&) { seen = storedFile(world); });
     world.clock.pass(3240);
     world.answer(200, rotated);
@@ -52,23 +52,23 @@ TEST(TokenRefreshTest, ManyRefusalsOfOneTokenMakeOneRefreshAndAnOldTokenMakesNon
 {
     LoginWorld world;
     world.logIn(tokenAnswer);
-    world.service->tokenRefused(QStringLiteral("A0"));
+    world.service->tokenRefused("A0");
     for (int i = 0; i < 3; ++i)
-        world.service->tokenRefused(QStringLiteral("A1"));
+        world.service->tokenRefused("A1");
     world.clock.pass(0);
-    world.service->tokenRefused(QStringLiteral("A1"));
+    world.service->tokenRefused("A1");
     world.clock.pass(0);
     ASSERT_EQ(world.endpoint.count, 3);
     world.answer(200, rotated);
-    world.service->tokenRefused(QStringLiteral("A1"));
+    world.service->tokenRefused("A1");
     world.clock.pass(60);
     EXPECT_EQ(world.endpoint.count, 3);
 
     // A refusal right after a refresh waits, so that refusing every token makes no loop.
-    world.send(QStringLiteral("refresh"), QStringLiteral("A2"));
+    world.send("refresh", "A2");
     world.clock.pass(0);
     world.answer(200, R"({"access_token":"A3","expires_in":3600})");
-    world.send(QStringLiteral("refresh"));
+    world.send("refresh");
     world.clock.pass(4);
     EXPECT_EQ(world.endpoint.count, 4);
     world.clock.pass(1);
@@ -111,7 +111,7 @@ TEST(TokenRefreshTest, AnAnswerForALoginThatIsOverChangesNothing)
     LoginWorld world;
     world.logIn(tokenAnswer);
     world.clock.pass(3240);
-    world.send(QStringLiteral("logout"));
+    world.send("logout");
     world.send(QString());
     world.log.clear();
     world.answer(200, rotated);

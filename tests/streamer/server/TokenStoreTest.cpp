@@ -11,8 +11,8 @@ namespace {
 TokenSet someTokens()
 {
     TokenSet tokens;
-    tokens.access = KeloSecret(QStringLiteral("A"));
-    tokens.refresh = KeloSecret(QStringLiteral("R"));
+    tokens.access = KeloSecret("A");
+    tokens.refresh = KeloSecret("R");
     tokens.obtainedAtMs = 1700000000000;
     tokens.lifetimeMs = 3600000;
     return tokens;
@@ -30,7 +30,7 @@ int modeOf(const QString& file)
 TEST(TokenStoreTest, KeepsTokensForTheOwnerAlone)
 {
     QTemporaryDir folder;
-    const TokenStore store(folder.path() + QStringLiteral("/deep/oauth2"));
+    const TokenStore store(folder.path() + "/deep/oauth2");
     const auto info = LoginWorld::info();
     ASSERT_TRUE(store.save(info, someTokens()));
     EXPECT_EQ(modeOf(store.fileName(info)), 0600);
@@ -42,22 +42,21 @@ TEST(TokenStoreTest, KeepsTokensForTheOwnerAlone)
     EXPECT_FALSE(back.isAlive(1699999999999)) << "a token of the future";
 
     auto otherClient = info;
-    otherClient.setClientId(QStringLiteral("another"));
+    otherClient.setClientId("another");
     EXPECT_TRUE(store.load(otherClient).isEmpty());
     auto otherService = info;
-    otherService.setTokenUrl(QStringLiteral("https://elsewhere.invalid/token"));
+    otherService.setTokenUrl("https://elsewhere.invalid/token");
     EXPECT_TRUE(store.load(otherService).isEmpty());
 
     // An end in the middle of saving leaves a draft; what else stands there is not ours to remove.
-    const QStringList others{QStringLiteral("tidal.json.new.new"), QStringLiteral("else.json.new"),
-                             QStringLiteral("tidal.new")};
+    const QStringList others{"tidal.json.new.new", "else.json.new", "tidal.new"};
     const QDir place(QFileInfo(store.fileName(info)).path());
-    for (const QString& name : others + QStringList{QStringLiteral("tidal.json.new")}) {
+    for (const QString& name : others + QStringList{"tidal.json.new"}) {
         QFile file(place.filePath(name));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("{\"acc") > 0);
     }
     EXPECT_EQ(store.load(info).access.reveal(), "A");
-    EXPECT_FALSE(place.exists(QStringLiteral("tidal.json.new")));
+    EXPECT_FALSE(place.exists("tidal.json.new"));
     for (const QString& name : others)
         EXPECT_TRUE(place.exists(name)) << name.toStdString();
 
@@ -72,7 +71,7 @@ TEST(TokenStoreTest, ADamagedFileCountsAsLoggedOut)
           QByteArray(100000, 'x'), QByteArray(R"({"accessToken":5})"),
           QByteArray(R"({"tokenUrl":"https://auth.example.invalid/token","clientId":"client"})")}) {
         QTemporaryDir folder;
-        QFile file(folder.path() + QStringLiteral("/tidal.json"));
+        QFile file(folder.path() + "/tidal.json");
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         file.write(text);
         file.close();
@@ -84,9 +83,9 @@ TEST(TokenStoreTest, ADamagedFileCountsAsLoggedOut)
 TEST(TokenStoreTest, AFolderThatCannotBeMadeIsReportedAndTheLoginGoesOn)
 {
     QTemporaryDir folder;
-    QFile file(folder.path() + QStringLiteral("/file"));
+    QFile file(folder.path() + "/file");
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    LoginWorld world(file.fileName() + QStringLiteral("/below"));
+    LoginWorld world(file.fileName() + "/below");
     EXPECT_FALSE(world.store.save(world.info(), someTokens()));
     world.logIn(tokenAnswer);
     EXPECT_EQ(world.publishedToken(), "A1");

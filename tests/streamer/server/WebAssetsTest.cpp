@@ -19,13 +19,13 @@ void write(const QString& file, const QByteArray& content)
 TEST(WebAssetsTest, ServesTheFilesOfAFolderAsTheyStandNow)
 {
     QTemporaryDir dir;
-    const QString page = dir.filePath(QStringLiteral("page"));
-    ASSERT_TRUE(QDir().mkpath(page + QStringLiteral("/parts/deep")));
-    write(dir.filePath(QStringLiteral("outside.js")), "secret");
+    const QString page = dir.filePath("page");
+    ASSERT_TRUE(QDir().mkpath(page + "/parts/deep"));
+    write(dir.filePath("outside.js"), "secret");
     for (const char* name : {"index.html", "app.js", "parts/row-2.mjs", "parts/deep/x.js",
                              "UPPER.js", "notes.txt", "two.dots.js", ".hidden.js", "plain"})
         write(page + '/' + QString::fromLatin1(name), name);
-    WebWorld world({QStringLiteral("127.0.0.1"), 0, {}, {}, page});
+    WebWorld world({"127.0.0.1", 0, {}, {}, page});
 
     const char* script = "text/javascript; charset=utf-8";
     for (const auto& [target, type] :
@@ -76,7 +76,7 @@ TEST(WebAssetsTest, ServesTheFilesOfAFolderAsTheyStandNow)
         EXPECT_EQ(again.body, "");
         EXPECT_EQ(again.header("ETag"), tag);
     }
-    write(page + QStringLiteral("/app.js"), "changed");
+    write(page + "/app.js", "changed");
     EXPECT_EQ(world.get("/app.js", {{"If-None-Match", tag}}).body, "changed");
 }
 

@@ -86,39 +86,31 @@ TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
     Follower follower(world.server.port(), "?path=/web/list%3Fa%3D1&path=/web/small");
     const std::string id = follower.waitForId();
     CMSubscribe* subscribe = world.worker->subscription();
-    subscribe->rowsChanged(CMPath(QStringLiteral("/web/other")), CMSubscribe::RowsChangeReset(), 1);
-    subscribe->rowsChanged(CMPath(QStringLiteral("/web/list")), QStringList{QStringLiteral("-4")},
-                           119);
-    world.player.notify({{QStringLiteral("state"), QStringLiteral("playing")}});
-    world.login.notify({{QStringLiteral("loggedIn"), true}});
-    subscribe->changedStartingWith(CMPath(QStringLiteral("/web")), CMSubscribe::RowsChangeClose());
-    const std::string close = R"(data: {"path":"/web/small","change":"close","count":-1})"
-                              "\n\n";
-    const std::string text = follower.waitFor(close);
-    const std::string expected = "retry: 3000\n\n"
-                                 "event: stream\ndata: {\"id\":\"" +
-                                 id +
-                                 "\"}\n\n"
-                                 R"(event: player)"
-                                 "\n"
-                                 R"(data: {"state":"stopped"})"
-                                 "\n\n"
-                                 R"(event: login)"
-                                 "\n"
-                                 R"(data: {"loggedIn":false})"
-                                 "\n\n"
-                                 R"(event: rows)"
-                                 "\n"
-                                 R"(data: {"path":"/web/list?a=1","change":["-4"],"count":119})"
-                                 "\n\n"
-                                 R"(event: player)"
-                                 "\n"
-                                 R"(data: {"state":"playing"})"
-                                 "\n\n"
-                                 R"(event: login)"
-                                 "\n"
-                                 R"(data: {"loggedIn":true})"
-                                 "\n\n";
+    subscribe->rowsChanged(CMPath("/web/other"), CMSubscribe::RowsChangeReset(), 1);
+    subscribe->rowsChanged(CMPath("/web/list"), QStringList{"-4"}, 119);
+    world.player.notify({{"state", "playing"}});
+    world.login.notify({{"loggedIn", true}});
+    subscribe->changedStartingWith(CMPath("/web"), CMSubscribe::RowsChangeClose());
+    const std::string text =
+        follower.waitFor(R"(data: {"path":"/web/small","change":"close","count":-1})");
+    const std::string expected = "retry: 3000\n\nevent: stream\ndata: {\"id\":\"" + id + R"("}
+
+event: player
+data: {"state":"stopped"}
+
+event: login
+data: {"loggedIn":false}
+
+event: rows
+data: {"path":"/web/list?a=1","change":["-4"],"count":119}
+
+event: player
+data: {"state":"playing"}
+
+event: login
+data: {"loggedIn":true}
+
+)";
     EXPECT_EQ(text.substr(0, expected.size()), expected);
     EXPECT_NE(text.find(R"({"path":"/web/list?a=1","change":"close","count":-1})"),
               std::string::npos);
@@ -136,26 +128,7 @@ TEST(WebEventsTest, ALateAnswerThatNoServiceOwesIsTheStreamersOwn)
     EXPECT_EQ(held.get(), 503);
 }
 
-TEST(WebEventsTest, PathsCountAsOpenWhileTheStreamLives)
-{
-    WebWorld world;
-    std::promise<void> opened;
-    std::promise<void> closed;
-    QObject::connect(
-        world.worker->subscription(), &CMSubscribe::rowsPathAdded, world.worker,
-        [&] { opened.set_value(); }, Qt::DirectConnection);
-    QObject::connect(
-        world.worker->subscription(), &CMSubscribe::rowsPathRemoved, world.worker,
-        [&] { closed.set_value(); }, Qt::DirectConnection);
-    {
-        Follower follower(world.server.port(), "?path=/web/list");
-        opened.get_future().wait();
-        follower.waitFor("retry:");
-    }
-    closed.get_future().wait();
-}
-
-TEST(WebEventsTest, PathsOfALivingStreamAreReplacedWithoutAGap)
+TEST(WebEventsTest, PathsAreOpenWhileTheStreamLivesAndAreReplacedWithoutAGap)
 {
     WebWorld world;
     std::mutex mutex;
@@ -185,10 +158,8 @@ TEST(WebEventsTest, PathsOfALivingStreamAreReplacedWithoutAGap)
         EXPECT_EQ(answer.status, 200);
         EXPECT_EQ(answer.body, R"({"paths":["/web/small","/web/list"],"refused":["/nobody"]})");
         EXPECT_EQ(replace(R"(["/web/small"])").status, 200);
-        subscribe->rowsChanged(CMPath(QStringLiteral("/web/list")), CMSubscribe::RowsChangeReset(),
-                               1);
-        subscribe->rowsChanged(CMPath(QStringLiteral("/web/small")), CMSubscribe::RowsChangeReset(),
-                               2);
+        subscribe->rowsChanged(CMPath("/web/list"), CMSubscribe::RowsChangeReset(), 1);
+        subscribe->rowsChanged(CMPath("/web/small"), CMSubscribe::RowsChangeReset(), 2);
         const std::string text = follower.waitFor(R"("count":2)");
         EXPECT_EQ(text.find(R"("count":1)"), std::string::npos) << "the path was closed";
         std::string many = R"(["/web/list")";
@@ -213,7 +184,7 @@ TEST(WebEventsTest, TheModulesRequestsAreListedAndTold)
     HttpCallRecord record;
     record.status = 200;
     record.bytes = 7;
-    record.setUrl(KeloUrl(QStringLiteral("http://service.example/v1/a?token=secret")));
+    record.setUrl(KeloUrl("http://service.example/v1/a?token=secret"));
     HttpCallLog& log = HttpCallLog::instance();
     log.add(record);
     const std::string last = std::to_string(log.lastNumber());
@@ -223,7 +194,7 @@ TEST(WebEventsTest, TheModulesRequestsAreListedAndTold)
     follower.waitForId();
     other.waitForId();
     log.add(record);
-    world.player.notify({{QStringLiteral("state"), QStringLiteral("playing")}});
+    world.player.notify({{"state", "playing"}});
     const std::string expected =
         R"({"id":)" + next +
         R"(,"time":"1970-01-01T00:00:00.000Z","method":"GET",)"
@@ -279,9 +250,8 @@ TEST(WebEventsTest, AClientThatReadsNothingIsDroppedAndOthersGoOn)
     char first = 0;
     ASSERT_EQ(::recv(socket, &first, 1, 0), 1);
     for (int i = 0; i < 5000; ++i)
-        subscribe->rowsChanged(CMPath(QStringLiteral("/web/list")), CMSubscribe::RowsChangeReset(),
-                               i);
-    world.player.notify({{QStringLiteral("state"), QStringLiteral("playing")}});
+        subscribe->rowsChanged(CMPath("/web/list"), CMSubscribe::RowsChangeReset(), i);
+    world.player.notify({{"state", "playing"}});
     other.waitFor("playing");
     closed.get_future().wait();
     ::close(socket);

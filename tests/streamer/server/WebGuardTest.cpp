@@ -40,12 +40,10 @@ std::vector<std::string> calls(const WebWorld& world, bool changingAlone)
 TEST(WebGuardTest, ForeignHostsAndOriginsAreRefusedByEveryCallOnEveryBind)
 {
     for (const char* bind : {"127.0.0.1", "0.0.0.0"}) {
-        WebWorld world({QString::fromLatin1(bind), 0, {}, {QStringLiteral("Music.lan")}});
+        WebWorld world({QString::fromLatin1(bind), 0, {}, {"Music.lan"}});
         const std::string own = "127.0.0.1:" + std::to_string(world.server.port());
-        const std::string token = world.get("/api/v1/session")
-                                      .json.value(QStringLiteral("token"))
-                                      .toString()
-                                      .toStdString();
+        const std::string token =
+            world.get("/api/v1/session").json["token"].toString().toStdString();
         ASSERT_EQ(token.size(), 64u);
         ASSERT_GT(calls(world, false).size(), 25u);
         struct Case
@@ -110,7 +108,7 @@ TEST(WebGuardTest, ForeignHostsAndOriginsAreRefusedByEveryCallOnEveryBind)
 TEST(WebGuardTest, EveryAnswerForbidsFramesSniffingAndSharing)
 {
     WebWorld world;
-    world.login.pending = {{QStringLiteral("verificationUri"), QStringLiteral("https://a")}};
+    world.login.pending = {{"verificationUri", "https://a"}};
     const std::string tag = world.get("/").header("ETag");
     struct Case
     {
@@ -161,8 +159,7 @@ TEST(WebGuardTest, EveryAnswerForbidsFramesSniffingAndSharing)
 TEST(WebGuardTest, APortInUseIsASentence)
 {
     WebWorld world;
-    WebServer second({QStringLiteral("127.0.0.1"), world.server.port(), {}, {}}, world.player,
-                     world.login);
+    WebServer second({"127.0.0.1", world.server.port(), {}, {}}, world.player, world.login);
     QString error;
     EXPECT_FALSE(second.start(&error));
     EXPECT_EQ(error, QStringLiteral("cannot listen on 127.0.0.1:%1: Address already in use")

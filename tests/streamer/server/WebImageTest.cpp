@@ -48,12 +48,7 @@ struct ImageWorld
     WebWorld::Answer get(const std::string& url) const { return world.get(call(url)); }
 
     ScriptedServer server{answer};
-    WebWorld world{{QStringLiteral("127.0.0.1"),
-                    0,
-                    {},
-                    {},
-                    {},
-                    QString::fromStdString(server.url("/images/"))}};
+    WebWorld world{{"127.0.0.1", 0, {}, {}, {}, QString::fromStdString(server.url("/images/"))}};
 };
 
 } // namespace
@@ -156,9 +151,9 @@ TEST(WebImageTest, TheCodeOfAPendingLoginIsAPicture)
 {
     WebWorld world;
     EXPECT_EQ(world.get("/api/v1/login/qr").status, 404);
-    const QString address = QStringLiteral("link.example/ABCDE");
-    world.login.pending = {{QStringLiteral("verificationUri"), QStringLiteral("https://other")},
-                           {QStringLiteral("verificationUriComplete"), address}};
+    const QString address = "link.example/ABCDE";
+    world.login.pending = {{"verificationUri", "https://other"},
+                           {"verificationUriComplete", address}};
     const auto answer = world.get("/api/v1/login/qr");
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.header("Content-Type"), "image/svg+xml");

@@ -7,7 +7,7 @@
 #include <httplib.h>
 #include <kelo/CMNodesWorker.h>
 #include <kelo/CMWorkerThread.h>
-#include <map>
+#include <kelo/KeloListeners.h>
 #include <QJsonDocument>
 
 /// Keeps listeners as both controls do.
@@ -15,30 +15,15 @@ template <class Control>
 class FakeControl : public Control
 {
 public:
-    using Listener = typename Control::Listener;
-
-    quint64 addListener(Listener listener) override
+    quint64 addListener(typename Control::Listener listener) override
     {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_listeners[++m_last] = std::move(listener);
-        return m_last;
+        return m_listeners.add(std::move(listener));
     }
-    void removeListener(quint64 id) override
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_listeners.erase(id);
-    }
-    void notify(const QJsonObject& status)
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        for (const auto& listener : m_listeners)
-            listener.second(status);
-    }
+    void removeListener(quint64 id) override { m_listeners.remove(id); }
+    void notify(const QJsonObject& status) { m_listeners.notify(status); }
 
 private:
-    std::mutex m_mutex;
-    quint64 m_last = 0;
-    std::map<quint64, Listener> m_listeners;
+    KeloListeners<QJsonObject> m_listeners;
 };
 
 /// "play" of the path "wait" is never answered; an unknown path fails.
