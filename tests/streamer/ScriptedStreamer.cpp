@@ -1,27 +1,7 @@
 #include "streamer/ScriptedStreamer.h"
 
+#include <algorithm>
 #include <sstream>
-
-ScriptedStreamer::ScriptedStreamer()
-{
-    const auto handler = [this](const httplib::Request& request, httplib::Response& response) {
-        respond(request, response);
-    };
-    m_server.Get(".*", handler).Post(".*", handler).Delete(".*", handler);
-    m_server.set_keep_alive_timeout(1);
-    m_server.set_tcp_nodelay(true);
-    m_port = m_server.bind_to_any_port("127.0.0.1");
-    m_thread = std::thread([this] { m_server.listen_after_bind(); });
-    // Answered once the server runs; stopping it earlier would do nothing.
-    httplib::Client(address()).Get("/");
-    m_calls.clear();
-}
-
-ScriptedStreamer::~ScriptedStreamer()
-{
-    m_server.stop();
-    m_thread.join();
-}
 
 void ScriptedStreamer::answer(const std::string& call, Answer answer)
 {
@@ -65,34 +45,29 @@ std::vector<std::string> ScriptedStreamer::calls()
     return m_calls;
 }
 
-void ScriptedStreamer::respond(const httplib::Request& request, httplib::Response& response)
+ScriptedServer::Answer ScriptedStreamer::respond(const std::string& request)
 {
-    const std::string call = request.method + ' ' + request.target;
+    const std::string call = request.substr(0, request.find(" HTTP/"));
+    const std::string body = request.substr(request.find("\r\n\r\n") + 4);
     const std::lock_guard lock(m_mutex);
-    m_calls.push_back(request.body.empty() ? call : call + ' ' + request.body);
+    m_calls.push_back(body.empty() ? call : call + ' ' + body);
     m_arrived.notify_all();
     const Answer* found = find(call);
-    if (!found) {
-        response.status = 404;
-        response.set_content(R"({"title":"Not found","detail":"no such node"})",
-                             "application/problem+json");
-        return;
-    }
-    const Answer answer = *found;
-    response.status = answer.status;
-    if (answer.type != "text/event-stream") {
-        response.set_content(answer.body, answer.type.c_str());
-        return;
-    }
-    response.set_chunked_content_provider(
-        answer.type.c_str(), [this, answer](size_t, httplib::DataSink& sink) {
-            sink.write(answer.first.data(), answer.first.size());
-            std::unique_lock wait(m_mutex);
-            m_arrived.wait(wait, [&] { return answer.after.empty() || hasArrived(answer.after); });
-            sink.write(answer.body.data(), answer.body.size());
-            sink.done();
-            return true;
-        });
+    if (!found)
+        return {ScriptedServer::whole(R"({"title":"Not found","detail":"no such node"})",
+                                      "Content-Type: application/problem+json\r\n",
+                                      "404 Not Found")};
+    const std::string type = "Content-Type: " + found->type + "\r\n";
+    const std::string status = std::to_string(found->status) + " Scripted";
+    if (found->type != "text/event-stream")
+        return {ScriptedServer::whole(found->body, type, status)};
+    return {"HTTP/1.1 " + status + "\r\n" + type + "\r\n" + found->first,
+            ScriptedServer::Then::Close, [this, answer = *found] {
+                std::unique_lock wait(m_mutex);
+                m_arrived.wait(wait,
+                               [&] { return answer.after.empty() || hasArrived(answer.after); });
+                return answer.body;
+            }};
 }
 
 ScriptedStreamer::Run ScriptedStreamer::run(std::vector<std::string> arguments,

@@ -1,12 +1,11 @@
 #pragma once
 
 #include "client/CommandLine.h"
+#include "host/ScriptedServer.h"
 
 #include <condition_variable>
 #include <httplib.h>
 #include <map>
-#include <mutex>
-#include <thread>
 
 /// A streamer that answers from a script, on loopback with a port of its own. A test adds answers,
 /// runs commands against it and looks at what arrived. Unknown calls get a 404 problem.
@@ -29,9 +28,6 @@ public:
         std::string err;
     };
 
-    ScriptedStreamer();
-    ~ScriptedStreamer();
-
     /// \p call is the method and the target as it stands on the wire; calls() shows them the same.
     void answer(const std::string& call, Answer answer);
     /// The same from when a call has arrived that begins with \p earlier.
@@ -40,23 +36,21 @@ public:
     void forget();
     /// "METHOD target", with a blank and the body where there is one, in order of arrival.
     std::vector<std::string> calls();
-    std::string address() const { return "http://127.0.0.1:" + std::to_string(m_port); }
+    std::string address() const { return m_server.url(""); }
 
     /// Runs a command line against this streamer.
     Run run(std::vector<std::string> arguments, cli::Terminal::Properties terminal = {});
 
 private:
-    void respond(const httplib::Request& request, httplib::Response& response);
+    ScriptedServer::Answer respond(const std::string& request);
     /// The answer of now, none when the call is unknown. m_mutex is held.
     const Answer* find(const std::string& call) const;
     bool hasArrived(const std::string& start) const;
 
-    httplib::Server m_server;
-    int m_port = 0;
     std::mutex m_mutex; ///< guards all below
     std::condition_variable m_arrived;
     std::map<std::string, Answer> m_answers;
     std::map<std::string, Answer> m_laterAnswers; ///< `after` names the earlier call
     std::vector<std::string> m_calls;
-    std::thread m_thread;
+    ScriptedServer m_server{[this](const std::string& request) { return respond(request); }};
 };
