@@ -15,7 +15,7 @@ protected:
             streamer.get(QStringLiteral("/api/v1/rows?language=%1&path=%2")
                              .arg(QLatin1String(language), QString(QUrl::toPercentEncoding(path))));
         EXPECT_EQ(answer.status, 200) << path.toStdString();
-        return answer.body.value(QStringLiteral("rows")).toArray();
+        return answer.body["rows"].toArray();
     }
 
     static QString role(const QJsonValue& row, const char* name)
@@ -34,7 +34,7 @@ TEST_F(LanguageTest, EveryOwnTitleHasItsTranslation)
     const QJsonArray artists = rows(tidal + "/myMusic/req/favorites/users/artists", "en");
     const QJsonArray tracks = rows(tidal + "/myMusic/req/favorites/users/tracks", "en");
     ASSERT_FALSE(artists.isEmpty() || tracks.isEmpty());
-    const QString menu = role(tracks.at(0).toObject().value(QStringLiteral("Context")), "Path");
+    const QString menu = role(tracks.at(0).toObject()["Context"], "Path");
     const QString chooser = role(rows(menu, "en").at(1), "Path");
     const QStringList names{"TIDAL", "TIDAL Rising", "TIDAL Discovery"};
     int translated = 0;

@@ -64,9 +64,7 @@ TEST(LoginTest, whoLogsOutOfTheDemoConfirmsTheNextLoginInTheBrowser)
     ASSERT_TRUE(streamer.startDemo()) << streamer.errors().toStdString();
     EXPECT_EQ(streamer.kelo({"logout"}).status, 0);
     for (const char* answer : {"refuse", "confirm"}) {
-        const QJsonObject pending = streamer.post(QStringLiteral("/api/v1/login"), "{}")
-                                        .body.value(QStringLiteral("pending"))
-                                        .toObject();
+        const QJsonObject pending = streamer.post("/api/v1/login", "{}").body["pending"].toObject();
         const QUrl page(text(pending, "verificationUriComplete"));
         httplib::Client browser(page.host().toStdString(), page.port());
         const auto shown = browser.Get(page.path().toStdString().c_str());
@@ -79,16 +77,15 @@ TEST(LoginTest, whoLogsOutOfTheDemoConfirmsTheNextLoginInTheBrowser)
             EXPECT_TRUE(waitForReason(streamer, "denied"));
         }
     }
-    EXPECT_TRUE(streamer.waitForEvent("login", [](const QJsonObject& login) {
-        return login.value(QStringLiteral("loggedIn")).toBool();
-    }));
+    EXPECT_TRUE(streamer.waitForEvent(
+        "login", [](const QJsonObject& login) { return login["loggedIn"].toBool(); }));
 }
 
 TEST_F(LoginServiceTest, aLoginThatTheServiceEndsSaysSo)
 {
     ASSERT_EQ(sim->addFault("oauth error=invalid_grant"), "");
     sim->expireTokens();
-    streamer.rowsError(QStringLiteral("/tidal/req/featured/new/albums"));
+    streamer.rowsError("/tidal/req/featured/new/albums");
     EXPECT_TRUE(waitForReason(streamer, "ended"));
     const Outcome status = streamer.kelo({"login", "--status"});
     EXPECT_EQ(status.status, 1);

@@ -86,46 +86,36 @@ Streamer::~Streamer()
 
 QByteArray Streamer::settingsFor(const kelosim::SimServer& sim)
 {
-    const QByteArray base = QByteArray::fromStdString(sim.baseUrl());
-    return "[deadlines]\nrows_s = 4\ndata_s = 4\nset_s = 8\n"
-           "[tidal]\n"
-           "api_url = \"" +
-           base +
-           "/v1\"\n"
-           "image_url = \"" +
-           base +
-           "/images/\"\n"
-           "[tidal.oauth2]\n"
-           "device_code_url = \"" +
-           base +
-           "/v1/oauth2/device_authorization\"\n"
-           "token_url = \"" +
-           base +
-           "/v1/oauth2/token\"\n"
-           "client_id = \"kelo-demo\"\nclient_secret = \"kelo-demo-secret\"\n";
+    return QByteArray(R"([deadlines]
+rows_s = 4
+data_s = 4
+set_s = 8
+[tidal]
+api_url = "BASE/v1"
+image_url = "BASE/images/"
+[tidal.oauth2]
+device_code_url = "BASE/v1/oauth2/device_authorization"
+token_url = "BASE/v1/oauth2/token"
+client_id = "kelo-demo"
+client_secret = "kelo-demo-secret"
+)")
+        .replace("BASE", sim.baseUrl().c_str());
 }
 
 bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
 {
-    const QString file = m_dir.filePath(QStringLiteral("kelo.toml"));
+    const QString file = m_dir.filePath("kelo.toml");
     QFile config(file);
     if (!config.open(QIODevice::WriteOnly) || config.write(settings) != settings.size())
         return false;
     config.close();
-    QStringList all{QStringLiteral("serve"),
-                    QStringLiteral("--config"),
-                    file,
-                    QStringLiteral("--listen"),
-                    QStringLiteral("127.0.0.1:0"),
-                    QStringLiteral("--state-dir"),
-                    m_dir.filePath(QStringLiteral("state")),
-                    QStringLiteral("--output"),
-                    QStringLiteral("null")};
-    all += arguments;
+    const QStringList all{"serve",    "--config",    file,
+                          "--listen", "127.0.0.1:0", "--output",
+                          "null",     "--state-dir", m_dir.filePath("state")};
     m_process = std::make_unique<QProcess>();
     // Into a file: a pipe that nobody reads would stop the streamer when it is full.
-    m_process->setStandardErrorFile(m_dir.filePath(QStringLiteral("serve.log")), QIODevice::Append);
-    m_process->start(QStringLiteral(KELO_PROGRAM), all);
+    m_process->setStandardErrorFile(m_dir.filePath("serve.log"), QIODevice::Append);
+    m_process->start(KELO_PROGRAM, all + arguments);
     while (!m_process->canReadLine()) {
         if (!m_process->waitForReadyRead(60000)) {
             m_process->waitForFinished(5000);
@@ -133,7 +123,7 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
         }
     }
     const QString line = QString::fromUtf8(m_process->readLine()).trimmed();
-    const QString greeting = QStringLiteral("listening on ");
+    const QString greeting = "listening on ";
     m_url = line.mid(greeting.size());
     return line.startsWith(greeting);
 }
@@ -141,8 +131,8 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
 bool Streamer::startDemo(const QStringList& arguments)
 {
     // A demo says where it listens once it is logged in.
-    return start(QByteArray(), QStringList{QStringLiteral("--demo")} + arguments) &&
-           get(QStringLiteral("/api/v1/login")).body.value(QStringLiteral("loggedIn")).toBool();
+    return start(QByteArray(), QStringList{"--demo"} + arguments) &&
+           get("/api/v1/login").body["loggedIn"].toBool();
 }
 
 int Streamer::stop()
@@ -163,14 +153,14 @@ bool Streamer::isRunning() const
 
 QByteArray Streamer::errors() const
 {
-    QFile log(m_dir.filePath(QStringLiteral("serve.log")));
+    QFile log(m_dir.filePath("serve.log"));
     return log.open(QIODevice::ReadOnly) ? log.readAll() : QByteArray();
 }
 
 Outcome Streamer::run(const QStringList& arguments)
 {
     QProcess process;
-    process.start(QStringLiteral(KELO_PROGRAM), arguments);
+    process.start(KELO_PROGRAM, arguments);
     Outcome outcome;
     if (process.waitForFinished(60000) && process.exitStatus() == QProcess::NormalExit)
         outcome.status = process.exitCode();
@@ -181,32 +171,29 @@ Outcome Streamer::run(const QStringList& arguments)
 
 Outcome Streamer::kelo(const QStringList& arguments) const
 {
-    return run(QStringList{QStringLiteral("--server"), m_url} + arguments);
+    return run(QStringList{"--server", m_url} + arguments);
 }
 
 QJsonObject Streamer::rows(const QString& path, const QStringList& arguments) const
 {
-    const Outcome outcome =
-        kelo(QStringList{QStringLiteral("rows"), path, QStringLiteral("--json")} + arguments);
+    const Outcome outcome = kelo(QStringList{"rows", path, "--json"} + arguments);
     EXPECT_EQ(outcome.status, 0) << path.toStdString() << ": " << outcome.err.toStdString();
     return outcome.json();
 }
 
 QString Streamer::rowsError(const QString& path) const
 {
-    const Answer answer = get(QStringLiteral("/api/v1/rows?path=") +
-                              QString::fromUtf8(QUrl::toPercentEncoding(path)));
+    const Answer answer = get("/api/v1/rows?path=" + QUrl::toPercentEncoding(path));
     EXPECT_GE(answer.status, 400) << path.toStdString();
-    return answer.body.value(QStringLiteral("detail")).toString();
+    return answer.body["detail"].toString();
 }
 
 bool Streamer::login()
 {
-    if (post(QStringLiteral("/api/v1/login"), "{}").status != 200)
+    if (post("/api/v1/login", "{}").status != 200)
         return false;
-    return waitForEvent("login", [](const QJsonObject& login) {
-        return login.value(QStringLiteral("loggedIn")).toBool();
-    });
+    return waitForEvent("login",
+                        [](const QJsonObject& login) { return login["loggedIn"].toBool(); });
 }
 
 Streamer::Answer Streamer::get(const QString& path) const
