@@ -4,11 +4,10 @@
 //   kelo-chain-bench chain URL TOKEN N   N rows requests, from CMRoot::request to the finished
 //   reply kelo-chain-bench curl URL TOKEN N    N fetches with one easy handle that keeps its
 //   connection
-#include "ModuleWorld.h"
+#include "ModuleBed.h"
 #include <curl/curl.h>
 #include <iostream>
 #include <kelo/CMRoot.h>
-#include <kelo/CMWorkerThread.h>
 #include <kelosim/SimServer.h>
 #include <limits>
 #include <log4cplus/initializer.h>
@@ -40,15 +39,15 @@ int serve()
 
 int chain(const QString& url, const QString& token, int count)
 {
-    CMWorkerThread hostThread;
-    hostThread.start("host", [&] { return new HostValues(url + QStringLiteral("/v1"), token); });
-    CMWorkerThread moduleThread;
-    moduleThread.start("module", [&] { return new TidalWorker(QVariantHash()); });
+    ModuleBed bed;
+    bed.setService(url.toStdString());
+    bed.start();
+    bed.setLoggedIn(true, token);
     // Kept, so that what is counted ends with the finished reply: dropping the rows comes after it.
     std::vector<CMGetRowsRequest> answered;
     for (int i = 0; i < count; ++i) {
         const CMGetRowsRequest request(CMPath(QString::fromUtf8(listPath)), 0, 49,
-                                       ModuleWorld::allRoles());
+                                       ModuleBed::allRoles());
         CMRoot().request(request);
         request.reply().waitForFinished(-1);
         if (request.reply().value().rows().toList().size() != 50) {

@@ -1,8 +1,9 @@
 // One list answer of the service, from its body to the finished rows reply, or parsed by Qt alone:
 // what callgrind is to count stands between two toggles of its collection.
-#include "ModuleWorld.h"
+#include "ModuleBed.h"
 #include <cstdio>
 #include <httplib.h>
+#include <kelosim/SimServer.h>
 #include <QCoreApplication>
 #include <QJsonDocument>
 #include <valgrind/callgrind.h>
@@ -42,12 +43,12 @@ void toggleCollection(bool isCounted)
 }
 
 /// Returns the number of rows.
-int countRows(ModuleWorld& world, const List& list, const QByteArray& body, bool isCounted)
+int countRows(ModuleBed& bed, const List& list, const QByteArray& body, bool isCounted)
 {
     const CMPath path = CMPath::fromEncoded(QLatin1String(list.path));
-    const CMGetRowsRequest request(path, 0, 49, ModuleWorld::allRoles());
+    const CMGetRowsRequest request(path, 0, 49, ModuleBed::allRoles());
     const HttpClientPrivate userData{HttpClientPrivate::Data(request)};
-    TidalNodeResponder* responder = world.worker()->getHandler()->responder();
+    TidalNodeResponder* responder = bed.worker()->getHandler()->responder();
     const KeloUrl url;
     const HttpClientHeaders headers;
     toggleCollection(isCounted);
@@ -75,16 +76,23 @@ int main(int argc, char** argv)
         return argc == 1 ? 0 : 2;
     }
     const bool isRows = QByteArray(argv[2]) == "rows";
-    ModuleWorld world;
+    kelosim::SimServer sim{kelosim::SimOptions()};
+    std::string error;
+    if (!sim.start(&error)) {
+        std::fprintf(stderr, "%s\n", error.c_str());
+        return 1;
+    }
+    ModuleBed bed;
+    bed.start();
     for (const List& list : lists) {
         if (QByteArray(argv[1]) != list.name)
             continue;
-        const QByteArray body = bodyOf(list, world.sim());
+        const QByteArray body = bodyOf(list, sim);
         int result = 0;
         // The first run fills caches and static texts, the second one counts.
         for (const bool isCounted : {false, true}) {
-            world.onWorker([&] {
-                result = isRows ? countRows(world, list, body, isCounted)
+            bed.onWorker([&](TidalHandler&) {
+                result = isRows ? countRows(bed, list, body, isCounted)
                                 : countParsing(body, isCounted);
             });
         }

@@ -4,53 +4,44 @@
 #include <array>
 #include <chrono>
 #include <condition_variable>
-#include <functional>
-#include <mutex>
 
-/// Counts the service's answers after the worker has dealt with them. Made while the worker runs,
-/// and forgotten when it stops; may outlive it.
+/// Counts the service's answers after the worker has dealt with them. Made on the worker's thread,
+/// and forgotten when the worker stops; may outlive it.
 class AnswerProbe
 {
 public:
     enum Kind { Session, Track, Stream };
 
-    AnswerProbe(TidalWorker& worker, const std::function<void(std::function<void()>)>& onWorker)
-        : m_counts(std::make_shared<Counts>())
+    explicit AnswerProbe(TidalHandler& handler)
     {
-        const auto counts = m_counts;
-        onWorker([&worker, counts] {
-            TidalNodeResponder* responder = worker.getHandler()->responder();
-            // The worker's own slots were connected before, so they run before.
-            QObject::connect(responder, &TidalNodeResponder::sessionsFinished, &worker,
-                             [counts] { counts->add(Session); });
-            QObject::connect(responder, &TidalNodeResponder::trackFinished, &worker,
-                             [counts] { counts->add(Track); });
-            QObject::connect(responder, &TidalNodeResponder::streamUrlFinished, &worker,
-                             [counts] { counts->add(Stream); });
-        });
+        // The worker's own slots were connected before, so they run before.
+        const auto count = [&](auto signal, Kind kind) {
+            QObject::connect(handler.responder(), signal, handler.getWorker(),
+                             [counts = m_counts, kind] {
+                                 std::lock_guard<std::mutex> lock(counts->mutex);
+                                 ++counts->numbers[kind];
+                                 counts->changed.notify_all();
+                             });
+        };
+        count(&TidalNodeResponder::sessionsFinished, Session);
+        count(&TidalNodeResponder::trackFinished, Track);
+        count(&TidalNodeResponder::streamUrlFinished, Stream);
     }
 
     /// Waits until that many answers of a kind have come in all; false when they do not.
     bool waitFor(Kind kind, int count)
     {
         std::unique_lock<std::mutex> lock(m_counts->mutex);
-        return m_counts->changed.wait_for(lock, std::chrono::seconds(20), [&] {
-            return m_counts->numbers[std::size_t(kind)] >= count;
-        });
+        return m_counts->changed.wait_for(lock, std::chrono::seconds(20),
+                                          [&] { return m_counts->numbers[kind] >= count; });
     }
 
 private:
     struct Counts
     {
-        void add(Kind kind)
-        {
-            std::lock_guard<std::mutex> lock(mutex);
-            ++numbers[std::size_t(kind)];
-            changed.notify_all();
-        }
         std::mutex mutex;
         std::condition_variable changed;
         std::array<int, 3> numbers{};
     };
-    std::shared_ptr<Counts> m_counts;
+    std::shared_ptr<Counts> m_counts = std::make_shared<Counts>();
 };

@@ -1,16 +1,9 @@
-#include "EditWorld.h"
-#include <gtest/gtest.h>
-#include <kelo/KeloTidalConstants.h>
+#include "ModuleTest.h"
 #include <random>
 #include <thread>
 
 namespace {
 using Tracks = QList<qint64>;
-
-QString q(const char* text)
-{
-    return QString::fromUtf8(text);
-}
 
 /// One edit of a playlist, and what it makes of a plain list.
 struct Edit
@@ -43,32 +36,23 @@ struct Edit
 enum class Trouble { None, TagLag, NoBody, EditReset, ReadReset, OtherClient };
 
 /// Plays random edits against the simulated service and a plain list.
-class EditingModel : public testing::Test
+class EditingModel : public SimulatedTest
 {
 protected:
-    EditingModel() : m_pool(m_world.someTracks(12)) {}
-
     void playSequence(int seed)
     {
         SCOPED_TRACE(seed);
         m_random.seed(std::mt19937::result_type(seed));
         m_source = m_pool.mid(0, number(0, 3));
-        m_sourceId = m_world.newPlaylist("source", m_source);
+        m_sourceId = newPlaylist("source", m_source);
         m_model = m_pool.mid(0, number(0, 6));
-        m_id = m_world.newPlaylist("edited", m_model);
+        m_id = newPlaylist("edited", m_model);
         for (int i = number(2, 6); i > 0 && !m_id.isEmpty() && !HasFailure(); --i)
             playEdit(randomEdit(), randomTrouble());
         for (const QString& id : {m_id, m_sourceId}) {
             if (!id.isEmpty())
                 remove(id);
         }
-    }
-
-    /// Every request has been answered once the worker is idle.
-    void finish()
-    {
-        m_world.onWorker([] {});
-        EXPECT_EQ(CMRoot().pendingRequests(), 0);
     }
 
 private:
@@ -115,7 +99,7 @@ private:
             fault = (number(0, 1) ? "reset when=after " : "reset ") + method + path + "1";
         else if (trouble == Trouble::ReadReset)
             fault = "reset method=GET " + path + "1";
-        EXPECT_EQ(fault.empty() ? std::string() : m_world.sim().addFault(fault), "");
+        EXPECT_EQ(fault.empty() ? std::string() : m_sim.addFault(fault), "");
     }
 
     /// Whether nothing can be said about the edit, so that its request ends at its deadline.
@@ -134,22 +118,20 @@ private:
         const QString playlist = q("?playlistId=") + m_id;
         switch (edit.kind) {
         case Edit::AddTrack:
-            return m_world.set(q("/tidal/context/addToPlaylists") + playlist +
-                               q("&type=Tracks&id=%1").arg(edit.added.first()));
+            return setAndWait(q("/tidal/context/addToPlaylists") + playlist +
+                              q("&type=Tracks&id=%1").arg(edit.added.first()));
         case Edit::AddList:
-            return m_world.set(q("/tidal/playlistcontext/addToPlaylists") + playlist +
-                               q("&type=Playlists&id=") + m_sourceId);
+            return setAndWait(q("/tidal/playlistcontext/addToPlaylists") + playlist +
+                              q("&type=Playlists&id=") + m_sourceId);
         case Edit::Remove:
-            return m_world.set(q("/tidal/playlistcontext/removeFromPlaylists") + playlist +
-                               q("&type=Tracks&rowNum=%1").arg(edit.row));
+            return setAndWait(q("/tidal/playlistcontext/removeFromPlaylists") + playlist +
+                              q("&type=Tracks&rowNum=%1").arg(edit.row));
         case Edit::Move:
             break;
         }
         const QString menu = q("/tidal/myPlaylistTrackscontext/moveTrack");
-        KeloValue target;
-        target.setI64(edit.to);
-        m_world.set(menu + q("/rowNum"), target.toVariant());
-        return m_world.set(menu + q("/move") + playlist + q("&rowNum=%1").arg(edit.row));
+        setAndWait(menu + "/rowNum", edit.to);
+        return setAndWait(menu + q("/move") + playlist + q("&rowNum=%1").arg(edit.row));
     }
 
     /// Another client appends a track; as often as it takes.
@@ -158,10 +140,8 @@ private:
         const QString path = q("/playlists/") + m_id;
         const QByteArray body = "trackIds=" + QByteArray::number(track) + "&toIndex=-1";
         for (int status = 412; status == 412;)
-            status = m_world
-                         .post(path + q("/tracks"), body,
-                               m_world.read(path).value(q("_etag")).toString())
-                         .value(q("_status"))
+            status = post(path + "/tracks", body, read(path).value("_etag").toString())
+                         .value("_status")
                          .toInt();
     }
 
@@ -179,9 +159,8 @@ private:
         const CMSetDataRequest request = send(edit);
         if (other.joinable())
             other.join();
-        m_world.sim().clearFaults();
+        m_sim.clearFaults();
 
-        ASSERT_TRUE(request.reply().isFinished());
         const CMError error = request.reply().error();
         const bool isGivenUp = error.name() == CMError::NoAnswerName();
         EXPECT_TRUE(!isGivenUp || isUnansweredEdit) << int(edit.kind) << " " << int(trouble);
@@ -197,11 +176,11 @@ private:
             allowed = {before};
         else
             allowed = {after};
-        m_model = m_world.tracksOf(m_id);
+        m_model = tracksIn(m_id);
         EXPECT_TRUE(allowed.contains(m_model))
             << "edit " << int(edit.kind) << " row " << edit.row << " to " << edit.to << " trouble "
             << int(trouble) << " of " << before.size() << " made " << m_model.size();
-        EXPECT_EQ(m_world.tracksOf(m_sourceId), m_source);
+        EXPECT_EQ(tracksIn(m_sourceId), m_source);
         // What may still be on its way can change the list behind the model.
         if (isGivenUp)
             m_id.clear();
@@ -210,19 +189,17 @@ private:
     void remove(const QString& id)
     {
         const QString path = q("/tidal/playlistcontext/removeFromPlaylists?type=Playlists&id=");
-        EXPECT_FALSE(m_world.set(path + id).reply().error().isSet());
-        EXPECT_EQ(m_world.read(q("/playlists/") + id).value(q("_status")).toInt(), 404);
+        EXPECT_FALSE(setAndWait(path + id).reply().error().isSet());
+        EXPECT_EQ(read(q("/playlists/") + id).value(q("_status")).toInt(), 404);
     }
 
-    EditWorld m_world;
     std::mt19937 m_random;
-    const Tracks m_pool;
+    const Tracks m_pool = playable("/featured/new/tracks?limit=50").mid(0, 12);
     Tracks m_source; ///< of the playlist that is added as a whole
     QString m_sourceId;
     Tracks m_model; ///< of the playlist that is edited
     QString m_id;   ///< empty when what became of it is not known
 };
-} // namespace
 
 /// Another --gtest_random_seed plays other sequences.
 TEST_F(EditingModel, TheServiceHoldsWhatTheEditsSay)
@@ -231,5 +208,5 @@ TEST_F(EditingModel, TheServiceHoldsWhatTheEditsSay)
     const int first = testing::GTEST_FLAG(random_seed) * sequences;
     for (int i = 0; i < sequences && !HasFailure(); ++i)
         playSequence(first + i);
-    finish();
 }
+} // namespace

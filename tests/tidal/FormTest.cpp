@@ -1,141 +1,112 @@
-#include "EditWorld.h"
-#include <gtest/gtest.h>
-#include <kelo/KeloActionReply.h>
-#include <kelo/KeloTidalConstants.h>
+#include "ModuleTest.h"
 
 namespace {
-QString q(const char* text)
-{
-    return QString::fromUtf8(text);
-}
-
-QVariant text(const QString& text)
-{
-    KeloValue value;
-    value.setString(text);
-    return value.toVariant();
-}
+const QString create = "/tidal/createPlaylist";
+const QString update = "/tidal/updatePlaylists";
 
 /// The two forms, as a screen fills them in.
-class Form : public testing::Test
+class FormTest : public SimulatedTest
 {
 protected:
     void fill(const QString& form, const QString& title, const QString& description)
     {
-        EXPECT_FALSE(world.set(form + q("/title"), text(title)).reply().error().isSet());
-        EXPECT_FALSE(
-            world.set(form + q("/description"), text(description)).reply().error().isSet());
+        EXPECT_EQ(errorOf(set(form + "/title", title)), "");
+        EXPECT_EQ(errorOf(set(form + "/description", description)), "");
     }
     /// A field once the worker is idle: a form is cleared in the turn in which it is answered.
     QString field(const QString& path)
     {
-        world.onWorker([] {});
+        settle();
         return CMRoot().value(CMPath(path)).string_();
     }
     /// The user's playlist of that title, as the service holds it.
     QJsonObject playlist(const QString& title)
     {
-        const QString path = world.userPath(q("/playlists?limit=50"));
-        const QJsonArray lists = world.read(path).value(q("items")).toArray();
-        for (const QJsonValue& list : lists) {
-            if (list.toObject().value(q("title")).toString() == title)
+        for (const QJsonValue& list : itemsOf(userPath + "/playlists?limit=50")) {
+            if (list["title"].toString() == title)
                 return list.toObject();
         }
         return QJsonObject();
     }
-    /// Submits the form as it was opened under these parameters: by the accept path of its rows.
-    CMSetDataRequest accept(const QString& form, const QString& params)
+    QString titleOf(const QString& id)
     {
-        const CMPath path = CMPath::fromEncoded(form + params);
-        const KeloRowsRoles rows = world.rows(path, 0, 9, {}).reply().value();
-        return world.set(rows.roles().value(KeloRoles::AcceptPath()).toString());
+        return read("/playlists/" + id).value("title").toString();
     }
-
-    EditWorld world;
-    const QString create = q("/tidal/createPlaylist");
-    const QString update = q("/tidal/updatePlaylists");
+    /// Submits the form as it was opened under these parameters: by the accept path of its rows.
+    CMSetDataRequest accept(const QString& form, const QString& params = QString())
+    {
+        const CMGetRowsRequest rows = askRows(form + params);
+        EXPECT_EQ(errorOf(rows), "");
+        return set(rows.reply().value().roles().value(KeloRoles::AcceptPath()).toString());
+    }
+    static QString onlyEvent(const KeloActionReply& reply)
+    {
+        return reply.events().size() == 1 ? reply.events().first().path().toEncoded() : "";
+    }
 };
-} // namespace
 
-TEST_F(Form, TitlesArriveWhole)
+TEST_F(FormTest, TitlesArriveWhole)
 {
-    const QString titles[] = {q("a&b=c"),
-                              q("100 % + 1"),
-                              q("\"quoted\" 'single'"),
-                              q("two\nlines\r\n"),
-                              q("\U0001F389 \u0635\u0628\u0627\u062d"),
-                              q("?#/;,:@"),
-                              q("%41%2B"),
-                              QString(500, QChar(0x00e5))};
-    const QString id = world.newPlaylist("before", {});
-    for (const QString& title : titles) {
+    const QString id = newPlaylist("before");
+    for (const QString& title : {q("a&b=c"), q("100 % + 1"), q("\"quoted\" 'single'"),
+                                 q("two\nlines\r\n"), q("\U0001F389 \u0635\u0628\u0627\u062d"),
+                                 q("?#/;,:@"), q("%41%2B"), QString(500, QChar(0x00e5))}) {
         SCOPED_TRACE(title.toStdString());
-        fill(create, title, title + q("!"));
-        const CMSetDataRequest made = accept(create, QString());
-        EXPECT_FALSE(made.reply().error().isSet());
+        fill(create, title, title + "!");
+        EXPECT_EQ(errorOf(accept(create)), "");
         const QJsonObject held = playlist(title);
-        EXPECT_EQ(held.value(q("description")).toString(), title + q("!"));
-        EXPECT_EQ(held.value(q("numberOfTracks")).toInt(-1), 0);
-        EXPECT_EQ(field(create + q("/title")), QString());
-        EXPECT_EQ(field(create + q("/description")), QString());
+        EXPECT_EQ(held.value("description").toString(), title + "!");
+        EXPECT_EQ(held.value("numberOfTracks").toInt(-1), 0);
+        EXPECT_EQ(field(create + "/title"), "");
+        EXPECT_EQ(field(create + "/description"), "");
 
         fill(update, title, QString());
-        accept(update, q("?type=Playlists&id=") + id);
-        EXPECT_EQ(world.read(q("/playlists/") + id).value(q("title")).toString(), title);
-        EXPECT_EQ(field(update + q("/title")), QString());
+        EXPECT_EQ(errorOf(accept(update, "?type=Playlists&id=" + id)), "");
+        EXPECT_EQ(titleOf(id), title);
+        EXPECT_EQ(field(update + "/title"), "");
     }
 }
 
-TEST_F(Form, AnswersSendTheClientWhereItBelongs)
+TEST_F(FormTest, AnswersSendTheClientWhereItBelongs)
 {
-    fill(create, q("t"), QString());
-    const KeloActionReply made(KeloHash(accept(create, QString()).reply().value().toHash()));
-    ASSERT_EQ(made.events().size(), 1);
-    EXPECT_EQ(made.events().first().path().toEncoded(), create);
+    fill(create, "t", QString());
+    const KeloActionReply made = actionOf(accept(create));
+    EXPECT_EQ(onlyEvent(made), create);
     EXPECT_TRUE(made.result().isEmpty());
 
-    const QString id = playlist(q("t")).value(q("uuid")).toString();
-    fill(update, q("u"), QString());
-    const CMSetDataRequest changed = accept(update, q("?id=wrong&playlistId=") + id);
-    const KeloActionReply reply(KeloHash(changed.reply().value().toHash()));
-    ASSERT_EQ(reply.events().size(), 1);
-    EXPECT_EQ(reply.events().first().path().toEncoded(), update);
-    EXPECT_EQ(reply.result().value(KeloRoles::Path()).toString(), q("/tidal/myMusic"));
-    EXPECT_EQ(world.read(q("/playlists/") + id).value(q("title")).toString(), q("u"));
+    const QString id = playlist("t").value("uuid").toString();
+    fill(update, "u", QString());
+    const KeloActionReply changed = actionOf(accept(update, "?id=wrong&playlistId=" + id));
+    EXPECT_EQ(onlyEvent(changed), update);
+    EXPECT_EQ(changed.result().path(), CMPath("/tidal/myMusic"));
+    EXPECT_EQ(titleOf(id), "u");
 }
 
-TEST_F(Form, KeepsWhatWasFilledInUntilTheServiceTakesIt)
+TEST_F(FormTest, KeepsWhatWasFilledInUntilTheServiceTakesIt)
 {
-    fill(create, QString(), q("d"));
-    const QString refusal = accept(create, QString()).reply().error().message();
-    EXPECT_TRUE(refusal.contains(q("title"))) << refusal.toStdString();
-    EXPECT_EQ(field(create + q("/description")), q("d"));
+    fill(create, QString(), "d");
+    EXPECT_TRUE(errorOf(accept(create)).contains("title"));
+    EXPECT_EQ(field(create + "/description"), "d");
 
-    fill(update, q("t"), q("d"));
-    EXPECT_TRUE(accept(update, q("?id=gone")).reply().error().isSet());
-    EXPECT_EQ(field(update + q("/title")), q("t"));
-
-    // Created is what the service calls so, and nothing else.
-    EXPECT_EQ(world.sim().addFault("create-status status=200"), "");
-    fill(create, q("t"), QString());
-    EXPECT_TRUE(accept(create, QString()).reply().error().isSet());
+    fill(update, "t", "d");
+    EXPECT_NE(errorOf(accept(update, "?id=gone")), "");
+    EXPECT_EQ(field(update + "/title"), "t");
 }
 
-TEST_F(Form, PutsTheItemThatItWasOpenedForIntoTheNewPlaylist)
+TEST_F(FormTest, PutsTheItemThatItWasOpenedForIntoTheNewPlaylist)
 {
-    const QList<qint64> tracks = world.someTracks(1);
-    fill(create, q("of a track"), QString());
-    accept(create, q("?type=Tracks&artists=A_1&id=%1").arg(tracks.first()));
-    const QString id = playlist(q("of a track")).value(q("uuid")).toString();
+    const QList<qint64> tracks = playable("/featured/new/tracks?limit=50").mid(0, 1);
+    fill(create, "of a track", QString());
+    wait(accept(create, q("?type=Tracks&artists=A_1&id=%1").arg(tracks.first())));
+    const QString id = playlist("of a track").value("uuid").toString();
     // The second request is the list that follows the addition.
-    const std::string path = q("/playlists/%1/tracks").arg(id).toStdString();
-    EXPECT_TRUE(world.sim().waitForRequests(path, 2, 20000));
-    EXPECT_EQ(world.tracksOf(id), tracks);
+    EXPECT_TRUE(m_sim.waitForRequests("/playlists/" + id.toStdString() + "/tracks", 2, 20000));
+    EXPECT_EQ(tracksIn(id), tracks);
 
     // Whatever is no track is looked up as an album, which a playlist is not.
-    const QString other = world.newPlaylist("other", tracks);
-    fill(create, q("of a playlist"), QString());
-    accept(create, q("?type=Playlists&id=") + other);
-    EXPECT_TRUE(
-        world.sim().waitForRequests(q("/albums/%1/tracks").arg(other).toStdString(), 1, 20000));
+    const QString other = newPlaylist("other", tracks);
+    fill(create, "of a playlist", QString());
+    wait(accept(create, "?type=Playlists&id=" + other));
+    EXPECT_TRUE(m_sim.waitForRequests("/albums/" + other.toStdString() + "/tracks", 1, 20000));
 }
+} // namespace

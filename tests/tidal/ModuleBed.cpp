@@ -1,156 +1,172 @@
-#include "ModuleWorld.h"
+#include "ModuleBed.h"
 #include <future>
-#include <kelo/CMValueNode.h>
 #include <kelo/KeloOAuth2.h>
 #include <kelo/KeloPost.h>
 #include <kelo/KeloTidalConstants.h>
-#include <QFile>
-#include <QJsonDocument>
+
+extern "C" void* worker_create(const char* name, void* settings);
 
 namespace {
-constexpr int patienceMs = 20000;
-
-/// Takes any value.
-class AcceptingNode : public CMNode
+class Host : public CMNodesWorker
 {
 public:
-    using CMNode::CMNode;
+    Host() : CMNodesWorker(QVariantHash(), "host") {}
+    QStringList prefixes() const override { return {"/oauth2", "/settings"}; }
+};
+
+/// Takes what is sent to it, on the sender's thread.
+class TakingNode : public CMNode
+{
+public:
+    using Take = std::function<void(const QString&)>;
+    TakingNode(CMNodes* nodes, const CMPath& path, Take take)
+        : CMNode(path), m_take(std::move(take))
+    {
+        setNodes(nodes);
+    }
     bool setDataRequest(const CMSetDataRequest& request) override
     {
+        m_take(request.value().toString());
         request.reply().setValue(QVariant());
         return true;
     }
+
+private:
+    const Take m_take;
 };
 
-KeloValue text(const QString& text)
-{
-    KeloValue value;
-    value.setString(text);
-    return value;
-}
-
-KeloValue settingsValue(const QString& apiUrl)
-{
-    KeloTidalSettings settings;
-    settings.setApiUrl(apiUrl);
-    settings.setCountryCode(QStringLiteral("NO"));
-    settings.setImageUrl(QStringLiteral("http://images"));
-    settings.setImageSize(QStringLiteral("320x320"));
-    settings.setImageSizeArtist(QStringLiteral("160x160"));
-    settings.setImageSizePlaylist(QStringLiteral("480x320"));
-    KeloValue value;
-    value.setTidalSettings(settings);
-    return value;
-}
-
-CMPath loginPath()
+CMPath loginPath(const QString& subPath = QString())
 {
     CMPath path = KeloOAuth2ServicePath();
     path.appendSubpath(KeloTidalName());
+    if (!subPath.isEmpty())
+        path.appendSubpath(subPath);
     return path;
 }
 } // namespace
 
-HostValues::HostValues(const QString& apiUrl, const QString& token)
-    : CMNodesWorker(QVariantHash(), QStringLiteral("hostValues"))
+ModuleBed::ModuleBed()
 {
-    (new AcceptingNode(KeloOAuth2AddServicePath()))->setNodes(nodes());
+    m_hostThread.start("host", [this] {
+        auto* host = new Host;
+        CMNodes* nodes = host->nodes();
+        m_settings = CMValueNode::create(nodes, KeloTidalSettingsPath());
+        m_login = CMValueNode::create(nodes, loginPath());
+        m_token = CMValueNode::create(nodes, loginPath(KeloOAuth2AccessTokenSubPath()));
+        new TakingNode(nodes, KeloOAuth2AddServicePath(), [](const QString&) {});
+        new TakingNode(nodes, loginPath(KeloOAuth2RefreshSubPath()), [this](const QString& token) {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            m_refusedTokens.append(token);
+        });
+        KeloTidalSoundQuality quality;
+        quality.setSoundQuality(KeloTidalSoundQualities::HI_RES_);
+        KeloValue value;
+        value.setTidalSoundQuality(quality);
+        CMValueNode::create(nodes, KeloTidalSoundQualityPath())->setValue(value);
+        value.setBool(true);
+        CMValueNode::create(nodes, KeloTidalUsePostPaywallPath())->setValue(value);
+        return host;
+    });
+    setInstance(KeloPlayerPath(), this);
+    KeloTidalSettings settings;
+    settings.setCountryCode("NO");
+    settings.setImageUrl("http://images/");
+    settings.setImageSize("320x320");
+    settings.setImageSizeArtist("160x160");
+    settings.setImageSizePlaylist("480x320");
+    settings.setImageSizeGenre("160");
+    settings.setImageSizeMood("342x342");
+    settings.setMaxIdleTimeMs(30000);
+    setSettings(settings);
+    setLoggedIn(false);
+}
+
+ModuleBed::~ModuleBed()
+{
+    stop();
+    setInstance(KeloPlayerPath(), nullptr);
+}
+
+void ModuleBed::start()
+{
+    m_worker = static_cast<TidalWorker*>(m_moduleThread.start("tidal", [] {
+        QVariantHash settings;
+        return static_cast<TidalWorker*>(worker_create(nullptr, &settings));
+    }));
+}
+
+void ModuleBed::stop()
+{
+    m_moduleThread.stop();
+    m_worker = nullptr;
+}
+
+void ModuleBed::onWorker(const std::function<void(TidalHandler&)>& function)
+{
+    std::promise<void> done;
+    keloPost(m_worker, [&] {
+        function(*m_worker->getHandler());
+        done.set_value();
+    });
+    done.get_future().wait();
+}
+
+void ModuleBed::settle()
+{
+    onWorker([](TidalHandler&) {});
+}
+
+KeloTidalSettings ModuleBed::settings()
+{
+    return CMRoot().value(KeloTidalSettingsPath()).tidalSettings();
+}
+
+void ModuleBed::setSettings(const KeloTidalSettings& settings)
+{
+    KeloValue value;
+    value.setTidalSettings(settings);
+    m_settings->setValue(value);
+}
+
+void ModuleBed::setService(const std::string& baseUrl)
+{
+    KeloTidalSettings changed = settings();
+    changed.setApiUrl(QString::fromStdString(baseUrl + "/v1"));
+    setSettings(changed);
+}
+
+void ModuleBed::setLoggedIn(bool loggedIn, const QString& token)
+{
+    KeloValue value;
+    value.setString(token);
+    if (loggedIn)
+        m_token->setValue(value);
     KeloOAuth2Info info;
-    info.setLoggedIn(true);
-    KeloValue login;
-    login.setOauth2Info(info);
-    CMPath tokenPath = loginPath();
-    tokenPath.appendSubpath(KeloOAuth2AccessTokenSubPath());
-    KeloValue postPaywall;
-    postPaywall.setBool(true);
-    setValue(loginPath(), login);
-    setValue(tokenPath, text(token));
-    setValue(KeloTidalSettingsPath(), settingsValue(apiUrl));
-    setValue(KeloTidalUsePostPaywallPath(), postPaywall);
+    info.setLoggedIn(loggedIn);
+    value.setOauth2Info(info);
+    m_login->setValue(value);
 }
 
-QStringList HostValues::prefixes() const
+QStringList ModuleBed::takeRefusedTokens()
 {
-    return {QStringLiteral("/oauth2"), QStringLiteral("/settings")};
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_refusedTokens, {});
 }
 
-void HostValues::setValue(const CMPath& path, const KeloValue& value)
+QVariant ModuleBed::play(const KeloRoles& item, int)
 {
-    auto* node = qobject_cast<CMValueNode*>(nodes()->find(path));
-    if (!node)
-        node = CMValueNode::create(nodes(), path);
-    node->setValue(value);
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_played.append(item);
+    return "playing";
 }
 
-ModuleWorld::ModuleWorld() : m_sim(kelosim::SimOptions())
+QList<KeloRoles> ModuleBed::played() const
 {
-    std::string error;
-    if (!m_sim.start(&error))
-        qFatal("%s", error.c_str());
-    const QString apiUrl = QString::fromStdString(m_sim.baseUrl()) + QStringLiteral("/v1");
-    const QString token = QString::fromStdString(m_sim.issueToken());
-    m_host = qobject_cast<HostValues*>(
-        m_hostThread.start("host", [&] { return new HostValues(apiUrl, token); }));
-    m_worker = qobject_cast<TidalWorker*>(
-        m_workerThread.start("tidal", [] { return new TidalWorker(QVariantHash()); }));
-    // The first request sets the session up, so that the tests see their own requests alone.
-    rows(m_worker->addPrefix(QString()), 0, 1, {});
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_played;
 }
 
-ModuleWorld::~ModuleWorld()
-{
-    m_workerThread.stop();
-    m_hostThread.stop();
-}
-
-void ModuleWorld::onWorker(const std::function<void()>& function)
-{
-    auto done = std::make_shared<std::promise<void>>();
-    keloPost(m_worker, [&function, done] {
-        function();
-        done->set_value();
-    });
-    done->get_future().wait();
-}
-
-CMGetRowsRequest ModuleWorld::rows(const CMPath& path, int from, int to, const QStringList& roles)
-{
-    const CMGetRowsRequest request(path, from, to, roles);
-    CMRoot().request(request);
-    request.reply().waitForFinished(patienceMs);
-    return request;
-}
-
-QJsonObject ModuleWorld::sent(const QString& path, const std::function<void(TidalHandler&)>& send)
-{
-    m_sim.reset();
-    onWorker([&] { send(*m_worker->getHandler()); });
-    m_sim.waitForRequests(path.toStdString(), 1, patienceMs);
-    const auto log = QJsonDocument::fromJson(QByteArray::fromStdString(m_sim.log())).array();
-    for (const QJsonValue& entry : log) {
-        if (entry.toObject().value(QLatin1String("path")).toString().endsWith(path))
-            return entry.toObject();
-    }
-    return QJsonObject();
-}
-
-CMGetRowsRequest ModuleWorld::answered(const CMPath& path, int from, int to,
-                                       const QStringList& roles, int status, const QByteArray& body,
-                                       const QString& etag)
-{
-    const CMGetRowsRequest request(path, from, to, roles);
-    HttpClientHeaders headers;
-    if (!etag.isEmpty())
-        headers.insert(QStringLiteral("etag"), etag);
-    onWorker([&] {
-        const HttpClientPrivate priv{HttpClientPrivate::Data(request)};
-        m_worker->getHandler()->responder()->on_baseResponse_invoke(KeloUrl(), priv, status, 0,
-                                                                    body, headers);
-    });
-    return request;
-}
-
-const QStringList& ModuleWorld::allRoles()
+const QStringList& ModuleBed::allRoles()
 {
     static const QStringList roles = {
         KeloRoles::Path(),        KeloRoles::Type(),          KeloRoles::Title(),
@@ -158,14 +174,4 @@ const QStringList& ModuleWorld::allRoles()
         KeloRoles::Id(),          KeloRoles::AudioType(),     KeloRoles::Context(),
         KeloRoles::Description(), KeloRoles::ContainerType(), KeloRoles::ContainerPlayable()};
     return roles;
-}
-
-QString queryText(const QJsonObject& request)
-{
-    QStringList items;
-    const QJsonArray pairs = request.value(QLatin1String("query")).toArray();
-    for (const QJsonValue& pair : pairs)
-        items << pair.toArray().at(0).toString() + QLatin1Char('=') +
-                     pair.toArray().at(1).toString();
-    return items.join(QLatin1Char('&'));
 }

@@ -1,50 +1,52 @@
 #pragma once
 #include "TidalHandler.h"
 #include "TidalWorker.h"
-#include <kelo/CMNodesWorker.h>
+#include <functional>
+#include <kelo/CMRoot.h>
+#include <kelo/CMValueNode.h>
 #include <kelo/CMWorkerThread.h>
-#include <kelosim/SimServer.h>
-#include <QJsonArray>
-#include <QJsonObject>
+#include <kelo/PlayLogicInterface.h>
+#include <mutex>
 
-/// What the module finds in the host tree: its settings and a logged-in OAuth2 service.
-class HostValues : public CMNodesWorker
-{
-    Q_OBJECT
-public:
-    HostValues(const QString& apiUrl, const QString& token);
-    QStringList prefixes() const override;
-    void setValue(const CMPath& path, const KeloValue& value);
-};
-
-/// The module's worker on a thread of its own, beside the simulated service that it talks to.
-class ModuleWorld
+/// The module, made through its entry on a thread of its own, and what it finds in the host:
+/// settings, a login service that takes reports of refused tokens, a player that keeps what it is
+/// given. The web service is its owner's. Any thread.
+class ModuleBed : private PlayLogicInterface
 {
 public:
-    ModuleWorld();
-    ~ModuleWorld();
+    ModuleBed();
+    ~ModuleBed() override;
 
-    TidalWorker* worker() { return m_worker; }
-    HostValues* host() { return m_host; }
-    kelosim::SimServer& sim() { return m_sim; }
-    /// Runs a function on the worker's thread and waits for it.
-    void onWorker(const std::function<void()>& function);
-    /// Sends a rows request from outside and waits for its answer.
-    CMGetRowsRequest rows(const CMPath& path, int from, int to, const QStringList& roles);
-    /// Sends by a function of the handler and returns what arrived at the service for it.
-    QJsonObject sent(const QString& path, const std::function<void(TidalHandler&)>& send);
-    /// The request's reply after an answer of the service has been given to the responder.
-    CMGetRowsRequest answered(const CMPath& path, int from, int to, const QStringList& roles,
-                              int status, const QByteArray& body, const QString& etag = QString());
+    void start();
+    void stop();
+    TidalWorker* worker() const { return m_worker; }
+    /// Runs a function on the module's thread and waits for it.
+    void onWorker(const std::function<void(TidalHandler&)>& function);
+    /// Returns when everything that was queued for the module has run.
+    void settle();
 
+    static KeloTidalSettings settings();
+    void setSettings(const KeloTidalSettings& settings);
+    void setService(const std::string& baseUrl);
+    /// Publishes the login state, the token first.
+    void setLoggedIn(bool loggedIn, const QString& token = QStringLiteral("token-1"));
+    /// The tokens that the module has asked the login service to replace, since the last call.
+    QStringList takeRefusedTokens();
+    QList<KeloRoles> played() const;
+
+    /// The roles that clients ask for in lists.
     static const QStringList& allRoles();
 
 private:
-    kelosim::SimServer m_sim;
-    CMWorkerThread m_hostThread;
-    CMWorkerThread m_workerThread;
-    HostValues* m_host = nullptr;
-    TidalWorker* m_worker = nullptr;
-};
+    QVariant play(const KeloRoles& item, int options) override;
 
-QString queryText(const QJsonObject& request);
+    CMWorkerThread m_hostThread;
+    CMWorkerThread m_moduleThread;
+    TidalWorker* m_worker = nullptr;
+    CMValueNode* m_settings = nullptr;
+    CMValueNode* m_login = nullptr;
+    CMValueNode* m_token = nullptr;
+    mutable std::mutex m_mutex;
+    QStringList m_refusedTokens;
+    QList<KeloRoles> m_played;
+};

@@ -1,46 +1,24 @@
-#include "TreeFixture.h"
-
-#include "TidalWorker.h"
-#include <future>
-#include <kelo/CMListRowsNode.h>
-#include <kelo/KeloPost.h>
-
-extern "C" void* worker_create(const char* name, void* settings);
+#include "ModuleTest.h"
+#include <chrono>
+#include <httplib.h>
+#include <QJsonDocument>
 
 namespace {
 constexpr int patienceMs = 20000;
 
-/// Takes what is sent to it, on the sender's thread.
-class TakingNode : public CMNode
+std::string target(const QString& path)
 {
-public:
-    using Take = std::function<void(const QVariant&)>;
-    TakingNode(CMNodes* nodes, const CMPath& path, Take take)
-        : CMNode(path), m_take(std::move(take))
-    {
-        setNodes(nodes);
-    }
-    bool setDataRequest(const CMSetDataRequest& request) override
-    {
-        m_take(request.value());
-        request.reply().setValue(QVariant());
-        return true;
-    }
-
-private:
-    const Take m_take;
-};
-
-CMNodesWorker* makeWorker(const QString& prefix)
-{
-    return new CMNodesWorker({{QStringLiteral("prefix"), prefix}}, prefix.mid(1));
+    return ("/v1" + path + (path.contains('?') ? "&" : "?") + "countryCode=NO").toStdString();
 }
 
-CMPath loginPath()
+QJsonObject objectOf(const httplib::Result& result)
 {
-    CMPath path = KeloOAuth2ServicePath();
-    path.appendSubpath(KeloTidalName());
-    return path;
+    if (!result)
+        return QJsonObject();
+    QJsonObject object = QJsonDocument::fromJson(QByteArray::fromStdString(result->body)).object();
+    object.insert("_status", result->status);
+    object.insert("_etag", QString::fromStdString(result->get_header_value("ETag")));
+    return object;
 }
 } // namespace
 
@@ -52,229 +30,229 @@ void PrintTo(const QString& text, std::ostream* stream)
 
 void PrintTo(const QStringList& texts, std::ostream* stream)
 {
-    *stream << texts.join(QStringLiteral(" | ")).toStdString();
+    *stream << texts.join(" | ").toStdString();
 }
 QT_END_NAMESPACE
 
-RecordingPlayer::RecordingPlayer()
-{
-    setInstance(KeloPlayerPath(), this);
-}
-
-RecordingPlayer::~RecordingPlayer()
-{
-    setInstance(KeloPlayerPath(), nullptr);
-}
-
-QVariant RecordingPlayer::play(const KeloRoles& item, int)
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    m_played.append(item);
-    return QStringLiteral("playing");
-}
-
-QList<KeloRoles> RecordingPlayer::played() const
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return m_played;
-}
-
-TreeFixture::TreeFixture()
-{
-    m_service.script("/sessions", {{200, R"({"sessionId":"s","countryCode":"NO","userId":4005})"}});
-    m_service.script("/subscription", {{200, R"({"highestSoundQuality":"LOSSLESS"})"}});
-
-    m_settingsThread.start("settings", [this] {
-        CMNodesWorker* made = makeWorker(QStringLiteral("/settings"));
-        m_settings = CMValueNode::create(made->nodes(), KeloTidalSettingsPath());
-        KeloValue text;
-        text.setString(QStringLiteral("text"));
-        for (const CMPath& path :
-             {KeloTidalDeviceCodeUrlPath(), KeloTidalAuthorizationServiceUrlPath(),
-              KeloTidalTokenServiceUrlPath(), KeloTidalClientIdPath(), KeloTidalClientSecretPath(),
-              KeloTidalScope()})
-            CMValueNode::create(made->nodes(), path)->setValue(text);
-        KeloTidalSoundQuality quality;
-        quality.setSoundQuality(KeloTidalSoundQualities::HI_RES_);
-        KeloValue value;
-        value.setTidalSoundQuality(quality);
-        CMValueNode::create(made->nodes(), KeloTidalSoundQualityPath())->setValue(value);
-        value.setBool(true);
-        CMValueNode::create(made->nodes(), KeloTidalUsePostPaywallPath())->setValue(value);
-        return made;
-    });
-    m_oauthThread.start("oauth2", [this] {
-        CMNodesWorker* made = makeWorker(QStringLiteral("/oauth2"));
-        m_login = CMValueNode::create(made->nodes(), loginPath());
-        m_login->setTitle(QStringLiteral("Tidal"));
-        CMPath tokenPath = loginPath();
-        tokenPath.appendSubpath(KeloOAuth2AccessTokenSubPath());
-        m_token = CMValueNode::create(made->nodes(), tokenPath);
-        m_token->setSecret(true);
-        new TakingNode(made->nodes(), KeloOAuth2AddServicePath(), [](const QVariant&) {});
-        CMPath refreshPath = loginPath();
-        refreshPath.appendSubpath(KeloOAuth2RefreshSubPath());
-        new TakingNode(made->nodes(), refreshPath, [this](const QVariant& token) {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            m_refusedTokens.append(token.toString());
-        });
-        return made;
-    });
-    KeloTidalSettings settings;
-    settings.setApiUrl(QString::fromStdString(m_service.baseUrl()) + QStringLiteral("/v1"));
-    settings.setCountryCode(QStringLiteral("NO"));
-    settings.setImageUrl(QStringLiteral("http://images/"));
-    settings.setImageSize(QStringLiteral("320x320"));
-    settings.setMaxIdleTimeMs(30000);
-    setSettings(settings);
-    setLoggedIn(false);
-}
-
-TreeFixture::~TreeFixture()
-{
-    stop();
-}
-
-void TreeFixture::TearDown()
+void ModuleTest::TearDown()
 {
     stop();
     EXPECT_EQ(CMRoot().pendingRequests(), 0);
     CMRoot().setDeadlines(CMDeadlines());
 }
 
-void TreeFixture::start()
-{
-    m_worker = static_cast<TidalWorker*>(m_tidalThread.start("tidal", [] {
-        QVariantHash settings;
-        return static_cast<TidalWorker*>(worker_create(nullptr, &settings));
-    }));
-    ASSERT_NE(m_worker, nullptr);
-}
-
-void TreeFixture::stop()
-{
-    m_tidalThread.stop();
-    m_worker = nullptr;
-}
-
-void TreeFixture::setLoggedIn(bool loggedIn, const QString& token)
-{
-    KeloValue value;
-    value.setString(token);
-    if (loggedIn)
-        m_token->setValue(value);
-    KeloOAuth2Info info;
-    info.setLoggedIn(loggedIn);
-    info.setDisplayName(QStringLiteral("Tidal"));
-    value.setOauth2Info(info);
-    m_login->setValue(value);
-}
-
-QStringList TreeFixture::takeRefusedTokens()
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return std::exchange(m_refusedTokens, {});
-}
-
-void TreeFixture::setSettings(const KeloTidalSettings& settings)
-{
-    KeloValue value;
-    value.setTidalSettings(settings);
-    m_settings->setValue(value);
-}
-
-KeloTidalSettings TreeFixture::settings() const
-{
-    return m_settings->value().tidalSettings();
-}
-
-void TreeFixture::startConfigured()
+void ModuleTest::startConfigured(const QString& token)
 {
     start();
-    setLoggedIn(true);
+    setLoggedIn(true, token);
     settle();
-    ASSERT_EQ(errorOf(askRows(QStringLiteral("/tidal"))), QString());
+    ASSERT_EQ(errorOf(askRows("/tidal")), "");
 }
 
-CMGetRowsRequest TreeFixture::askRows(const QString& path, int from, int to,
-                                      const QStringList& roles)
+CMGetRowsRequest ModuleTest::askRows(const QString& path, int from, int to,
+                                     const QStringList& roles)
 {
     const CMGetRowsRequest request(CMPath::fromEncoded(path), from, to, roles);
     CMRoot().request(request);
     return request;
 }
 
-CMSetDataRequest TreeFixture::set(const QString& path, const QVariant& value, const QString& role)
+CMSetDataRequest ModuleTest::set(const QString& path, const QVariant& value, const QString& role)
 {
     const CMSetDataRequest request(CMPath::fromEncoded(path), role, value);
     CMRoot().request(request);
     return request;
 }
 
-CMGetDataRequest TreeFixture::askData(const QString& path, const QStringList& roles)
+CMGetDataRequest ModuleTest::askData(const QString& path, const QStringList& roles)
 {
     const CMGetDataRequest request(CMPath::fromEncoded(path), roles);
     CMRoot().request(request);
     return request;
 }
 
-bool TreeFixture::wait(const CMVoidReply& reply)
+bool ModuleTest::wait(const CMRequest& request)
 {
-    const bool isFinished = reply.waitForFinished(patienceMs);
+    const bool isFinished = request.reply().waitForFinished(patienceMs);
     EXPECT_TRUE(isFinished) << "no answer";
     return isFinished;
 }
 
-QString TreeFixture::errorOf(const CMRequest& request)
+CMSetDataRequest ModuleTest::setAndWait(const QString& path, const QVariant& value)
 {
-    if (!wait(request.reply()))
-        return QStringLiteral("no answer");
-    return request.reply().error().message();
+    const CMSetDataRequest request = set(path, value);
+    wait(request);
+    return request;
 }
 
-QList<QVariantHash> TreeFixture::rowsOf(const CMGetRowsRequest& answered)
+QString ModuleTest::errorOf(const CMRequest& request)
 {
-    QList<QVariantHash> result;
-    wait(answered.reply());
-    EXPECT_EQ(answered.reply().error().message(), QString());
-    const QVariantList rows = answered.reply().value().rows().toList();
+    return wait(request) ? request.reply().error().message() : "no answer";
+}
+
+KeloActionReply ModuleTest::actionOf(const CMSetDataRequest& request)
+{
+    EXPECT_EQ(errorOf(request), "");
+    const KeloActionReply reply(KeloHash(request.reply().value().toHash()));
+    EXPECT_EQ(reply.xclass(), "KeloActionReply");
+    return reply;
+}
+
+QList<KeloRoles> ModuleTest::rowsOf(const CMGetRowsRequest& request)
+{
+    EXPECT_EQ(errorOf(request), "");
+    QList<KeloRoles> result;
+    const QVariantList rows = request.reply().value().rows().toList();
     for (const QVariant& row : rows) {
         const QVariantList values = row.toList();
-        EXPECT_EQ(values.size(), answered.roles().size());
-        QVariantHash roles;
-        for (int i = 0; i < values.size(); ++i)
-            roles.insert(answered.roles().at(i), values.at(i));
+        EXPECT_EQ(values.size(), request.roles().size());
+        KeloRoles roles;
+        for (int i = 0; i < values.size(); ++i) {
+            if (values.at(i).isValid())
+                roles.insert(request.roles().at(i), values.at(i));
+        }
         result.append(roles);
     }
     return result;
 }
 
-QStringList TreeFixture::column(const QString& path, const QString& role)
+QStringList ModuleTest::column(const QList<KeloRoles>& rows, const QString& role)
 {
     QStringList result;
-    const QList<QVariantHash> rows = rowsOf(askRows(path));
-    for (const QVariantHash& row : rows)
+    for (const KeloRoles& row : rows)
         result.append(row.value(role).toString());
     return result;
 }
 
-QStringList TreeFixture::itemRoles()
+QStringList ModuleTest::column(const QString& path, const QString& role)
 {
-    return {KeloRoles::Path(), KeloRoles::Type(), KeloRoles::Title(), KeloRoles::Context(),
-            KeloRoles::Value()};
+    return column(rowsOf(askRows(path)), role);
 }
 
-void TreeFixture::onWorker(const std::function<void()>& function)
+CMGetRowsRequest ModuleTest::answered(const QString& path, int from, int to, const QByteArray& body,
+                                      const QString& etag, const QStringList& roles)
 {
-    std::promise<void> done;
-    keloPost(m_worker, [&] {
-        function();
-        done.set_value();
+    const CMGetRowsRequest request(CMPath::fromEncoded(path), from, to, roles);
+    HttpClientHeaders headers;
+    if (!etag.isEmpty())
+        headers.insert("etag", etag);
+    onWorker([&](TidalHandler& handler) {
+        const HttpClientPrivate userData{HttpClientPrivate::Data(request)};
+        handler.responder()->on_baseResponse_invoke(KeloUrl(), userData, 200, 0, body, headers);
     });
-    done.get_future().wait();
+    return request;
 }
 
-void TreeFixture::settle()
+CMPath ModuleTest::menuOf(const KeloRoles& row)
 {
-    onWorker([] {});
+    return CMPath::fromEncoded(row.context().toHash().value(KeloRoles::Path()).toString());
+}
+
+ScriptedTest::ScriptedTest()
+{
+    m_service.script("/sessions", {{200, R"({"sessionId":"s","countryCode":"NO","userId":4005})"}});
+    m_service.script("/subscription", {{200, R"({"highestSoundQuality":"LOSSLESS"})"}});
+    setService(m_service.baseUrl());
+}
+
+SimulatedTest::SimulatedTest() : m_sim(kelosim::SimOptions())
+{
+    std::string error;
+    EXPECT_TRUE(m_sim.start(&error)) << error;
+    setService(m_sim.baseUrl());
+    const std::string token = m_sim.issueToken();
+    m_client = std::make_unique<httplib::Client>(m_sim.baseUrl());
+    m_client->set_keep_alive(true);
+    m_client->set_tcp_nodelay(true);
+    m_client->set_default_headers({{"Authorization", "Bearer " + token}});
+    startConfigured(QString::fromStdString(token));
+    // The last that the module asks for by itself.
+    EXPECT_TRUE(m_sim.waitForRequests("/moods", 1, patienceMs));
+}
+
+SimulatedTest::~SimulatedTest() = default;
+
+QJsonObject SimulatedTest::read(const QString& path)
+{
+    return objectOf(m_client->Get(target(path)));
+}
+
+QJsonObject SimulatedTest::post(const QString& path, const QByteArray& body, const QString& etag)
+{
+    httplib::Headers headers;
+    if (!etag.isEmpty())
+        headers.emplace("If-None-Match", etag.toStdString());
+    return objectOf(m_client->Post(target(path), headers, body.toStdString(),
+                                   "application/x-www-form-urlencoded"));
+}
+
+QList<qint64> SimulatedTest::playable(const QString& path)
+{
+    QList<qint64> ids;
+    for (const QJsonValue& item : itemsOf(path)) {
+        if (item["allowStreaming"].toBool())
+            ids.append(qint64(item["id"].toDouble()));
+    }
+    return ids;
+}
+
+QList<qint64> SimulatedTest::tracksIn(const QString& playlistId)
+{
+    QList<qint64> ids;
+    for (const QJsonValue& item : itemsOf("/playlists/" + playlistId + "/tracks?limit=1000"))
+        ids.append(qint64(item["id"].toDouble()));
+    return ids;
+}
+
+QString SimulatedTest::newPlaylist(const QByteArray& title, const QList<qint64>& tracks)
+{
+    const QJsonObject made = post(userPath + "/playlists", "title=" + title);
+    const QString id = made.value("uuid").toString();
+    QByteArray ids;
+    for (const qint64 track : tracks)
+        ids += QByteArray::number(track) + ',';
+    if (!ids.isEmpty())
+        post("/playlists/" + id + "/tracks", "trackIds=" + ids + "&toIndex=-1",
+             made.value("_etag").toString());
+    return id;
+}
+
+QStringList SimulatedTest::requestLog()
+{
+    QStringList lines;
+    const auto log = QJsonDocument::fromJson(QByteArray::fromStdString(m_sim.log())).array();
+    for (const QJsonValue& entry : log)
+        lines << entry["method"].toString() + ' ' + entry["path"].toString().mid(3);
+    return lines;
+}
+
+OpenRows::OpenRows(const QString& path) : m_notices(std::make_shared<Notices>())
+{
+    m_id = CMRoot().openRows(CMPath::fromEncoded(path), [notices = m_notices](const auto& notice) {
+        std::lock_guard<std::mutex> lock(notices->mutex);
+        QString text = notice.change.toStringList().join(' ');
+        if (notice.count >= 0)
+            text += QString(" of %1").arg(notice.count);
+        notices->texts.append(text);
+        notices->changed.notify_all();
+    });
+}
+
+OpenRows::~OpenRows()
+{
+    CMRoot().closeRows(m_id);
+}
+
+QString OpenRows::next()
+{
+    std::unique_lock<std::mutex> lock(m_notices->mutex);
+    m_notices->changed.wait_for(lock, std::chrono::milliseconds(patienceMs),
+                                [this] { return !m_notices->texts.isEmpty(); });
+    return m_notices->texts.isEmpty() ? QString() : m_notices->texts.takeFirst();
+}
+
+int OpenRows::pending() const
+{
+    std::lock_guard<std::mutex> lock(m_notices->mutex);
+    return m_notices->texts.size();
 }

@@ -1,18 +1,16 @@
 #pragma once
+#include "ModuleBed.h"
 #include "ScriptedService.h"
-#include <functional>
 #include <gtest/gtest.h>
-#include <kelo/CMRequest.h>
-#include <kelo/CMValueNode.h>
-#include <kelo/CMWorkerThread.h>
-#include <kelo/KeloOAuth2.h>
+#include <kelo/KeloActionReply.h>
 #include <kelo/KeloTidalConstants.h>
-#include <kelo/KeloTidalTypes.h>
-#include <kelo/PlayLogicInterface.h>
-#include <mutex>
-#include <QStringList>
+#include <kelosim/SimServer.h>
+#include <QJsonArray>
+#include <QJsonObject>
 
-class TidalWorker;
+namespace httplib {
+class Client;
+}
 
 QT_BEGIN_NAMESPACE
 /// How GoogleTest prints them.
@@ -20,77 +18,101 @@ void PrintTo(const QString& text, std::ostream* stream);
 void PrintTo(const QStringList& texts, std::ostream* stream);
 QT_END_NAMESPACE
 
-/// A player that keeps what it is given.
-class RecordingPlayer : public PlayLogicInterface
+inline QString q(const char* text)
 {
-public:
-    RecordingPlayer();
-    ~RecordingPlayer() override;
+    return QString::fromUtf8(text);
+}
 
-    QVariant play(const KeloRoles& item, int options) override;
-    QList<KeloRoles> played() const;
-
-private:
-    mutable std::mutex m_mutex;
-    QList<KeloRoles> m_played;
-};
-
-/// The module in a host tree with the settings and the login state that a test sets, against a
-/// scripted service. Session and subscription are answered unless a test says otherwise. The module
-/// is made through its entry, on a thread of its own.
-class TreeFixture : public testing::Test
+/// Base of the module's tests: requests as clients send them, and their answers. Tests start the
+/// module, which they find logged out or logged in and set up. Each ends with every request
+/// answered.
+class ModuleTest : public testing::Test, protected ModuleBed
 {
 protected:
-    TreeFixture();
-    ~TreeFixture() override;
-    /// Every test ends with every request answered.
     void TearDown() override;
-
-    /// Starts the module; called by tests that prepare more before.
-    void start();
-    void stop();
-    TidalWorker* worker() const { return m_worker; }
-    /// Publishes the login state, the token first.
-    void setLoggedIn(bool loggedIn, const QString& token = QStringLiteral("token-1"));
-    /// The tokens that the module has asked the login service to replace, since the last call.
-    QStringList takeRefusedTokens();
-    void setSettings(const KeloTidalSettings& settings);
-    KeloTidalSettings settings() const;
-    /// Starts the module logged in, with the session set up.
-    void startConfigured();
+    void startConfigured(const QString& token = "token-1");
 
     /// Sends requests from outside, without waiting.
     static CMGetRowsRequest askRows(const QString& path, int from = 0, int to = 49,
-                                    const QStringList& roles = itemRoles());
-    static CMSetDataRequest set(const QString& path, const QVariant& value,
+                                    const QStringList& roles = allRoles());
+    static CMSetDataRequest set(const QString& path, const QVariant& value = 1,
                                 const QString& role = KeloRoles::Value());
-    static CMGetDataRequest askData(const QString& path, const QStringList& roles);
+    static CMGetDataRequest askData(const QString& path,
+                                    const QStringList& roles = {KeloRoles::Title()});
     /// Waits for an answer; false, and a test failure, when none comes.
-    static bool wait(const CMVoidReply& reply);
-    /// The message of the error that a request is answered with; empty when it is none.
+    static bool wait(const CMRequest& request);
+    /// Sends, and waits for the answer.
+    static CMSetDataRequest setAndWait(const QString& path, const QVariant& value = 1);
+    /// These wait first. The message of the error that a request is answered with; empty for none.
     static QString errorOf(const CMRequest& request);
-    /// Asks for rows and waits: one role of each row.
+    static KeloActionReply actionOf(const CMSetDataRequest& request);
+    /// Rows by their roles; what has no value is left out. They are as long as the roles asked for.
+    static QList<KeloRoles> rowsOf(const CMGetRowsRequest& request);
+    /// One role of each row of a list.
+    static QStringList column(const QList<KeloRoles>& rows,
+                              const QString& role = KeloRoles::Title());
     static QStringList column(const QString& path, const QString& role = KeloRoles::Title());
-    /// Rows of a list as hashes of roles.
-    static QList<QVariantHash> rowsOf(const CMGetRowsRequest& answered);
-    static QStringList itemRoles();
+    /// A page of a list after the responder has been given this answer of the service.
+    CMGetRowsRequest answered(const QString& path, int from, int to, const QByteArray& body,
+                              const QString& etag = QString(),
+                              const QStringList& roles = allRoles());
+    /// Where the context menu of a row leads.
+    static CMPath menuOf(const KeloRoles& row);
+};
 
-    /// Runs a function on the module's thread and waits for it.
-    void onWorker(const std::function<void()>& function);
-    /// Returns when everything that was queued for the module has run.
-    void settle();
-
-    RecordingPlayer m_player;
+/// With a service that answers what the test says; session and subscription of user 4005 unless it
+/// says otherwise.
+class ScriptedTest : public ModuleTest
+{
+protected:
+    ScriptedTest();
     ScriptedService m_service;
+};
+
+/// With the simulated service, which holds a library; reads and edits it as another client would,
+/// past the module, which is set up.
+class SimulatedTest : public ModuleTest
+{
+protected:
+    SimulatedTest();
+    ~SimulatedTest() override;
+
+    QJsonObject read(const QString& path);
+    QJsonObject post(const QString& path, const QByteArray& body, const QString& etag = QString());
+    QJsonArray itemsOf(const QString& path) { return read(path).value("items").toArray(); }
+    /// Ids of the tracks of a list that can be played, and of all in a playlist, as the service
+    /// holds them.
+    QList<qint64> playable(const QString& path);
+    QList<qint64> tracksIn(const QString& playlistId);
+    QString newPlaylist(const QByteArray& title, const QList<qint64>& tracks = {});
+    /// Methods and paths that arrived since the last reset, parameters and tags left out.
+    QStringList requestLog();
+
+    const QString userPath = "/users/770011";
+    kelosim::SimServer m_sim;
 
 private:
-    CMWorkerThread m_settingsThread;
-    CMWorkerThread m_oauthThread;
-    CMWorkerThread m_tidalThread;
-    TidalWorker* m_worker = nullptr;
-    CMValueNode* m_settings = nullptr;
-    CMValueNode* m_login = nullptr;
-    CMValueNode* m_token = nullptr;
-    std::mutex m_mutex;
-    QStringList m_refusedTokens;
+    std::unique_ptr<httplib::Client> m_client;
+};
+
+/// A client that has a rows path open, and keeps the notices it gets.
+class OpenRows
+{
+public:
+    explicit OpenRows(const QString& path);
+    ~OpenRows();
+    /// The next notice as text: "close", "reset", "-4 of 7"; empty when none comes.
+    QString next();
+    /// Notices that have come and were not read.
+    int pending() const;
+
+private:
+    struct Notices
+    {
+        std::mutex mutex;
+        std::condition_variable changed;
+        QStringList texts;
+    };
+    std::shared_ptr<Notices> m_notices;
+    quint64 m_id;
 };

@@ -1,41 +1,33 @@
-#include "TidalOrderingNode.h"
-#include "TidalWorker.h"
-#include "TreeFixture.h"
-#include <kelo/KeloValue.h>
+#include "ModuleTest.h"
 
 namespace {
-QString q(const char* text)
-{
-    return QString::fromUtf8(text);
-}
+const QString myMusic = "/tidal/orderingcontext/";
+const QString playlistTracks = "/tidal/trackOrderingcontext/";
+const QString favorites = "/tidal/myMusic/req/favorites/users/";
 
-const QString myMusic = QStringLiteral("/tidal/orderingcontext/");
-const QString playlistTracks = QStringLiteral("/tidal/trackOrderingcontext/");
-const char* const favorites = "/tidal/myMusic/req/favorites/users/";
-
-class OrderingTest : public TreeFixture
+class OrderingTest : public ScriptedTest
 {
 protected:
     void SetUp() override { startConfigured(); }
 
-    void choose(const QString& node, const char* text)
+    void choose(const QString& node, const QString& text)
     {
-        const CMSetDataRequest request = set(node, q(text));
-        EXPECT_EQ(errorOf(request), QString());
+        const CMSetDataRequest request = set(node, text);
+        EXPECT_EQ(errorOf(request), "");
         EXPECT_FALSE(request.reply().value().isValid());
     }
     /// The query that opening a list sends.
     QString asked(const QString& list)
     {
-        wait(askRows(list, 0, 9).reply());
-        return QString::fromStdString(m_service.lastRequest("countryCode=NO&"))
-            .section(QLatin1Char('?'), 1, 1);
+        wait(askRows(list, 0, 9));
+        const QString line = QString::fromStdString(m_service.requests("countryCode=NO&").back());
+        return line.section('?', 1, 1);
     }
     static QStringList values(const char* menu)
     {
         QStringList result;
-        for (const QVariantHash& row : rowsOf(askRows(q(menu))))
-            result << KeloValue::fromVariant(row.value(KeloRoles::Value())).string_();
+        for (const KeloRoles& row : rowsOf(askRows(menu, 0, 9, {KeloRoles::Value()})))
+            result << KeloValue::fromVariant(row.value()).string_();
         return result.mid(1); // behind the heading
     }
 };
@@ -44,20 +36,23 @@ TEST_F(OrderingTest, ChoicesShowInTheirMenuAlone)
 {
     EXPECT_EQ(values("/tidal/orderingcontext"), (QStringList{"Name", "Asc", "All"}));
     EXPECT_EQ(values("/tidal/trackOrderingcontext"), (QStringList{"Index", "Asc"}));
-    choose(playlistTracks + q("orderDirection"), "Desc");
-    choose(playlistTracks + q("order"), "Length");
+    choose(playlistTracks + "orderDirection", "Desc");
+    choose(playlistTracks + "order", "Length");
     EXPECT_EQ(values("/tidal/orderingcontext"), (QStringList{"Name", "Asc", "All"}));
     EXPECT_EQ(values("/tidal/trackOrderingcontext"), (QStringList{"Length", "Desc"}));
-    EXPECT_EQ(asked(q("/tidal/req/playlists?contentId=u-1")),
-              q("countryCode=NO&order=LENGTH&orderDirection=DESC&offset=0&limit=10"));
-    EXPECT_EQ(asked(q(favorites) + q("tracks")),
-              q("countryCode=NO&offset=0&orderDirection=ASC&limit=10&order=NAME&filter=ALL"));
+    EXPECT_EQ(asked("/tidal/req/playlists?contentId=u-1"),
+              "countryCode=NO&order=LENGTH&orderDirection=DESC&offset=0&limit=10");
+    EXPECT_EQ(asked(favorites + "tracks"),
+              "countryCode=NO&offset=0&orderDirection=ASC&limit=10&order=NAME&filter=ALL");
 
-    choose(myMusic + q("filter"), "Private");
-    choose(myMusic + q("orderDirection"), "Desc");
-    EXPECT_EQ(values("/tidal/orderingcontext"), (QStringList{"Name", "Desc", "Private"}));
-    EXPECT_EQ(asked(q("/tidal/myMusic/req/created/users/playlists")),
-              q("countryCode=NO&offset=0&orderDirection=DESC&limit=10&order=NAME&filter=PRIVATE"));
+    choose(myMusic + "orderDirection", "Desc");
+    for (const QString& filter : {q("Public"), q("Private")}) {
+        choose(myMusic + "filter", filter);
+        EXPECT_EQ(values("/tidal/orderingcontext"), (QStringList{"Name", "Desc", filter}));
+        EXPECT_EQ(asked("/tidal/myMusic/req/created/users/playlists"),
+                  "countryCode=NO&offset=0&orderDirection=DESC&limit=10&order=NAME&filter=" +
+                      filter.toUpper());
+    }
 }
 
 TEST_F(OrderingTest, EveryOrderIsAskedForWhereTheServiceKnowsIt)
@@ -78,14 +73,13 @@ TEST_F(OrderingTest, EveryOrderIsAskedForWhereTheServiceKnowsIt)
         {"Sideways", "NAME", "playlists albums artists tracks"}, // as the host reads what is none
     };
     for (const auto& row : table) {
-        choose(myMusic + q("order"), row.order);
-        EXPECT_EQ(values("/tidal/orderingcontext").first(), q(row.order));
+        choose(myMusic + "order", row.order);
+        EXPECT_EQ(values("/tidal/orderingcontext").first(), row.order);
         for (const char* list : {"playlists", "albums", "artists", "tracks"}) {
-            const bool isSent = q(row.lists).split(QLatin1Char(' ')).contains(q(list));
-            const QString order = isSent ? q("&order=") + q(row.word) : QString();
-            EXPECT_EQ(asked(q(favorites) + q(list)),
-                      q("countryCode=NO&offset=0&orderDirection=ASC&limit=10") + order +
-                          q("&filter=ALL"))
+            const bool isSent = q(row.lists).split(' ').contains(list);
+            EXPECT_EQ(asked(favorites + list),
+                      q("countryCode=NO&offset=0&orderDirection=ASC&limit=10") +
+                          (isSent ? q("&order=") + row.word : "") + "&filter=ALL")
                 << row.order << " " << list;
         }
     }
@@ -94,53 +88,33 @@ TEST_F(OrderingTest, EveryOrderIsAskedForWhereTheServiceKnowsIt)
 TEST_F(OrderingTest, WhatIsNoChoiceNeverEmptiesAQuery)
 {
     for (const char* setting : {"order", "orderDirection", "filter"})
-        choose(myMusic + q(setting), "Sideways");
+        choose(myMusic + setting, "Sideways");
     EXPECT_EQ(values("/tidal/orderingcontext"), (QStringList{"Sideways", "Sideways", "Sideways"}));
-    EXPECT_EQ(asked(q(favorites) + q("albums")),
-              q("countryCode=NO&offset=0&orderDirection=ASC&limit=10&order=NAME&filter=ALL"));
+    EXPECT_EQ(asked(favorites + "albums"),
+              "countryCode=NO&offset=0&orderDirection=ASC&limit=10&order=NAME&filter=ALL");
 
-    choose(myMusic + q("order"), "Date");
-    for (const QVariant& value :
-         {QVariant(), QVariant(7), QVariant(QString()), QVariant(true),
-          QVariant(QVariantHash{{q("type"), q("i64_")}}),
-          QVariant(QVariantHash{{q("type"), q("string_")}, {q("string_"), 7}})}) {
-        const CMSetDataRequest request = set(myMusic + q("order"), value);
-        wait(request.reply());
-        EXPECT_EQ(request.reply().error().name(), CMError::BadRequestName());
-    }
+    choose(myMusic + "order", "Date");
+    for (const QVariant& value : {QVariant(), QVariant(7), QVariant(QString()), QVariant(true),
+                                  QVariant(QVariantHash{{"type", "i64_"}}),
+                                  QVariant(QVariantHash{{"type", "string_"}, {"string_", 7}})})
+        EXPECT_EQ(setAndWait(myMusic + "order", value).reply().error().name(),
+                  CMError::BadRequestName());
     for (const char* path : {"order/filter", "order/nothing", "order/Enums"})
-        EXPECT_NE(errorOf(set(myMusic + q(path), q("Date"))), QString()) << path;
-    EXPECT_EQ(values("/tidal/orderingcontext").first(), q("Date"));
-    const KeloValue stored = KeloValue::fromVariant(q("Name"));
-    EXPECT_EQ(errorOf(set(myMusic + q("order"), stored.toVariant())), QString());
-    EXPECT_EQ(values("/tidal/orderingcontext").first(), q("Name"));
+        EXPECT_NE(errorOf(set(myMusic + path, "Date")), "") << path;
+    EXPECT_EQ(values("/tidal/orderingcontext").first(), "Date");
+    choose(myMusic + "order", "Name");
+    EXPECT_EQ(errorOf(set(myMusic + "order", KeloValue::fromVariant("Album").toVariant())), "");
+    EXPECT_EQ(values("/tidal/orderingcontext").first(), "Album");
 }
 
 TEST_F(OrderingTest, AChoiceClosesTheViewsOfItsChoices)
 {
-    QStringList told;
-    CMSubscribe* subscription = worker()->nodes()->subscribe();
-    const auto listen = [&](const CMRowsNotice& notice) {
-        told << notice.path.base() + QLatin1Char(' ') + notice.change.toString();
-    };
-    QList<quint64> ids;
-    for (const QString& path : {myMusic + q("order/Enums"), myMusic + q("filter/Enums"),
-                                playlistTracks + q("order/Enums")})
-        ids << subscription->openRows(CMPath(path), listen);
-    choose(myMusic + q("order"), "Date");
-    settle(); // the answer comes before the notice
-    EXPECT_EQ(told, QStringList{myMusic + q("order/Enums close")});
-    for (const quint64 id : ids)
-        subscription->closeRows(id);
-}
-
-TEST_F(OrderingTest, TheLastComponentTellsTheSetting)
-{
-    const std::pair<const char*, int> table[] = {
-        {"/a/order", 1}, {"/a/orderDirection", 2}, {"/filter", 3},   {"/a/Order", 0},
-        {"/order/x", 0}, {"/a/filter?x=order", 3}, {"/a/orders", 0}, {"", 0}};
-    for (const auto& [path, type] : table)
-        EXPECT_EQ(int(TidalFilterEnumNode::getOrderingType(CMPath::fromEncoded(q(path)))), type)
-            << path;
+    OpenRows orders("/tidal/orderingcontext/order/Enums");
+    OpenRows filters("/tidal/orderingcontext/filter/Enums");
+    OpenRows trackOrders("/tidal/trackOrderingcontext/order/Enums");
+    choose(myMusic + "order", "Date");
+    EXPECT_EQ(orders.next(), "close");
+    settle();
+    EXPECT_EQ(filters.pending() + trackOrders.pending(), 0);
 }
 } // namespace

@@ -6,14 +6,26 @@
 
 namespace {
 constexpr auto patience = std::chrono::seconds(20);
+
+std::string lineOf(const httplib::Request& request)
+{
+    std::string line = request.method + " " + request.target.substr(3);
+    if (request.has_header("If-None-Match"))
+        line += " [" + request.get_header_value("If-None-Match") + "]";
+    return request.body.empty() ? line : line + " " + request.body;
 }
+} // namespace
 
 ScriptedService::ScriptedService() : m_server(new httplib::Server)
 {
     m_server->new_task_queue = [] { return new httplib::ThreadPool(32); };
+    m_server->set_tcp_nodelay(true);
     const auto handler = [this](const httplib::Request& request, httplib::Response& response) {
-        const Answer answer = answerFor(request.path, request.target);
+        const bool hasToken = request.get_header_value("Authorization").rfind("Bearer ", 0) == 0;
+        const Answer answer = answerFor(hasToken ? request.path : "", lineOf(request));
         response.status = answer.status;
+        if (!answer.etag.empty())
+            response.set_header("eTaG", answer.etag);
         response.set_content(answer.body, "application/json");
     };
     m_server->Get(".*", handler).Post(".*", handler).Delete(".*", handler);
@@ -58,28 +70,23 @@ void ScriptedService::hold(const std::string& pathPart)
 
 void ScriptedService::releaseOne(const std::string& pathPart, int which)
 {
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        Script& script = m_scripts[pathPart];
-        script.released.insert(script.heldFrom + std::size_t(which));
-    }
+    std::lock_guard<std::mutex> lock(m_mutex);
+    Script& script = m_scripts[pathPart];
+    script.released.insert(script.heldFrom + std::size_t(which));
     m_changed.notify_all();
 }
 
 void ScriptedService::releaseAll(const std::string& pathPart)
 {
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_scripts[pathPart].isHeld = false;
-    }
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_scripts[pathPart].isHeld = false;
     m_changed.notify_all();
 }
 
-ScriptedService::Answer ScriptedService::answerFor(const std::string& path,
-                                                   const std::string& target)
+ScriptedService::Answer ScriptedService::answerFor(const std::string& path, const std::string& line)
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    m_targets.push_back(target);
+    m_lines.push_back(line);
     m_changed.notify_all();
     Script* script = nullptr;
     std::size_t length = 0;
@@ -100,30 +107,28 @@ ScriptedService::Answer ScriptedService::answerFor(const std::string& path,
     return script->answers[std::min(number, script->answers.size() - 1)];
 }
 
-bool ScriptedService::waitForRequests(const std::string& targetPart, int count)
+std::vector<std::string> ScriptedService::linesWith(const std::string& part) const
+{
+    std::vector<std::string> lines;
+    std::copy_if(m_lines.begin(), m_lines.end(), std::back_inserter(lines),
+                 [&](const std::string& line) { return line.find(part) != std::string::npos; });
+    return lines;
+}
+
+bool ScriptedService::waitForRequests(const std::string& part, int count) const
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    return m_changed.wait_for(lock, patience, [&] {
-        return std::count_if(m_targets.begin(), m_targets.end(), [&](const std::string& target) {
-                   return target.find(targetPart) != std::string::npos;
-               }) >= count;
-    });
+    return m_changed.wait_for(lock, patience,
+                              [&] { return linesWith(part).size() >= std::size_t(count); });
 }
 
-int ScriptedService::requestCount(const std::string& targetPart) const
+int ScriptedService::requestCount(const std::string& part) const
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return int(std::count_if(m_targets.begin(), m_targets.end(), [&](const std::string& target) {
-        return target.find(targetPart) != std::string::npos;
-    }));
+    return int(requests(part).size());
 }
 
-std::string ScriptedService::lastRequest(const std::string& targetPart) const
+std::vector<std::string> ScriptedService::requests(const std::string& part) const
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    const auto found =
-        std::find_if(m_targets.rbegin(), m_targets.rend(), [&](const std::string& target) {
-            return target.find(targetPart) != std::string::npos;
-        });
-    return found == m_targets.rend() ? std::string() : *found;
+    return linesWith(part);
 }

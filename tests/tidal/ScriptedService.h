@@ -13,15 +13,16 @@ class Server;
 }
 
 /// A web service on loopback that answers what the test says. Which script a request gets is told
-/// by the longest text that its path contains. Threads of its own; every member may be called on
-/// any.
+/// by the longest text that its path contains; one without a script, or without a token, is
+/// refused. Threads of its own; every member may be called on any.
 class ScriptedService
 {
 public:
     struct Answer
     {
         int status = 200;
-        std::string body;
+        std::string body = {};
+        std::string etag = {};
     };
 
     ScriptedService();
@@ -38,11 +39,11 @@ public:
     /// Ends the hold.
     void releaseAll(const std::string& pathPart);
 
-    /// Waits for requests whose target contains a text; false when they do not come in time.
-    bool waitForRequests(const std::string& targetPart, int count);
-    int requestCount(const std::string& targetPart) const;
-    /// The newest target, path and query, that contains a text.
-    std::string lastRequest(const std::string& targetPart) const;
+    /// Waits for requests whose line contains a text; false when they do not come in time.
+    bool waitForRequests(const std::string& part, int count) const;
+    int requestCount(const std::string& part) const;
+    /// The lines that contain a text: "POST /path?query [tag] body", from behind "/v1" on.
+    std::vector<std::string> requests(const std::string& part = "") const;
 
 private:
     struct Script
@@ -53,12 +54,13 @@ private:
         std::set<std::size_t> released; ///< numbers of those that need not wait
         bool isHeld = false;
     };
-    Answer answerFor(const std::string& path, const std::string& target);
+    Answer answerFor(const std::string& path, const std::string& line);
+    std::vector<std::string> linesWith(const std::string& part) const;
 
     mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
+    mutable std::condition_variable m_changed;
     std::map<std::string, Script> m_scripts;
-    std::vector<std::string> m_targets;
+    std::vector<std::string> m_lines;
     bool m_isStopping = false;
     std::unique_ptr<httplib::Server> m_server;
     int m_port = 0;

@@ -1,0 +1,115 @@
+#include "ModuleTest.h"
+#include <limits>
+
+namespace {
+const char* const none = "(none)"; ///< left without an answer
+const char* const unread = "Error, failed to parse error message";
+const char* const refusal = R"({"status":400,"subStatus":1002,"userMessage":"title & more"})";
+
+/// What becomes of the service's answers that are no success.
+class AnswerTest : public ScriptedTest
+{
+protected:
+    void SetUp() override { startConfigured(); }
+};
+
+TEST_F(AnswerTest, StatusAndBodySayWhatFailed)
+{
+    const QString list = "/tidal/req/featured/new/albums";
+    const QString toptracks = "/tidal/req/artists?artistId=7&artistContent=toptracks";
+    const QString bio = "bio", create = "create", update = "update";
+    const QString move = "move", read = "read";
+    const QMap<QString, QString> edits = {
+        {bio, "/tidal/req/artists?artistId=7&artistContent=bio"},
+        {create, "/tidal/createPlaylist/accept"},
+        {update, "/tidal/updatePlaylists/accept?id=u"},
+        {move, "/tidal/myPlaylistTrackscontext/moveTrack/move?playlistId=u&rowNum=1"},
+        {read, "/tidal/playlistcontext/removeFromPlaylists?type=Playlists&id=u"}};
+    const struct
+    {
+        QString what; ///< a list, or the name of an edit
+        const char* asked;
+        int status;
+        const char* body;
+        const char* error;
+    } table[] = {
+        {list, "/featured", 400, R"({"status":400,"userMessage":"Too big page"})", "Bad request"},
+        {list, "/featured", 401, R"({"status":401,"userMessage":null})", "Unauthorized"},
+        {list, "/featured", 404, "<html>gone</html>", "Not found"},
+        {list, "/featured", 500, "", "Unexpected error"},
+        {list, "/featured", 503, "[]", "Service Unavailable: Back-end server is at capacity"},
+        {list, "/featured", 502, "<html>", "unknown Error"},
+        {list, "/featured", 204, "", "unknown Error"},
+        {toptracks, "/toptracks", 404, R"({"status":404})", "Not found"},
+        {toptracks, "/toptracks", 401, "gone", none},
+        {bio, "/bio", 404, R"({"status":404,"userMessage":"Bio of [7] not found"})", "Not found"},
+        {bio, "/bio", 200, "", ""},
+        {bio, "/bio", 500, "", none},
+        {bio, "/bio", 500, "<html>", none},
+        {bio, "/bio", 500, "{}", none},
+        {bio, "/bio", 500, "[]", none},
+        {create, "/users/4005/playlists", 201, "no JSON", ""},
+        {create, "/users/4005/playlists", 200, R"({"uuid":"u-9"})", unread},
+        {create, "/users/4005/playlists", 400, refusal, "title & more"},
+        {update, "/playlists/u", 200, "", ""},
+        {update, "/playlists/u", 201, "", unread},
+        {update, "/playlists/u", 404, refusal, "title & more"},
+        {move, "/playlists/u/tracks/1", 200, "", ""},
+        {move, "/playlists/u/tracks/1", 404, refusal, "Non existing track index"},
+        {move, "/playlists/u/tracks/1", 404, R"({"userMessage":"x"})", none},
+        {move, "/playlists/u/tracks/1", 500, "", none},
+        {read, "/playlists/u", 200, "<html>", none},
+        {read, "/playlists/u", 500, "", none},
+    };
+    for (const auto& row : table) {
+        SCOPED_TRACE(row.what.toStdString() + " " + std::to_string(row.status) + " " + row.body);
+        m_service.script("/playlists/u", {{200, R"({"uuid":"u"})"}});
+        m_service.script(row.asked, {{row.status, row.body}});
+        const CMRequest request =
+            edits.contains(row.what) ? CMRequest(set(edits.value(row.what))) : askRows(row.what);
+        wait(request);
+        const CMError error = request.reply().error();
+        EXPECT_EQ(error.name() == CMError::NoAnswerName() ? none : error.message(), row.error);
+        EXPECT_TRUE(!error.isSet() || error.name() == "TIDAL" || row.error == none);
+    }
+    // A playlist that something is to be put into has to be read.
+    m_service.script("/users/4005/playlists", {{201, "{\"uuid\":"}});
+    EXPECT_NE(errorOf(set(edits.value(create) + "?id=1&type=Tracks")), "");
+}
+
+TEST_F(AnswerTest, AnArtistsPageHasNoOtherLists)
+{
+    m_service.script("/artists/7/", {{200, R"({"totalNumberOfItems":1,"items":[{"id":1}]})"}});
+    for (const char* content : {"bio", "nothing", "TOPTRACKS"}) {
+        const auto request = askRows(q("/tidal/req/artists?artistId=7&artistContent=") + content);
+        wait(request);
+        EXPECT_EQ(request.reply().error().name(), CMError::NoAnswerName()) << content;
+    }
+}
+
+TEST_F(AnswerTest, ACountTellsHowFarAListReaches)
+{
+    constexpr int most = std::numeric_limits<int>::max();
+    const struct
+    {
+        int from, to, received, total, count;
+    } table[] = {
+        {0, 49, 50, 120, 120}, {100, 149, 20, 150, 120},
+        {0, 49, 10, 30, 10},   {0, 49, 30, 30, 30},
+        {0, 49, 48, 50, 48},   {10, 19, 10, 15, 15},
+        {0, 49, 0, 120, 120},  {0, 0, 1, 1, 1},
+        {most, most, 1, 5, 5}, {most - 1, most, 2, most, most},
+    };
+    for (const auto& row : table) {
+        QByteArray items;
+        for (int i = 0; i < row.received; ++i)
+            items += i ? ",{}" : "{}";
+        const auto request = answered("/tidal/req/albums?contentId=1", row.from, row.to,
+                                      "{\"totalNumberOfItems\":" + QByteArray::number(row.total) +
+                                          ",\"items\":[" + items + "]}");
+        EXPECT_EQ(request.reply().value().rowsCount(), row.count)
+            << row.from << "-" << row.to << " received " << row.received << " of " << row.total;
+        EXPECT_EQ(rowsOf(request).size(), row.received);
+    }
+}
+} // namespace
