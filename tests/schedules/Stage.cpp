@@ -257,7 +257,8 @@ void Stage::settle()
     for (;;) {
         const std::uint64_t seen = m_service.events();
         const int calls = callsUnderWay();
-        if (calls == m_service.heldCount())
+        // An answer that has come meanwhile may be queued, and lead to other calls.
+        if (calls == m_service.heldCount() && m_service.events() == seen)
             return;
         m_service.waitForEvent(seen);
     }
