@@ -585,7 +585,7 @@
     </message>
 </context>
 <context>
-    <name>bool TidalHandler::streamUrl(const QString&amp;, const CMSetDataRequest&amp;, KeloTidalSoundQualities::Enum, bool)</name>
+    <name>bool TidalHandler::checkSession(const CMRequest&amp;)</name>
     <message>
         <source>Access token is not set</source>
         <translation>アクセストークンが設定されていません</translation>
@@ -593,10 +593,6 @@
 </context>
 <context>
     <name>bool TidalHandler::track(const CMSetDataRequest&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
     <message>
         <source>Missing track ID</source>
         <translation>トラックIDがありません</translation>
@@ -836,13 +832,6 @@
     </message>
 </context>
 <context>
-    <name>void TidalHandler::addToPlaylist(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;, const QString&amp;, int)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
     <name>void TidalHandler::baseRequest(const CMGetRowsRequest&amp;, const QString&amp;, const QString&amp;, const QString&amp;)</name>
     <message>
         <source>Access token is not set</source>
@@ -911,27 +900,6 @@
     </message>
 </context>
 <context>
-    <name>void TidalHandler::getTracksForPlaylists(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::loopPlaylistManipulation(const CMSetDataRequest&amp;, const QString&amp;, const QVariant&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::moveTrack(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
     <name>void TidalHandler::on_addToFavorites_invoke(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;)</name>
     <message>
         <source>Access token is not set</source>
@@ -977,28 +945,7 @@
     </message>
 </context>
 <context>
-    <name>void TidalHandler::removeFromPlaylist(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::removePlaylist(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
     <name>void TidalHandler::search(const CMGetRowsRequest&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::updatePlaylist(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;, const QString&amp;)</name>
     <message>
         <source>Access token is not set</source>
         <translation>アクセストークンが設定されていません</translation>

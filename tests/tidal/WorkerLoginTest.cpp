@@ -349,15 +349,4 @@ TEST_F(WorkerLoginTest, TheCurrentPathIsTheLastOneOpenedOrLeft)
     }
     EXPECT_EQ(current(), "/tidal/genres");
 }
-
-TEST_F(WorkerLoginTest, StoppingAnswersWhatIsUnderWay)
-{
-    m_service.hold("/sessions");
-    start();
-    setLoggedIn(true);
-    askThree();
-    ASSERT_TRUE(m_service.waitForRequests("/sessions", 1));
-    stop();
-    EXPECT_EQ(answers(3).filter(": ").size(), 3);
-}
 } // namespace

@@ -295,13 +295,4 @@ TEST_F(WorkerPlayTest, ALateAnswerOfAnAttemptThatFailedLeavesTheNextAlone)
         }
     }
 }
-
-TEST_F(WorkerPlayTest, StoppingAnswersAnItemThatIsBeingLookedUp)
-{
-    m_service.hold(streamPath);
-    const CMSetDataRequest request = playId(12);
-    ASSERT_TRUE(m_service.waitForRequests(streamPath, 1));
-    stop();
-    EXPECT_NE(errorOf(request), "");
-}
 } // namespace
