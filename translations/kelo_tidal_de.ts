@@ -245,6 +245,10 @@
         <translation>kein Audiogerät, Wiedergabe ohne Ton</translation>
     </message>
     <message>
+        <source>the address holds no audio</source>
+        <translation>unter der Adresse gibt es keine Audiodaten</translation>
+    </message>
+    <message>
         <source>the address was refused (%1)</source>
         <translation>die Adresse wurde abgelehnt (%1)</translation>
     </message>
@@ -265,10 +269,6 @@
         <translation>die Audiodaten sind nicht angekommen: %1</translation>
     </message>
     <message>
-        <source>the address holds no audio</source>
-        <translation>unter der Adresse gibt es keine Audiodaten</translation>
-    </message>
-    <message>
         <source>the player ends</source>
         <translation>der Player wird beendet</translation>
     </message>
@@ -283,6 +283,11 @@
     <message>
         <source>there is nothing to play</source>
         <translation>es gibt nichts abzuspielen</translation>
+    </message>
+    <message>
+        <source>%1 broke off: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1 brach ab: %2</translation>
     </message>
     <message>
         <source>skipped: %1 cannot be played</source>
@@ -322,6 +327,10 @@
     <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>nach %1 nicht abspielbaren Titeln in Folge angehalten</translation>
+    </message>
+    <message>
+        <source>the audio output did not start within %1 seconds and was made anew</source>
+        <translation>die Audioausgabe ist nicht innerhalb von %1 Sekunden angelaufen und wurde neu aufgebaut</translation>
     </message>
     <message>
         <source>the audio server answered with status %1</source>

@@ -245,6 +245,10 @@
         <translation>pas de périphérique audio, lecture sans son</translation>
     </message>
     <message>
+        <source>the address holds no audio</source>
+        <translation>l’adresse ne contient pas d’audio</translation>
+    </message>
+    <message>
         <source>the address was refused (%1)</source>
         <translation>l’adresse a été refusée (%1)</translation>
     </message>
@@ -265,10 +269,6 @@
         <translation>l’audio n’est pas arrivé : %1</translation>
     </message>
     <message>
-        <source>the address holds no audio</source>
-        <translation>l’adresse ne contient pas d’audio</translation>
-    </message>
-    <message>
         <source>the player ends</source>
         <translation>le lecteur s’arrête</translation>
     </message>
@@ -283,6 +283,11 @@
     <message>
         <source>there is nothing to play</source>
         <translation>il n’y a rien à lire</translation>
+    </message>
+    <message>
+        <source>%1 broke off: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1 s’est interrompu : %2</translation>
     </message>
     <message>
         <source>skipped: %1 cannot be played</source>
@@ -322,6 +327,10 @@
     <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>arrêté après %1 éléments de suite impossibles à lire</translation>
+    </message>
+    <message>
+        <source>the audio output did not start within %1 seconds and was made anew</source>
+        <translation>la sortie audio n’a pas démarré en %1 secondes et a été recréée</translation>
     </message>
     <message>
         <source>the audio server answered with status %1</source>

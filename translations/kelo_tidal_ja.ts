@@ -245,6 +245,10 @@
         <translation>オーディオ機器がないため、音を出さずに再生しています</translation>
     </message>
     <message>
+        <source>the address holds no audio</source>
+        <translation>アドレスに音声がありません</translation>
+    </message>
+    <message>
         <source>the address was refused (%1)</source>
         <translation>アドレスが拒否されました（%1）</translation>
     </message>
@@ -265,10 +269,6 @@
         <translation>音声を受信できませんでした: %1</translation>
     </message>
     <message>
-        <source>the address holds no audio</source>
-        <translation>アドレスに音声がありません</translation>
-    </message>
-    <message>
         <source>the player ends</source>
         <translation>プレーヤーを終了します</translation>
     </message>
@@ -283,6 +283,11 @@
     <message>
         <source>there is nothing to play</source>
         <translation>再生するものがありません</translation>
+    </message>
+    <message>
+        <source>%1 broke off: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1の再生が途切れました: %2</translation>
     </message>
     <message>
         <source>skipped: %1 cannot be played</source>
@@ -322,6 +327,10 @@
     <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>再生できない項目が%1件続いたため停止しました</translation>
+    </message>
+    <message>
+        <source>the audio output did not start within %1 seconds and was made anew</source>
+        <translation>オーディオ出力が%1秒以内に開始しなかったため、作り直しました</translation>
     </message>
     <message>
         <source>the audio server answered with status %1</source>

@@ -245,6 +245,10 @@
         <translation>ingen lydenhet, spiller uten lyd</translation>
     </message>
     <message>
+        <source>the address holds no audio</source>
+        <translation>adressen inneholder ingen lyd</translation>
+    </message>
+    <message>
         <source>the address was refused (%1)</source>
         <translation>adressen ble avvist (%1)</translation>
     </message>
@@ -265,10 +269,6 @@
         <translation>lyden kom ikke fram: %1</translation>
     </message>
     <message>
-        <source>the address holds no audio</source>
-        <translation>adressen inneholder ingen lyd</translation>
-    </message>
-    <message>
         <source>the player ends</source>
         <translation>spilleren avsluttes</translation>
     </message>
@@ -283,6 +283,11 @@
     <message>
         <source>there is nothing to play</source>
         <translation>det er ingenting å spille av</translation>
+    </message>
+    <message>
+        <source>%1 broke off: %2</source>
+        <comment>%2 is the reason</comment>
+        <translation>%1 ble avbrutt: %2</translation>
     </message>
     <message>
         <source>skipped: %1 cannot be played</source>
@@ -322,6 +327,10 @@
     <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>stoppet etter %1 elementer på rad som ikke kan spilles av</translation>
+    </message>
+    <message>
+        <source>the audio output did not start within %1 seconds and was made anew</source>
+        <translation>lydutgangen startet ikke innen %1 sekunder og ble satt opp på nytt</translation>
     </message>
     <message>
         <source>the audio server answered with status %1</source>

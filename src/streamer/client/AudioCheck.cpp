@@ -25,7 +25,7 @@ AudioCheck AudioCheck::look()
     gchar* version = gst_version_string();
     result.version = QString::fromUtf8(version);
     g_free(version);
-    for (const char* name : {"playbin3", "souphttpsrc", "flacparse", "flacdec", "audioconvert",
+    for (const char* name : {"playbin", "souphttpsrc", "flacparse", "flacdec", "audioconvert",
                              "audioresample", "autoaudiosink"}) {
         if (!hasElement(name))
             result.missing.append(QString::fromLatin1(name));

@@ -36,6 +36,24 @@ void LoopThread::stop(std::function<void()> tearDown)
     m_loop = nullptr;
 }
 
+bool LoopThread::stop(std::function<void()> tearDown, std::chrono::milliseconds limit)
+{
+    const auto ended = std::make_shared<std::promise<void>>();
+    const std::future<void> end = ended->get_future();
+    post([loop = m_loop, tearDown = std::move(tearDown), ended] {
+        tearDown();
+        loop->quit();
+        ended->set_value();
+    });
+    m_loop = nullptr;
+    const bool isEnded = end.wait_for(limit) == std::future_status::ready;
+    if (isEnded)
+        m_thread.join();
+    else
+        m_thread.detach();
+    return isEnded;
+}
+
 void LoopThread::post(std::function<void()> function)
 {
     keloPost(m_loop, std::move(function));

@@ -1,4 +1,5 @@
 #pragma once
+#include <chrono>
 #include <functional>
 #include <thread>
 
@@ -18,6 +19,9 @@ public:
     void start(std::function<void()> setUp);
     /// Runs `tearDown` on the thread, then ends it. Returns when it has ended.
     void stop(std::function<void()> tearDown);
+    /// As stop(), but a thread that has not come to its end within the limit is left behind: it
+    /// runs `tearDown` and ends when it comes back. False then.
+    bool stop(std::function<void()> tearDown, std::chrono::milliseconds limit);
     /// Runs a function on the thread in a later turn of its loop. Between start() and stop().
     void post(std::function<void()> function);
     bool isRunning() const { return m_thread.joinable(); }

@@ -79,7 +79,19 @@ void FakeModule::release()
         id = m_heldId;
         scripted = m_answers[id];
     }
-    answer(request, id, scripted);
+    if (!request.isNull())
+        answer(request, id, scripted);
+}
+
+void FakeModule::holdRows()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_areRowsHeld = true;
+}
+
+void FakeModule::releaseRows()
+{
+    getRowsRequest(m_heldRows);
 }
 
 QStringList FakeModule::asked()
@@ -101,6 +113,10 @@ void FakeModule::getDataRequest(const CMGetDataRequest& request)
 void FakeModule::getRowsRequest(const CMGetRowsRequest& request)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
+    if (std::exchange(m_areRowsHeld, false)) {
+        m_heldRows = request;
+        return;
+    }
     const auto found = m_lists.find(request.path().toEncoded());
     if (found == m_lists.end())
         return request.reply().setError(
@@ -146,5 +162,13 @@ void FakeModule::answer(const CMSetDataRequest& request, const QString& id, cons
     if (!answer.error.isEmpty())
         return request.reply().setError(CMError(TrString(answer.error)));
     PlayLogicInterface* player = PlayLogicInterface::instance(KeloPlayerPath());
-    request.reply().setValue(player->play(item(request.path(), id, answer.maxIdleMs), 0));
+    KeloRoles completed = item(request.path(), id, answer.maxIdleMs);
+    if (!answer.uri.isEmpty()) {
+        KeloMediaData mediaData = completed.mediaData();
+        KeloResource resource = mediaData.resources().first();
+        resource.setUri(answer.uri);
+        mediaData.setResources({resource});
+        completed.setMediaData(mediaData);
+    }
+    request.reply().setValue(player->play(completed, 0));
 }

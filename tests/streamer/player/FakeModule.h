@@ -15,6 +15,7 @@ public:
         QString error;       ///< empty: with the item
         bool isHeld = false; ///< not before release()
         qint64 maxIdleMs = 0;
+        QString uri = {}; ///< empty: "fake:ID"
     };
 
     static CMPath prePlayPath(const QString& id) { return CMPath("/fake/prePlay/" + id); }
@@ -28,8 +29,11 @@ public:
     void setAnswer(const QString& id, const Answer& answer);
     /// Waits until a held request is there.
     bool waitForHeld();
-    /// Answers the held request.
+    /// Answers the held request, if there is one.
     void release();
+    /// The next request for rows is not answered before releaseRows().
+    void holdRows();
+    void releaseRows();
     /// Pre-play requests so far: "ID at OFFSET", in order.
     QStringList asked();
 
@@ -47,5 +51,7 @@ private:
     std::map<QString, Answer> m_answers;
     QStringList m_asked;
     CMSetDataRequest m_held; ///< null when there is none
+    bool m_areRowsHeld = false;
+    CMGetRowsRequest m_heldRows;
     QString m_heldId;
 };

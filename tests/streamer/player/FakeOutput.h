@@ -1,5 +1,6 @@
 #pragma once
 #include "AudioOutput.h"
+#include <condition_variable>
 #include <kelo/KeloPost.h>
 #include <map>
 #include <mutex>
@@ -9,7 +10,12 @@
 /// What the test and the output share: the test scripts it and reads the log from its own thread.
 struct OutputScript
 {
+    enum Start { AtOnce, Never, Hangs };
+
     std::mutex mutex;
+    std::condition_variable changed;
+    Start start = AtOnce;                   ///< what becomes of an item that is opened
+    int outputs = 0;                        ///< that exist
     QStringList log;                        ///< operations in order
     std::map<QString, OutputError> refused; ///< addresses that fail when they are opened
     qint64 positionMs = 0;
@@ -21,6 +27,25 @@ struct OutputScript
     {
         std::lock_guard<std::mutex> lock(mutex);
         return log;
+    }
+    void add(const QString& operation)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        log << operation;
+        changed.notify_all();
+    }
+    bool waitFor(const std::function<bool()>& condition)
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        return changed.wait_for(lock, std::chrono::seconds(20), condition);
+    }
+    /// What hangs comes back when it is to start at once.
+    void setStart(Start value)
+    {
+        std::lock_guard<std::mutex> lock(mutex);
+        start = value;
+        log.clear();
+        changed.notify_all();
     }
     void setPosition(qint64 ms)
     {
@@ -55,14 +80,30 @@ struct OutputScript
 class FakeOutput : public AudioOutput
 {
 public:
-    explicit FakeOutput(OutputScript& script) : m_script(script) { m_script.context = &m_context; }
+    explicit FakeOutput(OutputScript& script) : m_script(script)
+    {
+        std::lock_guard<std::mutex> lock(m_script.mutex);
+        m_script.context = &m_context;
+        ++m_script.outputs;
+    }
+    ~FakeOutput() override
+    {
+        std::lock_guard<std::mutex> lock(m_script.mutex);
+        --m_script.outputs;
+        m_script.changed.notify_all();
+    }
 
     void open(const OutputItem& item) override
     {
-        std::lock_guard<std::mutex> lock(m_script.mutex);
+        std::unique_lock<std::mutex> lock(m_script.mutex);
         m_script.log << QStringLiteral("open %1 %2").arg(item.uri).arg(item.startMs);
+        m_script.changed.notify_all();
         m_script.positionMs = item.startMs;
         m_script.events = events();
+        const bool starts = m_script.start == OutputScript::AtOnce;
+        m_script.changed.wait(lock, [this] { return m_script.start != OutputScript::Hangs; });
+        if (!starts)
+            return;
         const auto refused = m_script.refused.find(item.uri);
         const bool fails = refused != m_script.refused.end();
         OutputError error = fails ? refused->second : OutputError();
@@ -94,11 +135,7 @@ public:
     }
 
 private:
-    void add(const QString& line)
-    {
-        std::lock_guard<std::mutex> lock(m_script.mutex);
-        m_script.log << line;
-    }
+    void add(const QString& line) { m_script.add(line); }
 
     OutputScript& m_script;
     QObject m_context;

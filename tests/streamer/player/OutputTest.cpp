@@ -72,12 +72,12 @@ protected:
         on([&] { ms = output->durationMs(); });
         return ms;
     }
-    /// Waits until the log ends with an event; the whole log.
-    QString waitFor(const QString& event)
+    /// Waits until the log holds an event so many times; the whole log.
+    QString waitFor(const QString& event, int times = 1)
     {
         std::unique_lock<std::mutex> lock(mutex);
         EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(15), [&] {
-            return !log.isEmpty() && log.last() == event;
+            return log.count(event) >= times;
         })) << log.join(",").toStdString();
         return log.join(",");
     }
@@ -124,7 +124,7 @@ TEST_F(OutputTest, NullPlaysInRealTimeSeeksPausesAndChangesItems)
     waitFor("itemChanged");
     EXPECT_EQ(position(), 0);
     time.advance(200);
-    waitFor("aboutToFinish");
+    waitFor("aboutToFinish", 2);
     time.advance(2000);
     EXPECT_EQ(waitFor("finished"), "started,aboutToFinish,itemChanged,aboutToFinish,finished");
 }
@@ -138,6 +138,7 @@ TEST_F(OutputTest, EveryOutputTellsARefusedAddressFromOneThatIsNotThere)
         QString output;
         QString uri;
         OutputError::Kind kind;
+        const char* fault = "";
     } cases[] = {
         {"null", refused, OutputError::Refused},
         {"null", sim.baseUrl() + "/nothing", OutputError::NotFound},
@@ -146,9 +147,14 @@ TEST_F(OutputTest, EveryOutputTellsARefusedAddressFromOneThatIsNotThere)
         {"fakesink sync=false", sim.baseUrl() + "/nothing", OutputError::NotFound},
         {"fakesink sync=false", "http://127.0.0.1:1/", OutputError::Network},
         {"fakesink sync=false", sim.baseUrl() + "/sim/log", OutputError::Decode},
+        {"fakesink sync=false", sim.picture(), OutputError::Decode},
+        {"fakesink sync=false", good, OutputError::Network, "reset path=/audio/ when=before"},
+        {"fakesink sync=false", good, OutputError::Network, "reset path=/audio/ when=after"},
     };
     for (const auto& one : cases) {
         SCOPED_TRACE((one.output + " " + one.uri).toStdString());
+        sim.server().clearFaults();
+        EXPECT_TRUE(!*one.fault || sim.server().addFault(one.fault).empty());
         make(one.output);
         open(one.uri);
         const QString events = waitFor(QString("error %1").arg(one.kind));

@@ -1,4 +1,5 @@
 #include "PlayerFixture.h"
+#include "ThreadedOutput.h"
 
 namespace {
 using PlayerFailureTest = PlayerFixture;
@@ -159,6 +160,66 @@ TEST_F(PlayerFailureTest, AStopWhileResolvingDropsTheItem)
     module->release();
     ASSERT_EQ(run("stop"), "ok");
     EXPECT_EQ(opened().join(","), "");
+}
+
+TEST_F(PlayerFailureTest, AnOutputThatDoesNotStartIsMadeAnewAndTheCommandAnswered)
+{
+    addTracks({"1", "2"});
+    player.reset();
+    startPlayer(
+        [this](TimeSource&, QString* error) {
+            return ThreadedOutput::create(
+                [this](QString*) { return std::make_unique<FakeOutput>(script); }, error);
+        },
+        time);
+    const QString text = "the audio output did not start within 10 seconds and was made anew";
+    for (const auto start : {OutputScript::Never, OutputScript::Hangs}) {
+        SCOPED_TRACE(start);
+        script.setStart(start);
+        const auto reply = begin("play", {{"path", pathOf("1")}});
+        waitForOperation("open fake:1 0");
+        for (const char* name : {"pause", "resume"})
+            EXPECT_EQ(run(name), "ok");
+        time.advance(9999);
+        EXPECT_EQ(run("volume", {{"percent", 30}}), "ok");
+        EXPECT_FALSE(reply.isFinished());
+        time.advance(1);
+        EXPECT_EQ(outcome(reply), text);
+        EXPECT_EQ(waitForState("stopped")["note"], text);
+        waitForOperation("volume 30");
+        script.setStart(OutputScript::AtOnce);
+        EXPECT_EQ(run("resume"), "ok");
+        EXPECT_EQ(opened().last(), "open fake:1 0");
+        EXPECT_EQ(run("stop"), "ok");
+        EXPECT_TRUE(script.waitFor([this] { return script.outputs == 1; })); // what hung has ended
+    }
+    // The items that one command tries share its limit.
+    script.setStart(OutputScript::Never);
+    const auto reply = begin("play", {{"path", list.toEncoded()}});
+    waitForOperation("open fake:1 0");
+    time.advance(6000);
+    OutputError broken;
+    broken.kind = OutputError::Decode;
+    script.raise([broken](const auto& events) { events.error(broken); });
+    waitForOperation("open fake:2 0");
+    time.advance(4000);
+    EXPECT_EQ(outcome(reply), text);
+}
+
+TEST_F(PlayerFailureTest, TheStartOfAnEarlierItemDoesNotAnswerANewerPlay)
+{
+    addTracks({"1", "2"});
+    module->setAnswer("2", {"not available"});
+    script.setStart(OutputScript::Never);
+    const auto first = begin("play", {{"path", pathOf("1")}});
+    waitForOperation("open fake:1 0");
+    module->holdRows();
+    const auto second = begin("play", {{"path", pathOf("2")}});
+    EXPECT_EQ(outcome(first), "superseded by another command");
+    script.raise([](const auto& events) { events.started(); });
+    waitForState("playing");
+    module->releaseRows();
+    EXPECT_EQ(outcome(second), "not available");
 }
 
 TEST_F(PlayerFailureTest, AWrongPathDoesNotEndWhatPlays)

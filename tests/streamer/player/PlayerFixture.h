@@ -30,11 +30,14 @@ protected:
 
     void startPlayer()
     {
+        startPlayer([this](TimeSource&, QString*) { return std::make_unique<FakeOutput>(script); },
+                    time);
+    }
+    void startPlayer(const Player::OutputFactory& makeOutput, TimeSource& clock)
+    {
         PlayerOptions options;
         options.stateDir = stateDir.path();
-        player = std::make_unique<Player>(
-            options, [this](TimeSource&, QString*) { return std::make_unique<FakeOutput>(script); },
-            time);
+        player = std::make_unique<Player>(options, makeOutput, clock);
         player->addListener([this](const QJsonObject& status) {
             std::lock_guard<std::mutex> lock(m_mutex);
             m_last = status;
@@ -101,7 +104,7 @@ protected:
     /// Waits for an operation of the output.
     void waitForOperation(const QString& operation)
     {
-        waitFor([&](const QJsonObject&) { return script.operations().contains(operation); });
+        EXPECT_TRUE(script.waitFor([&] { return script.log.contains(operation); }));
     }
     QStringList opened() { return script.operations().filter(QRegularExpression("^(open|next) ")); }
 

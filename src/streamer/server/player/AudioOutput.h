@@ -30,9 +30,9 @@ struct OutputError
     qint64 positionMs = 0; ///< where the current item was
 };
 
-/// Turns addresses into sound. Owned by the player's engine; lives on the player's thread, where
-/// every operation is called and every event arrives, the events never from inside an operation. It
-/// knows addresses alone: no rows, no lists, no services.
+/// Turns addresses into sound. Owned by the player's engine or by a ThreadedOutput; lives on its
+/// owner's thread, where every operation is called and every event arrives, the events never from
+/// inside an operation. It knows addresses alone: no rows, no lists, no services.
 class AudioOutput
 {
 public:
@@ -59,6 +59,8 @@ public:
     virtual void seek(qint64 positionMs) = 0;
     /// 0 to 100, as people perceive it. Holds for later items too.
     virtual void setVolume(int percent) = 0;
+    /// Gives up what does not start: nothing is open then, and the volume holds.
+    virtual void restart() { stop(); }
 
     virtual qint64 positionMs() const = 0;
     /// 0 while unknown.

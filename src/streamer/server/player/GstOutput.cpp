@@ -95,10 +95,10 @@ std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* err
             *error = QStringLiteral("GStreamer has no sink; its base plug-ins are missing");
         return nullptr;
     }
-    GstElement* playbin = gst_element_factory_make("playbin3", nullptr);
+    GstElement* playbin = gst_element_factory_make("playbin", nullptr);
     if (!playbin) {
         if (error)
-            *error = QStringLiteral("GStreamer has no playbin3; its base plug-ins are missing");
+            *error = QStringLiteral("GStreamer has no playbin; its base plug-ins are missing");
         return nullptr;
     }
     gst_object_ref_sink(playbin);
@@ -277,6 +277,14 @@ void GstOutput::onPlaying()
 {
     if (std::exchange(m_hasStarted, true))
         return;
+    gint audioStreams = 0;
+    g_object_get(m_playbin, "n-audio", &audioStreams, nullptr);
+    if (audioStreams == 0) {
+        OutputError error;
+        error.kind = OutputError::Decode;
+        error.text = Language::ntr("the address holds no audio", "Player");
+        return onError(error);
+    }
     events().started();
 }
 

@@ -7,9 +7,12 @@
 #include <mutex>
 #include <QObject>
 
-/// Sound through GStreamer's playbin3. Messages of the pipeline are posted to the player's thread
-/// from the bus's sync handler, so no glib main loop runs. Items that follow each other without a
-/// gap are handed over while playbin's "about-to-finish" call waits on the streaming thread.
+/// Sound through GStreamer's playbin; lives on the thread of a ThreadedOutput, since a pipeline may
+/// take its time to change its state. Messages of the pipeline are posted to that thread from the
+/// bus's sync handler, so no glib main loop runs. Items that follow each other without a gap are
+/// handed over while playbin's "about-to-finish" call waits on the streaming thread. It is playbin
+/// and not playbin3, whose parts (GStreamer 1.22) wait for each other for ever when an item is
+/// taken down while it is being set up.
 class GstOutput : public AudioOutput
 {
 public:
@@ -31,7 +34,7 @@ public:
     QString note() const override { return m_note; }
 
 private:
-    /// What the streaming threads share with the player's thread, behind a mutex.
+    /// What the streaming threads share with the output's thread, behind a mutex.
     struct Handover
     {
         std::mutex mutex;
@@ -49,7 +52,7 @@ private:
     static void onAboutToFinish(GstElement* playbin, gpointer self);
     static void onSourceSetup(GstElement* playbin, GstElement* source, gpointer self);
     void handleBusMessage(GstMessage* message);
-    /// Runs a function on the player's thread unless the session has ended by then. Any thread.
+    /// Runs a function on the output's thread unless the session has ended by then. Any thread.
     void post(std::function<void()> function);
     void waitForNext();
     void postError(GstMessage* message);
@@ -75,7 +78,7 @@ private:
     /// the object to: what was written before is seen there.
     std::atomic<bool> m_isMade{false};
 
-    // Of the player's thread alone.
+    // Of the output's thread alone.
     bool m_isOpen = false;
     bool m_hasStarted = false;
     bool m_isPauseWanted = false;

@@ -7,11 +7,11 @@
 
 namespace {
 constexpr const char* logger = "player";
-constexpr guint sourceTimeoutSeconds = 15;
+constexpr guint sourceTimeoutSeconds = 8; // within the player's limit, so that it is told why
 /// How long the end of one stream waits to be told the address of the next.
 constexpr std::chrono::seconds handoverWait{8};
 
-OutputError::Kind kindOf(const GError* failure, guint httpStatus)
+OutputError::Kind kindOf(const GError* failure, guint httpStatus, bool isOfSource)
 {
     if (httpStatus == 403 || httpStatus == 410)
         return OutputError::Refused;
@@ -27,7 +27,9 @@ OutputError::Kind kindOf(const GError* failure, guint httpStatus)
             return OutputError::Device;
         return OutputError::Network;
     }
-    return failure->domain == GST_STREAM_ERROR ? OutputError::Decode : OutputError::Network;
+    // A source decodes nothing: its stream error says that the data broke off.
+    const bool isDecode = failure->domain == GST_STREAM_ERROR && !isOfSource;
+    return isDecode ? OutputError::Decode : OutputError::Network;
 }
 
 QString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* failure)
@@ -47,22 +49,6 @@ QString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* failu
         break;
     }
     return Language::ntr("the audio did not arrive: %1", "Player").arg(cause);
-}
-
-/// Whether the streams that a message announces include audio; without, the pipeline waits for
-/// ever.
-bool hasAudio(GstMessage* message)
-{
-    GstStreamCollection* streams = nullptr;
-    gst_message_parse_stream_collection(message, &streams);
-    bool isAudio = !streams;
-    for (guint i = 0; streams && i < gst_stream_collection_get_size(streams); ++i) {
-        GstStream* stream = gst_stream_collection_get_stream(streams, i);
-        isAudio = isAudio || (gst_stream_get_stream_type(stream) & GST_STREAM_TYPE_AUDIO);
-    }
-    if (streams)
-        gst_object_unref(streams);
-    return isAudio;
 }
 } // namespace
 
@@ -106,15 +92,6 @@ void GstOutput::handleBusMessage(GstMessage* message)
             post([this] { onPlaying(); });
         break;
     }
-    case GST_MESSAGE_STREAM_COLLECTION:
-        if (!hasAudio(message))
-            post([this] {
-                OutputError error;
-                error.kind = OutputError::Decode;
-                error.text = Language::ntr("the address holds no audio", "Player");
-                onError(error);
-            });
-        break;
     case GST_MESSAGE_BUFFERING: {
         gint percent = 100;
         gst_message_parse_buffering(message, &percent);
@@ -139,7 +116,9 @@ void GstOutput::postError(GstMessage* message)
     if (httpStatus < 100)
         httpStatus = 0; // a number that the library has for its own failures
     OutputError error;
-    error.kind = kindOf(failure, httpStatus);
+    const bool isOfSource =
+        GST_OBJECT_FLAG_IS_SET(GST_MESSAGE_SRC(message), GST_ELEMENT_FLAG_SOURCE);
+    error.kind = kindOf(failure, httpStatus, isOfSource);
     error.text = sentenceOf(error.kind, httpStatus, failure);
     // The debug text is not logged: it holds the address with its signature.
     KELO_LOG(logger, WARN) << GST_OBJECT_NAME(GST_MESSAGE_SRC(message)) << ": " << error.text;

@@ -38,6 +38,8 @@ void PlayerEngine::command(const Reply& reply)
 {
     fail(Language::ntr("superseded by another command", "Player"));
     m_reply = reply;
+    endStartLimit();
+    m_startLeftMs = startLimitMs;
     m_failures = 0;
     m_broken = Broken();
     m_isPauseWanted = false;
@@ -130,6 +132,7 @@ void PlayerEngine::stop(const Reply& reply)
 void PlayerEngine::halt(qint64 resumeMs)
 {
     endChain();
+    endStartLimit();
     m_output->stop();
     m_next = PlayItem();
     m_state = State::Stopped;
@@ -145,7 +148,8 @@ void PlayerEngine::haltAtBreak()
         m_item = broken.item;
         m_resumeMs = broken.positionMs;
         m_note.clear();
-        addNote(QStringLiteral("%1 broke off: %2").arg(m_item.name(), broken.text));
+        addNote(Language::ntr("%1 broke off: %2", "Player", "%2 is the reason")
+                    .arg(m_item.name(), broken.text));
     }
     halt(m_resumeMs);
 }

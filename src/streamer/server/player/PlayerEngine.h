@@ -4,6 +4,7 @@
 #include "PlayerStore.h"
 #include "RowFinder.h"
 #include "TimeSource.h"
+#include <optional>
 
 /// The player's logic: the present item, the queue behind it, and what happens when something
 /// fails. Owned by Player; lives on the player's thread, where every operation is called. It opens
@@ -42,6 +43,8 @@ private:
         Start,   ///< the item is opened when it is resolved
         Prefetch ///< it follows the present one without a gap
     };
+    /// Within it a command has its answer, whatever the output does.
+    static constexpr qint64 startLimitMs = 10000;
     struct Chain
     {
         bool isActive = false;
@@ -101,6 +104,10 @@ private:
     void onItemChanged();
     void onFinished();
     void onError(const OutputError& error);
+    /// Gives the output what is left of the command's limit to start what was opened.
+    void limitStart();
+    void endStartLimit();
+    void onStartLimit(quint64 number);
     bool isWorthARetry(const OutputError& error) const;
     void onNextRefused(const OutputError& error);
 
@@ -126,6 +133,9 @@ private:
     bool m_isNextBarred = false;  ///< the next item failed early: it is asked for again at the end
     bool m_isSkipping = false;    ///< the opened item is passed over when it fails before it starts
     int m_failures = 0;           ///< items in a row that failed; reset when one plays
+    qint64 m_startLeftMs = 0;     ///< the items that one command tries share one limit
+    std::optional<qint64> m_limitSinceMs; ///< set while the limit runs
+    quint64 m_startLimit = 0;             ///< number of the latest limit; earlier ones do nothing
     qint64 m_pausedAtMs = 0;
     qint64 m_savedAtMs = 0;
     quint64 m_tick = 0; ///< number of the latest tick; earlier ones do nothing

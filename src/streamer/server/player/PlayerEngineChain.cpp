@@ -127,6 +127,7 @@ void PlayerEngine::openItem(const PlayItem& item)
     m_isLast = false;
     m_isNextBarred = false;
     m_state = State::Resolving;
+    limitStart();
     m_output->open(item.forOutput());
     save();
     publish();

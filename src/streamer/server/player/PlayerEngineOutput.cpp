@@ -20,9 +20,14 @@ void PlayerEngine::connectOutput()
 
 void PlayerEngine::onStarted()
 {
+    endStartLimit();
     if (m_state == State::Paused)
         return; // the output began again, for a seek
     m_state = State::Playing;
+    if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
+        startTicking();
+        return publish(); // a command is leading elsewhere already, and is not answered by this
+    }
     m_broken = Broken();
     if (!std::exchange(m_isNoteFresh, false))
         m_note.clear();
@@ -60,6 +65,7 @@ void PlayerEngine::onItemChanged()
 
 void PlayerEngine::onFinished()
 {
+    endStartLimit();
     m_failures = 0;
     if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
         // A command is leading elsewhere already.
@@ -85,6 +91,7 @@ void PlayerEngine::onFinished()
 
 void PlayerEngine::onError(const OutputError& error)
 {
+    endStartLimit();
     if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
         m_state = State::Resolving; // a command is leading elsewhere already
         return publish();
@@ -112,6 +119,36 @@ void PlayerEngine::onError(const OutputError& error)
     m_chain.isRetry = true;
     m_chain.isSameItem = true;
     resolve();
+}
+
+void PlayerEngine::limitStart()
+{
+    if (m_reply.isNull())
+        m_startLeftMs = startLimitMs; // nobody waits
+    m_limitSinceMs = m_time.nowMs();
+    m_time.callAfter(std::max<qint64>(0, m_startLeftMs), this,
+                     [this, number = ++m_startLimit] { onStartLimit(number); });
+}
+
+void PlayerEngine::endStartLimit()
+{
+    if (m_limitSinceMs)
+        m_startLeftMs -= m_time.nowMs() - *m_limitSinceMs;
+    m_limitSinceMs.reset();
+    ++m_startLimit;
+}
+
+void PlayerEngine::onStartLimit(quint64 number)
+{
+    if (number != m_startLimit)
+        return;
+    m_output->restart();
+    OutputError error;
+    error.kind = OutputError::Device;
+    error.text = Language::ntr("the audio output did not start within %1 seconds and was made anew",
+                               "Player")
+                     .arg(startLimitMs / 1000);
+    onError(error);
 }
 
 /// A refused address has expired, and a connection that broke off may be made anew; both get one

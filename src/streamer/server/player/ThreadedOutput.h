@@ -1,0 +1,55 @@
+#pragma once
+#include "LoopThread.h"
+#include "OutputStage.h"
+#include <QObject>
+
+/// An output on a thread of its own, so that the player waits for nothing that an output does: a
+/// pipeline may take long to change its state, or never come back. Owned by the player's engine and
+/// of its thread; the output within is made, used and deleted on the other one. The position is the
+/// one measured there last, or where the latest operation leads as long as that is not done.
+class ThreadedOutput : public AudioOutput
+{
+public:
+    /// Null, with a sentence in `error`, when the output cannot be made. `make` runs again, on
+    /// another thread, when the output is made anew.
+    static std::unique_ptr<AudioOutput> create(OutputStage::Make make, QString* error);
+    /// Waits for the output's end for a while, then leaves it behind.
+    ~ThreadedOutput() override;
+
+    void open(const OutputItem& item) override;
+    void setNext(const OutputItem& item) override;
+    void pause() override;
+    void resume() override;
+    void stop() override;
+    void seek(qint64 positionMs) override;
+    void setVolume(int percent) override;
+    /// Leaves the output behind, which ends when it comes back, and makes another one. At most so
+    /// many are left behind; beyond, the one that hangs is kept.
+    void restart() override;
+    qint64 positionMs() const override;
+    qint64 durationMs() const override;
+    QString note() const override { return m_stage->measured().note; }
+
+private:
+    using Clock = OutputStage::Clock;
+
+    explicit ThreadedOutput(OutputStage::Make make) : m_make(std::move(make)) {}
+
+    void makeStage();
+    void run(Clock clock, OutputStage::Operation operation);
+    /// The next operation leads to another item, or to none.
+    void beginSession(qint64 positionMs, qint64 durationMs);
+
+    const OutputStage::Make m_make;
+    QObject m_context; ///< receives the output's events
+    LoopThread m_thread;
+    std::shared_ptr<OutputStage> m_stage;
+    /// Outputs that were left behind and have not come back.
+    std::shared_ptr<std::atomic<int>> m_left = std::make_shared<std::atomic<int>>(0);
+    quint64 m_session = 0;   ///< events of an earlier one are dropped
+    quint64 m_operation = 0; ///< number of the latest operation
+    int m_volume = 100;
+    /// Stand in for what is measured until their operation is done.
+    OutputStage::Measured m_position;
+    OutputStage::Measured m_duration;
+};
