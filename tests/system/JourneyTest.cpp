@@ -16,7 +16,7 @@ QStringList column(const QJsonObject& page, const char* role)
 const QString newAlbums = QStringLiteral("/tidal/req/featured/new/albums");
 const QString newTracks = QStringLiteral("/tidal/req/featured/new/tracks");
 
-using ServiceJourneyTest = ServiceTest;
+using JourneyServiceTest = ServiceTest;
 
 } // namespace
 
@@ -74,7 +74,7 @@ TEST(JourneyTest, aListenerFindsAnAlbumAndPlaysItThroughToTheNextTrack)
     EXPECT_EQ(streamer.stop(), 0);
 }
 
-TEST_F(ServiceJourneyTest, aListenerMakesFillsOrdersRenamesAndDeletesAPlaylist)
+TEST_F(JourneyServiceTest, aListenerMakesFillsOrdersRenamesAndDeletesAPlaylist)
 {
     const auto kelo = [this](const QStringList& arguments) {
         const Outcome outcome = streamer.kelo(arguments);
@@ -115,7 +115,7 @@ TEST_F(ServiceJourneyTest, aListenerMakesFillsOrdersRenamesAndDeletesAPlaylist)
     EXPECT_NE(again.err, "");
 }
 
-TEST_F(ServiceJourneyTest, aRestartKeepsTheLoginAndALogoutClosesTheTree)
+TEST_F(JourneyServiceTest, aRestartKeepsTheLoginAndALogoutClosesTheTree)
 {
     const auto albums = [&] { return streamer.rows(newAlbums)["rows"].toArray().size(); };
     EXPECT_EQ(streamer.stop(), 0);
@@ -135,6 +135,7 @@ TEST_F(ServiceJourneyTest, aRestartKeepsTheLoginAndALogoutClosesTheTree)
 
 TEST(JourneyTest, aServeThatCannotServeSaysWhy)
 {
+    const QString noModule = QString(KELO_MODULE).replace("cb_tidal", "api_play");
     const struct
     {
         const char* settings;
@@ -144,14 +145,17 @@ TEST(JourneyTest, aServeThatCannotServeSaysWhy)
     } cases[] = {
         {"[server]\nlistn = \"x\"\n", {}, 2, "listn"},
         {"[tidal]\nmax_idle_time_ms = \"soon\"\n", {}, 2, "max_idle_time_ms"},
-        {"", {"--module", "/nowhere/libx.so"}, 1, "/nowhere/libx.so"},
-        {"", {"--module", "/lib/x86_64-linux-gnu/libc.so.6"}, 1, "worker_create"},
+        {"", {"--module", "/nowhere/libx.so"}, 1, "there is no such file"},
+        {"", {"--module", KELO_OPENAPI}, 1, "cannot load the module"},
+        {"", {"--module", noModule}, 1, "it has no symbol \"worker_create\""},
     };
     for (const auto& item : cases) {
         Streamer streamer;
         EXPECT_FALSE(streamer.start(item.settings, item.arguments)) << item.said;
         EXPECT_EQ(streamer.stop(), item.status) << item.said;
-        EXPECT_TRUE(streamer.errors().contains(item.said)) << streamer.errors().toStdString();
+        const QByteArray errors = streamer.errors();
+        const QByteArray file = item.arguments.mid(1).join(' ').toUtf8();
+        EXPECT_TRUE(errors.contains(item.said) && errors.contains(file)) << errors.toStdString();
     }
     EXPECT_EQ(Streamer::run({"--server", "http://127.0.0.1:1", "rows", "/tidal"}).status, 3);
 }
