@@ -1,6 +1,7 @@
 #include "ServiceTest.h"
 
 #include <kelosim/SimServer.h>
+#include <QDeadlineTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QUrl>
@@ -44,7 +45,7 @@ TEST_F(WireTest, theSetUpBeginsWithTheSessionAndAsksForTheMenusOnce)
         ASSERT_TRUE(sim->waitForRequests("/featured", login, 20000));
         for (const auto& [menu, count] : menus) {
             int shown = 0; // the answer fills the menu behind the set-up
-            for (int looks = 0; looks < 500 && shown == 0; ++looks)
+            for (QDeadlineTimer end(20000); shown == 0 && !end.hasExpired();)
                 shown = rows(menu).body["rowsCount"].toInt();
             EXPECT_EQ(shown, count) << menu.toStdString();
         }
@@ -85,10 +86,10 @@ TEST_F(WireTest, aTokenThatTheServiceRefusesIsReplaced)
     sim->expireTokens();
     EXPECT_EQ(rows(newAlbums).body["detail"].toString(), "Unauthorized");
     ASSERT_TRUE(sim->waitForRequests("/oauth2/token", 1, 20000));
-    int status = 0;
-    for (int i = 0; i < 500 && status != 200; ++i)
-        status = rows(newAlbums).status;
-    EXPECT_EQ(status, 200);
+    Streamer::Answer answer;
+    for (QDeadlineTimer end(20000); answer.status != 200 && !end.hasExpired();)
+        answer = rows(newAlbums);
+    EXPECT_EQ(answer.status, 200) << answer.body["detail"].toString().toStdString();
     EXPECT_EQ(requests("/oauth2/token").size(), 1) << "one refusal or many, one refresh";
 
     // What is refused for playback is no matter of the token.
