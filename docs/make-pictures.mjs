@@ -1,8 +1,8 @@
 // Pictures of every screen for docs/screens.md: wide and narrow, light and dark.
 
 import path from "node:path";
-import { Streamer } from "./harness/streamer.js";
-import { closeBrowser, openWindow } from "./harness/window.js";
+import { Streamer } from "../tests/web/harness/streamer.js";
+import { closeBrowser, openWindow } from "../tests/web/harness/window.js";
 
 const newAlbums = "/tidal/req/featured/new/albums";
 const mine = "/tidal/myMusic/req/created/users/playlists";
