@@ -49,10 +49,9 @@ protected:
         m_id = newPlaylist("edited", m_model);
         for (int i = number(2, 6); i > 0 && !m_id.isEmpty() && !HasFailure(); --i)
             playEdit(randomEdit(), randomTrouble());
-        for (const QString& id : {m_id, m_sourceId}) {
-            if (!id.isEmpty())
-                remove(id);
-        }
+        const QString remove = "/tidal/playlistcontext/removeFromPlaylists?type=Playlists&id=";
+        EXPECT_EQ(errorOf(set(remove + m_sourceId)), "");
+        EXPECT_EQ(read("/playlists/" + m_sourceId).value("_status").toInt(), 404);
     }
 
 private:
@@ -115,29 +114,21 @@ private:
 
     CMSetDataRequest send(const Edit& edit)
     {
-        const QString playlist = q("?playlistId=") + m_id;
-        switch (edit.kind) {
-        case Edit::AddTrack:
-            return setAndWait(q("/tidal/context/addToPlaylists") + playlist +
-                              q("&type=Tracks&id=%1").arg(edit.added.first()));
-        case Edit::AddList:
-            return setAndWait(q("/tidal/playlistcontext/addToPlaylists") + playlist +
-                              q("&type=Playlists&id=") + m_sourceId);
-        case Edit::Remove:
-            return setAndWait(q("/tidal/playlistcontext/removeFromPlaylists") + playlist +
-                              q("&type=Tracks&rowNum=%1").arg(edit.row));
-        case Edit::Move:
-            break;
-        }
-        const QString menu = q("/tidal/myPlaylistTrackscontext/moveTrack");
-        setAndWait(menu + "/rowNum", edit.to);
-        return setAndWait(menu + q("/move") + playlist + q("&rowNum=%1").arg(edit.row));
+        const QString remove = "/tidal/playlistcontext/removeFromPlaylists?type=Tracks&rowNum=%1";
+        const QString move = "/tidal/myPlaylistTrackscontext/moveTrack";
+        const QString paths[] = {
+            q("/tidal/context/addToPlaylists?type=Tracks&id=%1").arg(edit.added.value(0)),
+            "/tidal/playlistcontext/addToPlaylists?type=Playlists&id=" + m_sourceId,
+            remove.arg(edit.row), (move + "/move?rowNum=%1").arg(edit.row)};
+        if (edit.kind == Edit::Move)
+            setAndWait(move + "/rowNum", edit.to);
+        return setAndWait(paths[edit.kind] + "&playlistId=" + m_id);
     }
 
     /// Another client appends a track; as often as it takes.
     void appendElsewhere(qint64 track)
     {
-        const QString path = q("/playlists/") + m_id;
+        const QString path = "/playlists/" + m_id;
         const QByteArray body = "trackIds=" + QByteArray::number(track) + "&toIndex=-1";
         for (int status = 412; status == 412;)
             status = post(path + "/tracks", body, read(path).value("_etag").toString())
@@ -184,13 +175,6 @@ private:
         // What may still be on its way can change the list behind the model.
         if (isGivenUp)
             m_id.clear();
-    }
-
-    void remove(const QString& id)
-    {
-        const QString path = q("/tidal/playlistcontext/removeFromPlaylists?type=Playlists&id=");
-        EXPECT_FALSE(setAndWait(path + id).reply().error().isSet());
-        EXPECT_EQ(read(q("/playlists/") + id).value(q("_status")).toInt(), 404);
     }
 
     std::mt19937 m_random;

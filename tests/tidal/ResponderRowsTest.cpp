@@ -230,18 +230,15 @@ TEST_F(ResponderRowsTest, ARowHasARoleWhereverItIsAskedFor)
 {
     const QStringList roles = {KeloRoles::ContainerPlayable(), "Unknown", KeloRoles::Title(),
                                KeloRoles::Icon(), KeloRoles::Title()};
-    const QList<QVariantList> expected = {
-        {true, QVariant(), "Create playlist", QVariant(), "Create playlist"},
-        {true, QVariant(), "T", QVariant(), "T"}};
-    const QString chooser = "/tidal/context/addToPlaylists/req/created/users/playlists";
-    const auto lead = answered(chooser, 0, 0, page("", 0), "", roles);
-    const auto album = answered("/tidal/req/featured/new/albums", 0, 0,
-                                page(R"({"id":1,"title":"T"})", 1), "", roles);
-    for (const auto& [request, row] : {std::pair(lead, 0), std::pair(album, 1)}) {
-        const QVariantList values = request.reply().value().rows().toList().value(0).toList();
-        ASSERT_EQ(values.size(), roles.size());
-        for (int i = 0; i < roles.size(); ++i)
-            EXPECT_EQ(values.at(i).toString(), expected.at(row).at(i).toString());
+    const std::pair<const char*, const char*> lists[] = {
+        {"/tidal/context/addToPlaylists/req/created/users/playlists", "Create playlist"},
+        {"/tidal/req/featured/new/albums", "T"}};
+    for (const auto& [list, title] : lists) {
+        const auto request = answered(list, 0, 0, page(R"({"title":"T"})", 1), "", roles);
+        QStringList texts;
+        for (const QVariant& value : request.reply().value().rows().toList().value(0).toList())
+            texts << value.toString();
+        EXPECT_EQ(texts, (QStringList{"true", "", title, "", title}));
     }
 }
 

@@ -96,15 +96,15 @@ ScriptedService::Answer ScriptedService::answerFor(const std::string& path, cons
             length = part.size();
         }
     }
+    const Answer refusal{404, "{}"};
     if (!script)
-        return Answer{404, "{}"};
+        return refusal;
     const std::size_t number = script->arrived++;
     m_changed.wait(lock, [&] {
         return m_isStopping || !script->isHeld || script->released.count(number) > 0;
     });
-    if (script->answers.empty())
-        return Answer{404, "{}"};
-    return script->answers[std::min(number, script->answers.size() - 1)];
+    const std::size_t last = script->answers.size() - 1;
+    return script->answers.empty() ? refusal : script->answers[std::min(number, last)];
 }
 
 std::vector<std::string> ScriptedService::linesWith(const std::string& part) const
@@ -120,11 +120,6 @@ bool ScriptedService::waitForRequests(const std::string& part, int count) const
     std::unique_lock<std::mutex> lock(m_mutex);
     return m_changed.wait_for(lock, patience,
                               [&] { return linesWith(part).size() >= std::size_t(count); });
-}
-
-int ScriptedService::requestCount(const std::string& part) const
-{
-    return int(requests(part).size());
 }
 
 std::vector<std::string> ScriptedService::requests(const std::string& part) const

@@ -41,7 +41,7 @@ public:
 
     /// Waits for requests whose line contains a text; false when they do not come in time.
     bool waitForRequests(const std::string& part, int count) const;
-    int requestCount(const std::string& part) const;
+    int requestCount(const std::string& part) const { return int(requests(part).size()); }
     /// The lines that contain a text: "POST /path?query [tag] body", from behind "/v1" on.
     std::vector<std::string> requests(const std::string& part = "") const;
 

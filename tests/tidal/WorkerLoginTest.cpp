@@ -112,13 +112,9 @@ TEST_F(WorkerLoginTest, AFailedSetUpAnswersEachAndTheNextRequestStartsAgain)
             logOutAndStop();
         }
     }
-}
-
-TEST_F(WorkerLoginTest, WithoutATokenTheSetUpFails)
-{
     start();
     setLoggedIn(true, "");
-    EXPECT_EQ(errorOf(askRows("/tidal")), failed);
+    EXPECT_EQ(errorOf(askRows("/tidal")), failed) << "without a token";
     setLoggedIn(true);
     EXPECT_EQ(errorOf(askRows("/tidal")), "");
 }

@@ -1,6 +1,5 @@
 #include "AnswerProbe.h"
 #include "ModuleTest.h"
-#include <kelo/KeloMimeTypes.h>
 #include <optional>
 
 namespace {
@@ -26,26 +25,20 @@ const QByteArray manifest = R"({"mimeType":"audio/flac","urls":["http://a/1","ht
 const std::string id12 = "\"trackId\":12,", id13 = "\"trackId\":13,";
 
 /// A row of track 12 as the module lists it.
-QVariantHash trackRow(bool withArtist)
+QVariantHash trackRow(const QVariantHash& artist)
 {
-    KeloMetaData metaData;
+    KeloMetaData metaData{KeloHash(artist)};
     metaData.setServiceID("tidal");
     metaData.setAlbum("Row album");
-    if (withArtist)
-        metaData.setArtist("Row artist");
     metaData.setPrePlayTimeOffset(5000);
     metaData.setContentPlayContextPath(CMPath("/tidal/list"));
-    KeloResource resource;
-    resource.setMimeType(MimeTypes::Audio::unknown());
     KeloMediaData mediaData;
     mediaData.setMetaData(metaData);
-    mediaData.setResources({resource});
-    KeloRoles row;
-    row.setMediaData(mediaData);
-    row.setTitle("Row title");
-    row.setIcon("Row icon");
-    row.setType(KeloRolesType::Audio_);
-    return row.toHash();
+    mediaData.setResources({KeloResource()});
+    return {{KeloRoles::MediaData(), mediaData.toVariant()},
+            {KeloRoles::Title(), "Row title"},
+            {KeloRoles::Icon(), "Row icon"},
+            {KeloRoles::Type(), KeloRolesType::Audio()}};
 }
 
 class WorkerPlayTest : public ScriptedTest
@@ -165,11 +158,13 @@ TEST_F(WorkerPlayTest, RefusesWhatIsNoPlayRequest)
 
 TEST_F(WorkerPlayTest, ARowIsCompletedWithWhatItLacks)
 {
-    const CMSetDataRequest whole = set("/tidal/prePlay/12", trackRow(true), KeloRoles::PrePlay());
+    const CMSetDataRequest whole =
+        set("/tidal/prePlay/12", trackRow({{KeloMetaData::Artist(), "Row artist"}}),
+            KeloRoles::PrePlay());
     EXPECT_EQ(errorOf(whole), "");
     EXPECT_EQ(whole.reply().value().toString(), "playing");
     EXPECT_EQ(m_service.requestCount(trackPath), 1); // the stream alone
-    const QVariant bare = trackRow(false).value(KeloRoles::MediaData());
+    const QVariant bare = trackRow({}).value(KeloRoles::MediaData());
     EXPECT_EQ(errorOf(set("/tidal/prePlay/12", bare, KeloRoles::PrePlay())), "");
     ASSERT_EQ(played().size(), 2);
 

@@ -32,24 +32,16 @@ TEST_F(WorkerTreeTest, MenusListTheirRowsInOrder)
         {"/tidal/trackOrderingcontext", {"Playlist tracks ordering", "Order", "Order direction"}},
         {"/tidal/trackOrderingcontext/orderDirection/Enums", {"Descending", "Ascending"}},
     };
+    const int nodes = worker()->nodes()->size();
     for (const auto& [path, titles] : menus)
         EXPECT_EQ(column(path), titles) << path;
+    EXPECT_EQ(worker()->nodes()->size(), nodes) << "it is built once";
 
     EXPECT_EQ(column("/tidal/new", KeloRoles::Type()).count(KeloRolesType::Header()), 3);
     EXPECT_EQ(column("/tidal/new", KeloRoles::Path()).at(3),
               "/tidal/req/master/recommended/playlists");
     EXPECT_EQ(column("/tidal/search/choose?query=a%20b", KeloRoles::Path()).at(1),
               "/tidal/search/choose/req/tracks?query=a%20b");
-}
-
-TEST_F(WorkerTreeTest, TheTreeIsBuiltOnce)
-{
-    const int nodes = worker()->nodes()->size();
-    const CMGetRowsRequest first = askRows("/tidal/new");
-    const CMGetRowsRequest second = askRows("/tidal/new");
-    EXPECT_EQ(column(rowsOf(second)), column(rowsOf(first)));
-    EXPECT_EQ(second.reply().value().rowsVersion(), first.reply().value().rowsVersion());
-    EXPECT_EQ(worker()->nodes()->size(), nodes);
 }
 
 TEST_F(WorkerTreeTest, AMenuEndsWithTheArtistsOfItsItem)
