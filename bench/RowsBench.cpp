@@ -92,8 +92,8 @@ int main(int argc, char** argv)
         // The first run fills caches and static texts, the second one counts.
         for (const bool isCounted : {false, true}) {
             bed.onWorker([&](TidalHandler&) {
-                result = isRows ? countRows(bed, list, body, isCounted)
-                                : countParsing(body, isCounted);
+                result =
+                    isRows ? countRows(bed, list, body, isCounted) : countParsing(body, isCounted);
             });
         }
         std::printf("%s: %d bytes, %d\n", list.name, int(body.size()), result);

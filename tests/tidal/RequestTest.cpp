@@ -140,15 +140,21 @@ TEST_F(RequestTest, EditsAreSentStepByStep)
         EXPECT_EQ(sent(row.sent.size()), row.sent) << row.path.toStdString();
     }
     // A favourite is removed once the service has said, by a number, that it is one.
-    const QString favorite = "/tidal/context/favorites?type=Tracks&id=";
-    for (const char* id : {"", "0", "12", "7"}) {
-        const CMGetDataRequest request = askData(favorite + id);
+    const QString favorite = "/tidal/context/favorites?type=%1&id=%2";
+    for (const auto& [type, id] : {std::pair("Tracks", ""),
+                                   {"Tracks", "0"},
+                                   {"Tracks", "12"},
+                                   {"Albums", "7"},
+                                   {"Artists", "7"},
+                                   {"Tracks", "7"}}) {
+        const CMGetDataRequest request = askData(favorite.arg(type, id));
         EXPECT_EQ(errorOf(request), "");
         EXPECT_EQ(request.reply().value().value(0).toString(),
                   id == q("7") ? "Remove from favorites" : "Add to favorites");
-        EXPECT_EQ(sent(1), QStringList("GET /users/4005/favorites/tracks?countryCode=NO&limit=50"));
+        EXPECT_EQ(sent(1), QStringList("GET /users/4005/favorites/" + q(type).toLower() +
+                                       "?countryCode=NO&limit=50"));
     }
-    setAndWait(favorite + "a%3Fb%23c%252Fd%26e%3D");
+    setAndWait("/tidal/context/favorites?type=Tracks&id=a%3Fb%23c%252Fd%26e%3D");
     EXPECT_EQ(sent(1), QStringList("DELETE /users/4005/favorites/tracks/a%3Fb%23c%252Fd&e="
                                    "?countryCode=NO"));
 }
