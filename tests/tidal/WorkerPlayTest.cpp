@@ -277,6 +277,7 @@ TEST_F(WorkerPlayTest, ALateAnswerOfAnAttemptThatFailedLeavesTheNextAlone)
             const int before = m_service.requestCount("/tracks");
             m_service.hold(trackPath);
             EXPECT_EQ(errorOf(playId(12)), "No");
+            ASSERT_TRUE(m_service.waitForRequests("/tracks", before + 2));
             m_service.hold("/tracks/13");
             const CMSetDataRequest second = playId(id);
             ASSERT_TRUE(m_service.waitForRequests("/tracks", before + 4));
