@@ -181,6 +181,11 @@ TEST_F(EditingTest, MovesATrackAndReloadsTheListThatWasOpen)
     setAndWait(rows[0], "1");
     EXPECT_EQ(errorOf(set(moveMenu + "/move?playlistId=" + id + "&rowNum=77")),
               "Non existing track index");
+
+    // Nobody is sent to a list of the login before.
+    setLoggedIn(false);
+    settle();
+    onWorker([&](TidalHandler&) { EXPECT_TRUE(worker()->playlistPath().isEmpty()); });
 }
 
 TEST_F(EditingTest, BeginsAgainUntilTheTagHolds)
