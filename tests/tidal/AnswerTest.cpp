@@ -9,8 +9,6 @@ const char* const refusal = R"({"status":400,"subStatus":1002,"userMessage":"tit
 /// What becomes of the service's answers that are no success.
 class AnswerTest : public ScriptedTest
 {
-protected:
-    void SetUp() override { startConfigured(); }
 };
 
 TEST_F(AnswerTest, StatusAndBodySayWhatFailed)

@@ -21,8 +21,6 @@ const QString page = "/tidal/req/artists?artistId=7&artistUrl=http%3A%2F%2Fw%2F7
 class ArtistTest : public ScriptedTest
 {
 protected:
-    void SetUp() override { startConfigured(); }
-
     static QString radio(int artist)
     {
         return q("/tidal/req/artists?artistContent=radio&artistId=%1").arg(artist);
@@ -162,6 +160,27 @@ TEST_F(ArtistTest, AnEmptyRadioIsNotKept)
     EXPECT_EQ(column(radio(7)), QStringList("No items found"));
     EXPECT_EQ(errorOf(askRows(radio(7))), "Not found");
     EXPECT_EQ(trackIds(askRows(radio(7))), (QStringList{"5", "6"}));
+}
+
+TEST_F(ArtistTest, ARadioIsForgottenWithItsLogin)
+{
+    const auto changeLogin = [this](const QString& token) {
+        setLoggedIn(false);
+        setLoggedIn(true, token);
+        EXPECT_EQ(errorOf(askRows("/tidal")), "");
+    };
+    m_service.script("/radio", {{200, tracks(5, 2)}});
+    m_service.hold("/radio");
+    const CMGetRowsRequest late = askRows(radio(7));
+    ASSERT_TRUE(m_service.waitForRequests("/radio", 1));
+    changeLogin("token-2");
+    m_service.releaseAll("/radio");
+    wait(late);
+    EXPECT_EQ(trackIds(askRows(radio(7))).size(), 2);
+    EXPECT_EQ(m_service.requestCount("/radio"), 2);
+    changeLogin("token-3");
+    EXPECT_EQ(trackIds(askRows(radio(7))).size(), 2);
+    EXPECT_EQ(m_service.requestCount("/radio"), 3);
 }
 
 TEST_F(ArtistTest, ABiographyLosesItsLinks)

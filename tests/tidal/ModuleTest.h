@@ -61,11 +61,12 @@ protected:
 };
 
 /// With a service that answers what the test says; session and subscription of user 4005 unless it
-/// says otherwise.
+/// says otherwise. The module is set up unless SetUp() does something else.
 class ScriptedTest : public ModuleTest
 {
 protected:
     ScriptedTest();
+    void SetUp() override { startConfigured(); }
     ScriptedService m_service;
 };
 

@@ -8,8 +8,6 @@ const QString favorites = "/tidal/myMusic/req/favorites/users/";
 class OrderingTest : public ScriptedTest
 {
 protected:
-    void SetUp() override { startConfigured(); }
-
     void choose(const QString& node, const QString& text)
     {
         const CMSetDataRequest request = set(node, text);

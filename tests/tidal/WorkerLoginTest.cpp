@@ -11,6 +11,7 @@ const QString failed = "Failed to initialize TIDAL";
 class WorkerLoginTest : public ScriptedTest
 {
 protected:
+    void SetUp() override {}
     /// One request of each kind, answered in that order.
     void askThree()
     {
@@ -244,6 +245,8 @@ TEST_F(WorkerLoginTest, ATokenIsReportedAsRefusedOnceWhateverCarriedIt)
 TEST_F(WorkerLoginTest, AnEditThatOutlivesItsLoginIsNotGoneOnWithInTheNext)
 {
     const ScriptedService::Answer playlist = {200, R"({"uuid":"p"})"};
+    const ScriptedService::Answer made = {201, playlist.body, "1"};
+    const ScriptedService::Answer noTracks = {200, R"({"totalNumberOfItems":0,"items":[]})"};
     const ScriptedService::Answer stale = {412, R"({"status":412,"subStatus":7002})"};
     const char* const tracks = "/playlists/p/tracks";
     const char* const ended = "User was logged out";
@@ -263,17 +266,9 @@ TEST_F(WorkerLoginTest, AnEditThatOutlivesItsLoginIsNotGoneOnWithInTheNext)
          ended},
         {"/playlists/p", playlist, "/tidal/myPlaylistTrackscontext/moveTrack/move" + track, tracks,
          ended},
-        {"/albums/7",
-         {200, R"({"totalNumberOfItems":0,"items":[]})"},
-         add + album,
-         "/playlists/p",
-         ended},
+        {"/albums/7", noTracks, add + album, "/playlists/p", ended},
         {tracks, stale, add + track, "/playlists/p", ""},
-        {"/users/7/playlists",
-         {201, playlist.body},
-         "/tidal/createPlaylist/accept" + album,
-         "/playlists/p",
-         ""},
+        {"/users/7/playlists", made, "/tidal/createPlaylist/accept" + album, "/albums/7", ""},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.path.toStdString() + " " + c.held);

@@ -3,8 +3,6 @@
 namespace {
 class WorkerTreeTest : public ScriptedTest
 {
-protected:
-    void SetUp() override { startConfigured(); }
 };
 
 TEST_F(WorkerTreeTest, MenusListTheirRowsInOrder)
