@@ -54,8 +54,7 @@ quint64 CMSubscribe::openRows(const CMPath& path, RowsListener listener)
         isFirst = ++d->clients[path] == 1;
     }
     if (isFirst)
-        Q_EMIT
-    rowsPathAdded(path);
+        Q_EMIT rowsPathAdded(path);
     return id;
 }
 
@@ -74,8 +73,7 @@ void CMSubscribe::closeRows(quint64 id)
             return;
         d->clients.erase(clients);
     }
-    Q_EMIT
-    rowsPathRemoved(path);
+    Q_EMIT rowsPathRemoved(path);
 }
 
 template <class IsTouched>

@@ -285,36 +285,29 @@ void TidalNodeResponder::emitFinished(KeloTidalRequestType::Enum type, const CMP
     roots.setRoot(answer);
     switch (type) {
     case KeloTidalRequestType::Sessions:
-        Q_EMIT
-        sessionsFinished(KeloTidalApiSessionsResponse(answer), error);
+        Q_EMIT sessionsFinished(KeloTidalApiSessionsResponse(answer), error);
         break;
     case KeloTidalRequestType::PrePlay:
-        Q_EMIT
-        streamUrlFinished(KeloTidalApiStreamUrlResponse(answer), error, priv.getCMSetDataRequest());
+        Q_EMIT streamUrlFinished(KeloTidalApiStreamUrlResponse(answer), error,
+                                 priv.getCMSetDataRequest());
         break;
     case KeloTidalRequestType::Tracks:
-        Q_EMIT
-        trackFinished(KeloTidalApiTrackResponse(answer), error);
+        Q_EMIT trackFinished(KeloTidalApiTrackResponse(answer), error);
         break;
     case KeloTidalRequestType::Featured:
-        Q_EMIT
-        contentRootsFinishedFeatured(roots, error);
+        Q_EMIT contentRootsFinishedFeatured(roots, error);
         break;
     case KeloTidalRequestType::Moods:
-        Q_EMIT
-        contentRootsFinishedMoods(roots, error);
+        Q_EMIT contentRootsFinishedMoods(roots, error);
         break;
     case KeloTidalRequestType::Genres:
-        Q_EMIT
-        contentRootsFinishedGenres(roots, error);
+        Q_EMIT contentRootsFinishedGenres(roots, error);
         break;
     case KeloTidalRequestType::Subscription:
-        Q_EMIT
-        subscriptionFinished(KeloTidalApiSubscriptionResponse(answer), error);
+        Q_EMIT subscriptionFinished(KeloTidalApiSubscriptionResponse(answer), error);
         break;
     case KeloTidalRequestType::Favorites:
-        Q_EMIT
-        addRemoveFavoritesFinished(priv.getCMSetDataRequest(), contextType(path), error);
+        Q_EMIT addRemoveFavoritesFinished(priv.getCMSetDataRequest(), contextType(path), error);
         break;
     case KeloTidalRequestType::AddToPlaylists:
     case KeloTidalRequestType::RemoveFromPlaylists:
@@ -337,7 +330,6 @@ void TidalNodeResponder::emitPlaylistFinished(KeloTidalRequestType::Enum type, c
         value = secondary.value();
         segment = secondary.path().splitBase().value(2);
     }
-    Q_EMIT
-    addRemovePlaylistFinished(priv.getCMSetDataRequest(), contextType(path), error, value, segment,
-                              type);
+    Q_EMIT addRemovePlaylistFinished(priv.getCMSetDataRequest(), contextType(path), error, value,
+                                     segment, type);
 }

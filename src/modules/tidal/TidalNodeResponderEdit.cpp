@@ -87,8 +87,7 @@ void TidalNodeResponder::on_newPlaylist_invoke(KeloUrl const&, HttpClientPrivate
         }
         uuid = playlist.uuid();
     }
-    Q_EMIT
-    newPlaylistFinished(request, uuid, etag);
+    Q_EMIT newPlaylistFinished(request, uuid, etag);
 }
 
 void TidalNodeResponder::on_updatePlaylist_invoke(KeloUrl const&, HttpClientPrivate const& priv,
@@ -98,8 +97,7 @@ void TidalNodeResponder::on_updatePlaylist_invoke(KeloUrl const&, HttpClientPriv
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "updatePlaylist response code: " << status;
     const CMSetDataRequest request = priv.getCMSetDataRequest();
     if (status == 200) {
-        Q_EMIT
-        updatePlaylistFinished(request);
+        Q_EMIT updatePlaylistFinished(request);
     } else {
         request.reply().setError(editRefusal(priv, status, output));
     }
@@ -111,8 +109,7 @@ void TidalNodeResponder::on_movePlaylistTrack_invoke(KeloUrl const&, HttpClientP
 {
     const CMSetDataRequest request = priv.getCMSetDataRequest();
     if (status == 200) {
-        Q_EMIT
-        movePlaylistTrackFinished(request);
+        Q_EMIT movePlaylistTrackFinished(request);
         return;
     }
     editRefusal(priv, status, output);

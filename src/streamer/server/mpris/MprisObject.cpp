@@ -79,8 +79,7 @@ void MprisObject::onStatus(const QJsonObject& status)
         m_connection.send(notice);
     }
     if (change.jumpUs)
-        Q_EMIT
-    m_adaptor->Seeked(*change.jumpUs);
+        Q_EMIT m_adaptor->Seeked(*change.jumpUs);
 }
 
 qint64 MprisObject::positionUs() const
