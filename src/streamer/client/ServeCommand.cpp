@@ -19,7 +19,6 @@ struct ServeCommand
         if (SettingsOptions::printProblems(terminal, loaded))
             return ExitUsage;
         options.stateDirectory = stateDirectory(options.stateDirectory);
-        options.settingsFile = loaded.file;
         return serve(options, loaded.settings);
     }
 };

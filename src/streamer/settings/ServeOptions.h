@@ -9,5 +9,4 @@ struct ServeOptions
     bool isDemo = false;    ///< start the simulated service inside and log in by itself
     QString stateDirectory; ///< absolute, chosen, not created yet
     QString moduleFile;     ///< --module; empty: the installed one
-    QString settingsFile;   ///< the file that was read; empty: none
 };
