@@ -1,7 +1,5 @@
 #include "client/CommandLine.h"
-#ifdef KELO_HAS_SERVER
 #include "server/Serve.h"
-#endif
 
 #include <csignal>
 #include <iostream>
@@ -28,23 +26,11 @@ void endSoon()
     alarm(1);
 }
 
-int serve(const ServeOptions& options, const Settings& settings)
-{
-#ifdef KELO_HAS_SERVER
-    return keloServe(options, settings);
-#else
-    Q_UNUSED(options)
-    Q_UNUSED(settings)
-    std::cerr << "kelo: serving is not built into this program\n";
-    return cli::ExitRefused;
-#endif
-}
-
 } // namespace
 
 int main(int argc, char** argv)
 {
-    cli::CommandLine commandLine({std::cout, std::cerr, cli::Terminal::ofStdout(), serve,
+    cli::CommandLine commandLine({std::cout, std::cerr, cli::Terminal::ofStdout(), keloServe,
                                   endOnInterrupt, waitToRetry, endSoon});
     return commandLine.run(std::vector<std::string>(argv + 1, argv + argc));
 }
