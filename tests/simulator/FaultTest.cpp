@@ -37,7 +37,7 @@ TEST_F(SimFault, BadLinesGetASentence)
     };
     for (const auto& row : rows)
         EXPECT_EQ(addFault(row[0]), row[1]);
-    const auto posted = m_client->Post("/sim/faults", "empty-list\nnonsense\n", "text/plain");
+    const auto posted = m_client->Post("/sim/faults", "status=500\nnonsense\n", "text/plain");
     EXPECT_EQ(posted->status, 400);
     EXPECT_GT(json("/genres").Size(), 0u) << "none of a bad set is put in force";
 }
@@ -98,7 +98,6 @@ TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
                         {"truncate bytes=100 framing=ok", true, 100},
                         {"empty", true, 0},
                         {"drip bytes=700 ms=1", true, whole},
-                        {"chunked", true, whole},
                         {"plain", true, whole}};
     for (const Row& row : rows) {
         ASSERT_EQ(addFault(std::string(row.fault) + " path=/genres count=1"), "");
@@ -109,8 +108,6 @@ TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
         }
         EXPECT_EQ(outcome(fresh("/genres")), "200") << "after " << row.fault;
     }
-    ASSERT_EQ(addFault("no-content path=/moods"), "");
-    EXPECT_EQ(get("/moods")->status, 204);
 }
 
 TEST_F(SimFault, SlowAnswersDoNotHoldUpOthersNorTheEnd)
@@ -136,18 +133,10 @@ TEST_F(SimFault, SwitchesChangeWhatTheServiceSays)
     EXPECT_EQ(hidden["totalNumberOfItems"].GetInt(), 20);
     EXPECT_EQ(hidden["items"].Size(), 16u);
 
-    ASSERT_EQ(addFault("empty-list path=/users"), "");
-    EXPECT_EQ(json("/users/770011/favorites/tracks")["totalNumberOfItems"].GetInt(), 0);
-    ASSERT_EQ(addFault("empty-list path=/genres"), "");
-    EXPECT_EQ(json("/genres").Size(), 0u);
-
     ASSERT_EQ(addFault("subscription=null"), "");
     EXPECT_TRUE(json("/users/770011/subscription")["highestSoundQuality"].IsNull());
     ASSERT_EQ(addFault("session-country=SE"), "");
     EXPECT_STREQ(json("/sessions")["countryCode"].GetString(), "SE");
-
-    ASSERT_EQ(addFault("float-numbers path=/albums"), "");
-    EXPECT_NE(get("/albums/500070")->body.find("\"id\":500070.0,"), std::string::npos);
 
     ASSERT_EQ(addFault("short-tracks=2"), "");
     EXPECT_EQ(json("/tracks/6000100")["duration"].GetInt(), 2);

@@ -140,8 +140,6 @@ TEST_F(SimMedia, GrantsAndManifestsFollowTheirSwitches)
     EXPECT_FALSE(info("6000100", "HIGH").HasMember("bitDepth"));
     ASSERT_EQ(addFault("quality=HIGH count=1"), "");
     EXPECT_STREQ(info("6000100")["audioQuality"].GetString(), "HIGH");
-    ASSERT_EQ(addFault("preview count=1"), "");
-    EXPECT_STREQ(info("6000100")["assetPresentation"].GetString(), "PREVIEW");
 
     const auto manifest = [&](const char* kind) {
         EXPECT_EQ(addFault(std::string("manifest count=1 kind=") + kind), "");

@@ -34,8 +34,6 @@ const std::vector<Kind>& kinds()
         {"size", {"*!bytes"}, "valid body padded to exactly so many bytes before compression"},
         {"empty", {}, "usual status, empty body"},
         {"plain", {}, "never compressed"},
-        {"chunked", {}, "chunked transfer although the length is known"},
-        {"no-content", {}, "204 without a body; the request is still carried out"},
         {"token-expired", {}, "every token issued so far is expired (at once, not per request)"},
         {"token-lifetime", {"*!seconds"}, "new access tokens live so long (604800)"},
         {"rotate-refresh", {}, "a refresh answer carries a new refresh token, the old one ends"},
@@ -48,15 +46,12 @@ const std::vector<Kind>& kinds()
         {"manifest",
          {"!kind"},
          "kind=dash, unknown, badbase64, nonjson, nourls, manyurls or encrypted"},
-        {"preview", {}, "playback grants a preview only"},
         {"playback-limit",
          {"*!calls", "*seconds"},
          "401/4006 for a while (60 s) once so many playback calls were made"},
         {"subscription", {"!quality"}, "highestSoundQuality is this name, or null"},
         {"session-country", {"!country"}, "the session names this country"},
         {"hidden-items", {}, "pages leave items out that the total counts"},
-        {"empty-list", {}, "lists have no items"},
-        {"float-numbers", {}, "whole numbers are written as 4005.0"},
         {"tag-lag", {"*count"}, "the next edits (1) with a fresh tag fail with 412/7002"},
         {"refuse-no-body", {}, "refused edits answer without a JSON body"},
         {"create-status", {"*!status"}, "creating a playlist answers with this status (201)"},
@@ -284,8 +279,6 @@ void Faults::onTheWay(const HttpRequest& request, HttpResponse& response)
         response.body.clear();
         response.source.reset();
     }
-    if (use("no-content", request))
-        response = HttpResponse::empty(204);
     if (const auto keys = use("truncate", request)) {
         const auto bytes = numberKey(*keys, "bytes", 0);
         transport.compress = false;
@@ -301,8 +294,6 @@ void Faults::onTheWay(const HttpRequest& request, HttpResponse& response)
     }
     if (use("plain", request))
         transport.compress = false;
-    if (use("chunked", request))
-        transport.chunked = true;
 }
 
 std::int64_t Faults::dateShiftMs(const HttpRequest& request)

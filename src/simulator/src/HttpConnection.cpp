@@ -205,7 +205,7 @@ bool HttpConnection::answer(const HttpRequest& request, HttpResponse response)
         sendReset();
         return false;
     }
-    bool chunked = transport.chunked;
+    bool chunked = false;
     std::string extra;
     if (transport.compress && !response.source && response.body.size() >= 256 &&
         acceptsGzip(request)) {

@@ -47,7 +47,6 @@ struct Transport
     int dripMs = 0;             // pause between pieces of dripBytes
     std::size_t dripBytes = 64;
     bool compress = true; // gzip when the client accepts it
-    bool chunked = false; // chunked although the length is known
 };
 
 struct HttpResponse

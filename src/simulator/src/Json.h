@@ -14,8 +14,7 @@ namespace kelosim {
 class JsonWriter
 {
 public:
-    // With `floatNumbers` whole numbers are written as "4005.0".
-    explicit JsonWriter(bool floatNumbers = false) : m_writer(m_buffer), m_floats(floatNumbers) {}
+    JsonWriter() : m_writer(m_buffer) {}
 
     JsonWriter& beginObject() { return m_writer.StartObject(), *this; }
     JsonWriter& endObject() { return m_writer.EndObject(), *this; }
@@ -40,8 +39,6 @@ public:
     {
         if constexpr (std::is_same_v<T, bool>)
             m_writer.Bool(number);
-        else if (m_floats)
-            m_writer.Double(static_cast<double>(number));
         else
             m_writer.Int64(static_cast<std::int64_t>(number));
         return *this;
@@ -68,7 +65,6 @@ public:
 private:
     rapidjson::StringBuffer m_buffer;
     rapidjson::Writer<rapidjson::StringBuffer> m_writer;
-    bool m_floats;
 };
 
 } // namespace kelosim

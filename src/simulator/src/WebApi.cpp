@@ -82,13 +82,8 @@ HttpResponse WebApi::handle(const HttpRequest& request, const std::string& baseU
 {
     std::vector<std::string> segments = request.segments();
     segments.erase(segments.begin()); // "v1"
-    Call call{request,
-              std::move(segments),
-              baseUrl,
-              request.queryValue("countryCode"),
-              ItemJson(m_catalogue, m_audio.shortSeconds()),
-              false};
-    call.floats = m_faults.use("float-numbers", request).has_value();
+    Call call{request, std::move(segments), baseUrl, request.queryValue("countryCode"),
+              ItemJson(m_catalogue, m_audio.shortSeconds())};
     if (auto refusal = checkAccess(call))
         return std::move(*refusal);
     return route(call);
@@ -146,14 +141,12 @@ HttpResponse WebApi::route(Call& call)
 HttpResponse WebApi::list(const Call& call, PageRule rule, std::size_t total, const Emit& emit,
                           const char* source)
 {
-    if (m_faults.use("empty-list", call.request))
-        total = 0;
     Page page;
     if (auto refusal = readPage(call.request, rule.usual ? rule.usual : total,
                                 std::max(rule.largest, rule.usual ? 0 : total), &page))
         return std::move(*refusal);
     const bool hidden = m_faults.use("hidden-items", call.request).has_value();
-    JsonWriter json = writer(call);
+    JsonWriter json;
     json.beginObject().field("limit", page.limit).field("offset", page.offset);
     json.field("totalNumberOfItems", total);
     if (source)

@@ -36,7 +36,6 @@ private:
         std::string baseUrl;
         std::string country;
         ItemJson items;
-        bool floats = false;
         bool isGet() const { return request.method == "GET" || request.method == "HEAD"; }
         // The segment's text, "" behind the last one.
         const std::string& segment(std::size_t index) const;
@@ -61,7 +60,6 @@ private:
     HttpResponse artistList(const Call& call, PageRule rule, const std::vector<int>& artists,
                             bool similar = false);
     HttpResponse playlistList(const Call& call, PageRule rule, const std::vector<Playlist>& lists);
-    JsonWriter writer(const Call& call) const { return JsonWriter(call.floats); }
 
     // WebApiCatalogue.cpp
     HttpResponse roots(const Call& call);

@@ -16,7 +16,7 @@ HttpResponse WebApi::artists(const Call& call)
         return part == "albums" && id >= 0 ? albumList(call, rule, {})
                                            : notFound("Artist [" + idText + "]");
     if (part.empty()) {
-        JsonWriter json = writer(call);
+        JsonWriter json;
         call.items.artist(json, m_catalogue.artist(*index));
         return HttpResponse::json(200, json.take());
     }
@@ -62,7 +62,7 @@ HttpResponse WebApi::artistBio(const Call& call, int artist)
 {
     if (!m_catalogue.hasBio(artist))
         return notFound("Bio of artist [" + call.segment(1) + "]");
-    JsonWriter json = writer(call);
+    JsonWriter json;
     json.beginObject().field("source", "ExampleBios");
     json.field("lastUpdated", "2021-11-08T19:46:34.127+0000");
     json.field("text", m_catalogue.bio(artist)).field("summary", "").endObject();

@@ -7,13 +7,11 @@ HttpResponse WebApi::roots(const Call& call)
 {
     const std::string& group = call.segment(0);
     const std::vector<Root>& all = m_catalogue.roots(group);
-    JsonWriter json = writer(call);
+    JsonWriter json;
     if (call.segments.size() == 1) {
         json.beginArray();
-        if (!m_faults.use("empty-list", call.request)) {
-            for (const Root& root : all)
-                call.items.root(json, root);
-        }
+        for (const Root& root : all)
+            call.items.root(json, root);
         return HttpResponse::json(200, json.endArray().take());
     }
     for (const Root& root : all) {
@@ -62,7 +60,7 @@ HttpResponse WebApi::albums(const Call& call)
         return notFound("Album [" + call.segment(1) + "]");
     const Album album = m_catalogue.album(*index);
     if (call.segments.size() == 2) {
-        JsonWriter json = writer(call);
+        JsonWriter json;
         call.items.album(json, album);
         return HttpResponse::json(200, json.take());
     }
@@ -89,7 +87,7 @@ HttpResponse WebApi::tracks(const Call& call)
         return notFound("Track [" + call.segment(1) + "]");
     const Track track = m_catalogue.track(*index);
     if (call.segments.size() == 2) {
-        JsonWriter json = writer(call);
+        JsonWriter json;
         call.items.track(json, track);
         return HttpResponse::json(200, json.take());
     }

@@ -46,12 +46,11 @@ HttpResponse WebApi::playbackInfo(const Call& call)
     int granted = std::min(asked, lossless); // nothing better is kept here
     if (const auto fault = m_faults.use("quality", request))
         granted = std::min(asked, rank(textKey(*fault, "grant")));
-    const bool preview = m_faults.use("preview", request).has_value() ||
-                         request.queryValue("assetpresentation") == "PREVIEW";
+    const bool preview = request.queryValue("assetpresentation") == "PREVIEW";
     std::string mimeType;
     const std::string manifest =
         this->manifest(call, *index, qualities[granted], preview, &mimeType);
-    JsonWriter json = writer(call);
+    JsonWriter json;
     json.beginObject().field("trackId", id);
     json.field("assetPresentation", preview ? "PREVIEW" : "FULL");
     if (preview)

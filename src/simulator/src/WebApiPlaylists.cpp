@@ -31,7 +31,7 @@ HttpResponse WebApi::playlists(const Call& call)
     if (items) {
         response = playlistItems(call, *playlist);
     } else {
-        JsonWriter json = writer(call);
+        JsonWriter json;
         call.items.playlist(json, *playlist);
         response = HttpResponse::json(200, json.take());
     }
@@ -139,7 +139,7 @@ HttpResponse WebApi::addItems(const Call& call, const std::string& uuid, const s
     const Library::Edit result = m_library.addItems(uuid, tag, ids, *toIndex, &after, &added, skip);
     if (result != Library::Edit::Done)
         return editAnswer(call, result, after);
-    JsonWriter json = writer(call);
+    JsonWriter json;
     json.beginObject().field("lastUpdated", after.updated).key("addedItemIds").beginArray();
     for (const std::int64_t id : added)
         json.value(id);

@@ -25,7 +25,7 @@ HttpResponse WebApi::session(const Call& call)
     std::string country = Catalogue::homeCountry;
     if (const auto fault = m_faults.use("session-country", call.request))
         country = textKey(*fault, "country");
-    JsonWriter json = writer(call);
+    JsonWriter json;
     json.beginObject().field("sessionId", "0f1e2d3c-4b5a-4697-8877-665544332211");
     json.field("userId", Library::userId).field("countryCode", country).field("channelId", 1);
     json.field("partnerId", 1).key("client").beginObject().field("id", 880022);
@@ -40,7 +40,7 @@ HttpResponse WebApi::subscription(const Call& call)
     if (const auto fault = m_faults.use("subscription", call.request))
         quality = textKey(*fault, "quality");
     const bool isFree = quality == "null";
-    JsonWriter json = writer(call);
+    JsonWriter json;
     json.beginObject().field("startDate", "2023-01-09T10:20:30.400+0000");
     json.field("validUntil", "2031-01-09T10:20:30.400+0000").field("status", "ACTIVE");
     json.key("subscription").beginObject().field("type", isFree ? "FREE" : "HIFI");
@@ -78,7 +78,7 @@ HttpResponse WebApi::userPlaylists(const Call& call)
         const Playlist made =
             m_library.create(textKey(form, "title"), textKey(form, "description"));
         const auto fault = m_faults.use("create-status", call.request);
-        JsonWriter json = writer(call);
+        JsonWriter json;
         call.items.playlist(json, made);
         HttpResponse response = HttpResponse::json(
             fault ? static_cast<int>(numberKey(*fault, "status", 201)) : 201, json.take());
