@@ -1,7 +1,7 @@
+#include "../FakeClock.h"
 #include "AudioOutput.h"
 #include "FlacHeader.h"
 #include "LoopThread.h"
-#include "ManualTime.h"
 #include "SimStreams.h"
 #include <condition_variable>
 #include <gtest/gtest.h>
@@ -89,7 +89,7 @@ protected:
     }
 
     SimStreams sim;
-    ManualTime time;
+    FakeClock time;
     OutputItem next; ///< handed over when the output asks for it; of the output's thread
     QString problem;
     LoopThread thread;

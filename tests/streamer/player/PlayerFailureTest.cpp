@@ -167,7 +167,7 @@ TEST_F(PlayerFailureTest, AnOutputThatDoesNotStartIsMadeAnewAndTheCommandAnswere
     addTracks({"1", "2"});
     player.reset();
     startPlayer(
-        [this](TimeSource&, QString* error) {
+        [this](Clock&, QString* error) {
             return ThreadedOutput::create(
                 [this](QString*) { return std::make_unique<FakeOutput>(script); }, error);
         },

@@ -1,7 +1,7 @@
 #pragma once
+#include "../FakeClock.h"
 #include "FakeModule.h"
 #include "FakeOutput.h"
-#include "ManualTime.h"
 #include "Player.h"
 #include <gtest/gtest.h>
 #include <kelo/CMWorkerThread.h>
@@ -30,10 +30,10 @@ protected:
 
     void startPlayer()
     {
-        startPlayer([this](TimeSource&, QString*) { return std::make_unique<FakeOutput>(script); },
+        startPlayer([this](Clock&, QString*) { return std::make_unique<FakeOutput>(script); },
                     time);
     }
-    void startPlayer(const Player::OutputFactory& makeOutput, TimeSource& clock)
+    void startPlayer(const Player::OutputFactory& makeOutput, Clock& clock)
     {
         PlayerOptions options;
         options.stateDir = stateDir.path();
@@ -109,7 +109,7 @@ protected:
     QStringList opened() { return script.operations().filter(QRegularExpression("^(open|next) ")); }
 
     QTemporaryDir stateDir;
-    ManualTime time;
+    FakeClock time;
     OutputScript script;
     CMWorkerThread moduleThread;
     FakeModule* module = nullptr;

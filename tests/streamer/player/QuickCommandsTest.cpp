@@ -14,10 +14,10 @@ protected:
     {
         player.reset();
         startPlayer(
-            [](TimeSource& clock, QString* error) {
+            [](Clock& clock, QString* error) {
                 return AudioOutput::create("fakesink sync=true", clock, error);
             },
-            steadyTime);
+            systemClock);
         QStringList ids;
         for (int i = 1; i <= tracks; ++i) {
             ids << QString::number(i);
@@ -43,7 +43,7 @@ protected:
     }
 
     SimStreams sim;
-    SteadyTime steadyTime;
+    SystemClock systemClock;
     std::mt19937 random{1};
 };
 
@@ -67,8 +67,8 @@ TEST_F(QuickCommandsTest, AreAllAnsweredAndThePlayerGoesOnPlaying)
     waitFor([](const QJsonObject& status) {
         return status["state"] == "playing" && status["positionMs"].toInt() >= 900;
     });
-    const qint64 beforeMs = steadyTime.nowMs();
+    const qint64 beforeMs = systemClock.steadyMs();
     player->stop();
-    EXPECT_LT(steadyTime.nowMs() - beforeMs, 2500); // no thread of the output had to be left
+    EXPECT_LT(systemClock.steadyMs() - beforeMs, 2500); // no thread of the output had to be left
 }
 } // namespace

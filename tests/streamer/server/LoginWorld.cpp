@@ -3,32 +3,6 @@
 #include <kelo/CMRoot.h>
 #include <QCoreApplication>
 
-void FakeClock::callLater(qint64 ms, QObject* receiver, std::function<void()> call)
-{
-    m_timers.emplace(m_steadyMs + ms, Timer{receiver, std::move(call)});
-}
-
-bool FakeClock::step()
-{
-    if (m_timers.empty())
-        return false;
-    const auto first = m_timers.begin();
-    m_steadyMs = std::max(m_steadyMs, first->first);
-    const Timer timer = first->second;
-    m_timers.erase(first);
-    if (timer.receiver)
-        timer.call();
-    return true;
-}
-
-void FakeClock::pass(qint64 seconds)
-{
-    const qint64 end = m_steadyMs + seconds * 1000;
-    while (!m_timers.empty() && m_timers.begin()->first <= end)
-        step();
-    m_steadyMs = end;
-}
-
 QString FakeEndpoint::Post::field(const char* name) const
 {
     for (const auto& [key, value] : form) {
@@ -46,7 +20,7 @@ void FakeEndpoint::answer(const TokenReply& reply)
 }
 
 LoginWorld::LoginWorld(const QString& folder, qint64 startS)
-    : store(folder.isEmpty() ? ownFolder.path() + "/oauth2" : folder), clock(startS)
+    : store(folder.isEmpty() ? ownFolder.path() + "/oauth2" : folder), clock(startS * 1000)
 {
     const CMPath path("/oauth2/services/tidal");
     m_watches.push_back(CMRoot().watchValue(

@@ -1,36 +1,9 @@
 #pragma once
+#include "../FakeClock.h"
 #include "oauth2/OAuth2Service.h"
 
 #include <deque>
-#include <map>
-#include <QPointer>
 #include <QTemporaryDir>
-
-/// Time that passes when the test says so.
-class FakeClock : public Clock
-{
-public:
-    explicit FakeClock(qint64 startS) : m_steadyMs(startS * 1000) {}
-
-    qint64 wallMs() const override { return m_wallMs + m_steadyMs; }
-    qint64 steadyMs() const override { return m_steadyMs; }
-    void callLater(qint64 ms, QObject* receiver, std::function<void()> call) override;
-
-    /// Goes on to the next timer and runs it; false when there is none.
-    bool step();
-    /// Lets this time pass and runs what falls due meanwhile.
-    void pass(qint64 seconds);
-
-private:
-    struct Timer
-    {
-        QPointer<QObject> receiver;
-        std::function<void()> call;
-    };
-    const qint64 m_wallMs = 1700000000000;
-    qint64 m_steadyMs;
-    std::multimap<qint64, Timer> m_timers;
-};
 
 /// A token endpoint that answers when the test says so.
 class FakeEndpoint : public TokenEndpoint

@@ -1,17 +1,8 @@
 #include "TreeLogin.h"
 
-#include <chrono>
+#include "Clock.h"
+
 #include <kelo/CMRoot.h>
-
-namespace {
-
-qint64 steadyMs()
-{
-    using namespace std::chrono;
-    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
-}
-
-} // namespace
 
 TreeLogin::TreeLogin(const QString& serviceName) : m_path(KeloOAuth2ServicePath())
 {
@@ -22,7 +13,7 @@ TreeLogin::TreeLogin(const QString& serviceName) : m_path(KeloOAuth2ServicePath(
     std::lock_guard<std::mutex> lock(m_mutex);
     if (m_info.isEmpty()) {
         m_info = present.oauth2Info();
-        m_publishedAtMs = steadyMs();
+        m_publishedAtMs = SystemClock().steadyMs();
     }
 }
 
@@ -36,7 +27,7 @@ void TreeLogin::onValue(const KeloOAuth2Info& info)
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         m_info = info;
-        m_publishedAtMs = steadyMs();
+        m_publishedAtMs = SystemClock().steadyMs();
     }
     m_listeners.notify(status());
 }
@@ -51,7 +42,7 @@ QJsonObject TreeLogin::toJson(const KeloOAuth2Info& info) const
 {
     QJsonObject json{{QStringLiteral("loggedIn"), info.loggedIn()}};
     if (info.isPending()) {
-        const qint64 left = info.expiresIn() - (steadyMs() - m_publishedAtMs) / 1000;
+        const qint64 left = info.expiresIn() - (SystemClock().steadyMs() - m_publishedAtMs) / 1000;
         QJsonObject pending{{KeloOAuth2Info::UserCode(), info.userCode()},
                             {KeloOAuth2Info::VerificationUri(), info.verificationUri()},
                             {KeloOAuth2Info::ExpiresIn(), double(qMax(qint64(0), left))}};

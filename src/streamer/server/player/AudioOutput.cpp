@@ -3,11 +3,11 @@
 #include "NullOutput.h"
 #include "ThreadedOutput.h"
 
-std::unique_ptr<AudioOutput> AudioOutput::create(const QString& description, TimeSource& time,
+std::unique_ptr<AudioOutput> AudioOutput::create(const QString& description, Clock& clock,
                                                  QString* error)
 {
     if (description == QLatin1String("null"))
-        return std::make_unique<NullOutput>(time);
+        return std::make_unique<NullOutput>(clock);
     return ThreadedOutput::create(
         [description](QString* problem) { return GstOutput::create(description, problem); }, error);
 }

@@ -4,7 +4,7 @@
 #include <QString>
 
 class QObject;
-class TimeSource;
+class Clock;
 
 /// What an output is asked to play.
 struct OutputItem
@@ -70,7 +70,7 @@ public:
 
     /// The output of the settings: "auto", "null", or the description of a GStreamer sink. Null,
     /// with a sentence in `error`, when a description is none.
-    static std::unique_ptr<AudioOutput> create(const QString& description, TimeSource& time,
+    static std::unique_ptr<AudioOutput> create(const QString& description, Clock& clock,
                                                QString* error);
 
 protected:

@@ -21,8 +21,8 @@ qint64 NullOutput::Track::durationMs() const
     return item.durationHintMs > 0 ? item.durationHintMs : unknownDurationMs;
 }
 
-NullOutput::NullOutput(TimeSource& time)
-    : m_time(time), m_client(nullptr), m_probe(nullptr, deleteProbe),
+NullOutput::NullOutput(Clock& clock)
+    : m_clock(clock), m_client(nullptr), m_probe(nullptr, deleteProbe),
       m_nextProbe(nullptr, deleteProbe)
 {
     m_client.setRecorded(false);
@@ -61,7 +61,7 @@ void NullOutput::startTrack()
 void NullOutput::begin()
 {
     m_state = m_isPauseWanted ? State::Paused : State::Playing;
-    m_sinceMs = m_time.nowMs();
+    m_sinceMs = m_clock.steadyMs();
     schedule();
 }
 
@@ -94,7 +94,7 @@ void NullOutput::resume()
     m_isPauseWanted = false;
     if (m_state != State::Paused)
         return;
-    m_sinceMs = m_time.nowMs();
+    m_sinceMs = m_clock.steadyMs();
     m_state = State::Playing;
     schedule();
 }
@@ -117,7 +117,7 @@ void NullOutput::seek(qint64 positionMs)
     if (m_state == State::Stopped)
         return;
     m_baseMs = std::max<qint64>(0, positionMs);
-    m_sinceMs = m_time.nowMs();
+    m_sinceMs = m_clock.steadyMs();
     schedule();
 }
 
@@ -127,7 +127,7 @@ qint64 NullOutput::positionMs() const
 {
     if (m_state != State::Playing)
         return m_baseMs;
-    return std::min(durationMs(), m_baseMs + m_time.nowMs() - m_sinceMs);
+    return std::min(durationMs(), m_baseMs + m_clock.steadyMs() - m_sinceMs);
 }
 
 qint64 NullOutput::durationMs() const
@@ -141,7 +141,7 @@ void NullOutput::schedule()
         return;
     const qint64 left = durationMs() - positionMs();
     const qint64 delay = !m_hasAnnouncedEnd ? std::max<qint64>(0, left - announceEndMs) : left;
-    m_time.callAfter(std::max<qint64>(0, delay), &m_context, [this, timer = ++m_timer] {
+    m_clock.callLater(std::max<qint64>(0, delay), &m_context, [this, timer = ++m_timer] {
         if (timer == m_timer)
             onTimer();
     });
@@ -182,11 +182,11 @@ void NullOutput::onEnd()
                 fail(answer.error);
         });
     }
-    const qint64 over = m_baseMs + m_time.nowMs() - m_sinceMs - durationMs();
+    const qint64 over = m_baseMs + m_clock.steadyMs() - m_sinceMs - durationMs();
     m_track = m_next;
     m_next = Track();
     m_baseMs = m_track.item.startMs;
-    m_sinceMs = m_time.nowMs() - over;
+    m_sinceMs = m_clock.steadyMs() - over;
     m_hasAnnouncedEnd = false;
     schedule();
     events().itemChanged();

@@ -1,14 +1,14 @@
 #pragma once
 #include "AudioOutput.h"
+#include "Clock.h"
 #include "StreamProbe.h"
-#include "TimeSource.h"
 
 /// Plays in real time to nowhere: an address must answer, time passes, the item ends. For machines
 /// without sound and for tests, which bring a clock of their own. It decodes nothing.
 class NullOutput : public AudioOutput
 {
 public:
-    explicit NullOutput(TimeSource& time);
+    explicit NullOutput(Clock& clock);
     ~NullOutput() override;
 
     void open(const OutputItem& item) override;
@@ -41,7 +41,7 @@ private:
     void onEnd();
     void fail(OutputError error);
 
-    TimeSource& m_time;
+    Clock& m_clock;
     QObject m_context; ///< timers end with it
     HttpClient m_client;
     Probe m_probe;

@@ -4,15 +4,15 @@
 #include <kelo/KeloTidalConstants.h>
 
 Player::Player(const PlayerOptions& options)
-    : m_options(options), m_time(m_steadyTime),
-      m_makeOutput([description = options.output](TimeSource& time, QString* error) {
-          return AudioOutput::create(description, time, error);
+    : m_options(options), m_clock(m_systemClock),
+      m_makeOutput([description = options.output](Clock& clock, QString* error) {
+          return AudioOutput::create(description, clock, error);
       })
 {
 }
 
-Player::Player(const PlayerOptions& options, OutputFactory makeOutput, TimeSource& time)
-    : m_options(options), m_time(time), m_makeOutput(std::move(makeOutput))
+Player::Player(const PlayerOptions& options, OutputFactory makeOutput, Clock& clock)
+    : m_options(options), m_clock(clock), m_makeOutput(std::move(makeOutput))
 {
 }
 
@@ -26,11 +26,11 @@ bool Player::start(QString* error)
     bool isMade = false;
     m_thread.start([this, error, &isMade] {
         QString problem;
-        std::unique_ptr<AudioOutput> output = m_makeOutput(m_time, &problem);
+        std::unique_ptr<AudioOutput> output = m_makeOutput(m_clock, &problem);
         isMade = output != nullptr;
         if (isMade)
             m_engine = std::make_unique<PlayerEngine>(
-                std::move(output), m_time, m_options.stateDir,
+                std::move(output), m_clock, m_options.stateDir,
                 [this](const PlayerStatus& status) { publish(status); });
         else if (error)
             *error = problem;
@@ -80,7 +80,7 @@ void Player::publish(const PlayerStatus& status)
 QJsonObject Player::status() const
 {
     std::lock_guard<std::mutex> lock(m_statusMutex);
-    return m_status.toJson(m_time.nowMs());
+    return m_status.toJson(m_clock.steadyMs());
 }
 
 CMReply<QVariant> Player::command(const QString& name, const QVariantHash& arguments)

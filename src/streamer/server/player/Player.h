@@ -1,9 +1,9 @@
 #pragma once
 #include "AudioOutput.h"
+#include "Clock.h"
 #include "LoopThread.h"
 #include "PlayerControl.h"
 #include "PlayerStatus.h"
-#include "TimeSource.h"
 #include <kelo/KeloListeners.h>
 #include <kelo/PlayLogicInterface.h>
 
@@ -22,12 +22,12 @@ struct PlayerOptions
 class Player : public PlayerControl, public PlayLogicInterface
 {
 public:
-    using OutputFactory = std::function<std::unique_ptr<AudioOutput>(TimeSource&, QString* error)>;
+    using OutputFactory = std::function<std::unique_ptr<AudioOutput>(Clock&, QString* error)>;
 
     explicit Player(const PlayerOptions& options);
     /// For tests: with an output and a clock, which outlives the player, of their own. The factory
     /// runs on the player's thread.
-    Player(const PlayerOptions& options, OutputFactory makeOutput, TimeSource& time);
+    Player(const PlayerOptions& options, OutputFactory makeOutput, Clock& clock);
     ~Player() override;
 
     /// Starts the player and registers it at KeloPlayerPath(). False, with a sentence in `error`,
@@ -49,8 +49,8 @@ private:
     bool post(std::function<void(PlayerEngine&)> function);
 
     PlayerOptions m_options;
-    SteadyTime m_steadyTime;
-    TimeSource& m_time;
+    SystemClock m_systemClock;
+    Clock& m_clock;
     OutputFactory m_makeOutput;
     KeloListeners<QJsonObject> m_listeners;
     mutable std::mutex m_statusMutex;

@@ -14,9 +14,9 @@ CMError errorOf(const QString& text)
 }
 } // namespace
 
-PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, TimeSource& time,
+PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock,
                            const QString& stateDir, Publish publish)
-    : m_time(time), m_output(std::move(output)), m_publish(std::move(publish)), m_store(stateDir)
+    : m_clock(clock), m_output(std::move(output)), m_publish(std::move(publish)), m_store(stateDir)
 {
     connectOutput();
     const PlayerStore::Kept kept = m_store.load();
@@ -84,7 +84,7 @@ void PlayerEngine::pause(const Reply& reply)
         m_isPauseWanted = true;
     } else if (m_state == State::Playing) {
         m_output->pause();
-        m_pausedAtMs = m_time.nowMs();
+        m_pausedAtMs = m_clock.steadyMs();
         m_state = State::Paused;
         save();
         publish();
@@ -95,7 +95,7 @@ void PlayerEngine::pause(const Reply& reply)
 void PlayerEngine::resume(const Reply& reply)
 {
     const bool isIdleTooLong = m_item.maxIdleMs > 0 &&
-                               m_time.nowMs() - m_pausedAtMs > m_item.maxIdleMs &&
+                               m_clock.steadyMs() - m_pausedAtMs > m_item.maxIdleMs &&
                                m_item.entry.canResolve();
     if (m_state == State::Stopped || (m_state == State::Paused && isIdleTooLong)) {
         if (!m_item.entry.canResolve())
@@ -240,7 +240,7 @@ void PlayerEngine::addNote(const QString& text)
 void PlayerEngine::save()
 {
     m_store.save({m_volume, m_item, positionMs()});
-    m_savedAtMs = m_time.nowMs();
+    m_savedAtMs = m_clock.steadyMs();
 }
 
 qint64 PlayerEngine::positionMs() const
@@ -284,13 +284,13 @@ void PlayerEngine::publish()
     status.note = m_note.isEmpty() ? m_output->note() : m_note;
     status.positionMs = positionMs();
     status.durationMs = m_item.durationMs;
-    status.measuredMs = m_time.nowMs();
+    status.measuredMs = m_clock.steadyMs();
     m_publish(status);
 }
 
 void PlayerEngine::startTicking()
 {
-    m_time.callAfter(tickMs, this, [this, number = ++m_tick] { tick(number); });
+    m_clock.callLater(tickMs, this, [this, number = ++m_tick] { tick(number); });
 }
 
 void PlayerEngine::tick(quint64 number)
@@ -304,7 +304,7 @@ void PlayerEngine::tick(quint64 number)
     const qint64 duration = m_output->durationMs();
     if (duration > 0 && duration - position <= nearEndMs)
         prefetch();
-    if (m_time.nowMs() - m_savedAtMs >= saveEveryMs)
+    if (m_clock.steadyMs() - m_savedAtMs >= saveEveryMs)
         save();
     publish();
 }

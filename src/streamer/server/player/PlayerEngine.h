@@ -1,9 +1,9 @@
 #pragma once
+#include "Clock.h"
 #include "ItemResolver.h"
 #include "PlayerStatus.h"
 #include "PlayerStore.h"
 #include "RowFinder.h"
-#include "TimeSource.h"
 #include <optional>
 
 /// The player's logic: the present item, the queue behind it, and what happens when something
@@ -20,7 +20,7 @@ public:
     using Reply = CMReply<QVariant>;
     using Publish = std::function<void(const PlayerStatus&)>;
 
-    PlayerEngine(std::unique_ptr<AudioOutput> output, TimeSource& time, const QString& stateDir,
+    PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock, const QString& stateDir,
                  Publish publish);
     /// Answers a command that still waits, with an error.
     ~PlayerEngine() override;
@@ -111,7 +111,7 @@ private:
     bool isWorthARetry(const OutputError& error) const;
     void onNextRefused(const OutputError& error);
 
-    TimeSource& m_time;
+    Clock& m_clock;
     std::unique_ptr<AudioOutput> m_output;
     Publish m_publish;
     PlayerStore m_store;

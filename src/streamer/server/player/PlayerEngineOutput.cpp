@@ -33,7 +33,7 @@ void PlayerEngine::onStarted()
         m_note.clear();
     if (std::exchange(m_isPauseWanted, false)) {
         m_output->pause();
-        m_pausedAtMs = m_time.nowMs();
+        m_pausedAtMs = m_clock.steadyMs();
         m_state = State::Paused;
     }
     startTicking();
@@ -125,15 +125,15 @@ void PlayerEngine::limitStart()
 {
     if (m_reply.isNull())
         m_startLeftMs = startLimitMs; // nobody waits
-    m_limitSinceMs = m_time.nowMs();
-    m_time.callAfter(std::max<qint64>(0, m_startLeftMs), this,
-                     [this, number = ++m_startLimit] { onStartLimit(number); });
+    m_limitSinceMs = m_clock.steadyMs();
+    m_clock.callLater(std::max<qint64>(0, m_startLeftMs), this,
+                      [this, number = ++m_startLimit] { onStartLimit(number); });
 }
 
 void PlayerEngine::endStartLimit()
 {
     if (m_limitSinceMs)
-        m_startLeftMs -= m_time.nowMs() - *m_limitSinceMs;
+        m_startLeftMs -= m_clock.steadyMs() - *m_limitSinceMs;
     m_limitSinceMs.reset();
     ++m_startLimit;
 }

@@ -18,5 +18,6 @@ qint64 SystemClock::steadyMs() const
 void SystemClock::callLater(qint64 ms, QObject* receiver, std::function<void()> call)
 {
     constexpr qint64 longest = 24 * 60 * 60 * 1000;
-    QTimer::singleShot(int(qBound(qint64(0), ms, longest)), receiver, std::move(call));
+    QTimer::singleShot(int(qBound(qint64(0), ms, longest)), Qt::PreciseTimer, receiver,
+                       std::move(call));
 }

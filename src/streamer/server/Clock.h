@@ -2,7 +2,8 @@
 #include <functional>
 #include <QObject>
 
-/// The time as the login sees it, so that tests can make it pass. Used on one thread.
+/// The time as login and player see it, so that tests can make it pass. Outlives whoever uses it;
+/// used from any thread.
 class Clock
 {
 public:
@@ -12,7 +13,8 @@ public:
     virtual qint64 wallMs() const = 0;
     /// Milliseconds since some moment; never jumps.
     virtual qint64 steadyMs() const = 0;
-    /// Calls once when that time has passed, on the receiver's thread, unless the receiver is gone.
+    /// Calls once when that time has passed, on the receiver's thread, where this is called, unless
+    /// the receiver is gone.
     virtual void callLater(qint64 ms, QObject* receiver, std::function<void()> call) = 0;
 };
 
