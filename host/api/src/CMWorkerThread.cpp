@@ -2,40 +2,13 @@
 
 #include "CMAbstractWorker.h"
 #include "KeloLog.h"
-#include "KeloPost.h"
-
-#include <condition_variable>
-#include <mutex>
-#include <QEventLoop>
-#include <thread>
+#include "KeloLoopThread.h"
 
 class CMWorkerThread::Private
 {
 public:
-    enum class Phase { Idle, Starting, Running, Failed };
-
-    std::thread thread;
-    std::mutex mutex;
-    std::condition_variable changed;
-    Phase phase = Phase::Idle;
-    CMAbstractWorker* worker = nullptr;
-    QEventLoop* loop = nullptr; ///< on the thread's stack; set while running
-
-    void run(const Factory& factory)
-    {
-        QEventLoop eventLoop;
-        std::unique_ptr<CMAbstractWorker> made(factory());
-        const bool isAdded = made && CMRoot().addWorker(made.get());
-        {
-            std::lock_guard<std::mutex> lock(mutex);
-            phase = isAdded ? Phase::Running : Phase::Failed;
-            worker = isAdded ? made.get() : nullptr;
-            loop = &eventLoop;
-            changed.notify_all();
-        }
-        if (isAdded)
-            eventLoop.exec();
-    }
+    KeloLoopThread thread;
+    CMAbstractWorker* worker = nullptr; ///< lives on the thread; set while that runs
 };
 
 CMWorkerThread::CMWorkerThread() : d(new Private) {}
@@ -48,30 +21,24 @@ CMWorkerThread::~CMWorkerThread()
 CMAbstractWorker* CMWorkerThread::start(const char* name, const Factory& factory)
 {
     stop();
-    std::unique_lock<std::mutex> lock(d->mutex);
-    d->phase = Private::Phase::Starting;
-    d->thread = std::thread([this, factory] { d->run(factory); });
-    pthread_setname_np(d->thread.native_handle(), name);
-    d->changed.wait(lock, [this] { return d->phase != Private::Phase::Starting; });
-    if (d->phase == Private::Phase::Running)
+    const auto setUp = [this, &factory] {
+        std::unique_ptr<CMAbstractWorker> made(factory());
+        if (made && CMRoot().addWorker(made.get()))
+            d->worker = made.release();
+    };
+    d->thread.start(setUp, name);
+    if (d->worker)
         return d->worker;
-    lock.unlock();
-    d->thread.join();
-    d->phase = Private::Phase::Idle;
+    d->thread.stop([] {});
     KELO_LOG("Host", ERROR) << "the worker " << name << " could not be started";
     return nullptr;
 }
 
 void CMWorkerThread::stop()
 {
-    if (!d->thread.joinable())
+    if (!d->worker)
         return;
     CMRoot().removeWorker(d->worker);
-    // The loop quits in a turn of its own, after what is queued; then the worker goes, on its
-    // thread.
-    keloPost(d->worker, [this] { d->loop->quit(); });
-    d->thread.join();
-    d->worker = nullptr;
-    d->loop = nullptr;
-    d->phase = Private::Phase::Idle;
+    // In a turn of its own, after what is queued.
+    d->thread.stop([this] { delete std::exchange(d->worker, nullptr); });
 }

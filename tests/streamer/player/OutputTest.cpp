@@ -1,10 +1,10 @@
 #include "../FakeClock.h"
 #include "AudioOutput.h"
 #include "FlacHeader.h"
-#include "LoopThread.h"
 #include "SimStreams.h"
 #include <condition_variable>
 #include <gtest/gtest.h>
+#include <kelo/KeloLoopThread.h>
 #include <QStringList>
 
 namespace {
@@ -92,7 +92,7 @@ protected:
     FakeClock time;
     OutputItem next; ///< handed over when the output asks for it; of the output's thread
     QString problem;
-    LoopThread thread;
+    KeloLoopThread thread;
     std::unique_ptr<AudioOutput> output;
     std::mutex mutex;
     std::condition_variable changed;

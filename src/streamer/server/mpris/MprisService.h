@@ -1,5 +1,5 @@
 #pragma once
-#include "LoopThread.h"
+#include <kelo/KeloLoopThread.h>
 #include <memory>
 #include <QString>
 
@@ -24,6 +24,6 @@ public:
 
 private:
     [[maybe_unused]] PlayerControl& m_player; ///< a build without the bus leaves it alone
-    LoopThread m_thread;
+    KeloLoopThread m_thread;
     std::unique_ptr<MprisObject> m_object; ///< of the thread
 };

@@ -1,10 +1,10 @@
 #pragma once
 #include "AudioOutput.h"
 #include "Clock.h"
-#include "LoopThread.h"
 #include "PlayerControl.h"
 #include "PlayerStatus.h"
 #include <kelo/KeloListeners.h>
+#include <kelo/KeloLoopThread.h>
 #include <kelo/PlayLogicInterface.h>
 
 class PlayerEngine;
@@ -57,6 +57,6 @@ private:
     PlayerStatus m_status;
     std::mutex m_threadMutex; ///< guards posting against the thread's end
     bool m_isRunning = false;
-    LoopThread m_thread;
+    KeloLoopThread m_thread;
     std::unique_ptr<PlayerEngine> m_engine; ///< of the player's thread
 };

@@ -1,6 +1,6 @@
 #pragma once
-#include "LoopThread.h"
 #include "OutputStage.h"
+#include <kelo/KeloLoopThread.h>
 #include <QObject>
 
 /// An output on a thread of its own, so that the player waits for nothing that an output does: a
@@ -42,7 +42,7 @@ private:
 
     const OutputStage::Make m_make;
     QObject m_context; ///< receives the output's events
-    LoopThread m_thread;
+    KeloLoopThread m_thread;
     std::shared_ptr<OutputStage> m_stage;
     /// Outputs that were left behind and have not come back.
     std::shared_ptr<std::atomic<int>> m_left = std::make_shared<std::atomic<int>>(0);

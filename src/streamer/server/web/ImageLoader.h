@@ -1,6 +1,6 @@
 #pragma once
 #include "ImageFetcher.h"
-#include "LoopThread.h"
+#include <kelo/KeloLoopThread.h>
 
 #include <chrono>
 #include <condition_variable>
@@ -36,7 +36,7 @@ private:
     std::vector<std::string> takeNext();
     void fetch(const std::vector<std::string>& urls);
 
-    LoopThread m_thread;
+    KeloLoopThread m_thread;
     ImageFetcher* m_fetcher = nullptr; ///< lives on the thread, which alone uses it
     std::mutex m_mutex;                ///< guards all below
     std::condition_variable m_changed;

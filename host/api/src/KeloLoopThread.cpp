@@ -1,17 +1,19 @@
-#include "LoopThread.h"
+#include "KeloLoopThread.h"
+
+#include "KeloPost.h"
+
 #include <future>
-#include <kelo/KeloPost.h>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QEventLoop>
 
-LoopThread::~LoopThread()
+KeloLoopThread::~KeloLoopThread()
 {
     if (isRunning())
         stop([] {});
 }
 
-void LoopThread::start(std::function<void()> setUp)
+void KeloLoopThread::start(std::function<void()> setUp, const char* name)
 {
     std::promise<QEventLoop*> ready;
     std::future<QEventLoop*> started = ready.get_future();
@@ -23,10 +25,12 @@ void LoopThread::start(std::function<void()> setUp)
         // What was dropped with deleteLater() goes before its thread does.
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     });
+    if (name)
+        pthread_setname_np(m_thread.native_handle(), name);
     m_loop = started.get();
 }
 
-void LoopThread::stop(std::function<void()> tearDown)
+void KeloLoopThread::stop(std::function<void()> tearDown)
 {
     post([loop = m_loop, tearDown = std::move(tearDown)] {
         tearDown();
@@ -36,7 +40,7 @@ void LoopThread::stop(std::function<void()> tearDown)
     m_loop = nullptr;
 }
 
-bool LoopThread::stop(std::function<void()> tearDown, std::chrono::milliseconds limit)
+bool KeloLoopThread::stop(std::function<void()> tearDown, std::chrono::milliseconds limit)
 {
     const auto ended = std::make_shared<std::promise<void>>();
     const std::future<void> end = ended->get_future();
@@ -54,7 +58,7 @@ bool LoopThread::stop(std::function<void()> tearDown, std::chrono::milliseconds 
     return isEnded;
 }
 
-void LoopThread::post(std::function<void()> function)
+void KeloLoopThread::post(std::function<void()> function)
 {
     keloPost(m_loop, std::move(function));
 }

@@ -1,22 +1,24 @@
 #pragma once
+#include "KeloExport.h"
 #include <chrono>
 #include <functional>
 #include <thread>
 
 class QEventLoop;
 
-/// A thread with an event loop, for objects that are not workers of the host tree. Owned by who has
-/// such objects.
-class LoopThread
+/// A thread with an event loop. Owned by who has objects that live on it; for a worker of the tree
+/// there is CMWorkerThread.
+class KELO_EXPORT KeloLoopThread
 {
 public:
-    LoopThread() = default;
-    ~LoopThread();
-    LoopThread(const LoopThread&) = delete;
-    LoopThread& operator=(const LoopThread&) = delete;
+    KeloLoopThread() = default;
+    ~KeloLoopThread();
+    KeloLoopThread(const KeloLoopThread&) = delete;
+    KeloLoopThread& operator=(const KeloLoopThread&) = delete;
 
-    /// Starts the thread and runs `setUp` on it; returns when that has returned.
-    void start(std::function<void()> setUp);
+    /// Starts the thread and runs `setUp` on it; returns when that has returned. A debugger shows
+    /// the name, of at most 15 characters.
+    void start(std::function<void()> setUp, const char* name = nullptr);
     /// Runs `tearDown` on the thread, then ends it. Returns when it has ended.
     void stop(std::function<void()> tearDown);
     /// As stop(), but a thread that has not come to its end within the limit is left behind: it
