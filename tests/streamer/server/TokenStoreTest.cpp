@@ -11,8 +11,8 @@ namespace {
 TokenSet someTokens()
 {
     TokenSet tokens;
-    tokens.access = KeloSecret("A");
-    tokens.refresh = KeloSecret("R");
+    tokens.access = Secret("A");
+    tokens.refresh = Secret("R");
     tokens.obtainedAtMs = 1700000000000;
     tokens.lifetimeMs = 3600000;
     return tokens;

@@ -48,20 +48,6 @@ KELO_EXPORT KeloLogLine dbglog_scopedFunction(const char* signature, const char*
 #define KELO_LOG(logger, level)                                                                    \
     KeloLogLine(logger, log4cplus::level##_LOG_LEVEL, __FILE__, __LINE__)
 
-/// A text that must not be seen: prints as "***". Compares and converts only when asked by name.
-class KELO_EXPORT KeloSecret
-{
-public:
-    KeloSecret() = default;
-    explicit KeloSecret(const QString& text) : m_text(text) {}
-    bool isEmpty() const { return m_text.isEmpty(); }
-    const QString& reveal() const { return m_text; }
-    QString toString() const { return m_text.isEmpty() ? QString() : QStringLiteral("***"); }
-
-private:
-    QString m_text;
-};
-
 /// A URL for a log: user info and the values of query items that carry secrets (token, signature,
 /// code, key, ...) are replaced by "***".
 KELO_EXPORT QString keloUrlForLog(const QString& url);

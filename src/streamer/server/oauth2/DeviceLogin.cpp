@@ -41,7 +41,7 @@ void DeviceLogin::cancel()
 {
     m_isRunning = false;
     ++m_generation;
-    m_deviceCode = KeloSecret();
+    m_deviceCode = Secret();
 }
 
 TokenEndpoint::Done DeviceLogin::guarded(void (DeviceLogin::*handle)(const OAuth2Answer&))
@@ -69,7 +69,7 @@ void DeviceLogin::onCode(const OAuth2Answer& answer)
              isClientRefused ? KeloOAuth2Reason::Client() : answer.reason()});
         return;
     }
-    m_deviceCode = KeloSecret(deviceCode);
+    m_deviceCode = Secret(deviceCode);
     m_intervalS = qMin(answer.number("interval", "interval", usualIntervalS), longestPauseS);
     code.expiresInS = qMin(answer.number("expiresIn", "expires_in", usualExpiryS), qint64(86400));
     m_expiresAtMs = m_clock.steadyMs() + code.expiresInS * 1000;

@@ -54,7 +54,7 @@ private:
     KeloOAuth2ServiceInfo m_info;
     bool m_isRunning = false;
     int m_generation = 0; ///< grows with every start and end; late answers carry an older one
-    KeloSecret m_deviceCode;
+    Secret m_deviceCode;
     qint64 m_intervalS = 0;
     qint64 m_pauseS = 0;      ///< until the next poll; longer than the interval after a failed one
     qint64 m_expiresAtMs = 0; ///< steady time; 0 before there is a code

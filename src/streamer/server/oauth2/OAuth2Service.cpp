@@ -2,6 +2,7 @@
 
 #include <kelo/CMActivateNode.h>
 #include <kelo/CMRoot.h>
+#include <kelo/KeloLog.h>
 
 namespace {
 

@@ -1,6 +1,7 @@
 #include "OAuth2Worker.h"
 
 #include <kelo/CMActivateNode.h>
+#include <kelo/KeloLog.h>
 #include <QRegularExpression>
 #include <QUrl>
 

@@ -33,8 +33,8 @@ TokenSet TokenSet::fromAnswer(const OAuth2Answer& answer, qint64 wallMs)
     const QString access = answer.text("accessToken", "access_token");
     if (access.isEmpty())
         return tokens;
-    tokens.access = KeloSecret(access);
-    tokens.refresh = KeloSecret(answer.text("refreshToken", "refresh_token"));
+    tokens.access = Secret(access);
+    tokens.refresh = Secret(answer.text("refreshToken", "refresh_token"));
     tokens.obtainedAtMs = wallMs;
     tokens.lifetimeMs =
         secondMs * qMin(longestLifetimeS, answer.number("expiresIn", "expires_in", usualLifetimeS));

@@ -1,5 +1,5 @@
 #pragma once
-#include <kelo/KeloLog.h>
+#include "settings/Secret.h"
 #include <QString>
 
 class OAuth2Answer;
@@ -7,8 +7,8 @@ class OAuth2Answer;
 /// The tokens of one login. A plain value. Nobody logs its texts.
 struct TokenSet
 {
-    KeloSecret access;
-    KeloSecret refresh;      ///< empty when the service gave none
+    Secret access;
+    Secret refresh;          ///< empty when the service gave none
     qint64 obtainedAtMs = 0; ///< wall clock
     qint64 lifetimeMs = 0;   ///< of the access token
 

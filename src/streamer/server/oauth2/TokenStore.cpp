@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 #include <kelo/KeloJson.h>
+#include <kelo/KeloLog.h>
 #include <QDir>
 #include <QFile>
 #include <QVariantHash>
@@ -48,8 +49,8 @@ TokenSet TokenStore::load(const KeloOAuth2ServiceInfo& info) const
         KELO_LOG("OAuth2", INFO) << file.fileName() << " belongs to another service or client";
         return tokens;
     }
-    tokens.access = KeloSecret(json.value("accessToken").toString());
-    tokens.refresh = KeloSecret(json.value("refreshToken").toString());
+    tokens.access = Secret(json.value("accessToken").toString());
+    tokens.refresh = Secret(json.value("refreshToken").toString());
     tokens.obtainedAtMs = json.value("obtainedAtMs").toInt64();
     tokens.lifetimeMs = json.value("lifetimeMs").toInt64();
     if (tokens.isEmpty())
