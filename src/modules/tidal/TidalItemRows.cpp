@@ -37,6 +37,11 @@ QString toText(std::string_view utf8)
     return QString::fromUtf8(utf8.data(), int(utf8.size()));
 }
 
+QString withSlash(const QString& url)
+{
+    return url.endsWith(QLatin1Char('/')) ? url : url + QLatin1Char('/');
+}
+
 const QVariant& boolean(bool value)
 {
     static const QVariant yes(true);
@@ -113,16 +118,28 @@ const QString& TidalRepeatedText::text(std::string_view utf8)
     return m_text;
 }
 
+TidalImageUrl::TidalImageUrl(const QString& base, const QString& size)
+    : m_prefix(base.toStdString()), m_suffix('/' + size.toStdString() + ".jpg")
+{
+}
+
+QString TidalImageUrl::of(std::string_view id)
+{
+    if (id.empty())
+        return QString();
+    m_url = m_prefix;
+    m_url += id;
+    std::replace(m_url.end() - std::ptrdiff_t(id.size()), m_url.end(), '-', '/');
+    m_url += m_suffix;
+    return toText(m_url);
+}
+
 TidalItemRows::TidalItemRows(const Page& page, const CMPath& itemPath, const QStringList& pathKeys,
                              const QStringList& contextKeys, const QString& imageSize)
     : m_plan(page.request.roles()), m_row(m_plan.emptyRow()), m_path(itemPath, pathKeys),
-      m_context(contextKeys, page.context), m_from(page.request.from())
+      m_context(contextKeys, page.context), m_from(page.request.from()),
+      m_images(withSlash(page.settings.imageUrl()), imageSize)
 {
-    QString imageUrl = page.settings.imageUrl();
-    if (!imageUrl.endsWith(QLatin1Char('/')))
-        imageUrl += QLatin1Char('/');
-    m_imagePrefix = imageUrl.toStdString();
-    m_imageSuffix = '/' + imageSize.toStdString() + ".jpg";
     setShared(Plan::Title, QString());
     setShared(Plan::Id, QString());
     setShared(Plan::Disabled, boolean(false));
@@ -144,11 +161,7 @@ QVariant TidalItemRows::imageUrl(const KeloJson& image)
     if (id == m_imageId)
         return m_imageUrl;
     m_imageId = id;
-    m_scratch = m_imagePrefix;
-    m_scratch += id;
-    std::replace(m_scratch.end() - std::ptrdiff_t(id.size()), m_scratch.end(), '-', '/');
-    m_scratch += m_imageSuffix;
-    m_imageUrl = id.empty() ? QVariant() : QVariant(toText(m_scratch));
+    m_imageUrl = id.empty() ? QVariant() : QVariant(m_images.of(id));
     return m_imageUrl;
 }
 

@@ -20,6 +20,21 @@ private:
     QString m_text;
 };
 
+/// Addresses of images of one size. A value type of one thread.
+class TidalImageUrl
+{
+public:
+    /// `base`: what stands before the identifiers, as it is.
+    TidalImageUrl(const QString& base, const QString& size);
+    /// Of the image's identifier, in UTF-8; empty for an item without an image.
+    QString of(std::string_view id);
+
+private:
+    std::string m_prefix;
+    std::string m_suffix;
+    std::string m_url; ///< kept for its memory
+};
+
 /// Makes the rows of one page out of the service's items: base of one class for each kind of item.
 /// What the rows of a page share is made once, and only what the client asked for is made at all.
 /// Lives on the worker's thread, as long as the page is built. It does not choose, count or send
@@ -56,8 +71,7 @@ protected:
     std::string m_scratch; ///< kept for its memory
 
 private:
-    std::string m_imagePrefix;
-    std::string m_imageSuffix;
+    TidalImageUrl m_images;
     std::string m_imageId; ///< of the address made last
     QVariant m_imageUrl;
 };

@@ -1,5 +1,6 @@
 // The service's answers about one item, and the host's question for its media data.
 #include "TidalHandler.h"
+#include "TidalItemRows.h"
 #include "TidalWorker.h"
 #include <kelo/KeloJson.h>
 #include <kelo/KeloLog.h>
@@ -87,11 +88,10 @@ void TidalWorker::completeMetaData(const KeloTidalApiTrackResponse& track)
 
     m_playItemRoles.setType(KeloRolesType::Audio_);
     m_playItemRoles.setTitle(track.title());
-    QString cover = track.album().cover();
+    const QString cover = track.album().cover();
     if (!cover.isEmpty())
         m_playItemRoles.setIcon(
-            m_settings.imageUrl() + cover.replace(QLatin1Char('-'), QLatin1Char('/')) +
-            QStringLiteral("/") + m_settings.imageSize() + QStringLiteral(".jpg"));
+            TidalImageUrl(m_settings.imageUrl(), m_settings.imageSize()).of(cover.toStdString()));
 }
 
 bool TidalWorker::completeResource(const KeloTidalApiStreamUrlResponse& stream)

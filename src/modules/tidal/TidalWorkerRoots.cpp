@@ -1,6 +1,7 @@
 // Genres, moods and featured groups that the service names.
 #include "TidalBrowseNode.h"
 #include "TidalHandler.h"
+#include "TidalItemRows.h"
 #include "TidalWorker.h"
 #include <kelo/CMListRowsNode.h>
 #include <kelo/KeloLog.h>
@@ -27,16 +28,6 @@ bool isUsable(const KeloTidalApiContentRoots& root)
         return false;
     }
     return !key.isEmpty();
-}
-
-/// Address of a root's image; empty for a root without one.
-QString iconOf(const KeloTidalApiContentRoots& root, const QString& imageUrl, const QString& size)
-{
-    QString image = root.image();
-    if (image.isEmpty())
-        return QString();
-    image.replace(QLatin1Char('-'), QLatin1Char('/'));
-    return imageUrl + image + QLatin1Char('/') + size + QStringLiteral(".jpg");
 }
 } // namespace
 
@@ -111,7 +102,8 @@ void TidalWorker::addGenre(const KeloTidalApiContentRoots& root)
     const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
     CMListRowsNode* genre = CMListRowsNode::create(nodes(), path);
     genre->setTitle(root.name());
-    genre->setIcon(iconOf(root, settings.imageUrl(), settings.imageSizeGenre()));
+    TidalImageUrl icons(settings.imageUrl(), settings.imageSizeGenre());
+    genre->setIcon(icons.of(root.image().toStdString()));
     const CMPath lists = addPrefix(KeloTidalRequest() + KeloTidalApiPathGenres() +
                                    QLatin1Char('/') + root.path() + QLatin1Char('/'));
     for (const QString& kind : {KeloTidalPlaylists(), KeloTidalAlbums(), KeloTidalTracks()}) {
@@ -149,7 +141,8 @@ void TidalWorker::addMood(const KeloTidalApiContentRoots& root)
     TidalBrowseNode* mood =
         createPlayableList(path, root.name(), addPrefix(QStringLiteral("/trackOrderingcontext")));
     mood->setProperty("category", KeloTidalApiPathMoods());
-    mood->setIcon(iconOf(root, settings.imageUrl(), settings.imageSizeMood()));
+    TidalImageUrl icons(settings.imageUrl(), settings.imageSizeMood());
+    mood->setIcon(icons.of(root.image().toStdString()));
     addMoodsNode(mood);
     m_playlists->rowsAppend(path);
 }
