@@ -9,32 +9,20 @@
 class KELO_EXPORT KeloMetaData : public KeloHash
 {
 public:
-    KELO_NAME(Artist, "artist")
-    KELO_NAME(Album, "album")
-    KELO_NAME(ServiceID, "serviceID")
-    KELO_NAME(StartTime, "startTime")
-    KELO_NAME(AllowSeekTime, "allowSeekTime")
     KELO_NAME(ContentPlayContextPath, "contentPlayContextPath")
     KELO_NAME(PrePlayPath, "prePlayPath")
-    KELO_NAME(PrePlayData, "prePlayData")
-    KELO_NAME(PrePlayTimeOffset, "prePlayTimeOffset")
     KELO_NAME(Duration, "duration")
 
     KeloMetaData() = default;
     explicit KeloMetaData(const KeloHash& hash) : KeloHash(hash) {}
 
-    QString artist() const;
-    void setArtist(const QString& artist);
-    QString album() const;
-    void setAlbum(const QString& album);
+    KELO_FIELD(QString, artist, Artist)
+    KELO_FIELD(QString, album, Album)
     /// Identifier of the service that the media comes from.
-    QString serviceID() const;
-    void setServiceID(const QString& id);
+    KELO_FIELD(QString, serviceID, ServiceID)
     /// Position to start at, in milliseconds.
-    qint64 startTime() const;
-    void setStartTime(qint64 ms);
-    bool allowSeekTime() const;
-    void setAllowSeekTime(bool allow);
+    KELO_FIELD(qint64, startTime, StartTime)
+    KELO_FIELD(bool, allowSeekTime, AllowSeekTime)
     /// The list that goes on when this item ends.
     CMPath contentPlayContextPath() const;
     void setContentPlayContextPath(const CMPath& path);
@@ -42,31 +30,22 @@ public:
     CMPath prePlayPath() const;
     void setPrePlayPath(const CMPath& path);
     /// What the module needs to know the item again.
-    QString prePlayData() const;
-    void setPrePlayData(const QString& data);
+    KELO_FIELD(QString, prePlayData, PrePlayData)
     /// Position that the player wants to start at, in milliseconds.
-    qint64 prePlayTimeOffset() const;
-    void setPrePlayTimeOffset(qint64 ms);
+    KELO_FIELD(qint64, prePlayTimeOffset, PrePlayTimeOffset)
 };
 
 /// One address under which a piece of media is found.
 class KELO_EXPORT KeloResource : public KeloHash
 {
 public:
-    KELO_NAME(Uri, "uri")
-    KELO_NAME(MimeType, "mimeType")
-    KELO_NAME(MaxIdleTime, "maxIdleTime")
-
     KeloResource() = default;
     explicit KeloResource(const KeloHash& hash) : KeloHash(hash) {}
 
-    QString uri() const;
-    void setUri(const QString& uri);
-    QString mimeType() const;
-    void setMimeType(const QString& type);
+    KELO_FIELD(QString, uri, Uri)
+    KELO_FIELD(QString, mimeType, MimeType)
     /// Longest pause after which the address is still good, in milliseconds; 0 when not said.
-    qint64 maxIdleTime() const;
-    void setMaxIdleTime(qint64 ms);
+    KELO_FIELD(qint64, maxIdleTime, MaxIdleTime)
 };
 
 /// A piece of media: what is known of it and its addresses, best first.

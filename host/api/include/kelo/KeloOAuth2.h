@@ -17,44 +17,24 @@ struct KELO_EXPORT KeloOAuth2AuthMethod
 class KELO_EXPORT KeloOAuth2ServiceInfo : public KeloHash
 {
 public:
-    KELO_NAME(ServiceName, "serviceName")
-    KELO_NAME(DisplayName, "displayName")
-    KELO_NAME(AuthorizationUrl, "authorizationUrl")
-    KELO_NAME(ClientId, "clientId")
-    KELO_NAME(ClientSecret, "clientSecret")
-    KELO_NAME(TokenUrl, "tokenUrl")
-    KELO_NAME(Scope, "scope")
-    KELO_NAME(ScopeData, "scopeData")
-    KELO_NAME(UsePkce, "usePkce")
     KELO_NAME(AuthMethod, "authMethod")
-    KELO_NAME(DeviceCodeUrl, "deviceCodeUrl")
 
     KeloOAuth2ServiceInfo() = default;
     explicit KeloOAuth2ServiceInfo(const KeloHash& hash) : KeloHash(hash) {}
 
     /// The service's key: its node stands at KeloOAuth2ServicePath() with this name appended.
-    QString serviceName() const { return value(ServiceName()).toString(); }
-    void setServiceName(const QString& name) { insert(ServiceName(), name); }
-    QString displayName() const { return value(DisplayName()).toString(); }
-    void setDisplayName(const QString& name) { insert(DisplayName(), name); }
-    QString authorizationUrl() const { return value(AuthorizationUrl()).toString(); }
-    void setAuthorizationUrl(const QString& url) { insert(AuthorizationUrl(), url); }
-    QString clientId() const { return value(ClientId()).toString(); }
-    void setClientId(const QString& id) { insert(ClientId(), id); }
-    QString clientSecret() const { return value(ClientSecret()).toString(); }
-    void setClientSecret(const QString& secret) { insert(ClientSecret(), secret); }
-    QString tokenUrl() const { return value(TokenUrl()).toString(); }
-    void setTokenUrl(const QString& url) { insert(TokenUrl(), url); }
-    QString scope() const { return value(Scope()).toString(); }
-    void setScope(const QString& scope) { insert(Scope(), scope); }
-    QVariant scopeData() const { return value(ScopeData()); }
-    void setScopeData(const QVariant& data) { insert(ScopeData(), data); }
-    bool usePkce() const { return value(UsePkce()).toBool(); }
-    void setUsePkce(bool use) { insert(UsePkce(), use); }
+    KELO_FIELD(QString, serviceName, ServiceName)
+    KELO_FIELD(QString, displayName, DisplayName)
+    KELO_FIELD(QString, authorizationUrl, AuthorizationUrl)
+    KELO_FIELD(QString, clientId, ClientId)
+    KELO_FIELD(QString, clientSecret, ClientSecret)
+    KELO_FIELD(QString, tokenUrl, TokenUrl)
+    KELO_FIELD(QString, scope, Scope)
+    KELO_FIELD(QVariant, scopeData, ScopeData)
+    KELO_FIELD(bool, usePkce, UsePkce)
     int authMethod() const { return value(AuthMethod()).toInt(); }
     void setAuthMethod(KeloOAuth2AuthMethod::Enum method) { insert(AuthMethod(), int(method)); }
-    QString deviceCodeUrl() const { return value(DeviceCodeUrl()).toString(); }
-    void setDeviceCodeUrl(const QString& url) { insert(DeviceCodeUrl(), url); }
+    KELO_FIELD(QString, deviceCodeUrl, DeviceCodeUrl)
 };
 
 /// Why a login failed or ended, for clients that help.
@@ -74,40 +54,23 @@ struct KELO_EXPORT KeloOAuth2Reason
 class KELO_EXPORT KeloOAuth2Info : public KeloHash
 {
 public:
-    KELO_NAME(LoggedIn, "loggedIn")
-    KELO_NAME(DisplayName, "displayName")
-    KELO_NAME(UserCode, "userCode")
-    KELO_NAME(VerificationUri, "verificationUri")
-    KELO_NAME(VerificationUriComplete, "verificationUriComplete")
-    KELO_NAME(ExpiresIn, "expiresIn")
-    KELO_NAME(Problem, "problem")
-    KELO_NAME(Reason, "reason")
-
     KeloOAuth2Info() = default;
     explicit KeloOAuth2Info(const KeloHash& hash) : KeloHash(hash) {}
 
-    bool loggedIn() const { return value(LoggedIn()).toBool(); }
-    void setLoggedIn(bool loggedIn) { insert(LoggedIn(), loggedIn); }
-    QString displayName() const { return value(DisplayName()).toString(); }
-    void setDisplayName(const QString& name) { insert(DisplayName(), name); }
+    KELO_FIELD(bool, loggedIn, LoggedIn)
+    KELO_FIELD(QString, displayName, DisplayName)
     /// Whether a login waits for the user: then code and addresses are set.
     bool isPending() const { return contains(UserCode()); }
     /// The code that the user types at the verification address (RFC 8628 3.2).
-    QString userCode() const { return value(UserCode()).toString(); }
-    void setUserCode(const QString& code) { insert(UserCode(), code); }
-    QString verificationUri() const { return value(VerificationUri()).toString(); }
-    void setVerificationUri(const QString& uri) { insert(VerificationUri(), uri); }
-    QString verificationUriComplete() const { return value(VerificationUriComplete()).toString(); }
-    void setVerificationUriComplete(const QString& uri) { insert(VerificationUriComplete(), uri); }
+    KELO_FIELD(QString, userCode, UserCode)
+    KELO_FIELD(QString, verificationUri, VerificationUri)
+    KELO_FIELD(QString, verificationUriComplete, VerificationUriComplete)
     /// Seconds that the code was good for when it was published.
-    int expiresIn() const { return value(ExpiresIn()).toInt(); }
-    void setExpiresIn(int seconds) { insert(ExpiresIn(), seconds); }
+    KELO_FIELD(int, expiresIn, ExpiresIn)
     /// Why the last login failed or ended; empty when there is nothing to say.
-    QString problem() const { return value(Problem()).toString(); }
-    void setProblem(const QString& text) { insert(Problem(), text); }
+    KELO_FIELD(QString, problem, Problem)
     /// One of KeloOAuth2Reason's when there is a problem.
-    QString reason() const { return value(Reason()).toString(); }
-    void setReason(const QString& reason) { insert(Reason(), reason); }
+    KELO_FIELD(QString, reason, Reason)
 };
 
 /// Where the login states of the services stand, each at its name.

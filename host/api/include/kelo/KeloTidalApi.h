@@ -40,7 +40,6 @@ class KELO_EXPORT KeloTidalApiErrorResponse : public KeloHash
 public:
     KELO_NAME(Status, "status")
     KELO_NAME(SubStatus, "subStatus")
-    KELO_NAME(UserMessage, "userMessage")
 
     KeloTidalApiErrorResponse() = default;
     /// Of a JSON object; empty for anything else.
@@ -48,8 +47,7 @@ public:
 
     int status() const { return value(Status()).toInt(); }
     int subStatus() const { return value(SubStatus()).toInt(); }
-    QString userMessage() const { return value(UserMessage()).toString(); }
-    void setUserMessage(const QString& text) { insert(UserMessage(), text); }
+    KELO_FIELD(QString, userMessage, UserMessage)
 };
 
 /// Answer to the session request.

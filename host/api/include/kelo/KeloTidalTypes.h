@@ -132,22 +132,16 @@ private:
 class KELO_EXPORT KeloTidalAccount : public KeloHash
 {
 public:
-    KELO_NAME(SessionId, "sessionId")
-    KELO_NAME(CountryCode, "countryCode")
-    KELO_NAME(UserId, "userId")
     KELO_NAME(HighestSoundQuality, "highestSoundQuality")
 
     KeloTidalAccount() = default;
     explicit KeloTidalAccount(const KeloHash& hash) : KeloHash(hash) {}
 
-    QString sessionId() const { return value(SessionId()).toString(); }
-    void setSessionId(const QString& id) { insert(SessionId(), id); }
+    KELO_FIELD(QString, sessionId, SessionId)
     /// ISO 3166-1 alpha-2, upper case.
-    QString countryCode() const { return value(CountryCode()).toString(); }
-    void setCountryCode(const QString& code) { insert(CountryCode(), code); }
+    KELO_FIELD(QString, countryCode, CountryCode)
     /// Zero when nobody is logged in.
-    qint64 userId() const { return value(UserId()).toLongLong(); }
-    void setUserId(qint64 id) { insert(UserId(), id); }
+    KELO_FIELD(qint64, userId, UserId)
     KeloTidalSoundQuality highestSoundQuality() const;
     void setHighestSoundQuality(const KeloTidalSoundQuality& quality);
 };
@@ -156,41 +150,22 @@ public:
 class KELO_EXPORT KeloTidalSettings : public KeloHash
 {
 public:
-    KELO_NAME(ApiUrl, "apiUrl")
-    KELO_NAME(CountryCode, "countryCode")
-    KELO_NAME(ImageUrl, "imageUrl")
-    KELO_NAME(ImageSize, "imageSize")
-    KELO_NAME(ImageSizeArtist, "imageSizeArtist")
-    KELO_NAME(ImageSizePlaylist, "imageSizePlaylist")
-    KELO_NAME(ImageSizeGenre, "imageSizeGenre")
-    KELO_NAME(ImageSizeMood, "imageSizeMood")
-    KELO_NAME(MaxIdleTimeMs, "maxIdleTimeMs")
-
     KeloTidalSettings() = default;
     explicit KeloTidalSettings(const KeloHash& hash) : KeloHash(hash) {}
 
     /// Base URL of the web API, without a closing slash.
-    QString apiUrl() const { return value(ApiUrl()).toString(); }
-    void setApiUrl(const QString& url) { insert(ApiUrl(), url); }
-    QString countryCode() const { return value(CountryCode()).toString(); }
-    void setCountryCode(const QString& code) { insert(CountryCode(), code); }
+    KELO_FIELD(QString, apiUrl, ApiUrl)
+    KELO_FIELD(QString, countryCode, CountryCode)
     /// Base URL of the image server, with the closing slash.
-    QString imageUrl() const { return value(ImageUrl()).toString(); }
-    void setImageUrl(const QString& url) { insert(ImageUrl(), url); }
+    KELO_FIELD(QString, imageUrl, ImageUrl)
     /// Sizes are "WIDTHxHEIGHT", of those that the image server knows.
-    QString imageSize() const { return value(ImageSize()).toString(); }
-    void setImageSize(const QString& size) { insert(ImageSize(), size); }
-    QString imageSizeArtist() const { return value(ImageSizeArtist()).toString(); }
-    void setImageSizeArtist(const QString& size) { insert(ImageSizeArtist(), size); }
-    QString imageSizePlaylist() const { return value(ImageSizePlaylist()).toString(); }
-    void setImageSizePlaylist(const QString& size) { insert(ImageSizePlaylist(), size); }
-    QString imageSizeGenre() const { return value(ImageSizeGenre()).toString(); }
-    void setImageSizeGenre(const QString& size) { insert(ImageSizeGenre(), size); }
-    QString imageSizeMood() const { return value(ImageSizeMood()).toString(); }
-    void setImageSizeMood(const QString& size) { insert(ImageSizeMood(), size); }
+    KELO_FIELD(QString, imageSize, ImageSize)
+    KELO_FIELD(QString, imageSizeArtist, ImageSizeArtist)
+    KELO_FIELD(QString, imageSizePlaylist, ImageSizePlaylist)
+    KELO_FIELD(QString, imageSizeGenre, ImageSizeGenre)
+    KELO_FIELD(QString, imageSizeMood, ImageSizeMood)
     /// Longest pause after which a stream's address is still good, in milliseconds.
-    qint64 maxIdleTimeMs() const { return value(MaxIdleTimeMs()).toLongLong(); }
-    void setMaxIdleTimeMs(qint64 ms) { insert(MaxIdleTimeMs(), ms); }
+    KELO_FIELD(qint64, maxIdleTimeMs, MaxIdleTimeMs)
 };
 
 Q_DECLARE_METATYPE(KeloTidalContextVariation::Enum)
