@@ -15,12 +15,14 @@ export function needsQuestion(row) {
 }
 
 /**
- * Sends a value to a row; `begun` is told when nothing is asked any more. Resolves with a text to read when the reply brought one, else with an empty one;
- * with null when the reader thought better of it. Throws what the call was refused with.
+ * Sends a value to a row; `begun` is told when nothing is asked any more. Resolves with the text that the
+ * reply brought, an empty one when there is none, null when the reader thought better of it. Throws what the
+ * call was refused with.
  */
 export async function activate(row, subject, begun = () => {}) {
   if (needsQuestion(row)) {
-    const yes = await ask(t("Delete the playlist?"), t("“%1” will be deleted from the service. This cannot be undone.", subject), t("Delete"));
+    const question = t("“%1” will be deleted from the service. This cannot be undone.", subject);
+    const yes = await ask(t("Delete the playlist?"), question, t("Delete"));
     if (!yes) return null;
   }
   begun();

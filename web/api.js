@@ -56,7 +56,8 @@ async function exchange(method, target, body, headers, signal, begin) {
   }
   report(method, target, answer.status, begin, json);
   if (answer.ok && json !== null) return json;
-  throw new ApiError(answer.status, json?.name || "", json?.detail || json?.title || t("The streamer answered with the status %1.", answer.status));
+  const said = json?.detail || json?.title || t("The streamer answered with the status %1.", answer.status);
+  throw new ApiError(answer.status, json?.name || "", said);
 }
 
 function report(method, target, status, begin, body) {
@@ -83,7 +84,8 @@ async function change(method, name, body) {
     try {
       const { header, token } = await session;
       const headers = { "Content-Type": "application/json", [header]: token };
-      return await send(method, address(name), body === undefined ? undefined : JSON.stringify(body), headers);
+      const text = body === undefined ? undefined : JSON.stringify(body);
+      return await send(method, address(name), text, headers);
     } catch (error) {
       // The token is made anew when the streamer starts.
       if (error.status === 403 || !error.status) forgetSession();
@@ -95,7 +97,9 @@ async function change(method, name, body) {
 /** Rows of one page: no more are to be had in one call of the service. */
 export const pageSize = 50;
 
-const listRoles = "Path,Type,Title,Disabled,MediaData,Icon,Id,AudioType,Context,Description,ContainerType,ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText";
+const listRoles =
+  "Path,Type,Title,Disabled,MediaData,Icon,Id,AudioType,Context,Description,ContainerType," +
+  "ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText";
 
 let ahead = null;
 

@@ -63,7 +63,8 @@ function show() {
 
 function nameDocument() {
   const title = view?.title?.trim();
-  document.title = playback.isPlaying && playback.state.title ? `▶ ${playback.state.title} – kelo` : title ? `${title} – kelo` : "kelo";
+  const playing = playback.isPlaying && playback.state.title;
+  document.title = playing ? `▶ ${playing} – kelo` : title ? `${title} – kelo` : "kelo";
 }
 
 function startSearch() {
@@ -98,18 +99,33 @@ function startSearch() {
   });
 }
 
+// A plain click begins a new trail at the path; another is the browser's.
+function leadTo(link, path) {
+  link.addEventListener("click", (event) => {
+    if (!isPlainClick(event)) return;
+    event.preventDefault();
+    go(path, null, true);
+  });
+}
+
 /** The top of the tree beside the page, on wide screens. It follows logins by the notices of its rows. */
 function startSidebar() {
   const top = new RowSource(home);
   const list = part("sidebar").querySelector("ul");
   const fillIt = () => {
     const rows = top.rows.filter((row) => row.Type === "Container" && row.Path);
-    const entries = [{ Path: home, Title: t("Home"), picture: "home" }, ...rows, { Path: "!playing", Title: t("Now playing"), picture: "queue" }, { Path: settingsPath, Title: t("Settings"), picture: "settings" }];
+    const entries = [
+      { Path: home, Title: t("Home"), picture: "home" },
+      ...rows,
+      { Path: "!playing", Title: t("Now playing"), picture: "queue" },
+      { Path: settingsPath, Title: t("Settings"), picture: "settings" },
+    ];
     fill(
       list,
       entries.map(({ Path, Title, picture = "list" }) => {
-        const link = el("a", { href: linkTo(Path), "aria-current": Path === currentPath() ? "page" : null }, icon(picture), Title);
-        link.addEventListener("click", (event) => isPlainClick(event) && (event.preventDefault(), go(Path, null, true)));
+        const current = Path === currentPath() ? "page" : null;
+        const link = el("a", { href: linkTo(Path), "aria-current": current }, icon(picture), Title);
+        leadTo(link, Path);
         return el("li", {}, link);
       }),
     );
@@ -134,13 +150,16 @@ const keys = () => [
 
 function showHelp() {
   const dialog = new Dialog(null, "reading-dialog");
-  const rows = keys().map(([key, what]) => el("tr", {}, el("th", { scope: "row" }, el("kbd", {}, key)), el("td", {}, what)));
+  const rows = keys().map(([key, what]) =>
+    el("tr", {}, el("th", { scope: "row" }, el("kbd", {}, key)), el("td", {}, what)),
+  );
   const element = el("div", { class: "reading" }, el("table", { class: "keys" }, el("tbody", {}, rows)));
   dialog.push({ title: t("Keys"), element });
 }
 
 function onKey(event) {
-  if (event.defaultPrevented || event.ctrlKey || event.metaKey || event.altKey || document.querySelector("dialog[open]")) return;
+  if (event.defaultPrevented || event.ctrlKey || event.metaKey || event.altKey) return;
+  if (document.querySelector("dialog[open]")) return;
   const target = event.target;
   const isField = target.matches("input:not([type=range]), select, textarea");
   if (isField) {
@@ -194,9 +213,12 @@ async function start() {
   nav.addEventListener("moved", show);
   playback.addEventListener("changed", nameDocument);
   addEventListener("keydown", onKey);
-  part("brand").addEventListener("click", (event) => isPlainClick(event) && (event.preventDefault(), go(home, null, true)));
+  leadTo(part("brand"), home);
   // The address bar holds the path: a link into the page would be taken for one.
-  document.querySelector(".skip").addEventListener("click", (event) => (event.preventDefault(), part("view").focus()));
+  document.querySelector(".skip").addEventListener("click", (event) => {
+    event.preventDefault();
+    part("view").focus();
+  });
   part("drawer-button").addEventListener("click", () => drawer.toggle());
   part("help-button").addEventListener("click", showHelp);
   part("offline-retry").addEventListener("click", () => live.connect());

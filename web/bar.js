@@ -1,15 +1,17 @@
 // The bar at the page's foot: what plays, and the controls that one needs all the time.
 
-import { cover, el, fill, icon, iconButton, setIconButton } from "./dom.js";
+import { cover, el, fill, icon, iconButton, setIconButton, twoLines } from "./dom.js";
 import { go } from "./nav.js";
 import { linkTo } from "./path.js";
 import { playback } from "./playback.js";
 import { clock, t } from "./text.js";
 import { waitingLine } from "./waiting.js";
 
+const slider = (properties) => el("input", { type: "range", min: "0", ...properties });
+
 /** A slider for the place in the item. Owned by its view; stop() ends its clock. */
 export function seekBar() {
-  const input = el("input", { type: "range", min: "0", max: "1", step: "1000", value: "0", class: "seek", "aria-label": t("Position") });
+  const input = slider({ max: "1", step: "1000", value: "0", class: "seek", "aria-label": t("Position") });
   const now = el("span", { class: "time" });
   const whole = el("span", { class: "time" });
   const element = el("div", { class: "seek-bar" }, now, input, whole);
@@ -39,7 +41,7 @@ export function seekBar() {
 
 /** A slider for the volume. */
 export function volumeBar() {
-  const input = el("input", { type: "range", min: "0", max: "100", class: "volume", "aria-label": t("Volume") });
+  const input = slider({ max: "100", class: "volume", "aria-label": t("Volume") });
   let isHeld = false;
   let wanted = null;
   let isSending = false;
@@ -70,11 +72,13 @@ export function volumeBar() {
   const onChanged = () => show();
   playback.addEventListener("changed", onChanged);
   show();
-  return { element: el("div", { class: "volume-bar" }, icon("volume"), input), stop: () => playback.removeEventListener("changed", onChanged) };
+  const element = el("div", { class: "volume-bar" }, icon("volume"), input);
+  return { element, stop: () => playback.removeEventListener("changed", onChanged) };
 }
 
 export function playButton() {
-  const button = iconButton("play", t("Play"), () => playback.toggle(), { class: "icon-button play-button" });
+  const properties = { class: "icon-button play-button" };
+  const button = iconButton("play", t("Play"), () => playback.toggle(), properties);
   const show = () => {
     const isPlaying = playback.isPlaying;
     setIconButton(button, isPlaying ? "pause" : "play", isPlaying ? t("Pause") : t("Play"));
@@ -99,23 +103,32 @@ export function qualityText({ quality } = {}) {
 
 /** Fills the bar's element. */
 export function startBar(bar) {
-  const words = el("span", { class: "words" }, el("span", { class: "title" }), " ", el("span", { class: "subtitle" }));
+  const words = twoLines("", "");
   const link = el("a", { class: "bar-item", href: linkTo("!playing") });
   link.addEventListener("click", (event) => (event.preventDefault(), go("!playing", null, true)));
   const note = el("div", { class: "bar-note", role: "status" });
   const previous = iconButton("previous", t("Previous"), () => playback.send("previous"));
   const next = iconButton("next", t("Next"), () => playback.send("next"));
-  const queue = iconButton("queue", t("Now playing and queue"), () => go("!playing", null, true), { class: "icon-button queue-button" });
+  const showQueue = () => go("!playing", null, true);
+  const properties = { class: "icon-button queue-button" };
+  const queue = iconButton("queue", t("Now playing and queue"), showQueue, properties);
   fill(
     bar,
     waitingLine(() => [playback]),
     note,
     seekBar().element,
-    el("div", { class: "bar-row" }, link, el("div", { class: "bar-buttons" }, previous, playButton().element, next), el("div", { class: "bar-side" }, volumeBar().element, queue)),
+    el(
+      "div",
+      { class: "bar-row" },
+      link,
+      el("div", { class: "bar-buttons" }, previous, playButton().element, next),
+      el("div", { class: "bar-side" }, volumeBar().element, queue),
+    ),
   );
   let shown = "";
   const show = () => {
-    const { path = "", title = "", artist = "", album = "", icon: picture = "", note: text = "" } = playback.state;
+    const { path = "", title = "", artist = "", album = "" } = playback.state;
+    const { icon: picture = "", note: text = "" } = playback.state;
     bar.classList.toggle("idle", !playback.isActive);
     previous.disabled = next.disabled = !playback.isActive;
     if (note.textContent !== text) note.textContent = text;
@@ -125,7 +138,8 @@ export function startBar(bar) {
     words.firstChild.textContent = title || t("Nothing plays");
     words.lastChild.textContent = [artist, album].filter(Boolean).join(" · ");
     fill(link, cover(picture, title || "♪"), words);
-    link.setAttribute("aria-label", title ? t("Now playing: %1", [title, artist, album].filter(Boolean).join(", ")) : t("Nothing plays"));
+    const said = [title, artist, album].filter(Boolean).join(", ");
+    link.setAttribute("aria-label", title ? t("Now playing: %1", said) : t("Nothing plays"));
   };
   playback.addEventListener("changed", show);
   show();

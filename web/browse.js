@@ -1,6 +1,6 @@
 // The view of one path: what stands there, its rows, and what can be done with the whole of it.
 
-import { cover, el, fill, icon } from "./dom.js";
+import { boxOf, button, buttonRow, cover, el, fill, icon } from "./dom.js";
 import { item, skeleton } from "./items.js";
 import { VirtualList } from "./list.js";
 import { openMenu } from "./menu.js";
@@ -37,15 +37,23 @@ export class BrowseView extends View {
     this.#trail = trail;
     this.#place = place;
     this.#source = new RowSource(path);
-    this.element = el("section", { class: "view" }, this.#head, waitingLine(() => [this.#source]), this.#body);
-    this.#list = new VirtualList(scroller, known?.title || t("Rows"), (index, kind) => this.#make(index, kind), (index) => this.#source.row(index), (from, to) => this.#source.need(from, to));
+    const waiting = waitingLine(() => [this.#source]);
+    this.element = el("section", { class: "view" }, this.#head, waiting, this.#body);
+    this.#list = new VirtualList(
+      scroller,
+      known?.title || t("Rows"),
+      (index, kind) => this.#make(index, kind),
+      (index) => this.#source.row(index),
+      (from, to) => this.#source.need(from, to),
+    );
     this.#list.element.addEventListener("current", (event) => this.#tellCurrent(event.detail));
     this.scroller = scroller;
     this.#source.addEventListener("changed", () => this.#update());
-    this.#source.addEventListener("call", (event) => this.dispatchEvent(new CustomEvent("call", { detail: event.detail })));
+    this.#source.addEventListener("call", (event) => this.tell("call", event.detail));
     playback.addEventListener("changed", this.#onPlayer);
     this.#showHead();
-    fill(this.#body, el("ul", { class: "list loading", "aria-hidden": "true" }, ...Array.from({ length: 8 }, () => skeleton("rows"))));
+    const unread = Array.from({ length: 8 }, () => skeleton("rows"));
+    fill(this.#body, el("ul", { class: "list loading", "aria-hidden": "true" }, unread));
     this.#source.need(0, (place?.to ?? 0) + 1);
   }
 
@@ -56,7 +64,9 @@ export class BrowseView extends View {
   }
 
   get place() {
-    return { scroll: this.scroller.scrollTop, current: this.#list.current, hadFocus: this.#list.element.contains(document.activeElement), to: this.#list.current };
+    const { element, current } = this.#list;
+    const hadFocus = element.contains(document.activeElement);
+    return { scroll: this.scroller.scrollTop, current, hadFocus, to: current };
   }
 
   get source() {
@@ -68,11 +78,11 @@ export class BrowseView extends View {
     if (!source.isLoaded) return;
     this.#showHead();
     if (source.error && !source.count) {
-      const login = document.body.classList.contains("logged-out") ? el("a", { class: "button", href: linkTo(loginPath) }, t("Log in")) : null;
-      fill(
-        this.#body,
-        el("div", { class: "empty", role: "alert" }, el("p", {}, source.error.message), el("div", { class: "buttons" }, el("button", { type: "button", class: "button", on: { click: () => source.reload() } }, t("Try again")), login)),
-      );
+      const isLoggedOut = document.body.classList.contains("logged-out");
+      const login = isLoggedOut ? el("a", { class: "button", href: linkTo(loginPath) }, t("Log in")) : null;
+      const again = button(t("Try again"), () => source.reload());
+      const text = el("p", {}, source.error.message);
+      fill(this.#body, el("div", { class: "empty", role: "alert" }, text, buttonRow(again, login)));
       return;
     }
     if (!source.count) {
@@ -109,7 +119,8 @@ export class BrowseView extends View {
     const { roles, rows } = this.#source;
     const albums = new Set(rows.filter((row) => row.Type === "Audio").map(albumOf));
     const { parameters } = parsePath(this.path);
-    if (parameters.has("contentId") && !parameters.has("playlistId") && albums.size === 1 && rows.every((row) => row.Type === "Audio")) return [...albums][0];
+    const isAlbum = parameters.has("contentId") && !parameters.has("playlistId");
+    if (isAlbum && albums.size === 1 && rows.every((row) => row.Type === "Audio")) return [...albums][0];
     return roles.Title || (parameters.has("artistId") ? t("Artist") : "");
   }
 
@@ -130,7 +141,8 @@ export class BrowseView extends View {
     const buttons = [];
     if (canPlay) buttons.push(this.#button("play", t("Play"), () => playback.play(this.path), "primary"));
     if (this.#item?.menu) buttons.push(this.#button("more", t("More"), (box) => this.#openItemMenu(box)));
-    if (own && own !== this.#item?.menu) buttons.push(this.#button("sort", t("Order"), (box) => this.#openOrder(own, box)));
+    if (own && own !== this.#item?.menu)
+      buttons.push(this.#button("sort", t("Order"), (box) => this.#openOrder(own, box)));
     fill(
       this.#head,
       this.#crumbs(title),
@@ -138,28 +150,37 @@ export class BrowseView extends View {
         "div",
         { class: "hero-row" },
         picture ? cover(picture, title) : null,
-        el("div", { class: "hero-words" }, this.heading, this.#item?.subtitle ? el("p", { class: "subtitle", text: this.#item.subtitle }) : null, buttons.length ? el("div", { class: "buttons" }, buttons) : null),
+        el(
+          "div",
+          { class: "hero-words" },
+          this.heading,
+          this.#item?.subtitle ? el("p", { class: "subtitle", text: this.#item.subtitle }) : null,
+          buttons.length ? buttonRow(...buttons) : null,
+        ),
       ),
     );
     if (!focused) return;
-    const same = [...this.#head.querySelectorAll("a, button")].find((one) => one.textContent === focused.textContent);
+    const before = focused.textContent;
+    const same = [...this.#head.querySelectorAll("a, button")].find((one) => one.textContent === before);
     (same ?? this.heading).focus({ preventScroll: true });
   }
 
   #button(picture, label, run, kind = "") {
-    return el("button", { type: "button", class: `button ${kind}`, on: { click: (event) => run(event.currentTarget.getBoundingClientRect()) } }, icon(picture), label);
+    return button([icon(picture), label], (event) => run(boxOf(event)), kind);
   }
 
   // No notice tells of another order: the list is read again.
   #openOrder(path, box) {
     const { roles } = this.#source;
-    openMenu({ ...roles, Type: "", Path: "", Context: { Path: path } }, box, [], () => this.#source.reload());
+    const list = { ...roles, Type: "", Path: "", Context: { Path: path } };
+    openMenu(list, box, [], () => this.#source.reload());
   }
 
   #openItemMenu(box) {
     const { title, subtitle, icon: picture, menu, playable, id } = this.#item;
+    const row = { Title: title, Description: subtitle, Icon: picture, Id: id, Path: this.path };
     // A list's own menu (its order) needs no entry that opens the list.
-    openMenu({ Title: title, Description: subtitle, Icon: picture, Id: id, Type: playable ? "Item" : "", Path: this.path, Context: { Path: menu } }, box);
+    openMenu({ ...row, Type: playable ? "Item" : "", Context: { Path: menu } }, box);
   }
 
   #crumbs(title) {
@@ -170,7 +191,8 @@ export class BrowseView extends View {
       return el("li", {}, link);
     });
     if (!links.length) return null;
-    return el("nav", { class: "crumbs", "aria-label": t("Where you are") }, el("ol", {}, links, el("li", { "aria-current": "page" }, title || "…")));
+    links.push(el("li", { "aria-current": "page" }, title || "…"));
+    return el("nav", { class: "crumbs", "aria-label": t("Where you are") }, el("ol", {}, links));
   }
 
   // Whoever comes by an address from elsewhere gets the list above, as far as the path tells.
@@ -178,7 +200,8 @@ export class BrowseView extends View {
     if (this.path === home || !this.path.startsWith(`${home}/`)) return [];
     const { base, parameters } = parsePath(this.path);
     const above = [{ path: home, title: t("Home") }];
-    if (parameters.has("contentId")) above.push({ path: base, title: this.#source.roles.Title || t("List") });
+    if (parameters.has("contentId"))
+      above.push({ path: base, title: this.#source.roles.Title || t("List") });
     return above;
   }
 

@@ -2,7 +2,7 @@
 // and gives it back.
 
 import { callSince } from "./api.js";
-import { el, icon, iconButton } from "./dom.js";
+import { button, buttonRow, el, icon, iconButton } from "./dom.js";
 import { t } from "./text.js";
 import { lookForWaiting, waitingLine } from "./waiting.js";
 
@@ -32,8 +32,11 @@ export class Dialog {
     // A press that began before the dialog came is not meant for it: a long press ends over what it opened.
     let pressed = null;
     this.element.addEventListener("pointerdown", (event) => (pressed = event.target));
-    this.element.addEventListener("click", (event) => event.detail > 0 && !pressed && event.stopPropagation(), { capture: true });
-    this.element.addEventListener("click", (event) => event.target === this.element && pressed === this.element && this.close());
+    const withhold = (event) => event.detail > 0 && !pressed && event.stopPropagation();
+    this.element.addEventListener("click", withhold, { capture: true });
+    this.element.addEventListener("click", (event) => {
+      if (event.target === this.element && pressed === this.element) this.close();
+    });
     this.element.addEventListener("cancel", (event) => {
       if (this.#pages.length < 2) return;
       event.preventDefault();
@@ -80,8 +83,9 @@ export class Dialog {
     if (!this.anchor || innerWidth < 640) return;
     this.element.classList.add("anchored");
     const { width, height } = this.element.getBoundingClientRect();
-    this.element.style.left = `${Math.max(8, Math.min(this.anchor.right - width, innerWidth - width - 8))}px`;
-    this.element.style.top = `${Math.max(8, Math.min(this.anchor.bottom + 4, innerHeight - height - 8))}px`;
+    const { style } = this.element;
+    style.left = `${Math.max(8, Math.min(this.anchor.right - width, innerWidth - width - 8))}px`;
+    style.top = `${Math.max(8, Math.min(this.anchor.bottom + 4, innerHeight - height - 8))}px`;
   }
 
   #closed() {
@@ -95,9 +99,10 @@ export class Dialog {
 /** Asks a question that can be answered with yes; true when it was. */
 export function ask(title, text, yes) {
   const dialog = new Dialog(null, "question");
-  const no = el("button", { type: "button", class: "button", on: { click: () => dialog.close(false) } }, t("Cancel"));
-  const confirm = el("button", { type: "button", class: "button danger", on: { click: () => dialog.close(true) } }, yes);
-  dialog.push({ title, element: el("div", { class: "form" }, el("p", {}, text), el("div", { class: "buttons" }, no, confirm)), shown: () => no.focus() });
+  const no = button(t("Cancel"), () => dialog.close(false));
+  const confirm = button(yes, () => dialog.close(true), "danger");
+  const element = el("div", { class: "form" }, el("p", {}, text), buttonRow(no, confirm));
+  dialog.push({ title, element, shown: () => no.focus() });
   return dialog.finished.then(Boolean);
 }
 
@@ -107,5 +112,6 @@ export function textPage(title, text) {
   return { title, element, shown: () => element.focus() };
 }
 
-export const busy = (text) => el("p", { class: "busy", role: "status" }, el("span", { class: "spinner", "aria-hidden": "true" }), text);
+const spinner = () => el("span", { class: "spinner", "aria-hidden": "true" });
+export const busy = (text) => el("p", { class: "busy", role: "status" }, spinner(), text);
 export const problem = (text) => el("p", { class: "problem", role: "alert" }, icon("close"), text);

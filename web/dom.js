@@ -1,13 +1,16 @@
 // Making elements. Texts become text nodes, never markup, so a title that looks like HTML stays a title.
 
-/** An element with properties: `class`, `text`, `on` (listeners), `data`, or any attribute; null and false leave one out. */
+/**
+ * An element with properties: `class`, `text`, `on` (listeners), `data`, or any attribute; null and false
+ * leave one out.
+ */
 export function el(tag, properties = {}, ...children) {
   const element = document.createElement(tag);
   for (const [name, value] of Object.entries(properties)) {
-    if (value === null || value === undefined || value === false) continue;
+    if ((value ?? false) === false) continue;
     if (name === "class") element.className = value;
     else if (name === "text") element.textContent = value;
-    else if (name === "on") for (const [type, listener] of Object.entries(value)) element.addEventListener(type, listener);
+    else if (name === "on") listen(element, value);
     else if (name === "data") Object.assign(element.dataset, value);
     else element.setAttribute(name, value === true ? "" : String(value));
   }
@@ -15,8 +18,12 @@ export function el(tag, properties = {}, ...children) {
   return element;
 }
 
+function listen(element, listeners) {
+  for (const [type, listener] of Object.entries(listeners)) element.addEventListener(type, listener);
+}
+
 function append(element, children) {
-  for (const child of children.flat(Infinity)) if (child !== null && child !== undefined && child !== false) element.append(child);
+  element.append(...children.flat(Infinity).filter((child) => (child ?? false) !== false));
 }
 
 /** Puts other children in place of an element's own. */
@@ -39,9 +46,26 @@ export function icon(name) {
   return picture;
 }
 
+/** A button with a label; `kind` is "primary", "danger" or "small". */
+export const button = (label, onClick, kind = "") =>
+  el("button", { type: "button", class: `button ${kind}`, on: { click: onClick } }, label);
+
+/** Buttons side by side. */
+export const buttonRow = (...buttons) => el("div", { class: "buttons" }, buttons);
+
+/** Where in the window an event's element is, for what opens beside it. */
+export const boxOf = (event) => event.currentTarget.getBoundingClientRect();
+
+/** A title and the line below it. */
+export function twoLines(title, subtitle) {
+  const line = (name, text) => el("span", { class: name, text });
+  return el("span", { class: "words" }, line("title", title), " ", line("subtitle", subtitle));
+}
+
 /** A button that shows a picture and says what it does. */
 export function iconButton(name, label, onClick, properties = {}) {
-  return el("button", { type: "button", class: "icon-button", "aria-label": label, title: label, on: { click: onClick }, ...properties }, icon(name));
+  const shared = { type: "button", class: "icon-button", "aria-label": label, title: label };
+  return el("button", { ...shared, on: { click: onClick }, ...properties }, icon(name));
 }
 
 /** Exchanges the picture and the label of such a button. */
@@ -61,8 +85,10 @@ function hueOf(text) {
 
 /** A cover that loads when it is shown, over a stand-in drawn from the title. */
 export function cover(address, title) {
-  const initials = title.split(/[^\p{L}\p{N}]+/u).filter(Boolean).slice(0, 2).map((word) => [...word][0]).join("") || "♪";
-  const box = el("span", { class: "cover", "aria-hidden": "true" }, el("span", { class: "initials", data: { initials: initials.toUpperCase() } }));
+  const words = title.split(/[^\p{L}\p{N}]+/u).filter(Boolean);
+  const initials = words.slice(0, 2).map((word) => [...word][0]).join("") || "♪";
+  const standIn = el("span", { class: "initials", data: { initials: initials.toUpperCase() } });
+  const box = el("span", { class: "cover", "aria-hidden": "true" }, standIn);
   box.style.setProperty("--hue", hueOf(title));
   if (address) {
     const picture = el("img", { alt: "", decoding: "async", draggable: "false" });

@@ -1,16 +1,29 @@
-// The developer's drawer: what the tree says behind the rows. Paths, roles, raw replies with their times, the
-// notices as they arrive, and the requests that the module makes to the service.
+// The developer's drawer: what the tree says behind the rows. Paths, roles, raw replies with their times,
+// the notices as they arrive, and the requests that the module makes to the service.
 
 import { getData, getRequests, watchCalls } from "./api.js";
-import { el, fill, iconButton } from "./dom.js";
+import { button, buttonRow, el, fill, iconButton } from "./dom.js";
 import { live } from "./live.js";
 import { t } from "./text.js";
 import { toast } from "./toast.js";
 
 const mostLines = 200;
 
-const timeText = (date) => date.toTimeString().slice(0, 8) + "." + String(date.getMilliseconds()).padStart(3, "0");
+function timeOf(date) {
+  const thousandths = String(date.getMilliseconds()).padStart(3, "0");
+  return el("time", {}, `${date.toTimeString().slice(0, 8)}.${thousandths}`);
+}
+
 const milliseconds = (time) => (time < 1 ? "< 1 ms" : `${Math.round(time)} ms`);
+
+// A call or a request, as the cells of a line.
+const exchangeLine = (date, method, address, status, outcome, time) => [
+  timeOf(date),
+  el("b", {}, method),
+  el("code", {}, address),
+  el("span", { class: status >= 400 || !status ? "bad" : "" }, outcome),
+  el("span", {}, milliseconds(time)),
+];
 
 // The clipboard is there for secure pages alone; elsewhere the path is marked for the reader to copy.
 async function copy(text) {
@@ -53,18 +66,34 @@ export class Drawer {
   constructor(element, onChange) {
     this.element = element;
     this.onChange = onChange;
-    const names = { node: t("Row"), reply: t("Reply"), notices: t("Notices"), requests: t("Requests"), calls: t("Calls") };
-    const contents = { node: this.#node, reply: [this.#replyTime, this.#reply], notices: this.#notices.element, requests: this.#requests.element, calls: this.#calls.element };
-    for (const [key, name] of Object.entries(names)) {
-      this.#tabs[key] = el("button", { type: "button", role: "tab", id: `tab-${key}`, "aria-controls": `panel-${key}`, on: { click: () => this.#choose(key) } }, name);
-      this.#panels[key] = el("div", { role: "tabpanel", id: `panel-${key}`, "aria-labelledby": `tab-${key}`, class: "panel" }, contents[key]);
+    const tabs = {
+      node: [t("Row"), this.#node],
+      reply: [t("Reply"), [this.#replyTime, this.#reply]],
+      notices: [t("Notices"), this.#notices.element],
+      requests: [t("Requests"), this.#requests.element],
+      calls: [t("Calls"), this.#calls.element],
+    };
+    for (const [key, [name, content]] of Object.entries(tabs)) {
+      const [tab, panel] = [`tab-${key}`, `panel-${key}`];
+      const choose = { click: () => this.#choose(key) };
+      const properties = { type: "button", role: "tab", id: tab, "aria-controls": panel, on: choose };
+      this.#tabs[key] = el("button", properties, name);
+      const shown = { role: "tabpanel", id: panel, "aria-labelledby": tab, class: "panel" };
+      this.#panels[key] = el("div", shown, content);
     }
-    const tabs = el("div", { role: "tablist", "aria-label": t("Developer’s drawer"), on: { keydown: (event) => this.#moveTab(event) } }, Object.values(this.#tabs));
-    fill(element, el("header", {}, tabs, iconButton("close", t("Close the drawer"), () => this.toggle(false))), Object.values(this.#panels));
+    const move = { keydown: (event) => this.#moveTab(event) };
+    const list = { role: "tablist", "aria-label": t("Developer’s drawer"), on: move };
+    const close = iconButton("close", t("Close the drawer"), () => this.toggle(false));
+    const header = el("header", {}, el("div", list, Object.values(this.#tabs)), close);
+    fill(element, header, Object.values(this.#panels));
     this.#choose("node");
     this.showRow(null);
-    live.addEventListener("rows", ({ detail }) => this.#notice("rows", detail.path, JSON.stringify(detail.change), detail.count));
-    live.addEventListener("login", ({ detail }) => this.#notice("login", "", detail.loggedIn ? "loggedIn" : (detail.problem ?? "loggedOut"), -1));
+    live.addEventListener("rows", ({ detail: { path, change, count } }) =>
+      this.#notice("rows", path, JSON.stringify(change), count),
+    );
+    live.addEventListener("login", ({ detail: { loggedIn, problem } }) =>
+      this.#notice("login", "", loggedIn ? "loggedIn" : (problem ?? "loggedOut"), -1),
+    );
     live.addEventListener("request", ({ detail }) => this.#request(detail));
     live.addEventListener("state", ({ detail }) => {
       this.#notice("stream", "", detail ? "connected" : "lost", -1);
@@ -89,13 +118,20 @@ export class Drawer {
   /** Shows what the tree says of a row. */
   showRow(row) {
     this.#row = row;
-    if (!row) return fill(this.#node, el("p", { class: "hint" }, t("Move to a row: its path, roles and data stand here.")));
+    if (!row) {
+      const hint = t("Move to a row: its path, roles and data stand here.");
+      return fill(this.#node, el("p", { class: "hint" }, hint));
+    }
     const data = el("div", { class: "data" });
-    const ask = el("button", { type: "button", class: "button small", on: { click: () => this.#askData(row, data) } }, t("Read its data"));
-    const roles = Object.entries(row).map(([name, value]) => [el("dt", {}, name), el("dd", {}, typeof value === "string" ? value : JSON.stringify(value, null, 1))]);
+    const ask = button(t("Read its data"), () => this.#askData(row, data), "small");
+    const take = button(t("Copy its path"), () => copy(row.Path), "small");
+    const roles = Object.entries(row).map(([name, value]) => [
+      el("dt", {}, name),
+      el("dd", {}, typeof value === "string" ? value : JSON.stringify(value, null, 1)),
+    ]);
     fill(
       this.#node,
-      el("div", { class: "buttons" }, row.Path ? [ask, el("button", { type: "button", class: "button small", on: { click: () => copy(row.Path) } }, t("Copy its path"))] : null),
+      buttonRow(row.Path ? [ask, take] : null),
       data,
       el("dl", { "aria-label": t("Roles") }, roles),
     );
@@ -104,7 +140,11 @@ export class Drawer {
 
   /** Shows the answer that a list was made from. */
   showReply({ answer, milliseconds: time }) {
-    this.#replyTime.textContent = t("%1, rows from %2, %3 in all, version %4, answered in %5", answer.path, answer.from, answer.rowsCount, answer.rowsVersion, milliseconds(time));
+    const { path, from, rowsCount, rowsVersion } = answer;
+    this.#replyTime.textContent = t(
+      "%1, rows from %2, %3 in all, version %4, answered in %5",
+      ...[path, from, rowsCount, rowsVersion, milliseconds(time)],
+    );
     this.#reply.textContent = JSON.stringify(answer, null, 1);
   }
 
@@ -112,25 +152,34 @@ export class Drawer {
     const begin = performance.now();
     try {
       const answer = await getData(row.Path);
-      if (row === this.#row) fill(place, el("p", { class: "hint" }, t("Answered in %1", milliseconds(performance.now() - begin))), el("pre", { tabindex: "0" }, JSON.stringify(answer.data, null, 1)));
+      const time = t("Answered in %1", milliseconds(performance.now() - begin));
+      const text = JSON.stringify(answer.data, null, 1);
+      if (row !== this.#row) return;
+      fill(place, el("p", { class: "hint" }, time), el("pre", { tabindex: "0" }, text));
     } catch (error) {
       fill(place, el("p", { class: "problem" }, `${error.status} ${error.name}: ${error.message}`));
     }
   }
 
   #notice(kind, path, change, count) {
-    this.#notices.add(el("time", {}, timeText(new Date())), el("b", {}, kind), el("code", {}, path), el("span", {}, count >= 0 ? `${change} · ${count}` : change));
+    this.#notices.add(
+      timeOf(new Date()),
+      el("b", {}, kind),
+      el("code", {}, path),
+      el("span", {}, count >= 0 ? `${change} · ${count}` : change),
+    );
   }
 
   #call({ method, target, status, milliseconds: time }) {
-    this.#calls.add(el("time", {}, timeText(new Date())), el("b", {}, method), el("code", {}, decodeURI(target.replace(/^api\/v1\//, "").replace(/&roles=[^&]*/, ""))), el("span", { class: status >= 400 || !status ? "bad" : "" }, status || t("failed")), el("span", {}, milliseconds(time)));
+    const address = decodeURI(target.replace(/^api\/v1\//, "").replace(/&roles=[^&]*/, ""));
+    this.#calls.add(...exchangeLine(new Date(), method, address, status, status || t("failed"), time));
   }
 
   #request({ id, time, method, address, status, error, durationMs }) {
     if (id <= this.#lastRequest) return;
     this.#lastRequest = id;
     const outcome = status || error || t("failed");
-    this.#requests.add(el("time", {}, timeText(new Date(time))), el("b", {}, method), el("code", {}, address), el("span", { class: status >= 400 || !status ? "bad" : "" }, outcome), el("span", {}, milliseconds(durationMs)));
+    this.#requests.add(...exchangeLine(new Date(time), method, address, status, outcome, durationMs));
   }
 
   async #readRequests() {

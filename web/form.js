@@ -4,8 +4,7 @@ import { understand } from "./actions.js";
 import { getData, setValue } from "./api.js";
 import { problem, textPage } from "./dialog.js";
 import { el } from "./dom.js";
-import { currentPath } from "./nav.js";
-import { parsePath } from "./path.js";
+import { baseOf, parsePath } from "./path.js";
 import { isChoice, isField, plainValue } from "./rowtext.js";
 import { t } from "./text.js";
 
@@ -13,38 +12,32 @@ let lastId = 0;
 
 function fieldOf(row, value) {
   const id = `field${++lastId}`;
-  const present = plainValue(row.Value);
-  const kind = { boolean: "checkbox", number: "number", string: "text" }[typeof present];
+  const kind = { boolean: "checkbox", number: "number", string: "text" }[typeof value];
   const input = el("input", { id, type: kind, autocomplete: "off", step: kind === "number" ? "1" : null });
-  if (kind === "checkbox") input.checked = present;
-  else input.value = value ?? present;
-  const read = () => (kind === "checkbox" ? input.checked : kind === "number" ? Number(input.value) : input.value);
-  return { row, input, read, element: el("div", { class: `field ${kind}` }, el("label", { for: id, text: row.Title }), input) };
+  if (kind === "checkbox") input.checked = value;
+  else input.value = value;
+  const typed = () => (kind === "number" ? Number(input.value) : input.value);
+  const read = kind === "checkbox" ? () => input.checked : typed;
+  const label = el("label", { for: id, text: row.Title });
+  return { row, input, read, element: el("div", { class: `field ${kind}` }, label, input) };
 }
 
-// A form that changes something starts from what is there, as far as the page knows it.
-function startValue(context, path, row) {
-  const present = plainValue(row.Value);
-  const { base, parameters } = parsePath(path);
-  const field = parsePath(row.Path).base;
-  if (typeof present === "string" && base.endsWith("/updatePlaylists") && parameters.get("type") === "Playlists") {
-    if (field.endsWith("/title")) return context.row.Title ?? "";
-    if (field.endsWith("/description")) return context.row.Description ?? "";
-  }
-  // From a track of a playlist: the playlist is the view below.
-  if (base.endsWith("/updatePlaylists") && field.endsWith("/title") && parameters.get("playlistId") === parsePath(currentPath()).parameters.get("playlistId")) return document.querySelector("main h1")?.textContent ?? "";
-  if (typeof present === "number" && parameters.has("rowNum") && base.endsWith("/moveTrack")) return parameters.get("rowNum");
-  // What another client has left in the fields of a new playlist is not this reader's.
-  if (typeof present === "string" && base.endsWith("/createPlaylist")) return "";
-  return present;
-}
+const nameOf = (row) => baseOf(row.Path).split("/").pop();
 
 /**
  * A page of a dialog with a form. `accept` is the path that accepts it; without one the action rows of the
- * form do, and without those the fields are stored as they are.
+ * form do, and without those the fields are stored as they are. `path` is the form's own, whose parameters
+ * may say where a number begins; `changes` are the texts of what the form changes, null when that is new.
  */
-export function formPage(context, { path, title, rows, accept }) {
-  const fields = rows.filter(isField).map((row) => fieldOf(row, startValue(context, path, row)));
+export function formPage(context, { title, rows, accept = null, path = "", changes = null }) {
+  const { parameters } = parsePath(path);
+  const startValue = (row) => {
+    const present = plainValue(row.Value);
+    if (typeof present === "number") return Number(parameters.get(nameOf(row)) ?? present);
+    // All clients share the fields: a text that another one has left is not this reader's.
+    return typeof present === "string" && accept ? (changes?.[nameOf(row)] ?? "") : present;
+  };
+  const fields = rows.filter(isField).map((row) => fieldOf(row, startValue(row)));
   const actions = rows.filter((row) => row.Type === "Action");
   const others = rows.filter((row) => !isField(row) && !isChoice(row) && row.Type === "Text");
   const buttons = el("div", { class: "buttons" });
@@ -70,32 +63,28 @@ export function formPage(context, { path, title, rows, accept }) {
     form.removeAttribute("aria-busy");
   };
 
-  const targets = accept ? [{ Path: accept, Title: t("Save") }] : actions.length ? actions : [{ Path: null, Title: t("Save") }];
+  const save = { Path: accept, Title: t("Save") };
+  const targets = accept || !actions.length ? [save] : actions;
   for (const target of targets) {
     const isFirst = target === targets[0];
-    const button = el("button", { type: isFirst ? "submit" : "button", class: "button primary", text: target.Title });
+    const properties = { type: isFirst ? "submit" : "button", class: "button primary", text: target.Title };
+    const button = el("button", properties);
     if (!isFirst) button.addEventListener("click", () => submit(target.Path));
     buttons.append(button);
     if (accept) nameButton(accept, button, target);
   }
-  const hint = hintFor(parsePath(path).base);
+  const counts = fields.some(({ row }) => nameOf(row) === "rowNum");
+  const hint = counts ? t("The first row has the number 0.") : t("What is left empty stays as it is.");
   const form = el(
     "form",
     { class: "form", on: { submit: (event) => (event.preventDefault(), submit(targets[0].Path)) } },
     others.map((row) => el("p", { text: row.Title })),
     fields.map((field) => field.element),
-    hint ? el("p", { class: "hint" }, hint) : null,
+    counts || (accept && changes) ? el("p", { class: "hint" }, hint) : null,
     message,
     buttons,
   );
   return { title, element: form, shown: () => fields[0]?.input.select?.() ?? fields[0]?.input.focus() };
-}
-
-// What the tree does not say of its forms.
-function hintFor(base) {
-  if (base.endsWith("/moveTrack")) return t("The first row has the number 0.");
-  if (base.endsWith("/updatePlaylists")) return t("What is left empty stays as it is.");
-  return "";
 }
 
 async function nameButton(path, button, target) {

@@ -1,11 +1,20 @@
 // One row of a list as an element: what it shows, and what a click, a key or a long press on it does.
 
 import { openContainer, openMenu, openValue, runAction } from "./menu.js";
-import { cover, el, icon, iconButton } from "./dom.js";
+import { boxOf, cover, el, icon, iconButton, twoLines } from "./dom.js";
 import { go, isPlainClick } from "./nav.js";
 import { linkTo, loginPath } from "./path.js";
 import { playback } from "./playback.js";
-import { isChoice, isDialog, isField, isPlayableItem, placeOf, plainValue, subtitleOf, titleOf } from "./rowtext.js";
+import {
+  isChoice,
+  isDialog,
+  isField,
+  isPlayableItem,
+  placeOf,
+  plainValue,
+  subtitleOf,
+  titleOf,
+} from "./rowtext.js";
 import { t } from "./text.js";
 import { toast } from "./toast.js";
 
@@ -13,7 +22,9 @@ const longPress = 500;
 
 /** A row that is not read yet. */
 export function skeleton(kind) {
-  return el("li", { class: `item ${kind} skeleton`, "aria-hidden": "true" }, el("span", { class: "cover" }), el("span", { class: "words" }, el("span"), el("span")));
+  const words = el("span", { class: "words" }, el("span"), el("span"));
+  const properties = { class: `item ${kind} skeleton`, "aria-hidden": "true" };
+  return el("li", properties, el("span", { class: "cover" }), words);
 }
 
 /** What a click on the row does. */
@@ -31,7 +42,8 @@ export function open(row, anchor = null) {
 const hasMenu = (row) => Boolean(row.Context?.Path) || (isPlayableItem(row) && row.Type !== "Audio");
 
 function mainOf(row) {
-  const label = [titleOf(row), subtitleOf(row), row.Disabled ? t("not available") : ""].filter(Boolean).join(", ");
+  const missing = row.Disabled ? t("not available") : "";
+  const label = [titleOf(row), subtitleOf(row), missing].filter(Boolean).join(", ");
   const shared = { class: "main", "aria-label": label, "aria-disabled": row.Disabled ? "true" : null };
   if (row.Type === "Container" && !isDialog(row) && row.Path) {
     const link = el("a", { href: linkTo(row.Path), draggable: "false", ...shared });
@@ -42,38 +54,51 @@ function mainOf(row) {
     });
     return link;
   }
-  const opens = row.Path && (["Container", "Audio", "Action"].includes(row.Type) || isChoice(row) || isField(row));
-  if (!opens) return el("span", { class: "main", tabindex: "-1" });
-  return el("button", { type: "button", ...shared, on: { click: (event) => open(row, event.currentTarget.getBoundingClientRect()) } });
+  const isDone = ["Container", "Audio", "Action"].includes(row.Type) || isChoice(row) || isField(row);
+  if (!row.Path || !isDone) return el("span", { class: "main", tabindex: "-1" });
+  return el("button", { type: "button", ...shared, on: { click: (event) => open(row, boxOf(event)) } });
 }
 
 /** The element of a row. `showsAlbum` tells whether the line below the title names the album. */
 export function item(row, kind, { showsAlbum = true } = {}) {
-  if (row.Type === "Header") return el("li", { class: "item header" }, el("span", { class: "main", tabindex: "-1", role: "heading", "aria-level": "2", text: row.Title }));
+  if (row.Type === "Header") {
+    const heading = { class: "main", tabindex: "-1", role: "heading", "aria-level": "2", text: row.Title };
+    return el("li", { class: "item header" }, el("span", heading));
+  }
   const isPlaying = row.Type === "Audio" && playback.state.path === row.Path;
   const main = mainOf(row);
   const value = isChoice(row) || isField(row) || row.Type === "Text" ? valueText(row) : "";
   const subtitle = subtitleOf(row, showsAlbum) || value;
-  const hasCover = kind === "grid" || row.Icon || row.Type === "Audio" || Boolean(row.Id && row.Type === "Container");
+  const isItem = row.Type === "Audio" || Boolean(row.Id && row.Type === "Container");
+  const hasCover = kind === "grid" || row.Icon || isItem;
   const glyph = { Container: isDialog(row) ? "plus" : "list", Action: "text" }[row.Type];
-  const picture = hasCover ? cover(row.Icon, titleOf(row)) : glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
-  main.append(
-    ...[picture, el("span", { class: "words" }, el("span", { class: "title", text: titleOf(row) }), " ", el("span", { class: "subtitle", text: subtitle }))].filter(Boolean),
-  );
-  if (isPlaying) picture.append(el("span", { class: `playing ${playback.isPlaying ? "moving" : ""}` }, el("i"), el("i"), el("i")));
-  const element = el("li", { class: `item ${kind}`, "aria-current": isPlaying ? "true" : null, data: { type: row.Type ?? "" } }, main);
+  const sign = glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
+  const picture = hasCover ? cover(row.Icon, titleOf(row)) : sign;
+  if (picture) main.append(picture);
+  main.append(twoLines(titleOf(row), subtitle));
+  const moving = playback.isPlaying ? "moving" : "";
+  if (isPlaying) picture.append(el("span", { class: `playing ${moving}` }, el("i"), el("i"), el("i")));
+  const current = isPlaying ? "true" : null;
+  const data = { type: row.Type ?? "" };
+  const element = el("li", { class: `item ${kind}`, "aria-current": current, data }, main);
   if (row.Disabled) element.classList.add("disabled");
-  if (kind === "grid" && isPlayableItem(row) && !row.Disabled)
-    element.append(iconButton("play", t("Play %1", titleOf(row)), () => playback.play(row.Path), { class: "icon-button cover-play", tabindex: "-1" }));
+  if (kind === "grid" && isPlayableItem(row) && !row.Disabled) {
+    const properties = { class: "icon-button cover-play", tabindex: "-1" };
+    const play = () => playback.play(row.Path);
+    element.append(iconButton("play", t("Play %1", titleOf(row)), play, properties));
+  }
   if (hasMenu(row)) {
     const show = (rectangle) => openMenu(row, rectangle);
-    element.append(iconButton("more", t("Menu of %1", titleOf(row)), (event) => show(event.currentTarget.getBoundingClientRect()), { class: "icon-button more", "aria-haspopup": "dialog" }));
+    const properties = { class: "icon-button more", "aria-haspopup": "dialog" };
+    const more = t("Menu of %1", titleOf(row));
+    element.append(iconButton("more", more, (event) => show(boxOf(event)), properties));
     listenForMenu(element, show);
   }
   return element;
 }
 
-function valueText(row) {
+/** A plain value in words; empty where there is none. */
+export function valueText(row) {
   const value = plainValue(row.Value);
   if (typeof value === "boolean") return value ? t("On") : t("Off");
   return value === undefined || value === null || typeof value === "object" ? "" : String(value);
@@ -104,7 +129,15 @@ function listenForMenu(element, show) {
     }, longPress);
   });
   for (const type of ["pointerup", "pointercancel", "pointerleave"]) element.addEventListener(type, end);
-  element.addEventListener("pointermove", (event) => Math.hypot(event.movementX, event.movementY) > 6 && end());
+  element.addEventListener("pointermove", (event) => {
+    if (Math.hypot(event.movementX, event.movementY) > 6) end();
+  });
   // The click that ends a long press is none.
-  element.addEventListener("click", (event) => wasLong && ((wasLong = false), event.preventDefault(), event.stopPropagation()), { capture: true });
+  const swallow = (event) => {
+    if (!wasLong) return;
+    wasLong = false;
+    event.preventDefault();
+    event.stopPropagation();
+  };
+  element.addEventListener("click", swallow, { capture: true });
 }

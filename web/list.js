@@ -5,9 +5,9 @@ import { el } from "./dom.js";
 const overscan = { rows: 6, grid: 1 };
 
 /**
- * Shows items by number, as "rows" or as a "grid". `make(index, kind)` gives an item's element, `content(index)`
- * what it is made from: an item is made anew when that is another one. `onRange(from, to)` tells what is in sight.
- * One item at a time takes part in the tab order; arrow keys move along.
+ * Shows items by number, as "rows" or as a "grid". `make(index, kind)` gives an item's element,
+ * `content(index)` what it is made from: an item is made anew when that is another one. `onRange(from, to)`
+ * tells what is in sight. One item at a time takes part in the tab order; arrow keys move along.
  */
 export class VirtualList {
   #items = new Map();
@@ -30,7 +30,8 @@ export class VirtualList {
     this.#make = make;
     this.#content = content;
     this.#onRange = onRange;
-    this.element = el("ul", { class: "list", "aria-label": label, on: { keydown: (event) => this.#move(event), focusin: (event) => this.#focused(event) } });
+    const on = { keydown: (event) => this.#move(event), focusin: (event) => this.#focused(event) };
+    this.element = el("ul", { class: "list", "aria-label": label, on });
     scroller.addEventListener("scroll", this.#onScroll, { passive: true });
     this.#resize.observe(this.element);
   }
@@ -58,7 +59,8 @@ export class VirtualList {
       else this.#drop(index);
     }
     this.layOut();
-    if (hadFocus && !focused.isConnected && count) this.focus(this.#current, focused.classList.contains("more"));
+    if (!hadFocus || focused.isConnected || !count) return;
+    this.focus(this.#current, focused.classList.contains("more"));
   }
 
   /** Makes one item anew, where it is in sight. */
@@ -94,7 +96,8 @@ export class VirtualList {
     const top = this.element.offsetTop + Math.floor(index / this.#columns) * this.#height;
     const { scrollTop, clientHeight } = this.#scroller;
     if (top < scrollTop) this.#scroller.scrollTop = top - 8;
-    else if (top + this.#height > scrollTop + clientHeight) this.#scroller.scrollTop = top + this.#height - clientHeight + 8;
+    else if (top + this.#height > scrollTop + clientHeight)
+      this.#scroller.scrollTop = top + this.#height - clientHeight + 8;
     this.#show();
     this.#tabOrder();
     const item = this.#items.get(index);
@@ -178,11 +181,13 @@ export class VirtualList {
     const page = Math.max(1, Math.floor(this.#scroller.clientHeight / this.#height) - 1) * this.#columns;
     const isGrid = this.#columns > 1;
     const more = event.target.classList.contains("more");
-    const steps = { ArrowDown: this.#columns, ArrowUp: -this.#columns, PageDown: page, PageUp: -page, Home: -this.#count, End: this.#count };
+    const steps = { PageDown: page, PageUp: -page, Home: -this.#count, End: this.#count };
+    Object.assign(steps, { ArrowDown: this.#columns, ArrowUp: -this.#columns });
     if (isGrid) Object.assign(steps, { ArrowRight: 1, ArrowLeft: -1 });
     const step = steps[event.key];
     if (step === undefined) {
-      if (!isGrid && (event.key === "ArrowRight" || event.key === "ArrowLeft")) this.focus(this.#current, event.key === "ArrowRight");
+      const isSideways = event.key === "ArrowRight" || event.key === "ArrowLeft";
+      if (!isGrid && isSideways) this.focus(this.#current, event.key === "ArrowRight");
       return;
     }
     event.preventDefault();

@@ -1,7 +1,6 @@
 // The one event stream of the page. It keeps the paths that views have open, and heals by itself.
-// Events: "rows", "player", "login", "request", "waiting" with the data as `detail`, and "state" with a boolean:
-// connected or not.
-// "acted" when an action of this page has changed something.
+// Events: "rows", "player", "login", "request", "waiting" with the data as `detail`; "state" with a boolean:
+// connected or not; "acted" when an action of this page has changed something.
 
 import { forgetSession, openPaths } from "./api.js";
 import { chosenLanguage } from "./text.js";
@@ -90,7 +89,8 @@ class Live extends EventTarget {
     return [...new Set([...this.#owners.values()].flat())].slice(0, 64);
   }
 
-  // One call at a time for a stream, with what is wanted then: of two under way the earlier could arrive last.
+  // One call at a time for a stream, with what is wanted then: of two under way the earlier could arrive
+  // last.
   async #send() {
     const stream = this.#stream;
     if (!stream || stream === this.#sending) return;

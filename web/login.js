@@ -3,7 +3,7 @@
 
 import * as api from "./api.js";
 import { busy, problem } from "./dialog.js";
-import { el, fill } from "./dom.js";
+import { button, buttonRow, el, fill } from "./dom.js";
 import { live } from "./live.js";
 import { go } from "./nav.js";
 import { home } from "./path.js";
@@ -14,9 +14,18 @@ import { View } from "./view.js";
 const advice = () => ({
   expired: [t("The code has expired."), t("Take a new code and enter it within the time shown.")],
   denied: [t("The login was refused."), t("Try again, and confirm the login on the service’s page.")],
-  client: [t("The service does not accept this streamer."), t("Check client_id and client_secret in the section [tidal.oauth2] of the settings.")],
-  clock: [t("The clock of the streamer is wrong."), t("Set its date and time, for example with “timedatectl set-ntp true”, then try again.")],
-  network: [t("The service cannot be reached."), t("Check the network cable or the wireless network of the streamer, then try again.")],
+  client: [
+    t("The service does not accept this streamer."),
+    t("Check client_id and client_secret in the section [tidal.oauth2] of the settings."),
+  ],
+  clock: [
+    t("The clock of the streamer is wrong."),
+    t("Set its date and time, for example with “timedatectl set-ntp true”, then try again."),
+  ],
+  network: [
+    t("The service cannot be reached."),
+    t("Check the network cable or the wireless network of the streamer, then try again."),
+  ],
   ended: [t("The service has ended the login."), t("Log in again.")],
   service: [t("The service did not answer as it should."), t("Try again in a few minutes.")],
 });
@@ -80,15 +89,17 @@ export class LoginView extends View {
     clearInterval(this.#timer);
     if (state.loggedIn) {
       this.heading.textContent = wasPending ? t("You are logged in") : t("Account");
-      const music = el("button", { type: "button", class: "button primary", on: { click: () => go(home, null, true) } }, t("To the music"));
-      fill(this.#body, el("p", {}, t("The streamer is logged in to the service.")), el("div", { class: "buttons" }, music, this.#button(t("Log out"), () => this.#ask(api.logOut))));
+      const music = button(t("To the music"), () => go(home, null, true), "primary");
+      const out = button(t("Log out"), () => this.#ask(api.logOut));
+      fill(this.#body, el("p", {}, t("The streamer is logged in to the service.")), buttonRow(music, out));
       if (wasPending) music.focus();
       return;
     }
     this.heading.textContent = t("Log in");
     if (state.pending) return this.#showCode(state.pending);
     if (state.problem) return this.#showProblem(state);
-    fill(this.#body, el("p", {}, t("To play music, connect the streamer to your account.")), el("div", { class: "buttons" }, this.#button(t("Get a code"), () => this.#ask(api.startLogin), "primary")));
+    const get = button(t("Get a code"), () => this.#ask(api.startLogin), "primary");
+    fill(this.#body, el("p", {}, t("To play music, connect the streamer to your account.")), buttonRow(get));
   }
 
   #showCode({ userCode, verificationUri, verificationUriComplete, expiresIn }) {
@@ -96,7 +107,10 @@ export class LoginView extends View {
     this.#code = userCode;
     const address = verificationUriComplete || verificationUri;
     const shown = verificationUri.replace(/^https?:\/\//, "");
-    const link = el("a", { href: safeAddress(address), target: "_blank", rel: "noopener noreferrer" }, shown);
+    const target = { href: safeAddress(address), target: "_blank", rel: "noopener noreferrer" };
+    const link = el("a", target, shown);
+    const code = el("div", { class: "code", "aria-label": [...userCode].join(" ") }, userCode);
+    const source = `api/v1/login/qr?code=${encodeURIComponent(userCode)}`;
     fill(
       this.#body,
       el(
@@ -106,10 +120,15 @@ export class LoginView extends View {
           "ol",
           { class: "steps" },
           el("li", {}, t("On your phone or computer, open"), " ", link),
-          el("li", {}, t("Enter this code:"), el("div", { class: "code", "aria-label": [...userCode].join(" ") }, userCode)),
+          el("li", {}, t("Enter this code:"), code),
           el("li", {}, t("Confirm. This page goes on by itself.")),
         ),
-        el("figure", { class: "qr" }, el("img", { src: `api/v1/login/qr?code=${encodeURIComponent(userCode)}`, alt: t("QR code of the address") }), el("figcaption", {}, t("Or scan this with your phone."))),
+        el(
+          "figure",
+          { class: "qr" },
+          el("img", { src: source, alt: t("QR code of the address") }),
+          el("figcaption", {}, t("Or scan this with your phone.")),
+        ),
       ),
       el("p", { class: "countdown" }, t("The code is good for"), " ", this.#time),
     );
@@ -134,16 +153,13 @@ export class LoginView extends View {
       problem(what),
       el("p", {}, todo),
       what === state.problem ? null : el("p", { class: "hint" }, state.problem),
-      el("div", { class: "buttons" }, this.#button(t("Get a new code"), () => this.#ask(api.startLogin), "primary")),
+      buttonRow(button(t("Get a new code"), () => this.#ask(api.startLogin), "primary")),
     );
   }
 
   #showError(error) {
-    fill(this.#body, problem(error.message), el("div", { class: "buttons" }, this.#button(t("Try again"), () => this.#read(), "primary")));
-  }
-
-  #button(label, run, kind = "") {
-    return el("button", { type: "button", class: `button ${kind}`, on: { click: run } }, label);
+    const again = button(t("Try again"), () => this.#read(), "primary");
+    fill(this.#body, problem(error.message), buttonRow(again));
   }
 }
 

@@ -5,11 +5,11 @@ import { getData, setValue } from "./api.js";
 import { busy, Dialog, problem, textPage } from "./dialog.js";
 import { cover, el, fill, icon } from "./dom.js";
 import { formPage } from "./form.js";
-import { go } from "./nav.js";
-import { baseOf } from "./path.js";
+import { currentState, go } from "./nav.js";
+import { baseOf, parsePath } from "./path.js";
 import { playback } from "./playback.js";
 import { RowSource } from "./rows.js";
-import { isChoice, isField, isPlayableItem, placeOf, plainValue, titleOf } from "./rowtext.js";
+import { isChoice, isField, isPlayableItem, placeOf, plainValue, sameValue, titleOf } from "./rowtext.js";
 import { t } from "./text.js";
 import { toast, toastError } from "./toast.js";
 
@@ -23,9 +23,11 @@ export function openMenu(row, anchor, extra = [], changed = null) {
   const dialog = new Dialog(anchor, "menu-dialog");
   const subject = titleOf(row);
   const own = [];
-  if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: () => (dialog.close(), playback.play(row.Path)) });
-  if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: () => (dialog.close(), go(row.Path, placeOf(row))) });
-  const context = { dialog, subject, row, changed };
+  const play = () => (dialog.close(), playback.play(row.Path));
+  const visit = () => (dialog.close(), go(row.Path, placeOf(row)));
+  if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: play });
+  if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: visit });
+  const context = { dialog, subject, changed, places: [placeOf(row), currentState().item] };
   dialog.push(listPage(context, row.Context?.Path ?? "", subject, [...own, ...extra]));
   return dialog.finished;
 }
@@ -33,15 +35,14 @@ export function openMenu(row, anchor, extra = [], changed = null) {
 /** Opens a menu or a form that stands at a path by itself. */
 export function openContainer(row, anchor = null) {
   const dialog = new Dialog(anchor, "menu-dialog");
-  dialog.push(containerPage({ dialog, subject: titleOf(row), row }, row));
+  dialog.push(containerPage({ dialog, subject: titleOf(row) }, row));
   return dialog.finished;
 }
 
 /** Opens the choices, or the field, of a value. */
 export function openValue(row, anchor = null) {
   const dialog = new Dialog(anchor, "menu-dialog");
-  const context = { dialog, subject: titleOf(row), row };
-  dialog.push(isChoice(row) ? choicePage(context, row) : formPage(context, { path: row.Path, title: row.Title, rows: [row], accept: null }));
+  dialog.push(valuePage({ dialog, subject: titleOf(row) }, row));
   return dialog.finished;
 }
 
@@ -57,6 +58,19 @@ export async function runAction(row, subject = titleOf(row)) {
   }
 }
 
+// A form right in a row's menu changes what it names: the row, or the item that the row is a part of and the
+// view below shows. A form further down makes something new.
+function changedBy(path, places) {
+  if (!places) return null;
+  const { parameters } = parsePath(path);
+  const id = parameters.get("playlistId") ?? parameters.get("id");
+  const place = places.find((one) => id && one?.id === id);
+  return { title: place?.title ?? "", description: place?.subtitle ?? "" };
+}
+
+const valuePage = (context, row, above) =>
+  isChoice(row) ? choicePage(context, row, above) : formPage(context, { title: row.Title, rows: [row] });
+
 // What stands at a path decides: a form has something to accept or to fill in, a menu has rows, and what is
 // neither is a place to go to.
 function containerPage(context, row) {
@@ -69,12 +83,14 @@ function containerPage(context, row) {
     if (source.error) return fill(body, problem(source.error.message));
     const { rows, roles } = source;
     if (roles.AcceptPath || rows.some(isField)) {
-      inner = formPage(context, { path: row.Path, title: titleOf(row), rows, accept: roles.AcceptPath ?? null });
+      const changes = changedBy(row.Path, context.places);
+      const form = { path: row.Path, rows, accept: roles.AcceptPath, changes };
+      inner = formPage(context, { title: titleOf(row), ...form });
     } else if (roles.ContainerType !== "List" && row.ContainerType !== "List") {
       context.dialog.close();
       return go(row.Path, placeOf(row));
     } else {
-      inner = listPage(context, row.Path, titleOf(row), [], source);
+      inner = listPage({ ...context, places: null }, row.Path, titleOf(row), [], source);
     }
     fill(body, inner.element);
     context.dialog.place();
@@ -86,9 +102,12 @@ function containerPage(context, row) {
   return page;
 }
 
+const menuElement = (title, content) =>
+  el("div", { class: "menu", role: "menu", "aria-label": title, on: { keydown: moveInMenu } }, content);
+
 function listPage(context, path, title, own, given = null) {
   const source = given ?? (path ? new RowSource(path) : null);
-  const list = el("div", { class: "menu", role: "menu", "aria-label": title, on: { keydown: moveInMenu } });
+  const list = menuElement(title);
   const page = { title, element: list, close: () => source?.close() };
   const show = () => {
     const focused = [...list.querySelectorAll("[role^=menuitem]")].indexOf(document.activeElement);
@@ -98,7 +117,8 @@ function listPage(context, path, title, own, given = null) {
     else if (source) list.append(...inGroups(source.rows, (row) => treeItem(context, row, source)));
     context.dialog.place();
     const items = list.querySelectorAll("[role^=menuitem]");
-    if (list.isConnected && !list.contains(document.activeElement)) items[Math.max(0, Math.min(focused, items.length - 1))]?.focus();
+    if (list.isConnected && !list.contains(document.activeElement))
+      items[Math.max(0, Math.min(focused, items.length - 1))]?.focus();
   };
   page.shown = show;
   if (source && source !== given) {
@@ -110,10 +130,12 @@ function listPage(context, path, title, own, given = null) {
   return page;
 }
 
-function menuItem(title, { picture = null, mark = null, role = "menuitem", disabled = false, detail = "" }, run) {
+function menuItem(title, { picture, mark, role = "menuitem", disabled = false, detail = "" }, run) {
+  const click = (event) => !disabled && run(event.currentTarget);
+  const shared = { type: "button", class: "menu-item", role, tabindex: "-1", on: { click } };
   return el(
     "button",
-    { type: "button", class: "menu-item", role, tabindex: "-1", "aria-disabled": disabled ? "true" : null, on: { click: (event) => !disabled && run(event.currentTarget) } },
+    { ...shared, "aria-disabled": disabled ? "true" : null },
     picture ?? el("span", { class: "menu-mark" }),
     el("span", { class: "menu-title", text: title }),
     detail ? el("span", { class: "menu-detail", text: detail }) : null,
@@ -121,7 +143,8 @@ function menuItem(title, { picture = null, mark = null, role = "menuitem", disab
   );
 }
 
-const ownItem = ({ title, icon: name, run }) => menuItem(title, { picture: el("span", { class: "menu-mark" }, icon(name)) }, run);
+const ownItem = ({ title, icon: name, run }) =>
+  menuItem(title, { picture: el("span", { class: "menu-mark" }, icon(name)) }, run);
 
 // What stands below a header is a group with its name.
 function inGroups(rows, make) {
@@ -129,7 +152,8 @@ function inGroups(rows, make) {
   let group = null;
   for (const row of rows) {
     if (row.Type === "Header") {
-      group = el("div", { class: "menu-group", role: "group", "aria-label": row.Title }, el("div", { class: "menu-header", "aria-hidden": "true" }, row.Title));
+      const header = el("div", { class: "menu-header", "aria-hidden": "true" }, row.Title);
+      group = el("div", { class: "menu-group", role: "group", "aria-label": row.Title }, header);
       elements.push(group);
     } else if (group) group.append(make(row));
     else elements.push(make(row));
@@ -140,24 +164,27 @@ function inGroups(rows, make) {
 function treeItem(context, row, source) {
   const disabled = row.Disabled === true;
   const picture = row.Icon || (row.Type === "Action" && row.Id) ? cover(row.Icon, row.Title) : null;
-  if (row.Type === "Container")
-    return menuItem(row.Title, { picture, disabled, mark: icon("forward") }, () => context.dialog.push(containerPage(context, row)));
+  if (row.Type === "Container") {
+    const open = () => context.dialog.push(containerPage(context, row));
+    return menuItem(row.Title, { picture, disabled, mark: icon("forward") }, open);
+  }
   if (row.Type === "Action") {
     const item = menuItem(row.Title, { picture, disabled }, (button) => act(context, row, button));
     nameAction(row, item.querySelector(".menu-title"));
     return item;
   }
   if (isChoice(row) || isField(row)) {
-    const open = () => context.dialog.push(isChoice(row) ? choicePage(context, row, source) : formPage(context, { path: row.Path, title: row.Title, rows: [row], accept: null }));
-    const item = menuItem(row.Title, { disabled, detail: String(plainValue(row.Value) ?? ""), mark: icon("forward") }, open);
+    const detail = String(plainValue(row.Value) ?? "");
+    const open = () => context.dialog.push(valuePage(context, row, source));
+    const item = menuItem(row.Title, { disabled, detail, mark: icon("forward") }, open);
     if (isChoice(row)) presentChoice(row, item.querySelector(".menu-detail"));
     return item;
   }
   return el("p", { class: "menu-text", text: row.Title });
 }
 
-// Such an action says in its own data what it would do now: "Add to favorites" or "Remove from favorites". What
-// it does is what it said last, to whomever, so it is asked once more right before.
+// Such an action says in its own data what it would do now: "Add to favorites" or "Remove from favorites".
+// What it does is what it said last, to whomever, so it is asked once more right before.
 const saysWhatItDoes = (row) => baseOf(row.Path).endsWith("/favorites");
 
 async function nameAction(row, place) {
@@ -171,7 +198,8 @@ async function nameAction(row, place) {
 }
 
 async function act(context, row, button) {
-  const place = button.querySelector(".menu-detail") ?? button.appendChild(el("span", { class: "menu-detail" }));
+  const detail = button.querySelector(".menu-detail");
+  const place = detail ?? button.appendChild(el("span", { class: "menu-detail" }));
   if (button.getAttribute("aria-busy") === "true") return;
   button.setAttribute("aria-busy", "true");
   if (button.nextElementSibling?.matches(".problem")) button.nextElementSibling.remove();
@@ -183,7 +211,8 @@ async function act(context, row, button) {
     return context.dialog.close(true);
   }
   try {
-    const text = await activate(row, context.subject, () => (place.textContent = row.BusyText || t("Working…")));
+    const begun = () => (place.textContent = row.BusyText || t("Working…"));
+    const text = await activate(row, context.subject, begun);
     if (text) context.dialog.push(textPage(row.Title, text));
     else if (text === "") context.dialog.close(true);
     place.textContent = "";
@@ -195,9 +224,8 @@ async function act(context, row, button) {
   return undefined;
 }
 
-const sameValue = (one, other) => JSON.stringify(plainValue(one) ?? null) === JSON.stringify(plainValue(other) ?? null);
-
-async function presentChoice(row, place) {
+/** Says in a place the title of the choice that is made. */
+export async function presentChoice(row, place) {
   if (!place) return;
   const source = new RowSource(row.Edit.enumPath);
   await source.need(0, mostRows);
@@ -208,7 +236,7 @@ async function presentChoice(row, place) {
 
 function choicePage(context, row, above = null) {
   const source = new RowSource(row.Edit.enumPath);
-  const list = el("div", { class: "menu", role: "menu", "aria-label": row.Title, on: { keydown: moveInMenu } }, busy(t("Loading…")));
+  const list = menuElement(row.Title, busy(t("Loading…")));
   let value = row.Value;
   const choose = async (choice, button) => {
     button.setAttribute("aria-busy", "true");
@@ -229,7 +257,8 @@ function choicePage(context, row, above = null) {
     const items = source.rows.map((choice) => {
       const isPresent = sameValue(choice.Value, value);
       const picture = el("span", { class: "menu-mark" }, isPresent ? icon("check") : null);
-      const item = menuItem(choice.Title, { role: "menuitemradio", picture }, (button) => choose(choice, button));
+      const run = (button) => choose(choice, button);
+      const item = menuItem(choice.Title, { role: "menuitemradio", picture }, run);
       item.setAttribute("aria-checked", String(isPresent));
       return item;
     });
@@ -251,7 +280,7 @@ function moveInMenu(event) {
     items[(target + items.length) % items.length].focus();
   } else if (event.key.length === 1 && event.key !== " " && !event.ctrlKey && !event.metaKey) {
     const letter = event.key.toLowerCase();
-    const next = [...items.slice(at + 1), ...items].find((item) => item.textContent.trim().toLowerCase().startsWith(letter));
-    next?.focus();
+    const isNext = (item) => item.textContent.trim().toLowerCase().startsWith(letter);
+    [...items.slice(at + 1), ...items].find(isNext)?.focus();
   }
 }

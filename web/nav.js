@@ -33,7 +33,8 @@ function rememberPlace() {
 /** Goes to a path. With `isTop` it begins a new trail. */
 export function go(path, item = null, isTop = false) {
   rememberPlace();
-  const here = { path: currentPath(), title: document.querySelector("main h1")?.textContent ?? "", item: history.state?.item };
+  const title = document.querySelector("main h1")?.textContent ?? "";
+  const here = { path: currentPath(), title, item: history.state?.item };
   const trail = isTop || here.path.startsWith("!") ? [] : [...(history.state?.trail ?? []), here];
   history.pushState({ item, trail: trail.slice(-12) }, "", linkTo(path));
   nav.dispatchEvent(new Event("moved"));
@@ -50,7 +51,8 @@ addEventListener("popstate", () => nav.dispatchEvent(new Event("moved")));
 addEventListener("pagehide", rememberPlace);
 
 /** Whether a click is to be followed here; others (new tab, new window) are the browser's. */
-export const isPlainClick = (event) => event.button === 0 && !event.metaKey && !event.ctrlKey && !event.shiftKey && !event.altKey;
+export const isPlainClick = ({ button, metaKey, ctrlKey, shiftKey, altKey }) =>
+  button === 0 && !metaKey && !ctrlKey && !shiftKey && !altKey;
 
 /** Goes to a path in place of the present one, for addresses that change while one types. */
 export function replace(path) {

@@ -26,7 +26,8 @@ function decode(text) {
 }
 
 function encode(text) {
-  return encodeURIComponent(text).replace(/[!'()*]/g, (sign) => `%${sign.charCodeAt(0).toString(16).toUpperCase()}`);
+  const escape = (sign) => `%${sign.charCodeAt(0).toString(16).toUpperCase()}`;
+  return encodeURIComponent(text).replace(/[!'()*]/g, escape);
 }
 
 export function withParameter(text, key, value) {

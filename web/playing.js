@@ -44,11 +44,24 @@ export class PlayingView extends View {
           this.#album,
           this.#quality,
           seek.element,
-          el("div", { class: "playing-buttons" }, command("previous", t("Previous")), play.element, command("next", t("Next")), command("stop", t("Stop"))),
+          el(
+            "div",
+            { class: "playing-buttons" },
+            command("previous", t("Previous")),
+            play.element,
+            command("next", t("Next")),
+            command("stop", t("Stop")),
+          ),
           volume.element,
         ),
       ),
-      el("section", { class: "queue-part" }, el("h2", {}, t("Queue")), waitingLine(() => (this.#source ? [this.#source] : [])), this.#queue),
+      el(
+        "section",
+        { class: "queue-part" },
+        el("h2", {}, t("Queue")),
+        waitingLine(() => (this.#source ? [this.#source] : [])),
+        this.#queue,
+      ),
     );
     playback.addEventListener("changed", this.#onPlayer);
     this.#show();
@@ -69,7 +82,8 @@ export class PlayingView extends View {
   }
 
   #show() {
-    const { title = "", artist = "", album = "", icon: picture = "", list = "", index = -1, path = "" } = playback.state;
+    const { title = "", artist = "", album = "", icon: picture = "" } = playback.state;
+    const { path = "", list = "", index = -1 } = playback.state;
     this.heading.textContent = title || t("Nothing plays");
     this.#artist.textContent = artist;
     this.#album.textContent = album;
@@ -84,15 +98,22 @@ export class PlayingView extends View {
   #showQueue(path, index) {
     if (!path) {
       this.#dropQueue();
-      return fill(this.#queue, el("p", { class: "empty" }, t("Play an album, a playlist or a track: what follows stands here.")));
+      const text = t("Play an album, a playlist or a track: what follows stands here.");
+      return fill(this.#queue, el("p", { class: "empty" }, text));
     }
     if (this.#source?.path !== path) {
       this.#dropQueue();
       this.#source = new RowSource(path);
-      this.#list = new VirtualList(this.#scroller, t("Queue"), (at) => this.#make(at), (at) => [at + this.first === playback.state.index, playback.isPlaying, this.#source.row(at + this.first)], (from, to) => this.#source.need(from + this.first, to + this.first));
+      this.#list = new VirtualList(
+        this.#scroller,
+        t("Queue"),
+        (at) => this.#make(at),
+        (at) => this.#contentOf(at + this.first),
+        (from, to) => this.#source.need(from + this.first, to + this.first),
+      );
       this.#list.element.addEventListener("current", ({ detail }) => {
         const row = this.#source.row(detail + this.first);
-        if (row) this.dispatchEvent(new CustomEvent("current", { detail: { row, index: detail + this.first } }));
+        if (row) this.tell("current", { row, index: detail + this.first });
       });
       this.#source.addEventListener("changed", () => this.#update());
       fill(this.#queue, this.#list.element);
@@ -104,6 +125,10 @@ export class PlayingView extends View {
 
   #update() {
     if (this.#source.isLoaded) this.#list.update("rows", Math.max(0, this.#source.count - this.first));
+  }
+
+  #contentOf(index) {
+    return [index === playback.state.index, playback.isPlaying, this.#source.row(index)];
   }
 
   #make(at) {

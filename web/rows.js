@@ -50,7 +50,8 @@ export class RowSource extends EventTarget {
 
   /** All rows that were read, in order. */
   get rows() {
-    return [...this.#pages.keys()].sort((one, other) => one - other).flatMap((page) => this.#pages.get(page));
+    const pages = [...this.#pages.keys()].sort((one, other) => one - other);
+    return pages.flatMap((page) => this.#pages.get(page));
   }
 
   /** Since when rows are awaited; null while none are. */
@@ -63,7 +64,8 @@ export class RowSource extends EventTarget {
     this.#last = [from, to];
     const calls = [];
     const lastPage = this.isLoaded ? Math.max(0, Math.ceil(this.count / pageSize) - 1) : 0;
-    for (let page = Math.floor(Math.max(0, from) / pageSize); page <= Math.min(lastPage, Math.floor(to / pageSize)); ++page)
+    const last = Math.min(lastPage, Math.floor(to / pageSize));
+    for (let page = Math.floor(Math.max(0, from) / pageSize); page <= last; ++page)
       if (!this.#pages.has(page)) calls.push(this.#asked.get(page) ?? this.#ask(page));
     await Promise.all(calls);
   }
@@ -105,7 +107,8 @@ export class RowSource extends EventTarget {
       this.roles = answer.roles;
       this.error = null;
       this.#keep(page, answer.rows);
-      this.dispatchEvent(new CustomEvent("call", { detail: { answer, milliseconds: performance.now() - begin } }));
+      const detail = { answer, milliseconds: performance.now() - begin };
+      this.dispatchEvent(new CustomEvent("call", { detail }));
     } catch (error) {
       if (error.name === "AbortError" || generation !== this.#generation) return;
       this.error = error;
@@ -126,7 +129,8 @@ export class RowSource extends EventTarget {
     const end = page * pageSize + rows.length;
     if (rows.length < pageSize && end < this.count) this.count = end;
     if (this.#pages.size <= mostPages) return;
-    const farthest = [...this.#pages.keys()].reduce((far, one) => (Math.abs(one - page) > Math.abs(far - page) ? one : far), page);
+    const away = (one) => Math.abs(one - page);
+    const farthest = [...this.#pages.keys()].reduce((far, one) => (away(one) > away(far) ? one : far), page);
     this.#pages.delete(farthest);
   }
 

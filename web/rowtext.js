@@ -6,11 +6,12 @@ export function titleOf(row) {
   return row.Type === "Audio" ? withoutArtist(title, row.Description || metaData(row).artist || "") : title;
 }
 
-/** A title without the " - artist" that it ends with, the artist being the first, or the first few, of those named. */
+/** A title without the " - artist" that it ends with: the first, or the first few, of those named. */
 export function withoutArtist(title, artists) {
   const at = title.lastIndexOf(" - ");
   const ending = title.slice(at + 3);
-  return at > 0 && ending && (artists === ending || artists.startsWith(`${ending}, `)) ? title.slice(0, at) : title;
+  const isArtist = artists === ending || artists.startsWith(`${ending}, `);
+  return at > 0 && ending && isArtist ? title.slice(0, at) : title;
 }
 
 const metaData = (row) => row.MediaData?.metaData ?? {};
@@ -28,11 +29,23 @@ export function subtitleOf(row, isAlbumShown = true) {
 
 /** What a view needs to know of a row that leads to it. */
 export function placeOf(row) {
-  return { title: titleOf(row), subtitle: row.Description ?? "", icon: row.Icon ?? "", menu: row.Context?.Path ?? "", playable: isPlayableItem(row), id: row.Id ?? "" };
+  return {
+    title: titleOf(row),
+    subtitle: row.Description ?? "",
+    icon: row.Icon ?? "",
+    menu: row.Context?.Path ?? "",
+    playable: isPlayableItem(row),
+    id: row.Id ?? "",
+  };
 }
 
 /** A container that is an item of its own, whose rows are what is played: an album, a playlist. */
-export const isPlayableItem = (row) => row.Type === "Audio" || (row.Type === "Container" && Boolean(row.Id) && row.ContainerPlayable === true && /[?&](contentId|playlistId)=/.test(row.Path));
+export const isPlayableItem = (row) =>
+  row.Type === "Audio" ||
+  (row.Type === "Container" &&
+    Boolean(row.Id) &&
+    row.ContainerPlayable === true &&
+    /[?&](contentId|playlistId)=/.test(row.Path));
 
 /** Whether a row leads to a menu or a form, which open over the list. */
 export const isDialog = (row) => row.Type === "Container" && row.ContainerType === "List";
@@ -43,8 +56,15 @@ export function plainValue(value) {
   return value.type in value ? value[value.type] : undefined;
 }
 
+export const sameValue = (one, other) =>
+  JSON.stringify(plainValue(one) ?? null) === JSON.stringify(plainValue(other) ?? null);
+
 /** Whether the reader can type a value of this row. */
-export const isField = (row) => row.Type === "Text" && row.ReadOnly !== true && ["string", "number", "boolean"].includes(typeof plainValue(row.Value)) && !row.Edit?.enumPath;
+export const isField = (row) =>
+  row.Type === "Text" &&
+  row.ReadOnly !== true &&
+  ["string", "number", "boolean"].includes(typeof plainValue(row.Value)) &&
+  !row.Edit?.enumPath;
 export const isChoice = (row) => Boolean(row.Edit?.enumPath);
 
 /** Line breaks that came as markup, as line breaks; everything else stays the text that it is. */

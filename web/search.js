@@ -43,7 +43,8 @@ const queryBase = "/search/choose";
 /** The text that a path searches for; null when it is no search. */
 export function searchedText(path) {
   const { base, parameters } = parsePath(path);
-  return base === (found ? parsePath(found.path).base : home + queryBase) ? (parameters.get(found?.parameter ?? "query") ?? "") : null;
+  const place = found ? parsePath(found.path).base : home + queryBase;
+  return base === place ? (parameters.get(found?.parameter ?? "query") ?? "") : null;
 }
 
 /** The results for a path of the tree whose rows are the kinds. */
@@ -58,9 +59,11 @@ export class SearchView extends View {
     this.text = text;
     this.heading.className = "visually-hidden";
     this.heading.textContent = text ? t("Search: %1", text) : t("Search");
-    this.element = el("section", { class: "view search" }, this.heading, waitingLine(() => [this.#kinds, ...this.#columns.map((column) => column.source)].filter(Boolean)), this.#body);
+    const sources = () => [this.#kinds, ...this.#columns.map((column) => column.source)].filter(Boolean);
+    this.element = el("section", { class: "view search" }, this.heading, waitingLine(sources), this.#body);
     if (!text.trim()) {
-      fill(this.#body, el("p", { class: "empty" }, t("Type what you look for: an artist, an album, a track, a playlist.")));
+      const text = t("Type what you look for: an artist, an album, a track, a playlist.");
+      fill(this.#body, el("p", { class: "empty" }, text));
       return;
     }
     this.#kinds = new RowSource(path);
@@ -88,11 +91,15 @@ export class SearchView extends View {
   #column(row) {
     const source = new RowSource(row.Path);
     const most = mostRows();
-    const list = el("ul", { class: "plain-list", "aria-label": row.Title }, el("li", { class: "busy" }, t("Searching…")));
-    const all = el("button", { type: "button", class: "link", hidden: true, on: { click: () => go(row.Path, { title: t("%1: “%2”", row.Title, this.text) }) } });
-    const element = el("section", { class: "search-column" }, el("header", {}, el("h2", {}, row.Title), all), list);
+    const searching = el("li", { class: "busy" }, t("Searching…"));
+    const list = el("ul", { class: "plain-list", "aria-label": row.Title }, searching);
+    const showAll = () => go(row.Path, { title: t("%1: “%2”", row.Title, this.text) });
+    const all = el("button", { type: "button", class: "link", hidden: true, on: { click: showAll } });
+    const header = el("header", {}, el("h2", {}, row.Title), all);
+    const element = el("section", { class: "search-column" }, header, list);
     source.addEventListener("changed", () => {
-      if (source.error) return fill(list, el("li", { class: "problem", role: "alert" }, source.error.message));
+      const { error } = source;
+      if (error) return fill(list, el("li", { class: "problem", role: "alert" }, error.message));
       const hits = source.rows.slice(0, most);
       fill(list, hits.map((hit) => item(hit, "rows")));
       all.hidden = source.count <= most;
@@ -101,7 +108,7 @@ export class SearchView extends View {
     });
     list.addEventListener("focusin", (event) => {
       const index = [...list.children].indexOf(event.target.closest("li"));
-      if (source.row(index)) this.dispatchEvent(new CustomEvent("current", { detail: { row: source.row(index), index } }));
+      if (source.row(index)) this.tell("current", { row: source.row(index), index });
     });
     list.addEventListener("keydown", (event) => moveInList(event, list));
     source.need(0, most - 1);

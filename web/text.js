@@ -1,4 +1,5 @@
-// The page's texts in the reader's language. The English text is the key; what has no translation stays English.
+// The page's texts in the reader's language. The English text is the key; what has no translation stays
+// English.
 
 let texts = {};
 let chosen = localStorage.getItem("language") || "";

@@ -2,7 +2,10 @@
 
 import { el, fill } from "./dom.js";
 
-const places = { note: () => document.getElementById("notes"), error: () => document.getElementById("errors") };
+const places = {
+  note: () => document.getElementById("notes"),
+  error: () => document.getElementById("errors"),
+};
 
 function show(kind, text) {
   const place = places[kind]();

@@ -3,8 +3,8 @@
 import { el } from "./dom.js";
 
 /**
- * A view of the page; app.js makes, shows and closes it. Events: "current" with {row} when another row has the
- * focus, "call" with an answer of the tree, "loaded" when the title may be another one.
+ * A view of the page; app.js makes, shows and closes it. Events: "current" with {row} when another row has
+ * the focus, "call" with an answer of the tree, "loaded" when the title may be another one.
  */
 export class View extends EventTarget {
   heading = el("h1", { tabindex: "-1" });
@@ -21,6 +21,11 @@ export class View extends EventTarget {
   /** Begins at the heading, as a new page would. */
   focus() {
     this.heading.focus({ preventScroll: true });
+  }
+
+  /** Sends an event of the view. */
+  tell(type, detail) {
+    this.dispatchEvent(new CustomEvent(type, { detail }));
   }
 
   /** Ends what the view follows. */

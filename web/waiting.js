@@ -12,9 +12,9 @@ let timer = 0;
 const awaitedBy = new WeakMap();
 
 /**
- * A line that stays empty until something of it is awaited for a while and the streamer says that an answer is
- * late. `awaited` gives what stands behind it: objects whose `awaitedSince` is null while they await nothing.
- * It ends with the document's last hold on it.
+ * A line that stays empty until something of it is awaited for a while and the streamer says that an answer
+ * is late. `awaited` gives what stands behind it: objects whose `awaitedSince` is null while they await
+ * nothing. It ends with the document's last hold on it.
  */
 export function waitingLine(awaited) {
   const line = el("p", { class: "waiting", role: "status" });
@@ -29,13 +29,18 @@ export function lookForWaiting() {
 
 function showLine(line) {
   const now = performance.now();
-  const isLate = late !== null && awaitedBy.get(line)().some(({ awaitedSince }) => awaitedSince !== null && now - awaitedSince >= patience);
+  const isAwaited = ({ awaitedSince }) => awaitedSince !== null && now - awaitedSince >= patience;
+  const isLate = late !== null && awaitedBy.get(line)().some(isAwaited);
   line.parentElement.classList.toggle("late", isLate);
   if (!isLate) return line.childElementCount && fill(line);
   const seconds = Math.floor((now - late.since) / 1000);
-  const text = late.from === "service" ? t("Waiting for the music service, %1 s", seconds) : t("Waiting for the streamer, %1 s", seconds);
+  const isService = late.from === "service";
+  const text = isService
+    ? t("Waiting for the music service, %1 s", seconds)
+    : t("Waiting for the streamer, %1 s", seconds);
   // The seconds are seen as they pass; to be read out they are said now and then.
-  if (!line.childElementCount) fill(line, el("span", { "aria-hidden": "true" }), el("span", { class: "visually-hidden" }));
+  if (!line.childElementCount)
+    fill(line, el("span", { "aria-hidden": "true" }), el("span", { class: "visually-hidden" }));
   line.firstChild.textContent = text;
   const said = Number(line.lastChild.dataset.seconds ?? -sayAgain);
   if (seconds >= said && seconds < said + sayAgain) return undefined;

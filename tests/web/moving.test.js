@@ -58,7 +58,7 @@ journey("a list of five thousand rows", {}, async (person) => {
   }
   await person.row(`Row ${count - 1}`).waitFor();
   assert.ok(most < 100, `${most} list items in the document`);
-    await person.list("Tracks").getByRole("button", { name: `Row ${count - 1},` }).focus();
+  await person.list("Tracks").getByRole("button", { name: `Row ${count - 1},` }).focus();
   await page.keyboard.press("Home");
   await person.until(async () => (await person.focused()).startsWith("Row 0,"), "Home leads to the first row");
   await page.keyboard.press("End");
@@ -78,7 +78,7 @@ journey("the keyboard alone", {}, async (person) => {
   const reaches = (name) => person.until(async () => (heard = await person.focused()).startsWith(name), () => `the focus is at ${name}, not ${heard}`);
   const tabTo = async (name) => {
     for (let presses = 0; !(await person.focused()).startsWith(name); ++presses) {
-    assert.ok(presses < 40, `Tab reaches ${name}`);
+      assert.ok(presses < 40, `Tab reaches ${name}`);
       await press("Tab");
     }
   };
