@@ -34,7 +34,7 @@ export function formPage(context, { title, rows, accept = null, path = "", chang
   const startValue = (row) => {
     const present = plainValue(row.Value);
     if (typeof present === "number") return Number(parameters.get(nameOf(row)) ?? present);
-    // All clients share the fields: a text that another one has left is not this reader's.
+    // All clients share the fields; what another has left is not this reader's.
     return typeof present === "string" && accept ? (changes?.[nameOf(row)] ?? "") : present;
   };
   const fields = rows.filter(isField).map((row) => fieldOf(row, startValue(row)));
