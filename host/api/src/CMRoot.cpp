@@ -74,7 +74,8 @@ std::chrono::milliseconds deadlineOf(const CMRequest& request, const CMDeadlines
     return CMSetDataRequest(request).isNull() ? deadlines.data : deadlines.set;
 }
 
-/// Whether a rows request asks for a range that ends before it begins.
+/// Whether a rows request asks for a range that ends before it begins. Negative numbers are the
+/// node's to refuse, in its own words.
 bool isUpsideDown(const CMRequest& request)
 {
     const CMGetRowsRequest rows(request);

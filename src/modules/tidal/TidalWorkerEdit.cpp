@@ -172,6 +172,7 @@ void TidalWorker::notifyDeleted(const QString& playlistId, bool isGone)
 {
     if (playlistId.isEmpty())
         return;
+    // "close" and no "-": there is no list any more that a row was taken out of.
     if (isGone)
         nodes()->subscribe()->rowsChanged(tracksPath(playlistId), CMSubscribe::RowsChangeClose(),
                                           -1);
