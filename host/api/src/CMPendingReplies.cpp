@@ -92,24 +92,33 @@ void CMPendingReplies::endUnanswered(const CMPath& path, const CMVoidReply& repl
 
 void CMPendingReplies::wakeClock()
 {
-    if (m_hasThread) {
+    if (m_clock.joinable() || m_isStopping) {
         m_wake.notify_one();
         return;
     }
     try {
-        // Detached: the root lives to the end of the process, and so does its clock.
-        std::thread([this] { watchClock(); }).detach();
-        m_hasThread = true;
+        m_clock = std::thread([this] { watchClock(); });
     } catch (const std::system_error& error) {
         // The next request tries again.
         KELO_LOG("Host", ERROR) << "No thread for the deadlines: " << error.what();
     }
 }
 
+void CMPendingReplies::stopClock()
+{
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_isStopping = true;
+        m_wake.notify_one();
+    }
+    if (m_clock.joinable())
+        m_clock.join();
+}
+
 void CMPendingReplies::watchClock()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    for (;;) {
+    while (!m_isStopping) {
         if (!m_unanswered.empty()) {
             const auto unanswered = std::move(m_unanswered);
             m_unanswered.clear();

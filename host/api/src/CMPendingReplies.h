@@ -37,6 +37,9 @@ public:
     using Clock = std::chrono::steady_clock;
     /// Since when the oldest of those with a deadline is owed; nothing when there is none.
     std::optional<Clock::time_point> oldest() const;
+    /// Ends the clock for good: it answers nothing any more. Before the process ends, so that the
+    /// clock does not meet what is gone already.
+    void stopClock();
 
 private:
     struct Entry
@@ -58,5 +61,6 @@ private:
     std::set<std::pair<Clock::time_point, quint64>> m_due;    ///< entries with a deadline
     std::vector<std::pair<CMPath, CMVoidReply>> m_unanswered; ///< for the clock's thread
     quint64 m_lastId = 0;
-    bool m_hasThread = false;
+    bool m_isStopping = false;
+    std::thread m_clock;
 };

@@ -53,6 +53,12 @@ RootState& state()
         keloRegisterMetaTypes();
         return new RootState;
     }();
+    // Other threads may still be inside the root, its clock must not.
+    static const struct End
+    {
+        ~End() { root->pending.stopClock(); }
+    } end;
+    Q_UNUSED(end)
     return *root;
 }
 
