@@ -345,7 +345,10 @@ ScheduledService::Answer ScheduledService::refusal(const Request& request)
     // none.
     const bool isFirst = request.path == "/sessions";
     m_refused.insert(request.token);
-    if (!isFirst)
+    // Nor does one whose worker has gone meanwhile.
+    char next = 0;
+    const bool isOpen = ::recv(request.fd, &next, 1, MSG_PEEK | MSG_DONTWAIT) != 0;
+    if (!isFirst && isOpen)
         m_owed.insert(request.token);
     return {401, R"({"status":401,"subStatus":6001,"userMessage":"The token has expired"})"};
 }
