@@ -3,7 +3,7 @@
 #include <kelo/TrString.h>
 
 namespace {
-constexpr int probeTimeoutMs = 8000; // within the player's limit for a start
+constexpr int probeTimeoutMs = 8000;   // within the player's limit for a start
 constexpr int probeReadLimit = 262144; // a server without ranges sends the whole stream
 
 OutputError errorOf(int status, int code)
