@@ -40,8 +40,7 @@ ScheduledHost::ScheduledHost(ScheduledService& service)
 {
     new TakingNode(nodes(), KeloOAuth2AddServicePath(), [](const QString&) {});
     new TakingNode(nodes(), loginPath(KeloOAuth2RefreshSubPath()), [&](const QString& token) {
-        if (const std::string other = service.tokenReported(token.toStdString()); !other.empty())
-            setToken(other);
+        giveToken([&] { return service.tokenReported(token.toStdString()); });
     });
     KeloTidalSoundQuality quality;
     quality.setSoundQuality(KeloTidalSoundQualities::HI_RES_);
@@ -63,6 +62,13 @@ void ScheduledHost::setValue(const CMPath& path, const KeloValue& value)
     if (!node)
         node = CMValueNode::create(nodes(), path);
     node->setValue(value);
+}
+
+void ScheduledHost::giveToken(const std::function<std::string()>& issue)
+{
+    std::lock_guard<std::mutex> lock(m_giving);
+    if (const std::string token = issue(); !token.empty())
+        setToken(token);
 }
 
 void ScheduledHost::setToken(const std::string& token)

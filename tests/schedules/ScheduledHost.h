@@ -17,11 +17,16 @@ public:
 
     /// Any thread; as the login service publishes them.
     void setToken(const std::string& token);
+    /// Publishes the token that is issued, if any, before another one is: a login service gives one
+    /// after the other.
+    void giveToken(const std::function<std::string()>& issue);
     void setLoggedIn(bool isLoggedIn);
     void setSettings(const QString& apiUrl, const QString& country);
 
 private:
     void setValue(const CMPath& path, const KeloValue& value);
+
+    std::mutex m_giving;
 };
 
 /// A player that looks whether what it gets belongs together, and answers with the track's id.

@@ -197,7 +197,7 @@ void Stage::login(int account)
         m_logins.push_back(account);
     }
     ++m_loginBegun;
-    m_host->setToken(m_service.issueToken(account));
+    m_host->giveToken([&] { return m_service.issueToken(account); });
     m_host->setLoggedIn(true);
     ++m_loginDone;
     m_isLoggedIn = true;
