@@ -134,7 +134,11 @@ void TidalNodeResponder::on_playlistRepeatReponse_invoke(KeloUrl const& url,
 {
     const CMSetDataRequest request = priv.getCMSetDataRequest();
     // An edit that the host has given up must not be carried out behind its back.
-    if (request.reply().isFinished() || endsWithLogin(priv))
+    if (request.reply().isFinished()) {
+        noteRefusal(priv, status, KeloTidalApiErrorResponse(KeloJson::parse(output)));
+        return;
+    }
+    if (endsWithLogin(priv))
         return;
     // The status is not looked at, and a text that is no JSON leaves the request unanswered;
     // both deliberate: the edit itself is what the service refuses.
