@@ -65,6 +65,10 @@ void CMPendingReplies::failAllOf(CMAbstractWorker* worker)
     const CMError error = hostError(QStringLiteral("Stopped"), "The service has stopped");
     for (const CMVoidReply& reply : owed)
         reply.data()->finishWithError(error, CMVoidReplyData::Origin::Host);
+    // One that the clock is just answering may be notifying the worker's objects.
+    std::unique_lock<std::mutex> lock(m_mutex);
+    if (m_clock.get_id() != std::this_thread::get_id())
+        m_answered.wait(lock, [this] { return !m_isAnswering; });
 }
 
 int CMPendingReplies::size() const
@@ -118,26 +122,33 @@ void CMPendingReplies::stopClock()
 void CMPendingReplies::watchClock()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
+    const auto unlocked = [this, &lock](const std::function<void()>& answer) {
+        m_isAnswering = true;
+        lock.unlock();
+        answer();
+        lock.lock();
+        m_isAnswering = false;
+        m_answered.notify_all();
+    };
     while (!m_isStopping) {
         if (!m_unanswered.empty()) {
             const auto unanswered = std::move(m_unanswered);
             m_unanswered.clear();
-            lock.unlock();
-            for (const auto& [path, reply] : unanswered)
-                failUnanswered(path, reply);
-            lock.lock();
+            unlocked([&unanswered] {
+                for (const auto& [path, reply] : unanswered)
+                    failUnanswered(path, reply);
+            });
         } else if (m_due.empty()) {
             m_wake.wait(lock);
         } else if (const auto [due, id] = *m_due.begin(); Clock::now() < due) {
             m_wake.wait_until(lock, due);
         } else {
             m_due.erase(m_due.begin());
-            const CMVoidReply reply = m_entries.at(id).reply;
-            lock.unlock();
-            reply.data()->finishWithError(
-                hostError(CMError::DeadlineName(), "The service did not answer in time"),
-                CMVoidReplyData::Origin::Host);
-            lock.lock();
+            unlocked([reply = m_entries.at(id).reply] {
+                reply.data()->finishWithError(
+                    hostError(CMError::DeadlineName(), "The service did not answer in time"),
+                    CMVoidReplyData::Origin::Host);
+            });
         }
     }
 }

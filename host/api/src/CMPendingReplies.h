@@ -29,7 +29,8 @@ public:
     /// Keeps a reply until it is finished. An empty handle is not kept.
     void add(const CMVoidReply& reply, CMAbstractWorker* worker,
              std::chrono::milliseconds deadline);
-    /// Answers every reply of a worker with the error that the worker has stopped.
+    /// Answers every reply of a worker with the error that the worker has stopped. After the return
+    /// the clock does not reach for the worker's objects any more.
     void failAllOf(CMAbstractWorker* worker);
     /// Answers with an error, soon and on the clock's thread, because nobody holds the request.
     void endUnanswered(const CMPath& path, const CMVoidReply& reply);
@@ -61,6 +62,8 @@ private:
     std::set<std::pair<Clock::time_point, quint64>> m_due;    ///< entries with a deadline
     std::vector<std::pair<CMPath, CMVoidReply>> m_unanswered; ///< for the clock's thread
     quint64 m_lastId = 0;
+    bool m_isAnswering = false; ///< the clock is giving answers, without the lock
+    std::condition_variable m_answered;
     bool m_isStopping = false;
     std::thread m_clock;
 };
