@@ -13,7 +13,7 @@ CMError hostError(const QString& name, const char* text)
 void failUnanswered(const CMPath& path, const CMVoidReply& reply)
 {
     const CMError error = hostError(CMError::NoAnswerName(), "The module gave no answer");
-    if (reply.data()->finishWithError(error, CMVoidReplyData::Origin::Host))
+    if (reply.giveUp(error))
         KELO_LOG("Host", WARN) << "The module gave no answer to " << path;
 }
 } // namespace
@@ -37,7 +37,7 @@ void CMPendingReplies::add(const CMVoidReply& reply, CMAbstractWorker* worker,
         }
         m_entries.emplace(id, std::move(entry));
     }
-    reply.data()->addHook([this, id] { remove(id); });
+    reply.addWatcher(nullptr, [this, id] { remove(id); });
 }
 
 void CMPendingReplies::remove(quint64 id)
@@ -64,7 +64,7 @@ void CMPendingReplies::failAllOf(CMAbstractWorker* worker)
     }
     const CMError error = hostError(QStringLiteral("Stopped"), "The service has stopped");
     for (const CMVoidReply& reply : owed)
-        reply.data()->finishWithError(error, CMVoidReplyData::Origin::Host);
+        reply.giveUp(error);
     // One that the clock is just answering may be notifying the worker's objects.
     std::unique_lock<std::mutex> lock(m_mutex);
     if (m_clock.get_id() != std::this_thread::get_id())
@@ -145,9 +145,8 @@ void CMPendingReplies::watchClock()
         } else {
             m_due.erase(m_due.begin());
             unlocked([reply = m_entries.at(id).reply] {
-                reply.data()->finishWithError(
-                    hostError(CMError::DeadlineName(), "The service did not answer in time"),
-                    CMVoidReplyData::Origin::Host);
+                reply.giveUp(
+                    hostError(CMError::DeadlineName(), "The service did not answer in time"));
             });
         }
     }

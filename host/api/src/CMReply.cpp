@@ -9,41 +9,13 @@
 
 CMVoidReplyData::~CMVoidReplyData() = default;
 
-bool CMVoidReplyData::isFinished() const
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return m_finished;
-}
-
-CMError CMVoidReplyData::error() const
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return m_error;
-}
-
-bool CMVoidReplyData::waitForFinished(int timeoutMs) const
-{
-    std::unique_lock<std::mutex> lock(m_mutex);
-    const auto isDone = [this] { return m_finished; };
-    if (timeoutMs < 0) {
-        m_done.wait(lock, isDone);
-        return true;
-    }
-    return m_done.wait_for(lock, std::chrono::milliseconds(timeoutMs), isDone);
-}
-
-bool CMVoidReplyData::finishWithError(const CMError& error, Origin origin)
-{
-    return finish([&] { m_error = error; }, origin);
-}
-
-bool CMVoidReplyData::finish(const std::function<void()>& store, Origin origin)
+bool CMVoidReplyData::finish(const std::function<void()>& store, bool isByHost)
 {
     std::vector<Watcher> watchers;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_finished) {
-            const bool isLate = m_origin == Origin::Host || origin == Origin::Host;
+        if (m_isFinished) {
+            const bool isLate = m_isByHost || isByHost;
             KELO_LOG("Host", DEBUG) << (isLate ? "late answer dropped" : "second answer dropped");
             // An answer after the host gave up is late; a second one of the service is a fault.
             Q_ASSERT_X(isLate, "CMReply", "a request was answered twice");
@@ -54,11 +26,11 @@ bool CMVoidReplyData::finish(const std::function<void()>& store, Origin origin)
             return false;
         }
         store();
-        m_finished = true;
-        m_origin = origin;
+        m_isFinished = true;
+        m_isByHost = isByHost;
         watchers.swap(m_watchers);
     }
-    // Who is woken finds the hooks' work done.
+    // Who is woken finds the work of those that run here done.
     const auto firstWatcher =
         std::stable_partition(watchers.begin(), watchers.end(),
                               [](const Watcher& watcher) { return watcher.isAnyThread; });
@@ -70,75 +42,70 @@ bool CMVoidReplyData::finish(const std::function<void()>& store, Origin origin)
 
 void CMVoidReplyData::run(const Watcher& watcher)
 {
-    if (watcher.isAnyThread) {
+    if (watcher.isAnyThread)
+        return watcher.callback();
+    QObject* receiver = watcher.receiver.data();
+    if (!receiver)
+        return;
+    const bool isHere = receiver->thread() == QThread::currentThread();
+    if (watcher.type == Qt::DirectConnection || (watcher.type != Qt::QueuedConnection && isHere))
         watcher.callback();
-    } else if (QObject* receiver = watcher.receiver.data()) {
-        if (watcher.type == Qt::DirectConnection)
-            watcher.callback();
-        else if (watcher.type == Qt::QueuedConnection)
-            keloPost(receiver, watcher.callback);
-        else
-            keloPostOrCall(receiver, watcher.callback);
-    }
-}
-
-void CMVoidReplyData::addWatcher(QObject* receiver, std::function<void()> callback,
-                                 Qt::ConnectionType type)
-{
-    Watcher watcher;
-    watcher.receiver = receiver;
-    watcher.isAnyThread = !receiver;
-    watcher.type = type;
-    watcher.callback = std::move(callback);
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        if (!m_finished) {
-            m_watchers.push_back(std::move(watcher));
-            return;
-        }
-    }
-    run(watcher);
-}
-
-void CMVoidReplyData::addHook(std::function<void()> hook)
-{
-    Watcher watcher;
-    watcher.isAnyThread = true;
-    watcher.callback = std::move(hook);
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        if (!m_finished) {
-            m_watchers.insert(m_watchers.begin(), std::move(watcher));
-            return;
-        }
-    }
-    run(watcher);
+    else
+        keloPost(receiver, watcher.callback);
 }
 
 void CMVoidReply::setError(const CMError& error) const
 {
     if (m_data)
-        m_data->finishWithError(error, CMVoidReplyData::Origin::Service);
+        m_data->finish([&] { m_data->m_error = error; });
+}
+
+bool CMVoidReply::giveUp(const CMError& error) const
+{
+    return m_data && m_data->finish([&] { m_data->m_error = error; }, true);
 }
 
 CMError CMVoidReply::error() const
 {
-    return m_data ? m_data->error() : CMError();
+    if (!m_data)
+        return CMError();
+    std::lock_guard<std::mutex> lock(m_data->m_mutex);
+    return m_data->m_error;
 }
 
 bool CMVoidReply::isFinished() const
 {
-    return m_data && m_data->isFinished();
+    if (!m_data)
+        return false;
+    std::lock_guard<std::mutex> lock(m_data->m_mutex);
+    return m_data->m_isFinished;
 }
 
 bool CMVoidReply::waitForFinished(int timeoutMs) const
 {
-    return !m_data || m_data->waitForFinished(timeoutMs);
+    if (!m_data)
+        return true;
+    std::unique_lock<std::mutex> lock(m_data->m_mutex);
+    const auto isDone = [this] { return m_data->m_isFinished; };
+    if (timeoutMs < 0) {
+        m_data->m_done.wait(lock, isDone);
+        return true;
+    }
+    return m_data->m_done.wait_for(lock, std::chrono::milliseconds(timeoutMs), isDone);
 }
 
 void CMVoidReply::addWatcher(QObject* receiver, std::function<void()> callback,
                              Qt::ConnectionType type) const
 {
-    if (m_data)
-        m_data->addWatcher(receiver, std::move(callback), type);
+    if (!m_data)
+        return;
+    CMVoidReplyData::Watcher watcher{receiver, !receiver, type, std::move(callback)};
+    {
+        std::lock_guard<std::mutex> lock(m_data->m_mutex);
+        if (!m_data->m_isFinished) {
+            m_data->m_watchers.push_back(std::move(watcher));
+            return;
+        }
+    }
+    CMVoidReplyData::run(watcher);
 }

@@ -2,8 +2,6 @@
 
 #include "KeloShared.h"
 
-#include <QThread>
-
 namespace {
 /// A function on its way to another thread. The shared handle pairs the sender's writes with the
 /// receiver's reads, however the event queue in between is locked.
@@ -31,12 +29,4 @@ private:
 void keloPost(QObject* receiver, std::function<void()> function)
 {
     QMetaObject::invokeMethod(receiver, PostedCall(std::move(function)), Qt::QueuedConnection);
-}
-
-void keloPostOrCall(QObject* receiver, std::function<void()> function)
-{
-    if (receiver->thread() == QThread::currentThread())
-        function();
-    else
-        keloPost(receiver, std::move(function));
 }

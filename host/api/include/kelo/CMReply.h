@@ -8,36 +8,22 @@
 #include <QPointer>
 #include <vector>
 
+template <class T>
+class CMReply;
+
 /// Shared state of one answer. It is finished once: the first answer wins, later ones change
 /// nothing and are logged, and in test builds a second answer of the service side is an assertion.
-/// All operations may be called from any thread; watchers run without the lock held.
+/// Its handles are the way to it.
 class KELO_EXPORT CMVoidReplyData : public KeloSharedData
 {
 public:
-    /// Who finishes a reply. An answer that comes after the host gave up is no fault.
-    enum class Origin {
-        Service, ///< the node or worker that serves the request
-        Host     ///< the host: a deadline, a worker that stopped, a client that went away
-    };
-
     ~CMVoidReplyData() override;
 
-    bool isFinished() const;
-    CMError error() const;
-    bool waitForFinished(int timeoutMs) const;
-    /// Finishes with an error; false when it was finished already.
-    bool finishWithError(const CMError& error, Origin origin);
-    void addWatcher(QObject* receiver, std::function<void()> callback, Qt::ConnectionType type);
-    /// Runs on the finishing thread, before the watchers; at once when finished already.
-    void addHook(std::function<void()> hook);
-
-protected:
-    /// Runs `store` under the lock when this is the first answer, then wakes and notifies.
-    bool finish(const std::function<void()>& store, Origin origin);
-
-    mutable std::mutex m_mutex;
-
 private:
+    friend class CMVoidReply;
+    template <class>
+    friend class CMReply;
+
     struct Watcher
     {
         QPointer<QObject>
@@ -46,11 +32,15 @@ private:
         Qt::ConnectionType type = Qt::AutoConnection;
         std::function<void()> callback;
     };
+
+    /// Runs `store` under the lock when this is the first answer, then wakes and notifies.
+    bool finish(const std::function<void()>& store, bool isByHost = false);
     static void run(const Watcher& watcher);
 
+    mutable std::mutex m_mutex;
     mutable std::condition_variable m_done;
-    bool m_finished = false;
-    Origin m_origin = Origin::Service;
+    bool m_isFinished = false;
+    bool m_isByHost = false; ///< see CMVoidReply::giveUp()
     CMError m_error;
     std::vector<Watcher> m_watchers; ///< emptied when the reply finishes
 };
@@ -59,24 +49,13 @@ private:
 template <class T>
 class CMReplyData : public CMVoidReplyData
 {
-public:
-    /// Finishes with a value; false when it was finished already.
-    bool setValue(const T& value, Origin origin = Origin::Service)
-    {
-        return finish([&] { m_value = value; }, origin);
-    }
-    T value() const
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        return m_value;
-    }
-
-private:
+    friend class CMReply<T>;
     T m_value{};
 };
 
 /// Handle to the answer of a request, whatever its value's type. An empty handle (default
-/// constructed) belongs to a request that nobody waits for: answering it does nothing.
+/// constructed) belongs to a request that nobody waits for: answering it does nothing. All
+/// operations may be called from any thread; watchers run without a lock held.
 class KELO_EXPORT CMVoidReply
 {
 public:
@@ -91,6 +70,9 @@ public:
     bool isNull() const { return !m_data; }
     /// Finishes with an error; the first answer wins.
     void setError(const CMError& error) const;
+    /// Finishes with an error in the host's name: a deadline, a worker that stopped, a client that
+    /// went away. False when it was finished already. An answer that comes later is no fault.
+    bool giveUp(const CMError& error) const;
     /// The error; not set while unfinished and after a value.
     CMError error() const;
     bool isFinished() const;
@@ -99,7 +81,7 @@ public:
     /// Calls back once when the reply is finished, or soon when it is already: on the receiver's
     /// thread, directly when that is the finishing thread and the type is not queued. Not called
     /// when the receiver is gone. With a null receiver, or a direct connection, it runs on the
-    /// finishing thread.
+    /// finishing thread; with a null one before anybody who waits is woken.
     void addWatcher(QObject* receiver, std::function<void()> callback,
                     Qt::ConnectionType type = Qt::AutoConnection) const;
 
@@ -132,13 +114,16 @@ public:
     void setValue(const T& value) const
     {
         if (auto* typed = typedData())
-            typed->setValue(value);
+            typed->finish([&] { typed->m_value = value; });
     }
     /// The value; a default one while unfinished and after an error.
     T value() const
     {
         auto* typed = typedData();
-        return typed ? typed->value() : T();
+        if (!typed)
+            return T();
+        std::lock_guard<std::mutex> lock(typed->m_mutex);
+        return typed->m_value;
     }
 
 private:

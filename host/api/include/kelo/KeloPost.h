@@ -8,6 +8,3 @@
 /// the way by which functions cross threads; it carries an acquire-release step of its own, so what
 /// the caller wrote before is seen there.
 KELO_EXPORT void keloPost(QObject* receiver, std::function<void()> function);
-
-/// As keloPost(), but runs at once when the caller is on the receiver's thread already.
-KELO_EXPORT void keloPostOrCall(QObject* receiver, std::function<void()> function);

@@ -37,7 +37,5 @@ void ReplyWaiter::stop()
 
 void ReplyWaiter::end(const CMVoidReply& reply)
 {
-    reply.data()->finishWithError(
-        CMError(HttpReply::stoppingName(), QStringLiteral("The streamer is stopping.")),
-        CMVoidReplyData::Origin::Host);
+    reply.giveUp(CMError(HttpReply::stoppingName(), QStringLiteral("The streamer is stopping.")));
 }
