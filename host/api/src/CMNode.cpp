@@ -34,13 +34,14 @@ bool CMNode::getRowsRequest(const CMGetRowsRequest& request)
 
 bool CMNode::request(const CMRequest& request)
 {
-    if (const CMGetRowsRequest rows(request); !rows.isNull())
-        return getRowsRequest(rows);
-    if (const CMSetDataRequest set(request); !set.isNull())
-        return setDataRequest(set);
-    if (const CMGetDataRequest data(request); !data.isNull())
-        return getDataRequest(data);
-    return false;
+    switch (request.kind()) {
+    case CMRequestData::Kind::GetRows:
+        return getRowsRequest(CMGetRowsRequest(request));
+    case CMRequestData::Kind::SetData:
+        return setDataRequest(CMSetDataRequest(request));
+    default:
+        return getDataRequest(CMGetDataRequest(request));
+    }
 }
 
 KeloRoles CMNode::getDataRoles(const CMPath::Params&) const

@@ -4,20 +4,18 @@
 #include "KeloLog.h"
 
 namespace {
-/// Lets the node serve the request; a refusal, or no node, becomes an error answer.
-template <class Request>
-void serve(CMNode* node, const Request& request, bool (CMNode::*operation)(const Request&))
+/// Answers what the node did not take.
+void refuse(const CMNode* node, const CMRequest& request)
 {
-    if (!node) {
-        request.reply().setError(CMError::nothingAt(request.path().toEncoded()));
-        return;
-    }
-    if ((node->*operation)(request) || request.reply().isFinished())
-        return;
-    request.reply().setError(
-        CMError(QStringLiteral("Refused"),
-                TrString(TrCharData{"CMNodesWorker", "%1 does not take this request", nullptr},
-                         {request.path().toEncoded()})));
+    const CMVoidReply reply = request.reply();
+    const QString path = request.path().toEncoded();
+    if (!node)
+        reply.setError(CMError::nothingAt(path));
+    else if (!reply.isFinished())
+        reply.setError(
+            CMError(QStringLiteral("Refused"),
+                    TrString(TrCharData{"CMNodesWorker", "%1 does not take this request", nullptr},
+                             {path})));
 }
 } // namespace
 
@@ -36,17 +34,23 @@ CMNodes* CMNodesWorker::nodes() const
 
 void CMNodesWorker::getDataRequest(const CMGetDataRequest& request)
 {
-    serve(m_nodes->findNearest(request.path()), request, &CMNode::getDataRequest);
+    CMNode* node = m_nodes->findNearest(request.path());
+    if (!node || !node->getDataRequest(request))
+        refuse(node, request);
 }
 
 void CMNodesWorker::setDataRequest(const CMSetDataRequest& request)
 {
-    serve(m_nodes->findNearest(request.path()), request, &CMNode::setDataRequest);
+    CMNode* node = m_nodes->findNearest(request.path());
+    if (!node || !node->setDataRequest(request))
+        refuse(node, request);
 }
 
 void CMNodesWorker::getRowsRequest(const CMGetRowsRequest& request)
 {
-    serve(matchRowRequest(request), request, &CMNode::getRowsRequest);
+    CMNode* node = matchRowRequest(request);
+    if (!node || !node->getRowsRequest(request))
+        refuse(node, request);
 }
 
 KeloValue CMNodesWorker::nodeValue(const CMPath& path) const

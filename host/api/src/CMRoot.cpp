@@ -62,22 +62,16 @@ RootState& state()
     return *root;
 }
 
-/// Hands the request to the operation of its kind.
-void dispatch(CMAbstractWorker* worker, const CMRequest& request)
+std::chrono::milliseconds deadlineOf(CMRequestData::Kind kind, const CMDeadlines& deadlines)
 {
-    if (const CMGetRowsRequest rows(request); !rows.isNull())
-        worker->getRowsRequest(rows);
-    else if (const CMSetDataRequest set(request); !set.isNull())
-        worker->setDataRequest(set);
-    else if (const CMGetDataRequest data(request); !data.isNull())
-        worker->getDataRequest(data);
-}
-
-std::chrono::milliseconds deadlineOf(const CMRequest& request, const CMDeadlines& deadlines)
-{
-    if (!CMGetRowsRequest(request).isNull())
+    switch (kind) {
+    case CMRequestData::Kind::GetRows:
         return deadlines.rows;
-    return CMSetDataRequest(request).isNull() ? deadlines.data : deadlines.set;
+    case CMRequestData::Kind::SetData:
+        return deadlines.set;
+    default:
+        return deadlines.data;
+    }
 }
 
 /// Whether a rows request asks for a range that ends before it begins. Negative numbers are the
@@ -88,6 +82,7 @@ bool isUpsideDown(const CMRequest& request)
     return !rows.isNull() && rows.from() >= 0 && rows.to() >= 0 && rows.from() > rows.to();
 }
 
+/// Hands the request to the operation of its kind.
 void route(const CMRequest& request, std::chrono::milliseconds deadline)
 {
     RootState& root = state();
@@ -97,15 +92,23 @@ void route(const CMRequest& request, std::chrono::milliseconds deadline)
             TrString(TrCharData{"CMRoot", "The first row comes after the last one", nullptr})));
         return;
     }
-    const std::shared_ptr<CMWorkerRoute> target = root.find(request.path());
-    const CMWorkerRoute::Visit visit(target);
-    if (!visit.worker()) {
+    const CMWorkerRoute::Visit visit(root.find(request.path()));
+    CMAbstractWorker* const worker = visit.worker();
+    if (!worker) {
         request.reply().setError(CMError::nothingAt(request.path().toEncoded()));
         return;
     }
     // Without the holder, which the root is not.
-    root.pending.add(CMVoidReply(request.reply().data()), visit.worker(), deadline);
-    dispatch(visit.worker(), request.servingSide());
+    root.pending.add(CMVoidReply(request.reply().data()), worker, deadline);
+    const CMRequest serving = request.servingSide();
+    switch (serving.kind()) {
+    case CMRequestData::Kind::GetRows:
+        return worker->getRowsRequest(CMGetRowsRequest(serving));
+    case CMRequestData::Kind::SetData:
+        return worker->setDataRequest(CMSetDataRequest(serving));
+    case CMRequestData::Kind::GetData:
+        return worker->getDataRequest(CMGetDataRequest(serving));
+    }
 }
 } // namespace
 
@@ -158,7 +161,7 @@ void CMRoot::request(const CMRequest& request) const
         std::lock_guard<std::mutex> lock(state().mutex);
         deadlines = state().deadlines;
     }
-    route(request, deadlineOf(request, deadlines));
+    route(request, deadlineOf(request.kind(), deadlines));
 }
 
 void CMRoot::requestInternal(const CMRequest& request) const

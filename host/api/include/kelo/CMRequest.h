@@ -10,19 +10,38 @@
 class KELO_EXPORT CMRequestData : public KeloSharedData
 {
 public:
-    CMRequestData(const CMPath& path, const CMVoidReply& reply);
-    CMRequestData(const CMRequestData& other);
+    enum class Kind { GetData, SetData, GetRows };
+
+    CMRequestData(Kind aKind, const CMPath& aPath, const CMVoidReply& aReply)
+        : kind(aKind), path(aPath), reply(aReply)
+    {
+    }
+    CMRequestData(const CMRequestData& other) = default;
     ~CMRequestData() override;
 
     /// How many there are in the process. Any thread.
     static int living();
 
-    /// The same request, of the same kind.
-    virtual CMRequestData* copy() const = 0;
+    const Kind kind;
+    const CMPath path;
+    CMVoidReply reply;
+    bool isServing = false;
 
-    CMPath m_path;
-    CMVoidReply m_reply;
-    bool m_isServing = false;
+    QStringList roles; ///< asked for: of data and rows
+    QString role;      ///< of set, as the value is
+    QVariant value;
+    int from = 0; ///< of rows, as the others are
+    int to = 0;
+    int rowsVersion = -1;
+
+private:
+    /// Counts the living.
+    struct KELO_EXPORT Living
+    {
+        Living();
+        Living(const Living&) : Living() {}
+        ~Living();
+    } m_living;
 };
 
 /// Base of the three kinds of request to the content tree: a path and the reply that answers it.
@@ -34,7 +53,8 @@ public:
     CMRequest() = default;
 
     bool isNull() const { return !m_data; }
-    const CMPath& path() const { return d()->m_path; }
+    CMRequestData::Kind kind() const { return d()->kind; }
+    const CMPath& path() const { return d()->path; }
     CMVoidReply reply() const;
     /// What the root hands to a worker: the same request with the same reply, whose copies, and the
     /// reply handles taken from them, are the holders of the duty to answer. When the last holder
@@ -48,7 +68,8 @@ public:
 
 protected:
     explicit CMRequest(CMRequestData* data) : m_data(data) {}
-    explicit CMRequest(const KeloShared<CMRequestData>& data) : m_data(data) {}
+    /// The request, where it is of the kind; else null.
+    CMRequest(const CMRequest& request, CMRequestData::Kind kind);
     CMRequestData* d() const;
 
     KeloShared<CMRequestData> m_data;
@@ -60,10 +81,13 @@ class KELO_EXPORT CMGetDataRequest : public CMRequest
 public:
     CMGetDataRequest() = default;
     /// The request as this kind; null when it is of another kind.
-    explicit CMGetDataRequest(const CMRequest& request);
+    explicit CMGetDataRequest(const CMRequest& request)
+        : CMRequest(request, CMRequestData::Kind::GetData)
+    {
+    }
     CMGetDataRequest(const CMPath& path, const QStringList& roles);
 
-    const QStringList& roles() const;
+    const QStringList& roles() const { return d()->roles; }
     CMReply<QVariantList> reply() const { return CMReply<QVariantList>(CMRequest::reply()); }
 };
 
@@ -73,14 +97,16 @@ class KELO_EXPORT CMSetDataRequest : public CMRequest
 {
 public:
     CMSetDataRequest() = default;
-    explicit CMSetDataRequest(const CMRequest& request);
+    explicit CMSetDataRequest(const CMRequest& request)
+        : CMRequest(request, CMRequestData::Kind::SetData)
+    {
+    }
     /// The role is the one the value is meant for, KeloRoles::Value() where nothing else is said.
-    CMSetDataRequest(const CMPath& path, const QString& role, const QVariant& value);
     CMSetDataRequest(const CMPath& path, const QString& role, const QVariant& value,
-                     const CMVoidReply& reply);
+                     const CMVoidReply& reply = CMReply<QVariant>::create());
 
-    const QString& role() const;
-    const QVariant& value() const;
+    const QString& role() const { return d()->role; }
+    const QVariant& value() const { return d()->value; }
     CMReply<QVariant> reply() const { return CMReply<QVariant>(CMRequest::reply()); }
 };
 
@@ -90,18 +116,20 @@ class KELO_EXPORT CMGetRowsRequest : public CMRequest
 {
 public:
     CMGetRowsRequest() = default;
-    explicit CMGetRowsRequest(const CMRequest& request);
+    explicit CMGetRowsRequest(const CMRequest& request)
+        : CMRequest(request, CMRequestData::Kind::GetRows)
+    {
+    }
+    /// An empty reply is for requests that a module makes for itself and answers by other means.
     CMGetRowsRequest(const CMPath& path, int from, int to, const QStringList& roles,
-                     int rowsVersion = -1);
-    /// For requests that a module makes for itself and answers by other means.
-    CMGetRowsRequest(const CMPath& path, int from, int to, const QStringList& roles,
-                     int rowsVersion, const CMVoidReply& reply);
+                     int rowsVersion = -1,
+                     const CMVoidReply& reply = CMReply<KeloRowsRoles>::create());
 
-    int from() const;
-    int to() const;
+    int from() const { return d()->from; }
+    int to() const { return d()->to; }
     /// The version that the asker knows; negative when it knows none.
-    int rowsVersion() const;
-    const QStringList& roles() const;
+    int rowsVersion() const { return d()->rowsVersion; }
+    const QStringList& roles() const { return d()->roles; }
     CMReply<KeloRowsRoles> reply() const { return CMReply<KeloRowsRoles>(CMRequest::reply()); }
 };
 
