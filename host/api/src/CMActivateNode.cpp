@@ -1,7 +1,5 @@
 #include "CMActivateNode.h"
 
-CMActivateNode::CMActivateNode(const CMPath& path) : CMUINode(path) {}
-
 CMActivateNode* CMActivateNode::create(CMNodes* nodes, const CMPath& path, QObject* receiver,
                                        const char* slot, Qt::ConnectionType type)
 {
@@ -11,38 +9,14 @@ CMActivateNode* CMActivateNode::create(CMNodes* nodes, const CMPath& path, QObje
     return node;
 }
 
-void CMActivateNode::setInvoke(QObject* receiver, const char* slot, Qt::ConnectionType type)
-{
-    const CMSlot found(receiver, slot, type);
-    std::lock_guard<std::mutex> lock(mutex());
-    m_slot = found;
-}
-
-void CMActivateNode::setActivateRole(const QString& role)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_activateRole = role;
-}
-
-void CMActivateNode::setBusyText(const TrString& text)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_busyText = text;
-}
-
 bool CMActivateNode::setDataRequest(const CMSetDataRequest& request)
 {
     if (!isOwnPath(request.path()))
         return replyNotFound(request);
-    std::unique_lock<std::mutex> lock(mutex());
-    const CMSlot slot = m_slot;
-    const QString role = m_activateRole;
-    const bool hasBusyText = !m_busyText.isEmpty();
-    lock.unlock();
-
-    if (!role.isEmpty() && request.role() != role)
+    const State state = locked(m_state);
+    if (!state.role.isEmpty() && request.role() != state.role)
         return false;
-    if (hasBusyText) {
+    if (!state.busyText.isEmpty()) {
         ++m_running;
         notifyDataChanged();
         // On the node's own thread: the node may be gone when the answer comes.
@@ -51,7 +25,7 @@ bool CMActivateNode::setDataRequest(const CMSetDataRequest& request)
             notifyDataChanged();
         });
     }
-    if (!slot.invoke(Q_ARG(CMSetDataRequest, request)))
+    if (!state.slot.invoke(Q_ARG(CMSetDataRequest, request)))
         request.reply().setError(
             CMError(QStringLiteral("NotAvailable"),
                     TrString(TrCharData{"CMActivateNode", "%1 does nothing yet", nullptr},
@@ -59,17 +33,8 @@ bool CMActivateNode::setDataRequest(const CMSetDataRequest& request)
     return true;
 }
 
-KeloRolesType::Enum CMActivateNode::rolesType() const
-{
-    return KeloRolesType::Action_;
-}
-
 void CMActivateNode::addDataRoles(KeloRoles& roles, const CMPath::Params&) const
 {
-    if (m_running.load() <= 0)
-        return;
-    std::unique_lock<std::mutex> lock(mutex());
-    const TrString busyText = m_busyText;
-    lock.unlock();
-    roles.insert(KeloRoles::BusyText(), busyText.toVariant());
+    if (m_running > 0)
+        roles.insert(KeloRoles::BusyText(), locked(m_state.busyText).toVariant());
 }

@@ -6,65 +6,15 @@
 
 #include <algorithm>
 
-CMContainerNode::CMContainerNode(const CMPath& path) : CMUINode(path) {}
-
-void CMContainerNode::setContainerType(KeloRolesContainerType::Enum type)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_containerType = type;
-}
-
-void CMContainerNode::setContainerType(int type)
-{
-    setContainerType(KeloRolesContainerType::Enum(type));
-}
-
-void CMContainerNode::setPlayable(bool playable)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_isPlayable = playable;
-}
-
-void CMContainerNode::setSearchPath(const CMPath& path)
-{
-    {
-        std::lock_guard<std::mutex> lock(mutex());
-        m_searchPath = path;
-    }
-    notifyDataChanged();
-}
-
-void CMContainerNode::setAcceptPath(const CMPath& path)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_acceptPath = path;
-}
-
-KeloRolesType::Enum CMContainerNode::rolesType() const
-{
-    return KeloRolesType::Container_;
-}
-
 void CMContainerNode::addDataRoles(KeloRoles& roles, const CMPath::Params& params) const
 {
-    std::unique_lock<std::mutex> lock(mutex());
-    const KeloRolesContainerType::Enum containerType = m_containerType;
-    const bool isPlayable = m_isPlayable;
-    const CMPath searchPath = m_searchPath;
-    const CMPath acceptPath = m_acceptPath;
-    lock.unlock();
-
-    roles.setContainerType(containerType);
-    roles.insert(KeloRoles::ContainerPlayable(), isPlayable);
-    if (!searchPath.isEmpty())
-        roles.insert(KeloRoles::SearchPath(), searchPath.toEncoded());
-    if (!acceptPath.isEmpty())
-        roles.insert(KeloRoles::AcceptPath(), acceptPathFor(acceptPath, params).toEncoded());
-}
-
-CMPath CMContainerNode::acceptPathFor(const CMPath& acceptPath, const CMPath::Params&) const
-{
-    return acceptPath;
+    const State state = locked(m_state);
+    roles.setContainerType(state.type);
+    roles.insert(KeloRoles::ContainerPlayable(), state.isPlayable);
+    if (!state.searchPath.isEmpty())
+        roles.insert(KeloRoles::SearchPath(), state.searchPath.toEncoded());
+    if (!state.acceptPath.isEmpty())
+        roles.insert(KeloRoles::AcceptPath(), acceptPathFor(state.acceptPath, params).toEncoded());
 }
 
 KeloRoles CMContainerNode::rowRoles(const CMRow& row, const CMPath::Params& params,

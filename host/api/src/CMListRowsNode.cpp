@@ -1,7 +1,5 @@
 #include "CMListRowsNode.h"
 
-CMListRowsNode::CMListRowsNode(const CMPath& path) : CMContainerNode(path) {}
-
 CMListRowsNode* CMListRowsNode::create(CMNodes* nodes, const CMPath& path)
 {
     auto* node = new CMListRowsNode(path);
@@ -9,82 +7,37 @@ CMListRowsNode* CMListRowsNode::create(CMNodes* nodes, const CMPath& path)
     return node;
 }
 
-void CMListRowsNode::rowsAppend(const CMPath& nodePath)
-{
-    append(CMRow(nodePath));
-}
-
-void CMListRowsNode::rowsAppend(const KeloRoles& row)
-{
-    append(CMRow(row));
-}
-
 void CMListRowsNode::append(const CMRow& row)
 {
-    int count = 0;
-    {
-        std::lock_guard<std::mutex> lock(mutex());
-        m_rows.append(row);
-        count = m_rows.size();
-    }
-    if (CMSubscribe* subscription = subscribe())
-        subscription->rowsChanged(path(), CMSubscribe::RowsChangeReset(), count);
+    std::unique_lock<std::mutex> lock(mutex());
+    m_state.rows.append(row);
+    const int count = m_state.rows.size();
+    lock.unlock();
+    notifyRowsChanged(count);
 }
 
 void CMListRowsNode::rowsClear()
 {
-    {
-        std::lock_guard<std::mutex> lock(mutex());
-        if (m_rows.isEmpty())
-            return;
-        m_rows.clear();
-    }
-    if (CMSubscribe* subscription = subscribe())
-        subscription->rowsChanged(path(), CMSubscribe::RowsChangeReset(), 0);
+    if (rowsSize() == 0)
+        return;
+    store(m_state.rows, CMRowList());
+    notifyRowsChanged(0);
 }
 
-CMRowList CMListRowsNode::rows() const
+void CMListRowsNode::notifyRowsChanged(int count)
 {
-    std::lock_guard<std::mutex> lock(mutex());
-    return m_rows;
-}
-
-int CMListRowsNode::rowsSize() const
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    return m_rows.size();
-}
-
-void CMListRowsNode::setRowsRoles(const KeloRowsRoles& rowsRoles)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_rowsRoles = rowsRoles;
-}
-
-KeloRowsRoles CMListRowsNode::rowsRoles() const
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    return m_rowsRoles;
-}
-
-void CMListRowsNode::setCopyPathParams(bool copy)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_isCopyingPathParams = copy;
+    if (subscribe())
+        subscribe()->rowsChanged(path(), CMSubscribe::RowsChangeReset(), count);
 }
 
 bool CMListRowsNode::getRowsRequest(const CMGetRowsRequest& request)
 {
     if (!isOwnPath(request.path()))
         return replyNotFound(request);
-    std::unique_lock<std::mutex> lock(mutex());
-    const CMRowList stored = m_rows;
-    const KeloRowsRoles rowsRoles = m_rowsRoles;
-    const bool copyPathParams = m_isCopyingPathParams;
-    lock.unlock();
-
+    const State state = locked(m_state);
     const int version = subscribe() ? subscribe()->rowsVersion(request.path()) : 0;
-    const CMDynamicContent all{
-        stored.size(), [stored](int offset, int count) { return stored.mid(offset, count); }};
-    return respondGetRowsRequest(request, {all}, version, rowsRoles, copyPathParams);
+    const CMDynamicContent all{state.rows.size(), [&state](int offset, int count) {
+                                   return state.rows.mid(offset, count);
+                               }};
+    return respondGetRowsRequest(request, {all}, version, state.roles, state.isCopyingPathParams);
 }

@@ -47,36 +47,14 @@ KeloValue CMValueNode::value() const
     return m_value;
 }
 
-void CMValueNode::setEdit(const KeloEdit& edit)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_edit = edit;
-}
-
-void CMValueNode::setReadOnly(bool readOnly)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_isReadOnly = readOnly;
-}
-
-void CMValueNode::setSecret(bool secret)
-{
-    std::lock_guard<std::mutex> lock(mutex());
-    m_isSecret = secret;
-}
-
 bool CMValueNode::setDataRequest(const CMSetDataRequest& request)
 {
     if (!isOwnPath(request.path()))
         return replyNotFound(request);
-    std::unique_lock<std::mutex> lock(mutex());
-    const bool isReadOnly = m_isReadOnly;
-    lock.unlock();
-
     const KeloValue sent = KeloValue::fromVariant(request.value());
     const QString held = value().type();
     const KeloValue taken = sent.convertedTo(held.isEmpty() ? sent.type() : held);
-    if (isReadOnly) {
+    if (locked(m_state.isReadOnly)) {
         request.reply().setError(
             CMError(QStringLiteral("ReadOnly"),
                     TrString(TrCharData{"CMValueNode", "%1 cannot be changed", nullptr},
@@ -90,22 +68,12 @@ bool CMValueNode::setDataRequest(const CMSetDataRequest& request)
     return true;
 }
 
-KeloRolesType::Enum CMValueNode::rolesType() const
-{
-    return KeloRolesType::Text_;
-}
-
 void CMValueNode::addDataRoles(KeloRoles& roles, const CMPath::Params&) const
 {
-    std::unique_lock<std::mutex> lock(mutex());
-    const KeloEdit edit = m_edit;
-    const bool isReadOnly = m_isReadOnly;
-    const bool isSecret = m_isSecret;
-    lock.unlock();
-
-    if (!isSecret)
+    const State state = locked(m_state);
+    if (!state.isSecret)
         roles.setValue(value().toVariant());
-    roles.insert(KeloRoles::ReadOnly(), isReadOnly);
-    if (!edit.isEmpty())
-        roles.insert(KeloRoles::Edit(), edit.toVariant());
+    roles.insert(KeloRoles::ReadOnly(), state.isReadOnly);
+    if (!state.edit.isEmpty())
+        roles.insert(KeloRoles::Edit(), state.edit.toVariant());
 }

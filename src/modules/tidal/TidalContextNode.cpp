@@ -7,7 +7,7 @@
 #include <kelo/KeloTidalConstants.h>
 
 namespace {
-constexpr int menuContainerType = KeloRolesContainerType::List_;
+constexpr auto menuContainerType = KeloRolesContainerType::List_;
 }
 
 TidalBaseContextNode* TidalBaseContextNode::create(TidalWorker* worker, const CMPath& path)

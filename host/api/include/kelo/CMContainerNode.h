@@ -30,16 +30,15 @@ class KELO_EXPORT CMContainerNode : public CMUINode
 {
     Q_OBJECT
 public:
-    explicit CMContainerNode(const CMPath& path);
+    using CMUINode::CMUINode;
 
-    void setContainerType(KeloRolesContainerType::Enum type);
-    void setContainerType(int type);
+    void setContainerType(KeloRolesContainerType::Enum type) { store(m_state.type, type); }
     /// Whether the rows can be played one after the other.
-    void setPlayable(bool playable);
+    void setPlayable(bool playable) { store(m_state.isPlayable, playable); }
     /// The node that searches below this one; an empty path for none.
-    void setSearchPath(const CMPath& path);
+    void setSearchPath(const CMPath& path) { show(m_state.searchPath, path); }
     /// The node that submits a form; an empty path for none.
-    void setAcceptPath(const CMPath& path);
+    void setAcceptPath(const CMPath& path) { store(m_state.acceptPath, path); }
 
     /// Answers a rows request from runs of rows that follow one another. `copyPathParams`: the
     /// request path's parameters are added to the path of every row that refers to a node.
@@ -51,17 +50,23 @@ public:
                                const KeloRowsRoles& rowsRoles, bool copyPathParams);
 
 protected:
-    KeloRolesType::Enum rolesType() const override;
+    KeloRolesType::Enum rolesType() const override { return KeloRolesType::Container_; }
     void addDataRoles(KeloRoles& roles, const CMPath::Params& params) const override;
     /// The accept path for the parameters that the container was opened under; the base version
     /// returns the path as set.
-    virtual CMPath acceptPathFor(const CMPath& acceptPath, const CMPath::Params& params) const;
+    virtual CMPath acceptPathFor(const CMPath& acceptPath, const CMPath::Params&) const
+    {
+        return acceptPath;
+    }
 
 private:
     KeloRoles rowRoles(const CMRow& row, const CMPath::Params& params, bool copyPathParams) const;
 
-    KeloRolesContainerType::Enum m_containerType = KeloRolesContainerType::None_;
-    bool m_isPlayable = false;
-    CMPath m_searchPath;
-    CMPath m_acceptPath;
+    struct State
+    {
+        KeloRolesContainerType::Enum type = KeloRolesContainerType::None_;
+        bool isPlayable = false;
+        CMPath searchPath;
+        CMPath acceptPath;
+    } m_state;
 };

@@ -8,21 +8,24 @@ class KELO_EXPORT CMQueryNode : public CMUINode
 {
     Q_OBJECT
 public:
-    explicit CMQueryNode(const CMPath& path);
+    using CMUINode::CMUINode;
     static CMQueryNode* create(CMNodes* nodes, const CMPath& path);
 
     /// Name of the parameter that carries the user's text.
-    void setQuery(const QString& parameter);
+    void setQuery(const QString& parameter) { store(m_state.parameter, parameter); }
     /// The node that answers the search.
-    void setQueryPath(const CMPath& path);
+    void setQueryPath(const CMPath& path) { store(m_state.path, path); }
 
     bool getRowsRequest(const CMGetRowsRequest& request) override;
 
 protected:
-    KeloRolesType::Enum rolesType() const override;
+    KeloRolesType::Enum rolesType() const override { return KeloRolesType::Container_; }
     void addDataRoles(KeloRoles& roles, const CMPath::Params& params) const override;
 
 private:
-    QString m_query;
-    CMPath m_queryPath;
+    struct State
+    {
+        QString parameter;
+        CMPath path;
+    } m_state;
 };

@@ -17,17 +17,16 @@ public:
     void setValue(const KeloValue& value);
     KeloValue value() const;
     KeloValue nodeValue() const override { return value(); }
-    void setEdit(const KeloEdit& edit);
-    void setReadOnly(bool readOnly);
+    void setEdit(const KeloEdit& edit) { store(m_state.edit, edit); }
+    void setReadOnly(bool readOnly) { store(m_state.isReadOnly, readOnly); }
     /// Keeps the value out of the data roles, so that it is read inside the process alone.
-    void setSecret(bool secret);
+    void setSecret(bool secret) { store(m_state.isSecret, secret); }
 
     /// Stores the value, as one of the type that the node holds already, and answers with an
     /// invalid variant; an error when read-only, or when what was sent is no value of that type.
     bool setDataRequest(const CMSetDataRequest& request) override;
 
 protected:
-    KeloRolesType::Enum rolesType() const override;
     void addDataRoles(KeloRoles& roles, const CMPath::Params& params) const override;
 
 private:
@@ -35,7 +34,10 @@ private:
 
     std::mutex* m_valueMutex;
     KeloValue m_value;
-    KeloEdit m_edit;
-    bool m_isReadOnly = false;
-    bool m_isSecret = false;
+    struct State
+    {
+        KeloEdit edit;
+        bool isReadOnly = false;
+        bool isSecret = false;
+    } m_state;
 };
