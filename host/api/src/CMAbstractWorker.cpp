@@ -1,115 +1,81 @@
 #include "CMAbstractWorker.h"
 
-#include "CMSlotDelivery.h"
+#include "CMSlot.h"
+#include "KeloPost.h"
 
-#include <algorithm>
-#include <iterator>
-#include <mutex>
-#include <vector>
+#include <QThread>
 
-/// The subscriptions of slots that were made through one worker. A receiver that dies is forgotten.
-class CMAbstractWorker::Connections : public std::enable_shared_from_this<Connections>
+namespace {
+/// Tells a slot what happens at a path. A child of the slot's receiver, with which it ends, on the
+/// same thread.
+class Watch : public QObject
 {
 public:
     enum Kind { Value, Data, Rows };
 
-    ~Connections()
+    Watch(Kind kind, const CMPath& path, QObject* receiver, const char* slot,
+          Qt::ConnectionType type)
+        : m_kind(kind), m_path(path), m_code(slot), m_type(type),
+          m_slot(receiver, slot, Qt::DirectConnection)
     {
-        for (const Connection& connection : m_connections)
-            end(connection);
+        end(kind, path, receiver, slot);
+        if (kind == Value)
+            m_id = CMRoot().watchValue(path, [this](const KeloValue& to, const KeloValue& from) {
+                tell([=] { m_slot.invoke(Q_ARG(KeloValue, to), Q_ARG(KeloValue, from)); });
+            });
+        else if (kind == Data)
+            m_id = CMRoot().watchData(path, [this](const CMPath& changed) {
+                tell([=] { m_slot.invoke(Q_ARG(CMPath, changed)); });
+            });
+        else
+            m_id = CMRoot().openRows(path, [this](const CMRowsNotice& notice) {
+                tell([=] {
+                    m_slot.invoke(Q_ARG(CMPath, notice.path), Q_ARG(QVariant, notice.change),
+                                  Q_ARG(int, notice.count));
+                });
+            });
+        setParent(receiver);
+    }
+    ~Watch() override
+    {
+        if (m_kind == Rows)
+            CMRoot().closeRows(m_id);
+        else
+            CMRoot().unwatch(m_id);
     }
 
-    /// Takes the place of a connection of the same slot.
-    void add(Kind kind, const CMPath& path, QObject* receiver, const QByteArray& slot, quint64 id)
+    /// Ends those of one slot, or of each slot, of a receiver.
+    static void end(Kind kind, const CMPath& path, QObject* receiver,
+                    const QByteArray& slot = QByteArray())
     {
-        remove([&](const Connection& one) {
-            return one.isOf(kind, path, receiver) && one.slot == slot;
-        });
-        const std::weak_ptr<Connections> weak = shared_from_this();
-        const auto gone = QObject::connect(receiver, &QObject::destroyed, [weak, receiver] {
-            if (const auto self = weak.lock())
-                self->remove([&](const Connection& one) { return one.receiver == receiver; });
-        });
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_connections.push_back(Connection{kind, path, receiver, slot, id, gone});
-    }
-
-    void remove(Kind kind, const CMPath& path, const QObject* receiver)
-    {
-        remove([&](const Connection& one) { return one.isOf(kind, path, receiver); });
+        const QObjectList children = receiver->children();
+        for (QObject* child : children) {
+            const auto* watch = dynamic_cast<Watch*>(child);
+            if (watch && watch->m_kind == kind && watch->m_path == path &&
+                (slot.isNull() || watch->m_code == slot))
+                delete child;
+        }
     }
 
 private:
-    struct Connection
+    /// Any thread; calls as the connection type says.
+    void tell(const std::function<void()>& call)
     {
-        bool isOf(Kind aKind, const CMPath& aPath, const QObject* aReceiver) const
-        {
-            return kind == aKind && path == aPath && receiver == aReceiver;
-        }
-
-        Kind kind;
-        CMPath path;
-        const QObject* receiver; ///< compared only; removed when it dies
-        QByteArray slot;
-        quint64 id;
-        QMetaObject::Connection gone;
-    };
-
-    template <class IsMeant>
-    void remove(IsMeant isMeant)
-    {
-        std::vector<Connection> removed;
-        {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            const auto first = std::stable_partition(
-                m_connections.begin(), m_connections.end(),
-                [&](const Connection& connection) { return !isMeant(connection); });
-            std::move(first, m_connections.end(), std::back_inserter(removed));
-            m_connections.erase(first, m_connections.end());
-        }
-        for (const Connection& connection : removed)
-            end(connection);
-    }
-
-    static void end(const Connection& connection)
-    {
-        QObject::disconnect(connection.gone);
-        if (connection.kind == Rows)
-            CMRoot().closeRows(connection.id);
+        const bool isHere = thread() == QThread::currentThread();
+        if (m_type == Qt::DirectConnection || (m_type != Qt::QueuedConnection && isHere))
+            call();
         else
-            CMRoot().unwatch(connection.id);
+            keloPost(this, call);
     }
 
-    std::mutex m_mutex; ///< a receiver may die on another thread than the worker's
-    std::vector<Connection> m_connections;
+    const Kind m_kind;
+    const CMPath m_path;
+    const QByteArray m_code;
+    const Qt::ConnectionType m_type;
+    const CMSlot m_slot;
+    quint64 m_id = 0;
 };
-
-CMAbstractWorker::CMAbstractWorker(QObject* parent)
-    : QObject(parent), m_connections(std::make_shared<Connections>())
-{
-}
-
-CMAbstractWorker::~CMAbstractWorker() = default;
-
-KeloValue CMAbstractWorker::nodeValue(const CMPath&) const
-{
-    return KeloValue();
-}
-
-KeloRoles CMAbstractWorker::dataRoles(const CMPath&) const
-{
-    return KeloRoles();
-}
-
-KeloRoles CMAbstractWorker::servingRoles(const CMPath&) const
-{
-    return KeloRoles();
-}
-
-CMSubscribe* CMAbstractWorker::subscription() const
-{
-    return nullptr;
-}
+} // namespace
 
 QVariant CMAbstractWorker::getValue(const CMRoot& root, const CMPath& path)
 {
@@ -131,50 +97,32 @@ void CMAbstractWorker::request(const CMRequest& request)
 void CMAbstractWorker::connectValueChange(const CMPath& path, QObject* receiver, const char* slot,
                                           Qt::ConnectionType type)
 {
-    const auto target = CMSlotDelivery::create(receiver, slot, type);
-    const auto listener = [target](const KeloValue& newValue, const KeloValue& oldValue) {
-        target->deliver([=](const CMSlot& to) {
-            to.invoke(Q_ARG(KeloValue, newValue), Q_ARG(KeloValue, oldValue));
-        });
-    };
-    m_connections->add(Connections::Value, path, receiver, slot,
-                       CMRoot().watchValue(path, listener));
+    new Watch(Watch::Value, path, receiver, slot, type);
 }
 
 void CMAbstractWorker::disconnectValueChange(const CMPath& path, QObject* receiver)
 {
-    m_connections->remove(Connections::Value, path, receiver);
+    Watch::end(Watch::Value, path, receiver);
 }
 
 void CMAbstractWorker::connectDataChange(const CMPath& path, QObject* receiver, const char* slot,
                                          Qt::ConnectionType type)
 {
-    const auto target = CMSlotDelivery::create(receiver, slot, type);
-    const auto listener = [target](const CMPath& changed) {
-        target->deliver([=](const CMSlot& to) { to.invoke(Q_ARG(CMPath, changed)); });
-    };
-    m_connections->add(Connections::Data, path, receiver, slot, CMRoot().watchData(path, listener));
+    new Watch(Watch::Data, path, receiver, slot, type);
 }
 
 void CMAbstractWorker::disconnectDataChange(const CMPath& path, QObject* receiver)
 {
-    m_connections->remove(Connections::Data, path, receiver);
+    Watch::end(Watch::Data, path, receiver);
 }
 
 void CMAbstractWorker::connectRowsChange(const CMPath& path, QObject* receiver, const char* slot,
                                          Qt::ConnectionType type)
 {
-    const auto target = CMSlotDelivery::create(receiver, slot, type);
-    const auto listener = [target](const CMRowsNotice& notice) {
-        target->deliver([=](const CMSlot& to) {
-            to.invoke(Q_ARG(CMPath, notice.path), Q_ARG(QVariant, notice.change),
-                      Q_ARG(int, notice.count));
-        });
-    };
-    m_connections->add(Connections::Rows, path, receiver, slot, CMRoot().openRows(path, listener));
+    new Watch(Watch::Rows, path, receiver, slot, type);
 }
 
 void CMAbstractWorker::disconnectRowsChange(const CMPath& path, QObject* receiver)
 {
-    m_connections->remove(Connections::Rows, path, receiver);
+    Watch::end(Watch::Rows, path, receiver);
 }

@@ -25,13 +25,6 @@ CMNodesWorker::CMNodesWorker(const QVariantHash& settings, const QString& servic
 {
 }
 
-CMNodesWorker::~CMNodesWorker() = default;
-
-CMNodes* CMNodesWorker::nodes() const
-{
-    return m_nodes.get();
-}
-
 void CMNodesWorker::getDataRequest(const CMGetDataRequest& request)
 {
     CMNode* node = m_nodes->findNearest(request.path());
@@ -79,14 +72,4 @@ CMSubscribe* CMNodesWorker::subscription() const
 CMNode* CMNodesWorker::matchRowRequest(const CMGetRowsRequest& request) const
 {
     return m_nodes->findNearest(request.path());
-}
-
-void CMNodesWorker::connectChange(const CMPath& path, QObject* receiver, const char* slot)
-{
-    connectRowsChange(path, receiver, slot);
-}
-
-void CMNodesWorker::disconnectChange(const CMPath& path, QObject* receiver)
-{
-    disconnectRowsChange(path, receiver);
 }

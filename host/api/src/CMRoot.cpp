@@ -17,13 +17,7 @@ struct RootState
 {
     std::mutex mutex; ///< guards routes and open
     std::vector<std::shared_ptr<CMWorkerRoute>> routes;
-    struct OpenRows
-    {
-        std::weak_ptr<CMWorkerRoute> route;
-        quint64 id;
-    };
-    std::map<quint64, OpenRows> open;
-    quint64 lastOpen = 0;
+    std::map<quint64, std::weak_ptr<CMWorkerRoute>> open; ///< by the number of the open rows
     CMDeadlines deadlines;
 
     CMPendingReplies pending;
@@ -218,28 +212,27 @@ quint64 CMRoot::openRows(const CMPath& path, CMSubscribe::RowsListener listener)
     CMSubscribe* subscription = visit.worker() ? visit.worker()->subscription() : nullptr;
     if (!subscription)
         return 0;
-    const quint64 inner = subscription->openRows(path, std::move(listener));
+    const quint64 id = subscription->openRows(path, std::move(listener));
     std::lock_guard<std::mutex> lock(root.mutex);
-    const quint64 id = ++root.lastOpen;
-    root.open.emplace(id, RootState::OpenRows{target, inner});
+    root.open.emplace(id, target);
     return id;
 }
 
 void CMRoot::closeRows(quint64 id) const
 {
     RootState& root = state();
-    RootState::OpenRows open;
+    std::shared_ptr<CMWorkerRoute> target;
     {
         std::lock_guard<std::mutex> lock(root.mutex);
         const auto found = root.open.find(id);
         if (found == root.open.end())
             return;
-        open = found->second;
+        target = found->second.lock();
         root.open.erase(found);
     }
-    const CMWorkerRoute::Visit visit(open.route.lock());
+    const CMWorkerRoute::Visit visit(target);
     if (visit.worker() && visit.worker()->subscription())
-        visit.worker()->subscription()->closeRows(open.id);
+        visit.worker()->subscription()->closeRows(id);
 }
 
 quint64 CMRoot::watchValue(const CMPath& path, ValueListener listener) const

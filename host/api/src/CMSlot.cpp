@@ -32,11 +32,6 @@ CMSlot::CMSlot(QObject* receiver, const char* slot, Qt::ConnectionType type) : m
                                 << slot + 1;
 }
 
-bool CMSlot::isNull() const
-{
-    return !m_receiver;
-}
-
 bool CMSlot::invoke(QGenericArgument first, QGenericArgument second, QGenericArgument third) const
 {
     QObject* receiver = m_receiver.data();

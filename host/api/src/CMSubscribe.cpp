@@ -2,56 +2,19 @@
 
 #include "CMRoot.h"
 
-#include <map>
-#include <vector>
-
-class CMSubscribe::Private
-{
-public:
-    struct OpenPath
-    {
-        CMPath path;
-        RowsListener listener;
-    };
-
-    mutable std::mutex mutex;
-    quint64 lastId = 0;
-    std::map<quint64, OpenPath> open;
-    QHash<CMPath, int> clients;   ///< open paths by number of clients, never zero
-    QHash<QString, int> versions; ///< by base; absent: 0
-
-    /// Counts the version at the path's base up, or sets it, and those of the touched open paths;
-    /// then tells the clients, without the lock.
-    template <class IsTouched>
-    void tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
-              IsTouched isTouched);
-};
-
-CMSubscribe::CMSubscribe(QObject* parent) : QObject(parent), d(new Private) {}
-
-CMSubscribe::~CMSubscribe() = default;
-
-const QString& CMSubscribe::RowsChangeClose()
-{
-    static const QString kind = QStringLiteral("close");
-    return kind;
-}
-
-const QString& CMSubscribe::RowsChangeReset()
-{
-    static const QString kind = QStringLiteral("reset");
-    return kind;
-}
-
 quint64 CMSubscribe::openRows(const CMPath& path, RowsListener listener)
 {
-    quint64 id = 0;
+    const quint64 id =
+        m_listeners.add([path, listener = std::move(listener)](const IsTouched& isTouched,
+                                                               const QVariant& change, int count) {
+            if (isTouched(path))
+                listener(CMRowsNotice{path, change, count});
+        });
     bool isFirst = false;
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        id = ++d->lastId;
-        d->open.emplace(id, Private::OpenPath{path, std::move(listener)});
-        isFirst = ++d->clients[path] == 1;
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_open.emplace(id, path);
+        isFirst = ++m_clients[path] == 1;
     }
     if (isFirst)
         Q_EMIT rowsPathAdded(path);
@@ -60,47 +23,42 @@ quint64 CMSubscribe::openRows(const CMPath& path, RowsListener listener)
 
 void CMSubscribe::closeRows(quint64 id)
 {
+    m_listeners.remove(id);
     CMPath path;
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        const auto found = d->open.find(id);
-        if (found == d->open.end())
+        std::lock_guard<std::mutex> lock(m_mutex);
+        const auto found = m_open.find(id);
+        if (found == m_open.end())
             return;
-        path = found->second.path;
-        d->open.erase(found);
-        const auto clients = d->clients.find(path);
+        path = found->second;
+        m_open.erase(found);
+        const auto clients = m_clients.find(path);
         if (--clients.value() > 0)
             return;
-        d->clients.erase(clients);
+        m_clients.erase(clients);
     }
     Q_EMIT rowsPathRemoved(path);
 }
 
-template <class IsTouched>
-void CMSubscribe::Private::tell(const CMPath& path, const QVariant& change, int count,
-                                int rowsVersion, IsTouched isTouched)
+void CMSubscribe::tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
+                       const IsTouched& isTouched)
 {
-    std::vector<OpenPath> touched;
     {
-        std::lock_guard<std::mutex> lock(mutex);
-        int& version = versions[path.base()];
+        std::lock_guard<std::mutex> lock(m_mutex);
+        int& version = m_versions[path.base()];
         version = rowsVersion >= 0 ? rowsVersion : version + 1;
-        for (const auto& [id, one] : open) {
-            if (!isTouched(one.path))
-                continue;
-            if (!one.path.equals(path, CMPath::CompareBase))
-                ++versions[one.path.base()];
-            touched.push_back(one);
+        for (const auto& [id, open] : m_open) {
+            if (isTouched(open) && !open.equals(path, CMPath::CompareBase))
+                ++m_versions[open.base()];
         }
     }
-    for (const OpenPath& one : touched)
-        one.listener(CMRowsNotice{one.path, change, count});
+    m_listeners.notify(isTouched, change, count);
 }
 
 void CMSubscribe::rowsChanged(const CMPath& path, const QVariant& change, int count,
                               int rowsVersion)
 {
-    d->tell(path, change, count, rowsVersion, [&path](const CMPath& open) {
+    tell(path, change, count, rowsVersion, [&path](const CMPath& open) {
         return open.equals(path, CMPath::CompareBase) && open.includesParams(path);
     });
 }
@@ -108,14 +66,14 @@ void CMSubscribe::rowsChanged(const CMPath& path, const QVariant& change, int co
 void CMSubscribe::changedStartingWith(const CMPath& path, const QString& kind, int count,
                                       int rowsVersion)
 {
-    d->tell(path, kind, count, rowsVersion,
-            [&path](const CMPath& open) { return open.startsWith(path); });
+    tell(path, kind, count, rowsVersion,
+         [&path](const CMPath& open) { return open.startsWith(path); });
 }
 
 int CMSubscribe::rowsVersion(const CMPath& path) const
 {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->versions.value(path.base());
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_versions.value(path.base());
 }
 
 void CMSubscribe::valueChanged(const CMPath& path, const KeloValue& newValue,

@@ -11,8 +11,7 @@ class KELO_EXPORT CMAbstractWorker : public QObject
 {
     Q_OBJECT
 public:
-    explicit CMAbstractWorker(QObject* parent = nullptr);
-    ~CMAbstractWorker() override;
+    using QObject::QObject;
 
     /// The paths below which this worker is asked, for example "/tidal". Does not change.
     virtual QStringList prefixes() const = 0;
@@ -23,11 +22,11 @@ public:
     virtual void getRowsRequest(const CMGetRowsRequest& request) = 0;
 
     /// Any thread; locked reads. See CMRoot.
-    virtual KeloValue nodeValue(const CMPath& path) const;
-    virtual KeloRoles dataRoles(const CMPath& path) const;
-    virtual KeloRoles servingRoles(const CMPath& path) const;
+    virtual KeloValue nodeValue(const CMPath&) const { return KeloValue(); }
+    virtual KeloRoles dataRoles(const CMPath&) const { return KeloRoles(); }
+    virtual KeloRoles servingRoles(const CMPath&) const { return KeloRoles(); }
     /// Any thread; null when the worker keeps no subscriptions.
-    virtual CMSubscribe* subscription() const;
+    virtual CMSubscribe* subscription() const { return nullptr; }
 
     /// The value at a path anywhere in the host tree, as a hash; invalid when there is none.
     static QVariant getValue(const CMRoot& root, const CMPath& path);
@@ -40,21 +39,17 @@ public:
 
     /// Subscribes a slot, in Qt's coded form, to the value at a path: slot(KeloValue new, KeloValue
     /// old). One connection for each receiver, slot and path, until it is disconnected or the
-    /// receiver dies. Call on the receiver's thread.
-    void connectValueChange(const CMPath& path, QObject* receiver, const char* slot,
-                            Qt::ConnectionType type = Qt::AutoConnection);
+    /// receiver dies. Call on the receiver's thread. These are for modules; the host uses none.
+    static void connectValueChange(const CMPath& path, QObject* receiver, const char* slot,
+                                   Qt::ConnectionType type = Qt::AutoConnection);
     /// Ends the connections of all the receiver's slots at the path.
-    void disconnectValueChange(const CMPath& path, QObject* receiver);
+    static void disconnectValueChange(const CMPath& path, QObject* receiver);
     /// slot(CMPath).
-    void connectDataChange(const CMPath& path, QObject* receiver, const char* slot,
-                           Qt::ConnectionType type = Qt::AutoConnection);
-    void disconnectDataChange(const CMPath& path, QObject* receiver);
+    static void connectDataChange(const CMPath& path, QObject* receiver, const char* slot,
+                                  Qt::ConnectionType type = Qt::AutoConnection);
+    static void disconnectDataChange(const CMPath& path, QObject* receiver);
     /// slot(CMPath, QVariant change, int count). The path counts as open meanwhile.
-    void connectRowsChange(const CMPath& path, QObject* receiver, const char* slot,
-                           Qt::ConnectionType type = Qt::AutoConnection);
-    void disconnectRowsChange(const CMPath& path, QObject* receiver);
-
-private:
-    class Connections;
-    std::shared_ptr<Connections> m_connections;
+    static void connectRowsChange(const CMPath& path, QObject* receiver, const char* slot,
+                                  Qt::ConnectionType type = Qt::AutoConnection);
+    static void disconnectRowsChange(const CMPath& path, QObject* receiver);
 };

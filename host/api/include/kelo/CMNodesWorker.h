@@ -14,9 +14,8 @@ class KELO_EXPORT CMNodesWorker : public CMWorker
 public:
     CMNodesWorker(const QVariantHash& settings, const QString& serviceId,
                   QObject* parent = nullptr);
-    ~CMNodesWorker() override;
 
-    CMNodes* nodes() const;
+    CMNodes* nodes() const { return m_nodes.get(); }
 
     void getDataRequest(const CMGetDataRequest& request) override;
     void setDataRequest(const CMSetDataRequest& request) override;
@@ -30,9 +29,15 @@ public:
     /// The node that serves a rows request; null when none does.
     CMNode* matchRowRequest(const CMGetRowsRequest& request) const;
 
-    /// Subscribes a slot to the rows of a path of this worker; as connectRowsChange().
-    void connectChange(const CMPath& path, QObject* receiver, const char* slot);
-    void disconnectChange(const CMPath& path, QObject* receiver);
+    /// Other names of connectRowsChange() and disconnectRowsChange(), for modules.
+    static void connectChange(const CMPath& path, QObject* receiver, const char* slot)
+    {
+        connectRowsChange(path, receiver, slot);
+    }
+    static void disconnectChange(const CMPath& path, QObject* receiver)
+    {
+        disconnectRowsChange(path, receiver);
+    }
 
 private:
     std::unique_ptr<CMNodes> m_nodes;

@@ -13,10 +13,6 @@ public:
     /// Looks the slot up; null, with an ERROR log line, when the receiver has no such slot.
     CMSlot(QObject* receiver, const char* slot, Qt::ConnectionType type = Qt::AutoConnection);
 
-    bool isNull() const;
-    /// Number of arguments that the slot takes.
-    int argumentCount() const { return m_method.parameterCount(); }
-    QObject* receiver() const { return m_receiver; }
     /// Invokes it with as many of the arguments as it takes; false when the receiver is gone.
     bool invoke(QGenericArgument first = QGenericArgument(),
                 QGenericArgument second = QGenericArgument(),

@@ -1,8 +1,10 @@
 #pragma once
 #include "CMPath.h"
+#include "KeloListeners.h"
+#include "KeloNames.h"
 #include "KeloValue.h"
 #include <functional>
-#include <memory>
+#include <map>
 #include <mutex>
 #include <QObject>
 #include <QVariant>
@@ -24,18 +26,15 @@ class KELO_EXPORT CMSubscribe : public QObject
 public:
     using RowsListener = std::function<void(const CMRowsNotice&)>;
 
-    explicit CMSubscribe(QObject* parent = nullptr);
-    ~CMSubscribe() override;
-
     /// Kind of change: what stood under the path is gone.
-    static const QString& RowsChangeClose();
+    KELO_NAME(RowsChangeClose, "close")
     /// Kind of change: everything under the path is to be asked for again.
-    static const QString& RowsChangeReset();
+    KELO_NAME(RowsChangeReset, "reset")
 
     /// Opens a rows path for a client; the listener is called on the notifying thread, without
     /// locks held. Returns a number for closeRows().
     quint64 openRows(const CMPath& path, RowsListener listener);
-    /// Ends it; after the return the listener may still run once on another thread.
+    /// Ends it, as KeloListeners::remove() does.
     void closeRows(quint64 id);
 
     /// Tells the clients that rows changed. The notice reaches every open path with the same base
@@ -60,6 +59,16 @@ Q_SIGNALS:
     void rowsPathRemoved(CMPath const& path);
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    using IsTouched = std::function<bool(const CMPath& open)>;
+
+    /// Counts the version at the path's base up, or sets it, and those of the touched open paths;
+    /// then tells the clients, without the lock.
+    void tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
+              const IsTouched& isTouched);
+
+    mutable std::mutex m_mutex;       ///< guards all but the listeners
+    std::map<quint64, CMPath> m_open; ///< by the number of the listener
+    QHash<CMPath, int> m_clients;     ///< open paths by number of clients, never zero
+    QHash<QString, int> m_versions;   ///< by base; absent: 0
+    KeloListeners<IsTouched, QVariant, int> m_listeners;
 };

@@ -1,8 +1,9 @@
 #pragma once
 #include "CMPath.h"
-#include "KeloExport.h"
+#include "CMSlot.h"
 #include "KeloValue.h"
-#include <memory>
+#include <condition_variable>
+#include <mutex>
 #include <QObject>
 
 /// Watches the value at a path of the host tree, also before anybody publishes it. The slot, in
@@ -20,7 +21,7 @@ public:
 
     /// Any thread.
     KeloValue value() const;
-    bool isLoaded() const;
+    bool isLoaded() const { return waitForLoaded(0); }
     /// Whether value() is ahead of the slot: a change, the first value aside, is on its way to it.
     bool isAhead() const;
     /// Blocks until the first value is there, without an event loop; negative: no limit. False on
@@ -28,6 +29,18 @@ public:
     bool waitForLoaded(int timeoutMs) const;
 
 private:
-    class Private;
-    std::shared_ptr<Private> d; ///< outlives the item while a notice is on its way
+    /// Any thread. The first value that is not empty loads the item; a read that a publication has
+    /// overtaken is dropped.
+    void take(const KeloValue& newValue, bool isRead);
+    /// Brings a change to the slot, on the item's thread.
+    void deliver(const KeloValue& newValue, const KeloValue& old);
+
+    const CMSlot m_slot;
+    const bool m_isDirect;
+    quint64 m_watch = 0;
+    mutable std::mutex m_mutex; ///< guards what follows
+    mutable std::condition_variable m_loadedChanged;
+    KeloValue m_value;
+    bool m_isLoaded = false;
+    int m_changesUnderWay = 0;
 };

@@ -78,7 +78,7 @@ std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, const Te
 OpenPaths::Change EventHub::setPaths(const std::shared_ptr<EventClient>& client,
                                      const QList<CMPath>& paths)
 {
-    // A listener may run once more after its path was closed, hence the weak pointer.
+    // Weak, because the client owns the paths that own the listener.
     const std::weak_ptr<EventClient> weak = client;
     return client->paths().replace(paths, [weak](const CMRowsNotice& notice) {
         if (const auto target = weak.lock())
