@@ -1,5 +1,6 @@
 #pragma once
 #include "KeloHash.h"
+#include "KeloNames.h"
 #include "TrString.h"
 
 /// Error of a request: a name (the domain that raised it), a title and a message for people; both
@@ -8,19 +9,19 @@
 class KELO_EXPORT CMError : public KeloHash
 {
 public:
-    static const QString& Name();
-    static const QString& Title();
-    static const QString& Message();
-    static const QString& DefaultName();
-    static const QString& DefaultTitle();
+    KELO_NAME(Name, "name")
+    KELO_NAME(Title, "title")
+    KELO_NAME(Message, "message")
+    KELO_NAME(DefaultName, "Error")
+    KELO_NAME(DefaultTitle, "Error")
     /// Name of the error that says that no node stands at a path.
-    static const QString& NotFoundName();
+    KELO_NAME(NotFoundName, "NotFound")
     /// Name of the error that a request gets when nobody answered it in time.
-    static const QString& DeadlineName();
+    KELO_NAME(DeadlineName, "Deadline")
     /// Name of the error that a request gets when nobody is left who could answer it.
-    static const QString& NoAnswerName();
+    KELO_NAME(NoAnswerName, "NoAnswer")
     /// Name of the error that says that the request itself is malformed.
-    static const QString& BadRequestName();
+    KELO_NAME(BadRequestName, "BadRequest")
 
     /// An error that is not set.
     CMError() = default;
@@ -33,10 +34,10 @@ public:
     /// The error that says that no node stands at a path.
     static CMError nothingAt(const QString& encodedPath);
 
-    bool isSet() const;
-    QString name() const;
-    QString title() const;
-    QString message() const;
+    bool isSet() const { return !name().isEmpty(); }
+    QString name() const { return value(Name()).toString(); }
+    QString title() const { return value(Title()).toString(); }
+    QString message() const { return value(Message()).toString(); }
 };
 
 Q_DECLARE_METATYPE(CMError)

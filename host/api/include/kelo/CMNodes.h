@@ -2,7 +2,10 @@
 #include "CMPath.h"
 #include "CMSubscribe.h"
 #include <memory>
+#include <QHash>
 #include <QObject>
+#include <shared_mutex>
+#include <vector>
 
 class CMNode;
 
@@ -11,7 +14,7 @@ class CMNode;
 class KELO_EXPORT CMNodes
 {
 public:
-    CMNodes();
+    CMNodes() = default;
     ~CMNodes();
     CMNodes(const CMNodes&) = delete;
     CMNodes& operator=(const CMNodes&) = delete;
@@ -20,7 +23,7 @@ public:
     /// an ERROR log line and deleted with the tree.
     void add(CMNode* node);
     /// Takes over an object that lives as long as the tree and is no node.
-    void own(QObject* object);
+    void own(QObject* object) { m_owned.emplace_back(object); }
 
     /// The node at the path's base; null when there is none.
     CMNode* find(const CMPath& path) const;
@@ -28,9 +31,11 @@ public:
     CMNode* findNearest(const CMPath& path) const;
     int size() const;
 
-    CMSubscribe* subscribe() const;
+    CMSubscribe* subscribe() const { return &m_subscribe; }
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    mutable CMSubscribe m_subscribe;
+    mutable std::shared_mutex m_mutex; ///< guards the nodes by base
+    QHash<QString, CMNode*> m_byBase;
+    std::vector<std::unique_ptr<QObject>> m_owned; ///< in the order of coming; worker's thread
 };
