@@ -28,14 +28,18 @@ public:
     {
     }
 
+    bool isWanted = true; ///< else it is switched off when it fires
+
 protected:
     bool event(QEvent* event) override
     {
         if (event->type() != QEvent::SockAct)
             return QSocketNotifier::event(event);
-        if (isEnabled())
-            m_loop->ready(curl_socket_t(socket()),
-                          type() == Read ? CURL_CSELECT_IN : CURL_CSELECT_OUT);
+        if (isEnabled() && isWanted)
+            m_loop->act(curl_socket_t(socket()),
+                        type() == Read ? CURL_CSELECT_IN : CURL_CSELECT_OUT);
+        else
+            setEnabled(false);
         return true;
     }
 
@@ -112,9 +116,11 @@ void CurlLoop::watch(curl_socket_t fd, int what)
         socket.writer = new Notifier(this, fd, QSocketNotifier::Write);
     // A reader that is not wanted stays enabled until it fires: most connections are soon read
     // again.
-    socket.isReadWanted = isReadWanted;
-    if (isReadWanted && !socket.reader->isEnabled())
-        socket.reader->setEnabled(true);
+    if (socket.reader) {
+        socket.reader->isWanted = isReadWanted;
+        if (isReadWanted && !socket.reader->isEnabled())
+            socket.reader->setEnabled(true);
+    }
     if (socket.writer && socket.writer->isEnabled() != isWriteWanted)
         socket.writer->setEnabled(isWriteWanted);
 }
@@ -134,18 +140,6 @@ void CurlLoop::forget(curl_socket_t fd)
     m_sockets.erase(found);
 }
 
-void CurlLoop::ready(curl_socket_t fd, int flags)
-{
-    const auto found = m_sockets.find(fd);
-    if (found == m_sockets.end())
-        return;
-    if (flags == CURL_CSELECT_IN && !found->second.isReadWanted) {
-        found->second.reader->setEnabled(false);
-        return;
-    }
-    act(fd, flags);
-}
-
 void CurlLoop::timerEvent(QTimerEvent* event)
 {
     if (event->timerId() != m_timer.timerId())
@@ -159,15 +153,8 @@ void CurlLoop::timerEvent(QTimerEvent* event)
 
 void CurlLoop::act(curl_socket_t fd, int flags)
 {
-    int running = 0;
-    curl_multi_socket_action(m_multi, fd, flags, &running);
-    reportDone();
-    armTimer();
-}
-
-void CurlLoop::reportDone()
-{
     int left = 0;
+    curl_multi_socket_action(m_multi, fd, flags, &left);
     while (const CURLMsg* message = curl_multi_info_read(m_multi, &left)) {
         if (message->msg != CURLMSG_DONE)
             continue;
@@ -176,6 +163,7 @@ void CurlLoop::reportDone()
         curl_multi_remove_handle(m_multi, easy);
         m_done(easy, result);
     }
+    armTimer();
 }
 
 /// A timer that fires too early is left alone: it then finds what is left to wait for. So a call

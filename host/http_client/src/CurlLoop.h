@@ -36,7 +36,6 @@ private:
     {
         Notifier* reader = nullptr;
         Notifier* writer = nullptr;
-        bool isReadWanted = false;
         bool isOpenedHere = false; ///< closeSocket() is called for it
     };
 
@@ -46,9 +45,8 @@ private:
 
     void watch(curl_socket_t fd, int what);
     void forget(curl_socket_t fd);
-    void ready(curl_socket_t fd, int flags);
+    /// Lets curl go on, and says what is done.
     void act(curl_socket_t fd, int flags);
-    void reportDone();
     void armTimer();
 
     CURLM* m_multi;

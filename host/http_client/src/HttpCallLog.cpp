@@ -1,24 +1,10 @@
 #include "HttpCallLog.h"
 #include "HttpClient.h"
-#include <atomic>
-#include <deque>
-#include <kelo/KeloListeners.h>
 #include <kelo/KeloLog.h>
-#include <mutex>
 
 namespace {
 constexpr int longestAddress = 2000;
 } // namespace
-
-class HttpCallLog::Private
-{
-public:
-    mutable std::mutex mutex; ///< guards the records
-    std::deque<HttpCallRecord> records;
-    quint64 lastNumber = 0;
-    KeloListeners<HttpCallRecord> observers;
-    std::atomic<int> underWay{0};
-};
 
 QString HttpCallRecord::address() const
 {
@@ -51,10 +37,6 @@ QString HttpCallRecord::error() const
     }
 }
 
-HttpCallLog::HttpCallLog() : d(std::make_unique<Private>()) {}
-
-HttpCallLog::~HttpCallLog() = default;
-
 HttpCallLog& HttpCallLog::instance()
 {
     static HttpCallLog log;
@@ -64,8 +46,8 @@ HttpCallLog& HttpCallLog::instance()
 QVector<HttpCallRecord> HttpCallLog::recordsAfter(quint64 number) const
 {
     QVector<HttpCallRecord> records;
-    std::lock_guard<std::mutex> lock(d->mutex);
-    for (const HttpCallRecord& record : d->records) {
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (const HttpCallRecord& record : m_records) {
         if (record.number > number)
             records.append(record);
     }
@@ -74,44 +56,24 @@ QVector<HttpCallRecord> HttpCallLog::recordsAfter(quint64 number) const
 
 quint64 HttpCallLog::lastNumber() const
 {
-    std::lock_guard<std::mutex> lock(d->mutex);
-    return d->lastNumber;
-}
-
-quint64 HttpCallLog::addObserver(Observer observer)
-{
-    return d->observers.add(std::move(observer));
-}
-
-void HttpCallLog::removeObserver(quint64 id)
-{
-    d->observers.remove(id);
-}
-
-int HttpCallLog::callsUnderWay() const
-{
-    return d->underWay;
-}
-
-void HttpCallLog::begin()
-{
-    ++d->underWay;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_lastNumber;
 }
 
 void HttpCallLog::end(const HttpCallRecord& record)
 {
-    --d->underWay;
+    --m_underWay;
     add(record);
 }
 
 void HttpCallLog::add(HttpCallRecord record)
 {
     {
-        std::lock_guard<std::mutex> lock(d->mutex);
-        record.number = ++d->lastNumber;
-        d->records.push_back(record);
-        if (int(d->records.size()) > mostRecords)
-            d->records.pop_front();
+        std::lock_guard<std::mutex> lock(m_mutex);
+        record.number = ++m_lastNumber;
+        m_records.push_back(record);
+        if (int(m_records.size()) > mostRecords)
+            m_records.pop_front();
     }
-    d->observers.notify(record);
+    m_observers.notify(record);
 }

@@ -1,13 +1,14 @@
 #pragma once
-#include "HttpClientExport.h"
-#include <functional>
+#include <atomic>
+#include <deque>
+#include <kelo/KeloExport.h>
+#include <kelo/KeloListeners.h>
 #include <kelo/KeloUrl.h>
-#include <memory>
 #include <QVector>
 
 /// A HTTP call that has ended, as it may be shown to anybody: neither headers nor bodies, and an
 /// address without secrets. A value type.
-class KELO_HTTP_EXPORT HttpCallRecord
+class KELO_EXPORT HttpCallRecord
 {
 public:
     quint64 number = 0;   ///< counts the recorded calls of the process, from 1
@@ -30,7 +31,7 @@ private:
 
 /// The last calls of all clients of the process that are recorded (HttpClient::setRecorded()), and
 /// how many are under way. One per process; every operation may be called from any thread.
-class KELO_HTTP_EXPORT HttpCallLog
+class KELO_EXPORT HttpCallLog
 {
 public:
     using Observer = std::function<void(const HttpCallRecord& record)>;
@@ -45,25 +46,26 @@ public:
 
     /// The observer runs for each record, on the thread of the client that made the call, so it
     /// must be quick. Returns a number for removeObserver().
-    quint64 addObserver(Observer observer);
-    /// After the return the observer does not run any more. The caller holds no lock that the
-    /// observer takes, and is not an observer.
-    void removeObserver(quint64 id);
+    quint64 addObserver(Observer observer) { return m_observers.add(std::move(observer)); }
+    /// See KeloListeners::remove().
+    void removeObserver(quint64 id) { m_observers.remove(id); }
 
     /// Recorded calls that have begun and not ended yet. Takes no lock.
-    int callsUnderWay() const;
+    int callsUnderWay() const { return m_underWay; }
 
     /// For the clients: a call begins that will be ended with end().
-    void begin();
+    void begin() { ++m_underWay; }
     /// For the clients: a call ends; see add().
     void end(const HttpCallRecord& record);
     /// Numbers the record, keeps it and tells the observers.
     void add(HttpCallRecord record);
 
 private:
-    HttpCallLog();
-    ~HttpCallLog();
+    HttpCallLog() = default;
 
-    class Private;
-    std::unique_ptr<Private> d;
+    mutable std::mutex m_mutex; ///< guards the records
+    std::deque<HttpCallRecord> m_records;
+    quint64 m_lastNumber = 0;
+    KeloListeners<HttpCallRecord> m_observers;
+    std::atomic<int> m_underWay{0};
 };
