@@ -2,15 +2,9 @@
 #include <kelo/CMPath.h>
 #include <kelo/KeloRoles.h>
 
-#if defined(KELO_BUILDING_HOST)
-#define KELO_PLAY_EXPORT Q_DECL_EXPORT
-#else
-#define KELO_PLAY_EXPORT Q_DECL_IMPORT
-#endif
-
 /// What a module hands a finished item to. The program's player implements it, registers itself
 /// before modules are loaded, and outlives them.
-class KELO_PLAY_EXPORT PlayLogicInterface
+class KELO_EXPORT PlayLogicInterface
 {
 public:
     virtual ~PlayLogicInterface();

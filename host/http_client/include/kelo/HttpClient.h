@@ -12,7 +12,7 @@
 /// HttpClientPrivate userData, int status, int code, QByteArray body, HttpClientHeaders headers).
 /// An answer that did not arrive whole has status 0, an empty body, and a code that says why; else
 /// the code is NoFailure. A receiver that is gone by then gets nothing.
-class KELO_HTTP_EXPORT HttpClient : public QObject
+class KELO_EXPORT HttpClient : public QObject
 {
     Q_OBJECT
 public:

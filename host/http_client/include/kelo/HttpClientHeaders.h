@@ -1,12 +1,12 @@
 #pragma once
-#include "HttpClientExport.h"
+#include <kelo/KeloExport.h>
 #include <QList>
 #include <QMetaType>
 #include <QPair>
 #include <QString>
 
 /// Header fields of a request or an answer, in order. Names compare without case (RFC 9110 5.1).
-class KELO_HTTP_EXPORT HttpClientHeaders
+class KELO_EXPORT HttpClientHeaders
 {
 public:
     /// Sets a field, replacing those of the same name.

@@ -3,7 +3,7 @@
 #include "HttpClientPrivate.h"
 
 /// Options of one HTTP call. The setters return the object, so that they can be chained.
-class KELO_HTTP_EXPORT HttpClientOptions
+class KELO_EXPORT HttpClientOptions
 {
 public:
     HttpClientOptions& setUserData(const HttpClientPrivate& userData)

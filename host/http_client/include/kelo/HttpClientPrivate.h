@@ -1,15 +1,15 @@
 #pragma once
-#include "HttpClientExport.h"
 #include <kelo/CMRequest.h>
+#include <kelo/KeloExport.h>
 #include <QMetaType>
 
 /// User data of a HTTP call: the request or requests of the content tree on whose behalf it is
 /// made. The client hands it back with the answer, untouched.
-class KELO_HTTP_EXPORT HttpClientPrivate
+class KELO_EXPORT HttpClientPrivate
 {
 public:
     /// What the user data is built from.
-    class KELO_HTTP_EXPORT Data
+    class KELO_EXPORT Data
     {
     public:
         Data(CMRequest const& primary) : m_primary(primary) {}
