@@ -9,7 +9,6 @@
 #include <kelo/CMValueNode.h>
 #include <kelo/CMWorkerThread.h>
 #include <kelo/KeloForm.h>
-#include <kelo/KeloJson.h>
 #include <kelo/KeloPost.h>
 #include <QEventLoop>
 
@@ -235,7 +234,7 @@ TEST_F(TreeTest, aValueKeepsItsType)
     for (const auto& entry : table) {
         const KeloValue before = KeloValue::fromVariant(entry.held);
         for (const auto& [sent, expected] : entry.sent) {
-            SCOPED_TRACE(before.type().toStdString() + " " + KeloJson::write(sent).toStdString());
+            SCOPED_TRACE(before.type().toStdString() + " " + sent.toString().toStdString());
             worker->value->setValue(before);
             const CMReply<QVariant> reply = set("/demo/value", sent);
             EXPECT_EQ(errorOf(reply), expected.isValid() ? QString() : CMError::BadRequestName());

@@ -32,8 +32,6 @@ public:
     KeloJson() = default;
     /// Reads a document; on a fault the value is nothing and `error`, where given, says why.
     static KeloJson parse(const QByteArray& text, KeloError* error = nullptr);
-    /// JSON text of a variant: hashes, maps, lists, strings, numbers, bools; anything else is null.
-    static QByteArray write(const QVariant& value);
 
     /// Whether it is nothing or JSON's null.
     bool isNull() const;

@@ -8,6 +8,8 @@
 #include <kelo/KeloLog.h>
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QVariantHash>
 #include <sys/stat.h>
 
@@ -83,8 +85,10 @@ bool TokenStore::save(const KeloOAuth2ServiceInfo& info, const TokenSet& tokens)
     fields.insert(QStringLiteral("obtainedAtMs"), tokens.obtainedAtMs);
     fields.insert(QStringLiteral("lifetimeMs"), tokens.lifetimeMs);
 
+    const QByteArray text =
+        QJsonDocument(QJsonObject::fromVariantHash(fields)).toJson(QJsonDocument::Compact);
     QString error;
-    if (KeptFile(fileName(info)).write(KeloJson::write(fields), &error))
+    if (KeptFile(fileName(info)).write(text, &error))
         return true;
     KELO_LOG("OAuth2", ERROR) << "Cannot write " << fileName(info) << ": " << error;
     return false;
