@@ -6,19 +6,6 @@
 #include <mutex>
 #include <string>
 
-namespace {
-void appendEscaped(QString& to, const QString& text)
-{
-    for (const QChar c : text) {
-        if (c.unicode() >= 0x20 && c.unicode() != 0x7f &&
-            !(c.unicode() >= 0x80 && c.unicode() < 0xa0))
-            to += c;
-        else
-            to += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
-    }
-}
-} // namespace
-
 const log4cplus::Logger& keloLogger(const char* name)
 {
     static std::mutex mutex;
@@ -49,63 +36,20 @@ KeloLogLine::~KeloLogLine()
         m_logger->forcedLog(m_level, m_text.toStdString(), m_file, m_line);
 }
 
-KeloLogLine& KeloLogLine::operator<<(const QString& text)
+void KeloLogLine::append(const QString& text)
 {
-    if (m_logger)
-        appendEscaped(m_text, text);
-    return *this;
+    for (const QChar c : text) {
+        if (c.unicode() >= 0x20 && c.unicode() != 0x7f &&
+            !(c.unicode() >= 0x80 && c.unicode() < 0xa0))
+            m_text += c;
+        else
+            m_text += QStringLiteral("\\x%1").arg(c.unicode(), 2, 16, QLatin1Char('0'));
+    }
 }
 
-KeloLogLine& KeloLogLine::operator<<(const char* text)
+void KeloLogLine::append(const CMRequest& request)
 {
-    if (m_logger)
-        appendEscaped(m_text, QString::fromUtf8(text));
-    return *this;
-}
-
-KeloLogLine& KeloLogLine::operator<<(const QByteArray& text)
-{
-    if (m_logger)
-        appendEscaped(m_text, QString::fromUtf8(text));
-    return *this;
-}
-
-KeloLogLine& KeloLogLine::operator<<(const QStringList& texts)
-{
-    return *this << texts.join(QStringLiteral(", "));
-}
-
-KeloLogLine& KeloLogLine::operator<<(const CMPath& path)
-{
-    if (m_logger)
-        appendEscaped(m_text, path.toEncoded());
-    return *this;
-}
-
-KeloLogLine& KeloLogLine::operator<<(const CMRequest& request)
-{
-    if (m_logger)
-        appendEscaped(m_text, request.toString());
-    return *this;
-}
-
-KeloLogLine& KeloLogLine::operator<<(bool flag)
-{
-    if (m_logger)
-        m_text += flag ? QLatin1String("true") : QLatin1String("false");
-    return *this;
-}
-
-KeloLogLine& KeloLogLine::operator<<(int number)
-{
-    return *this << qint64(number);
-}
-
-KeloLogLine& KeloLogLine::operator<<(qint64 number)
-{
-    if (m_logger)
-        m_text += QString::number(number);
-    return *this;
+    append(request.toString());
 }
 
 KeloLogLine dbglog_scopedFunction(const char* signature, const char* logger)

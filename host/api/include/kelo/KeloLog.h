@@ -23,17 +23,25 @@ public:
     KeloLogLine& operator=(const KeloLogLine&) = delete;
     ~KeloLogLine();
 
-    KeloLogLine& operator<<(const QString& text);
-    KeloLogLine& operator<<(const char* text);
-    KeloLogLine& operator<<(const QByteArray& text);
-    KeloLogLine& operator<<(const QStringList& texts);
-    KeloLogLine& operator<<(const CMPath& path);
-    KeloLogLine& operator<<(const CMRequest& request);
-    KeloLogLine& operator<<(bool flag);
-    KeloLogLine& operator<<(int number);
-    KeloLogLine& operator<<(qint64 number);
+    template <class Value>
+    KeloLogLine& operator<<(const Value& value)
+    {
+        if (m_logger)
+            append(value);
+        return *this;
+    }
 
 private:
+    void append(const QString& text);
+    void append(const char* text) { append(QString::fromUtf8(text)); }
+    void append(const QByteArray& text) { append(QString::fromUtf8(text)); }
+    void append(const QStringList& texts) { append(texts.join(QStringLiteral(", "))); }
+    void append(const CMPath& path) { append(path.toEncoded()); }
+    void append(const CMRequest& request);
+    void append(bool flag) { append(flag ? "true" : "false"); }
+    void append(int number) { append(QString::number(number)); }
+    void append(qint64 number) { append(QString::number(number)); }
+
     const log4cplus::Logger* m_logger; ///< null when the level is off
     log4cplus::LogLevel m_level;
     const char* m_file;
