@@ -1,5 +1,5 @@
 #pragma once
-#include "KeloExport.h"
+#include "KeloHash.h"
 #include "KeloShared.h"
 #include <QHash>
 #include <QMap>
@@ -84,5 +84,21 @@ private:
 };
 
 KELO_EXPORT uint qHash(const CMPath& path, uint seed = 0);
+
+/// In a hash it stands as its text.
+template <>
+struct KeloField<CMPath>
+{
+    static CMPath read(const QVariant& value) { return CMPath::fromEncoded(value.toString()); }
+    static QVariant written(const CMPath& path) { return path.toEncoded(); }
+};
+
+/// Declares a function that returns a path of the host tree.
+#define KELO_PATH(function, base)                                                                  \
+    inline CMPath function()                                                                       \
+    {                                                                                              \
+        static const CMPath path(QStringLiteral(base));                                            \
+        return path;                                                                               \
+    }
 
 Q_DECLARE_METATYPE(CMPath)

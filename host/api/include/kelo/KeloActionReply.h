@@ -10,14 +10,17 @@ class KELO_EXPORT KeloEvent : public KeloHash
 {
 public:
     KELO_NAME(RowsType, "rowsType")
-    KELO_NAME(Path, "path")
 
     KeloEvent() = default;
     explicit KeloEvent(const KeloHash& hash) : KeloHash(hash) {}
-    KeloEvent(KeloEventRowsType::Enum rowsType, const CMPath& path);
+    KeloEvent(KeloEventRowsType::Enum rowsType, const CMPath& path)
+    {
+        insert(RowsType(), int(rowsType));
+        setPath(path);
+    }
 
-    int rowsType() const;
-    CMPath path() const;
+    int rowsType() const { return value(RowsType()).toInt(); }
+    KELO_FIELD(CMPath, path, Path)
 };
 
 /// The reply of a finished action: what to reload, and optionally a result to show or go to.
@@ -25,18 +28,13 @@ class KELO_EXPORT KeloActionReply : public KeloHash
 {
 public:
     KELO_NAME(Xclass, "class")
-    KELO_NAME(Events, "events")
-    KELO_NAME(Result, "result")
 
     KeloActionReply() = default;
     explicit KeloActionReply(const KeloHash& hash) : KeloHash(hash) {}
 
-    QString xclass() const;
-    void setXclass(const QString& name);
-    QList<KeloEvent> events() const;
-    void setEvents(const QList<KeloEvent>& events);
-    KeloRoles result() const;
-    void setResult(const KeloRoles& roles);
+    KELO_ACCESS(QString, xclass, Xclass)
+    KELO_FIELD(QList<KeloEvent>, events, Events)
+    KELO_FIELD(KeloRoles, result, Result)
 };
 
 /// How a value is edited.
@@ -48,15 +46,13 @@ public:
         Enum_ = 1  ///< one of the rows at the enum path
     };
     KELO_NAME(EditType, "type")
-    KELO_NAME(EnumPath, "enumPath")
 
     KeloEdit() = default;
     explicit KeloEdit(const KeloHash& hash) : KeloHash(hash) {}
 
-    int type() const;
-    void setType(Type type);
-    CMPath enumPath() const;
-    void setEnumPath(const CMPath& path);
+    int type() const { return value(EditType()).toInt(); }
+    void setType(Type type) { insert(EditType(), int(type)); }
+    KELO_FIELD(CMPath, enumPath, EnumPath)
 };
 
 Q_DECLARE_METATYPE(KeloActionReply)

@@ -9,8 +9,6 @@
 class KELO_EXPORT KeloMetaData : public KeloHash
 {
 public:
-    KELO_NAME(ContentPlayContextPath, "contentPlayContextPath")
-    KELO_NAME(PrePlayPath, "prePlayPath")
     KELO_NAME(Duration, "duration")
 
     KeloMetaData() = default;
@@ -24,11 +22,9 @@ public:
     KELO_FIELD(qint64, startTime, StartTime)
     KELO_FIELD(bool, allowSeekTime, AllowSeekTime)
     /// The list that goes on when this item ends.
-    CMPath contentPlayContextPath() const;
-    void setContentPlayContextPath(const CMPath& path);
+    KELO_FIELD(CMPath, contentPlayContextPath, ContentPlayContextPath)
     /// Where the whole row is sent, with the role KeloRoles::PrePlay(), to be completed and played.
-    CMPath prePlayPath() const;
-    void setPrePlayPath(const CMPath& path);
+    KELO_FIELD(CMPath, prePlayPath, PrePlayPath)
     /// What the module needs to know the item again.
     KELO_FIELD(QString, prePlayData, PrePlayData)
     /// Position that the player wants to start at, in milliseconds.
@@ -52,17 +48,12 @@ public:
 class KELO_EXPORT KeloMediaData : public KeloHash
 {
 public:
-    KELO_NAME(MetaData, "metaData")
-    KELO_NAME(Resources, "resources")
-
     KeloMediaData() = default;
     explicit KeloMediaData(const KeloHash& hash) : KeloHash(hash) {}
 
     bool hasMetaData() const { return contains(MetaData()); }
-    KeloMetaData metaData() const;
-    void setMetaData(const KeloMetaData& metaData);
-    QList<KeloResource> resources() const;
-    void setResources(const QList<KeloResource>& resources);
+    KELO_FIELD(KeloMetaData, metaData, MetaData)
+    KELO_FIELD(QList<KeloResource>, resources, Resources)
 };
 
 Q_DECLARE_METATYPE(KeloMetaData)

@@ -74,14 +74,14 @@ public:
 };
 
 /// Where the login states of the services stand, each at its name.
-KELO_EXPORT CMPath KeloOAuth2ServicePath();
+KELO_PATH(KeloOAuth2ServicePath, "/oauth2/services")
 /// Takes a KeloOAuth2ServiceInfo.
-KELO_EXPORT CMPath KeloOAuth2AddServicePath();
+KELO_PATH(KeloOAuth2AddServicePath, "/oauth2/add")
 /// Segment below a service's login state at which its access token stands.
-KELO_EXPORT const QString& KeloOAuth2AccessTokenSubPath();
+KELO_WORD(KeloOAuth2AccessTokenSubPath, "accessToken")
 /// Segment below a service's login state that takes an access token that the service refused, a
 /// string: when it is still the present one, another is fetched.
-KELO_EXPORT const QString& KeloOAuth2RefreshSubPath();
+KELO_WORD(KeloOAuth2RefreshSubPath, "refresh")
 
 Q_DECLARE_METATYPE(KeloOAuth2Info)
 Q_DECLARE_METATYPE(KeloOAuth2ServiceInfo)

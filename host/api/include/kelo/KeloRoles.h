@@ -41,33 +41,27 @@ public:
     KeloRoles() = default;
     explicit KeloRoles(const KeloHash& hash) : KeloHash(hash) {}
 
-    QString title() const;
-    void setTitle(const QString& title);
-    void setTitle(const TrString& title);
+    KELO_ACCESS(QString, title, Title)
+    void setTitle(const TrString& title) { insert(Title(), title.toVariant()); }
     /// The type's name.
-    QString type() const;
-    void setType(KeloRolesType::Enum type);
-    CMPath path() const;
-    void setPath(const CMPath& path);
-    QString icon() const;
-    void setIcon(const QString& url);
-    QString description() const;
-    void setDescription(const QString& text);
-    void setDescription(const TrString& text);
-    QVariant context() const;
+    QString type() const { return value(Type()).toString(); }
+    void setType(KeloRolesType::Enum type) { insert(Type(), KeloRolesType::toString(type)); }
+    KELO_ACCESS(CMPath, path, Path)
+    KELO_ACCESS(QString, icon, Icon)
+    KELO_ACCESS(QString, description, Description)
+    void setDescription(const TrString& text) { insert(Description(), text.toVariant()); }
     /// The roles of the context menu's node, a hash; an invalid variant for none.
-    void setContext(const QVariant& roles);
-    void setContainerType(KeloRolesContainerType::Enum type);
-    KeloMediaData mediaData() const;
-    void setMediaData(const KeloMediaData& mediaData);
-    bool disabled() const;
-    void setDisabled(bool disabled);
-    QString id() const;
-    void setId(const QString& id);
+    KELO_ACCESS(QVariant, context, Context)
+    void setContainerType(KeloRolesContainerType::Enum type)
+    {
+        insert(ContainerType(), KeloRolesContainerType::toString(type));
+    }
+    KELO_ACCESS(KeloMediaData, mediaData, MediaData)
+    KELO_ACCESS(bool, disabled, Disabled)
+    KELO_ACCESS(QString, id, Id)
     using KeloHash::value;
-    QVariant value() const;
     /// The hash of a KeloValue.
-    void setValue(const QVariant& value);
+    KELO_ACCESS(QVariant, value, Value)
 };
 
 Q_DECLARE_METATYPE(KeloRoles)

@@ -1,12 +1,9 @@
 #pragma once
 #include "KeloHash.h"
 #include "KeloMediaData.h"
-#include "KeloNames.h"
+#include "KeloOAuth2.h"
+#include "KeloTidalTypes.h"
 #include <QStringList>
-
-class KeloOAuth2Info;
-class KeloTidalSettings;
-class KeloTidalSoundQuality;
 
 /// A typed value in a hash: the key "type" holds the type's name, and the key of that name the
 /// value itself, for example {"type":"string_","string_":"Asc"}. A reader of another type yields
@@ -34,27 +31,26 @@ public:
     /// as true. Empty where something would be, and where the hash does not hold what it says.
     KeloValue convertedTo(const QString& type) const;
 
-    bool bool_() const;
-    qint64 i64_() const;
-    QString string_() const;
-    QStringList stringList() const;
-    KeloMediaData mediaData() const;
-    KeloOAuth2Info oauth2Info() const;
-    KeloTidalSettings tidalSettings() const;
-    KeloTidalSoundQuality tidalSoundQuality() const;
-
-    void setBool(bool value);
-    void setI64(qint64 value);
-    void setString(const QString& value);
-    void setStringList(const QStringList& value);
-    void setMediaData(const KeloMediaData& value);
-    void setOauth2Info(const KeloOAuth2Info& value);
-    void setTidalSettings(const KeloTidalSettings& value);
-    void setTidalSoundQuality(const KeloTidalSoundQuality& value);
-
-private:
-    QVariant typed(const QString& type) const;
-    void setTyped(const QString& type, const QVariant& value);
+#define KELO_VALUE(Value, reader, setter, Name)                                                    \
+    Value reader() const                                                                           \
+    {                                                                                              \
+        return KeloField<Value>::read(type() == Name() ? value(Name()) : QVariant());              \
+    }                                                                                              \
+    void setter(KeloArgument<Value> held)                                                          \
+    {                                                                                              \
+        clear();                                                                                   \
+        insert(Type(), Name());                                                                    \
+        insert(Name(), KeloField<Value>::written(held));                                           \
+    }
+    KELO_VALUE(bool, bool_, setBool, Bool)
+    KELO_VALUE(qint64, i64_, setI64, I64)
+    KELO_VALUE(QString, string_, setString, String)
+    KELO_VALUE(QStringList, stringList, setStringList, StringList)
+    KELO_VALUE(KeloMediaData, mediaData, setMediaData, MediaData)
+    KELO_VALUE(KeloOAuth2Info, oauth2Info, setOauth2Info, OAuth2Info)
+    KELO_VALUE(KeloTidalSettings, tidalSettings, setTidalSettings, TidalSettings)
+    KELO_VALUE(KeloTidalSoundQuality, tidalSoundQuality, setTidalSoundQuality, TidalSoundQuality)
+#undef KELO_VALUE
 };
 
 Q_DECLARE_METATYPE(KeloValue)
