@@ -594,10 +594,24 @@
     </message>
 </context>
 <context>
-    <name>bool TidalHandler::checkSession(const CMRequest&amp;)</name>
+    <name>bool TidalHandler::checkAccessToken(const CMRequest&amp;)</name>
     <message>
         <source>Access token is not set</source>
         <translation>アクセストークンが設定されていません</translation>
+    </message>
+</context>
+<context>
+    <name>bool TidalHandler::checkFavorite(const CMRequest&amp;, const QString&amp;, const QString&amp;)</name>
+    <message>
+        <source>This cannot be a favorite</source>
+        <translation>これはお気に入りに追加できません</translation>
+    </message>
+</context>
+<context>
+    <name>bool TidalHandler::checkUser(const CMRequest&amp;, const QString&amp;)</name>
+    <message>
+        <source>User not logged in. Cannot get favorites</source>
+        <translation>ログインしていないため、お気に入りを利用できません</translation>
     </message>
 </context>
 <context>
@@ -843,121 +857,15 @@
 <context>
     <name>void TidalHandler::baseRequest(const CMGetRowsRequest&amp;, const QString&amp;, const QString&amp;, const QString&amp;)</name>
     <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-    <message>
         <source>TIDAL application country Code is empty. Maybe you are not logged in.</source>
         <translation>TIDALの国コードが空です。ログインしていない可能性があります。</translation>
     </message>
 </context>
 <context>
-    <name>void TidalHandler::createNewPlaylist(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-    <message>
-        <source>User not logged in. Cannot get favorites</source>
-        <translation>ログインしていないため、お気に入りを利用できません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::getAlbumTracks(const CMGetRowsRequest&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::getArtist(CMGetRowsRequest, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::getArtistBio(CMSetDataRequest, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::getArtistContent(CMGetRowsRequest, const QString&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
     <name>void TidalHandler::getMyMusic(const CMGetRowsRequest&amp;, const QString&amp;, const QString&amp;, KeloTidalBrowseSetting*)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
     <message>
         <source>Missing user Id. Cannot get favorites</source>
         <translation>ユーザーIDがないため、お気に入りを取得できません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::getPlaylistTracks(const CMGetRowsRequest&amp;, const QString&amp;, const KeloTidalBrowseSetting&amp;, QString)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::on_addToFavorites_invoke(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-    <message>
-        <source>User not logged in. Cannot get favorites</source>
-        <translation>ログインしていないため、お気に入りを利用できません</translation>
-    </message>
-    <message>
-        <source>This cannot be a favorite</source>
-        <translation>これはお気に入りに追加できません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::on_isFavorite_invoke(const CMGetDataRequest&amp;, const CMSetDataRequest&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-    <message>
-        <source>User not logged in. Cannot get favorites</source>
-        <translation>ログインしていないため、お気に入りを利用できません</translation>
-    </message>
-    <message>
-        <source>This cannot be a favorite</source>
-        <translation>これはお気に入りに追加できません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::on_removeFromFavorites_invoke(const CMSetDataRequest&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
-    </message>
-    <message>
-        <source>User not logged in. Cannot get favorites</source>
-        <translation>ログインしていないため、お気に入りを利用できません</translation>
-    </message>
-    <message>
-        <source>This cannot be a favorite</source>
-        <translation>これはお気に入りに追加できません</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalHandler::search(const CMGetRowsRequest&amp;, const QString&amp;, const QString&amp;)</name>
-    <message>
-        <source>Access token is not set</source>
-        <translation>アクセストークンが設定されていません</translation>
     </message>
 </context>
 <context>

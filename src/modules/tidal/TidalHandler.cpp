@@ -84,9 +84,8 @@ void* TidalHandler::get(QString path, QList<QPair<QString, QString>>& query, QOb
 {
     const KeloUrl url = requestUrl(m_apiUrl, path, query);
     KELO_LOG("Tidal", INFO) << "Url get request: " << keloUrlForLog(url.toString());
-    return m_httpClient->get(
-        url, receiver, member,
-        requestOptions(userData, timeoutMs, readSizeLimit, HttpClientHeaders()));
+    return m_httpClient->get(url, receiver, member,
+                             requestOptions(userData, timeoutMs, readSizeLimit));
 }
 
 void* TidalHandler::post(QString path, QList<QPair<QString, QString>>& query, QString& body,
@@ -113,16 +112,27 @@ void* TidalHandler::deleteCall(QString path, QList<QPair<QString, QString>>& que
 }
 
 HttpClientOptions TidalHandler::requestOptions(HttpClientPrivate userData, int timeoutMs,
-                                               int readSizeLimit, const HttpClientHeaders& headers)
+                                               int readSizeLimit, HttpClientHeaders headers)
 {
-    const HttpClientHeaders sent = authorized(headers);
+    // Not another one than was checked, which may be of another login.
+    const QString token = m_checkedToken.isEmpty() ? accessToken() : m_checkedToken;
+    m_checkedToken.clear();
+    const bool isOtherSetUp = m_worker->setUpNumber() != m_sentSetUp;
+    if (token != m_sentToken || isOtherSetUp || m_sentTag == 0)
+        ++m_sentTag;
+    if (token != m_sentToken)
+        m_firstTagOfToken = m_sentTag;
+    if (isOtherSetUp)
+        m_firstTagOfSetUp = m_sentTag;
+    m_sentToken = token;
+    m_sentSetUp = m_worker->setUpNumber();
+    headers.insert(QStringLiteral("Authorization"), QStringLiteral("Bearer ") + token);
     userData.setTag(m_sentTag);
-    HttpClientOptions options;
-    options.setUserData(userData)
+    return HttpClientOptions()
+        .setUserData(userData)
         .setTimeoutMs(timeoutMs)
         .setReadSizeLimit(readSizeLimit)
-        .setHeaders(sent);
-    return options;
+        .setHeaders(headers);
 }
 
 void TidalHandler::reportRefusedToken(const HttpClientPrivate& refused)
@@ -146,7 +156,7 @@ QString TidalHandler::accessToken() const
     return m_accessToken->value().string_();
 }
 
-bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& errorText)
+bool TidalHandler::checkAccessToken(const CMRequest& request)
 {
     m_checkedToken = accessToken();
     const bool isMixed = m_account.userId() != 0 && m_worker->isLoginChanging();
@@ -154,36 +164,18 @@ bool TidalHandler::checkAccessToken(const CMRequest& request, const TrString& er
         return true;
     KELO_LOG("Tidal", WARN) << "Access token is not set";
     if (!request.isNull())
-        request.reply().setError(CMError(errorText));
+        request.reply().setError(CMError(KELO_TR("Access token is not set")));
     return false;
 }
 
 bool TidalHandler::checkSession(const CMRequest& request)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkAccessToken(request))
         return false;
     if (m_worker->isUserConfigured())
         return true;
     request.reply().setError(TidalWorker::loggedOutError());
     return false;
-}
-
-HttpClientHeaders TidalHandler::authorized(HttpClientHeaders headers)
-{
-    // Not another one than was checked, which may be of another login.
-    const QString token = m_checkedToken.isEmpty() ? accessToken() : m_checkedToken;
-    m_checkedToken.clear();
-    const bool isOtherSetUp = m_worker->setUpNumber() != m_sentSetUp;
-    if (token != m_sentToken || isOtherSetUp || m_sentTag == 0)
-        ++m_sentTag;
-    if (token != m_sentToken)
-        m_firstTagOfToken = m_sentTag;
-    if (isOtherSetUp)
-        m_firstTagOfSetUp = m_sentTag;
-    m_sentToken = token;
-    m_sentSetUp = m_worker->setUpNumber();
-    headers.insert(QStringLiteral("Authorization"), QStringLiteral("Bearer ") + token);
-    return headers;
 }
 
 TidalHandler::Query TidalHandler::countryQuery() const
@@ -224,16 +216,14 @@ QString TidalHandler::userPathOf(const CMRequest& request,
 }
 
 void TidalHandler::sendGet(const QString& path, Query query, const char* member,
-                           const HttpClientPrivate& userData)
+                           const HttpClientPrivate::Data& requests)
 {
-    if (path.isEmpty())
-        return;
-    get(path, query, &m_responder, member, userData, getTimeoutMs, getReadSizeLimit);
+    if (!path.isEmpty())
+        get(path, query, &m_responder, member, requests, getTimeoutMs, getReadSizeLimit);
 }
 
-HttpClientPrivate TidalHandler::syntheticRequest(const QString& apiPath)
+CMGetRowsRequest TidalHandler::syntheticRequest(const QString& apiPath)
 {
-    const CMGetRowsRequest request(KeloTidalPrefixPath() + apiPath, 0, 0, QStringList(), -1,
-                                   CMVoidReply());
-    return HttpClientPrivate(HttpClientPrivate::Data(request));
+    return CMGetRowsRequest(KeloTidalPrefixPath() + apiPath, 0, 0, QStringList(), -1,
+                            CMVoidReply());
 }

@@ -131,19 +131,22 @@ public Q_SLOTS:
                                        QString const& id);
 
 private:
+    /// Slot of the responder that takes what is told by its request.
+    static constexpr const char* answerSlot = "on_response_invoke";
+
     QString accessToken() const;
     /// False, with a WARN line and where there is a request an error on it, without a token.
-    bool checkAccessToken(const CMRequest& request, const TrString& errorText);
+    bool checkAccessToken(const CMRequest& request = CMRequest());
     /// As checkAccessToken(), for what is sent in a later turn than its request came in: false also
     /// when the login has ended meanwhile.
     bool checkSession(const CMRequest& request);
-    /// False, with an error on the request, while nobody's account is known.
-    bool checkUser(const CMRequest& request, const QString& domain,
-                   const TrString& errorText) const;
-    HttpClientHeaders authorized(HttpClientHeaders headers);
+    /// As checkAccessToken(), for what is the user's: false also while nobody's account is known.
+    bool checkUser(const CMRequest& request, const QString& domain);
+    /// As checkUser(), for favorites: false also when nothing of this kind can be one.
+    bool checkFavorite(const CMRequest& request, const QString& domain, const QString& kind);
     /// Options of a call that is authorized and knows by which token.
     HttpClientOptions requestOptions(HttpClientPrivate userData, int timeoutMs, int readSizeLimit,
-                                     const HttpClientHeaders& headers);
+                                     HttpClientHeaders headers = HttpClientHeaders());
     Query countryQuery() const;
     /// Path of something of the user's: "/users/" user id and the sub-path.
     QString userPath(const QString& subPath) const;
@@ -152,17 +155,17 @@ private:
     static QString pathOf(const CMRequest& request, std::initializer_list<QString> segments);
     /// The same of something of the user's.
     QString userPathOf(const CMRequest& request, std::initializer_list<QString> segments) const;
-    /// A GET with the limits of this service, answered at the responder. Nothing where there is no
-    /// path.
+    /// These send with the limits of this service, answered at the responder, for one request or
+    /// two. Nothing is sent where there is no path.
     void sendGet(const QString& path, Query query, const char* member,
-                 const HttpClientPrivate& userData);
-    /// Likewise a POST and a DELETE.
+                 const HttpClientPrivate::Data& requests);
     void sendPost(const QString& path, Query query, QString body, const char* member,
-                  const HttpClientPrivate& userData, const HttpClientHeaders& headers);
-    void sendDelete(const QString& path, Query query, const HttpClientPrivate& userData,
-                    const HttpClientHeaders& headers);
+                  const HttpClientPrivate::Data& requests,
+                  const HttpClientHeaders& headers = HttpClientHeaders());
+    void sendDelete(const QString& path, const HttpClientPrivate::Data& requests,
+                    const HttpClientHeaders& headers = HttpClientHeaders());
     /// A request that nobody waits for, by whose path the responder knows what was asked.
-    static HttpClientPrivate syntheticRequest(const QString& apiPath);
+    static CMGetRowsRequest syntheticRequest(const QString& apiPath);
 
     TidalWorker* m_worker;
     HttpClient* m_httpClient;

@@ -8,7 +8,7 @@ constexpr int maxPageSize = 50;
 /// Rows of the module's own that lead a list inside a context menu.
 constexpr int contextLeadRows = 2;
 
-const char* const rowsMember = "on_baseResponse_invoke";
+const char* const rowsSlot = "on_baseResponse_invoke";
 
 QString limitOf(const CMGetRowsRequest& request)
 {
@@ -16,30 +16,35 @@ QString limitOf(const CMGetRowsRequest& request)
     return QString::number(qBound<qint64>(0, count, maxPageSize));
 }
 
-void addItem(TidalHandler::Query& query, const char* key, const QString& value)
+TidalHandler::Query limit(const QString& count)
 {
-    query.append({QLatin1String(key), value});
+    return {{QStringLiteral("limit"), count}};
 }
 
-void addPaging(TidalHandler::Query& query, const CMGetRowsRequest& request)
+TidalHandler::Query offset(int first)
 {
-    addItem(query, "offset", QString::number(request.from()));
-    addItem(query, "limit", limitOf(request));
+    return {{QStringLiteral("offset"), QString::number(first)}};
 }
 
-QString orderText(const KeloTidalBrowseSetting& setting)
+TidalHandler::Query paging(const CMGetRowsRequest& request)
 {
-    return KeloTidalOrder::toString(setting.order()).toUpper();
+    return offset(request.from()) + limit(limitOf(request));
 }
 
-QString directionText(const KeloTidalBrowseSetting& setting)
+TidalHandler::Query order(const KeloTidalBrowseSetting& setting)
 {
-    return KeloTidalOrderDirection::toString(setting.orderDirection()).toUpper();
+    return {{QStringLiteral("order"), KeloTidalOrder::toString(setting.order()).toUpper()}};
 }
 
-QString filterText(const KeloTidalBrowseSetting& setting)
+TidalHandler::Query orderDirection(const KeloTidalBrowseSetting& setting)
 {
-    return KeloTidalFilter::toString(setting.filter()).toUpper();
+    return {{QStringLiteral("orderDirection"),
+             KeloTidalOrderDirection::toString(setting.orderDirection()).toUpper()}};
+}
+
+TidalHandler::Query filter(const QString& text)
+{
+    return {{QStringLiteral("filter"), text}};
 }
 
 /// Whether the service can order a list of the user's by this.
@@ -66,17 +71,12 @@ int offsetOf(const CMGetRowsRequest& request)
         return request.from();
     return qMax(request.from(), contextLeadRows) - contextLeadRows;
 }
-
-HttpClientPrivate userDataOf(const CMRequest& request)
-{
-    return HttpClientPrivate(HttpClientPrivate::Data(request));
-}
 } // namespace
 
 void TidalHandler::baseRequest(CMGetRowsRequest const& request, QString const& type,
                                QString const& id, QString const& list)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkAccessToken(request))
         return;
     static const QStringList types = {QStringLiteral("featured"), QStringLiteral("moods"),
                                       QStringLiteral("genres"),   QStringLiteral("discovery"),
@@ -94,110 +94,90 @@ void TidalHandler::baseRequest(CMGetRowsRequest const& request, QString const& t
             KELO_TR("TIDAL application country Code is empty. Maybe you are not logged in.")));
         return;
     }
-    Query query = countryQuery();
-    addPaging(query, request);
-    sendGet(pathOf(request, {type, id, list}), query, rowsMember, userDataOf(request));
+    sendGet(pathOf(request, {type, id, list}), countryQuery() + paging(request), rowsSlot, request);
 }
 
 void TidalHandler::getAlbumTracks(CMGetRowsRequest const& request, QString const& albumId)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
-        return;
-    Query query = countryQuery();
-    addPaging(query, request);
-    sendGet(pathOf(request, {QStringLiteral("albums"), albumId, QStringLiteral("tracks")}), query,
-            rowsMember, userDataOf(request));
+    if (checkAccessToken(request))
+        sendGet(pathOf(request, {QStringLiteral("albums"), albumId, QStringLiteral("tracks")}),
+                countryQuery() + paging(request), rowsSlot, request);
 }
 
 void TidalHandler::search(CMGetRowsRequest const& request, QString const& query,
                           QString const& type)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
-        return;
-    Query items;
-    addItem(items, "query", query);
-    items += countryQuery();
-    addPaging(items, request);
-    sendGet(pathOf(request, {QStringLiteral("search"), type}), items, rowsMember,
-            userDataOf(request));
+    if (checkAccessToken(request))
+        sendGet(pathOf(request, {QStringLiteral("search"), type}),
+                Query{{QStringLiteral("query"), query}} + countryQuery() + paging(request),
+                rowsSlot, request);
 }
 
 void TidalHandler::getArtist(CMGetRowsRequest request, QString const& artistId)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
-        return;
-    sendGet(pathOf(request, {QStringLiteral("artists"), artistId}), countryQuery(),
-            "on_artistResponse_invoke", userDataOf(request));
+    if (checkAccessToken(request))
+        sendGet(pathOf(request, {QStringLiteral("artists"), artistId}), countryQuery(),
+                "on_artistResponse_invoke", request);
 }
 
 void TidalHandler::getArtistContent(CMGetRowsRequest request, QString const& artistId,
-                                    QString const& content, QString const& filter)
+                                    QString const& content, QString const& filterText)
 {
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal")
-        << "artistId: " << artistId << " content: " << content << " filter: " << filter;
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+        << "artistId: " << artistId << " content: " << content << " filter: " << filterText;
+    if (!checkAccessToken(request))
         return;
-    Query query = countryQuery();
-    addItem(query, "offset", QString::number(request.from()));
-    addItem(query, "filter", filter);
     // The radio is kept whole, so it is asked for whole.
-    addItem(query, "limit",
-            content == KeloTidalArtistRadio() ? QString::number(maxPageSize) : limitOf(request));
-    sendGet(pathOf(request, {QStringLiteral("artists"), artistId, content}), query,
-            "on_artistContentResponse_invoke", userDataOf(request));
+    const bool isRadio = content == KeloTidalArtistRadio();
+    sendGet(pathOf(request, {QStringLiteral("artists"), artistId, content}),
+            countryQuery() + offset(request.from()) + filter(filterText) +
+                limit(isRadio ? QString::number(maxPageSize) : limitOf(request)),
+            "on_artistContentResponse_invoke", request);
 }
 
 void TidalHandler::getArtistBio(CMSetDataRequest request, QString const& artistId)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
-        return;
-    sendGet(pathOf(request, {QStringLiteral("artists"), artistId, QStringLiteral("bio")}),
-            countryQuery(), "on_artistBioResponse_invoke", userDataOf(request));
+    if (checkAccessToken(request))
+        sendGet(pathOf(request, {QStringLiteral("artists"), artistId, QStringLiteral("bio")}),
+                countryQuery(), "on_artistBioResponse_invoke", request);
 }
 
 void TidalHandler::getPlaylistTracks(CMGetRowsRequest const& request, QString const& playlistId,
                                      KeloTidalBrowseSetting const& setting, QString marker)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkAccessToken(request))
         return;
-    Query query = countryQuery();
-    addItem(query, "order", orderText(setting));
-    addItem(query, "orderDirection", directionText(setting));
-    addPaging(query, request);
-    HttpClientPrivate userData = userDataOf(request);
-    if (!marker.isEmpty()) {
-        const CMSetDataRequest secondary(request.path(), KeloRoles::Id(), marker, CMVoidReply());
-        userData = HttpClientPrivate(HttpClientPrivate::Data(request, secondary));
-    }
+    CMSetDataRequest secondary;
+    if (!marker.isEmpty())
+        secondary = CMSetDataRequest(request.path(), KeloRoles::Id(), marker, CMVoidReply());
     sendGet(pathOf(request, {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks")}),
-            query, rowsMember, userData);
+            countryQuery() + order(setting) + orderDirection(setting) + paging(request), rowsSlot,
+            {request, secondary});
 }
 
 void TidalHandler::getMyMusic(CMGetRowsRequest const& request, QString const& type,
                               QString const& group, KeloTidalBrowseSetting* setting)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")))
+    if (!checkAccessToken(request))
         return;
     if (m_account.userId() == 0) {
         KELO_LOG("Tidal", WARN) << "Missing user Id. Cannot get favorites";
         request.reply().setError(CMError(KELO_TR("Missing user Id. Cannot get favorites")));
         return;
     }
-    Query query = countryQuery();
-    addItem(query, "offset", QString::number(offsetOf(request)));
-    addItem(query, "orderDirection", directionText(*setting));
-    addItem(query, "limit", limitOf(request));
+    Query query = countryQuery() + offset(offsetOf(request)) + orderDirection(*setting) +
+                  limit(limitOf(request));
     if (isOrderOf(setting->order(), type))
-        addItem(query, "order", orderText(*setting));
-    addItem(query, "filter", filterText(*setting));
+        query += order(*setting);
+    query += filter(KeloTidalFilter::toString(setting->filter()).toUpper());
     const bool isFavorites = group == QLatin1String("favorites");
     sendGet(isFavorites ? userPathOf(request, {group, type}) : userPathOf(request, {type}), query,
-            rowsMember, userDataOf(request));
+            rowsSlot, request);
 }
 
 void TidalHandler::getContentRoots(QString const& type)
 {
-    if (!checkAccessToken(CMRequest(), TrString()))
+    if (!checkAccessToken())
         return;
     static const QStringList types = {QStringLiteral("featured"), QStringLiteral("moods"),
                                       QStringLiteral("genres")};
@@ -207,5 +187,5 @@ void TidalHandler::getContentRoots(QString const& type)
         return;
     }
     const QString path = QLatin1Char('/') + type;
-    sendGet(path, countryQuery(), "on_response_invoke", syntheticRequest(path));
+    sendGet(path, countryQuery(), answerSlot, syntheticRequest(path));
 }

@@ -7,21 +7,13 @@ namespace {
 constexpr int editTimeoutMs = 30000;
 constexpr int editReadSizeLimit = 65536;
 
-const char* const answerMember = "on_response_invoke";
-
-HttpClientPrivate userDataOf(const CMRequest& request)
-{
-    return HttpClientPrivate(HttpClientPrivate::Data(request));
-}
-
-/// User data of an edit that may have to be sent again: the second request carries the playlist, as
+/// The requests of an edit that may have to be sent again: the second one carries the playlist, as
 /// the third segment of its path, and what the edit is about.
-HttpClientPrivate userDataOf(const CMSetDataRequest& request, const QString& playlistId,
-                             const QVariant& argument)
+HttpClientPrivate::Data repeatable(const CMSetDataRequest& request, const QString& playlistId,
+                                   const QVariant& argument)
 {
     const CMPath path(KeloTidalRequest() + QStringLiteral("/playlists/") + playlistId);
-    const CMSetDataRequest secondary(path, KeloRoles::Id(), argument, CMVoidReply());
-    return HttpClientPrivate(HttpClientPrivate::Data(request, secondary));
+    return {request, CMSetDataRequest(path, KeloRoles::Id(), argument, CMVoidReply())};
 }
 
 /// The service changes a playlist only for who knows its tag; its name for that header is used in
@@ -65,100 +57,77 @@ QString playlistBody(const QString& title, const QString& description)
 }
 } // namespace
 
-bool TidalHandler::checkUser(const CMRequest& request, const QString& domain,
-                             const TrString& errorText) const
+bool TidalHandler::checkUser(const CMRequest& request, const QString& domain)
 {
+    if (!checkAccessToken(request))
+        return false;
     if (m_account.userId() != 0)
         return true;
-    request.reply().setError(CMError(domain, errorText));
+    // The words about favorites are deliberate: all that belongs to the user is refused alike.
+    request.reply().setError(CMError(domain, KELO_TR("User not logged in. Cannot get favorites")));
+    return false;
+}
+
+bool TidalHandler::checkFavorite(const CMRequest& request, const QString& domain,
+                                 const QString& kind)
+{
+    if (!checkUser(request, domain))
+        return false;
+    if (favoriteKey(kind))
+        return true;
+    request.reply().setError(CMError(domain, KELO_TR("This cannot be a favorite")));
     return false;
 }
 
 void TidalHandler::sendPost(const QString& path, Query query, QString body, const char* member,
-                            const HttpClientPrivate& userData, const HttpClientHeaders& headers)
+                            const HttpClientPrivate::Data& requests,
+                            const HttpClientHeaders& headers)
 {
-    if (path.isEmpty())
-        return;
-    post(path, query, body, &m_responder, member, userData, editTimeoutMs, headers,
-         editReadSizeLimit);
+    if (!path.isEmpty())
+        post(path, query, body, &m_responder, member, requests, editTimeoutMs, headers,
+             editReadSizeLimit);
 }
 
-void TidalHandler::sendDelete(const QString& path, Query query, const HttpClientPrivate& userData,
+void TidalHandler::sendDelete(const QString& path, const HttpClientPrivate::Data& requests,
                               const HttpClientHeaders& headers)
 {
-    if (path.isEmpty())
-        return;
-    deleteCall(path, query, &m_responder, answerMember, userData, editTimeoutMs, headers,
-               editReadSizeLimit);
+    Query query = countryQuery();
+    if (!path.isEmpty())
+        deleteCall(path, query, &m_responder, answerSlot, requests, editTimeoutMs, headers,
+                   editReadSizeLimit);
 }
 
 void TidalHandler::on_isFavorite_invoke(CMGetDataRequest const& request,
                                         CMSetDataRequest const& prepared, QString const& kind)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")) ||
-        !checkUser(request, QStringLiteral("TIDAL"),
-                   KELO_TR("User not logged in. Cannot get favorites")))
-        return;
-    if (!favoriteKey(kind)) {
-        request.reply().setError(
-            CMError(QStringLiteral("TIDAL"), KELO_TR("This cannot be a favorite")));
-        return;
-    }
-    Query query = countryQuery();
-    query.append({QStringLiteral("limit"), QStringLiteral("50")});
-    sendGet(userPathOf(request, {QStringLiteral("favorites"), kind.toLower()}), query,
-            "on_isFavoriteReponse_invoke",
-            HttpClientPrivate(HttpClientPrivate::Data(request, prepared)));
+    if (checkFavorite(request, QStringLiteral("TIDAL"), kind))
+        sendGet(userPathOf(request, {QStringLiteral("favorites"), kind.toLower()}),
+                countryQuery() + Query{{QStringLiteral("limit"), QStringLiteral("50")}},
+                "on_isFavoriteReponse_invoke", {request, prepared});
 }
 
 void TidalHandler::on_addToFavorites_invoke(CMSetDataRequest const& request, QString const& kind,
                                             QString const& id)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")) ||
-        !checkUser(request, KeloService_Tidal_Id(),
-                   KELO_TR("User not logged in. Cannot get favorites")))
-        return;
-    const char* const key = favoriteKey(kind);
-    if (!key) {
-        request.reply().setError(
-            CMError(KeloService_Tidal_Id(), KELO_TR("This cannot be a favorite")));
-        return;
-    }
     // What no address could take away again is not put there either.
-    if (pathOf(request, {id}).isEmpty())
-        return;
-    sendPost(userPathOf(request, {QStringLiteral("favorites"), kind.toLower()}), countryQuery(),
-             QLatin1String(key) + formValue(id), answerMember, userDataOf(request),
-             HttpClientHeaders());
+    if (checkFavorite(request, KeloService_Tidal_Id(), kind) && !pathOf(request, {id}).isEmpty())
+        sendPost(userPathOf(request, {QStringLiteral("favorites"), kind.toLower()}), countryQuery(),
+                 QLatin1String(favoriteKey(kind)) + formValue(id), answerSlot, request);
 }
 
 void TidalHandler::on_removeFromFavorites_invoke(CMSetDataRequest const& request,
                                                  QString const& kind, QString const& id)
 {
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")) ||
-        !checkUser(request, KeloService_Tidal_Id(),
-                   KELO_TR("User not logged in. Cannot get favorites")))
-        return;
-    if (!favoriteKey(kind)) {
-        request.reply().setError(
-            CMError(KeloService_Tidal_Id(), KELO_TR("This cannot be a favorite")));
-        return;
-    }
-    sendDelete(userPathOf(request, {QStringLiteral("favorites"), kind.toLower(), id}),
-               countryQuery(), userDataOf(request), HttpClientHeaders());
+    if (checkFavorite(request, KeloService_Tidal_Id(), kind))
+        sendDelete(userPathOf(request, {QStringLiteral("favorites"), kind.toLower(), id}), request);
 }
 
 void TidalHandler::createNewPlaylist(CMSetDataRequest const& request, QString const& title,
                                      QString const& description)
 {
-    // The words about favorites are deliberate: all that belongs to the user is refused alike.
-    if (!checkAccessToken(request, KELO_TR("Access token is not set")) ||
-        !checkUser(request, KeloService_Tidal_Id(),
-                   KELO_TR("User not logged in. Cannot get favorites")))
-        return;
-    sendPost(userPath(QStringLiteral("/playlists")), countryQuery(),
-             playlistBody(title, description), "on_newPlaylist_invoke", userDataOf(request),
-             HttpClientHeaders());
+    if (checkUser(request, KeloService_Tidal_Id()))
+        sendPost(userPath(QStringLiteral("/playlists")), countryQuery(),
+                 playlistBody(title, description), "on_newPlaylist_invoke", request);
 }
 
 void TidalHandler::updatePlaylist(CMSetDataRequest const& request, QString const& title,
@@ -171,69 +140,63 @@ void TidalHandler::updatePlaylist(CMSetDataRequest const& request, QString const
                              ? QStringLiteral("/playlists/")
                              : pathOf(request, {QStringLiteral("playlists"), playlistId});
     sendPost(path, countryQuery(), playlistBody(title, description), "on_updatePlaylist_invoke",
-             userDataOf(request), HttpClientHeaders());
+             request);
 }
 
 void TidalHandler::removePlaylist(CMSetDataRequest const& request, QString const& playlistId,
                                   QString const& etag)
 {
-    if (!checkSession(request))
-        return;
-    sendDelete(pathOf(request, {QStringLiteral("playlists"), playlistId}), countryQuery(),
-               userDataOf(request), tagHeaders(etag));
+    if (checkSession(request))
+        sendDelete(pathOf(request, {QStringLiteral("playlists"), playlistId}), request,
+                   tagHeaders(etag));
 }
 
 void TidalHandler::addToPlaylist(CMSetDataRequest const& request, QString const& playlistId,
                                  QString const& trackIds, QString const& etag, int toIndex)
 {
-    if (!checkSession(request))
-        return;
-    const QString body = QStringLiteral("trackIds=") + formValue(trackIds) +
-                         QStringLiteral("&toIndex=") + QString::number(toIndex);
-    sendPost(pathOf(request, {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks")}),
-             countryQuery(), body, answerMember, userDataOf(request, playlistId, trackIds),
-             tagHeaders(etag));
+    if (checkSession(request))
+        sendPost(
+            pathOf(request, {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks")}),
+            countryQuery(),
+            QStringLiteral("trackIds=") + formValue(trackIds) + QStringLiteral("&toIndex=") +
+                QString::number(toIndex),
+            answerSlot, repeatable(request, playlistId, trackIds), tagHeaders(etag));
 }
 
 void TidalHandler::removeFromPlaylist(CMSetDataRequest const& request, QString const& playlistId,
                                       QString const& indices, QString const& etag)
 {
-    if (!checkSession(request))
-        return;
-    sendDelete(pathOf(request,
-                      {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks"), indices}),
-               countryQuery(), userDataOf(request, playlistId, indices), tagHeaders(etag));
+    if (checkSession(request))
+        sendDelete(pathOf(request, {QStringLiteral("playlists"), playlistId,
+                                    QStringLiteral("tracks"), indices}),
+                   repeatable(request, playlistId, indices), tagHeaders(etag));
 }
 
 void TidalHandler::moveTrack(CMSetDataRequest const& request, QString const& index,
                              QString const& toIndex, QString const& playlistId, QString const& etag)
 {
-    if (!checkSession(request))
-        return;
     // Without a country, alone among the requests; deliberate, the service asks for none here.
-    sendPost(
-        pathOf(request, {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks"), index}),
-        Query(), QStringLiteral("toIndex=") + formValue(toIndex), "on_movePlaylistTrack_invoke",
-        userDataOf(request), tagHeaders(etag));
+    if (checkSession(request))
+        sendPost(pathOf(request,
+                        {QStringLiteral("playlists"), playlistId, QStringLiteral("tracks"), index}),
+                 Query(), QStringLiteral("toIndex=") + formValue(toIndex),
+                 "on_movePlaylistTrack_invoke", request, tagHeaders(etag));
 }
 
 void TidalHandler::loopPlaylistManipulation(CMSetDataRequest const& request,
                                             QString const& playlistId, QVariant const& argument)
 {
-    if (!checkSession(request))
-        return;
-    sendGet(pathOf(request, {QStringLiteral("playlists"), playlistId}), countryQuery(),
-            "on_playlistRepeatReponse_invoke", userDataOf(request, playlistId, argument));
+    if (checkSession(request))
+        sendGet(pathOf(request, {QStringLiteral("playlists"), playlistId}), countryQuery(),
+                "on_playlistRepeatReponse_invoke", repeatable(request, playlistId, argument));
 }
 
 void TidalHandler::getTracksForPlaylists(CMSetDataRequest const& request, QString const& kind,
                                          QString const& id)
 {
-    if (!checkSession(request))
-        return;
-    Query query = countryQuery();
-    query.append({QStringLiteral("offset"), QStringLiteral("0")});
-    query.append({QStringLiteral("limit"), QStringLiteral("50")});
-    sendGet(pathOf(request, {kind.toLower(), id, QStringLiteral("tracks")}), query,
-            "on_addToPlaylistResponse_invoke", userDataOf(request));
+    if (checkSession(request))
+        sendGet(pathOf(request, {kind.toLower(), id, QStringLiteral("tracks")}),
+                countryQuery() + Query{{QStringLiteral("offset"), QStringLiteral("0")},
+                                       {QStringLiteral("limit"), QStringLiteral("50")}},
+                "on_addToPlaylistResponse_invoke", request);
 }

@@ -4,30 +4,27 @@
 #include <kelo/KeloValue.h>
 
 namespace {
-const char* const answerMember = "on_response_invoke";
-
 bool usePostPaywall()
 {
     const QVariant value = CMAbstractWorker::getValue(CMRoot(), KeloTidalUsePostPaywallPath());
     return KeloValue(KeloHash(value.toHash())).bool_();
 }
-
 } // namespace
 
 bool TidalHandler::retrieveSession()
 {
-    if (!checkAccessToken(CMRequest(), TrString()))
+    if (!checkAccessToken())
         return false;
-    sendGet(KeloTidalApiPathSessions(), Query(), answerMember,
+    sendGet(KeloTidalApiPathSessions(), Query(), answerSlot,
             syntheticRequest(KeloTidalApiPathSessions()));
     return true;
 }
 
 bool TidalHandler::subscribe()
 {
-    if (!checkAccessToken(CMRequest(), TrString()))
+    if (!checkAccessToken())
         return false;
-    sendGet(userPath(KeloTidalApiPathSubscription()), Query(), answerMember,
+    sendGet(userPath(KeloTidalApiPathSubscription()), Query(), answerSlot,
             syntheticRequest(KeloTidalApiPathSubscription()));
     return true;
 }
@@ -41,8 +38,7 @@ bool TidalHandler::track(CMSetDataRequest const& request, QString const& trackId
         return false;
     }
     const QString path = pathOf(request, {QStringLiteral("tracks"), trackId});
-    sendGet(path, countryQuery(), answerMember,
-            HttpClientPrivate(HttpClientPrivate::Data(request)));
+    sendGet(path, countryQuery(), answerSlot, request);
     return !path.isEmpty();
 }
 
@@ -56,15 +52,14 @@ bool TidalHandler::streamUrl(QString const& trackId, CMSetDataRequest const& req
         return false;
     const auto highest = m_account.highestSoundQuality().soundQuality();
     const auto effective = int(highest) < int(quality) ? highest : quality;
-    Query query = countryQuery();
-    query.append({QStringLiteral("playbackmode"),
-                  offline ? QStringLiteral("OFFLINE") : QStringLiteral("STREAM")});
-    query.append({QStringLiteral("assetpresentation"), QStringLiteral("FULL")});
-    query.append({QStringLiteral("audioquality"), KeloTidalSoundQualities::toString(effective)});
+    const Query options = {
+        {QStringLiteral("playbackmode"),
+         offline ? QStringLiteral("OFFLINE") : QStringLiteral("STREAM")},
+        {QStringLiteral("assetpresentation"), QStringLiteral("FULL")},
+        {QStringLiteral("audioquality"), KeloTidalSoundQualities::toString(effective)}};
     const QString& suffix = usePostPaywall() ? KeloTidalApiPathPlaybackInfoPostPaywall()
                                              : KeloTidalApiPathPlaybackInfoPrePaywall();
-    sendGet(path + suffix, query, answerMember,
-            HttpClientPrivate(HttpClientPrivate::Data(request)));
+    sendGet(path + suffix, countryQuery() + options, answerSlot, request);
     return true;
 }
 
