@@ -587,13 +587,6 @@
     </message>
 </context>
 <context>
-    <name>bool TidalFilterEnumNode::handleBrowseSetting(const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>What was sent is no text to choose</source>
-        <translation>Ce qui a été envoyé n’est pas un choix possible</translation>
-    </message>
-</context>
-<context>
     <name>bool TidalHandler::checkAccessToken(const CMRequest&amp;)</name>
     <message>
         <source>Access token is not set</source>
@@ -764,6 +757,13 @@
     <message>
         <source>Bad rows request range</source>
         <translation>Plage de lignes non valide</translation>
+    </message>
+</context>
+<context>
+    <name>virtual bool TidalFilterEnumNode::setDataRequest(const CMSetDataRequest&amp;)</name>
+    <message>
+        <source>What was sent is no text to choose</source>
+        <translation>Ce qui a été envoyé n’est pas un choix possible</translation>
     </message>
 </context>
 <context>

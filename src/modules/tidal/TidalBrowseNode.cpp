@@ -1,21 +1,7 @@
 #include "TidalBrowseNode.h"
 #include "TidalHandler.h"
-#include "TidalWorker.h"
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
-
-TidalBrowseNode::TidalBrowseNode(TidalWorker* worker, const CMPath& path)
-    : CMListRowsNode(path), m_worker(worker)
-{
-}
-
-TidalBrowseNode* TidalBrowseNode::create(TidalWorker* worker, const CMPath& path)
-{
-    Q_ASSERT(worker);
-    auto* node = new TidalBrowseNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
-}
 
 bool TidalBrowseNode::getRowsRequest(const CMGetRowsRequest& request)
 {

@@ -1,18 +1,16 @@
 #pragma once
+#include "TidalNode.h"
 #include <kelo/CMListRowsNode.h>
-#include <QStringList>
-
-class TidalWorker;
 
 /// A list whose rows come from the service: works out from path and parameters which request
 /// answers it; the answer reaches the waiting request later. Rows stored in it follow the
 /// service's. Owned by the worker's tree; rows requests come on any thread and are dispatched on
 /// the worker's.
-class TidalBrowseNode : public CMListRowsNode
+class TidalBrowseNode : public TidalNode<TidalBrowseNode, CMListRowsNode>
 {
     Q_OBJECT
 public:
-    static TidalBrowseNode* create(TidalWorker* worker, const CMPath& path);
+    TidalBrowseNode(TidalWorker* worker, const CMPath& path) : TidalNode(path), m_worker(worker) {}
 
     bool getRowsRequest(const CMGetRowsRequest& request) override;
 
@@ -22,7 +20,6 @@ public Q_SLOTS:
     void on_getRowsRequest(const CMGetRowsRequest& request);
 
 private:
-    TidalBrowseNode(TidalWorker* worker, const CMPath& path);
     void handleContent(const CMGetRowsRequest& request, const QString& contentId,
                        const QStringList& segments);
     void handleArtist(const CMGetRowsRequest& request, const QString& artistId);

@@ -2,40 +2,21 @@
 
 #include "TidalBrowseNode.h"
 #include "TidalEditNode.h"
-#include "TidalWorker.h"
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
 
-namespace {
-constexpr auto menuContainerType = KeloRolesContainerType::List_;
-}
-
-TidalBaseContextNode* TidalBaseContextNode::create(TidalWorker* worker, const CMPath& path)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalBaseContextNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
-}
-
 TidalBaseContextNode::TidalBaseContextNode(TidalWorker* worker, const CMPath& path)
-    : CMListRowsNode(path), m_worker(worker)
+    : TidalNode(path)
 {
     KELO_LOG("Tidal", DEBUG) << "TidalBaseContextNode: path: " << path;
-    setContainerType(menuContainerType);
-    KeloMetaData metaData;
-    metaData.setServiceID(KeloService_Tidal_Id());
-    KeloMediaData mediaData;
-    mediaData.setMetaData(metaData);
-    setMediaData(mediaData);
+    setContainerType(KeloRolesContainerType::List_);
+    setMediaData(tidalMediaData());
     setCopyPathParams(true);
     m_favoritesNode =
         TidalAddRemoveFavouritesNode::create(worker, path + QStringLiteral("/favorites"));
     m_favoritesNode->setTitle(KELO_TR("Favorite"));
     rowsAppend(m_favoritesNode->path());
 }
-
-TidalBaseContextNode::~TidalBaseContextNode() = default;
 
 QVariant TidalBaseContextNode::getContextRoles(const QMap<QString, QString>& params)
 {
@@ -62,28 +43,18 @@ void TidalBaseContextNode::setFavorite(bool favorite)
     m_favoritesNode->setFavorite(favorite);
 }
 
-TidalBrowserContextNode* TidalBrowserContextNode::create(TidalWorker* worker, const CMPath& path)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalBrowserContextNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
-}
-
 TidalBrowserContextNode::TidalBrowserContextNode(TidalWorker* worker, const CMPath& path)
-    : TidalBaseContextNode(worker, path), m_worker(worker)
+    : TidalNode(worker, path), m_worker(worker)
 {
     const CMPath listPath = path + KeloTidalAddToPlaylists() + KeloTidalRequest() +
                             QStringLiteral("/created") + KeloTidalApiPathUsers() +
                             QStringLiteral("/") + KeloTidalPlaylists().toLower();
     TidalBrowseNode* list = TidalBrowseNode::create(worker, listPath);
-    list->setContainerType(menuContainerType);
+    list->setContainerType(KeloRolesContainerType::List_);
     list->setTitle(KELO_TR("Add to playlist"));
     rowsAppend(list->path());
     m_playlistPath = list->path();
 }
-
-TidalBrowserContextNode::~TidalBrowserContextNode() = default;
 
 KeloRoles TidalBrowserContextNode::artistRoles(const CMPath& path, const KeloRolesType::Enum& type,
                                                const TrString& title, const QString& id) const
@@ -128,29 +99,8 @@ bool TidalBrowserContextNode::getRowsRequest(const CMGetRowsRequest& request)
     }
     // The version first: rows that change in between are then newer than said, and asked for again.
     const int version = subscribe()->rowsVersion(request.path());
-    const CMRowList stored = rows();
-    const CMDynamicContent menu{
-        stored.size(), [stored](int offset, int count) { return stored.mid(offset, count); }};
-
-    const QString artists = request.path().param(QStringLiteral("artists"));
-    const int artistCount = artists.isEmpty() ? 0 : artists.count(QLatin1Char(',')) + 2;
-    const CMDynamicContent section{artistCount, [this, artists](int offset, int count) {
-                                       return artistRows(artists).mid(offset, count);
-                                   }};
-    return respondGetRowsRequest(request, {menu, section}, version, rowsRoles(), true);
+    const CMRowList all = rows() + artistRows(request.path().param(QStringLiteral("artists")));
+    const CMDynamicContent content{all.size(),
+                                   [all](int offset, int count) { return all.mid(offset, count); }};
+    return respondGetRowsRequest(request, {content}, version, rowsRoles(), true);
 }
-
-TidalMyMusicContextNode* TidalMyMusicContextNode::create(TidalWorker* worker, const CMPath& path)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalMyMusicContextNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
-}
-
-TidalMyMusicContextNode::TidalMyMusicContextNode(TidalWorker* worker, const CMPath& path)
-    : TidalBrowserContextNode(worker, path)
-{
-}
-
-TidalMyMusicContextNode::~TidalMyMusicContextNode() = default;

@@ -1,20 +1,19 @@
 #pragma once
+#include "TidalNode.h"
 #include <kelo/CMListRowsNode.h>
 #include <mutex>
 #include <QMap>
 
 class TidalAddRemoveFavouritesNode;
-class TidalWorker;
 
 /// Context menu of an item: its rows act on the item whose parameters (id, type, ...) the menu was
 /// opened with. Owned by the worker's tree. Made on the worker's thread; its rows are asked for on
 /// any thread. It acts on nothing itself: its rows are nodes that do.
-class TidalBaseContextNode : public CMListRowsNode
+class TidalBaseContextNode : public TidalNode<TidalBaseContextNode, CMListRowsNode>
 {
     Q_OBJECT
 public:
-    static TidalBaseContextNode* create(TidalWorker* worker, const CMPath& path);
-    ~TidalBaseContextNode() override;
+    TidalBaseContextNode(TidalWorker* worker, const CMPath& path);
 
     /// The node's data roles for an item's parameters, as a hash: what the item's row carries as
     /// its context. Any thread. What does not depend on the parameters is made once, so the node
@@ -23,11 +22,7 @@ public:
     /// Tells the menu's first row whether the item is a favourite.
     void setFavorite(bool favorite);
 
-protected:
-    TidalBaseContextNode(TidalWorker* worker, const CMPath& path);
-
 private:
-    TidalWorker* m_worker;
     TidalAddRemoveFavouritesNode* m_favoritesNode = nullptr; ///< the first row
     std::once_flag m_rolesOnce;
     QVariantHash m_roles;  ///< data roles without parameters, from the first getContextRoles() on
@@ -36,12 +31,11 @@ private:
 
 /// The menu of albums, playlists and tracks: has a list of the user's playlists to add the item to,
 /// and the artists of the item as its last rows.
-class TidalBrowserContextNode : public TidalBaseContextNode
+class TidalBrowserContextNode : public TidalNode<TidalBrowserContextNode, TidalBaseContextNode>
 {
     Q_OBJECT
 public:
-    static TidalBrowserContextNode* create(TidalWorker* worker, const CMPath& path);
-    ~TidalBrowserContextNode() override;
+    TidalBrowserContextNode(TidalWorker* worker, const CMPath& path);
 
     /// Path of the list of playlists to add the item to.
     CMPath getPlaylistPath() const { return m_playlistPath; }
@@ -52,9 +46,6 @@ public:
     /// names.
     bool getRowsRequest(const CMGetRowsRequest& request) override;
 
-protected:
-    TidalBrowserContextNode(TidalWorker* worker, const CMPath& path);
-
 private:
     CMRowList artistRows(const QString& artists) const;
 
@@ -63,13 +54,9 @@ private:
 };
 
 /// The same menu for My Music; not used by the tree as it is.
-class TidalMyMusicContextNode : public TidalBrowserContextNode
+class TidalMyMusicContextNode : public TidalNode<TidalMyMusicContextNode, TidalBrowserContextNode>
 {
     Q_OBJECT
 public:
-    static TidalMyMusicContextNode* create(TidalWorker* worker, const CMPath& path);
-    ~TidalMyMusicContextNode() override;
-
-private:
-    TidalMyMusicContextNode(TidalWorker* worker, const CMPath& path);
+    using TidalNode::TidalNode;
 };

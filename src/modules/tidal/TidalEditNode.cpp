@@ -2,34 +2,18 @@
 
 #include "TidalActionReply.h"
 #include "TidalHandler.h"
-#include "TidalWorker.h"
 #include <kelo/CMGlobal.h>
 #include <kelo/CMSubscribe.h>
 #include <kelo/CMValueNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
 
-TidalAddRemoveFavouritesNode* TidalAddRemoveFavouritesNode::create(TidalWorker* worker,
-                                                                   const CMPath& path)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalAddRemoveFavouritesNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
-}
-
 TidalAddRemoveFavouritesNode::TidalAddRemoveFavouritesNode(TidalWorker* worker, const CMPath& path)
-    : CMActivateNode(path), m_worker(worker)
+    : TidalNode(path), m_worker(worker)
 {
     setInvoke(this, SLOT(on_node_invoke(CMSetDataRequest)), Qt::DirectConnection);
-    KeloMetaData metaData;
-    metaData.setServiceID(KeloService_Tidal_Id());
-    KeloMediaData mediaData;
-    mediaData.setMetaData(metaData);
-    setMediaData(mediaData);
+    setMediaData(tidalMediaData());
 }
-
-TidalAddRemoveFavouritesNode::~TidalAddRemoveFavouritesNode() = default;
 
 bool TidalAddRemoveFavouritesNode::getDataRequest(const CMGetDataRequest& request)
 {
@@ -58,16 +42,8 @@ void TidalAddRemoveFavouritesNode::on_node_invoke(const CMSetDataRequest& reques
                               Q_ARG(QString, id));
 }
 
-TidalMoveTrackNode* TidalMoveTrackNode::create(TidalWorker* worker, const CMPath& path)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalMoveTrackNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
-}
-
 TidalMoveTrackNode::TidalMoveTrackNode(TidalWorker* worker, const CMPath& path)
-    : CMListRowsNode(path), m_worker(worker)
+    : TidalNode(path), m_worker(worker)
 {
     m_rowNumNode = CMValueNode::create(worker->nodes(), path + QStringLiteral("/rowNum"));
     m_rowNumNode->setTitle(KELO_TR("Row number"));
@@ -77,17 +53,15 @@ TidalMoveTrackNode::TidalMoveTrackNode(TidalWorker* worker, const CMPath& path)
     m_rowNumNode->setValue(zero);
     rowsAppend(m_rowNumNode->path());
 
-    m_moveNode =
+    CMActivateNode* move =
         CMActivateNode::create(worker->nodes(), path + QStringLiteral("/move"), worker,
                                SLOT(on_move_activation(CMSetDataRequest)), Qt::QueuedConnection);
-    m_moveNode->setTitle(KELO_TR("Move to row"));
-    rowsAppend(m_moveNode->path());
+    move->setTitle(KELO_TR("Move to row"));
+    rowsAppend(move->path());
     setContainerType(KeloRolesContainerType::List_);
     // Which track of which playlist is moved stands in the parameters.
     setCopyPathParams(true);
 }
-
-TidalMoveTrackNode::~TidalMoveTrackNode() = default;
 
 QString TidalMoveTrackNode::getRowNum() const
 {

@@ -1,6 +1,5 @@
 #include "TidalOrderingNode.h"
 
-#include "TidalWorker.h"
 #include <kelo/KeloLog.h>
 
 namespace {
@@ -11,58 +10,59 @@ KeloValue textValue(const QString& text)
     return value;
 }
 
-KeloRoles headingRow(const TrString& title)
+/// A text that can be chosen, and how it is shown.
+struct Choice
 {
-    KeloRoles roles;
-    roles.setType(KeloRolesType::Header_);
-    roles.setTitle(title);
-    return roles;
-}
+    TrString title;
+    QString value;
+};
 
-CMPath settingPath(const CMPath& menu, const QString& component)
+struct Setting
 {
-    return menu + QStringLiteral("/") + component;
-}
-} // namespace
+    QString component; ///< by which its path ends
+    TrString title;
+    QList<Choice> choices;
+    QString value;
+};
 
-TidalFilterEnumNode::TidalFilterEnumNode(TidalWorker* worker, const CMPath& path)
-    : CMValueNode(path), m_worker(worker)
+CMListRowsNode* createChoices(CMNodes* nodes, const CMPath& path, const QList<Choice>& choices)
 {
-}
-
-TidalFilterEnumNode::~TidalFilterEnumNode() = default;
-
-TidalFilterEnumNode* TidalFilterEnumNode::create(TidalWorker* worker, const CMPath& path,
-                                                 const TrString& title,
-                                                 const QList<Choice>& choices, const QString& value)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    const CMPath enumPath = path + QStringLiteral("/Enums");
-    auto* node = new TidalFilterEnumNode(worker, path);
-    node->setReadOnly(false);
-    node->setTitle(title);
-    node->setValue(textValue(value));
-    KeloEdit edit;
-    edit.setType(KeloEdit::Enum_);
-    edit.setEnumPath(enumPath);
-    node->setEdit(edit);
-    node->setNodes(worker->nodes());
-
-    CMListRowsNode* list = CMListRowsNode::create(worker->nodes(), enumPath);
+    CMListRowsNode* list = CMListRowsNode::create(nodes, path);
     for (const Choice& choice : choices) {
-        KeloRoles row;
-        row.setType(KeloRolesType::Choice_);
-        row.setTitle(choice.title);
+        KeloRoles row = tidalRow(KeloRolesType::Choice_, choice.title);
         row.setValue(textValue(choice.value).toVariant());
         list->rowsAppend(row);
     }
-    return node;
+    return list;
 }
+
+void fillMenu(CMListRowsNode* menu, TidalWorker* worker, bool isTracks, const TrString& heading,
+              const QList<Setting>& settings)
+{
+    menu->setContainerType(KeloRolesContainerType::List_);
+    menu->rowsAppend(tidalRow(KeloRolesType::Header_, heading));
+    for (const Setting& setting : settings) {
+        const CMPath path = menu->path() + (QLatin1Char('/') + setting.component);
+        TidalFilterEnumNode* node = TidalFilterEnumNode::create(worker, path);
+        node->setIsTracks(isTracks);
+        node->setReadOnly(false);
+        node->setTitle(setting.title);
+        node->setValue(textValue(setting.value));
+        KeloEdit edit;
+        edit.setType(KeloEdit::Enum_);
+        edit.setEnumPath(
+            createChoices(worker->nodes(), path + QStringLiteral("/Enums"), setting.choices)
+                ->path());
+        node->setEdit(edit);
+        menu->rowsAppend(path);
+    }
+}
+} // namespace
 
 KeloTidalOrderingType::Enum TidalFilterEnumNode::getOrderingType(const CMPath& path)
 {
-    const QStringList segments = path.splitBase();
-    const QString component = segments.isEmpty() ? QString() : segments.last();
+    const QString component =
+        path.base().section(QLatin1Char('/'), -1, -1, QString::SectionSkipEmpty);
     if (component == KeloTidalOrderingType::Order())
         return KeloTidalOrderingType::Order_;
     if (component == KeloTidalOrderingType::OrderDirection())
@@ -73,11 +73,6 @@ KeloTidalOrderingType::Enum TidalFilterEnumNode::getOrderingType(const CMPath& p
 }
 
 bool TidalFilterEnumNode::setDataRequest(const CMSetDataRequest& request)
-{
-    return handleBrowseSetting(request);
-}
-
-bool TidalFilterEnumNode::handleBrowseSetting(const CMSetDataRequest& request)
 {
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << "path: " << request.path();
     const KeloTidalOrderingType::Enum type = getOrderingType(request.path());
@@ -124,82 +119,49 @@ void TidalFilterEnumNode::on_handleBrowseSetting(KeloTidalOrderingType::Enum typ
     subscribe()->changedStartingWith(path(), CMSubscribe::RowsChangeClose(), -1);
 }
 
-TidalOrderingContextNode* TidalOrderingContextNode::create(TidalWorker* worker, const CMPath& path)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalOrderingContextNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
-}
-
 TidalOrderingContextNode::TidalOrderingContextNode(TidalWorker* worker, const CMPath& path)
-    : CMListRowsNode(path)
+    : TidalNode(path)
 {
-    setContainerType(KeloRolesContainerType::List_);
-    rowsAppend(headingRow(KELO_TR("My Music browsing")));
-    const auto addSetting = [&](const QString& component, const TrString& title,
-                                const QList<TidalFilterEnumNode::Choice>& choices,
-                                const QString& value) {
-        rowsAppend(
-            TidalFilterEnumNode::create(worker, settingPath(path, component), title, choices, value)
-                ->path());
-    };
-    addSetting(KeloTidalOrderingType::Order(), KELO_TR("Order"),
+    fillMenu(this, worker, false, KELO_TR("My Music browsing"),
+             {{KeloTidalOrderingType::Order(),
+               KELO_TR("Order"),
                {{KELO_TR("Date"), KeloTidalOrder::Date()},
                 {KELO_TR("Name"), KeloTidalOrder::Name()},
                 {KELO_TR("Artist - Not for my playlists and artists"), KeloTidalOrder::Artist()},
                 {KELO_TR("Album - Only my tracks"), KeloTidalOrder::Album()},
                 {KELO_TR("Length - Only my tracks"), KeloTidalOrder::Length()},
                 {KELO_TR("Release Date - Only my albums"), KeloTidalOrder::ReleaseDate()}},
-               KeloTidalOrder::Name());
-    addSetting(KeloTidalOrderingType::OrderDirection(), KELO_TR("Order direction"),
+               KeloTidalOrder::Name()},
+              {KeloTidalOrderingType::OrderDirection(),
+               KELO_TR("Order direction"),
                {{KELO_TR("Descending"), KeloTidalOrderDirection::Desc()},
                 {KELO_TR("Ascending"), KeloTidalOrderDirection::Asc()}},
-               KeloTidalOrderDirection::Asc());
-    addSetting(KeloTidalOrderingType::Filter(), KELO_TR("Filter"),
+               KeloTidalOrderDirection::Asc()},
+              {KeloTidalOrderingType::Filter(),
+               KELO_TR("Filter"),
                {{KELO_TR("All"), KeloTidalFilter::All()},
                 {KELO_TR("Private"), KeloTidalFilter::Private()},
                 {KELO_TR("Public"), KeloTidalFilter::Public()}},
-               KeloTidalFilter::All());
-}
-
-TidalOrderingContextNode::~TidalOrderingContextNode() = default;
-
-TidalTrackOrderingContextNode* TidalTrackOrderingContextNode::create(TidalWorker* worker,
-                                                                     const CMPath& path)
-{
-    Q_ASSERT_X(worker, Q_FUNC_INFO, "worker");
-    auto* node = new TidalTrackOrderingContextNode(worker, path);
-    node->setNodes(worker->nodes());
-    return node;
+               KeloTidalFilter::All()}});
 }
 
 TidalTrackOrderingContextNode::TidalTrackOrderingContextNode(TidalWorker* worker,
                                                              const CMPath& path)
-    : CMListRowsNode(path)
+    : TidalNode(path)
 {
-    setContainerType(KeloRolesContainerType::List_);
-    rowsAppend(headingRow(KELO_TR("Playlist tracks ordering")));
-    const auto addSetting = [&](const QString& component, const TrString& title,
-                                const QList<TidalFilterEnumNode::Choice>& choices,
-                                const QString& value) {
-        TidalFilterEnumNode* node = TidalFilterEnumNode::create(
-            worker, settingPath(path, component), title, choices, value);
-        node->setIsTracks(true);
-        rowsAppend(node->path());
-    };
-    addSetting(KeloTidalOrderingType::Order(), KELO_TR("Order"),
+    fillMenu(this, worker, true, KELO_TR("Playlist tracks ordering"),
+             {{KeloTidalOrderingType::Order(),
+               KELO_TR("Order"),
                {{KELO_TR("Date"), KeloTidalOrder::Date()},
                 {KELO_TR("Name"), KeloTidalOrder::Name()},
                 {KELO_TR("Artist"), KeloTidalOrder::Artist()},
                 {KELO_TR("Album"), KeloTidalOrder::Album()},
                 {KELO_TR("Length"), KeloTidalOrder::Length()},
                 {KELO_TR("Index"), KeloTidalOrder::Index()}},
-               KeloTidalOrder::Index());
-    addSetting(KeloTidalOrderingType::OrderDirection(), KELO_TR("Order direction"),
+               KeloTidalOrder::Index()},
+              {KeloTidalOrderingType::OrderDirection(),
+               KELO_TR("Order direction"),
                {{KELO_TR("Descending"), KeloTidalOrderDirection::Desc()},
                 {KELO_TR("Ascending"), KeloTidalOrderDirection::Asc()}},
-               KeloTidalOrderDirection::Asc());
+               KeloTidalOrderDirection::Asc()}});
 }
-
-TidalTrackOrderingContextNode::~TidalTrackOrderingContextNode() = default;

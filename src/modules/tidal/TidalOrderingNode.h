@@ -1,35 +1,22 @@
 #pragma once
+#include "TidalNode.h"
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMValueNode.h>
-#include <kelo/KeloTidalTypes.h>
-#include <kelo/TrString.h>
-
-class TidalWorker;
 
 /// One setting of a menu that orders lists: a text, one of those that stand at the node's path +
 /// "/Enums". A choice goes into the worker's browse settings, which the next list is asked for
 /// with. Owned by the worker's tree; choices are taken on the worker's thread. It does not check
 /// that a text is one of the choices, and reloads no list.
-class TidalFilterEnumNode : public CMValueNode
+class TidalFilterEnumNode : public TidalNode<TidalFilterEnumNode, CMValueNode>
 {
     Q_OBJECT
 public:
-    /// A value that can be chosen, and how it is shown.
-    struct Choice
+    TidalFilterEnumNode(TidalWorker* worker, const CMPath& path) : TidalNode(path), m_worker(worker)
     {
-        TrString title;
-        QString value;
-    };
-
-    /// Makes the setting and its choices.
-    static TidalFilterEnumNode* create(TidalWorker* worker, const CMPath& path,
-                                       const TrString& title, const QList<Choice>& choices,
-                                       const QString& value);
-    ~TidalFilterEnumNode() override;
+    }
 
     /// Whether it orders the tracks of playlists instead of the lists of My Music.
     void setIsTracks(bool isTracks) { m_isTracks = isTracks; }
-    bool isTracks() const { return m_isTracks; }
     /// The setting that a path names by its last component; none of the three for any other path.
     static KeloTidalOrderingType::Enum getOrderingType(const CMPath& path);
     /// Takes a text as the choice; an error for what is no text.
@@ -41,33 +28,23 @@ public Q_SLOTS:
                                 KeloTidalBrowseSetting* setting, const CMSetDataRequest& request);
 
 private:
-    TidalFilterEnumNode(TidalWorker* worker, const CMPath& path);
-    bool handleBrowseSetting(const CMSetDataRequest& request);
-
     TidalWorker* m_worker;
     bool m_isTracks = false; ///< set before the tree knows the node's menu
 };
 
 /// Menu of how the lists of My Music are ordered and filtered. Owned by the worker's tree.
-class TidalOrderingContextNode : public CMListRowsNode
+class TidalOrderingContextNode : public TidalNode<TidalOrderingContextNode, CMListRowsNode>
 {
     Q_OBJECT
 public:
-    static TidalOrderingContextNode* create(TidalWorker* worker, const CMPath& path);
-    ~TidalOrderingContextNode() override;
-
-private:
     TidalOrderingContextNode(TidalWorker* worker, const CMPath& path);
 };
 
 /// Menu of how the tracks of playlists are ordered. Owned by the worker's tree.
-class TidalTrackOrderingContextNode : public CMListRowsNode
+class TidalTrackOrderingContextNode
+    : public TidalNode<TidalTrackOrderingContextNode, CMListRowsNode>
 {
     Q_OBJECT
 public:
-    static TidalTrackOrderingContextNode* create(TidalWorker* worker, const CMPath& path);
-    ~TidalTrackOrderingContextNode() override;
-
-private:
     TidalTrackOrderingContextNode(TidalWorker* worker, const CMPath& path);
 };
