@@ -660,16 +660,16 @@
         <translation>Meine Musik</translation>
     </message>
     <message>
-        <source>TIDAL Discovery</source>
-        <translation>TIDAL Discovery</translation>
+        <source>New</source>
+        <translation>Neu</translation>
     </message>
     <message>
         <source>TIDAL Rising</source>
         <translation>TIDAL Rising</translation>
     </message>
     <message>
-        <source>New</source>
-        <translation>Neu</translation>
+        <source>TIDAL Discovery</source>
+        <translation>TIDAL Discovery</translation>
     </message>
     <message>
         <source>Favorited playlists</source>
@@ -688,12 +688,12 @@
         <translation>Empfohlen</translation>
     </message>
     <message>
-        <source>Masters</source>
-        <translation>Masters</translation>
-    </message>
-    <message>
         <source>Top 20</source>
         <translation>Top 20</translation>
+    </message>
+    <message>
+        <source>Masters</source>
+        <translation>Masters</translation>
     </message>
     <message>
         <source>remove</source>
@@ -735,6 +735,13 @@
     </message>
 </context>
 <context>
+    <name>bool TidalWorker::refuseBusy(const CMSetDataRequest&amp;) const</name>
+    <message>
+        <source>droping play request, busy</source>
+        <translation>Beschäftigt: Die Wiedergabeanfrage wird verworfen</translation>
+    </message>
+</context>
+<context>
     <name>static QString TidalHandler::pathOf(const CMRequest&amp;, std::initializer_list&lt;QString&gt;)</name>
     <message>
         <source>What this is about is not said</source>
@@ -743,6 +750,13 @@
     <message>
         <source>%1 is no identifier</source>
         <translation>%1 ist keine Kennung</translation>
+    </message>
+</context>
+<context>
+    <name>static QString TidalWorker::playItemReference(const CMSetDataRequest&amp;)</name>
+    <message>
+        <source>track id not set</source>
+        <translation>Keine Titel-ID angegeben</translation>
     </message>
 </context>
 <context>
@@ -940,10 +954,14 @@
     </message>
 </context>
 <context>
-    <name>void TidalWorker::onPrePlay(const CMSetDataRequest&amp;)</name>
+    <name>void TidalWorker::finishLookUp(const CMSetDataRequest&amp;, const QVariant&amp;, bool, const KeloTidalApiErrorResponse&amp;)</name>
     <message>
-        <source>droping play request, busy</source>
-        <translation>Beschäftigt: Die Wiedergabeanfrage wird verworfen</translation>
+        <source>media data request failed</source>
+        <translation>Die Abspieldaten konnten nicht abgerufen werden</translation>
+    </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>Die Abspieldaten sind unvollständig</translation>
     </message>
 </context>
 <context>
@@ -994,18 +1012,7 @@
     </message>
 </context>
 <context>
-    <name>void TidalWorker::on_media_get(const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>track id not set</source>
-        <translation>Keine Titel-ID angegeben</translation>
-    </message>
-</context>
-<context>
     <name>void TidalWorker::on_media_play(const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>droping play request, busy</source>
-        <translation>Beschäftigt: Die Wiedergabeanfrage wird verworfen</translation>
-    </message>
     <message>
         <source>prePlayData not set</source>
         <translation>prePlayData fehlt</translation>
@@ -1026,43 +1033,10 @@
     </message>
 </context>
 <context>
-    <name>void TidalWorker::on_tidalHandler_streamUrl(KeloTidalApiStreamUrlResponse, KeloTidalApiErrorResponse, const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>media data request failed</source>
-        <translation>Die Abspieldaten konnten nicht abgerufen werden</translation>
-    </message>
-    <message>
-        <source>media data resolution incomplete</source>
-        <translation>Die Abspieldaten sind unvollständig</translation>
-    </message>
-</context>
-<context>
     <name>void TidalWorker::on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse, KeloTidalApiErrorResponse)</name>
     <message>
         <source>Failed to initialize TIDAL</source>
         <translation>TIDAL konnte nicht gestartet werden</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalWorker::on_tidalHandler_track(KeloTidalApiTrackResponse, KeloTidalApiErrorResponse)</name>
-    <message>
-        <source>media data request failed</source>
-        <translation>Die Abspieldaten konnten nicht abgerufen werden</translation>
-    </message>
-    <message>
-        <source>media data resolution incomplete</source>
-        <translation>Die Abspieldaten sind unvollständig</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalWorker::on_tidalId_play(const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>track id not set</source>
-        <translation>Keine Titel-ID angegeben</translation>
-    </message>
-    <message>
-        <source>droping play request, busy</source>
-        <translation>Beschäftigt: Die Wiedergabeanfrage wird verworfen</translation>
     </message>
 </context>
 <context>

@@ -660,16 +660,16 @@
         <translation>マイミュージック</translation>
     </message>
     <message>
-        <source>TIDAL Discovery</source>
-        <translation>TIDAL Discovery</translation>
+        <source>New</source>
+        <translation>新着</translation>
     </message>
     <message>
         <source>TIDAL Rising</source>
         <translation>TIDAL Rising</translation>
     </message>
     <message>
-        <source>New</source>
-        <translation>新着</translation>
+        <source>TIDAL Discovery</source>
+        <translation>TIDAL Discovery</translation>
     </message>
     <message>
         <source>Favorited playlists</source>
@@ -688,12 +688,12 @@
         <translation>おすすめ</translation>
     </message>
     <message>
-        <source>Masters</source>
-        <translation>Masters</translation>
-    </message>
-    <message>
         <source>Top 20</source>
         <translation>トップ20</translation>
+    </message>
+    <message>
+        <source>Masters</source>
+        <translation>Masters</translation>
     </message>
     <message>
         <source>remove</source>
@@ -735,6 +735,13 @@
     </message>
 </context>
 <context>
+    <name>bool TidalWorker::refuseBusy(const CMSetDataRequest&amp;) const</name>
+    <message>
+        <source>droping play request, busy</source>
+        <translation>処理中のため、再生要求を破棄しました</translation>
+    </message>
+</context>
+<context>
     <name>static QString TidalHandler::pathOf(const CMRequest&amp;, std::initializer_list&lt;QString&gt;)</name>
     <message>
         <source>What this is about is not said</source>
@@ -743,6 +750,13 @@
     <message>
         <source>%1 is no identifier</source>
         <translation>%1 は識別子ではありません</translation>
+    </message>
+</context>
+<context>
+    <name>static QString TidalWorker::playItemReference(const CMSetDataRequest&amp;)</name>
+    <message>
+        <source>track id not set</source>
+        <translation>トラックIDが指定されていません</translation>
     </message>
 </context>
 <context>
@@ -940,10 +954,14 @@
     </message>
 </context>
 <context>
-    <name>void TidalWorker::onPrePlay(const CMSetDataRequest&amp;)</name>
+    <name>void TidalWorker::finishLookUp(const CMSetDataRequest&amp;, const QVariant&amp;, bool, const KeloTidalApiErrorResponse&amp;)</name>
     <message>
-        <source>droping play request, busy</source>
-        <translation>処理中のため、再生要求を破棄しました</translation>
+        <source>media data request failed</source>
+        <translation>メディア情報を取得できませんでした</translation>
+    </message>
+    <message>
+        <source>media data resolution incomplete</source>
+        <translation>メディア情報が揃いませんでした</translation>
     </message>
 </context>
 <context>
@@ -994,18 +1012,7 @@
     </message>
 </context>
 <context>
-    <name>void TidalWorker::on_media_get(const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>track id not set</source>
-        <translation>トラックIDが指定されていません</translation>
-    </message>
-</context>
-<context>
     <name>void TidalWorker::on_media_play(const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>droping play request, busy</source>
-        <translation>処理中のため、再生要求を破棄しました</translation>
-    </message>
     <message>
         <source>prePlayData not set</source>
         <translation>prePlayDataが設定されていません</translation>
@@ -1026,43 +1033,10 @@
     </message>
 </context>
 <context>
-    <name>void TidalWorker::on_tidalHandler_streamUrl(KeloTidalApiStreamUrlResponse, KeloTidalApiErrorResponse, const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>media data request failed</source>
-        <translation>メディア情報を取得できませんでした</translation>
-    </message>
-    <message>
-        <source>media data resolution incomplete</source>
-        <translation>メディア情報が揃いませんでした</translation>
-    </message>
-</context>
-<context>
     <name>void TidalWorker::on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse, KeloTidalApiErrorResponse)</name>
     <message>
         <source>Failed to initialize TIDAL</source>
         <translation>TIDALを初期化できませんでした</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalWorker::on_tidalHandler_track(KeloTidalApiTrackResponse, KeloTidalApiErrorResponse)</name>
-    <message>
-        <source>media data request failed</source>
-        <translation>メディア情報を取得できませんでした</translation>
-    </message>
-    <message>
-        <source>media data resolution incomplete</source>
-        <translation>メディア情報が揃いませんでした</translation>
-    </message>
-</context>
-<context>
-    <name>void TidalWorker::on_tidalId_play(const CMSetDataRequest&amp;)</name>
-    <message>
-        <source>track id not set</source>
-        <translation>トラックIDが指定されていません</translation>
-    </message>
-    <message>
-        <source>droping play request, busy</source>
-        <translation>処理中のため、再生要求を破棄しました</translation>
     </message>
 </context>
 <context>

@@ -33,13 +33,12 @@ bool TidalAddRemoveFavouritesNode::getDataRequest(const CMGetDataRequest& reques
 
 void TidalAddRemoveFavouritesNode::on_node_invoke(const CMSetDataRequest& request)
 {
-    const QString id = TidalWorker::findQueryValue(request.path(), QStringLiteral("id"));
-    const QString type = TidalWorker::findQueryValue(request.path(), QStringLiteral("type"));
     const char* const member =
         m_isFavorite ? "on_removeFromFavorites_invoke" : "on_addToFavorites_invoke";
     QMetaObject::invokeMethod(m_worker->getHandler(), member, Qt::QueuedConnection,
-                              Q_ARG(CMSetDataRequest, request), Q_ARG(QString, type),
-                              Q_ARG(QString, id));
+                              Q_ARG(CMSetDataRequest, request),
+                              Q_ARG(QString, request.path().param(QStringLiteral("type"))),
+                              Q_ARG(QString, request.path().param(QStringLiteral("id"))));
 }
 
 TidalMoveTrackNode::TidalMoveTrackNode(TidalWorker* worker, const CMPath& path)

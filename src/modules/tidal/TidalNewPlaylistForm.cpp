@@ -76,10 +76,8 @@ void TidalPlaylistForm::on_acceptNode_invoked(const CMSetDataRequest& request)
         m_worker->getHandler()->createNewPlaylist(request, title, description);
         return;
     }
-    QString playlistId = TidalWorker::findQueryValue(request.path(), QStringLiteral("playlistId"));
-    if (playlistId.isEmpty())
-        playlistId = TidalWorker::findQueryValue(request.path(), QStringLiteral("id"));
-    m_worker->getHandler()->updatePlaylist(request, title, description, playlistId);
+    m_worker->getHandler()->updatePlaylist(request, title, description,
+                                           TidalWorker::playlistIdOf(request.path()));
 }
 
 void TidalPlaylistForm::clearFields()

@@ -13,21 +13,6 @@
 #include <kelo/PlayLogicInterface.h>
 
 namespace {
-/// The types of this module that travel in signals and queued calls, beside the host's.
-void registerMetaTypes()
-{
-    keloRegisterMetaTypes();
-    qRegisterMetaType<KeloTidalApiErrorResponse>("KeloTidalApiErrorResponse");
-    qRegisterMetaType<KeloTidalApiSessionsResponse>("KeloTidalApiSessionsResponse");
-    qRegisterMetaType<KeloTidalApiSubscriptionResponse>("KeloTidalApiSubscriptionResponse");
-    qRegisterMetaType<KeloTidalApiTrackResponse>("KeloTidalApiTrackResponse");
-    qRegisterMetaType<KeloTidalApiStreamUrlResponse>("KeloTidalApiStreamUrlResponse");
-    qRegisterMetaType<KeloTidalApiContentRootsResponse>("KeloTidalApiContentRootsResponse");
-    qRegisterMetaType<KeloTidalContextVariation::Enum>("KeloTidalContextVariation::Enum");
-    qRegisterMetaType<KeloTidalRequestType::Enum>("KeloTidalRequestType::Enum");
-    qRegisterMetaType<KeloTidalOrderingType::Enum>("KeloTidalOrderingType::Enum");
-}
-
 QString settingText(const CMPath& path)
 {
     const QVariant value = CMAbstractWorker::getValue(CMRoot(), path);
@@ -36,25 +21,19 @@ QString settingText(const CMPath& path)
 
 KeloOAuth2ServiceInfo serviceInfo()
 {
-    const QString deviceCodeUrl = settingText(KeloTidalDeviceCodeUrlPath());
-    const QString authorizationUrl = settingText(KeloTidalAuthorizationServiceUrlPath());
-    const QString clientId = settingText(KeloTidalClientIdPath());
-    const QString clientSecret = settingText(KeloTidalClientSecretPath());
-    const QString tokenUrl = settingText(KeloTidalTokenServiceUrlPath());
     const QString scope = settingText(KeloTidalScope());
-
     KeloOAuth2ServiceInfo info;
     info.setServiceName(KeloTidalName());
     info.setDisplayName(QStringLiteral("Tidal"));
-    info.setAuthorizationUrl(authorizationUrl);
-    info.setClientId(clientId);
-    info.setClientSecret(clientSecret);
-    info.setTokenUrl(tokenUrl);
+    info.setAuthorizationUrl(settingText(KeloTidalAuthorizationServiceUrlPath()));
+    info.setClientId(settingText(KeloTidalClientIdPath()));
+    info.setClientSecret(settingText(KeloTidalClientSecretPath()));
+    info.setTokenUrl(settingText(KeloTidalTokenServiceUrlPath()));
     info.setScope(scope);
     info.setScopeData(QVariant(scope));
     info.setUsePkce(true);
     info.setAuthMethod(KeloOAuth2AuthMethod::RequestBody_);
-    info.setDeviceCodeUrl(deviceCodeUrl);
+    info.setDeviceCodeUrl(settingText(KeloTidalDeviceCodeUrlPath()));
     return info;
 }
 } // namespace
@@ -77,7 +56,6 @@ extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
 TidalWorker::TidalWorker(const QVariantHash& settings)
     : CMNodesWorker(settings, KeloService_Tidal_Id())
 {
-    registerMetaTypes();
     CMActivateNode::create(nodes(), KeloTidalPlayIdPath(), this,
                            SLOT(on_tidalId_play(CMSetDataRequest)), Qt::QueuedConnection);
     CMActivateNode::create(nodes(), KeloTidalGetMediaPath(), this,
@@ -105,14 +83,14 @@ TidalWorker::TidalWorker(const QVariantHash& settings)
     m_playlistTracksSetting.setOrder(KeloTidalOrder::Index_);
     m_playlistTracksSetting.setOrderDirection(KeloTidalOrderDirection::Asc_);
 
-    m_message = CMListRowsNode::create(nodes(), KeloTidalMessagePath());
-    m_message->setTitle(KELO_TR("Info message"));
+    CMListRowsNode* message = CMListRowsNode::create(nodes(), KeloTidalMessagePath());
+    message->setTitle(KELO_TR("Info message"));
     KeloRowsRoles messageRoles;
     messageRoles.setType({KeloRowsRolesType::Default_});
-    m_message->setRowsRoles(messageRoles);
+    message->setRowsRoles(messageRoles);
     KeloRoles successful;
     successful.setTitle(KELO_TR("Successful"));
-    m_message->rowsAppend(successful);
+    message->rowsAppend(successful);
     m_top = CMListRowsNode::create(nodes(), addPrefix(QString()));
     m_top->setTitle(KELO_TR("TIDAL"));
 
@@ -159,17 +137,6 @@ void TidalWorker::on_internal_settingsChanged(KeloValue value)
         return;
     m_handler->setCountryCode(settings.countryCode());
     m_handler->setApiUrl(settings.apiUrl());
-}
-
-TidalBaseContextNode* TidalWorker::contextNode(KeloTidalContextVariation::Enum variation) const
-{
-    const std::size_t index = std::size_t(variation);
-    return index < m_contextNodes.size() ? m_contextNodes[index].load() : nullptr;
-}
-
-CMActivateNode* TidalWorker::addToPlaylistNode(bool isPlaylistContext) const
-{
-    return isPlaylistContext ? m_addToPlaylistInPlaylist : m_addToPlaylist;
 }
 
 CMPath TidalWorker::artistsPath() const

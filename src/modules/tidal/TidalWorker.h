@@ -1,24 +1,14 @@
 #pragma once
-#include <array>
-#include <atomic>
+#include "TidalTree.h"
 #include <kelo/CMNodesWorker.h>
 #include <kelo/CMValueItem.h>
 #include <kelo/KeloMediaData.h>
 #include <kelo/KeloTidalApi.h>
 #include <kelo/KeloTidalTypes.h>
-#include <QList>
 #include <QSet>
 
-class CMActivateNode;
-class CMListRowsNode;
-class CMQueryNode;
 class PlayLogicInterface;
-class TidalBaseContextNode;
-class TidalBrowseNode;
-class TidalBrowserContextNode;
 class TidalHandler;
-class TidalMoveTrackNode;
-class TidalPlaylistForm;
 
 /// How far the session of the logged-in user is set up.
 struct UserConfigState
@@ -54,15 +44,23 @@ public:
 
     TidalHandler* getHandler() const { return m_handler; }
     /// The menu of browsed items; null until the static tree is built.
-    TidalBrowserContextNode* getBrowserNode() const { return m_browserContext; }
+    TidalBrowserContextNode* getBrowserNode() const
+    {
+        return m_tree ? m_tree->browserContext : nullptr;
+    }
     /// The menu that the rows of a variation carry; null for an unknown variation and until the
     /// static tree is built. Any thread.
-    TidalBaseContextNode* contextNode(KeloTidalContextVariation::Enum variation) const;
+    TidalBaseContextNode* contextNode(KeloTidalContextVariation::Enum variation) const
+    {
+        return m_tree ? m_tree->contextNode(variation) : nullptr;
+    }
     /// The action under "/context" or under "/playlistcontext" that adds an item to a playlist.
-    CMActivateNode* addToPlaylistNode(bool isPlaylistContext) const;
-    TidalPlaylistForm* newPlaylistForm() const { return m_newPlaylistForm; }
-    TidalPlaylistForm* updatePlaylistForm() const { return m_updatePlaylistForm; }
-    CMListRowsNode* myMusicNode() const { return m_myMusic; }
+    CMActivateNode* addToPlaylistNode(bool isPlaylistContext) const
+    {
+        return isPlaylistContext ? m_tree->addToPlaylistInPlaylist : m_tree->addToPlaylist;
+    }
+    TidalPlaylistForm* newPlaylistForm() const { return m_tree->newPlaylistForm; }
+    CMListRowsNode* myMusicNode() const { return m_tree->myMusic; }
     /// Where the artists' pages stand. Any thread.
     CMPath artistsPath() const;
 
@@ -71,35 +69,41 @@ public:
     /// How the lists of My Music, and the tracks of playlists, are ordered.
     KeloTidalBrowseSetting& myMusicSetting() { return m_myMusicSetting; }
     KeloTidalBrowseSetting& playlistTracksSetting() { return m_playlistTracksSetting; }
-    /// Whether the tracks of playlists are listed in the playlists' own order.
-    bool isPlaylistOrder() const;
     /// The list of the user's playlists, or of the tracks of one, that was shown last; it is
     /// reloaded after an edit.
     const CMPath& playlistPath() const { return m_playlistPath; }
     void setPlaylistPath(const CMPath& path) { m_playlistPath = path; }
     /// The path that a client opened or closed last, menus and the create form aside.
-    const CMPath& currentPath() const { return m_currentPath; }
+    const CMPath& currentPath() const { return m_open.current; }
 
     /// Number of the newest set-up of the session. Grows with each, and when the user logs out, so
     /// that what is asked for on behalf of one login is told from what the next one asks for.
-    int setUpNumber() const { return m_setUpNumber; }
+    int setUpNumber() const { return m_session.number; }
     /// Whether a login or logout has been published that the worker has not dealt with yet: then
     /// the account and the access token may be of two logins.
     bool isLoginChanging() const { return m_oauthItem && m_oauthItem->isAhead(); }
     /// What a request is answered with that the end of its login has overtaken.
     static CMError loggedOutError();
-    bool isUserConfigured() const { return m_userState == UserConfigState::Configured; }
+    bool isUserConfigured() const { return m_session.state == UserConfigState::Configured; }
     bool isUserConfiguring() const;
     /// Builds what is missing of the static tree; false when it cannot be built.
     bool buildStaticStructure();
 
     /// A parameter of a path; empty when there is none.
-    static QString findQueryValue(const CMPath& path, const QString& name);
+    static QString findQueryValue(const CMPath& path, const QString& name)
+    {
+        return path.param(name);
+    }
+    /// The playlist that an edit is about, by the path of its request.
+    static QString playlistIdOf(const CMPath& path);
     /// Tells clients that rows under a path changed.
-    void changeRowsSubscribe(const CMPath& path, QStringList changes, int count);
+    void changeRowsSubscribe(const CMPath& path, QStringList changes, int count)
+    {
+        nodes()->subscribe()->rowsChanged(path, changes, count, -1);
+    }
 
-    void addGenresNode(CMListRowsNode* node);
-    void addMoodsNode(TidalBrowseNode* node);
+    void addGenresNode(CMListRowsNode* node) { m_genreNodes.append(node); }
+    void addMoodsNode(TidalBrowseNode* node) { m_moodNodes.append(node); }
     /// The first genre or mood node at the path; null when there is none.
     CMListRowsNode* getGenresNode(const CMPath& path) const;
     TidalBrowseNode* getMoodsNode(const CMPath& path) const;
@@ -160,7 +164,45 @@ public Q_SLOTS:
     void on_move_activation(const CMSetDataRequest& request);
 
 private:
+    /// The set-up of the user's session, and the requests that wait for it.
+    struct Session
+    {
+        int state = UserConfigState::NotConfigured;
+        int number = 0;             ///< see setUpNumber()
+        QList<CMRequest> postponed; ///< in order of arrival; filled while a set-up runs
+    };
+
+    /// What clients have open.
+    struct OpenPaths
+    {
+        QSet<CMPath> entered; ///< rows paths
+        CMPath current;       ///< see currentPath()
+
+        /// A path has been opened or closed, and becomes current if it can.
+        void note(const CMPath& path);
+    };
+
     enum class PlayState { Idle = 0, RequestMedia = 1, MediaPending = 2, MediaReady = 3 };
+
+    /// Bringing one item to the player.
+    struct PlayAttempt
+    {
+        PlayState state = PlayState::Idle;
+        CMSetDataRequest request;      ///< null when nothing has been asked to play
+        CMSetDataRequest mediaRequest; ///< the look-up of the stream; the last one asked
+        CMSetDataRequest trackRequest; ///< the look-up of the track; the last one asked
+        QString trackId;               ///< of the play request; empty when it names none
+        KeloMediaData mediaData;       ///< of the play request, completed by the look-ups
+        KeloRoles itemRoles;           ///< what the player is told beside the media data
+
+        static bool isPending(const CMSetDataRequest& request);
+        bool isPlayPending() const { return isPending(request); }
+        bool isMediaPending() const { return isPending(mediaRequest); }
+        bool isTrackPending() const { return isPending(trackRequest); }
+        bool isMediaMetaData() const;
+        bool isMediaResource() const;
+        bool isMediaReady() const { return isMediaMetaData() && isMediaResource(); }
+    };
 
     /// Sends the service's data to the host's OAuth2 service and waits until it has taken them.
     void registerService();
@@ -185,26 +227,6 @@ private:
     void updateUIStructure();
     /// Appends a request to the postponed ones, or refuses it when there are too many.
     void postpone(const CMRequest& request);
-    /// Whether a path can become the current one.
-    static bool isTrackedPath(const CMPath& path);
-
-    bool isStaticStructureBuilt() const { return m_browserContext != nullptr; }
-    void buildContext();
-    void buildSearch();
-    void buildTopMenus();
-    void buildMyMusic();
-    void buildDiscoveryAndRising();
-    void buildNew();
-    void buildPlaylistContexts();
-    void buildForms();
-    CMActivateNode* createAddToPlaylist(const CMPath& contextPath);
-    CMListRowsNode* createMenu(const QString& subpath, const TrString& title);
-    TidalBrowseNode* createList(const CMPath& path, const TrString& title);
-    TidalBrowseNode* createPlayableList(const CMPath& path, const TrString& title,
-                                        const CMPath& contextPath);
-    /// A list of the New menu; `kind` is one of KeloTidalPlaylists() and its like.
-    TidalBrowseNode* createFeatured(const QString& api, const QString& group, const QString& kind,
-                                    const TrString& title);
 
     /// Tells clients of the tracks that were added to a playlist, once it has been read anew.
     void notifyAdded(const QString& playlistId, const QString& trackIds);
@@ -213,28 +235,34 @@ private:
     /// A playlist was to be deleted: tells clients of its tracks if it is gone, and forgets them.
     void notifyDeleted(const QString& playlistId, bool isGone);
 
+    /// Whether an answer names roots that are to be taken.
+    bool hasRoots(const KeloTidalApiContentRootsResponse& roots,
+                  const KeloTidalApiErrorResponse& error) const;
+    /// Fills a menu that is empty with an entry for each root, and tells clients of the top node.
+    void addRoots(CMListRowsNode* menu, const KeloTidalApiContentRootsResponse& roots,
+                  void (TidalWorker::*addRoot)(const KeloTidalApiContentRoots&));
     /// A menu entry for a genre or a mood, unless there is one.
     void addGenre(const KeloTidalApiContentRoots& root);
     void addMood(const KeloTidalApiContentRoots& root);
-    /// Tells clients of the top node that one of its menus has been filled.
-    void notifyTop(const CMListRowsNode* menu);
+    /// Tells clients that a menu is to be read anew.
+    void notifyReset(const CMListRowsNode* menu);
 
-    bool isPlayPending() const;
-    bool isMediaPending() const;
-    bool isTrackPending() const;
-    bool isMediaMetaData() const;
-    bool isMediaResource() const;
-    bool isMediaReady() const;
+    /// Whether an item is on its way to the player; then a request to play another is refused.
+    bool refuseBusy(const CMSetDataRequest& request) const;
+    /// Reference of the play item that a request carries; empty, with an error on the request,
+    /// where it names none.
+    static QString playItemReference(const CMSetDataRequest& request);
     /// Makes a request the play request, forgets everything of the attempt before it, and starts.
     void beginPlay(const CMSetDataRequest& request, const KeloMediaData& mediaData);
-    /// Idle, without media data, roles and requests; look-ups under way are answered with an error.
-    void resetPlay(const CMError& error);
-    /// The one way in which an attempt fails.
-    void failPlay(const CMError& error);
+    /// The one way in which an attempt fails; look-ups under way are answered with the error, too.
+    void failPlay(const TrString& message);
     void onPrePlay(const CMSetDataRequest& request);
     void onStatePlayRequestMedia(const CMSetDataRequest& request);
     void onStatePlayRequestMediaPending(const CMSetDataRequest& request);
     void onStatePlayRequestMediaReady();
+    /// Ends a look-up with the service's answer, which is wrong when it is of another item.
+    void finishLookUp(const CMSetDataRequest& lookUp, const QVariant& response, bool isForeign,
+                      const KeloTidalApiErrorResponse& error);
     void completeMetaData(const KeloTidalApiTrackResponse& track);
     /// False when the manifest was refused and the attempt has ended.
     bool completeResource(const KeloTidalApiStreamUrlResponse& stream);
@@ -242,58 +270,18 @@ private:
     TidalHandler* m_handler = nullptr; ///< a child
     CMValueItem* m_settingsItem = nullptr;
     CMValueItem* m_oauthItem = nullptr;
+    PlayLogicInterface* m_player = nullptr; ///< outlives the worker
     KeloTidalSettings m_settings;
     KeloTidalBrowseSetting m_myMusicSetting;
     KeloTidalBrowseSetting m_playlistTracksSetting;
 
-    int m_userState = UserConfigState::NotConfigured;
-    int m_setUpNumber = 0;
-    QList<CMRequest> m_postponedRequests; ///< in order of arrival; filled while a set-up runs
-    QSet<CMPath> m_enteredPaths;          ///< rows paths that clients have open
-    CMPath m_currentPath;
-    CMPath m_playlistPath;
-
-    // Nodes; owned by the tree, null until built.
-    CMListRowsNode* m_message = nullptr;
     CMListRowsNode* m_top = nullptr;
-    TidalBrowserContextNode* m_browserContext = nullptr;
-    CMActivateNode* m_addToPlaylist = nullptr;
-    CMListRowsNode* m_searchContainer = nullptr;
-    CMQueryNode* m_search = nullptr;
-    CMListRowsNode* m_searchChoice = nullptr;
-    CMListRowsNode* m_genres = nullptr;
-    CMListRowsNode* m_playlists = nullptr;
-    CMListRowsNode* m_myMusic = nullptr;
-    CMListRowsNode* m_discovery = nullptr;
-    CMListRowsNode* m_rising = nullptr;
-    CMListRowsNode* m_new = nullptr;
-    TidalBrowseNode* m_favoriteArtists = nullptr;
-    TidalBrowseNode* m_newPlaylists = nullptr;
-    TidalBrowseNode* m_recommendedPlaylists = nullptr;
-    TidalBrowseNode* m_newAlbums = nullptr;
-    TidalBrowseNode* m_recommendedAlbums = nullptr;
-    TidalBrowseNode* m_topAlbums = nullptr;
-    TidalBrowseNode* m_newTracks = nullptr;
-    TidalBrowseNode* m_recommendedTracks = nullptr;
-    TidalBrowseNode* m_topTracks = nullptr;
-    TidalBrowserContextNode* m_playlistContext = nullptr;
-    CMActivateNode* m_addToPlaylistInPlaylist = nullptr;
-    TidalMoveTrackNode* m_moveTrack = nullptr;
-    TidalPlaylistForm* m_newPlaylistForm = nullptr;
-    TidalPlaylistForm* m_updatePlaylistForm = nullptr;
+    std::unique_ptr<const TidalTree> m_tree; ///< null until the static tree is built
     QList<CMListRowsNode*> m_genreNodes;
     QList<TidalBrowseNode*> m_moodNodes;
-    std::vector<KeloTidalApiContentRoots> m_featuredRoots; ///< as the service named them last
-    /// By variation; read on any thread.
-    std::array<std::atomic<TidalBaseContextNode*>, 4> m_contextNodes{};
 
-    // Playing one item.
-    PlayLogicInterface* m_player = nullptr; ///< outlives the worker
-    PlayState m_playState = PlayState::Idle;
-    CMSetDataRequest m_playRequest;  ///< null when nothing plays or has been asked to
-    CMSetDataRequest m_mediaRequest; ///< the look-up of the stream; the last one asked
-    CMSetDataRequest m_trackRequest; ///< the look-up of the track; the last one asked
-    QString m_playTrackId;           ///< of the play request; empty when it names none
-    KeloMediaData m_mediaData;       ///< of the play request, completed by the look-ups
-    KeloRoles m_playItemRoles;       ///< what the player is told beside the media data
+    Session m_session;
+    OpenPaths m_open;
+    CMPath m_playlistPath;
+    PlayAttempt m_play;
 };

@@ -4,7 +4,6 @@
 #include "TidalEditNode.h"
 #include "TidalHandler.h"
 #include "TidalNewPlaylistForm.h"
-#include "TidalWorker.h"
 #include <algorithm>
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMSubscribe.h>
@@ -56,20 +55,32 @@ CMPath tracksPath(const QString& playlistId)
     return path;
 }
 
+/// The menu of a playlist's tracks counts as the menu of playlists; deliberate.
+bool isPlaylistMenu(KeloTidalContextVariation::Enum variation)
+{
+    return variation == KeloTidalContextVariation::PlaylistTracks ||
+           variation == KeloTidalContextVariation::Playlist;
+}
+
 CMError noRowError()
 {
-    return CMError(QStringLiteral("TIDAL"), KELO_TR("Which row of the playlist is not said"));
+    return tidalError(KELO_TR("Which row of the playlist is not said"));
 }
 } // namespace
+
+QString TidalWorker::playlistIdOf(const CMPath& path)
+{
+    const QString id = path.param(QStringLiteral("playlistId"));
+    return id.isEmpty() ? path.param(QStringLiteral("id")) : id;
+}
 
 void TidalWorker::on_addToPlaylist_invoke(const CMSetDataRequest& request)
 {
     const CMPath& path = request.path();
-    const QString type = findQueryValue(path, QStringLiteral("type"));
-    const QString id = findQueryValue(path, QStringLiteral("id"));
+    const QString type = path.param(QStringLiteral("type"));
+    const QString id = path.param(QStringLiteral("id"));
     if (type == KeloTidalTracks())
-        m_handler->loopPlaylistManipulation(
-            request, findQueryValue(path, QStringLiteral("playlistId")), QVariant(id));
+        m_handler->loopPlaylistManipulation(request, path.param(QStringLiteral("playlistId")), id);
     else
         m_handler->getTracksForPlaylists(request, type, id);
 }
@@ -77,18 +88,17 @@ void TidalWorker::on_addToPlaylist_invoke(const CMSetDataRequest& request)
 void TidalWorker::on_removeFromPlaylist_invoke(const CMSetDataRequest& request)
 {
     const CMPath& path = request.path();
-    const QString row = findQueryValue(path, QStringLiteral("rowNum"));
-    const QString type = findQueryValue(path, QStringLiteral("type"));
+    const QString row = path.param(QStringLiteral("rowNum"));
+    const QString type = path.param(QStringLiteral("type"));
     if (type == KeloTidalTracks()) {
         // Without a row the whole playlist would go.
         if (areRowNumbers(row))
-            m_handler->loopPlaylistManipulation(
-                request, findQueryValue(path, QStringLiteral("playlistId")), QVariant(row));
+            m_handler->loopPlaylistManipulation(request, path.param(QStringLiteral("playlistId")),
+                                                row);
         else
             request.reply().setError(noRowError());
     } else if (type == KeloTidalPlaylists()) {
-        m_handler->loopPlaylistManipulation(request, findQueryValue(path, QStringLiteral("id")),
-                                            QVariant());
+        m_handler->loopPlaylistManipulation(request, path.param(QStringLiteral("id")), QVariant());
     }
     // Another type is left unanswered; deliberate, there is no such menu.
 }
@@ -96,19 +106,15 @@ void TidalWorker::on_removeFromPlaylist_invoke(const CMSetDataRequest& request)
 void TidalWorker::on_move_activation(const CMSetDataRequest& request)
 {
     const CMPath& path = request.path();
-    if (!isRowNumber(findQueryValue(path, QStringLiteral("rowNum")))) {
+    const QString target = m_tree->moveTrack->getRowNum();
+    if (!isRowNumber(path.param(QStringLiteral("rowNum"))))
         request.reply().setError(noRowError());
-        return;
-    }
-    const QString target = m_moveTrack->getRowNum();
     // A place before the first one would be the last one to the service.
-    if (!isRowNumber(target)) {
-        request.reply().setError(
-            CMError(QStringLiteral("TIDAL"), KELO_TR("The rows of a playlist are counted from 0")));
-        return;
-    }
-    m_handler->loopPlaylistManipulation(request, findQueryValue(path, QStringLiteral("playlistId")),
-                                        QVariant(target));
+    else if (!isRowNumber(target))
+        request.reply().setError(tidalError(KELO_TR("The rows of a playlist are counted from 0")));
+    else
+        m_handler->loopPlaylistManipulation(request, path.param(QStringLiteral("playlistId")),
+                                            target);
 }
 
 void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
@@ -120,20 +126,14 @@ void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
     const bool isOfThisLogin = !m_handler->responder()->isOfEarlierLogin();
     if (isStaleTag(error) && isOfThisLogin) {
         // As often as it takes, until the host has given the request up.
-        if (request.reply().isFinished())
-            return;
-        QString id = findQueryValue(request.path(), QStringLiteral("playlistId"));
-        if (id.isEmpty())
-            id = findQueryValue(request.path(), QStringLiteral("id"));
-        m_handler->loopPlaylistManipulation(request, id, value);
+        if (!request.reply().isFinished())
+            m_handler->loopPlaylistManipulation(request, playlistIdOf(request.path()), value);
         return;
     }
     // Any other refusal ends like a success: clients reload what may have changed; deliberate.
     logRefusal(request.path(), error);
-    // The menu of a playlist's tracks counts as the menu of playlists; deliberate.
-    const bool isPlaylistMenu = variation == KeloTidalContextVariation::PlaylistTracks ||
-                                variation == KeloTidalContextVariation::Playlist;
-    const TidalBrowserContextNode* menu = isPlaylistMenu ? m_playlistContext : m_browserContext;
+    const TidalBrowserContextNode* menu =
+        isPlaylistMenu(variation) ? m_tree->playlistContext : m_tree->browserContext;
     const CMPath listPath = menu->getPlaylistPath();
     nodes()->subscribe()->changedStartingWith(listPath, CMSubscribe::RowsChangeClose(), -1);
     if (!isOfThisLogin)
@@ -143,7 +143,7 @@ void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
     else if (!value.toString().isEmpty())
         notifyRemoved(playlistId, value.toString());
     else
-        notifyDeleted(playlistId.isEmpty() ? findQueryValue(request.path(), QStringLiteral("id"))
+        notifyDeleted(playlistId.isEmpty() ? request.path().param(QStringLiteral("id"))
                                            : playlistId,
                       error.isEmpty());
 
@@ -153,16 +153,13 @@ void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
     request.reply().setValue(tidalActionReply(reloads).toVariant());
 }
 
-bool TidalWorker::isPlaylistOrder() const
-{
-    return m_playlistTracksSetting.order() == KeloTidalOrder::Index_ &&
-           m_playlistTracksSetting.orderDirection() == KeloTidalOrderDirection::Asc_;
-}
-
 void TidalWorker::notifyRemoved(const QString& playlistId, const QString& places)
 {
     const CMPath tracks = tracksPath(playlistId);
-    if (isPlaylistOrder())
+    const bool isPlaylistOrder =
+        m_playlistTracksSetting.order() == KeloTidalOrder::Index_ &&
+        m_playlistTracksSetting.orderDirection() == KeloTidalOrderDirection::Asc_;
+    if (isPlaylistOrder)
         changeRowsSubscribe(tracks, {QLatin1Char('-') + places}, 0);
     else // in which row a place is shown is not known
         nodes()->subscribe()->rowsChanged(tracks, CMSubscribe::RowsChangeReset(), -1);
@@ -199,22 +196,18 @@ void TidalWorker::on_tidalHandler_finishedFavorites(CMSetDataRequest request,
     // A refusal ends like a success; deliberate.
     logRefusal(request.path(), error);
     const TidalBaseContextNode* menu = contextNode(KeloTidalContextVariation::Base);
-    if (variation == KeloTidalContextVariation::Browse)
-        menu = m_browserContext;
-    else if (variation == KeloTidalContextVariation::PlaylistTracks ||
-             variation == KeloTidalContextVariation::Playlist)
-        menu = m_playlistContext;
+    if (isPlaylistMenu(variation))
+        menu = m_tree->playlistContext;
+    else if (variation == KeloTidalContextVariation::Browse)
+        menu = m_tree->browserContext;
     request.reply().setValue(tidalActionReply({menu->path()}).toVariant());
 
     // The variation names the list, whatever the item is; deliberate.
-    QString kind;
-    if (variation < KeloTidalContextVariation::Playlist)
-        kind = KeloTidalTracks();
-    else if (variation == KeloTidalContextVariation::Playlist)
-        kind = KeloTidalPlaylists();
-    else
+    if (variation > KeloTidalContextVariation::Playlist)
         return;
-    const CMPath list = m_myMusic->path() + KeloTidalRequest() + KeloTidalApiPathFavorites() +
+    const QString& kind =
+        variation == KeloTidalContextVariation::Playlist ? KeloTidalPlaylists() : KeloTidalTracks();
+    const CMPath list = m_tree->myMusic->path() + KeloTidalRequest() + KeloTidalApiPathFavorites() +
                         KeloTidalApiPathUsers() + QStringLiteral("/") + kind.toLower();
     nodes()->subscribe()->rowsChanged(list, CMSubscribe::RowsChangeReset(), -1);
 }
@@ -222,15 +215,15 @@ void TidalWorker::on_tidalHandler_finishedFavorites(CMSetDataRequest request,
 void TidalWorker::on_newPlaylist_invoke(const CMSetDataRequest& request, const QString& playlistId,
                                         const QString& etag)
 {
-    m_newPlaylistForm->addPlaylistFinish(request, playlistId, etag);
+    m_tree->newPlaylistForm->addPlaylistFinish(request, playlistId, etag);
 }
 
 void TidalWorker::on_updatePlaylist_invoke(const CMSetDataRequest& request)
 {
-    m_updatePlaylistForm->updatePlaylistFinish(request);
+    m_tree->updatePlaylistForm->updatePlaylistFinish(request);
 }
 
 void TidalWorker::on_movePlaylistTrack_invoke(const CMSetDataRequest& request)
 {
-    m_moveTrack->movePlaylistTrackFinish(request);
+    m_tree->moveTrack->movePlaylistTrackFinish(request);
 }

@@ -1,19 +1,11 @@
 // The gate that requests pass, the set-up of the user's session, and logging in and out.
+#include "TidalActionReply.h"
 #include "TidalHandler.h"
-#include "TidalWorker.h"
+#include "TidalNode.h"
 #include <kelo/CMListRowsNode.h>
-#include <kelo/CMQueryNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloOAuth2.h>
 #include <kelo/KeloPost.h>
-#include <kelo/KeloTidalConstants.h>
-
-namespace {
-CMError tidalError(const TrString& message)
-{
-    return CMError(QStringLiteral("TIDAL"), message);
-}
-} // namespace
 
 bool TidalWorker::isLoggedIn() const
 {
@@ -28,8 +20,17 @@ CMError TidalWorker::loggedOutError()
 
 bool TidalWorker::isUserConfiguring() const
 {
-    return m_userState != UserConfigState::NotConfigured &&
-           m_userState != UserConfigState::Configured;
+    return m_session.state != UserConfigState::NotConfigured &&
+           m_session.state != UserConfigState::Configured;
+}
+
+bool TidalWorker::buildStaticStructure()
+{
+    if (!m_tree) {
+        m_tree = std::make_unique<TidalTree>(this);
+        resetTopNode();
+    }
+    return true;
 }
 
 bool TidalWorker::configure(const CMRequest& request)
@@ -47,12 +48,12 @@ bool TidalWorker::configure(const CMRequest& request)
             request.reply().setError(tidalError(KELO_TR("Not logged into TIDAL!")));
         return false;
     }
-    if (m_userState != UserConfigState::NotConfigured && isLoginChanging()) {
+    if (m_session.state != UserConfigState::NotConfigured && isLoginChanging()) {
         // Behind the notice, so that it is served in the login that it finds.
         keloPost(this, [this, request] { returnToRequest(request); });
         return false;
     }
-    switch (m_userState) {
+    switch (m_session.state) {
     case UserConfigState::Configured:
         return true;
     case UserConfigState::SessionPending:
@@ -76,20 +77,20 @@ void TidalWorker::configureUser()
         return;
     }
     // The state comes before the request, so that an answer finds it whenever it comes.
-    switch (m_userState) {
+    switch (m_session.state) {
     case UserConfigState::NotConfigured:
-        m_userState = UserConfigState::SessionPending;
-        ++m_setUpNumber;
+        m_session.state = UserConfigState::SessionPending;
+        ++m_session.number;
         if (!m_handler->retrieveSession())
             failSetUp(KELO_TR("Failed to initialize TIDAL"));
         break;
     case UserConfigState::SessionPending:
-        m_userState = UserConfigState::SubscriptionPending;
+        m_session.state = UserConfigState::SubscriptionPending;
         if (!m_handler->subscribe())
             failSetUp(KELO_TR("Failed to initialize TIDAL"));
         break;
     case UserConfigState::SubscriptionPending:
-        m_userState = UserConfigState::Configured;
+        m_session.state = UserConfigState::Configured;
         finishPosponedRequests(CMError());
         break;
     case UserConfigState::Configured:
@@ -100,22 +101,22 @@ void TidalWorker::configureUser()
 
 void TidalWorker::failSetUp(const TrString& message)
 {
-    m_userState = UserConfigState::NotConfigured;
+    m_session.state = UserConfigState::NotConfigured;
     finishPosponedRequests(tidalError(message));
 }
 
 void TidalWorker::resumeSetUp()
 {
-    if (m_userState == UserConfigState::NotConfigured && !m_postponedRequests.isEmpty())
+    if (m_session.state == UserConfigState::NotConfigured && !m_session.postponed.isEmpty())
         configureUser();
 }
 
 bool TidalWorker::isExpectedAnswer(UserConfigState::Enum state)
 {
-    if (m_userState == state && !m_handler->responder()->isOfEarlierLogin()) {
+    if (m_session.state == state && !m_handler->responder()->isOfEarlierLogin()) {
         if (!isLoginChanging())
             return true;
-        m_userState = UserConfigState::NotConfigured;
+        m_session.state = UserConfigState::NotConfigured;
     }
     KELO_LOG("Tidal", DEBUG) << "Answer of an earlier set-up dropped";
     resumeSetUp();
@@ -161,12 +162,12 @@ void TidalWorker::on_serviceOAuth_changed(const KeloValue& newValue, const KeloV
     if (oldValue.isEmpty() || loggedIn == oldValue.oauth2Info().loggedIn())
         return;
     if (!loggedIn) {
-        m_userState = UserConfigState::NotConfigured;
-        ++m_setUpNumber;
+        m_session.state = UserConfigState::NotConfigured;
+        ++m_session.number;
         m_handler->resetAccount();
         m_playlistPath = CMPath();
         // A copy: clients that are told may close their paths at once.
-        const QSet<CMPath> entered = m_enteredPaths;
+        const QSet<CMPath> entered = m_open.entered;
         for (const CMPath& path : entered)
             nodes()->subscribe()->changedStartingWith(path, CMSubscribe::RowsChangeClose(), -1, -1);
     }
@@ -179,23 +180,19 @@ void TidalWorker::resetTopNode()
 {
     const bool loggedIn = isLoggedIn();
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal")
-        << "Is ui initialize: " << isStaticStructureBuilt() << ", is logged in: " << loggedIn;
-    if (!isStaticStructureBuilt())
+        << "Is ui initialize: " << bool(m_tree) << ", is logged in: " << loggedIn;
+    if (!m_tree)
         return;
     m_top->rowsClear();
     m_top->setSearchPath(CMPath());
     if (!loggedIn) {
-        KeloRoles text;
-        text.setType(KeloRolesType::Text_);
-        text.setTitle(KELO_TR("Please login to continue"));
-        m_top->rowsAppend(text);
+        m_top->rowsAppend(tidalRow(KeloRolesType::Text_, KELO_TR("Please login to continue")));
         m_top->rowsAppend(loginPath());
         return;
     }
-    for (const CMListRowsNode* menu :
-         {m_new, m_rising, m_discovery, m_playlists, m_genres, m_myMusic})
+    for (const CMListRowsNode* menu : m_tree->topMenus)
         m_top->rowsAppend(menu->path());
-    m_top->setSearchPath(m_searchContainer->path());
+    m_top->setSearchPath(m_tree->searchContainer->path());
 }
 
 void TidalWorker::updateUIStructure()
@@ -203,7 +200,7 @@ void TidalWorker::updateUIStructure()
     if (!buildStaticStructure())
         return;
     m_handler->getContentRoots(QStringLiteral("featured"));
-    if (m_genres->rowsSize() > 0)
+    if (m_tree->genres->rowsSize() > 0)
         return;
     m_handler->getContentRoots(QStringLiteral("genres"));
     m_handler->getContentRoots(QStringLiteral("moods"));

@@ -1,18 +1,13 @@
 // The service's answers about one item, and the host's question for its media data.
+#include "TidalActionReply.h"
 #include "TidalHandler.h"
 #include "TidalItemRows.h"
-#include "TidalWorker.h"
+#include "TidalNode.h"
 #include <kelo/KeloJson.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloMimeTypes.h>
-#include <kelo/KeloTidalConstants.h>
 
 namespace {
-CMError mediaError(const TrString& message)
-{
-    return CMError(QStringLiteral("Error"), message);
-}
-
 /// Whether an answer names another item than the one with the id.
 bool isForeign(const QString& id, bool hasId, qint64 answered)
 {
@@ -20,77 +15,65 @@ bool isForeign(const QString& id, bool hasId, qint64 answered)
     const qint64 asked = id.toLongLong(&isNumber);
     return hasId && (!isNumber || asked != answered);
 }
-
-CMSetDataRequest withResponse(const CMSetDataRequest& lookUp, const QVariant& response)
-{
-    const QVariantHash value{{KeloRoles::Value(), response}};
-    return CMSetDataRequest(lookUp.path(), KeloRoles::Value(), value, CMVoidReply());
-}
-
-CMError serviceError(const KeloTidalApiErrorResponse& error, const TrString& fallback)
-{
-    const QString message = error.userMessage();
-    return mediaError(message.isEmpty() ? fallback : TrString(message));
-}
 } // namespace
+
+void TidalWorker::finishLookUp(const CMSetDataRequest& lookUp, const QVariant& response,
+                               bool isForeign, const KeloTidalApiErrorResponse& error)
+{
+    if (!error.isEmpty()) {
+        const QString message = error.userMessage();
+        failPlay(message.isEmpty() ? KELO_TR("media data request failed") : TrString(message));
+        return;
+    }
+    if (isForeign) {
+        failPlay(KELO_TR("media data resolution incomplete"));
+        return;
+    }
+    lookUp.reply().setValue(response);
+    if (m_play.state == PlayState::MediaPending && m_play.isPlayPending())
+        on_internal_play(CMSetDataRequest(lookUp.path(), KeloRoles::Value(),
+                                          QVariantHash{{KeloRoles::Value(), response}},
+                                          CMVoidReply()));
+}
 
 void TidalWorker::on_tidalHandler_track(KeloTidalApiTrackResponse response,
                                         KeloTidalApiErrorResponse error)
 {
     // An attempt that has ended may still get answers: they are told by their request.
     const CMRequest& answered = m_handler->responder()->answeredRequest();
-    if (!isTrackPending() || (!answered.isNull() && !(answered == m_trackRequest)))
+    const CMSetDataRequest lookUp = m_play.trackRequest;
+    if (!m_play.isTrackPending() || (!answered.isNull() && !(answered == lookUp)))
         return;
-    if (!error.isEmpty()) {
-        failPlay(serviceError(error, KELO_TR("media data request failed")));
-        return;
-    }
-    const QString id = findQueryValue(m_trackRequest.path(), QStringLiteral("trackId"));
-    if (isForeign(id, response.contains(QStringLiteral("id")), response.id())) {
-        failPlay(mediaError(KELO_TR("media data resolution incomplete")));
-        return;
-    }
-    const QVariant value = QVariant::fromValue(response);
-    m_trackRequest.reply().setValue(value);
-    if (m_playState == PlayState::MediaPending && isPlayPending())
-        on_internal_play(withResponse(m_trackRequest, value));
+    const QString id = lookUp.path().param(QStringLiteral("trackId"));
+    finishLookUp(lookUp, QVariant::fromValue(response),
+                 isForeign(id, response.contains(QStringLiteral("id")), response.id()), error);
 }
 
 void TidalWorker::on_tidalHandler_streamUrl(KeloTidalApiStreamUrlResponse response,
                                             KeloTidalApiErrorResponse error,
                                             const CMSetDataRequest& request)
 {
-    if (!isMediaPending() || !(request == m_mediaRequest))
+    if (!m_play.isMediaPending() || !(request == m_play.mediaRequest))
         return;
-    if (!error.isEmpty()) {
-        failPlay(serviceError(error, KELO_TR("media data request failed")));
-        return;
-    }
-    const QString id = m_mediaRequest.path().splitBase().value(1);
+    const QString id = request.path().splitBase().value(1);
     const bool hasId = response.contains(KeloTidalApiStreamUrlResponse::TrackId());
-    if (isForeign(id, hasId, response.trackId())) {
-        failPlay(mediaError(KELO_TR("media data resolution incomplete")));
-        return;
-    }
-    const QVariant value = QVariant::fromValue(response);
-    m_mediaRequest.reply().setValue(value);
-    if (m_playState == PlayState::MediaPending && isPlayPending())
-        on_internal_play(withResponse(m_mediaRequest, value));
+    finishLookUp(request, QVariant::fromValue(response), isForeign(id, hasId, response.trackId()),
+                 error);
 }
 
 void TidalWorker::completeMetaData(const KeloTidalApiTrackResponse& track)
 {
-    KeloMetaData metaData = m_mediaData.metaData();
+    KeloMetaData metaData = m_play.mediaData.metaData();
     metaData.setAlbum(track.album().title());
     metaData.setArtist(track.artist().name());
     metaData.setServiceID(KeloService_Tidal_Id());
-    m_mediaData.setMetaData(metaData);
+    m_play.mediaData.setMetaData(metaData);
 
-    m_playItemRoles.setType(KeloRolesType::Audio_);
-    m_playItemRoles.setTitle(track.title());
+    m_play.itemRoles.setType(KeloRolesType::Audio_);
+    m_play.itemRoles.setTitle(track.title());
     const QString cover = track.album().cover();
     if (!cover.isEmpty())
-        m_playItemRoles.setIcon(
+        m_play.itemRoles.setIcon(
             TidalImageUrl(m_settings.imageUrl(), m_settings.imageSize()).of(cover.toStdString()));
 }
 
@@ -98,7 +81,7 @@ bool TidalWorker::completeResource(const KeloTidalApiStreamUrlResponse& stream)
 {
     if (stream.manifestMimeType() != QStringLiteral("application/vnd.tidal.bts")) {
         KELO_LOG("Tidal", ERROR) << "Unsupported manifest type: " << stream.manifestMimeType();
-        failPlay(mediaError(KELO_TR("unsupported manifest type")));
+        failPlay(KELO_TR("unsupported manifest type"));
         return false;
     }
     const QByteArray text = QByteArray::fromBase64(stream.manifest().toLatin1());
@@ -109,35 +92,29 @@ bool TidalWorker::completeResource(const KeloTidalApiStreamUrlResponse& stream)
         KELO_LOG("Tidal", ERROR) << "Failed to parse manifest file: "
                                  << (manifest.isEmpty() ? stream.manifest()
                                                         : QStringLiteral("no address"));
-        failPlay(mediaError(KELO_TR("invalid manifest")));
+        failPlay(KELO_TR("invalid manifest"));
         return false;
     }
-    KeloResource resource = m_mediaData.resources().value(0);
+    KeloResource resource = m_play.mediaData.resources().value(0);
     resource.setUri(address);
     resource.setMimeType(manifest.mimeType());
     resource.setMaxIdleTime(m_settings.maxIdleTimeMs());
-    m_mediaData.setResources({resource});
+    m_play.mediaData.setResources({resource});
     return true;
 }
 
 void TidalWorker::on_media_get(const CMSetDataRequest& request)
 {
-    const QVariantHash item = request.value().toHash();
-    if (!item.contains(KeloTidalPlayItem::Id())) {
-        request.reply().setError(mediaError(KELO_TR("track id not set")));
+    const QString reference = playItemReference(request);
+    if (reference.isEmpty())
         return;
-    }
-    QString reference = item.value(KeloTidalPlayItem::Id()).toString();
-    if (!reference.contains(KeloTidalPlayItemPrefix()))
-        reference.prepend(KeloTidalPlayItemPrefix());
-    KeloMetaData metaData;
+    KeloMediaData mediaData = tidalMediaData();
+    KeloMetaData metaData = mediaData.metaData();
     metaData.setPrePlayPath(KeloTidalPlayMediaPath());
     metaData.setPrePlayData(reference);
-    metaData.setServiceID(KeloService_Tidal_Id());
+    mediaData.setMetaData(metaData);
     KeloResource resource;
     resource.setMimeType(MimeTypes::Text::plain());
-    KeloMediaData mediaData;
-    mediaData.setMetaData(metaData);
     mediaData.setResources({resource});
     request.reply().setValue(mediaData.toVariant());
 }

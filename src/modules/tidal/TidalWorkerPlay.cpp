@@ -1,23 +1,18 @@
 // Playing one item: what is missing of it is looked up, then the player gets it.
+#include "TidalActionReply.h"
 #include "TidalHandler.h"
-#include "TidalWorker.h"
-#include <kelo/KeloTidalConstants.h>
+#include "TidalNode.h"
 #include <kelo/PlayLogicInterface.h>
 
 namespace {
-CMError playError(const TrString& message)
-{
-    return CMError(QStringLiteral("Error"), message);
-}
-
-bool isPending(const CMSetDataRequest& request)
-{
-    return !request.isNull() && !request.reply().isFinished();
-}
-
 QString trackReference(const QString& id)
 {
     return id.contains(KeloTidalPlayItemPrefix()) ? id : KeloTidalPlayItemPrefix() + id;
+}
+
+QString lastSegment(const CMPath& path)
+{
+    return path.base().section(QLatin1Char('/'), -1, -1, QString::SectionSkipEmpty);
 }
 
 QVariant responseOf(const CMSetDataRequest& request)
@@ -70,83 +65,58 @@ QString trackIdOf(const KeloMediaData& mediaData)
 }
 } // namespace
 
-bool TidalWorker::isPlayPending() const
+bool TidalWorker::PlayAttempt::isPending(const CMSetDataRequest& request)
 {
-    return isPending(m_playRequest);
+    return !request.isNull() && !request.reply().isFinished();
 }
 
-bool TidalWorker::isMediaPending() const
+bool TidalWorker::PlayAttempt::isMediaMetaData() const
 {
-    return isPending(m_mediaRequest);
-}
-
-bool TidalWorker::isTrackPending() const
-{
-    return isPending(m_trackRequest);
-}
-
-bool TidalWorker::isMediaMetaData() const
-{
-    const KeloMetaData metaData = m_mediaData.metaData();
-    return m_mediaData.hasMetaData() && metaData.contains(KeloMetaData::Album()) &&
-           metaData.contains(KeloMetaData::Artist()) &&
+    const KeloMetaData metaData = mediaData.metaData();
+    return metaData.contains(KeloMetaData::Album()) && metaData.contains(KeloMetaData::Artist()) &&
            metaData.contains(KeloMetaData::ServiceID());
 }
 
-bool TidalWorker::isMediaResource() const
+bool TidalWorker::PlayAttempt::isMediaResource() const
 {
-    const QList<KeloResource> resources = m_mediaData.resources();
-    if (resources.isEmpty() || !resources.first().contains(KeloResource::Uri()))
-        return false;
-    const QString uri = resources.first().uri();
+    const QString uri = mediaData.resources().value(0).uri();
     return !uri.isEmpty() && !uri.contains(KeloTidalPlayItemPrefix());
 }
 
-bool TidalWorker::isMediaReady() const
+void TidalWorker::failPlay(const TrString& message)
 {
-    return isMediaMetaData() && isMediaResource();
+    const PlayAttempt failed = std::exchange(m_play, PlayAttempt());
+    for (const CMSetDataRequest& request :
+         {failed.request, failed.trackRequest, failed.mediaRequest}) {
+        if (PlayAttempt::isPending(request))
+            request.reply().setError(playError(message));
+    }
 }
 
-void TidalWorker::resetPlay(const CMError& error)
+bool TidalWorker::refuseBusy(const CMSetDataRequest& request) const
 {
-    m_playState = PlayState::Idle;
-    m_mediaData.clear();
-    m_playItemRoles.clear();
-    m_playTrackId.clear();
-    m_playRequest = CMSetDataRequest();
-    if (isTrackPending())
-        m_trackRequest.reply().setError(error);
-    if (isMediaPending())
-        m_mediaRequest.reply().setError(error);
-    m_trackRequest = CMSetDataRequest();
-    m_mediaRequest = CMSetDataRequest();
-}
-
-void TidalWorker::failPlay(const CMError& error)
-{
-    if (isPlayPending())
-        m_playRequest.reply().setError(error);
-    resetPlay(error);
+    if (!m_play.isPlayPending())
+        return false;
+    request.reply().setError(playError(KELO_TR("droping play request, busy")));
+    return true;
 }
 
 void TidalWorker::beginPlay(const CMSetDataRequest& request, const KeloMediaData& mediaData)
 {
     // An attempt that the host gave up may have left look-ups behind.
-    resetPlay(playError(KELO_TR("media data request failed")));
-    m_playRequest = request;
-    m_playState = PlayState::RequestMedia;
-    m_playItemRoles = itemRolesOf(request.value());
-    m_mediaData = mediaData;
-    m_playTrackId = trackIdOf(mediaData);
+    failPlay(KELO_TR("media data request failed"));
+    m_play.request = request;
+    m_play.state = PlayState::RequestMedia;
+    m_play.itemRoles = itemRolesOf(request.value());
+    m_play.mediaData = mediaData;
+    m_play.trackId = trackIdOf(mediaData);
     on_internal_play(request);
 }
 
 void TidalWorker::on_media_play(const CMSetDataRequest& request)
 {
-    if (isPlayPending()) {
-        request.reply().setError(playError(KELO_TR("droping play request, busy")));
+    if (refuseBusy(request))
         return;
-    }
     const KeloMediaData incoming = mediaDataOf(request.value());
     KeloMetaData metaData = incoming.metaData();
     if (metaData.prePlayData().isEmpty()) {
@@ -163,42 +133,39 @@ void TidalWorker::on_media_play(const CMSetDataRequest& request)
     beginPlay(request, mediaData);
 }
 
-void TidalWorker::on_tidalId_play(const CMSetDataRequest& request)
+QString TidalWorker::playItemReference(const CMSetDataRequest& request)
 {
     const QVariantHash item = request.value().toHash();
-    if (!item.contains(KeloTidalPlayItem::Id())) {
-        request.reply().setError(playError(KELO_TR("track id not set")));
+    if (item.contains(KeloTidalPlayItem::Id()))
+        return trackReference(item.value(KeloTidalPlayItem::Id()).toString());
+    request.reply().setError(playError(KELO_TR("track id not set")));
+    return QString();
+}
+
+void TidalWorker::on_tidalId_play(const CMSetDataRequest& request)
+{
+    const QString reference = playItemReference(request);
+    if (reference.isEmpty() || refuseBusy(request))
         return;
-    }
-    if (isPlayPending()) {
-        request.reply().setError(playError(KELO_TR("droping play request, busy")));
-        return;
-    }
-    KeloMetaData metaData;
-    metaData.setServiceID(KeloService_Tidal_Id());
     KeloResource resource;
-    resource.setUri(trackReference(item.value(KeloTidalPlayItem::Id()).toString()));
-    KeloMediaData mediaData;
-    mediaData.setMetaData(metaData);
+    resource.setUri(reference);
+    KeloMediaData mediaData = tidalMediaData();
     mediaData.setResources({resource});
     beginPlay(request, mediaData);
 }
 
 void TidalWorker::onPrePlay(const CMSetDataRequest& request)
 {
-    if (isPlayPending()) {
-        request.reply().setError(playError(KELO_TR("droping play request, busy")));
+    if (refuseBusy(request))
         return;
-    }
     KeloMediaData mediaData = mediaDataOf(request.value());
     KeloMetaData metaData = mediaData.metaData();
     metaData.setStartTime(metaData.prePlayTimeOffset());
     QList<KeloResource> resources = mediaData.resources();
     KeloResource resource = resources.isEmpty() ? KeloResource() : resources.takeFirst();
     // Without an id the pre-play path itself is the request's.
-    const QStringList segments = request.path().splitBase();
-    const QString last = segments.isEmpty() ? QString() : segments.last();
-    const bool hasId = QStringLiteral("/") + last != KeloTidalPrePlayPath();
+    const QString last = lastSegment(request.path());
+    const bool hasId = QLatin1Char('/') + last != KeloTidalPrePlayPath();
     resource.setUri(KeloTidalPlayItemPrefix() + (hasId ? last : QString()));
     resources.prepend(resource);
     mediaData.setMetaData(metaData);
@@ -208,7 +175,7 @@ void TidalWorker::onPrePlay(const CMSetDataRequest& request)
 
 void TidalWorker::on_internal_play(const CMSetDataRequest& request)
 {
-    switch (m_playState) {
+    switch (m_play.state) {
     case PlayState::Idle:
         break;
     case PlayState::RequestMedia:
@@ -225,55 +192,51 @@ void TidalWorker::on_internal_play(const CMSetDataRequest& request)
 
 void TidalWorker::onStatePlayRequestMedia(const CMSetDataRequest& request)
 {
-    const QString id = m_playTrackId;
-    if (!isMediaMetaData() && !responseOf(request).isValid()) {
-        if (id.isEmpty()) {
-            failPlay(playError(KELO_TR("invalid play request data")));
-            return;
-        }
-        m_playState = PlayState::MediaPending;
+    const QString id = m_play.trackId;
+    const bool needsTrack = !m_play.isMediaMetaData() && !responseOf(request).isValid();
+    if (id.isEmpty() && (needsTrack || !m_play.isMediaResource())) {
+        failPlay(KELO_TR("invalid play request data"));
+        return;
+    }
+    if (needsTrack) {
+        m_play.state = PlayState::MediaPending;
         CMPath path = KeloTidalPrefixPath() + KeloTidalApiPathTracks();
         path.addParam(QStringLiteral("trackId"), id);
         on_internal_track(CMSetDataRequest(path, KeloRoles::Value(), QVariant()));
-        if (m_playState != PlayState::MediaPending)
+        if (m_play.state != PlayState::MediaPending)
             return;
     }
-    if (isMediaResource())
+    if (m_play.isMediaResource())
         return;
-    if (id.isEmpty()) {
-        failPlay(playError(KELO_TR("invalid play request data")));
-        return;
-    }
-    m_playState = PlayState::MediaPending;
+    m_play.state = PlayState::MediaPending;
     const CMPath path = KeloTidalPrefixPath() + KeloTidalPrePlayPath() + QStringLiteral("/") + id;
-    on_internal_media(CMSetDataRequest(path, KeloRoles::Value(), QVariant()), m_playRequest);
+    on_internal_media(CMSetDataRequest(path, KeloRoles::Value(), QVariant()), m_play.request);
 }
 
 void TidalWorker::on_internal_track(const CMSetDataRequest& request)
 {
-    if (isTrackPending()) {
+    if (m_play.isTrackPending()) {
         request.reply().setError(playError(KELO_TR("another track request pending")));
         return;
     }
-    m_trackRequest = request;
-    if (!m_handler->track(request, findQueryValue(request.path(), QStringLiteral("trackId"))))
-        failPlay(playError(KELO_TR("media data request failed")));
+    m_play.trackRequest = request;
+    if (!m_handler->track(request, request.path().param(QStringLiteral("trackId"))))
+        failPlay(KELO_TR("media data request failed"));
 }
 
 void TidalWorker::on_internal_media(CMSetDataRequest mediaRequest, CMSetDataRequest playRequest)
 {
     Q_UNUSED(playRequest)
-    if (isMediaPending()) {
+    if (m_play.isMediaPending()) {
         mediaRequest.reply().setError(playError(KELO_TR("another media request pending")));
         return;
     }
-    m_mediaRequest = mediaRequest;
+    m_play.mediaRequest = mediaRequest;
     const QVariant value = CMAbstractWorker::getValue(CMRoot(), KeloTidalSoundQualityPath());
     const KeloTidalSoundQuality quality = KeloValue(KeloHash(value.toHash())).tidalSoundQuality();
-    const QStringList segments = mediaRequest.path().splitBase();
-    const QString id = segments.isEmpty() ? QString() : segments.last();
-    if (!m_handler->streamUrl(id, mediaRequest, quality.soundQuality(), false))
-        failPlay(playError(KELO_TR("media data request failed")));
+    if (!m_handler->streamUrl(lastSegment(mediaRequest.path()), mediaRequest,
+                              quality.soundQuality(), false))
+        failPlay(KELO_TR("media data request failed"));
 }
 
 void TidalWorker::onStatePlayRequestMediaPending(const CMSetDataRequest& request)
@@ -284,7 +247,7 @@ void TidalWorker::onStatePlayRequestMediaPending(const CMSetDataRequest& request
     const QString& status = KeloTidalApiErrorResponse::Status();
     if (response.value<KeloTidalApiErrorResponse>().contains(status) || track.contains(status) ||
         stream.contains(status)) {
-        failPlay(playError(KELO_TR("media data request failed")));
+        failPlay(KELO_TR("media data request failed"));
         return;
     }
     if (track.contains(KeloTidalApiTrackResponse::Artist()) &&
@@ -294,24 +257,24 @@ void TidalWorker::onStatePlayRequestMediaPending(const CMSetDataRequest& request
         if (!completeResource(stream))
             return;
     } else {
-        failPlay(playError(KELO_TR("media data resolution incomplete")));
+        failPlay(KELO_TR("media data resolution incomplete"));
         return;
     }
-    m_playState = isMediaReady() ? PlayState::MediaReady : PlayState::RequestMedia;
+    m_play.state = m_play.isMediaReady() ? PlayState::MediaReady : PlayState::RequestMedia;
     on_internal_play(CMSetDataRequest());
 }
 
 void TidalWorker::onStatePlayRequestMediaReady()
 {
-    if (!isMediaReady() || !m_player) {
-        failPlay(playError(KELO_TR("internal play loop failed")));
+    if (!m_play.isMediaReady() || !m_player) {
+        failPlay(KELO_TR("internal play loop failed"));
         return;
     }
-    KeloRoles item = m_playItemRoles;
-    item.setMediaData(m_mediaData);
-    item.setPath(m_playRequest.path());
+    KeloRoles item = m_play.itemRoles;
+    item.setMediaData(m_play.mediaData);
+    item.setPath(m_play.request.path());
     const QVariant result = m_player->play(item, 0);
-    if (isPlayPending())
-        CMReply<QVariant>(m_playRequest.reply()).setValue(result);
-    resetPlay(CMError());
+    if (m_play.isPlayPending())
+        CMReply<QVariant>(m_play.request.reply()).setValue(result);
+    m_play = PlayAttempt();
 }

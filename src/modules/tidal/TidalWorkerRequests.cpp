@@ -1,4 +1,5 @@
 // Requests of the host: onto the worker's thread, through the gate, to who serves them.
+#include "TidalActionReply.h"
 #include "TidalHandler.h"
 #include "TidalWorker.h"
 #include <kelo/KeloLog.h>
@@ -46,8 +47,8 @@ void TidalWorker::on_setData_invoke(const CMSetDataRequest& request)
     if (!configure(request))
         return;
     const CMPath path = request.path();
-    if (findQueryValue(path, QStringLiteral("artistContent")) == KeloTidalArtistBio())
-        m_handler->getArtistBio(request, findQueryValue(path, QStringLiteral("artistId")));
+    if (path.param(QStringLiteral("artistContent")) == KeloTidalArtistBio())
+        m_handler->getArtistBio(request, path.param(QStringLiteral("artistId")));
     else if (path.base().contains(KeloTidalPrePlayPath()))
         onPrePlay(request);
     else
@@ -58,18 +59,16 @@ void TidalWorker::postpone(const CMRequest& request)
 {
     // A set-up lasts a minute at most; more requests than this are no person's.
     constexpr int maxPostponed = 4096;
-    if (m_postponedRequests.size() < maxPostponed)
-        m_postponedRequests.append(request);
+    if (m_session.postponed.size() < maxPostponed)
+        m_session.postponed.append(request);
     else
-        request.reply().setError(
-            CMError(QStringLiteral("TIDAL"), KELO_TR("Too many requests are waiting for TIDAL")));
+        request.reply().setError(tidalError(KELO_TR("Too many requests are waiting for TIDAL")));
 }
 
 void TidalWorker::finishPosponedRequests(const CMError& error)
 {
-    QList<CMRequest> requests;
-    requests.swap(m_postponedRequests);
-    for (const CMRequest& request : qAsConst(requests)) {
+    const QList<CMRequest> requests = std::exchange(m_session.postponed, {});
+    for (const CMRequest& request : requests) {
         if (error.isSet())
             request.reply().setError(error);
         else
@@ -90,33 +89,21 @@ void TidalWorker::returnToRequest(CMRequest request)
         on_getRows_invoke(rows);
 }
 
-QString TidalWorker::findQueryValue(const CMPath& path, const QString& name)
+void TidalWorker::OpenPaths::note(const CMPath& path)
 {
-    return path.param(name);
-}
-
-void TidalWorker::changeRowsSubscribe(const CMPath& path, QStringList changes, int count)
-{
-    nodes()->subscribe()->rowsChanged(path, changes, count, -1);
-}
-
-bool TidalWorker::isTrackedPath(const CMPath& path)
-{
-    return !path.contains(KeloTidalContextIdentifier()) &&
-           !path.contains(KeloTidalCreatePlaylist());
+    if (!path.contains(KeloTidalContextIdentifier()) && !path.contains(KeloTidalCreatePlaylist()))
+        current = path;
 }
 
 void TidalWorker::on_tidal_path_enter(const CMPath& path)
 {
-    m_enteredPaths.insert(path);
-    if (isTrackedPath(path))
-        m_currentPath = path;
+    m_open.entered.insert(path);
+    m_open.note(path);
 }
 
 void TidalWorker::on_tidal_path_leave(const CMPath& path)
 {
-    m_enteredPaths.remove(path);
+    m_open.entered.remove(path);
     // The path that was left becomes current too; deliberate, nothing restores an earlier one.
-    if (isTrackedPath(path))
-        m_currentPath = path;
+    m_open.note(path);
 }

@@ -2,7 +2,6 @@
 #include "TidalBrowseNode.h"
 #include "TidalHandler.h"
 #include "TidalItemRows.h"
-#include "TidalWorker.h"
 #include <kelo/CMListRowsNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
@@ -31,16 +30,6 @@ bool isUsable(const KeloTidalApiContentRoots& root)
 }
 } // namespace
 
-void TidalWorker::addGenresNode(CMListRowsNode* node)
-{
-    m_genreNodes.append(node);
-}
-
-void TidalWorker::addMoodsNode(TidalBrowseNode* node)
-{
-    m_moodNodes.append(node);
-}
-
 CMListRowsNode* TidalWorker::getGenresNode(const CMPath& path) const
 {
     return firstAt(m_genreNodes, path);
@@ -51,52 +40,62 @@ TidalBrowseNode* TidalWorker::getMoodsNode(const CMPath& path) const
     return firstAt(m_moodNodes, path);
 }
 
+bool TidalWorker::hasRoots(const KeloTidalApiContentRootsResponse& roots,
+                           const KeloTidalApiErrorResponse& error) const
+{
+    return m_tree && error.isEmpty() && !roots.isEmpty() &&
+           !m_handler->responder()->isOfEarlierLogin();
+}
+
 void TidalWorker::on_tidalHandler_contentRootsFeatured(KeloTidalApiContentRootsResponse roots,
                                                        KeloTidalApiErrorResponse error)
 {
-    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_handler->responder()->isOfEarlierLogin())
+    if (!hasRoots(roots, error))
         return;
-    m_featuredRoots = roots.root();
-    // The Masters lists keep their titles.
-    const QHash<QString, QList<TidalBrowseNode*>> lists = {
-        {QStringLiteral("new"), {m_newPlaylists, m_newAlbums, m_newTracks}},
-        {QStringLiteral("top"), {m_topAlbums, m_topTracks}},
-        {QStringLiteral("recommended"),
-         {m_recommendedAlbums, m_recommendedTracks, m_recommendedPlaylists}}};
     bool isChanged = false;
-    for (const KeloTidalApiContentRoots& root : m_featuredRoots) {
+    for (const KeloTidalApiContentRoots& root : roots.root()) {
         const QString name = root.name();
         if (name.isEmpty())
             continue;
-        const QList<TidalBrowseNode*> named = lists.value(root.path());
-        for (TidalBrowseNode* list : named) {
+        for (TidalBrowseNode* list : m_tree->featured.value(root.path())) {
             isChanged = isChanged || list->title() != name;
             list->setTitle(name);
         }
     }
     if (isChanged)
-        nodes()->subscribe()->rowsChanged(m_new->path(), CMSubscribe::RowsChangeReset(),
-                                          m_new->rowsSize());
+        notifyReset(m_tree->newMenu);
 }
 
 void TidalWorker::on_tidalHandler_contentRootsGenres(KeloTidalApiContentRootsResponse roots,
                                                      KeloTidalApiErrorResponse error)
 {
-    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_genres->rowsSize() > 0 || m_handler->responder()->isOfEarlierLogin())
+    if (hasRoots(roots, error))
+        addRoots(m_tree->genres, roots, &TidalWorker::addGenre);
+}
+
+void TidalWorker::on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResponse roots,
+                                                    KeloTidalApiErrorResponse error)
+{
+    if (hasRoots(roots, error))
+        addRoots(m_tree->playlists, roots, &TidalWorker::addMood);
+}
+
+void TidalWorker::addRoots(CMListRowsNode* menu, const KeloTidalApiContentRootsResponse& roots,
+                           void (TidalWorker::*addRoot)(const KeloTidalApiContentRoots&))
+{
+    if (menu->rowsSize() > 0)
         return;
-    const std::vector<KeloTidalApiContentRoots> genres = roots.root();
-    for (const KeloTidalApiContentRoots& genre : genres) {
-        if (isUsable(genre))
-            addGenre(genre);
+    for (const KeloTidalApiContentRoots& root : roots.root()) {
+        if (isUsable(root))
+            (this->*addRoot)(root);
     }
-    notifyTop(m_genres);
+    if (menu->rowsSize() > 0)
+        notifyReset(m_top);
 }
 
 void TidalWorker::addGenre(const KeloTidalApiContentRoots& root)
 {
-    const CMPath path = m_genres->path() + QStringLiteral("/") + root.path();
+    const CMPath path = m_tree->genres->path() + QStringLiteral("/") + root.path();
     if (getGenresNode(path))
         return;
     const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
@@ -106,50 +105,30 @@ void TidalWorker::addGenre(const KeloTidalApiContentRoots& root)
     genre->setIcon(icons.of(root.image().toStdString()));
     const CMPath lists = addPrefix(KeloTidalRequest() + KeloTidalApiPathGenres() +
                                    QLatin1Char('/') + root.path() + QLatin1Char('/'));
-    for (const QString& kind : {KeloTidalPlaylists(), KeloTidalAlbums(), KeloTidalTracks()}) {
-        const CMPath context = kind == KeloTidalPlaylists()
-                                   ? addPrefix(QStringLiteral("/trackOrderingcontext"))
-                                   : CMPath();
-        genre->rowsAppend(createPlayableList(lists + kind.toLower(), kind, context)->path());
-    }
+    for (const QString& kind : {KeloTidalPlaylists(), KeloTidalAlbums(), KeloTidalTracks()})
+        genre->rowsAppend(m_tree->createPlayable(lists + kind.toLower(), kind, kind)->path());
     addGenresNode(genre);
     genre->setPlayable(true);
-    m_genres->rowsAppend(path);
-}
-
-void TidalWorker::on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResponse roots,
-                                                    KeloTidalApiErrorResponse error)
-{
-    if (!error.isEmpty() || roots.isEmpty() || !isStaticStructureBuilt() ||
-        m_playlists->rowsSize() > 0 || m_handler->responder()->isOfEarlierLogin())
-        return;
-    const std::vector<KeloTidalApiContentRoots> moods = roots.root();
-    for (const KeloTidalApiContentRoots& mood : moods) {
-        if (isUsable(mood))
-            addMood(mood);
-    }
-    notifyTop(m_playlists);
+    m_tree->genres->rowsAppend(path);
 }
 
 void TidalWorker::addMood(const KeloTidalApiContentRoots& root)
 {
-    const CMPath path = m_playlists->path() + KeloTidalRequest() + KeloTidalApiPathMoods() +
+    const CMPath path = m_tree->playlists->path() + KeloTidalRequest() + KeloTidalApiPathMoods() +
                         QStringLiteral("/") + root.path() + QStringLiteral("/playlists");
     if (getMoodsNode(path))
         return;
     const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
-    TidalBrowseNode* mood =
-        createPlayableList(path, root.name(), addPrefix(QStringLiteral("/trackOrderingcontext")));
+    TidalBrowseNode* mood = m_tree->createPlayable(path, root.name(), KeloTidalPlaylists());
     mood->setProperty("category", KeloTidalApiPathMoods());
     TidalImageUrl icons(settings.imageUrl(), settings.imageSizeMood());
     mood->setIcon(icons.of(root.image().toStdString()));
     addMoodsNode(mood);
-    m_playlists->rowsAppend(path);
+    m_tree->playlists->rowsAppend(path);
 }
 
-void TidalWorker::notifyTop(const CMListRowsNode* menu)
+void TidalWorker::notifyReset(const CMListRowsNode* menu)
 {
-    if (menu->rowsSize() > 0)
-        nodes()->subscribe()->rowsChanged(m_top->path(), CMSubscribe::RowsChangeReset(),
-                                          m_top->rowsSize());
+    nodes()->subscribe()->rowsChanged(menu->path(), CMSubscribe::RowsChangeReset(),
+                                      menu->rowsSize());
 }
