@@ -1,7 +1,6 @@
 #include "CMPath.h"
 
-#include <algorithm>
-#include <QByteArray>
+#include "KeloPercent.h"
 
 class CMPath::Data : public KeloSharedData
 {
@@ -14,85 +13,20 @@ namespace {
 const QString emptyText;
 const CMPath::Params emptyParams;
 
-/// RFC 3986 2.3.
-bool isUnreserved(uchar c)
+void appendEncoded(QString& to, const QString& text,
+                   KeloPercent::Plain plain = KeloPercent::Unreserved)
 {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' ||
-           c == '.' || c == '_' || c == '~';
+    to += QLatin1String(KeloPercent::encoded(text.toUtf8(), plain));
 }
 
-/// What stays as it is in an encoded base.
-bool isPlainInBase(uchar c)
-{
-    return c > 0x20 && c < 0x7f && c != '%' && c != '?' && c != '#';
-}
-
-template <class IsPlain>
-void appendEncoded(QString& to, const QString& text, IsPlain isPlain)
-{
-    bool isAllPlain = true;
-    for (const QChar c : text) {
-        if (c.unicode() > 0x7f || !isPlain(uchar(c.unicode()))) {
-            isAllPlain = false;
-            break;
-        }
-    }
-    if (isAllPlain) {
-        to += text;
-        return;
-    }
-    static const char digits[] = "0123456789ABCDEF";
-    const QByteArray utf8 = text.toUtf8();
-    for (const char byte : utf8) {
-        const uchar c = uchar(byte);
-        if (isPlain(c)) {
-            to += QLatin1Char(byte);
-        } else {
-            to += QLatin1Char('%');
-            to += QLatin1Char(digits[c >> 4]);
-            to += QLatin1Char(digits[c & 15]);
-        }
-    }
-}
-
-int hexValue(QChar c)
-{
-    const ushort u = c.unicode();
-    if (u >= '0' && u <= '9')
-        return u - '0';
-    if (u >= 'a' && u <= 'f')
-        return u - 'a' + 10;
-    if (u >= 'A' && u <= 'F')
-        return u - 'A' + 10;
-    return -1;
-}
-
-/// Decodes %XX; text that is not UTF-8 afterwards, or a broken escape, clears `ok`.
+/// What cannot be decoded clears `ok`.
 QString decoded(const QStringRef& text, bool& ok)
 {
     if (!text.contains(QLatin1Char('%')))
         return text.toString();
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        if (text.at(i) != QLatin1Char('%')) {
-            bytes += QStringRef(text.string(), text.position() + i, 1).toUtf8();
-            continue;
-        }
-        const int high = i + 2 < text.size() ? hexValue(text.at(i + 1)) : -1;
-        const int low = i + 2 < text.size() ? hexValue(text.at(i + 2)) : -1;
-        if (high < 0 || low < 0) {
-            ok = false;
-            return QString();
-        }
-        bytes += char(high * 16 + low);
-        i += 2;
-    }
-    // With the size said, so that a zero byte does not end the text.
-    const QString result = QString::fromUtf8(bytes.constData(), std::max(0, bytes.size()));
-    if (result.toUtf8() != bytes)
-        ok = false;
-    return result;
+    const std::optional<QString> result = KeloPercent::decoded(text.toUtf8());
+    ok = ok && result;
+    return result.value_or(QString());
 }
 
 /// `text` begins with the segments of `start`; `end` receives where the remainder begins.
@@ -107,8 +41,6 @@ bool startsWithSegments(const QString& text, const QString& start, int& end)
     return end == text.size() || text.at(end) == QLatin1Char('/');
 }
 } // namespace
-
-CMPath::CMPath() = default;
 
 CMPath::CMPath(const QString& base)
 {
@@ -131,14 +63,9 @@ CMPath::Data* CMPath::writable()
     return m_data.get();
 }
 
-const CMPath::Data* CMPath::data() const
-{
-    return m_data.get();
-}
-
 const QString& CMPath::base() const
 {
-    return m_data ? data()->base : emptyText;
+    return m_data ? m_data->base : emptyText;
 }
 
 void CMPath::setBase(const QString& base)
@@ -146,24 +73,9 @@ void CMPath::setBase(const QString& base)
     writable()->base = base;
 }
 
-bool CMPath::isEmpty() const
-{
-    return base().isEmpty() && params().isEmpty();
-}
-
 const CMPath::Params& CMPath::params() const
 {
-    return m_data ? data()->params : emptyParams;
-}
-
-QString CMPath::param(const QString& name) const
-{
-    return params().value(name);
-}
-
-bool CMPath::hasParam(const QString& name) const
-{
-    return params().contains(name);
+    return m_data ? m_data->params : emptyParams;
 }
 
 void CMPath::addParam(const QString& name, const QString& value)
@@ -249,17 +161,12 @@ bool CMPath::includesParams(const CMPath& other) const
     return true;
 }
 
-QStringList CMPath::splitBase() const
-{
-    return base().split(QLatin1Char('/'), Qt::SkipEmptyParts);
-}
-
 QString CMPath::toEncoded() const
 {
     QString text;
     const Params& own = params();
     text.reserve(base().size() + own.size() * 32);
-    appendEncoded(text, base(), isPlainInBase);
+    appendEncoded(text, base(), KeloPercent::Base);
     for (auto it = own.constBegin(); it != own.constEnd(); ++it) {
         text += it == own.constBegin() ? QLatin1Char('?') : QLatin1Char('&');
         appendEncodedParam(text, it.key(), it.value());
@@ -294,16 +201,9 @@ CMPath CMPath::fromEncoded(const QString& text, bool* ok)
 
 void CMPath::appendEncodedParam(QString& text, const QString& name, const QString& value)
 {
-    appendEncoded(text, name, isUnreserved);
+    appendEncoded(text, name);
     text += QLatin1Char('=');
-    appendEncoded(text, value, isUnreserved);
-}
-
-QString CMPath::encodeParam(const QString& text)
-{
-    QString result;
-    appendEncoded(result, text, isUnreserved);
-    return result;
+    appendEncoded(text, value);
 }
 
 uint qHash(const CMPath& path, uint seed)

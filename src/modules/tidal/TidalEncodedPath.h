@@ -1,7 +1,6 @@
 #pragma once
 #include <initializer_list>
 #include <kelo/CMPath.h>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -21,11 +20,11 @@ public:
 private:
     struct Gap
     {
-        std::string before; ///< text that leads the value
-        std::size_t value;  ///< index of the value
+        QByteArray before; ///< text that leads the value
+        std::size_t value; ///< index of the value
     };
 
     std::vector<Gap> m_gaps;
-    std::string m_tail;
-    std::string m_scratch; ///< kept for its memory
+    QByteArray m_tail;
+    QByteArray m_scratch; ///< kept for its memory
 };

@@ -22,7 +22,7 @@ public:
     };
     using Params = QMap<QString, QString>;
 
-    CMPath();
+    CMPath() = default;
     /// A path of this base, taken as it is, without parameters.
     explicit CMPath(const QString& base);
     CMPath(const QString& base, const Params& params);
@@ -30,12 +30,12 @@ public:
     const QString& base() const;
     void setBase(const QString& base);
     /// Whether base and parameters are both empty.
-    bool isEmpty() const;
+    bool isEmpty() const { return base().isEmpty() && params().isEmpty(); }
 
     const Params& params() const;
     /// The parameter's value; empty when there is none.
-    QString param(const QString& name) const;
-    bool hasParam(const QString& name) const;
+    QString param(const QString& name) const { return params().value(name); }
+    bool hasParam(const QString& name) const { return params().contains(name); }
     /// Sets a parameter, replacing one of the same name.
     void addParam(const QString& name, const QString& value);
     void addParams(const Params& params);
@@ -60,7 +60,7 @@ public:
     bool includesParams(const CMPath& other) const;
 
     /// The base's segments, empty ones left out.
-    QStringList splitBase() const;
+    QStringList splitBase() const { return base().split(QLatin1Char('/'), Qt::SkipEmptyParts); }
 
     /// The path as one text: `base?k=v&k=v`, keys sorted, every key and value percent-encoded
     /// (RFC 3986, unreserved characters stay). In the base only "%", "?", "#" and characters that
@@ -72,13 +72,10 @@ public:
     /// Appends "name=value" to an encoded path or query in the form that toEncoded() writes; for
     /// rows that share a path and differ in one parameter. The caller keeps the keys in order.
     static void appendEncodedParam(QString& text, const QString& name, const QString& value);
-    /// Percent-encodes a key or value as toEncoded() does.
-    static QString encodeParam(const QString& text);
 
 private:
     class Data;
     Data* writable();
-    const Data* data() const;
 
     KeloShared<Data> m_data; ///< null for the empty path
 };

@@ -1,5 +1,5 @@
 #pragma once
-#include "KeloExport.h"
+#include "KeloPercent.h"
 #include <QByteArray>
 #include <QList>
 #include <QMetaType>
@@ -25,10 +25,13 @@ public:
     /// Adds one query item whose key and value are percent-encoded already.
     void addEncodedQueryItem(const QByteArray& key, const QByteArray& value);
     /// Everything but unreserved characters as %XX of its UTF-8 form.
-    static QByteArray toPercentEncoding(const QString& text);
+    static QByteArray toPercentEncoding(const QString& text)
+    {
+        return KeloPercent::encoded(text.toUtf8());
+    }
 
     /// The address as text, encoded.
-    QString toString() const;
+    QString toString() const { return QString::fromLatin1(m_encoded); }
     /// The address as sent: a query without base begins with "?".
     const QByteArray& toEncoded() const { return m_encoded; }
     static KeloUrl fromEncoded(const QByteArray& url);

@@ -1,38 +1,12 @@
 #include "HttpCall.h"
 
+#include <kelo/KeloPercent.h>
 #include <QRegularExpression>
-#include <QTextCodec>
 
 namespace {
 
 constexpr int longestPath = 4096;
 constexpr int mostRoles = 64;
-
-/// Percent-decoding of a query (RFC 3986 2.1; "+" is a blank, as forms write it).
-std::optional<QString> decoded(const QByteArray& text)
-{
-    QByteArray bytes;
-    bytes.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        if (text.at(i) == '%') {
-            bool isHex = false;
-            const QByteArray digits = text.mid(i + 1, 2);
-            const int byte = digits.toInt(&isHex, 16);
-            if (!isHex || digits.size() != 2 || !isxdigit(uchar(digits.at(0))))
-                return std::nullopt;
-            bytes.append(char(byte));
-            i += 2;
-        } else {
-            bytes.append(text.at(i) == '+' ? ' ' : text.at(i));
-        }
-    }
-    QTextCodec::ConverterState state;
-    const QString result =
-        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
-    if (state.invalidChars > 0 || state.remainingChars > 0)
-        return std::nullopt;
-    return result;
-}
 
 } // namespace
 
@@ -42,14 +16,15 @@ std::optional<QVector<QPair<QString, QString>>> HttpCall::parseQuery(const std::
     const size_t mark = target.find('?');
     if (mark == std::string::npos)
         return query;
-    const QByteArray text = QByteArray::fromStdString(target.substr(mark + 1));
+    // As forms write it, "+" is a blank.
+    const QByteArray text = QByteArray::fromStdString(target.substr(mark + 1)).replace('+', ' ');
     const QList<QByteArray> items = text.split('&');
     for (const QByteArray& item : items) {
         if (item.isEmpty())
             continue;
         const int equals = item.indexOf('=');
-        const auto key = decoded(equals < 0 ? item : item.left(equals));
-        const auto value = decoded(equals < 0 ? QByteArray() : item.mid(equals + 1));
+        const auto key = KeloPercent::decoded(equals < 0 ? item : item.left(equals));
+        const auto value = KeloPercent::decoded(equals < 0 ? QByteArray() : item.mid(equals + 1));
         if (!key || !value)
             return std::nullopt;
         query.append({*key, *value});
