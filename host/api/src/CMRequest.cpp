@@ -1,6 +1,6 @@
 #include "CMRequest.h"
 
-#include "CMRootPrivate.h"
+#include "CMPendingReplies.h"
 
 namespace {
 std::atomic<int> livingRequests{0};

@@ -2,7 +2,6 @@
 
 #include "CMAbstractWorker.h"
 #include "CMPendingReplies.h"
-#include "CMRootPrivate.h"
 #include "CMSlot.h"
 #include "CMWorkerRoute.h"
 #include "KeloListeners.h"

@@ -11,13 +11,6 @@ CMWorker::CMWorker(const QVariantHash& settings, const QString& serviceId, QObje
         m_prefix = QLatin1Char('/') + serviceId;
 }
 
-CMWorker::~CMWorker() = default;
-
-QStringList CMWorker::prefixes() const
-{
-    return {m_prefix};
-}
-
 CMPath CMWorker::addPrefix(const QString& subpath) const
 {
     CMPath path(m_prefix);

@@ -2,21 +2,6 @@
 
 #include "CMAbstractWorker.h"
 #include "KeloLog.h"
-#include "KeloLoopThread.h"
-
-class CMWorkerThread::Private
-{
-public:
-    KeloLoopThread thread;
-    CMAbstractWorker* worker = nullptr; ///< lives on the thread; set while that runs
-};
-
-CMWorkerThread::CMWorkerThread() : d(new Private) {}
-
-CMWorkerThread::~CMWorkerThread()
-{
-    stop();
-}
 
 CMAbstractWorker* CMWorkerThread::start(const char* name, const Factory& factory)
 {
@@ -24,21 +9,21 @@ CMAbstractWorker* CMWorkerThread::start(const char* name, const Factory& factory
     const auto setUp = [this, &factory] {
         std::unique_ptr<CMAbstractWorker> made(factory());
         if (made && CMRoot().addWorker(made.get()))
-            d->worker = made.release();
+            m_worker = made.release();
     };
-    d->thread.start(setUp, name);
-    if (d->worker)
-        return d->worker;
-    d->thread.stop([] {});
+    m_thread.start(setUp, name);
+    if (m_worker)
+        return m_worker;
+    m_thread.stop([] {});
     KELO_LOG("Host", ERROR) << "the worker " << name << " could not be started";
     return nullptr;
 }
 
 void CMWorkerThread::stop()
 {
-    if (!d->worker)
+    if (!m_worker)
         return;
-    CMRoot().removeWorker(d->worker);
+    CMRoot().removeWorker(m_worker);
     // In a turn of its own, after what is queued.
-    d->thread.stop([this] { delete std::exchange(d->worker, nullptr); });
+    m_thread.stop([this] { delete std::exchange(m_worker, nullptr); });
 }

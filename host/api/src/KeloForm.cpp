@@ -32,12 +32,3 @@ KeloForm::KeloForm(CMNodes* nodes, const CMPath& path)
     m_container->setNodes(nodes);
     nodes->own(this);
 }
-
-KeloForm::~KeloForm() = default;
-
-const CMPath& KeloForm::path() const
-{
-    return m_container->path();
-}
-
-void KeloForm::on_load() {}

@@ -163,26 +163,6 @@ char KeloJson::type() const
     return m_document ? m_document->type(m_index) : 'n';
 }
 
-bool KeloJson::isNull() const
-{
-    return type() == 'n';
-}
-
-bool KeloJson::isObject() const
-{
-    return type() == '{';
-}
-
-bool KeloJson::isArray() const
-{
-    return type() == '[';
-}
-
-bool KeloJson::isString() const
-{
-    return type() == '"';
-}
-
 bool KeloJson::isNumber() const
 {
     const char kind = type();
@@ -221,8 +201,7 @@ int KeloJson::size() const
     if (count < maxCount)
         return int(count);
     int walked = 0;
-    for (Cursor cursor = isArray() ? beginArray() : beginObject(); !isAtEnd(cursor);
-         advance(cursor))
+    for (Cursor cursor = begin(type()); !isAtEnd(cursor); advance(cursor))
         ++walked;
     return walked;
 }
@@ -275,20 +254,11 @@ QVariant KeloJson::toVariant() const
     return m_document ? m_document->variant(m_index) : QVariant();
 }
 
-KeloJson::Cursor KeloJson::beginArray() const
+KeloJson::Cursor KeloJson::begin(char bracket) const
 {
-    return begin('[', 0);
-}
-
-KeloJson::Cursor KeloJson::beginObject() const
-{
-    return begin('{', 1);
-}
-
-KeloJson::Cursor KeloJson::begin(char kind, std::size_t keySize) const
-{
-    if (type() != kind)
+    if (type() != bracket)
         return Cursor();
+    const std::size_t keySize = bracket == '{' ? 1 : 0;
     return {m_index + 1 + keySize, m_document->behind(m_index) - 1, keySize};
 }
 

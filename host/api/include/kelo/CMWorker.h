@@ -9,11 +9,10 @@ class KELO_EXPORT CMWorker : public CMAbstractWorker
 public:
     /// The prefix is the setting "prefix", or "/" and the service id.
     CMWorker(const QVariantHash& settings, const QString& serviceId, QObject* parent = nullptr);
-    ~CMWorker() override;
 
     const QVariantHash& settings() const { return m_settings; }
     const QString& serviceId() const { return m_serviceId; }
-    QStringList prefixes() const override;
+    QStringList prefixes() const override { return {m_prefix}; }
 
     /// The path of a subpath under this worker's prefix, joined with exactly one "/"; an empty
     /// subpath gives the prefix itself.

@@ -1,7 +1,5 @@
 #pragma once
-#include "KeloExport.h"
-#include <functional>
-#include <memory>
+#include "KeloLoopThread.h"
 
 class CMAbstractWorker;
 
@@ -11,9 +9,9 @@ class KELO_EXPORT CMWorkerThread
 public:
     using Factory = std::function<CMAbstractWorker*()>;
 
-    CMWorkerThread();
+    CMWorkerThread() = default;
     /// Stops.
-    ~CMWorkerThread();
+    ~CMWorkerThread() { stop(); }
 
     /// Starts the thread, makes the worker on it, and adds it to the root once the factory has
     /// returned. Blocks until then. Returns the worker, owned here; null when the factory gave none
@@ -23,6 +21,6 @@ public:
     void stop();
 
 private:
-    class Private;
-    std::unique_ptr<Private> d;
+    KeloLoopThread m_thread;
+    CMAbstractWorker* m_worker = nullptr; ///< lives on the thread; set while that runs
 };

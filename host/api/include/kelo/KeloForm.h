@@ -9,15 +9,14 @@ class KELO_EXPORT KeloForm : public QObject
     Q_OBJECT
 public:
     KeloForm(CMNodes* nodes, const CMPath& path);
-    ~KeloForm() override;
 
     CMNodes* nodes() const { return m_nodes; }
     /// Where the form's container stands.
-    const CMPath& path() const;
+    const CMPath& path() const { return m_container->path(); }
     CMListRowsNode* container() const { return m_container; }
 
     /// Called on the thread that serves the request whenever a client asks for the form's rows.
-    virtual void on_load();
+    virtual void on_load() {}
 
 private:
     class Container;

@@ -34,10 +34,10 @@ public:
     static KeloJson parse(const QByteArray& text, KeloError* error = nullptr);
 
     /// Whether it is nothing or JSON's null.
-    bool isNull() const;
-    bool isObject() const;
-    bool isArray() const;
-    bool isString() const;
+    bool isNull() const { return type() == 'n'; }
+    bool isObject() const { return type() == '{'; }
+    bool isArray() const { return type() == '['; }
+    bool isString() const { return type() == '"'; }
     bool isNumber() const;
     /// Whether it is a number that toInt64() reads: whole, and of 64 bits.
     bool isInteger() const;
@@ -65,14 +65,14 @@ public:
     template <class Visit>
     void forEach(Visit visit) const
     {
-        for (Cursor cursor = beginArray(); !isAtEnd(cursor); advance(cursor))
+        for (Cursor cursor = begin('['); !isAtEnd(cursor); advance(cursor))
             visit(element(cursor));
     }
     /// Calls visit(std::string_view key, KeloJson value) for each field of an object, in order.
     template <class Visit>
     void forEachField(Visit visit) const
     {
-        for (Cursor cursor = beginObject(); !isAtEnd(cursor); advance(cursor))
+        for (Cursor cursor = begin('{'); !isAtEnd(cursor); advance(cursor))
             visit(key(cursor), element(cursor));
     }
 
@@ -89,9 +89,8 @@ private:
 
     KeloJson(const KeloShared<Document>& document, std::size_t index);
     char type() const;
-    Cursor beginArray() const;
-    Cursor beginObject() const;
-    Cursor begin(char type, std::size_t keySize) const;
+    /// Of an array or object, as its bracket says; at the end where it is none.
+    Cursor begin(char bracket) const;
     bool isAtEnd(const Cursor& cursor) const { return cursor.index >= cursor.end; }
     void advance(Cursor& cursor) const;
     KeloJson element(const Cursor& cursor) const;
