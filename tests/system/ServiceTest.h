@@ -12,7 +12,7 @@ protected:
     void SetUp() override
     {
         kelosim::SimOptions options;
-        options.autoApproveLogin = true;
+        options.approvals = 1000;
         options.faults = {"device-code interval=1 expires=60"};
         sim = std::make_unique<kelosim::SimServer>(options);
         std::string error;

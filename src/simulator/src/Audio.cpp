@@ -10,40 +10,28 @@ constexpr std::int64_t addressSeconds = 3600;
 
 struct Range
 {
-    std::uint64_t first = 0;
-    std::uint64_t last = 0;
+    std::int64_t first;
+    std::int64_t last; // in front of the first: no byte of the file is meant
 };
 
-enum class RangeKind { Whole, Part, Impossible };
-
 // RFC 9110, 14.1.2: one byte range; several or malformed ones are ignored.
-RangeKind readRange(const std::string& header, std::uint64_t size, Range* range)
+std::optional<Range> readRange(const std::string& header, std::int64_t size)
 {
-    if (!startsWith(header, "bytes=") || header.find(',') != std::string::npos)
-        return RangeKind::Whole;
-    const std::string text = header.substr(6);
-    const std::size_t dash = text.find('-');
-    if (dash == std::string::npos)
-        return RangeKind::Whole;
-    const auto first = toNumber(text.substr(0, dash));
-    const auto last = toNumber(text.substr(dash + 1));
-    if (dash == 0) { // the last so many bytes
-        if (!last || *last < 0)
-            return RangeKind::Whole;
-        if (*last == 0)
-            return RangeKind::Impossible;
-        *range = {size - std::min<std::uint64_t>(size, static_cast<std::uint64_t>(*last)),
-                  size - 1};
-        return RangeKind::Part;
-    }
-    if (!first || (!last && dash + 1 != text.size()) || (last && *last < *first))
-        return RangeKind::Whole;
-    if (static_cast<std::uint64_t>(*first) >= size)
-        return RangeKind::Impossible;
-    *range = {static_cast<std::uint64_t>(*first), size - 1};
-    if (last)
-        range->last = std::min(range->last, static_cast<std::uint64_t>(*last));
-    return RangeKind::Part;
+    const std::size_t dash = header.find('-');
+    if (!startsWith(header, "bytes=") || header.find(',') != std::string::npos ||
+        dash == std::string::npos)
+        return std::nullopt;
+    const std::string firstText = header.substr(6, dash - 6);
+    const std::string lastText = header.substr(dash + 1);
+    const auto first = toNumber(firstText);
+    const auto last = toNumber(lastText);
+    if (firstText.empty()) // the last so many bytes
+        return last && *last >= 0 ? std::optional(Range{std::max<std::int64_t>(0, size - *last),
+                                                        *last == 0 ? -1 : size - 1})
+                                  : std::nullopt;
+    if (!first || (!last && !lastText.empty()) || (last && *last < *first))
+        return std::nullopt;
+    return Range{*first, last ? std::min(size - 1, *last) : size - 1};
 }
 
 } // namespace
@@ -51,16 +39,12 @@ RangeKind readRange(const std::string& header, std::uint64_t size, Range* range)
 int Audio::shortSeconds() const
 {
     const auto fault = m_faults.use("short-tracks");
-    return fault ? static_cast<int>(
-                       std::clamp<std::int64_t>(numberKey(*fault, "seconds", 0), 1, 3600))
-                 : 0;
+    return fault ? int(std::clamp<std::int64_t>(numberKey(*fault, "seconds", 0), 1, 3600)) : 0;
 }
 
 std::string Audio::signature(std::int64_t track, std::int64_t expires, std::uint64_t nonce) const
 {
-    return hex(mix(m_catalogue.seed(), static_cast<std::uint64_t>(track),
-                   static_cast<std::uint64_t>(expires), nonce),
-               16);
+    return hex(mix(m_catalogue.seed(), track, expires, nonce), 16);
 }
 
 std::string Audio::address(const std::string& baseUrl, int track, bool preview) const
@@ -85,7 +69,7 @@ bool Audio::isTokenValid(std::int64_t track, const std::string& token) const
     const auto expires = toNumber(parts[0]);
     const auto nonce = toNumber(parts[1]);
     return expires && nonce && *expires > nowMs() / 1000 &&
-           parts[2] == signature(track, *expires, static_cast<std::uint64_t>(*nonce));
+           parts[2] == signature(track, *expires, (*nonce));
 }
 
 std::shared_ptr<const FlacTone> Audio::tone(int track, int seconds)
@@ -97,7 +81,7 @@ std::shared_ptr<const FlacTone> Audio::tone(int track, int seconds)
     if (kept != m_tones.end()) {
         m_tones.splice(m_tones.begin(), m_tones, kept);
     } else {
-        const std::uint64_t number = mix(m_catalogue.seed(), static_cast<std::uint64_t>(track), 8);
+        const std::uint64_t number = mix(m_catalogue.seed(), track, 8);
         m_tones.push_front({track, seconds, std::make_shared<FlacTone>(number, seconds)});
         if (m_tones.size() > maxTones)
             m_tones.pop_back();
@@ -107,9 +91,9 @@ std::shared_ptr<const FlacTone> Audio::tone(int track, int seconds)
 
 HttpResponse Audio::serve(const HttpRequest& request)
 {
-    if (request.method != "GET" && request.method != "HEAD")
+    if (!request.isGet())
         return HttpResponse::html(405, "Method not allowed");
-    const std::vector<std::string> segments = request.segments();
+    const std::vector<std::string>& segments = request.segments;
     const std::int64_t id = segments.size() == 3 ? toNumber(segments[1]).value_or(-1) : -1;
     const auto index = m_catalogue.trackIndex(id);
     if (!index || !isTokenValid(id, request.queryValue("token")))
@@ -122,19 +106,19 @@ HttpResponse Audio::serve(const HttpRequest& request)
     const std::shared_ptr<const FlacTone> tone = this->tone(*index, seconds);
     if (!tone->isValid())
         return HttpResponse::html(503, "No encoder");
-    const std::uint64_t size = tone->size();
+    const auto size = std::int64_t(tone->size());
     const std::string* header = request.header("Range");
-    Range range{0, size - 1};
-    const RangeKind kind = header ? readRange(*header, size, &range) : RangeKind::Whole;
+    const auto part = header ? readRange(*header, size) : std::nullopt;
+    const Range range = part.value_or(Range{0, size - 1});
     HttpResponse response;
     response.transport.compress = false;
     response.headers.emplace_back("Accept-Ranges", "bytes");
-    if (kind == RangeKind::Impossible) {
+    if (range.last < range.first) {
         response.status = 416;
         response.headers.emplace_back("Content-Range", "bytes */" + std::to_string(size));
         return response;
     }
-    if (kind == RangeKind::Part) {
+    if (part) {
         response.status = 206;
         response.headers.emplace_back("Content-Range", "bytes " + std::to_string(range.first) +
                                                            "-" + std::to_string(range.last) + "/" +

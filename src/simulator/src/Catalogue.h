@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -25,7 +26,6 @@ struct Artist
 
 struct Album
 {
-    int index = 0;
     std::int64_t id = 0;
     std::string title;
     std::optional<std::string> version;
@@ -48,7 +48,6 @@ struct Album
 
 struct Track
 {
-    int index = 0;
     std::int64_t id = 0;
     std::string title;
     std::optional<std::string> version;
@@ -68,10 +67,9 @@ struct Root
     std::string name;
     std::string path;
     bool playlists = false;
-    bool artists = false;
     bool albums = false;
     bool tracks = false;
-    std::string image;         // empty: null
+    std::string image = {};    // empty: null
     bool imageMissing = false; // no image key at all
 };
 
@@ -83,8 +81,8 @@ class Catalogue
 public:
     explicit Catalogue(std::uint64_t seed);
 
-    int artistCount() const { return static_cast<int>(m_artistAlbums.size()) - 1; }
-    int albumCount() const { return static_cast<int>(m_albums.size()); }
+    int artistCount() const { return int(m_artistAlbums.size()) - 1; }
+    int albumCount() const { return int(m_albums.size()); }
     int trackCount() const { return m_trackCount; }
     static constexpr int videoCount = 60;
 
@@ -92,10 +90,22 @@ public:
     Album album(int index) const;
     Track track(int index) const;
 
-    std::optional<int> artistIndex(std::int64_t id) const;
-    std::optional<int> albumIndex(std::int64_t id) const;
-    std::optional<int> trackIndex(std::int64_t id) const;
-    std::optional<int> videoIndex(std::int64_t id) const;
+    std::optional<int> artistIndex(std::int64_t id) const
+    {
+        return indexBelow(artistCount(), id - artistId(0));
+    }
+    std::optional<int> albumIndex(std::int64_t id) const
+    {
+        return indexBelow(albumCount(), id - albumId(0));
+    }
+    std::optional<int> trackIndex(std::int64_t id) const
+    {
+        return indexBelow(m_trackCount, id - trackId(0));
+    }
+    static std::optional<int> videoIndex(std::int64_t id)
+    {
+        return indexBelow(videoCount, id - videoId(0));
+    }
     static std::int64_t artistId(int index) { return 900100 + index; }
     static std::int64_t albumId(int index) { return 500000 + index; }
     static std::int64_t trackId(int index) { return 6000000 + index; }
@@ -144,17 +154,23 @@ private:
         std::int64_t released = 0;
     };
 
+    static std::optional<int> indexBelow(int count, std::int64_t index)
+    {
+        return index >= 0 && index < count ? std::optional<int>(int(index)) : std::nullopt;
+    }
     std::uint64_t of(int what, std::uint64_t number, std::uint64_t detail = 0) const;
     int trackDuration(int track) const;
+    int guest(int number, int place) const; // an artist who takes part in an album or track
     void makeRoots();
     std::vector<int> sample(int count, std::uint64_t salt, int size) const;
     std::vector<int> newestAlbums(int count) const;
+    int genreOf(const std::string& path) const;
 
     std::uint64_t m_seed;
     std::vector<AlbumBase> m_albums;
     std::vector<int> m_artistAlbums; // first album index per artist, and the end
     int m_trackCount = 0;
-    std::vector<std::vector<Root>> m_roots; // in the order of rootGroups
+    std::map<std::string, std::vector<Root>> m_roots; // by group
     mutable std::once_flag m_appearancesMade;
     mutable std::vector<std::vector<int>> m_appearances;
 };

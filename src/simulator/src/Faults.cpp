@@ -8,26 +8,46 @@ namespace kelosim {
 
 namespace {
 
-// One kind of fault. `keys` lists what it takes besides the common ones, "*" marks a number, "!" a
-// required key; the first is the main key that "name=value" sets.
+// What a fault may be told, written as "NAME" or "NAME=WORD|WORD"; "*" in front marks a number, "!"
+// a key that must be there.
+struct Key
+{
+    std::string name;
+    std::string words; // that it may be; empty for any
+    bool isNumber;
+    bool isNeeded;
+
+    Key(const std::string& spec)
+        : isNumber(spec[0] == '*'), isNeeded(spec.find('!') != std::string::npos)
+    {
+        const std::size_t begin = spec.find_first_not_of("*!");
+        const std::size_t equals = spec.find('=');
+        name = spec.substr(begin, equals - begin);
+        words = equals == std::string::npos ? "" : spec.substr(equals + 1);
+    }
+    Key(const char* spec) : Key(std::string(spec)) {}
+};
+
+// One kind of fault with the keys that it takes besides the common ones; the first is the main key
+// that "name=value" sets.
 struct Kind
 {
-    const char* name;
-    std::vector<const char*> keys;
-    const char* effect;
+    std::string name;
+    std::vector<Key> keys;
+    std::string effect;
 };
 
 const std::vector<Kind>& kinds()
 {
     static const std::vector<Kind> list = {
         {"status",
-         {"*!status", "body", "*sub", "message", "*retry-after"},
+         {"*!status", "body=json|html|none", "*sub", "message", "*retry-after"},
          "answers with this status; body=json (default), html or none; sub is the subStatus"},
         {"delay", {"*!ms"}, "answers that much later"},
         {"hang", {}, "never answers"},
-        {"reset", {"when"}, "TCP reset; when=before (default) or after the headers"},
+        {"reset", {"when=before|after"}, "TCP reset; when=before (default) or after the headers"},
         {"truncate",
-         {"*!bytes", "framing"},
+         {"*!bytes", "framing=broken|ok"},
          "body ends after so many bytes; framing=broken (default) closes early, framing=ok ends "
          "the message properly"},
         {"drip", {"*bytes", "*ms"}, "body in pieces (64 bytes) with pauses (50 ms)"},
@@ -42,9 +62,11 @@ const std::vector<Kind>& kinds()
         {"date", {"*ahead", "*behind"}, "Date headers are so many seconds ahead or behind"},
         {"device-code", {"*interval", "*expires"}, "other numbers for new device codes (2, 300)"},
         {"bare-link", {}, "verification addresses without \"http://\", as the service sends them"},
-        {"quality", {"!grant"}, "playback grants at most this quality"},
+        {"quality",
+         {"!grant=LOW|HIGH|LOSSLESS|HI_RES|HI_RES_LOSSLESS"},
+         "playback grants at most this quality"},
         {"manifest",
-         {"!kind"},
+         {"!kind=dash|unknown|badbase64|nonjson|nourls|manyurls|encrypted"},
          "kind=dash, unknown, badbase64, nonjson, nourls, manyurls or encrypted"},
         {"playback-limit",
          {"*!calls", "*seconds"},
@@ -61,74 +83,31 @@ const std::vector<Kind>& kinds()
     return list;
 }
 
-constexpr const char* commonKeys[] = {"path", "method", "count", "after"};
-
-const Kind* kindOf(const std::string& name)
+// "" or what is wrong with the key or its value.
+std::string checkKey(const Kind& kind, const std::string& name, const std::string& value)
 {
-    for (const Kind& kind : kinds()) {
-        if (name == kind.name)
-            return &kind;
+    static const std::vector<Key> common = {"path", "method", "*count", "*after"};
+    const Key* key = nullptr;
+    for (const auto* keys : {&common, &kind.keys}) {
+        for (const Key& one : *keys)
+            key = one.name == name ? &one : key;
     }
-    return nullptr;
-}
-
-std::string bareKey(const char* key)
-{
-    while (*key == '*' || *key == '!')
-        ++key;
-    return key;
-}
-
-bool isNumber(const Kind& kind, const std::string& key)
-{
-    if (key == "count" || key == "after")
-        return true;
-    return std::any_of(kind.keys.begin(), kind.keys.end(),
-                       [&](const char* known) { return *known == '*' && bareKey(known) == key; });
-}
-
-bool isKnown(const Kind& kind, const std::string& key)
-{
-    const auto same = [&](const char* known) { return bareKey(known) == key; };
-    return std::any_of(kind.keys.begin(), kind.keys.end(), same) ||
-           std::any_of(std::begin(commonKeys), std::end(commonKeys), same);
-}
-
-// Words with a fixed set of values.
-std::string checkWord(const std::string& key, const std::string& value)
-{
-    static const std::vector<std::pair<std::string, std::string>> sets = {
-        {"body", "json|html|none"},
-        {"when", "before|after"},
-        {"framing", "broken|ok"},
-        {"kind", "dash|unknown|badbase64|nonjson|nourls|manyurls|encrypted"},
-        {"grant", "LOW|HIGH|LOSSLESS|HI_RES|HI_RES_LOSSLESS"}};
-    const std::string* allowed = findValue(sets, key);
-    if (!allowed)
-        return {};
-    const std::vector<std::string> words = split(*allowed, '|');
-    if (std::find(words.begin(), words.end(), value) != words.end())
-        return {};
-    return "key '" + key + "' is one of " + *allowed + ", not '" + value + "'";
-}
-
-std::string checkKey(const Kind& kind, const std::string& key, const std::string& value)
-{
-    if (!isKnown(kind, key))
-        return std::string("fault '") + kind.name + "' has no key '" + key + "'";
-    if (isNumber(kind, key)) {
-        const auto number = toNumber(value);
-        if (!number || *number < 0 || *number > 1000000000)
-            return "key '" + key + "' wants a number, not '" + value + "'";
-    }
-    return checkWord(key, value);
+    if (!key)
+        return "fault '" + kind.name + "' has no key '" + name + "'";
+    const std::int64_t number = toNumber(value).value_or(-1);
+    if (key->isNumber && (number < 0 || number > 1000000000))
+        return "key '" + name + "' wants a number, not '" + value + "'";
+    const std::vector<std::string> words = split(key->words, '|');
+    if (!key->words.empty() && std::find(words.begin(), words.end(), value) == words.end())
+        return "key '" + name + "' is one of " + key->words + ", not '" + value + "'";
+    return {};
 }
 
 HttpResponse errorAnswer(const Pairs& keys)
 {
-    const int status = static_cast<int>(numberKey(keys, "status", 500));
+    const int status = int(numberKey(keys, "status", 500));
     const std::string form = textKey(keys, "body", "json");
-    HttpResponse response = HttpResponse::empty(status);
+    HttpResponse response{status};
     if (form == "html") {
         const std::string text = std::to_string(status) + " " + statusText(status);
         response =
@@ -158,47 +137,36 @@ void pad(std::string& body, std::size_t size)
 
 } // namespace
 
-std::string textKey(const Pairs& keys, std::string_view key, const std::string& otherwise)
-{
-    const std::string* value = findValue(keys, key);
-    return value ? *value : otherwise;
-}
-
-std::int64_t numberKey(const Pairs& keys, std::string_view key, std::int64_t otherwise)
-{
-    const std::string* value = findValue(keys, key);
-    return value ? toNumber(*value).value_or(otherwise) : otherwise;
-}
-
 std::string Faults::add(const std::string& line)
 {
     Fault fault;
-    const Kind* kind = nullptr;
+    auto kind = kinds().end();
     for (const std::string& word : split(line, ' ')) {
         if (word.empty())
             continue;
         const std::size_t equals = word.find('=');
         std::string key = word.substr(0, equals);
         const std::string value = equals == std::string::npos ? "" : word.substr(equals + 1);
-        if (!kind) {
-            kind = kindOf(key);
-            if (!kind)
+        if (kind == kinds().end()) {
+            kind = std::find_if(kinds().begin(), kinds().end(),
+                                [&](const Kind& one) { return one.name == key; });
+            if (kind == kinds().end())
                 return "there is no fault '" + key + "'";
             fault.name = key;
             if (equals == std::string::npos)
                 continue;
-            key = kind->keys.empty() ? "" : bareKey(kind->keys.front());
+            key = kind->keys.empty() ? "" : kind->keys.front().name;
         }
         const std::string problem = checkKey(*kind, key, value);
         if (!problem.empty())
             return problem;
         fault.keys.emplace_back(key, value);
     }
-    if (!kind)
+    if (kind == kinds().end())
         return "the fault line is empty";
-    for (const char* key : kind->keys) {
-        if (std::string_view(key).find('!') < 2 && !findValue(fault.keys, bareKey(key)))
-            return "fault '" + fault.name + "' needs the key '" + bareKey(key) + "'";
+    for (const Key& key : kind->keys) {
+        if (key.isNeeded && !findValue(fault.keys, key.name))
+            return "fault '" + fault.name + "' needs the key '" + key.name + "'";
     }
     fault.count = numberKey(fault.keys, "count", fault.name == "tag-lag" ? 1 : -1);
     fault.skip = numberKey(fault.keys, "after", 0);
@@ -248,19 +216,15 @@ std::optional<Pairs> Faults::use(const std::string& name)
 
 std::optional<HttpResponse> Faults::instead(const HttpRequest& request)
 {
-    HttpResponse response;
+    HttpResponse response = HttpResponse::json(200, std::string(512, ' '));
     if (use("hang", request)) {
         response.transport.hang = true;
         return response;
     }
-    const auto reset = use("reset", request);
-    if (reset && textKey(*reset, "when", "before") == "before") {
-        response.transport.reset = Transport::Reset::BeforeHeaders;
-        return response;
-    }
-    if (reset) {
-        response = HttpResponse::json(200, std::string(512, ' '));
-        response.transport.reset = Transport::Reset::AfterHeaders;
+    if (const auto reset = use("reset", request)) {
+        const bool before = textKey(*reset, "when", "before") == "before";
+        response.transport.reset =
+            before ? Transport::Reset::BeforeHeaders : Transport::Reset::AfterHeaders;
         return response;
     }
     if (const auto status = use("status", request))
@@ -272,9 +236,9 @@ void Faults::onTheWay(const HttpRequest& request, HttpResponse& response)
 {
     Transport& transport = response.transport;
     if (const auto keys = use("delay", request))
-        transport.delayMs += static_cast<int>(numberKey(*keys, "ms", 0));
+        transport.delayMs += int(numberKey(*keys, "ms", 0));
     if (const auto keys = use("size", request))
-        pad(response.body, static_cast<std::size_t>(numberKey(*keys, "bytes", 0)));
+        pad(response.body, (numberKey(*keys, "bytes", 0)));
     if (use("empty", request)) {
         response.body.clear();
         response.source.reset();
@@ -285,12 +249,11 @@ void Faults::onTheWay(const HttpRequest& request, HttpResponse& response)
         if (textKey(*keys, "framing", "broken") == "broken")
             transport.cutAfter = bytes;
         else
-            response.body.resize(std::min(response.body.size(), static_cast<std::size_t>(bytes)));
+            response.body.resize(std::min(response.body.size(), std::size_t(bytes)));
     }
     if (const auto keys = use("drip", request)) {
-        transport.dripMs = std::max(1, static_cast<int>(numberKey(*keys, "ms", 50)));
-        transport.dripBytes =
-            std::max<std::size_t>(1, static_cast<std::size_t>(numberKey(*keys, "bytes", 64)));
+        transport.dripMs = std::max(1, int(numberKey(*keys, "ms", 50)));
+        transport.dripBytes = std::max<std::size_t>(1, (numberKey(*keys, "bytes", 64)));
     }
     if (use("plain", request))
         transport.compress = false;
@@ -308,11 +271,8 @@ std::string Faults::help()
                        "count=N (strikes) and after=N (requests that pass first).\n";
     for (const Kind& kind : kinds()) {
         std::string usage = kind.name;
-        for (const char* key : kind.keys) {
-            const bool required = std::string_view(key).find('!') < 2;
-            const std::string bare = bareKey(key);
-            usage += required ? " " + bare + "=.." : " [" + bare + "=..]";
-        }
+        for (const Key& key : kind.keys)
+            usage += key.isNeeded ? " " + key.name + "=.." : " [" + key.name + "=..]";
         if (usage.size() < 44)
             usage.resize(44, ' ');
         text += "  " + usage + "  " + kind.effect + "\n";

@@ -48,8 +48,4 @@ private:
     std::list<Fault> m_faults;
 };
 
-// Helpers for the keys of a fault.
-std::string textKey(const Pairs& keys, std::string_view key, const std::string& otherwise = {});
-std::int64_t numberKey(const Pairs& keys, std::string_view key, std::int64_t otherwise);
-
 } // namespace kelosim

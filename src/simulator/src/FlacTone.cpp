@@ -21,7 +21,7 @@ std::uint8_t crc8(const std::string& bytes)
         for (int bit = 0; bit < 8; ++bit)
             crc = (crc << 1 ^ ((crc & 0x80u) ? 0x07u : 0u)) & 0xFFu;
     }
-    return static_cast<std::uint8_t>(crc);
+    return std::uint8_t(crc);
 }
 
 std::uint16_t crc16(const std::string& bytes)
@@ -32,20 +32,20 @@ std::uint16_t crc16(const std::string& bytes)
             unsigned crc = i << 8;
             for (int bit = 0; bit < 8; ++bit)
                 crc = (crc << 1 ^ ((crc & 0x8000u) ? 0x8005u : 0u)) & 0xFFFFu;
-            made[i] = static_cast<std::uint16_t>(crc);
+            made[i] = std::uint16_t(crc);
         }
         return made;
     }();
     unsigned crc = 0;
     for (const char c : bytes)
         crc = (crc << 8 ^ table[crc >> 8 ^ static_cast<unsigned char>(c)]) & 0xFFFFu;
-    return static_cast<std::uint16_t>(crc);
+    return std::uint16_t(crc);
 }
 
 // The frame number in the extended UTF-8 form of FLAC; three bytes reach far enough here.
 std::string codedNumber(std::size_t number)
 {
-    const auto byte = [](std::size_t value) { return static_cast<char>(value); };
+    const auto byte = [](std::size_t value) { return char(value); };
     if (number < 0x80)
         return {byte(number)};
     if (number < 0x800)
@@ -72,7 +72,7 @@ FLAC__StreamEncoderWriteStatus collect(const FLAC__StreamEncoder*, const FLAC__b
 
 FlacTone::FlacTone(std::uint64_t number, int seconds)
 {
-    const std::size_t wanted = static_cast<std::size_t>(std::max(1, seconds)) * sampleRate;
+    const std::size_t wanted = std::size_t(std::max(1, seconds)) * sampleRate;
     m_frameCount = std::min(maxFrames, (wanted + flacBlock / 2) / flacBlock);
     std::vector<std::int32_t> samples = composePattern(number);
     const std::size_t needed = m_frameCount * flacBlock * 2;
@@ -101,7 +101,7 @@ void FlacTone::encode(const std::vector<std::int32_t>& samples)
     const bool begun =
         FLAC__stream_encoder_init_stream(encoder, collect, nullptr, nullptr, nullptr, &frames) ==
         FLAC__STREAM_ENCODER_INIT_STATUS_OK;
-    const auto count = static_cast<std::uint32_t>(samples.size() / 2);
+    const auto count = std::uint32_t(samples.size() / 2);
     if (begun && FLAC__stream_encoder_process_interleaved(encoder, samples.data(), count))
         FLAC__stream_encoder_finish(encoder);
     FLAC__stream_encoder_delete(encoder);
@@ -118,7 +118,7 @@ std::string FlacTone::header() const
     std::string out("fLaC\x80\x00\x00\x22", 8);
     const auto put = [&](std::uint64_t value, int bytes) {
         for (int i = bytes - 1; i >= 0; --i)
-            out += static_cast<char>(value >> (8 * i) & 0xFF);
+            out += char(value >> (8 * i) & 0xFF);
     };
     put(flacBlock, 2);
     put(flacBlock, 2);
@@ -136,11 +136,11 @@ std::string FlacTone::frame(std::size_t position) const
 {
     const std::size_t source = position % m_frames.size();
     std::string out = m_heads[source] + codedNumber(position);
-    out += static_cast<char>(crc8(out));
+    out += char(crc8(out));
     out += m_frames[source];
     const unsigned crc = crc16(out);
-    out += static_cast<char>(crc >> 8);
-    out += static_cast<char>(crc & 0xFF);
+    out += char(crc >> 8);
+    out += char(crc & 0xFF);
     return out;
 }
 
@@ -151,9 +151,9 @@ std::size_t FlacTone::read(std::uint64_t offset, char* out, std::size_t size) co
         const auto next = std::upper_bound(m_offsets.begin(), m_offsets.end(), offset);
         const bool inHeader = next == m_offsets.begin();
         const std::string part =
-            inHeader ? header() : frame(static_cast<std::size_t>(next - m_offsets.begin()) - 1);
+            inHeader ? header() : frame(std::size_t(next - m_offsets.begin()) - 1);
         const std::uint64_t begin = inHeader ? 0 : *(next - 1);
-        const auto skip = static_cast<std::size_t>(offset - begin);
+        const auto skip = std::size_t(offset - begin);
         const std::size_t count = std::min(part.size() - skip, size - done);
         std::memcpy(out + done, part.data() + skip, count);
         done += count;

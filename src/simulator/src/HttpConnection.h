@@ -15,35 +15,34 @@ class HttpConnection
 {
 public:
     // Takes over the socket; `stopEvent` becomes readable once, for ever, when the server stops.
-    HttpConnection(int socket, int stopEvent, const HttpHandler& handler);
+    HttpConnection(int socket, int stopEvent, const HttpHandler& handler)
+        : m_socket(socket), m_stopEvent(stopEvent), m_handler(handler)
+    {
+    }
     ~HttpConnection();
 
     // Serves requests until the client, an error or the stop event ends the connection.
     void run();
 
 private:
-    enum class Read { Request, Closed, Bad };
-
-    Read readRequest(HttpRequest& request);
+    // 0 when the connection is over, 200 for a request, else the status that refuses it.
+    int readRequest(HttpRequest& request);
     bool readUntil(std::size_t size); // m_input holds at least that many bytes
-    bool readHead(std::size_t& headSize);
-    bool readBody(HttpRequest& request, std::size_t headSize);
-    bool readChunked(HttpRequest& request, std::size_t offset);
-    bool parseHead(std::string_view head, HttpRequest& request);
+    static bool parseHead(std::string_view head, HttpRequest& request);
 
     bool answer(const HttpRequest& request, HttpResponse response); // false: close now
     bool sendBody(const HttpResponse& response, bool chunked);
-    bool sendPiece(const char* data, std::size_t size, bool chunked);
-    bool sendAll(const char* data, std::size_t size);
+    bool send(std::string_view bytes);
+    bool reset();       // RST on close
     bool pause(int ms); // false: stop event or client gone; ms < 0 waits for either
-    bool wait(short events, int timeoutMs);
-    void sendReset(); // RST on close
+
+    enum class Wake { Ready, Late, Stopped };
+    Wake wait(short events, int timeoutMs) const;
 
     int m_socket;
     int m_stopEvent;
     const HttpHandler& m_handler;
-    std::string m_input;   // bytes received and not yet consumed
-    int m_badStatus = 400; // what readRequest answers when it returns Bad
+    std::string m_input; // bytes received and not yet consumed
 };
 
 } // namespace kelosim

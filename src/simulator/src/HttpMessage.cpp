@@ -1,5 +1,6 @@
 #include "HttpMessage.h"
 
+#include <map>
 #include <zlib.h>
 
 namespace kelosim {
@@ -14,108 +15,36 @@ const std::string* HttpRequest::header(std::string_view name) const
     return nullptr;
 }
 
-std::string HttpRequest::queryValue(std::string_view key) const
-{
-    const std::string* value = findValue(query, key);
-    return value ? *value : std::string();
-}
-
-std::vector<std::string> HttpRequest::segments() const
-{
-    std::vector<std::string> out;
-    for (const std::string& part : split(rawPath, '/')) {
-        if (!part.empty())
-            out.push_back(percentDecode(part, false));
-    }
-    return out;
-}
-
-HttpResponse HttpResponse::json(int status, std::string body)
-{
-    HttpResponse response;
-    response.status = status;
-    response.contentType = "application/json;charset=UTF-8";
-    response.body = std::move(body);
-    return response;
-}
-
-HttpResponse HttpResponse::html(int status, std::string body)
-{
-    HttpResponse response;
-    response.status = status;
-    response.contentType = "text/html;charset=UTF-8";
-    response.body = std::move(body);
-    return response;
-}
-
-HttpResponse HttpResponse::empty(int status)
-{
-    HttpResponse response;
-    response.status = status;
-    return response;
-}
-
 const char* statusText(int status)
 {
-    switch (status) {
-    case 200:
-        return "OK";
-    case 201:
-        return "Created";
-    case 204:
-        return "No Content";
-    case 206:
-        return "Partial Content";
-    case 304:
-        return "Not Modified";
-    case 400:
-        return "Bad Request";
-    case 401:
-        return "Unauthorized";
-    case 403:
-        return "Forbidden";
-    case 404:
-        return "Not Found";
-    case 405:
-        return "Method Not Allowed";
-    case 410:
-        return "Gone";
-    case 412:
-        return "Precondition Failed";
-    case 413:
-        return "Payload Too Large";
-    case 416:
-        return "Range Not Satisfiable";
-    case 429:
-        return "Too Many Requests";
-    case 431:
-        return "Request Header Fields Too Large";
-    case 500:
-        return "Internal Server Error";
-    case 502:
-        return "Bad Gateway";
-    case 503:
-        return "Service Unavailable";
-    case 504:
-        return "Gateway Timeout";
-    default:
-        return "Status";
-    }
+    static const std::map<int, const char*> texts = {{200, "OK"},
+                                                     {201, "Created"},
+                                                     {204, "No Content"},
+                                                     {206, "Partial Content"},
+                                                     {304, "Not Modified"},
+                                                     {400, "Bad Request"},
+                                                     {401, "Unauthorized"},
+                                                     {403, "Forbidden"},
+                                                     {404, "Not Found"},
+                                                     {405, "Method Not Allowed"},
+                                                     {410, "Gone"},
+                                                     {412, "Precondition Failed"},
+                                                     {413, "Payload Too Large"},
+                                                     {416, "Range Not Satisfiable"},
+                                                     {429, "Too Many Requests"},
+                                                     {431, "Request Header Fields Too Large"},
+                                                     {500, "Internal Server Error"},
+                                                     {502, "Bad Gateway"},
+                                                     {503, "Service Unavailable"},
+                                                     {504, "Gateway Timeout"}};
+    const auto it = texts.find(status);
+    return it == texts.end() ? "Status" : it->second;
 }
 
 bool acceptsGzip(const HttpRequest& request)
 {
     const std::string* accepted = request.header("Accept-Encoding");
-    if (!accepted)
-        return false;
-    for (const std::string& part : split(lowerAscii(*accepted), ',')) {
-        const std::size_t begin = part.find_first_not_of(' ');
-        if (begin == std::string::npos || part.compare(begin, 4, "gzip") != 0)
-            continue;
-        return part.find("q=0", begin) == std::string::npos ||
-               part.find("q=0.", begin) != std::string::npos;
-    }
-    return false;
+    return accepted && accepted->find("gzip") != std::string::npos;
 }
 
 std::string gzip(const std::string& bytes)
@@ -126,9 +55,9 @@ std::string gzip(const std::string& bytes)
         return {};
     std::string out(deflateBound(&stream, bytes.size()), '\0');
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
-    stream.avail_in = static_cast<uInt>(bytes.size());
+    stream.avail_in = uInt(bytes.size());
     stream.next_out = reinterpret_cast<Bytef*>(&out[0]);
-    stream.avail_out = static_cast<uInt>(out.size());
+    stream.avail_out = uInt(out.size());
     const int result = deflate(&stream, Z_FINISH);
     out.resize(result == Z_STREAM_END ? stream.total_out : 0);
     deflateEnd(&stream);

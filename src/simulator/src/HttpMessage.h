@@ -13,19 +13,17 @@ namespace kelosim {
 struct HttpRequest
 {
     std::string method;
-    std::string target;  // as sent
-    std::string rawPath; // the target without its query, still percent-encoded
-    std::string path;    // decoded
-    Pairs query;         // decoded, in the order sent
-    Pairs headers;       // names as sent
+    std::string path;                  // decoded
+    std::vector<std::string> segments; // of the path, each decoded on its own: "%2F" stays inside
+    Pairs query;                       // decoded, in the order sent
+    Pairs headers;                     // names as sent
     std::string body;
 
+    bool isGet() const { return method == "GET" || method == "HEAD"; }
     // The header's value without regard to the name's case, nullptr when absent.
     const std::string* header(std::string_view name) const;
     // The query value, "" when absent.
-    std::string queryValue(std::string_view key) const;
-    // The path's segments, each decoded on its own so that "%2F" stays inside one.
-    std::vector<std::string> segments() const;
+    std::string queryValue(std::string_view key) const { return textKey(query, key); }
 };
 
 // A body that is produced while it is sent; `read` fills up to `size` bytes from `offset`.
@@ -52,15 +50,20 @@ struct Transport
 struct HttpResponse
 {
     int status = 200;
-    std::string contentType; // none: header left out
-    Pairs headers;
-    std::string body;
-    std::shared_ptr<BodySource> source; // instead of body
-    Transport transport;
+    std::string contentType = {}; // none: header left out
+    std::string body = {};
+    Pairs headers = {};
+    std::shared_ptr<BodySource> source = {}; // instead of body
+    Transport transport = {};
 
-    static HttpResponse json(int status, std::string body);
-    static HttpResponse html(int status, std::string body);
-    static HttpResponse empty(int status);
+    static HttpResponse json(int status, std::string body)
+    {
+        return {status, "application/json;charset=UTF-8", std::move(body)};
+    }
+    static HttpResponse html(int status, std::string body)
+    {
+        return {status, "text/html;charset=UTF-8", std::move(body)};
+    }
 };
 
 const char* statusText(int status);

@@ -16,19 +16,11 @@ namespace {
 constexpr std::size_t maxClients = 256; // further connections are closed at once
 }
 
-HttpServer::HttpServer(HttpHandler handler) : m_handler(std::move(handler)) {}
-
-HttpServer::~HttpServer()
-{
-    stop();
-}
-
-bool HttpServer::start(const std::string& host, int port, const std::function<void(int)>& bound,
-                       std::string* error)
+bool HttpServer::start(const std::string& host, int port, std::string* error)
 {
     sockaddr_in address{};
     address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
+    address.sin_port = htons(std::uint16_t(port));
     if (inet_pton(AF_INET, host.c_str(), &address.sin_addr) != 1) {
         *error = "'" + host + "' is no IPv4 address";
         return false;
@@ -46,7 +38,6 @@ bool HttpServer::start(const std::string& host, int port, const std::function<vo
         return false;
     }
     m_port = ntohs(address.sin_port);
-    bound(m_port);
     m_stopEvent = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
     m_thread = std::thread([this] { listen(); });
     return true;
@@ -103,12 +94,12 @@ void HttpServer::accept()
 void HttpServer::reap(bool all)
 {
     for (auto it = m_clients.begin(); it != m_clients.end();) {
-        if (!all && !it->done) {
+        if (all || it->done) {
+            it->thread.join();
+            it = m_clients.erase(it);
+        } else {
             ++it;
-            continue;
         }
-        it->thread.join();
-        it = m_clients.erase(it);
     }
 }
 

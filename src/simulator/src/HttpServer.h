@@ -15,13 +15,13 @@ namespace kelosim {
 class HttpServer
 {
 public:
-    explicit HttpServer(HttpHandler handler);
-    ~HttpServer();
+    explicit HttpServer(HttpHandler handler) : m_handler(std::move(handler)) {}
+    ~HttpServer() { stop(); }
 
-    // Binds and starts to accept; `bound` learns the port before the first request can come.
-    bool start(const std::string& host, int port, const std::function<void(int)>& bound,
-               std::string* error);
+    // Binds and starts to accept; false with a sentence in *error when it cannot.
+    bool start(const std::string& host, int port, std::string* error);
     void stop();
+    // Known before the first request can come.
     int port() const { return m_port; }
 
 private:

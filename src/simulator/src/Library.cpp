@@ -4,7 +4,6 @@
 #include "Text.h"
 
 #include <algorithm>
-#include <set>
 
 namespace kelosim {
 
@@ -23,6 +22,12 @@ std::string bareTag(const std::string& tag)
             out += c;
     }
     return out;
+}
+
+bool areInside(const Library::Positions& positions, const std::vector<PlaylistItem>& items)
+{
+    return !positions.empty() && *positions.begin() >= 0 &&
+           *positions.rbegin() < std::int64_t(items.size());
 }
 
 } // namespace
@@ -71,8 +76,8 @@ void Library::fill()
     const auto someTracks = [&](std::uint64_t salt, std::uint64_t count) {
         std::vector<std::int64_t> ids;
         for (std::uint64_t i = 0; i < count; ++i) {
-            const auto total = static_cast<std::uint64_t>(m_catalogue.trackCount());
-            ids.push_back(Catalogue::trackId(static_cast<int>(mix(seed, salt, i) % total)));
+            const auto total = m_catalogue.trackCount();
+            ids.push_back(Catalogue::trackId(int(mix(seed, salt, i) % total)));
         }
         return ids;
     };
@@ -84,19 +89,19 @@ void Library::fill()
             list.description = i == 11 ? longTitle(hash, 5000) : sentence(hash);
         list.type = i % 10 == 9 ? "ARTIST" : "EDITORIAL";
         if (list.type == "ARTIST") {
-            const Artist artist = m_catalogue.artist(1 + static_cast<int>(i / 10));
+            const Artist artist = m_catalogue.artist(1 + int(i / 10));
             list.creator = artist.id;
             list.creatorName = artist.name;
             list.title = "Picked by " + artist.name;
         }
         list.isPublic = true;
         list.noImages = hash % 15 == 0;
-        list.popularity = static_cast<int>(hash % 90);
-        list.created = filledAt - static_cast<std::int64_t>(hash % 900 + 30) * day;
-        list.updated = filledAt - static_cast<std::int64_t>(hash % 29) * day;
+        list.popularity = int(hash % 90);
+        list.created = filledAt - std::int64_t(hash % 900 + 30) * day;
+        list.updated = filledAt - std::int64_t(hash % 29) * day;
         std::vector<std::int64_t> ids = someTracks(hash, 20 + hash % 80);
         if (i % 20 == 3) // videos stand unmarked among the tracks
-            ids.insert(ids.begin() + 5, Catalogue::videoId(static_cast<int>(i % 60)));
+            ids.insert(ids.begin() + 5, Catalogue::videoId(int(i % 60)));
         add(std::move(list), ids);
     }
     struct Own
@@ -124,8 +129,7 @@ void Library::fill()
         list.noImages = one.tracks == 0;
         list.created = filledAt - (400 + age) * day;
         list.updated = filledAt - age * day;
-        std::vector<std::int64_t> ids =
-            someTracks(900 + static_cast<std::uint64_t>(age), one.tracks);
+        std::vector<std::int64_t> ids = someTracks(900 + age, one.tracks);
         if (ids.size() > 10)
             ids[9] = ids[2]; // the same track twice
         for (int i = 0; i < 6 && list.title == "Films only"; ++i)
@@ -144,12 +148,12 @@ void Library::fillFavorites()
     const auto fillKind = [&](FavoriteKind kind, int count, int total, auto idOf) {
         std::set<std::string> seen;
         auto& list = m_favorites[kind];
-        for (std::uint64_t i = 0; static_cast<int>(list.size()) < count; ++i) {
-            const std::uint64_t hash = mix(seed, 600 + static_cast<std::uint64_t>(kind), i);
-            const std::string id = idOf(static_cast<int>(hash % static_cast<std::uint64_t>(total)));
-            const auto age = static_cast<std::int64_t>(hash / 4096 % 1000) * day;
+        for (std::uint64_t i = 0; int(list.size()) < count; ++i) {
+            const std::uint64_t hash = mix(seed, 600 + int(kind), i);
+            const std::string id = idOf(int(hash % total));
+            const auto age = std::int64_t(hash / 4096 % 1000) * day;
             if (seen.insert(id).second)
-                list.push_back({id, filledAt - age - static_cast<std::int64_t>(i)});
+                list.push_back({id, filledAt - age - std::int64_t(i)});
         }
     };
     fillKind(FavoriteKind::Albums, 64, m_catalogue.albumCount(),
@@ -158,8 +162,7 @@ void Library::fillFavorites()
              [&](int i) { return std::to_string(Catalogue::artistId(i + 1)); });
     fillKind(FavoriteKind::Tracks, 132, m_catalogue.trackCount(),
              [&](int i) { return std::to_string(Catalogue::trackId(i)); });
-    fillKind(FavoriteKind::Playlists, 9, editorialCount,
-             [&](int i) { return m_order[static_cast<std::size_t>(i)]; });
+    fillKind(FavoriteKind::Playlists, 9, editorialCount, [&](int i) { return m_order[i]; });
 }
 
 std::optional<Playlist> Library::playlist(const std::string& uuid) const
@@ -169,7 +172,7 @@ std::optional<Playlist> Library::playlist(const std::string& uuid) const
     return it == m_playlists.end() ? std::nullopt : std::optional<Playlist>(it->second);
 }
 
-std::vector<Playlist> Library::select(const std::string& type, std::int64_t creator) const
+std::vector<Playlist> Library::playlists(const std::string& type, std::int64_t creator) const
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     std::vector<Playlist> result;
@@ -183,25 +186,10 @@ std::vector<Playlist> Library::select(const std::string& type, std::int64_t crea
 
 std::vector<Playlist> Library::userPlaylists() const
 {
-    std::vector<Playlist> result = select("USER", userId);
+    std::vector<Playlist> result = playlists("USER", userId);
     std::stable_sort(result.begin(), result.end(),
                      [](const Playlist& a, const Playlist& b) { return a.updated > b.updated; });
     return result;
-}
-
-std::vector<Playlist> Library::editorialPlaylists() const
-{
-    return select("EDITORIAL", 0);
-}
-
-std::vector<Playlist> Library::artistPlaylists(std::int64_t artistId) const
-{
-    return select("ARTIST", artistId);
-}
-
-std::vector<Playlist> Library::allPlaylists() const
-{
-    return select({}, 0);
 }
 
 std::vector<Favorite> Library::favorites(FavoriteKind kind) const
@@ -219,23 +207,25 @@ std::vector<Favorite> Library::favorites(FavoriteKind kind) const
     return result;
 }
 
-void Library::touch(Playlist& playlist, bool itemAdded)
+Library::Edit Library::edit(const std::string& uuid, const std::string* tag, bool needsTag,
+                            Playlist* after, const std::function<Edit(Playlist&)>& change)
 {
-    playlist.updated = std::max(nowMs(), playlist.updated + 1); // strictly growing
-    if (itemAdded)
-        playlist.itemAdded = playlist.updated;
-}
-
-Library::Edit Library::checkEdit(const std::string& uuid, const std::string* tag,
-                                 Playlist** playlist)
-{
+    const std::lock_guard<std::mutex> lock(m_mutex);
     const auto it = m_playlists.find(uuid);
     if (it == m_playlists.end())
         return Edit::NotFound;
-    *playlist = &it->second;
-    if (!tag || bareTag(*tag) != std::to_string(it->second.updated))
+    Playlist& playlist = it->second;
+    if (tag ? bareTag(*tag) != std::to_string(playlist.updated) : needsTag)
         return Edit::WrongTag;
-    return it->second.creator == userId ? Edit::Done : Edit::NotOwner;
+    if (playlist.creator != userId)
+        return Edit::NotOwner;
+    const std::int64_t before = playlist.updated;
+    playlist.updated = std::max(nowMs(), before + 1); // strictly growing
+    const Edit result = change(playlist);
+    if (result != Edit::Done)
+        playlist.updated = before;
+    *after = playlist;
+    return result;
 }
 
 Playlist Library::create(const std::string& title, const std::string& description)
@@ -252,119 +242,82 @@ Playlist Library::create(const std::string& title, const std::string& descriptio
 }
 
 Library::Edit Library::rename(const std::string& uuid, const std::string* title,
-                              const std::string* description)
+                              const std::string* description, Playlist* after)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    const auto it = m_playlists.find(uuid);
-    if (it == m_playlists.end())
-        return Edit::NotFound;
-    if (it->second.creator != userId)
-        return Edit::NotOwner;
-    if (title)
-        it->second.title = *title;
-    if (description)
-        it->second.description = *description;
-    touch(it->second, false);
-    return Edit::Done;
+    return edit(uuid, nullptr, false, after, [&](Playlist& playlist) {
+        if (title)
+            playlist.title = *title;
+        if (description)
+            playlist.description = *description;
+        return Edit::Done;
+    });
 }
 
 Library::Edit Library::remove(const std::string& uuid, const std::string* tag)
 {
+    Playlist last;
+    const Edit result = edit(uuid, tag, false, &last, [](const Playlist&) { return Edit::Done; });
     const std::lock_guard<std::mutex> lock(m_mutex);
-    Playlist* playlist = nullptr;
-    const auto it = m_playlists.find(uuid);
-    const std::string current = it == m_playlists.end() ? "" : it->second.tag();
-    // A delete without a tag is accepted, one with a stale tag is not.
-    const Edit result = checkEdit(uuid, tag ? tag : &current, &playlist);
-    if (result != Edit::Done)
-        return result;
-    m_playlists.erase(uuid);
-    m_order.erase(std::find(m_order.begin(), m_order.end(), uuid));
-    return Edit::Done;
+    if (result == Edit::Done && m_playlists.erase(uuid) != 0)
+        m_order.erase(std::find(m_order.begin(), m_order.end(), uuid));
+    return result;
 }
 
 Library::Edit Library::addItems(const std::string& uuid, const std::string* tag,
                                 const std::vector<std::int64_t>& ids, std::int64_t at,
                                 Playlist* after, std::vector<std::int64_t>* added, bool skipPresent)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    Playlist* playlist = nullptr;
-    const Edit result = checkEdit(uuid, tag, &playlist);
-    if (result != Edit::Done)
-        return result;
-    auto& items = playlist->items;
-    touch(*playlist, true);
-    auto position = at < 0 || at > static_cast<std::int64_t>(items.size())
-                        ? items.size()
-                        : static_cast<std::size_t>(at);
-    for (const std::int64_t id : ids) {
-        const auto present = [&](const PlaylistItem& item) { return item.id == id; };
-        if (skipPresent && std::any_of(items.begin(), items.end(), present))
-            continue;
-        items.insert(items.begin() + static_cast<std::ptrdiff_t>(position++),
-                     {id, playlist->updated, makeUuid()});
-        added->push_back(id);
-    }
-    *after = *playlist;
-    return Edit::Done;
+    return edit(uuid, tag, true, after, [&](Playlist& playlist) {
+        auto& items = playlist.items;
+        playlist.itemAdded = playlist.updated;
+        std::int64_t position = at < 0 || at > std::int64_t(items.size()) ? items.size() : at;
+        for (const std::int64_t id : ids) {
+            const auto present = [&](const PlaylistItem& item) { return item.id == id; };
+            if (skipPresent && std::any_of(items.begin(), items.end(), present))
+                continue;
+            items.insert(items.begin() + position++, {id, playlist.updated, makeUuid()});
+            added->push_back(id);
+        }
+        return Edit::Done;
+    });
 }
 
 Library::Edit Library::removeItems(const std::string& uuid, const std::string* tag,
-                                   const std::vector<std::int64_t>& positions, Playlist* after)
+                                   const Positions& positions, Playlist* after)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    Playlist* playlist = nullptr;
-    const Edit result = checkEdit(uuid, tag, &playlist);
-    if (result != Edit::Done)
-        return result;
-    auto& items = playlist->items;
-    const std::set<std::int64_t> gone(positions.begin(), positions.end());
-    if (gone.empty() || *gone.begin() < 0 ||
-        *gone.rbegin() >= static_cast<std::int64_t>(items.size()))
-        return Edit::BadIndex;
-    for (auto it = gone.rbegin(); it != gone.rend(); ++it)
-        items.erase(items.begin() + *it);
-    touch(*playlist, false);
-    *after = *playlist;
-    return Edit::Done;
+    return edit(uuid, tag, true, after, [&](Playlist& playlist) {
+        if (!areInside(positions, playlist.items))
+            return Edit::BadIndex;
+        for (auto it = positions.rbegin(); it != positions.rend(); ++it)
+            playlist.items.erase(playlist.items.begin() + *it);
+        return Edit::Done;
+    });
 }
 
 Library::Edit Library::moveItems(const std::string& uuid, const std::string* tag,
-                                 const std::vector<std::int64_t>& positions, std::int64_t to,
-                                 Playlist* after)
+                                 const Positions& positions, std::int64_t to, Playlist* after)
 {
-    const std::lock_guard<std::mutex> lock(m_mutex);
-    Playlist* playlist = nullptr;
-    const Edit result = checkEdit(uuid, tag, &playlist);
-    if (result != Edit::Done)
-        return result;
-    auto& items = playlist->items;
-    const auto size = static_cast<std::int64_t>(items.size());
-    const std::set<std::int64_t> moved(positions.begin(), positions.end());
-    if (moved.empty() || *moved.begin() < 0 || *moved.rbegin() >= size)
-        return Edit::BadIndex;
-    std::vector<PlaylistItem> taken;
-    std::vector<PlaylistItem> rest;
-    for (std::int64_t i = 0; i < size; ++i)
-        (moved.count(i) ? taken : rest).push_back(items[static_cast<std::size_t>(i)]);
-    // The target is the position that the first moved item has afterwards.
-    const auto limit = static_cast<std::int64_t>(rest.size());
-    const std::int64_t position = to < 0 || to > limit ? limit : to;
-    rest.insert(rest.begin() + position, taken.begin(), taken.end());
-    items = std::move(rest);
-    touch(*playlist, false);
-    *after = *playlist;
-    return Edit::Done;
+    return edit(uuid, tag, true, after, [&](Playlist& playlist) {
+        if (!areInside(positions, playlist.items))
+            return Edit::BadIndex;
+        std::vector<PlaylistItem> taken;
+        std::vector<PlaylistItem> rest;
+        for (std::size_t i = 0; i < playlist.items.size(); ++i)
+            (positions.count(i) ? taken : rest).push_back(playlist.items[i]);
+        // The target is the position that the first moved item has afterwards.
+        const std::int64_t limit = rest.size();
+        rest.insert(rest.begin() + (to < 0 || to > limit ? limit : to), taken.begin(), taken.end());
+        playlist.items = std::move(rest);
+        return Edit::Done;
+    });
 }
 
 void Library::addFavorite(FavoriteKind kind, const std::string& id)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     auto& list = m_favorites[kind];
-    for (const Favorite& one : list) {
-        if (one.id == id)
-            return;
-    }
+    if (std::any_of(list.begin(), list.end(), [&](const Favorite& one) { return one.id == id; }))
+        return;
     // Ahead of the others: the unordered list is in no order of time, but a new entry is on its
     // first page, where clients look for it.
     list.insert(list.begin(), {id, nowMs()});

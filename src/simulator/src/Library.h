@@ -2,9 +2,11 @@
 
 #include "Catalogue.h"
 
+#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -57,27 +59,29 @@ public:
     void reset();
 
     std::optional<Playlist> playlist(const std::string& uuid) const;
-    std::vector<Playlist> userPlaylists() const;      // newest first
-    std::vector<Playlist> editorialPlaylists() const; // in the order they were made
-    std::vector<Playlist> artistPlaylists(std::int64_t artistId) const;
-    std::vector<Playlist> allPlaylists() const;
+    // In the order they were made; "" and 0 stand for every type and creator.
+    std::vector<Playlist> playlists(const std::string& type = {}, std::int64_t creator = 0) const;
+    std::vector<Playlist> userPlaylists() const; // newest first
     std::vector<Favorite> favorites(FavoriteKind kind) const;
 
     // Edits. A tag that differs, missing playlists and foreign ones are told apart by the result.
+    // `after` is the playlist as the edit left it.
     enum class Edit { Done, NotFound, WrongTag, NotOwner, BadIndex };
+    using Positions = std::set<std::int64_t>;
 
     Playlist create(const std::string& title, const std::string& description);
-    Edit rename(const std::string& uuid, const std::string* title, const std::string* description);
+    Edit rename(const std::string& uuid, const std::string* title, const std::string* description,
+                Playlist* after);
     Edit remove(const std::string& uuid, const std::string* tag);
     // Puts the ids in front of position `at`; a negative or too large one appends.
     Edit addItems(const std::string& uuid, const std::string* tag,
                   const std::vector<std::int64_t>& ids, std::int64_t at, Playlist* after,
                   std::vector<std::int64_t>* added, bool skipPresent);
-    Edit removeItems(const std::string& uuid, const std::string* tag,
-                     const std::vector<std::int64_t>& positions, Playlist* after);
+    Edit removeItems(const std::string& uuid, const std::string* tag, const Positions& positions,
+                     Playlist* after);
     // Moves the items, in their order in the list, so that the first one ends at position `to`.
-    Edit moveItems(const std::string& uuid, const std::string* tag,
-                   const std::vector<std::int64_t>& positions, std::int64_t to, Playlist* after);
+    Edit moveItems(const std::string& uuid, const std::string* tag, const Positions& positions,
+                   std::int64_t to, Playlist* after);
     void addFavorite(FavoriteKind kind, const std::string& id);
     void removeFavorite(FavoriteKind kind, const std::string& id);
 
@@ -85,10 +89,11 @@ private:
     void fill(); // m_mutex is held, or nobody else knows this object yet
     void fillFavorites();
     Playlist& add(Playlist playlist, const std::vector<std::int64_t>& ids);
-    Edit checkEdit(const std::string& uuid, const std::string* tag, Playlist** playlist);
-    void touch(Playlist& playlist, bool itemAdded);
+    // Finds and checks the playlist, whose tag must be given where `needsTag` says so, runs
+    // `change` on it, and stamps and copies it when that is done.
+    Edit edit(const std::string& uuid, const std::string* tag, bool needsTag, Playlist* after,
+              const std::function<Edit(Playlist&)>& change);
     std::string makeUuid();
-    std::vector<Playlist> select(const std::string& type, std::int64_t creator) const;
 
     const Catalogue& m_catalogue;
     mutable std::mutex m_mutex;

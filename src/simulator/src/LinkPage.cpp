@@ -43,15 +43,6 @@ HttpResponse notWaiting(const std::string& userCode)
                          codeForm);
 }
 
-std::string upperAscii(std::string text)
-{
-    for (char& c : text) {
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    }
-    return text;
-}
-
 } // namespace
 
 HttpResponse LinkPage::handle(const HttpRequest& request)
@@ -60,9 +51,8 @@ HttpResponse LinkPage::handle(const HttpRequest& request)
         const Pairs form = parsePairs(request.body);
         return decide(upperAscii(textKey(form, "userCode")), textKey(form, "answer"));
     }
-    const std::vector<std::string> segments = request.segments();
-    const std::string code =
-        upperAscii(segments.size() > 1 ? segments[1] : request.queryValue("userCode"));
+    const std::string code = upperAscii(
+        request.segments.size() > 1 ? request.segments[1] : request.queryValue("userCode"));
     if (code.empty())
         return page(200, std::string("<h1>Link a device</h1><p>Enter the code that the device "
                                      "shows.</p>") +

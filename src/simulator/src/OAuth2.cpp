@@ -16,30 +16,28 @@ constexpr std::size_t maxTokens = 10000;
 constexpr const char* deviceGrant = "urn:ietf:params:oauth:grant-type:device_code";
 
 // The authorisation server spells sub_status unlike the web API.
-HttpResponse oauthError(int status, const char* error, int subStatus, const char* description)
-{
-    JsonWriter json;
-    json.beginObject().field("status", status).field("error", error);
-    json.field("sub_status", subStatus).field("error_description", description).endObject();
-    return HttpResponse::json(status, json.take());
-}
-
 HttpResponse namedError(const std::string& name)
 {
-    if (name == "authorization_pending")
-        return oauthError(400, "authorization_pending", 1002,
-                          "Device Authorization code is not authorized yet");
-    if (name == "slow_down")
-        return oauthError(400, "slow_down", 1003, "Polling too fast");
-    if (name == "expired_token")
-        return oauthError(400, "expired_token", 1004, "Device code has expired");
-    if (name == "access_denied")
-        return oauthError(400, "access_denied", 1006, "The user denied the authorization");
-    if (name == "invalid_grant")
-        return oauthError(400, "invalid_grant", 11101, "Token could not be verified");
-    if (name == "invalid_client")
-        return oauthError(401, "invalid_client", 1005, "Client not found");
-    return oauthError(400, name.c_str(), 1002, "Refused");
+    struct Error
+    {
+        int status;
+        int subStatus;
+        const char* description;
+    };
+    static const std::map<std::string, Error> errors = {
+        {"authorization_pending", {400, 1002, "Device Authorization code is not authorized yet"}},
+        {"slow_down", {400, 1003, "Polling too fast"}},
+        {"expired_token", {400, 1004, "Device code has expired"}},
+        {"access_denied", {400, 1006, "The user denied the authorization"}},
+        {"unsupported_grant_type", {400, 1002, "Grant type is not supported"}},
+        {"invalid_grant", {400, 11101, "Token could not be verified"}},
+        {"invalid_client", {401, 1005, "Client not found"}}};
+    const auto it = errors.find(name);
+    const Error error = it == errors.end() ? Error{400, 1002, "Refused"} : it->second;
+    JsonWriter json;
+    json.beginObject().field("status", error.status).field("error", name);
+    json.field("sub_status", error.subStatus).field("error_description", error.description);
+    return HttpResponse::json(error.status, json.endObject().take());
 }
 
 // Client id and secret from the form or from Basic authorisation.
@@ -50,10 +48,9 @@ bool clientKnown(const HttpRequest& request, const Pairs& form, bool withSecret)
     const std::string* header = request.header("Authorization");
     if (header && startsWith(*header, "Basic ")) {
         const std::string pair = base64Decode(std::string_view(*header).substr(6));
-        id = percentDecode(pair.substr(0, pair.find(':')), true);
-        secret = pair.find(':') == std::string::npos
-                     ? ""
-                     : percentDecode(pair.substr(pair.find(':') + 1), true);
+        const std::size_t colon = pair.find(':');
+        id = percentDecode(pair.substr(0, colon));
+        secret = colon == std::string::npos ? "" : percentDecode(pair.substr(colon + 1));
     }
     return id == OAuth2::clientId && (!withSecret || secret == OAuth2::clientSecret);
 }
@@ -78,12 +75,12 @@ void writeUser(JsonWriter& json)
 std::string OAuth2::secret(const char* prefix)
 {
     std::random_device source;
-    const std::uint64_t random = static_cast<std::uint64_t>(source()) << 32 | source();
+    const std::uint64_t random = std::uint64_t(source()) << 32 | source();
     ++m_secrets;
     return prefix + hex(mix(random, m_secrets), 16) + hex(mix(random, m_secrets, 1), 16);
 }
 
-HttpResponse OAuth2::deviceAuthorization(const HttpRequest& request, const std::string& host)
+HttpResponse OAuth2::deviceAuthorization(const HttpRequest& request, const std::string& address)
 {
     const Pairs form = parsePairs(request.body);
     if (const auto fault = m_faults.use("oauth-code", request))
@@ -100,14 +97,12 @@ HttpResponse OAuth2::deviceAuthorization(const HttpRequest& request, const std::
     Device device;
     const std::string code = secret("d0d0-");
     for (std::uint64_t i = 0; i < 5; ++i)
-        device.userCode += static_cast<char>('A' + mix(m_secrets, i, code.size(), code[9]) % 26);
-    device.state = m_approvals == 0 ? State::Pending : State::Approved;
-    if (m_approvals > 0)
-        --m_approvals;
+        device.userCode += char('A' + mix(m_secrets, i, code.size(), code[9]) % 26);
+    device.state = m_approvals-- > 0 ? State::Approved : State::Pending;
     device.expires = nowMs() + expires * 1000;
     device.interval = interval * 1000;
     m_devices[code] = device;
-    const std::string link = (bare ? "" : "http://") + host + "/link";
+    const std::string link = address.substr(bare ? address.find("//") + 2 : 0) + "/link";
     JsonWriter json;
     json.beginObject().field("deviceCode", code).field("userCode", device.userCode);
     json.field("verificationUri", link);
@@ -129,7 +124,7 @@ HttpResponse OAuth2::token(const HttpRequest& request)
         return deviceToken(form);
     if (type == "refresh_token")
         return refreshToken(form);
-    return oauthError(400, "unsupported_grant_type", 1002, "Grant type is not supported");
+    return namedError("unsupported_grant_type");
 }
 
 HttpResponse OAuth2::deviceToken(const Pairs& form)

@@ -15,13 +15,11 @@ public:
     static constexpr const char* clientId = "kelo-demo";
     static constexpr const char* clientSecret = "kelo-demo-secret";
 
-    static constexpr int approveAll = -1;
-
-    // So many device codes, the first ones, approve themselves; or approveAll.
+    // So many device codes, the first ones, approve themselves.
     OAuth2(Faults& faults, int approvals) : m_faults(faults), m_approvals(approvals) {}
 
-    // Below /v1/oauth2; `host` is what the client reached us under.
-    HttpResponse deviceAuthorization(const HttpRequest& request, const std::string& host);
+    // Below /v1/oauth2; `address` is what the client reached us under.
+    HttpResponse deviceAuthorization(const HttpRequest& request, const std::string& address);
     HttpResponse token(const HttpRequest& request);
 
     // The person's answer; false for a code that nobody waits for, or that has the other answer.

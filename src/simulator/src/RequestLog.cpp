@@ -4,19 +4,18 @@
 
 #include <algorithm>
 #include <chrono>
+#include <set>
 
 namespace kelosim {
 
 namespace {
 
-bool isSecret(std::string_view name)
+bool isSecret(const std::string& name)
 {
-    for (const char* word : {"authorization", "access_token", "refresh_token", "client_secret",
-                             "device_code", "token", "x-tidal-token", "sessionid"}) {
-        if (name == word)
-            return true;
-    }
-    return false;
+    static const std::set<std::string> names = {"authorization", "access_token", "refresh_token",
+                                                "client_secret", "device_code",  "token",
+                                                "x-tidal-token", "sessionid"};
+    return names.count(name) != 0;
 }
 
 // The scheme word and the first four characters stay, enough to tell two secrets apart.
@@ -60,15 +59,14 @@ void writePairs(JsonWriter& json, const char* key, const Pairs& pairs)
 
 } // namespace
 
-void RequestLog::add(const HttpRequest& request)
+void RequestLog::add(HttpRequest request)
 {
-    Entry entry{request.method, request.path, request.query, request.headers,
-                shortenBody(request.body.substr(0, maxBody))};
-    shortenSecrets(entry.query);
-    shortenSecrets(entry.headers);
+    request.body = shortenBody(request.body.substr(0, maxBody));
+    shortenSecrets(request.query);
+    shortenSecrets(request.headers);
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        m_entries.push_back(std::move(entry));
+        m_entries.push_back(std::move(request));
         if (m_entries.size() > maxEntries)
             m_entries.pop_front();
     }
@@ -87,7 +85,7 @@ std::string RequestLog::json() const
     json.beginArray();
     {
         const std::lock_guard<std::mutex> lock(m_mutex);
-        for (const Entry& entry : m_entries) {
+        for (const HttpRequest& entry : m_entries) {
             json.beginObject().field("method", entry.method).field("path", entry.path);
             writePairs(json, "query", entry.query);
             writePairs(json, "headers", entry.headers);
@@ -99,18 +97,13 @@ std::string RequestLog::json() const
 
 bool RequestLog::waitFor(const std::string& pathPrefix, int count, int timeoutMs) const
 {
+    const auto isMeant = [&](const HttpRequest& entry) {
+        return startsWith(entry.path, pathPrefix) || startsWith(entry.path, "/v1" + pathPrefix);
+    };
     std::unique_lock<std::mutex> lock(m_mutex);
-    return m_added.wait_for(lock, std::chrono::milliseconds(timeoutMs),
-                            [&] { return countOf(pathPrefix) >= count; });
-}
-
-int RequestLog::countOf(const std::string& pathPrefix) const
-{
-    const std::string full = "/v1" + pathPrefix;
-    return static_cast<int>(
-        std::count_if(m_entries.begin(), m_entries.end(), [&](const Entry& entry) {
-            return startsWith(entry.path, pathPrefix) || startsWith(entry.path, full);
-        }));
+    return m_added.wait_for(lock, std::chrono::milliseconds(timeoutMs), [&] {
+        return std::count_if(m_entries.begin(), m_entries.end(), isMeant) >= count;
+    });
 }
 
 } // namespace kelosim

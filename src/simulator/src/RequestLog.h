@@ -14,7 +14,7 @@ namespace kelosim {
 class RequestLog
 {
 public:
-    void add(const HttpRequest& request);
+    void add(HttpRequest request);
     void clear();
     // JSON array, oldest first: method, path, query [[key, value]], headers [[name, value]], body.
     std::string json() const;
@@ -23,22 +23,11 @@ public:
     bool waitFor(const std::string& pathPrefix, int count, int timeoutMs) const;
 
 private:
-    struct Entry
-    {
-        std::string method;
-        std::string path;
-        Pairs query;
-        Pairs headers;
-        std::string body;
-    };
-
-    int countOf(const std::string& pathPrefix) const; // m_mutex is held
-
     static constexpr std::size_t maxEntries = 20000;
     static constexpr std::size_t maxBody = 4096;
     mutable std::mutex m_mutex;
     mutable std::condition_variable m_added;
-    std::deque<Entry> m_entries;
+    std::deque<HttpRequest> m_entries;
 };
 
 } // namespace kelosim

@@ -29,7 +29,7 @@ bool readAddress(const std::string& text, std::string* host, int* port, std::str
         *error = "'" + text + "' is no address of the form 127.0.0.1:PORT";
         return false;
     }
-    *port = static_cast<int>(number);
+    *port = int(number);
     if (*host == "localhost")
         *host = "127.0.0.1";
     if (startsWith(*host, "127."))
@@ -49,18 +49,6 @@ std::string bodyValue(const std::string& body, const char* key)
     return textKey(parsePairs(body), key);
 }
 
-int approvals(const SimOptions& options)
-{
-    if (options.autoApproveLogin)
-        return OAuth2::approveAll;
-    return options.autoApproveFirstLogin ? 1 : 0;
-}
-
-HttpResponse done()
-{
-    return HttpResponse::json(200, "{}");
-}
-
 } // namespace
 
 class SimServer::Private
@@ -68,34 +56,22 @@ class SimServer::Private
 public:
     explicit Private(SimOptions given)
         : options(std::move(given)), catalogue(options.seed), library(catalogue),
-          oauth2(faults, approvals(options)), linkPage(oauth2), audio(catalogue, faults),
+          oauth2(faults, options.approvals), linkPage(oauth2), audio(catalogue, faults),
           images(catalogue), api(catalogue, library, faults, oauth2, audio),
           server([this](const HttpRequest& request) { return handle(request); })
     {
     }
 
-    std::string addFault(const std::string& line)
-    {
-        const std::string problem = faults.add(line);
-        if (problem.empty() && startsWith(line, "token-expired"))
-            oauth2.expireTokens();
-        return problem;
-    }
-
-    void reset()
-    {
-        library.reset();
-        faults.clear();
-        log.clear();
-    }
-
+    std::string address() const { return "http://" + host + ":" + std::to_string(server.port()); }
+    std::string addFault(const std::string& line);
+    void reset();
     HttpResponse handle(const HttpRequest& request);
     HttpResponse dispatch(const HttpRequest& request, const std::string& top);
     HttpResponse control(const HttpRequest& request);
-    HttpResponse controlFaults(const HttpRequest& request);
+    HttpResponse addFaults(const std::string& lines);
 
     const SimOptions options;
-    std::string host; // "127.0.0.1:PORT", set by start() before the first request
+    std::string host; // set by start() before the first request
     const Catalogue catalogue;
     Library library;
     Faults faults;
@@ -110,8 +86,7 @@ public:
 
 HttpResponse SimServer::Private::handle(const HttpRequest& request)
 {
-    const std::vector<std::string> segments = request.segments();
-    const std::string top = segments.empty() ? "" : segments.front();
+    const std::string top = request.segments.empty() ? "" : request.segments.front();
     if (top == "sim")
         return control(request);
     log.add(request);
@@ -130,11 +105,11 @@ HttpResponse SimServer::Private::dispatch(const HttpRequest& request, const std:
         if (request.method != "POST")
             return methodNotAllowed();
         if (request.path == "/v1/oauth2/device_authorization")
-            return oauth2.deviceAuthorization(request, host);
+            return oauth2.deviceAuthorization(request, address());
         return request.path == "/v1/oauth2/token" ? oauth2.token(request) : notFound("Resource");
     }
     if (top == "v1")
-        return api.handle(request, "http://" + host);
+        return api.handle(request, address());
     if (top == "images")
         return images.serve(request);
     if (top == "audio")
@@ -146,55 +121,61 @@ HttpResponse SimServer::Private::dispatch(const HttpRequest& request, const std:
 
 HttpResponse SimServer::Private::control(const HttpRequest& request)
 {
-    const std::string& path = request.path;
-    const bool post = request.method == "POST";
-    if (path == "/sim/log" && request.method == "GET")
+    std::string call = request.method + " ";
+    for (std::size_t i = 1; i < request.segments.size(); ++i) // behind "/sim"
+        call += "/" + request.segments[i];
+    if (call == "GET /log")
         return HttpResponse::json(200, log.json());
-    if (path == "/sim/faults")
-        return controlFaults(request);
-    if (path == "/sim/reset" && post) {
+    if (call == "POST /faults")
+        return addFaults(request.body);
+    if (call == "POST /token")
+        return HttpResponse::json(200, "{\"access_token\":\"" + oauth2.issueToken() + "\"}");
+    if (call == "DELETE /faults") {
+        faults.clear();
+    } else if (call == "POST /reset") {
         reset();
-        return done();
-    }
-    if (path == "/sim/token" && post)
-        return HttpResponse::json(200, JsonWriter()
-                                           .beginObject()
-                                           .field("access_token", oauth2.issueToken())
-                                           .endObject()
-                                           .take());
-    if (post && (path == "/sim/login/approve" || path == "/sim/login/deny")) {
+    } else if (call == "POST /login/approve" || call == "POST /login/deny") {
         const std::string code = bodyValue(request.body, "userCode");
-        if (!oauth2.decide(code, path == "/sim/login/approve"))
+        if (!oauth2.decide(code, call == "POST /login/approve"))
             return notFound("User code [" + code + "]");
-        return done();
+    } else {
+        return call.find(" /faults") == std::string::npos ? notFound("Control")
+                                                          : methodNotAllowed();
     }
-    return notFound("Control");
+    return HttpResponse::json(200, "{}");
 }
 
-// Plain text, one fault a line. All or none are put in force.
-HttpResponse SimServer::Private::controlFaults(const HttpRequest& request)
+HttpResponse SimServer::Private::addFaults(const std::string& lines)
 {
-    if (request.method == "DELETE") {
-        faults.clear();
-        return done();
-    }
-    if (request.method != "POST")
-        return methodNotAllowed();
-    Faults trial;
-    std::vector<std::string> lines;
-    for (std::string line : split(request.body, '\n')) {
+    std::vector<std::string> wanted;
+    for (std::string line : split(lines, '\n')) {
         if (!line.empty() && line.back() == '\r')
             line.pop_back();
         if (line.find_first_not_of(' ') == std::string::npos)
             continue;
-        const std::string problem = trial.add(line);
+        const std::string problem = Faults().add(line); // all or none are put in force
         if (!problem.empty())
             return apiError(400, 0, problem);
-        lines.push_back(line);
+        wanted.push_back(line);
     }
-    for (const std::string& line : lines)
+    for (const std::string& line : wanted)
         addFault(line);
-    return done();
+    return HttpResponse::json(200, "{}");
+}
+
+std::string SimServer::Private::addFault(const std::string& line)
+{
+    const std::string problem = faults.add(line);
+    if (problem.empty() && startsWith(line, "token-expired"))
+        oauth2.expireTokens();
+    return problem;
+}
+
+void SimServer::Private::reset()
+{
+    library.reset();
+    faults.clear();
+    log.clear();
 }
 
 SimServer::SimServer(SimOptions options) : m_d(std::make_unique<Private>(std::move(options))) {}
@@ -208,17 +189,15 @@ bool SimServer::start(std::string* error)
 {
     std::string unwanted;
     std::string& problem = error ? *error : unwanted;
-    std::string host;
     int port = 0;
-    if (!readAddress(m_d->options.listen, &host, &port, &problem))
+    if (!readAddress(m_d->options.listen, &m_d->host, &port, &problem))
         return false;
     for (const std::string& line : m_d->options.faults) {
         problem = addFault(line);
         if (!problem.empty())
             return false;
     }
-    return m_d->server.start(
-        host, port, [&](int bound) { m_d->host = host + ":" + std::to_string(bound); }, &problem);
+    return m_d->server.start(m_d->host, port, &problem);
 }
 
 void SimServer::stop()
@@ -231,7 +210,7 @@ int SimServer::port() const
 }
 std::string SimServer::baseUrl() const
 {
-    return "http://" + m_d->host;
+    return m_d->address();
 }
 std::string SimServer::addFault(const std::string& line)
 {

@@ -18,32 +18,6 @@ bool isPlayback(const std::string& segment)
     return startsWith(segment, "playbackinfo");
 }
 
-// A page's borders out of the query, or the error answer.
-struct Page
-{
-    std::size_t offset = 0;
-    std::size_t limit = 0;
-};
-
-std::optional<HttpResponse> readPage(const HttpRequest& request, std::size_t usual,
-                                     std::size_t largest, Page* page)
-{
-    page->limit = usual;
-    for (const char* name : {"limit", "offset"}) {
-        const std::string* text = findValue(request.query, name);
-        if (!text)
-            continue;
-        const auto number = toNumber(*text);
-        if (!number || *number < 0 || *number > 1000000000)
-            return apiError(400, 1002, std::string(name) + " parameter is invalid");
-        (*name == 'l' ? page->limit : page->offset) = static_cast<std::size_t>(*number);
-    }
-    if (page->limit > largest)
-        return apiError(400, 1001,
-                        "Too big page, max page size is [" + std::to_string(largest) + "]");
-    return std::nullopt;
-}
-
 } // namespace
 
 HttpResponse apiError(int status, int subStatus, const std::string& message)
@@ -80,10 +54,11 @@ const std::string& WebApi::Call::segment(std::size_t index) const
 
 HttpResponse WebApi::handle(const HttpRequest& request, const std::string& baseUrl)
 {
-    std::vector<std::string> segments = request.segments();
-    segments.erase(segments.begin()); // "v1"
-    Call call{request, std::move(segments), baseUrl, request.queryValue("countryCode"),
-              ItemJson(m_catalogue, m_audio.shortSeconds())};
+    const Call call{request,
+                    {request.segments.begin() + 1, request.segments.end()},
+                    baseUrl,
+                    request.queryValue("countryCode"),
+                    ItemJson(m_catalogue, m_audio.shortSeconds())};
     if (auto refusal = checkAccess(call))
         return std::move(*refusal);
     return route(call);
@@ -93,7 +68,7 @@ bool WebApi::needsCountry(const Call& call) const
 {
     if (call.segment(0) == "sessions" || call.segment(2) == "subscription")
         return false;
-    return !isPlayback(call.segment(2)) && (call.isGet() || !isItemPosition(call.segments));
+    return !isPlayback(call.segment(2)) && (call.request.isGet() || !isItemPosition(call.segments));
 }
 
 std::optional<HttpResponse> WebApi::checkAccess(const Call& call) const
@@ -113,11 +88,11 @@ std::optional<HttpResponse> WebApi::checkAccess(const Call& call) const
     return std::nullopt;
 }
 
-HttpResponse WebApi::route(Call& call)
+HttpResponse WebApi::route(const Call& call)
 {
     const std::string& first = call.segment(0);
     const bool edits = first == "users" || first == "playlists";
-    if (!edits && !call.isGet())
+    if (!edits && !call.request.isGet())
         return methodNotAllowed();
     if (first == "sessions" && call.segments.size() == 1)
         return session(call);
@@ -141,19 +116,27 @@ HttpResponse WebApi::route(Call& call)
 HttpResponse WebApi::list(const Call& call, PageRule rule, std::size_t total, const Emit& emit,
                           const char* source)
 {
-    Page page;
-    if (auto refusal = readPage(call.request, rule.usual ? rule.usual : total,
-                                std::max(rule.largest, rule.usual ? 0 : total), &page))
-        return std::move(*refusal);
+    std::size_t limit = rule.usual ? rule.usual : total;
+    std::size_t offset = 0;
+    for (const auto& [name, border] : {std::pair{"limit", &limit}, std::pair{"offset", &offset}}) {
+        const std::string* text = findValue(call.request.query, name);
+        const auto number = text ? toNumber(*text) : std::int64_t(*border);
+        if (!number || *number < 0 || *number > 1000000000)
+            return apiError(400, 1002, std::string(name) + " parameter is invalid");
+        *border = std::size_t(*number);
+    }
+    const std::size_t largest = std::max(rule.largest, rule.usual ? 0 : total);
+    if (limit > largest)
+        return apiError(400, 1001,
+                        "Too big page, max page size is [" + std::to_string(largest) + "]");
     const bool hidden = m_faults.use("hidden-items", call.request).has_value();
     JsonWriter json;
-    json.beginObject().field("limit", page.limit).field("offset", page.offset);
+    json.beginObject().field("limit", limit).field("offset", offset);
     json.field("totalNumberOfItems", total);
     if (source)
         json.field("source", source);
     json.key("items").beginArray();
-    const std::size_t end = page.offset < total ? std::min(total, page.offset + page.limit) : 0;
-    for (std::size_t i = page.offset; i < end; ++i) {
+    for (std::size_t i = offset; i < std::min(total, offset + limit); ++i) {
         if (!hidden || (i % 7 != 3 && i + 1 != total))
             emit(json, i);
     }
@@ -163,20 +146,16 @@ HttpResponse WebApi::list(const Call& call, PageRule rule, std::size_t total, co
 HttpResponse WebApi::albumList(const Call& call, PageRule rule, const std::vector<int>& albums)
 {
     return list(call, rule, albums.size(), [&](JsonWriter& json, std::size_t i) {
-        if (!m_catalogue.isAvailable(albums[i], call.country))
-            return false;
-        call.items.album(json, m_catalogue.album(albums[i]));
-        return true;
+        if (m_catalogue.isAvailable(albums[i], call.country))
+            call.items.album(json, m_catalogue.album(albums[i]));
     });
 }
 
 HttpResponse WebApi::trackList(const Call& call, PageRule rule, const std::vector<int>& tracks)
 {
     return list(call, rule, tracks.size(), [&](JsonWriter& json, std::size_t i) {
-        if (!m_catalogue.isAvailable(m_catalogue.albumOfTrack(tracks[i]), call.country))
-            return false;
-        call.items.track(json, m_catalogue.track(tracks[i]));
-        return true;
+        if (m_catalogue.isAvailable(m_catalogue.albumOfTrack(tracks[i]), call.country))
+            call.items.track(json, m_catalogue.track(tracks[i]));
     });
 }
 
@@ -185,7 +164,6 @@ HttpResponse WebApi::artistList(const Call& call, PageRule rule, const std::vect
 {
     const auto emit = [&](JsonWriter& json, std::size_t i) {
         call.items.artist(json, m_catalogue.artist(artists[i]), similar);
-        return true;
     };
     return list(call, rule, artists.size(), emit, similar ? "TIDAL" : nullptr);
 }
@@ -193,10 +171,8 @@ HttpResponse WebApi::artistList(const Call& call, PageRule rule, const std::vect
 HttpResponse WebApi::playlistList(const Call& call, PageRule rule,
                                   const std::vector<Playlist>& lists)
 {
-    return list(call, rule, lists.size(), [&](JsonWriter& json, std::size_t i) {
-        call.items.playlist(json, lists[i]);
-        return true;
-    });
+    return list(call, rule, lists.size(),
+                [&](JsonWriter& json, std::size_t i) { call.items.playlist(json, lists[i]); });
 }
 
 std::string WebApi::tracksBody(int count) const
@@ -210,22 +186,31 @@ std::string WebApi::tracksBody(int count) const
     return json.endArray().endObject().take();
 }
 
+std::optional<SortKey> WebApi::trackKey(const std::string& order, const Track& track) const
+{
+    if (order == "NAME")
+        return SortKey(fold(track.title), 0);
+    if (order == "ARTIST")
+        return SortKey(foldedName(track.artists.front()), 0);
+    if (order == "ALBUM")
+        return SortKey(fold(m_catalogue.album(track.album).title), track.number);
+    return order == "LENGTH" ? std::optional(SortKey("", track.duration)) : std::nullopt;
+}
+
 std::vector<std::size_t> sortedPositions(const HttpRequest& request, std::size_t count,
                                          const SortKeyOf& keyOf)
 {
     std::vector<std::size_t> positions(count);
     std::iota(positions.begin(), positions.end(), std::size_t(0));
     const std::string order = request.queryValue("order");
-    const bool descending = request.queryValue("orderDirection") == "DESC";
-    if (order.empty() || count == 0 || !keyOf(order, 0))
+    if (order.empty())
         return positions;
     std::vector<SortKey> keys;
     for (std::size_t i = 0; i < count; ++i)
-        keys.push_back(*keyOf(order, i));
+        keys.push_back(keyOf(order, i).value_or(SortKey()));
+    const bool descending = request.queryValue("orderDirection") == "DESC";
     std::stable_sort(positions.begin(), positions.end(), [&](std::size_t a, std::size_t b) {
-        const SortKey& left = keys[descending ? b : a];
-        const SortKey& right = keys[descending ? a : b];
-        return left.text != right.text ? left.text < right.text : left.number < right.number;
+        return descending ? keys[b] < keys[a] : keys[a] < keys[b];
     });
     return positions;
 }

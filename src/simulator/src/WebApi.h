@@ -13,6 +13,9 @@
 
 namespace kelosim {
 
+// Text and number that a list is ordered by.
+using SortKey = std::pair<std::string, std::int64_t>;
+
 // The web API below /v1, without OAuth2. Owned by SimServer; handle() is called from every
 // connection thread at once. Checks in the service's order: country code, token, resource, tag.
 // Keeps no state but the search index and the playback rate; edits live in Library.
@@ -36,9 +39,10 @@ private:
         std::string baseUrl;
         std::string country;
         ItemJson items;
-        bool isGet() const { return request.method == "GET" || request.method == "HEAD"; }
         // The segment's text, "" behind the last one.
         const std::string& segment(std::size_t index) const;
+        // The second segment as a number, -1 when it is none.
+        std::int64_t id() const { return toNumber(segment(1)).value_or(-1); }
     };
 
     // Default and largest page of a list; default 0 means all items.
@@ -47,10 +51,10 @@ private:
         std::size_t usual;
         std::size_t largest;
     };
-    // Writes the item at a position; false when it is left out of the page.
-    using Emit = std::function<bool(JsonWriter&, std::size_t)>;
+    // Writes the item at a position, or nothing for one that is left out of the page.
+    using Emit = std::function<void(JsonWriter&, std::size_t)>;
 
-    HttpResponse route(Call& call);
+    HttpResponse route(const Call& call);
     std::optional<HttpResponse> checkAccess(const Call& call) const;
     bool needsCountry(const Call& call) const;
     HttpResponse list(const Call& call, PageRule rule, std::size_t total, const Emit& emit,
@@ -60,6 +64,10 @@ private:
     HttpResponse artistList(const Call& call, PageRule rule, const std::vector<int>& artists,
                             bool similar = false);
     HttpResponse playlistList(const Call& call, PageRule rule, const std::vector<Playlist>& lists);
+
+    // By what the lists of tracks are ordered.
+    std::optional<SortKey> trackKey(const std::string& order, const Track& track) const;
+    std::string foldedName(int artist) const { return fold(m_catalogue.artist(artist).name); }
 
     // WebApiCatalogue.cpp
     HttpResponse roots(const Call& call);
@@ -79,8 +87,10 @@ private:
     HttpResponse favorites(const Call& call);
     HttpResponse addFavorites(const Call& call, FavoriteKind kind);
     bool favoriteExists(FavoriteKind kind, const std::string& id) const;
-    bool writeFavorite(const Call& call, JsonWriter& json, FavoriteKind kind,
+    void writeFavorite(const Call& call, JsonWriter& json, FavoriteKind kind,
                        const Favorite& favorite);
+    std::optional<SortKey> favoriteKey(const std::string& order, FavoriteKind kind,
+                                       const Favorite& favorite) const;
     // WebApiPlaylists.cpp
     HttpResponse playlists(const Call& call);
     HttpResponse playlistItems(const Call& call, const Playlist& playlist);
@@ -105,20 +115,23 @@ private:
     std::int64_t m_playbackBlockedUntil = 0;
 };
 
+// Sorts by what order and orderDirection of the request say. `keyOf` gives an item's key for an
+// order name, nothing for an order that the list does not know (then it is ignored).
+using SortKeyOf = std::function<std::optional<SortKey>(const std::string& order, std::size_t item)>;
+std::vector<std::size_t> sortedPositions(const HttpRequest& request, std::size_t count,
+                                         const SortKeyOf& keyOf);
+
+// A JSON answer of what `write` writes.
+template <typename Write>
+HttpResponse answer(const Write& write)
+{
+    JsonWriter json;
+    write(json);
+    return HttpResponse::json(200, json.take());
+}
 // {"status", "subStatus", "userMessage"}; no subStatus when it is 0.
 HttpResponse apiError(int status, int subStatus, const std::string& message);
 HttpResponse notFound(const std::string& what); // "Album [1]" gives 404/2001 "Album [1] not found"
 HttpResponse methodNotAllowed();
-
-// Sorts by what order and orderDirection of the request say. `keyOf` gives an item's text and
-// number for an order name, nothing for an order that the list does not know (then it is ignored).
-struct SortKey
-{
-    std::string text;
-    std::int64_t number = 0;
-};
-using SortKeyOf = std::function<std::optional<SortKey>(const std::string& order, std::size_t item)>;
-std::vector<std::size_t> sortedPositions(const HttpRequest& request, std::size_t count,
-                                         const SortKeyOf& keyOf);
 
 } // namespace kelosim

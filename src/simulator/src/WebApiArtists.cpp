@@ -7,19 +7,16 @@ HttpResponse WebApi::artists(const Call& call)
     constexpr PageRule rule{10, 1000};
     const std::string& idText = call.segment(1);
     const std::string& part = call.segment(2);
-    const std::int64_t id = toNumber(idText).value_or(-1);
-    const auto index = m_catalogue.artistIndex(id);
+    const auto index = m_catalogue.artistIndex(call.id());
     if (call.segments.size() > 3)
         return notFound("Resource");
     // Odd but true of the service: the albums of an unknown artist are an empty list.
     if (!index)
-        return part == "albums" && id >= 0 ? albumList(call, rule, {})
-                                           : notFound("Artist [" + idText + "]");
-    if (part.empty()) {
-        JsonWriter json;
-        call.items.artist(json, m_catalogue.artist(*index));
-        return HttpResponse::json(200, json.take());
-    }
+        return part == "albums" && call.id() >= 0 ? albumList(call, rule, {})
+                                                  : notFound("Artist [" + idText + "]");
+    if (part.empty())
+        return answer(
+            [&](JsonWriter& json) { call.items.artist(json, m_catalogue.artist(*index)); });
     if (part == "toptracks")
         return trackList(call, rule, m_catalogue.topTracks(*index));
     if (part == "albums")
@@ -27,7 +24,7 @@ HttpResponse WebApi::artists(const Call& call)
     if (part == "bio")
         return artistBio(call, *index);
     if (part == "playlistscreatedby")
-        return playlistList(call, rule, m_library.artistPlaylists(id));
+        return playlistList(call, rule, m_library.playlists("ARTIST", call.id()));
     if (part == "similar") {
         const std::vector<int> similar = m_catalogue.similar(*index);
         return similar.empty() ? notFound("Similar artists for artist [" + idText + "]")
@@ -46,16 +43,14 @@ HttpResponse WebApi::artists(const Call& call)
 HttpResponse WebApi::artistAlbums(const Call& call, int artist)
 {
     const std::string filter = call.request.queryValue("filter");
-    std::vector<int> albums;
+    std::vector<std::string> types = {"ALBUM"};
     if (filter == "EPSANDSINGLES")
-        albums = m_catalogue.albumsOf(artist, {"EP", "SINGLE"});
-    else if (filter == "COMPILATIONS")
-        albums = m_catalogue.appearances(artist);
-    else if (filter == "ALL")
-        albums = m_catalogue.albumsOf(artist, {"ALBUM", "EP", "SINGLE", "COMPILATION"});
-    else
-        albums = m_catalogue.albumsOf(artist, {"ALBUM"});
-    return albumList(call, {10, 1000}, albums);
+        types = {"EP", "SINGLE"};
+    if (filter == "ALL")
+        types = {"ALBUM", "EP", "SINGLE", "COMPILATION"};
+    return albumList(call, {10, 1000},
+                     filter == "COMPILATIONS" ? m_catalogue.appearances(artist)
+                                              : m_catalogue.albumsOf(artist, types));
 }
 
 HttpResponse WebApi::artistBio(const Call& call, int artist)

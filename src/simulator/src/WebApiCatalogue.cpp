@@ -7,25 +7,21 @@ HttpResponse WebApi::roots(const Call& call)
 {
     const std::string& group = call.segment(0);
     const std::vector<Root>& all = m_catalogue.roots(group);
-    JsonWriter json;
-    if (call.segments.size() == 1) {
-        json.beginArray();
-        for (const Root& root : all)
-            call.items.root(json, root);
-        return HttpResponse::json(200, json.endArray().take());
-    }
+    if (call.segments.size() == 1)
+        return answer([&](JsonWriter& json) {
+            json.beginArray();
+            for (const Root& root : all)
+                call.items.root(json, root);
+            json.endArray();
+        });
     for (const Root& root : all) {
         if (root.path != call.segment(1))
             continue;
         if (call.segments.size() > 2)
             return subList(call, root);
-        call.items.root(json, root);
-        return HttpResponse::json(200, json.take());
+        return answer([&](JsonWriter& json) { call.items.root(json, root); });
     }
-    std::string upper = group;
-    for (char& c : upper)
-        c = static_cast<char>(c - 32); // group names are lower-case letters
-    return notFound(upper + " [" + call.segment(1) + "]");
+    return notFound(upperAscii(group) + " [" + call.segment(1) + "]");
 }
 
 HttpResponse WebApi::subList(const Call& call, const Root& root)
@@ -41,11 +37,9 @@ HttpResponse WebApi::subList(const Call& call, const Root& root)
         return trackList(call, rule, m_catalogue.tracksIn(group, root.path));
     if (kind != "playlists" || !root.playlists)
         return notFound("Resource");
-    const std::vector<Playlist> all = m_library.editorialPlaylists();
+    const std::vector<Playlist> all = m_library.playlists("EDITORIAL");
     std::vector<Playlist> chosen;
-    std::uint64_t salt = 0;
-    for (const char c : group + root.path)
-        salt = mix(salt, static_cast<unsigned char>(c));
+    const std::uint64_t salt = mixText(group + root.path);
     const std::size_t count = root.path == "top" ? 20 : root.path == "spoken_field" ? 0 : 60;
     for (std::size_t i = 0; i < count; ++i) // 7 is no divisor of the number of playlists
         chosen.push_back(all[(salt + i * 7) % all.size()]);
@@ -54,43 +48,33 @@ HttpResponse WebApi::subList(const Call& call, const Root& root)
 
 HttpResponse WebApi::albums(const Call& call)
 {
-    const std::int64_t id = toNumber(call.segment(1)).value_or(-1);
-    const auto index = m_catalogue.albumIndex(id);
+    const auto index = m_catalogue.albumIndex(call.id());
     if (!index || !m_catalogue.isAvailable(*index, call.country))
         return notFound("Album [" + call.segment(1) + "]");
     const Album album = m_catalogue.album(*index);
-    if (call.segments.size() == 2) {
-        JsonWriter json;
-        call.items.album(json, album);
-        return HttpResponse::json(200, json.take());
-    }
+    if (call.segments.size() == 2)
+        return answer([&](JsonWriter& json) { call.items.album(json, album); });
     const bool wrapped = call.segment(2) == "items";
     if (call.segments.size() != 3 || (!wrapped && call.segment(2) != "tracks"))
         return notFound("Resource");
-    const auto total = static_cast<std::size_t>(album.trackCount);
     const PageRule rule = wrapped ? PageRule{10, 100} : PageRule{0, 1000};
-    return list(call, rule, total, [&](JsonWriter& json, std::size_t i) {
+    return list(call, rule, album.trackCount, [&](JsonWriter& json, std::size_t i) {
         if (wrapped)
             json.beginObject().key("item");
-        call.items.track(json, m_catalogue.track(album.firstTrack + static_cast<int>(i)));
+        call.items.track(json, m_catalogue.track(album.firstTrack + int(i)));
         if (wrapped)
             json.field("type", "track").field("cut", nullptr).endObject();
-        return true;
     });
 }
 
 HttpResponse WebApi::tracks(const Call& call)
 {
-    const std::int64_t id = toNumber(call.segment(1)).value_or(-1);
-    const auto index = m_catalogue.trackIndex(id);
+    const auto index = m_catalogue.trackIndex(call.id());
     if (!index)
         return notFound("Track [" + call.segment(1) + "]");
     const Track track = m_catalogue.track(*index);
-    if (call.segments.size() == 2) {
-        JsonWriter json;
-        call.items.track(json, track);
-        return HttpResponse::json(200, json.take());
-    }
+    if (call.segments.size() == 2)
+        return answer([&](JsonWriter& json) { call.items.track(json, track); });
     if (call.segments.size() == 3 && call.segment(2) == "radio")
         return trackList(call, {10, 100}, m_catalogue.radio(track.artists.front()));
     return notFound("Resource");
@@ -104,15 +88,15 @@ HttpResponse WebApi::search(const Call& call)
     if (call.segments.size() != 2)
         return notFound("Resource");
     if (kind == "artists")
-        return artistList(call, rule, m_search.artists(text));
+        return artistList(call, rule, m_search.find(SearchIndex::Artists, text));
     if (kind == "albums")
-        return albumList(call, rule, m_search.albums(text));
+        return albumList(call, rule, m_search.find(SearchIndex::Albums, text));
     if (kind == "tracks")
-        return trackList(call, rule, m_search.tracks(text));
+        return trackList(call, rule, m_search.find(SearchIndex::Tracks, text));
     if (kind != "playlists")
         return notFound("Resource");
     std::vector<Playlist> found;
-    for (Playlist& playlist : m_library.allPlaylists()) {
+    for (Playlist& playlist : m_library.playlists()) {
         const std::string all = fold(playlist.title + "\n" + playlist.description.value_or(""));
         if ((playlist.isPublic || playlist.creator == Library::userId) &&
             SearchIndex::holds(all, text))

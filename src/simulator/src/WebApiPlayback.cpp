@@ -29,9 +29,8 @@ constexpr const char* dash =
 HttpResponse WebApi::playbackInfo(const Call& call)
 {
     const HttpRequest& request = call.request;
-    const std::string& idText = call.segment(1);
     const int asked = rank(request.queryValue("audioquality"));
-    const std::int64_t id = toNumber(idText).value_or(-1);
+    const std::int64_t id = call.id();
     const auto index = m_catalogue.trackIndex(id);
     if (auto refusal = playbackLimit(call))
         return std::move(*refusal);
@@ -59,9 +58,7 @@ HttpResponse WebApi::playbackInfo(const Call& call)
     if (const std::string* session = findValue(request.query, "streamingsessionid"))
         json.field("streamingSessionId", *session);
     json.field("manifestMimeType", mimeType);
-    json.field(
-        "manifestHash",
-        base64(hex(mix(static_cast<std::uint64_t>(id), static_cast<std::uint64_t>(granted)), 16)));
+    json.field("manifestHash", base64(hex(mix(id, granted), 16)));
     json.field("manifest", manifest).field("albumReplayGain", -7.9);
     json.field("albumPeakAmplitude", 1.0).field("trackReplayGain", -7.42);
     json.field("trackPeakAmplitude", 0.988553);
@@ -82,7 +79,7 @@ std::optional<HttpResponse> WebApi::playbackLimit(const Call& call)
     while (!m_playbackCalls.empty() && m_playbackCalls.front() < now - window)
         m_playbackCalls.pop_front();
     m_playbackCalls.push_back(now);
-    if (static_cast<std::int64_t>(m_playbackCalls.size()) > numberKey(*fault, "calls", 50)) {
+    if (std::int64_t(m_playbackCalls.size()) > numberKey(*fault, "calls", 50)) {
         m_playbackBlockedUntil = now + 1000 * numberKey(*fault, "seconds", 60);
         m_playbackCalls.clear();
     }

@@ -23,18 +23,13 @@ HttpResponse WebApi::playlists(const Call& call)
     const bool items = part == "tracks" || part == "items";
     if (!playlist || call.segments.size() > 4 || (!part.empty() && !items))
         return notFound(part.empty() || items ? "Playlist" : "Resource");
-    if (!call.isGet())
+    if (!call.request.isGet())
         return playlistEdit(call, *playlist);
     if (call.segments.size() == 4)
         return methodNotAllowed();
-    HttpResponse response;
-    if (items) {
-        response = playlistItems(call, *playlist);
-    } else {
-        JsonWriter json;
-        call.items.playlist(json, *playlist);
-        response = HttpResponse::json(200, json.take());
-    }
+    HttpResponse response =
+        items ? playlistItems(call, *playlist)
+              : answer([&](JsonWriter& json) { call.items.playlist(json, *playlist); });
     if (response.status == 200)
         response.headers.emplace_back("ETag", playlist->tag());
     return response;
@@ -46,18 +41,11 @@ HttpResponse WebApi::playlistItems(const Call& call, const Playlist& playlist)
     const auto keyOf = [&](const std::string& order, std::size_t i) -> std::optional<SortKey> {
         const PlaylistItem& item = playlist.items[i];
         if (order == "INDEX")
-            return SortKey{"", static_cast<std::int64_t>(i)};
+            return SortKey("", i);
         if (order == "DATE")
-            return SortKey{"", item.added};
+            return SortKey("", item.added);
         const auto index = m_catalogue.trackIndex(item.id);
-        const Track track = index ? m_catalogue.track(*index) : Track();
-        if (order == "NAME")
-            return SortKey{fold(track.title), 0};
-        if (order == "ARTIST")
-            return SortKey{index ? fold(m_catalogue.artist(track.artists.front()).name) : "", 0};
-        if (order == "ALBUM")
-            return SortKey{index ? fold(m_catalogue.album(track.album).title) : "", track.number};
-        return order == "LENGTH" ? std::optional<SortKey>({"", track.duration}) : std::nullopt;
+        return index ? trackKey(order, m_catalogue.track(*index)) : std::nullopt; // videos first
     };
     const auto positions = sortedPositions(call.request, playlist.items.size(), keyOf);
     const PageRule rule = wrapped ? PageRule{10, 100} : PageRule{10, 9999};
@@ -74,7 +62,6 @@ HttpResponse WebApi::playlistItems(const Call& call, const Playlist& playlist)
                              position);
         if (wrapped)
             json.field("type", video ? "video" : "track").field("cut", nullptr).endObject();
-        return true;
     });
 }
 
@@ -96,20 +83,19 @@ HttpResponse WebApi::playlistEdit(const Call& call, const Playlist& playlist)
         return post ? addItems(call, playlist.uuid, tag) : methodNotAllowed();
     if (remove) {
         const Library::Edit result = m_library.remove(playlist.uuid, tag);
-        return result == Library::Edit::Done ? HttpResponse::empty(204)
+        return result == Library::Edit::Done ? HttpResponse{204}
                                              : editAnswer(call, result, playlist);
     }
     const Pairs form = parsePairs(request.body);
     const std::string* title = findValue(form, "title");
     if (title && title->empty())
         return apiError(400, 1002, "title parameter is invalid");
+    Playlist after;
     const Library::Edit result =
-        m_library.rename(playlist.uuid, title, findValue(form, "description"));
-    if (result != Library::Edit::Done)
-        return editAnswer(call, result, playlist);
-    HttpResponse response = HttpResponse::empty(200);
-    if (const auto after = m_library.playlist(playlist.uuid))
-        response.headers.emplace_back("ETag", after->tag());
+        m_library.rename(playlist.uuid, title, findValue(form, "description"), &after);
+    HttpResponse response = editAnswer(call, result, after);
+    if (result == Library::Edit::Done)
+        response.body = response.contentType = "";
     return response;
 }
 
@@ -139,21 +125,22 @@ HttpResponse WebApi::addItems(const Call& call, const std::string& uuid, const s
     const Library::Edit result = m_library.addItems(uuid, tag, ids, *toIndex, &after, &added, skip);
     if (result != Library::Edit::Done)
         return editAnswer(call, result, after);
-    JsonWriter json;
-    json.beginObject().field("lastUpdated", after.updated).key("addedItemIds").beginArray();
-    for (const std::int64_t id : added)
-        json.value(id);
-    HttpResponse response = HttpResponse::json(200, json.endArray().endObject().take());
+    HttpResponse response = answer([&](JsonWriter& json) {
+        json.beginObject().field("lastUpdated", after.updated).key("addedItemIds").beginArray();
+        for (const std::int64_t id : added)
+            json.value(id);
+        json.endArray().endObject();
+    });
     response.headers.emplace_back("ETag", after.tag());
     return response;
 }
 
 HttpResponse WebApi::changeItems(const Call& call, const std::string& uuid, const std::string* tag)
 {
-    std::vector<std::int64_t> positions;
+    Library::Positions positions;
     for (const std::string& text : split(call.segment(3), ',')) {
         if (const auto position = toNumber(text))
-            positions.push_back(*position);
+            positions.insert(*position);
         else if (!text.empty())
             return apiError(400, 1002, "index parameter is invalid");
     }
@@ -174,8 +161,8 @@ HttpResponse WebApi::editAnswer(const Call& call, Library::Edit edit, const Play
     HttpResponse response;
     switch (edit) {
     case Library::Edit::Done:
-        response = HttpResponse::json(
-            200, JsonWriter().beginObject().field("lastUpdated", after.updated).endObject().take());
+        response =
+            HttpResponse::json(200, "{\"lastUpdated\":" + std::to_string(after.updated) + "}");
         response.headers.emplace_back("ETag", after.tag());
         return response;
     case Library::Edit::NotFound:
@@ -191,9 +178,7 @@ HttpResponse WebApi::editAnswer(const Call& call, Library::Edit edit, const Play
         response = notFound("Playlist item");
         break;
     }
-    if (m_faults.use("refuse-no-body", call.request))
-        response = HttpResponse::empty(response.status);
-    return response;
+    return m_faults.use("refuse-no-body", call.request) ? HttpResponse{response.status} : response;
 }
 
 } // namespace kelosim

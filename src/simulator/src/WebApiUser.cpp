@@ -5,16 +5,23 @@ namespace kelosim {
 
 namespace {
 
+// In the order of FavoriteKind: the last segment of the list, and what ids are called in a form.
+constexpr struct
+{
+    const char* name;
+    const char* id;
+    const char* ids;
+} favoriteKinds[] = {{"albums", "albumId", "albumIds"},
+                     {"artists", "artistId", "artistIds"},
+                     {"tracks", "trackId", "trackIds"},
+                     {"playlists", "uuid", "uuids"}};
+
 std::optional<FavoriteKind> favoriteKind(const std::string& name)
 {
-    if (name == "albums")
-        return FavoriteKind::Albums;
-    if (name == "artists")
-        return FavoriteKind::Artists;
-    if (name == "tracks")
-        return FavoriteKind::Tracks;
-    if (name == "playlists")
-        return FavoriteKind::Playlists;
+    for (int i = 0; i < 4; ++i) {
+        if (name == favoriteKinds[i].name)
+            return FavoriteKind(i);
+    }
     return std::nullopt;
 }
 
@@ -62,7 +69,7 @@ HttpResponse WebApi::users(const Call& call)
         return favorites(call);
     if (part == "playlists" && plain)
         return userPlaylists(call);
-    if (!call.isGet())
+    if (!call.request.isGet())
         return methodNotAllowed();
     if (part == "subscription" && plain)
         return subscription(call);
@@ -78,14 +85,12 @@ HttpResponse WebApi::userPlaylists(const Call& call)
         const Playlist made =
             m_library.create(textKey(form, "title"), textKey(form, "description"));
         const auto fault = m_faults.use("create-status", call.request);
-        JsonWriter json;
-        call.items.playlist(json, made);
-        HttpResponse response = HttpResponse::json(
-            fault ? static_cast<int>(numberKey(*fault, "status", 201)) : 201, json.take());
+        HttpResponse response = answer([&](JsonWriter& json) { call.items.playlist(json, made); });
+        response.status = int(numberKey(fault.value_or(Pairs()), "status", 201));
         response.headers.emplace_back("ETag", made.tag());
         return response;
     }
-    if (!call.isGet())
+    if (!call.request.isGet())
         return methodNotAllowed();
     const std::string filter = call.request.queryValue("filter");
     std::vector<Playlist> chosen;
@@ -93,15 +98,13 @@ HttpResponse WebApi::userPlaylists(const Call& call)
         if (filter == "PUBLIC" ? playlist.isPublic : filter != "PRIVATE" || !playlist.isPublic)
             chosen.push_back(std::move(playlist));
     }
+    const auto keyOf = [&](const std::string& order, std::size_t i) -> std::optional<SortKey> {
+        if (order == "NAME")
+            return SortKey(fold(chosen[i].title), 0);
+        return order == "DATE" ? std::optional(SortKey("", chosen[i].updated)) : std::nullopt;
+    };
     std::vector<Playlist> sorted;
-    const auto positions =
-        sortedPositions(call.request, chosen.size(), [&](const std::string& order, std::size_t i) {
-            const Playlist& one = chosen[i];
-            return order == "NAME"   ? std::optional<SortKey>({fold(one.title), 0})
-                   : order == "DATE" ? std::optional<SortKey>({"", one.updated})
-                                     : std::nullopt;
-        });
-    for (const std::size_t position : positions)
+    for (const std::size_t position : sortedPositions(call.request, chosen.size(), keyOf))
         sorted.push_back(chosen[position]);
     return playlistList(call, {10, 9999}, sorted);
 }
@@ -115,61 +118,53 @@ HttpResponse WebApi::favorites(const Call& call)
         if (call.request.method != "DELETE")
             return methodNotAllowed();
         m_library.removeFavorite(*kind, call.segment(4));
-        return HttpResponse::empty(200);
+        return {};
     }
     if (call.request.method == "POST")
         return addFavorites(call, *kind);
-    if (!call.isGet())
+    if (!call.request.isGet())
         return methodNotAllowed();
     const std::vector<Favorite> all = m_library.favorites(*kind);
-    const auto nameOf = [&](int artist) { return fold(m_catalogue.artist(artist).name); };
-    const auto keyOf = [&](const std::string& order, std::size_t i) -> std::optional<SortKey> {
-        const Favorite& one = all[i];
-        if (order == "DATE")
-            return SortKey{"", one.created};
-        if (*kind == FavoriteKind::Playlists)
-            return order == "NAME"
-                       ? std::optional<SortKey>(
-                             {fold(m_library.playlist(one.id).value_or(Playlist()).title), 0})
-                       : std::nullopt;
-        const std::int64_t id = toNumber(one.id).value_or(0);
-        if (*kind == FavoriteKind::Artists)
-            return order == "NAME"
-                       ? std::optional<SortKey>({nameOf(*m_catalogue.artistIndex(id)), 0})
-                       : std::nullopt;
-        if (*kind == FavoriteKind::Albums) {
-            const Album album = m_catalogue.album(*m_catalogue.albumIndex(id));
-            if (order == "NAME")
-                return SortKey{fold(album.title), 0};
-            if (order == "ARTIST")
-                return SortKey{nameOf(album.artists.front()), 0};
-            return order == "RELEASE_DATE"
-                       ? std::optional<SortKey>({"", album.released.value_or(0)})
-                       : std::nullopt;
-        }
-        const Track track = m_catalogue.track(*m_catalogue.trackIndex(id));
-        if (order == "NAME")
-            return SortKey{fold(track.title), 0};
-        if (order == "ARTIST")
-            return SortKey{nameOf(track.artists.front()), 0};
-        if (order == "ALBUM")
-            return SortKey{fold(m_catalogue.album(track.album).title), track.number};
-        return order == "LENGTH" ? std::optional<SortKey>({"", track.duration}) : std::nullopt;
-    };
-    const std::vector<std::size_t> positions = sortedPositions(call.request, all.size(), keyOf);
+    const auto positions =
+        sortedPositions(call.request, all.size(), [&](const std::string& order, std::size_t i) {
+            return favoriteKey(order, *kind, all[i]);
+        });
     return list(call, {10, 10000}, positions.size(), [&](JsonWriter& json, std::size_t i) {
-        return writeFavorite(call, json, *kind, all[positions[i]]);
+        writeFavorite(call, json, *kind, all[positions[i]]);
     });
 }
 
-bool WebApi::writeFavorite(const Call& call, JsonWriter& json, FavoriteKind kind,
+std::optional<SortKey> WebApi::favoriteKey(const std::string& order, FavoriteKind kind,
+                                           const Favorite& favorite) const
+{
+    if (order == "DATE")
+        return SortKey("", favorite.created);
+    const std::int64_t id = toNumber(favorite.id).value_or(0);
+    if (kind == FavoriteKind::Tracks)
+        return trackKey(order, m_catalogue.track(*m_catalogue.trackIndex(id)));
+    if (kind == FavoriteKind::Albums) {
+        const Album album = m_catalogue.album(*m_catalogue.albumIndex(id));
+        if (order == "ARTIST")
+            return SortKey(foldedName(album.artists.front()), 0);
+        if (order == "RELEASE_DATE")
+            return SortKey("", album.released.value_or(0));
+        return order == "NAME" ? std::optional(SortKey(fold(album.title), 0)) : std::nullopt;
+    }
+    if (order != "NAME")
+        return std::nullopt;
+    return kind == FavoriteKind::Artists
+               ? SortKey(foldedName(*m_catalogue.artistIndex(id)), 0)
+               : SortKey(fold(m_library.playlist(favorite.id).value_or(Playlist()).title), 0);
+}
+
+void WebApi::writeFavorite(const Call& call, JsonWriter& json, FavoriteKind kind,
                            const Favorite& favorite)
 {
     const std::int64_t id = toNumber(favorite.id).value_or(0);
     const auto playlist =
         kind == FavoriteKind::Playlists ? m_library.playlist(favorite.id) : std::nullopt;
     if (kind == FavoriteKind::Playlists && !playlist) // deleted since the list was read
-        return false;
+        return;
     json.beginObject().field("created", dateTime(favorite.created)).key("item");
     if (kind == FavoriteKind::Playlists)
         call.items.playlist(json, *playlist);
@@ -180,7 +175,6 @@ bool WebApi::writeFavorite(const Call& call, JsonWriter& json, FavoriteKind kind
     else
         call.items.track(json, m_catalogue.track(*m_catalogue.trackIndex(id)));
     json.endObject();
-    return true;
 }
 
 bool WebApi::favoriteExists(FavoriteKind kind, const std::string& id) const
@@ -201,28 +195,22 @@ bool WebApi::favoriteExists(FavoriteKind kind, const std::string& id) const
 
 HttpResponse WebApi::addFavorites(const Call& call, FavoriteKind kind)
 {
-    static const char* const names[][2] = {{"albumId", "albumIds"},
-                                           {"artistId", "artistIds"},
-                                           {"trackId", "trackIds"},
-                                           {"uuid", "uuids"}};
-    // Misleading, but the service says "Album" whatever is missing, playlists apart.
-    const char* missing = kind == FavoriteKind::Playlists ? "Playlist" : "Album";
+    const auto& names = favoriteKinds[int(kind)];
     const Pairs form = parsePairs(call.request.body);
-    std::vector<std::string> ids;
-    for (const char* name : names[static_cast<int>(kind)]) {
-        if (const std::string* value = findValue(form, name))
-            ids = split(*value, ',');
-    }
-    if (ids.empty())
-        return apiError(400, 1002,
-                        std::string(names[static_cast<int>(kind)][0]) + " parameter missing");
+    const std::string* value = findValue(form, names.ids);
+    if (!value)
+        value = findValue(form, names.id);
+    if (!value)
+        return apiError(400, 1002, std::string(names.id) + " parameter missing");
+    const std::vector<std::string> ids = split(*value, ',');
     for (const std::string& id : ids) {
         if (!favoriteExists(kind, id))
-            return notFound(missing);
+            // Misleading, but the service says "Album" whatever is missing, playlists apart.
+            return notFound(kind == FavoriteKind::Playlists ? "Playlist" : "Album");
     }
     for (const std::string& id : ids)
         m_library.addFavorite(kind, id);
-    HttpResponse response = HttpResponse::empty(200);
+    HttpResponse response;
     response.headers.emplace_back("ETag", "\"" + std::to_string(nowMs()) + "\"");
     return response;
 }

@@ -1,10 +1,11 @@
 #include "kelosim/SimServer.h"
 
 #include <charconv>
+#include <climits>
 #include <csignal>
 #include <cstdio>
-#include <cstring>
 #include <pthread.h>
+#include <vector>
 
 namespace {
 
@@ -37,65 +38,59 @@ Faults:
 )";
 
 template <typename T>
-bool readNumber(const char* text, T* value)
+bool readNumber(const std::string& text, T* value)
 {
-    const char* end = text + std::strlen(text);
-    const auto result = std::from_chars(text, end, *value);
-    return result.ec == std::errc() && result.ptr == end;
+    const char* end = text.data() + text.size();
+    const auto result = std::from_chars(text.data(), end, *value);
+    return result.ec == std::errc() && result.ptr == end && *value >= T(0);
 }
 
-enum class Parsed { Run, Done, Wrong };
-
-Parsed parse(int argc, char** argv, kelosim::SimOptions* options)
+// "" or what is wrong.
+std::string parse(const std::vector<std::string>& words, kelosim::SimOptions* options)
 {
-    for (int i = 1; i < argc; ++i) {
-        const std::string name = argv[i];
-        if (name == "--help" || name == "--list-faults") {
-            std::printf("%s%s", name == "--help" ? usage : "",
-                        kelosim::SimServer::faultHelp().c_str());
-            return Parsed::Done;
-        }
-        if (name == "--approve-logins") {
-            options->autoApproveLogin = true;
+    for (auto word = words.begin(); word != words.end(); ++word) {
+        const std::string name = *word;
+        if (name == "--approve-logins" || name == "--approve-first") {
+            options->approvals = name == "--approve-first" ? 1 : INT_MAX;
             continue;
         }
-        if (name == "--approve-first") {
-            options->autoApproveFirstLogin = true;
-            continue;
-        }
-        const bool known =
-            name == "--listen" || name == "--seed" || name == "--latency" || name == "--fault";
-        if (!known || i + 1 == argc) {
-            std::fprintf(stderr, "kelo-sim: %s '%s', see kelo-sim --help\n",
-                         known ? "a value is missing after" : "unknown option", name.c_str());
-            return Parsed::Wrong;
-        }
-        const char* value = argv[++i];
-        bool good = true;
+        if (name != "--listen" && name != "--seed" && name != "--latency" && name != "--fault")
+            return "unknown option '" + name + "', see kelo-sim --help";
+        if (++word == words.end())
+            return "a value is missing after '" + name + "', see kelo-sim --help";
         if (name == "--listen")
-            options->listen = value;
+            options->listen = *word;
         else if (name == "--fault")
-            options->faults.emplace_back(value);
-        else
-            good = name == "--seed"
-                       ? readNumber(value, &options->seed)
-                       : readNumber(value, &options->latencyMs) && options->latencyMs >= 0;
-        if (!good) {
-            std::fprintf(stderr, "kelo-sim: %s wants a number, not '%s'\n", name.c_str(), value);
-            return Parsed::Wrong;
-        }
+            options->faults.push_back(*word);
+        else if (!(name == "--seed" ? readNumber(*word, &options->seed)
+                                    : readNumber(*word, &options->latencyMs)))
+            return name + " wants a number, not '" + *word + "'";
     }
-    return Parsed::Run;
+    return {};
+}
+
+int failed(const std::string& problem)
+{
+    std::fprintf(stderr, "kelo-sim: %s\n", problem.c_str());
+    return 2;
 }
 
 } // namespace
 
 int main(int argc, char** argv)
 {
+    const std::vector<std::string> words(argv + 1, argv + argc);
+    for (const std::string& word : words) {
+        if (word == "--help" || word == "--list-faults") {
+            std::printf("%s%s", word == "--help" ? usage : "",
+                        kelosim::SimServer::faultHelp().c_str());
+            return 0;
+        }
+    }
     kelosim::SimOptions options;
-    const Parsed parsed = parse(argc, argv, &options);
-    if (parsed != Parsed::Run)
-        return parsed == Parsed::Done ? 0 : 2;
+    std::string error = parse(words, &options);
+    if (!error.empty())
+        return failed(error);
     // Blocked before any thread starts, so that only sigwait below sees them.
     sigset_t endings;
     sigemptyset(&endings);
@@ -104,11 +99,8 @@ int main(int argc, char** argv)
     pthread_sigmask(SIG_BLOCK, &endings, nullptr);
 
     kelosim::SimServer server(options);
-    std::string error;
-    if (!server.start(&error)) {
-        std::fprintf(stderr, "kelo-sim: %s\n", error.c_str());
-        return 2;
-    }
+    if (!server.start(&error))
+        return failed(error);
     std::printf("listening on %s\n", server.baseUrl().c_str());
     std::fflush(stdout);
     int signal = 0;

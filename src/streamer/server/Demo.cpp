@@ -3,7 +3,7 @@
 bool Demo::start(QString* error)
 {
     kelosim::SimOptions options;
-    options.autoApproveFirstLogin = true; // later ones are a person's, at the service's page
+    options.approvals = 1; // later ones are a person's, at the service's page
     options.faults = {
         "device-code interval=1 expires=300"}; // a start that waits for the login is quick
     m_server = std::make_unique<kelosim::SimServer>(options);

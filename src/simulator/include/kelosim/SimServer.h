@@ -13,8 +13,7 @@ struct SimOptions
     std::uint64_t seed = 1;             // the catalogue is a function of this number alone
     int latencyMs = 0;                  // added to every answer of the web API
     std::vector<std::string> faults;    // fault lines that are in force from the start
-    bool autoApproveLogin = false;      // device codes approve themselves
-    bool autoApproveFirstLogin = false; // the first device code does, the others wait for a person
+    int approvals = 0;                  // so many device codes, the first ones, approve themselves
 };
 
 // The simulated service: web API, OAuth2, images and audio behind one loopback address.
