@@ -1,8 +1,15 @@
 #pragma once
-#include "ImageCache.h"
-
 #include <functional>
 #include <kelo/HttpClient.h>
+#include <memory>
+#include <string>
+
+/// A fetched picture. Never changes, so that any number of answers share it.
+struct Image
+{
+    std::string contentType;
+    QByteArray body;
+};
 
 /// What came of fetching a picture: the picture, or a status and a sentence for the client.
 struct ImageResult

@@ -2,7 +2,6 @@
 
 namespace {
 
-constexpr qint64 cacheBytes = 24 * 1024 * 1024;
 constexpr int mostFetches = 6;
 /// Who waits holds one of the server's threads, of which enough must be left for other calls.
 constexpr int mostWaiting = 20;
@@ -15,7 +14,7 @@ ImageResult problem(int status, const char* text)
 
 } // namespace
 
-ImageLoader::ImageLoader() : m_cache(cacheBytes)
+ImageLoader::ImageLoader()
 {
     m_thread.start([this] {
         m_fetcher = new ImageFetcher(
@@ -34,8 +33,6 @@ ImageResult ImageLoader::load(const std::string& url)
     std::unique_lock<std::mutex> lock(m_mutex);
     if (m_isStopped)
         return problem(503, "The streamer is stopping.");
-    if (auto image = m_cache.find(url))
-        return {image, 200, {}};
     if (m_waiting >= mostWaiting)
         return problem(503, "Too many pictures are being fetched.");
     std::shared_ptr<Flight>& known = m_flights[url];
@@ -96,8 +93,6 @@ void ImageLoader::finished(const std::string& url, const ImageResult& result)
             flight->second->isDone = true;
             m_flights.erase(flight);
         }
-        if (result.image)
-            m_cache.insert(url, result.image);
         next = takeNext();
     }
     m_changed.notify_all();

@@ -8,9 +8,9 @@
 #include <map>
 #include <mutex>
 
-/// Pictures by their addresses, from memory or fetched: each once at a time however many ask, few
-/// at once. Owned by the picture call of the HTTP API; any thread asks and waits. Which addresses
-/// may be asked for is not its business.
+/// Fetches pictures by their addresses: each once at a time however many ask, few at once. Keeps
+/// none: clients do, for a day. Owned by the picture call of the HTTP API; any thread asks and
+/// waits. Which addresses may be asked for is not its business.
 class ImageLoader
 {
 public:
@@ -40,7 +40,6 @@ private:
     ImageFetcher* m_fetcher = nullptr; ///< lives on the thread, which alone uses it
     std::mutex m_mutex;                ///< guards all below
     std::condition_variable m_changed;
-    ImageCache m_cache;
     std::map<std::string, std::shared_ptr<Flight>> m_flights;
     std::deque<std::string> m_queue; ///< addresses of flights that have not begun
     int m_running = 0;
