@@ -16,12 +16,9 @@ std::string noticeText(const CMRowsNotice& notice)
 {
     JsonText json;
     json.beginObject();
-    json.key(QStringLiteral("path"));
-    json.string(notice.path.toEncoded());
-    json.key(QStringLiteral("change"));
-    json.value(notice.change);
-    json.key(QStringLiteral("count"));
-    json.number(notice.count);
+    json.field("path", notice.path.toEncoded());
+    json.field("change", notice.change);
+    json.field("count", notice.count);
     json.endObject();
     return json.text();
 }

@@ -53,10 +53,8 @@ bool EventStream::tellsLateAnswer(std::string& text)
     JsonText json;
     json.beginObject();
     if (late.isSet()) {
-        json.key(QStringLiteral("for"));
-        json.string(late.from());
-        json.key(QStringLiteral("seconds"));
-        json.number(late.seconds());
+        json.field("for", late.from());
+        json.field("seconds", late.seconds());
     }
     json.endObject();
     text = "event: waiting\ndata: " + json.text() + "\n\n";

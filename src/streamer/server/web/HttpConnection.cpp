@@ -1,6 +1,5 @@
 #include "HttpConnection.h"
 
-#include <arpa/inet.h>
 #include <cerrno>
 #include <cstring>
 #include <poll.h>
@@ -15,21 +14,6 @@ int pollFor(pollfd* fds, nfds_t count, int timeoutMs)
         result = ::poll(fds, count, timeoutMs);
     } while (result < 0 && errno == EINTR);
     return result;
-}
-
-void nameOf(const sockaddr_storage& address, std::string& ip, int& port)
-{
-    char text[INET6_ADDRSTRLEN] = {};
-    if (address.ss_family == AF_INET6) {
-        const auto& v6 = reinterpret_cast<const sockaddr_in6&>(address);
-        inet_ntop(AF_INET6, &v6.sin6_addr, text, sizeof text);
-        port = ntohs(v6.sin6_port);
-    } else {
-        const auto& v4 = reinterpret_cast<const sockaddr_in&>(address);
-        inet_ntop(AF_INET, &v4.sin_addr, text, sizeof text);
-        port = ntohs(v4.sin_port);
-    }
-    ip = text;
 }
 
 } // namespace
@@ -106,20 +90,4 @@ ssize_t HttpConnection::write(const char* bytes, size_t size)
     if (!waitFor(POLLOUT))
         return -1;
     return ::send(m_socket, bytes, size, MSG_NOSIGNAL);
-}
-
-void HttpConnection::get_remote_ip_and_port(std::string& ip, int& port) const
-{
-    sockaddr_storage address = {};
-    socklen_t size = sizeof address;
-    ::getpeername(m_socket, reinterpret_cast<sockaddr*>(&address), &size);
-    nameOf(address, ip, port);
-}
-
-void HttpConnection::get_local_ip_and_port(std::string& ip, int& port) const
-{
-    sockaddr_storage address = {};
-    socklen_t size = sizeof address;
-    ::getsockname(m_socket, reinterpret_cast<sockaddr*>(&address), &size);
-    nameOf(address, ip, port);
 }

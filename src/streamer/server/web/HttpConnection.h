@@ -18,8 +18,9 @@ public:
     bool is_writable() const override;
     ssize_t read(char* bytes, size_t size) override;
     ssize_t write(const char* bytes, size_t size) override;
-    void get_remote_ip_and_port(std::string& ip, int& port) const override;
-    void get_local_ip_and_port(std::string& ip, int& port) const override;
+    /// Nobody asks for the addresses.
+    void get_remote_ip_and_port(std::string&, int&) const override {}
+    void get_local_ip_and_port(std::string&, int&) const override {}
     socket_t socket() const override { return m_socket; }
 
 private:

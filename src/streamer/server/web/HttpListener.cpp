@@ -85,29 +85,17 @@ bool HttpListener::process_and_close_socket(socket_t socket)
         if (isWanted)
             m_sockets.insert(socket);
     }
-    if (isWanted)
-        serve(socket);
-    hasEnded(socket);
-    return true;
-}
-
-void HttpListener::serve(socket_t socket)
-{
     const int on = 1;
     ::setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, &on, sizeof on);
     HttpConnection connection(socket, transferTimeoutMs);
-    bool isClosed = false;
-    while (!isClosed && connection.waitForRequest(m_wakeFd, idleTimeoutMs)) {
-        if (!process_request(connection, false, isClosed, nullptr))
-            break;
+    while (isWanted && connection.waitForRequest(m_wakeFd, idleTimeoutMs)) {
+        bool isClosed = false;
+        isWanted = process_request(connection, false, isClosed, nullptr) && !isClosed;
     }
-}
-
-void HttpListener::hasEnded(socket_t socket)
-{
     ::shutdown(socket, SHUT_RDWR);
     std::lock_guard<std::mutex> lock(m_mutex);
     m_sockets.erase(socket);
     ::close(socket);
     m_changed.notify_all();
+    return true;
 }

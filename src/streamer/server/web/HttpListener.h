@@ -26,8 +26,6 @@ public:
 
 private:
     bool process_and_close_socket(socket_t socket) override;
-    void serve(socket_t socket);
-    void hasEnded(socket_t socket);
 
     int m_port = 0;
     int m_wakeFd; ///< readable from stop() on

@@ -71,17 +71,26 @@ void JsonText::heading(const QVariant& title)
         write(title, 0);
 }
 
-void JsonText::fields(const QVariantHash& roles)
+void JsonText::field(const char* name, const QVariant& value)
+{
+    m_writer.Key(name);
+    write(value, 0);
+}
+
+void JsonText::roles(const char* name, const QVariantHash& roles)
 {
     QStringList names = roles.keys();
     names.sort();
-    for (const QString& name : qAsConst(names)) {
-        const QVariant value = roles.value(name);
+    m_writer.Key(name);
+    beginObject();
+    for (const QString& role : qAsConst(names)) {
+        const QVariant value = roles.value(role);
         if (!value.isValid())
             continue;
-        key(name);
-        role(name, value);
+        key(role);
+        this->role(role, value);
     }
+    endObject();
 }
 
 template <class Map>

@@ -21,16 +21,14 @@ public:
     void beginArray() { m_writer.StartArray(); }
     void endArray() { m_writer.EndArray(); }
     void key(const QString& name);
-    void string(const QString& text);
-    void number(qint64 number) { m_writer.Int64(number); }
     /// Any value: paths as their text, hashes and lists in depth; what has no JSON form is null.
-    void value(const QVariant& value) { write(value, 0); }
-    /// A role's value: as value(), types by their names.
+    void field(const char* name, const QVariant& value);
+    /// A role's value: as a field's, types by their names.
     void role(const QString& role, const QVariant& value);
     /// The title of a heading, which is one of our own texts even where it stands as a plain one.
     void heading(const QVariant& title);
-    /// The fields of a hash, without braces.
-    void fields(const QVariantHash& roles);
+    /// A hash of roles as an object.
+    void roles(const char* name, const QVariantHash& roles);
 
     std::string text() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 
@@ -39,6 +37,7 @@ public:
     static std::string fromState(QJsonObject state, const TextCatalogue* texts);
 
 private:
+    void string(const QString& text);
     QVariant unwrapped(const QVariant& value) const;
     void write(const QVariant& value, int depth);
     bool writePlain(const QVariant& value);

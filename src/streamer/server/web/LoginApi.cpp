@@ -3,8 +3,39 @@
 #include "JsonText.h"
 #include "LoginControl.h"
 #include "qr/QrMatrix.h"
-#include "QrPicture.h"
 #include "ReplyWaiter.h"
+
+namespace {
+
+/// Light squares around the code (ISO/IEC 18004).
+constexpr int quietZone = 4;
+
+/// A QR code as an SVG picture, black on white, with the quiet zone that readers want.
+std::string qrPicture(const QrMatrix& code)
+{
+    const std::string side = std::to_string(code.size() + 2 * quietZone);
+    std::string picture = "<svg xmlns=\"http://www.w3.org/2000/svg\" viewBox=\"0 0 " + side + ' ' +
+                          side + "\" shape-rendering=\"crispEdges\"><rect width=\"" + side +
+                          "\" height=\"" + side + "\" fill=\"#fff\"/><path fill=\"#000\" d=\"";
+    for (int y = 0; y < code.size(); ++y) {
+        for (int x = 0; x < code.size(); ++x) {
+            const int begin = x;
+            while (code.isDark(x, y))
+                ++x;
+            if (x == begin)
+                continue;
+            const std::string width = std::to_string(x - begin);
+            picture += 'M';
+            picture += std::to_string(begin + quietZone);
+            picture += ' ';
+            picture += std::to_string(y + quietZone);
+            picture.append("h").append(width).append("v1h-").append(width).append("z");
+        }
+    }
+    return picture + "\"/></svg>\n";
+}
+
+} // namespace
 
 void LoginApi::addRoutes(RouteTable& routes)
 {
@@ -19,9 +50,8 @@ void LoginApi::addRoutes(RouteTable& routes)
 
 HttpReply LoginApi::answer(const CMReply<QVariant>& reply, const HttpCall& call)
 {
-    m_waiter.wait(reply);
-    if (reply.error().isSet())
-        return HttpReply::error(reply.error());
+    if (const CMError error = m_waiter.wait(reply); error.isSet())
+        return HttpReply::error(error);
     return state(call);
 }
 

@@ -23,9 +23,8 @@ HttpReply PlayerApi::command(const QString& name, const HttpCall& call)
     if (!arguments)
         return HttpReply::badRequest(fault);
     const CMReply<QVariant> reply = m_player.command(name, arguments->toVariant().toHash());
-    m_waiter.wait(reply);
-    if (reply.error().isSet())
-        return HttpReply::error(reply.error());
+    if (const CMError error = m_waiter.wait(reply); error.isSet())
+        return HttpReply::error(error);
     return state(call);
 }
 

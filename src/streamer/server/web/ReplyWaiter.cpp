@@ -4,22 +4,23 @@
 
 #include <vector>
 
-void ReplyWaiter::wait(const CMVoidReply& reply)
+CMError ReplyWaiter::wait(const CMVoidReply& reply)
 {
     if (reply.isNull())
-        return;
+        return {};
     {
         std::unique_lock<std::mutex> lock(m_mutex);
         if (m_isStopped) {
             lock.unlock();
             end(reply);
-            return;
+            return reply.error();
         }
         m_waiting.insert(reply.data().get());
     }
     reply.waitForFinished(-1);
     std::lock_guard<std::mutex> lock(m_mutex);
     m_waiting.erase(m_waiting.find(reply.data().get()));
+    return reply.error();
 }
 
 void ReplyWaiter::stop()

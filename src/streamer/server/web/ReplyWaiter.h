@@ -7,8 +7,9 @@
 class ReplyWaiter
 {
 public:
-    /// Blocks until the reply is finished: by its service, its deadline, or stop().
-    void wait(const CMVoidReply& reply);
+    /// Blocks until the reply is finished: by its service, its deadline, or stop(). Returns its
+    /// error.
+    CMError wait(const CMVoidReply& reply);
     /// Finishes what is waited for with an error, now and from now on.
     void stop();
 

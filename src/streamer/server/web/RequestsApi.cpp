@@ -10,23 +10,16 @@ namespace {
 void write(JsonText& json, const HttpCallRecord& record)
 {
     json.beginObject();
-    json.key(QStringLiteral("id"));
-    json.number(qint64(record.number));
-    json.key(QStringLiteral("time"));
-    json.string(
+    json.field("id", record.number);
+    json.field(
+        "time",
         QDateTime::fromMSecsSinceEpoch(record.startedMs, Qt::UTC).toString(Qt::ISODateWithMs));
-    json.key(QStringLiteral("method"));
-    json.string(QString::fromLatin1(record.method));
-    json.key(QStringLiteral("address"));
-    json.string(record.address());
-    json.key(QStringLiteral("status"));
-    json.number(record.status);
-    json.key(QStringLiteral("error"));
-    json.string(record.error());
-    json.key(QStringLiteral("durationMs"));
-    json.number(record.durationMs);
-    json.key(QStringLiteral("bytes"));
-    json.number(record.bytes);
+    json.field("method", record.method);
+    json.field("address", record.address());
+    json.field("status", record.status);
+    json.field("error", record.error());
+    json.field("durationMs", record.durationMs);
+    json.field("bytes", record.bytes);
     json.endObject();
 }
 
@@ -57,8 +50,7 @@ HttpReply RequestsApi::requests(const HttpCall& call)
     const QVector<HttpCallRecord> records = log.recordsAfter(begin);
     JsonText json;
     json.beginObject();
-    json.key(QStringLiteral("last"));
-    json.number(qint64(records.isEmpty() ? last : records.last().number));
+    json.field("last", records.isEmpty() ? last : records.last().number);
     json.key(QStringLiteral("requests"));
     json.beginArray();
     for (const HttpCallRecord& record : records)

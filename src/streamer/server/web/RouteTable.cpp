@@ -5,17 +5,18 @@ void RouteTable::add(const char* method, const std::string& path, Handler handle
     m_routes[path][method] = std::move(handler);
 }
 
-HttpReply RouteTable::answer(const std::string& method, const std::string& path,
-                             const HttpCall& call) const
+RouteTable::Handler RouteTable::find(const std::string& method, const std::string& path) const
 {
     const auto& byMethod = m_routes.at(path);
     const auto handler = byMethod.find(method == "HEAD" ? "GET" : method);
     if (handler != byMethod.end())
-        return handler->second(call);
-    HttpReply reply = HttpReply::wrongMethod(method);
-    for (const auto& other : byMethod)
-        reply.headers.emplace_back("Allow", other.first);
-    return reply;
+        return handler->second;
+    return [&byMethod, method](const HttpCall&) {
+        HttpReply reply = HttpReply::wrongMethod(method);
+        for (const auto& other : byMethod)
+            reply.headers.emplace_back("Allow", other.first);
+        return reply;
+    };
 }
 
 std::vector<std::string> RouteTable::list() const

@@ -14,10 +14,9 @@ public:
 
     void add(const char* method, const std::string& path, Handler handler);
     bool hasPath(const std::string& path) const { return m_routes.count(path) != 0; }
-    /// Runs the handler of a path of the table (a HEAD is answered as a GET); 405 when it does not
-    /// take the method.
-    HttpReply answer(const std::string& method, const std::string& path,
-                     const HttpCall& call) const;
+    /// The handler of a path of the table (a HEAD is answered as a GET), or one that says 405 when
+    /// the path does not take the method.
+    Handler find(const std::string& method, const std::string& path) const;
     /// All calls as "METHOD PATH".
     std::vector<std::string> list() const;
 

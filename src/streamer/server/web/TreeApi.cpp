@@ -72,8 +72,7 @@ TreeApi::Rows TreeApi::fetch(const CMPath& path, int from, int to, const QString
         const int last = isRange ? int(qMin(qint64(to), next + pageSize - 1)) : to;
         const CMGetRowsRequest request(path, int(next), last, roles);
         CMRoot().request(request);
-        m_waiter.wait(request.reply());
-        result.error = request.reply().error();
+        result.error = m_waiter.wait(request.reply());
         if (result.error.isSet())
             return result;
         result.last = request.reply().value();
@@ -110,18 +109,11 @@ HttpReply TreeApi::rows(const HttpCall& call)
 
     JsonText json(call.texts);
     json.beginObject();
-    json.key(QStringLiteral("path"));
-    json.string(path->toEncoded());
-    json.key(QStringLiteral("from"));
-    json.number(*from);
-    json.key(QStringLiteral("rowsCount"));
-    json.number(rows.last.rowsCount());
-    json.key(QStringLiteral("rowsVersion"));
-    json.number(rows.last.rowsVersion());
-    json.key(QStringLiteral("roles"));
-    json.beginObject();
-    json.fields(own.toHash());
-    json.endObject();
+    json.field("path", path->toEncoded());
+    json.field("from", *from);
+    json.field("rowsCount", rows.last.rowsCount());
+    json.field("rowsVersion", rows.last.rowsVersion());
+    json.roles("roles", own.toHash());
     json.key(QStringLiteral("rows"));
     json.beginArray();
     const int typeAt = asked.indexOf(KeloRoles::Type());
@@ -143,8 +135,7 @@ HttpReply TreeApi::row(const HttpCall& call)
         const CMGetRowsRequest request(search.list(), search.from(), search.from() + pageSize - 1,
                                        itemRoles());
         CMRoot().request(request);
-        m_waiter.wait(request.reply());
-        const CMError error = request.reply().error();
+        const CMError error = m_waiter.wait(request.reply());
         // Most of the lists do not exist, which is no fault.
         if (error.name() == CMError::DeadlineName() || error.name() == HttpReply::stoppingName())
             return HttpReply::error(error);
@@ -156,14 +147,9 @@ HttpReply TreeApi::row(const HttpCall& call)
 
     JsonText json(call.texts);
     json.beginObject();
-    json.key(QStringLiteral("list"));
-    json.string(search.list().toEncoded());
-    json.key(QStringLiteral("index"));
-    json.number(search.index());
-    json.key(QStringLiteral("row"));
-    json.beginObject();
-    json.fields(search.row().toHash());
-    json.endObject();
+    json.field("list", search.list().toEncoded());
+    json.field("index", search.index());
+    json.roles("row", search.row().toHash());
     json.endObject();
     return HttpReply::json(json.text());
 }
@@ -178,14 +164,12 @@ HttpReply TreeApi::data(const HttpCall& call)
 
     const CMGetDataRequest request(*path, *roles);
     CMRoot().request(request);
-    m_waiter.wait(request.reply());
-    if (request.reply().error().isSet())
-        return HttpReply::error(request.reply().error());
+    if (const CMError error = m_waiter.wait(request.reply()); error.isSet())
+        return HttpReply::error(error);
 
     JsonText json(call.texts);
     json.beginObject();
-    json.key(QStringLiteral("path"));
-    json.string(path->toEncoded());
+    json.field("path", path->toEncoded());
     json.key(QStringLiteral("data"));
     writeRoles(json, *roles, request.reply().value(), roles->indexOf(KeloRoles::Type()));
     json.endObject();
@@ -218,14 +202,12 @@ HttpReply TreeApi::set(const HttpCall& call)
     }
     const CMSetDataRequest request(*path, role, value);
     CMRoot().request(request);
-    m_waiter.wait(request.reply());
-    if (request.reply().error().isSet())
-        return HttpReply::error(request.reply().error());
+    if (const CMError error = m_waiter.wait(request.reply()); error.isSet())
+        return HttpReply::error(error);
 
     JsonText json(call.texts);
     json.beginObject();
-    json.key(QStringLiteral("reply"));
-    json.value(request.reply().value());
+    json.field("reply", request.reply().value());
     json.endObject();
     return HttpReply::json(json.text());
 }

@@ -230,7 +230,7 @@ HttpReply WebServer::Private::answer(const httplib::Request& request, const std:
     call.texts =
         &m_texts.choose(call.parameter("language").value_or(QString()),
                         QString::fromStdString(request.get_header_value("Accept-Language")));
-    HttpReply reply = m_routes.answer(request.method, request.path, call);
+    HttpReply reply = m_routes.find(request.method, request.path)(call);
     reply.translate(*call.texts);
     reply.headers.emplace_back("Content-Language", call.texts->language().toStdString());
     reply.headers.emplace_back("Vary", "Accept-Language");
