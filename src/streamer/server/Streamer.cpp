@@ -12,6 +12,7 @@
 #include <future>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloTidalConstants.h>
+#include <kelosim/SimServer.h>
 #include <mutex>
 #include <QDir>
 #include <QFile>
@@ -84,7 +85,7 @@ void Streamer::stop()
     m_player.reset();
     m_oauth2Thread.stop();
     m_settingsThread.stop();
-    m_demo.stop();
+    m_demo.reset();
 }
 
 QString Streamer::address() const
@@ -112,9 +113,26 @@ bool Streamer::startDemo(QString* error)
 {
     if (!m_options.isDemo)
         return true;
-    if (!m_demo.start(error))
+    kelosim::SimOptions options;
+    options.approvals = 1; // a newcomer sees music at once; later logins are a person's to approve
+    options.faults = {"device-code interval=1 expires=300"}; // the start waits for the login
+    m_demo = std::make_unique<kelosim::SimServer>(options);
+    std::string fault;
+    if (!m_demo->start(&fault)) {
+        *error = QStringLiteral("cannot start the simulated service: %1")
+                     .arg(QString::fromStdString(fault));
         return false;
-    m_demo.apply(m_settings.tidal);
+    }
+    const QString base = QString::fromStdString(m_demo->baseUrl());
+    TidalSettings& settings = m_settings.tidal;
+    settings.apiUrl = base + QStringLiteral("/v1");
+    settings.imageUrl = base + QStringLiteral("/images/");
+    settings.oauth2.deviceCodeUrl = base + QStringLiteral("/v1/oauth2/device_authorization");
+    settings.oauth2.authorizationUrl = base + QStringLiteral("/v1/oauth2/authorize");
+    settings.oauth2.tokenUrl = base + QStringLiteral("/v1/oauth2/token");
+    settings.oauth2.clientId = QStringLiteral("kelo-demo");
+    settings.oauth2.clientSecret = Secret(QStringLiteral("kelo-demo-secret"));
+    settings.oauth2.clientSecretFile.clear();
     return true;
 }
 
@@ -144,14 +162,10 @@ bool Streamer::startPlayer(QString* error)
     return m_player->start(error);
 }
 
-QVariantHash Streamer::moduleSettings() const
-{
-    return QVariantHash{{QStringLiteral("prefix"), '/' + KeloService_Tidal_Id()}};
-}
-
 bool Streamer::startModule(QString* error)
 {
-    if (!m_module.start(m_moduleFile, moduleSettings(), error))
+    const QVariantHash settings{{QStringLiteral("prefix"), '/' + KeloService_Tidal_Id()}};
+    if (!m_module.start(m_moduleFile, settings, error))
         return false;
     // Watches are told in their order: a client that hears of a login asks after the module knows.
     m_login = std::make_unique<TreeLogin>(KeloTidalName());

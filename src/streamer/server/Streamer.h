@@ -1,5 +1,4 @@
 #pragma once
-#include "Demo.h"
 #include "ModuleLoader.h"
 #include "settings/ServeOptions.h"
 #include "settings/Settings.h"
@@ -11,6 +10,9 @@ class MprisService;
 class Player;
 class TreeLogin;
 class WebServer;
+namespace kelosim {
+class SimServer;
+}
 
 /// The assembled streamer: settings, login, player, module and web API, started in that order and
 /// stopped in the opposite one. Owned by serve, used on its thread. It reads no command line.
@@ -27,6 +29,7 @@ public:
     QString address() const;
 
 private:
+    /// Runs the simulated service and points all addresses of the settings at it.
     bool startDemo(QString* error);
     bool makeStateFolder(QString* error) const;
     bool startWorkers(QString* error);
@@ -35,13 +38,12 @@ private:
     bool startWeb(QString* error);
     void startMpris();
     void logInToDemo();
-    QVariantHash moduleSettings() const;
 
     const ServeOptions m_options;
     Settings m_settings;
     QString m_stateFolder; ///< a demo has one of its own
     QString m_moduleFile;
-    Demo m_demo;
+    std::unique_ptr<kelosim::SimServer> m_demo; ///< the simulated service; null without a demo
     CMWorkerThread m_settingsThread;
     CMWorkerThread m_oauth2Thread;
     std::unique_ptr<Player> m_player;
