@@ -1,7 +1,5 @@
 #include "SettingsWorker.h"
 
-#include "SettingNode.h"
-
 #include <kelo/KeloTidalConstants.h>
 #include <kelo/KeloTidalTypes.h>
 
@@ -36,10 +34,28 @@ KeloValue readQuality(const KeloValue& sent)
     return KeloValue();
 }
 
-KeloValue readBool(const KeloValue& sent)
+/// Takes what readQuality() reads and refuses everything else. Serves on the caller's thread.
+class QualityNode : public CMValueNode
 {
-    return sent.value(KeloValue::Type()).toString() == KeloValue::Bool() ? sent : KeloValue();
-}
+public:
+    using CMValueNode::CMValueNode;
+
+    bool setDataRequest(const CMSetDataRequest& request) override
+    {
+        if (!isOwnPath(request.path()))
+            return replyNotFound(request);
+        const KeloValue value = readQuality(KeloValue::fromVariant(request.value()));
+        if (value.isEmpty()) {
+            const QString words = KeloTidalSoundQualities::words().join(QStringLiteral(", "));
+            request.reply().setError(
+                CMError(CMError::BadRequestName(), QStringLiteral("wanted %1").arg(words)));
+        } else {
+            setValue(value);
+            request.reply().setValue(QVariant());
+        }
+        return true;
+    }
+};
 
 KeloValue stringValue(const QString& text)
 {
@@ -103,8 +119,7 @@ void SettingsWorker::addOAuth2(const OAuth2Settings& oauth2)
 void SettingsWorker::addSoundQuality(const QString& name)
 {
     const QStringList words = KeloTidalSoundQualities::words();
-    auto* node =
-        new SettingNode(KeloTidalSoundQualityPath(), readQuality, words.join(QStringLiteral(", ")));
+    auto* node = new QualityNode(KeloTidalSoundQualityPath());
     addNode(node, KELO_TR("Sound quality"), qualityValue(words.indexOf(name)));
 
     CMPath choices = KeloTidalSoundQualityPath();
@@ -129,9 +144,7 @@ void SettingsWorker::addUsePostPaywall(bool use)
 {
     KeloValue value;
     value.setBool(use);
-    addNode(
-        new SettingNode(KeloTidalUsePostPaywallPath(), readBool, QStringLiteral("true or false")),
-        KELO_TR("Whole tracks"), value);
+    addNode(new CMValueNode(KeloTidalUsePostPaywallPath()), KELO_TR("Whole tracks"), value);
 }
 
 CMValueNode* SettingsWorker::addValue(const CMPath& path, const TrString& title,

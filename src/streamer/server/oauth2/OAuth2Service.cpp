@@ -3,15 +3,37 @@
 #include <kelo/CMActivateNode.h>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloLog.h>
+#include <kelo/KeloPost.h>
 
 namespace {
 
-CMPath servicePath(const QString& name)
+/// The node at which the login state stands; a value that is sent to it starts a login. Requests
+/// reach it on any thread; `activate` runs on the receiver's, in a later turn.
+class LoginNode : public CMValueNode
 {
-    CMPath path = KeloOAuth2ServicePath();
-    path.appendSubpath(name);
-    return path;
-}
+public:
+    using Activate = std::function<void(const CMSetDataRequest&)>;
+
+    LoginNode(const CMPath& path, QObject* receiver, Activate activate)
+        : CMValueNode(path), m_receiver(receiver), m_activate(std::move(activate))
+    {
+    }
+
+    bool setDataRequest(const CMSetDataRequest& request) override
+    {
+        if (!isOwnPath(request.path()))
+            return replyNotFound(request);
+        keloPost(m_receiver, [this, request] { m_activate(request); });
+        return true;
+    }
+
+protected:
+    KeloRolesType::Enum rolesType() const override { return KeloRolesType::Action_; }
+
+private:
+    QObject* const m_receiver;
+    const Activate m_activate;
+};
 
 CMPath below(const CMPath& path, const QString& segment)
 {
@@ -25,11 +47,12 @@ CMPath below(const CMPath& path, const QString& segment)
 OAuth2Service::OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes,
                              const TokenStore& store, TokenEndpoint& endpoint, Clock& clock,
                              QObject* parent)
-    : QObject(parent), m_info(info), m_path(servicePath(info.serviceName())), m_store(store),
-      m_clock(clock), m_login(endpoint, clock,
-                              {[this](const DeviceCode& code) { onCode(code); },
-                               [this](const TokenSet& tokens) { adopt(tokens); },
-                               [this](const LoginProblem& problem) { onLoginFailed(problem); }}),
+    : QObject(parent), m_info(info), m_path(below(KeloOAuth2ServicePath(), info.serviceName())),
+      m_store(store), m_clock(clock),
+      m_login(endpoint, clock,
+              {[this](const DeviceCode& code) { onCode(code); },
+               [this](const TokenSet& tokens) { adopt(tokens); },
+               [this](const LoginProblem& problem) { onLoginFailed(problem); }}),
       m_refresh(endpoint, clock,
                 {[this](const TokenSet& tokens) { adopt(tokens); },
                  [this](const LoginProblem& problem) { onRefreshFailed(problem); },
@@ -58,8 +81,8 @@ void OAuth2Service::addNodes(CMNodes* nodes)
                                SLOT(on_refresh(CMSetDataRequest)), Qt::QueuedConnection);
     refresh->setTitle(KELO_TR("Renew the access token"));
 
-    m_stateNode = new OAuth2LoginNode(
-        m_path, this, [this](const CMSetDataRequest& request) { startLogin(request); });
+    m_stateNode = new LoginNode(m_path, this,
+                                [this](const CMSetDataRequest& request) { startLogin(request); });
     m_stateNode->setTitle(
         TrString(TrCharData{trExtractContext(Q_FUNC_INFO), "Log in to %1", nullptr}, name));
     m_stateNode->setNodes(nodes);

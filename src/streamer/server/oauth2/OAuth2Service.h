@@ -1,8 +1,9 @@
 #pragma once
 #include "DeviceLogin.h"
-#include "OAuth2LoginNode.h"
 #include "TokenRefresh.h"
 #include "TokenStore.h"
+
+#include <kelo/CMValueNode.h>
 
 /// The login to one service: publishes its state and its access token, logs in and out, and keeps
 /// the tokens fresh and stored. Its nodes stand below KeloOAuth2ServicePath()/<name>: the state,
@@ -47,7 +48,7 @@ private:
     const CMPath m_path;
     const TokenStore& m_store;
     Clock& m_clock;
-    OAuth2LoginNode* m_stateNode = nullptr; ///< of the node tree, as the next
+    CMValueNode* m_stateNode = nullptr; ///< of the node tree, as the next
     CMValueNode* m_tokenNode = nullptr;
     DeviceLogin m_login;
     TokenRefresh m_refresh;
