@@ -5,37 +5,26 @@
 
 #include <algorithm>
 #include <kelo/TrString.h>
+#include <QHash>
 
 namespace {
 
 QString reason(int status)
 {
-    switch (status) {
-    case 400:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Bad request"));
-    case 403:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Forbidden"));
-    case 404:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Not found"));
-    case 405:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Method not allowed"));
-    case 413:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Body too large"));
-    case 414:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Address too long"));
-    case 415:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Wrong content type"));
-    case 500:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Internal error"));
-    case 502:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Error"));
-    case 503:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "Not available"));
-    case 504:
-        return QStringLiteral(QT_TRANSLATE_NOOP("HttpReply", "No answer in time"));
-    default:
-        return QStringLiteral("Status %1").arg(status);
-    }
+    static const QHash<int, const char*> reasons{
+        {400, QT_TRANSLATE_NOOP("HttpReply", "Bad request")},
+        {403, QT_TRANSLATE_NOOP("HttpReply", "Forbidden")},
+        {404, QT_TRANSLATE_NOOP("HttpReply", "Not found")},
+        {405, QT_TRANSLATE_NOOP("HttpReply", "Method not allowed")},
+        {413, QT_TRANSLATE_NOOP("HttpReply", "Body too large")},
+        {414, QT_TRANSLATE_NOOP("HttpReply", "Address too long")},
+        {415, QT_TRANSLATE_NOOP("HttpReply", "Wrong content type")},
+        {500, QT_TRANSLATE_NOOP("HttpReply", "Internal error")},
+        {502, QT_TRANSLATE_NOOP("HttpReply", "Error")},
+        {503, QT_TRANSLATE_NOOP("HttpReply", "Not available")},
+        {504, QT_TRANSLATE_NOOP("HttpReply", "No answer in time")}};
+    const char* known = reasons.value(status);
+    return known ? QString::fromLatin1(known) : QStringLiteral("Status %1").arg(status);
 }
 
 /// A text of an error: put into words now, or long ago.

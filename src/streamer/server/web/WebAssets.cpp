@@ -1,8 +1,9 @@
 #include "WebAssets.h"
 
-#include <algorithm>
 #include <QCryptographicHash>
 #include <QDirIterator>
+#include <QHash>
+#include <QRegularExpression>
 
 /// Outside of every namespace, as the macro declares a function.
 static void loadBuiltIn()
@@ -16,45 +17,26 @@ constexpr qint64 largestFile = 4 * 1024 * 1024;
 constexpr size_t longestName = 128;
 constexpr char startPage[] = "index.html";
 
-/// The content type of a file's extension; empty for one that is not served.
-std::string contentTypeOf(const std::string& extension)
-{
-    static const std::map<std::string, std::string> types{
-        {"html", "text/html; charset=utf-8"},
-        {"css", "text/css; charset=utf-8"},
-        {"js", "text/javascript; charset=utf-8"},
-        {"mjs", "text/javascript; charset=utf-8"},
-        {"json", "application/json"},
-        {"webmanifest", "application/manifest+json"},
-        {"svg", "image/svg+xml"},
-        {"png", "image/png"},
-        {"ico", "image/x-icon"},
-        {"woff2", "font/woff2"}};
-    const auto found = types.find(extension);
-    return found == types.end() ? std::string() : found->second;
-}
-
-bool isWord(const std::string& text)
-{
-    const auto isPlain = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
-    };
-    return !text.empty() && std::all_of(text.begin(), text.end(), isPlain);
-}
-
 /// Of "WORD.EXTENSION" and "WORD/WORD.EXTENSION" the content type; empty for any other name.
 std::string typeOfName(const std::string& name)
 {
+    static const QHash<QString, const char*> types{
+        {QStringLiteral("html"), "text/html; charset=utf-8"},
+        {QStringLiteral("css"), "text/css; charset=utf-8"},
+        {QStringLiteral("js"), "text/javascript; charset=utf-8"},
+        {QStringLiteral("mjs"), "text/javascript; charset=utf-8"},
+        {QStringLiteral("json"), "application/json"},
+        {QStringLiteral("webmanifest"), "application/manifest+json"},
+        {QStringLiteral("svg"), "image/svg+xml"},
+        {QStringLiteral("png"), "image/png"},
+        {QStringLiteral("ico"), "image/x-icon"},
+        {QStringLiteral("woff2"), "font/woff2"}};
+    static const QRegularExpression form(
+        QStringLiteral("\\A(?:[a-z0-9_-]+/)?[a-z0-9_-]+\\.([a-z0-9]+)\\z"));
     if (name.size() > longestName)
         return {};
-    const size_t slash = name.find('/');
-    if (slash != std::string::npos && !isWord(name.substr(0, slash)))
-        return {};
-    const std::string file = slash == std::string::npos ? name : name.substr(slash + 1);
-    const size_t dot = file.find('.');
-    if (dot == std::string::npos || !isWord(file.substr(0, dot)))
-        return {};
-    return contentTypeOf(file.substr(dot + 1));
+    return types.value(form.match(QString::fromLatin1(name.data(), int(name.size()))).captured(1),
+                       "");
 }
 
 } // namespace
