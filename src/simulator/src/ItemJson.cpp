@@ -48,6 +48,13 @@ void ItemJson::miniArtists(JsonWriter& json, const std::vector<int>& indexes, bo
     json.endArray();
 }
 
+JsonWriter& ItemJson::cover(JsonWriter& json, const Album& album) const
+{
+    json.textOrNull("cover", album.cover);
+    json.textOrNull("vibrantColor", album.cover.empty() ? "" : "#" + album.cover.substr(0, 6));
+    return json.field("videoCover", nullptr);
+}
+
 void ItemJson::flags(JsonWriter& json, bool streamable) const
 {
     json.field("streamReady", streamable).field("payToStream", false);
@@ -84,9 +91,7 @@ void ItemJson::album(JsonWriter& json, const Album& album) const
         json.textOrNull("releaseDate", album.released ? dateOnly(released) : std::string());
     json.textOrNull("copyright", dated ? copyrightOf(released) : std::string());
     json.field("type", album.type).field("version", album.version).field("url", url("album", id));
-    json.textOrNull("cover", album.cover);
-    json.textOrNull("vibrantColor", album.cover.empty() ? "" : "#" + album.cover.substr(0, 6));
-    json.field("videoCover", nullptr).field("explicit", album.isExplicit);
+    cover(json, album).field("explicit", album.isExplicit);
     json.textOrNull("upc", album.cover.empty() ? "" : "000000" + id);
     json.field("popularity", album.popularity);
     quality(json, album.streamable, album.hiRes);
@@ -106,21 +111,13 @@ void ItemJson::album(JsonWriter& json, const Album& album) const
 void ItemJson::track(JsonWriter& json, const Track& track, const PlaylistItem* inPlaylist,
                      std::size_t position) const
 {
-    json.beginObject();
-    trackKeys(json, track);
-    if (inPlaylist)
-        playlistKeys(json.field("description", nullptr), *inPlaylist, position);
-    json.endObject();
-}
-
-void ItemJson::trackKeys(JsonWriter& json, const Track& track) const
-{
     const Album album = m_catalogue.album(track.album);
     const std::string id = std::to_string(track.id);
     const std::int64_t released = album.released.value_or(0);
     const std::uint64_t hash = mix(m_catalogue.seed(), track.id);
     const bool ok = track.streamable; // what was withdrawn has thinned fields
-    json.field("id", track.id).field("title", track.title).field("duration", trackSeconds(track));
+    json.beginObject().field("id", track.id).field("title", track.title);
+    json.field("duration", trackSeconds(track));
     json.field("replayGain", ok ? -double(hash % 1200) / 100.0 : 0.0);
     if (ok)
         json.field("peak", 0.9 + double(hash / 4096 % 99999) / 1000000.0);
@@ -142,20 +139,16 @@ void ItemJson::trackKeys(JsonWriter& json, const Track& track) const
     json.field("editable", false).field("explicit", track.isExplicit);
     quality(json, ok, album.hiRes);
     json.field("upload", false).field("accessType", "PUBLIC").field("spotlighted", false);
-    trackCredits(json, track);
+    miniArtist(json.key("artist"), track.artists.front(), "MAIN");
+    miniArtists(json, track.artists, true);
     json.key("album").beginObject().field("id", album.id).field("title", album.title);
-    json.textOrNull("cover", album.cover);
-    json.textOrNull("vibrantColor", album.cover.empty() ? "" : "#" + album.cover.substr(0, 6));
-    json.field("videoCover", nullptr).endObject();
+    cover(json, album).endObject();
     json.key("mixes");
     ok ? json.beginObject().field("TRACK_MIX", "001" + hex(hash, 13) + hex(~hash, 14)).endObject()
        : json.value(nullptr);
-}
-
-void ItemJson::trackCredits(JsonWriter& json, const Track& track) const
-{
-    miniArtist(json.key("artist"), track.artists.front(), "MAIN");
-    miniArtists(json, track.artists, true);
+    if (inPlaylist)
+        playlistKeys(json.field("description", nullptr), *inPlaylist, position);
+    json.endObject();
 }
 
 void ItemJson::playlistKeys(JsonWriter& json, const PlaylistItem& item, std::size_t position) const

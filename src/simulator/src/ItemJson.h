@@ -30,9 +30,7 @@ public:
     int trackSeconds(const Track& track) const;
 
 private:
-    // An open object: the caller closes it and may add keys before.
-    void trackKeys(JsonWriter& json, const Track& track) const;
-    void trackCredits(JsonWriter& json, const Track& track) const;
+    JsonWriter& cover(JsonWriter& json, const Album& album) const;
     void flags(JsonWriter& json, bool streamable) const;
     void quality(JsonWriter& json, bool streamable, bool hiRes) const;
     void miniArtist(JsonWriter& json, int index, const char* type) const;

@@ -1,7 +1,6 @@
 #include "WebApi.h"
 
 #include <algorithm>
-#include <numeric>
 
 namespace kelosim {
 
@@ -143,6 +142,26 @@ HttpResponse WebApi::list(const Call& call, PageRule rule, std::size_t total, co
     return HttpResponse::json(200, json.endArray().endObject().take());
 }
 
+HttpResponse
+WebApi::sortedList(const Call& call, PageRule rule, std::size_t total,
+                   const std::function<SortKey(const std::string&, std::size_t)>& keyOf,
+                   const Emit& emit)
+{
+    const std::string order = call.request.queryValue("order");
+    const bool descending = call.request.queryValue("orderDirection") == "DESC";
+    std::vector<SortKey> keys;
+    std::vector<std::size_t> positions;
+    for (std::size_t i = 0; i < total; ++i) {
+        keys.push_back(order.empty() ? SortKey() : keyOf(order, i));
+        positions.push_back(i);
+    }
+    std::stable_sort(positions.begin(), positions.end(), [&](std::size_t a, std::size_t b) {
+        return descending ? keys[b] < keys[a] : keys[a] < keys[b];
+    });
+    return list(call, rule, total,
+                [&](JsonWriter& json, std::size_t i) { emit(json, positions[i]); });
+}
+
 HttpResponse WebApi::albumList(const Call& call, PageRule rule, const std::vector<int>& albums)
 {
     return list(call, rule, albums.size(), [&](JsonWriter& json, std::size_t i) {
@@ -186,33 +205,15 @@ std::string WebApi::tracksBody(int count) const
     return json.endArray().endObject().take();
 }
 
-std::optional<SortKey> WebApi::trackKey(const std::string& order, const Track& track) const
+SortKey WebApi::trackKey(const std::string& order, const Track& track) const
 {
     if (order == "NAME")
-        return SortKey(fold(track.title), 0);
+        return {fold(track.title), 0};
     if (order == "ARTIST")
-        return SortKey(foldedName(track.artists.front()), 0);
+        return {foldedName(track.artists.front()), 0};
     if (order == "ALBUM")
-        return SortKey(fold(m_catalogue.album(track.album).title), track.number);
-    return order == "LENGTH" ? std::optional(SortKey("", track.duration)) : std::nullopt;
-}
-
-std::vector<std::size_t> sortedPositions(const HttpRequest& request, std::size_t count,
-                                         const SortKeyOf& keyOf)
-{
-    std::vector<std::size_t> positions(count);
-    std::iota(positions.begin(), positions.end(), std::size_t(0));
-    const std::string order = request.queryValue("order");
-    if (order.empty())
-        return positions;
-    std::vector<SortKey> keys;
-    for (std::size_t i = 0; i < count; ++i)
-        keys.push_back(keyOf(order, i).value_or(SortKey()));
-    const bool descending = request.queryValue("orderDirection") == "DESC";
-    std::stable_sort(positions.begin(), positions.end(), [&](std::size_t a, std::size_t b) {
-        return descending ? keys[b] < keys[a] : keys[a] < keys[b];
-    });
-    return positions;
+        return {fold(m_catalogue.album(track.album).title), track.number};
+    return {"", order == "LENGTH" ? track.duration : 0};
 }
 
 } // namespace kelosim

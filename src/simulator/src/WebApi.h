@@ -59,6 +59,11 @@ private:
     bool needsCountry(const Call& call) const;
     HttpResponse list(const Call& call, PageRule rule, std::size_t total, const Emit& emit,
                       const char* source = nullptr);
+    // Sorted by what order and orderDirection of the request say. `keyOf` gives the key of the item
+    // at a position for an order, the same for all of an order that the list does not know.
+    HttpResponse sortedList(const Call& call, PageRule rule, std::size_t total,
+                            const std::function<SortKey(const std::string&, std::size_t)>& keyOf,
+                            const Emit& emit);
     HttpResponse albumList(const Call& call, PageRule rule, const std::vector<int>& albums);
     HttpResponse trackList(const Call& call, PageRule rule, const std::vector<int>& tracks);
     HttpResponse artistList(const Call& call, PageRule rule, const std::vector<int>& artists,
@@ -66,7 +71,7 @@ private:
     HttpResponse playlistList(const Call& call, PageRule rule, const std::vector<Playlist>& lists);
 
     // By what the lists of tracks are ordered.
-    std::optional<SortKey> trackKey(const std::string& order, const Track& track) const;
+    SortKey trackKey(const std::string& order, const Track& track) const;
     std::string foldedName(int artist) const { return fold(m_catalogue.artist(artist).name); }
 
     // WebApiCatalogue.cpp
@@ -89,8 +94,8 @@ private:
     bool favoriteExists(FavoriteKind kind, const std::string& id) const;
     void writeFavorite(const Call& call, JsonWriter& json, FavoriteKind kind,
                        const Favorite& favorite);
-    std::optional<SortKey> favoriteKey(const std::string& order, FavoriteKind kind,
-                                       const Favorite& favorite) const;
+    SortKey favoriteKey(const std::string& order, FavoriteKind kind,
+                        const Favorite& favorite) const;
     // WebApiPlaylists.cpp
     HttpResponse playlists(const Call& call);
     HttpResponse playlistItems(const Call& call, const Playlist& playlist);
@@ -114,12 +119,6 @@ private:
     std::deque<std::int64_t> m_playbackCalls; // times of the last calls, epoch ms
     std::int64_t m_playbackBlockedUntil = 0;
 };
-
-// Sorts by what order and orderDirection of the request say. `keyOf` gives an item's key for an
-// order name, nothing for an order that the list does not know (then it is ignored).
-using SortKeyOf = std::function<std::optional<SortKey>(const std::string& order, std::size_t item)>;
-std::vector<std::size_t> sortedPositions(const HttpRequest& request, std::size_t count,
-                                         const SortKeyOf& keyOf);
 
 // A JSON answer of what `write` writes.
 template <typename Write>

@@ -38,19 +38,17 @@ HttpResponse WebApi::playlists(const Call& call)
 HttpResponse WebApi::playlistItems(const Call& call, const Playlist& playlist)
 {
     const bool wrapped = call.segment(2) == "items";
-    const auto keyOf = [&](const std::string& order, std::size_t i) -> std::optional<SortKey> {
+    const auto keyOf = [&](const std::string& order, std::size_t i) -> SortKey {
         const PlaylistItem& item = playlist.items[i];
         if (order == "INDEX")
-            return SortKey("", i);
+            return {"", i};
         if (order == "DATE")
-            return SortKey("", item.added);
+            return {"", item.added};
         const auto index = m_catalogue.trackIndex(item.id);
-        return index ? trackKey(order, m_catalogue.track(*index)) : std::nullopt; // videos first
+        return index ? trackKey(order, m_catalogue.track(*index)) : SortKey(); // videos first
     };
-    const auto positions = sortedPositions(call.request, playlist.items.size(), keyOf);
     const PageRule rule = wrapped ? PageRule{10, 100} : PageRule{10, 9999};
-    return list(call, rule, positions.size(), [&](JsonWriter& json, std::size_t i) {
-        const std::size_t position = positions[i];
+    const auto emit = [&](JsonWriter& json, std::size_t position) {
         const PlaylistItem& item = playlist.items[position];
         const auto video = m_catalogue.videoIndex(item.id);
         if (wrapped)
@@ -62,7 +60,8 @@ HttpResponse WebApi::playlistItems(const Call& call, const Playlist& playlist)
                              position);
         if (wrapped)
             json.field("type", video ? "video" : "track").field("cut", nullptr).endObject();
-    });
+    };
+    return sortedList(call, rule, playlist.items.size(), keyOf, emit);
 }
 
 HttpResponse WebApi::playlistEdit(const Call& call, const Playlist& playlist)

@@ -98,15 +98,13 @@ HttpResponse WebApi::userPlaylists(const Call& call)
         if (filter == "PUBLIC" ? playlist.isPublic : filter != "PRIVATE" || !playlist.isPublic)
             chosen.push_back(std::move(playlist));
     }
-    const auto keyOf = [&](const std::string& order, std::size_t i) -> std::optional<SortKey> {
-        if (order == "NAME")
-            return SortKey(fold(chosen[i].title), 0);
-        return order == "DATE" ? std::optional(SortKey("", chosen[i].updated)) : std::nullopt;
+    const auto keyOf = [&](const std::string& order, std::size_t i) {
+        return order == "NAME" ? SortKey(fold(chosen[i].title), 0)
+                               : SortKey("", order == "DATE" ? chosen[i].updated : 0);
     };
-    std::vector<Playlist> sorted;
-    for (const std::size_t position : sortedPositions(call.request, chosen.size(), keyOf))
-        sorted.push_back(chosen[position]);
-    return playlistList(call, {10, 9999}, sorted);
+    return sortedList(call, {10, 9999}, chosen.size(), keyOf, [&](JsonWriter& json, std::size_t i) {
+        call.items.playlist(json, chosen[i]);
+    });
 }
 
 HttpResponse WebApi::favorites(const Call& call)
@@ -125,36 +123,35 @@ HttpResponse WebApi::favorites(const Call& call)
     if (!call.request.isGet())
         return methodNotAllowed();
     const std::vector<Favorite> all = m_library.favorites(*kind);
-    const auto positions =
-        sortedPositions(call.request, all.size(), [&](const std::string& order, std::size_t i) {
-            return favoriteKey(order, *kind, all[i]);
-        });
-    return list(call, {10, 10000}, positions.size(), [&](JsonWriter& json, std::size_t i) {
-        writeFavorite(call, json, *kind, all[positions[i]]);
+    const auto keyOf = [&](const std::string& order, std::size_t i) {
+        return favoriteKey(order, *kind, all[i]);
+    };
+    return sortedList(call, {10, 10000}, all.size(), keyOf, [&](JsonWriter& json, std::size_t i) {
+        writeFavorite(call, json, *kind, all[i]);
     });
 }
 
-std::optional<SortKey> WebApi::favoriteKey(const std::string& order, FavoriteKind kind,
-                                           const Favorite& favorite) const
+SortKey WebApi::favoriteKey(const std::string& order, FavoriteKind kind,
+                            const Favorite& favorite) const
 {
     if (order == "DATE")
-        return SortKey("", favorite.created);
+        return {"", favorite.created};
     const std::int64_t id = toNumber(favorite.id).value_or(0);
     if (kind == FavoriteKind::Tracks)
         return trackKey(order, m_catalogue.track(*m_catalogue.trackIndex(id)));
     if (kind == FavoriteKind::Albums) {
         const Album album = m_catalogue.album(*m_catalogue.albumIndex(id));
+        if (order == "NAME")
+            return {fold(album.title), 0};
         if (order == "ARTIST")
-            return SortKey(foldedName(album.artists.front()), 0);
-        if (order == "RELEASE_DATE")
-            return SortKey("", album.released.value_or(0));
-        return order == "NAME" ? std::optional(SortKey(fold(album.title), 0)) : std::nullopt;
+            return {foldedName(album.artists.front()), 0};
+        return {"", order == "RELEASE_DATE" ? album.released.value_or(0) : 0};
     }
     if (order != "NAME")
-        return std::nullopt;
-    return kind == FavoriteKind::Artists
-               ? SortKey(foldedName(*m_catalogue.artistIndex(id)), 0)
-               : SortKey(fold(m_library.playlist(favorite.id).value_or(Playlist()).title), 0);
+        return {};
+    if (kind == FavoriteKind::Artists)
+        return {foldedName(*m_catalogue.artistIndex(id)), 0};
+    return {fold(m_library.playlist(favorite.id).value_or(Playlist()).title), 0};
 }
 
 void WebApi::writeFavorite(const Call& call, JsonWriter& json, FavoriteKind kind,
