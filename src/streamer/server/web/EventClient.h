@@ -16,7 +16,7 @@ class TextCatalogue;
 class EventClient
 {
 public:
-    /// What next() found.
+    /// What next() found: an event to write, nothing in time, or the end of the stream.
     enum class Next { Event, Nothing, End };
 
     /// `id` names the stream in other calls; `texts` are in the client's language; `wantsRequests`:

@@ -19,7 +19,7 @@ EventStream::~EventStream()
     m_hub.close(m_client);
 }
 
-EventStream::Step EventStream::next(std::string& text)
+EventClient::Next EventStream::next(std::string& text)
 {
     const auto now = std::chrono::steady_clock::now();
     if (!m_hasBegun) {
@@ -27,17 +27,14 @@ EventStream::Step EventStream::next(std::string& text)
         m_lastLook = now;
     } else if (!tellsLateAnswer(text)) {
         const EventClient::Next next = m_client->next(text, longestStep);
-        if (next == EventClient::Next::End)
-            return Step::End;
-        if (next == EventClient::Next::Nothing) {
-            if (now - m_lastWrite < heartbeat)
-                return Step::Look;
+        if (next == EventClient::Next::Nothing && now - m_lastWrite >= heartbeat)
             text = ": still here\n\n";
-        }
+        else if (next != EventClient::Next::Event)
+            return next;
     }
     m_hasBegun = true;
     m_lastWrite = now;
-    return Step::Write;
+    return EventClient::Next::Event;
 }
 
 bool EventStream::tellsLateAnswer(std::string& text)

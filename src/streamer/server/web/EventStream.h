@@ -8,16 +8,13 @@
 class EventStream
 {
 public:
-    /// What is to be done next: write the text, look whether the client is still there, or end.
-    enum class Step { Write, Look, End };
-
     EventStream(EventHub& hub, std::shared_ptr<EventClient> client);
     ~EventStream();
     EventStream(const EventStream&) = delete;
     EventStream& operator=(const EventStream&) = delete;
 
-    /// Waits up to a second for an event.
-    Step next(std::string& text);
+    /// Waits up to a second for an event, or something else to write.
+    EventClient::Next next(std::string& text);
 
 private:
     /// Whether another thing is waited for than the client knows of; looks once a second.

@@ -34,11 +34,8 @@ std::optional<QVector<QPair<QString, QString>>> HttpCall::parseQuery(const std::
 
 std::optional<QString> HttpCall::parameter(const char* name) const
 {
-    for (const auto& [key, value] : query) {
-        if (key == QLatin1String(name))
-            return value;
-    }
-    return std::nullopt;
+    const QStringList values = parameters(name);
+    return values.isEmpty() ? std::nullopt : std::optional(values.first());
 }
 
 QStringList HttpCall::parameters(const char* name) const

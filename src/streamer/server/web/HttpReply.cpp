@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <kelo/TrString.h>
+#include <QCryptographicHash>
 #include <QHash>
 
 namespace {
@@ -99,12 +100,24 @@ void HttpReply::translate(const TextCatalogue& texts)
             .body;
 }
 
-bool HttpReply::isKnown(const std::string& ifNoneMatch, const std::string& tag)
+std::string HttpReply::tagOf(const QByteArray& body)
 {
-    const QList<QByteArray> listed = QByteArray::fromStdString(ifNoneMatch).split(',');
+    const QByteArray hash = QCryptographicHash::hash(body, QCryptographicHash::Sha256);
+    return "W/\"" + hash.toHex().left(32).toStdString() + '"';
+}
+
+void HttpReply::setTag(const std::string& tag, const std::string& ifNoneMatch)
+{
+    headers.emplace_back("Cache-Control", "no-cache");
+    headers.emplace_back("ETag", tag);
+    const QList<QByteArray> known = QByteArray::fromStdString(ifNoneMatch).split(',');
     const QByteArray opaque = QByteArray::fromStdString(tag).mid(2);
-    return std::any_of(listed.begin(), listed.end(), [&](const QByteArray& item) {
+    const bool isKnown = std::any_of(known.begin(), known.end(), [&](const QByteArray& item) {
         const QByteArray one = item.trimmed();
         return one == "*" || one == opaque || one == "W/" + opaque;
     });
+    if (isKnown) {
+        status = 304;
+        body.clear();
+    }
 }

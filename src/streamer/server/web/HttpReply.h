@@ -35,8 +35,11 @@ struct HttpReply
     /// Tells of the tree's error, if it does, in a client's language. What the API itself says of a
     /// malformed call is for programmers and stays English.
     void translate(const TextCatalogue& texts);
-    /// Whether a client that names these tags (RFC 9110 13.1.2) has the body of this weak tag.
-    static bool isKnown(const std::string& ifNoneMatch, const std::string& tag);
+    /// Lets the client keep the body under the tag of tagOf() and ask again each time; a client
+    /// that names the tag among its own (RFC 9110 13.1.2) has the body already and gets none.
+    void setTag(const std::string& tag, const std::string& ifNoneMatch);
+    /// A weak tag, since a compressed answer carries it too.
+    static std::string tagOf(const QByteArray& body);
     /// Name of the error that waiting calls get when the streamer stops.
     static QString stoppingName() { return QStringLiteral("Stopping"); }
 };

@@ -2,8 +2,6 @@
 
 #include "texts/TextCatalogue.h"
 
-#include <QCryptographicHash>
-
 void TextsApi::addRoutes(RouteTable& routes)
 {
     routes.add("GET", "/api/v1/texts", texts);
@@ -17,13 +15,6 @@ HttpReply TextsApi::texts(const HttpCall& call)
         texts.insert(it.key(), it.value());
     HttpReply reply = HttpReply::json(QJsonObject{
         {QStringLiteral("language"), call.texts->language()}, {QStringLiteral("texts"), texts}});
-    const QByteArray hash =
-        QCryptographicHash::hash(QByteArray::fromStdString(reply.body), QCryptographicHash::Sha256);
-    const std::string tag = "W/\"" + hash.toHex().left(32).toStdString() + '"';
-    reply.headers = {{"Cache-Control", "no-cache"}, {"ETag", tag}};
-    if (HttpReply::isKnown(call.ifNoneMatch, tag)) {
-        reply.status = 304;
-        reply.body.clear();
-    }
+    reply.setTag(HttpReply::tagOf(QByteArray::fromStdString(reply.body)), call.ifNoneMatch);
     return reply;
 }

@@ -1,6 +1,5 @@
 #include "WebAssets.h"
 
-#include <QCryptographicHash>
 #include <QDirIterator>
 #include <QHash>
 #include <QRegularExpression>
@@ -62,8 +61,7 @@ std::optional<WebAssets::File> WebAssets::read(const QString& file, const std::s
     if (!QFileInfo(file).isFile() || !input.open(QIODevice::ReadOnly) || input.size() > largestFile)
         return std::nullopt;
     const QByteArray body = input.read(largestFile);
-    const QByteArray hash = QCryptographicHash::hash(body, QCryptographicHash::Sha256).toHex();
-    return File{contentType, "W/\"" + hash.left(32).toStdString() + '"', body.toStdString()};
+    return File{contentType, HttpReply::tagOf(body), body.toStdString()};
 }
 
 std::optional<WebAssets::File> WebAssets::file(const std::string& name) const
@@ -85,13 +83,8 @@ std::optional<HttpReply> WebAssets::find(const std::string& path,
     auto found = file(path == "/" ? startPage : path.substr(1));
     if (!found)
         return std::nullopt;
-    HttpReply reply;
-    reply.contentType = found->contentType;
-    reply.headers = {
-        {"Cache-Control", "no-cache"}, {"ETag", found->tag}, {"Vary", "Accept-Encoding"}};
-    if (!ifNoneMatch.empty() && HttpReply::isKnown(ifNoneMatch, found->tag))
-        reply.status = 304;
-    else
-        reply.body = std::move(found->body);
+    HttpReply reply{200, found->contentType, std::move(found->body)};
+    reply.headers.emplace_back("Vary", "Accept-Encoding");
+    reply.setTag(found->tag, ifNoneMatch);
     return reply;
 }

@@ -21,7 +21,7 @@ private:
     struct File
     {
         std::string contentType;
-        std::string tag; ///< weak: a compressed answer carries it too
+        std::string tag;
         std::string body;
     };
 

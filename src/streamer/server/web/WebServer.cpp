@@ -45,11 +45,11 @@ bool write(EventStream& stream, httplib::DataSink& sink)
 {
     std::string text;
     switch (stream.next(text)) {
-    case EventStream::Step::Write:
+    case EventClient::Next::Event:
         return sink.write(text.data(), text.size());
-    case EventStream::Step::Look:
+    case EventClient::Next::Nothing:
         return sink.is_writable();
-    case EventStream::Step::End:
+    case EventClient::Next::End:
         sink.done();
         break;
     }
