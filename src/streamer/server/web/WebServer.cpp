@@ -75,9 +75,8 @@ void send(const HttpReply& reply, httplib::Response& response)
 
 } // namespace
 
-class WebServer::Private
+struct WebServer::Private
 {
-public:
     Private(const WebServerOptions& options, PlayerControl& player, LoginControl& login)
         : m_options(options), m_guard(options.address, options.hostNames),
           m_assets(options.webDirectory), m_tree(m_waiter), m_player(player, m_waiter),
@@ -95,12 +94,6 @@ public:
         setUp(m_listener.server());
     }
 
-    bool start(QString* error);
-    void stop();
-    int port() const { return m_listener.port(); }
-    const RouteTable& routes() const { return m_routes; }
-
-private:
     void addOwnRoutes();
     void setUp(httplib::Server& server);
     /// False when the body was refused; the response says why.
@@ -250,27 +243,6 @@ HttpReply WebServer::Private::answerAsset(const httplib::Request& request, std::
     return refusal;
 }
 
-bool WebServer::Private::start(QString* error)
-{
-    if (m_listener.start(m_options.address.toStdString(), m_options.port))
-        return true;
-    const int number = errno;
-    *error = QStringLiteral("cannot listen on %1:%2: %3")
-                 .arg(m_options.address)
-                 .arg(m_options.port)
-                 .arg(number != 0 ? QString::fromLocal8Bit(std::strerror(number))
-                                  : QStringLiteral("no such address"));
-    return false;
-}
-
-void WebServer::Private::stop()
-{
-    m_hub.stop();
-    m_waiter.stop();
-    m_images.stop();
-    m_listener.stop();
-}
-
 WebServer::WebServer(const WebServerOptions& options, PlayerControl& player, LoginControl& login)
     : d(std::make_unique<Private>(options, player, login))
 {
@@ -283,20 +255,32 @@ WebServer::~WebServer()
 
 bool WebServer::start(QString* error)
 {
-    return d->start(error);
+    const WebServerOptions& options = d->m_options;
+    if (d->m_listener.start(options.address.toStdString(), options.port))
+        return true;
+    const int number = errno;
+    *error = QStringLiteral("cannot listen on %1:%2: %3")
+                 .arg(options.address)
+                 .arg(options.port)
+                 .arg(number != 0 ? QString::fromLocal8Bit(std::strerror(number))
+                                  : QStringLiteral("no such address"));
+    return false;
 }
 
 std::vector<std::string> WebServer::routes() const
 {
-    return d->routes().list();
+    return d->m_routes.list();
 }
 
 int WebServer::port() const
 {
-    return d->port();
+    return d->m_listener.port();
 }
 
 void WebServer::stop()
 {
-    d->stop();
+    d->m_hub.stop();
+    d->m_waiter.stop();
+    d->m_images.stop();
+    d->m_listener.stop();
 }

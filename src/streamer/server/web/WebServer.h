@@ -38,6 +38,6 @@ public:
     void stop();
 
 private:
-    class Private;
+    struct Private;
     std::unique_ptr<Private> d;
 };
