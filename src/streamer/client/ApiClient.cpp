@@ -28,8 +28,7 @@ std::string userLanguage()
         const QString locale = qEnvironmentVariable(name);
         if (locale.isEmpty())
             continue;
-        static const QRegularExpression form(
-            QStringLiteral("\\A([A-Za-z]{2,3})(?:_([A-Za-z]{2}))?(?:[.@].*)?\\z"));
+        static const QRegularExpression form("\\A([A-Za-z]{2,3})(?:_([A-Za-z]{2}))?(?:[.@].*)?\\z");
         const QRegularExpressionMatch match = form.match(locale);
         const QString territory = match.captured(2);
         return (match.captured(1) + (territory.isEmpty() ? territory : '-' + territory))
@@ -97,7 +96,7 @@ ApiReply makeReply(int status, const QByteArray& body, bool wantsJson)
         reply.message = problemText(status, reply.document);
     } else if (wantsJson && !document.isObject() && !body.trimmed().isEmpty()) {
         reply.outcome = ApiReply::Outcome::Refused;
-        reply.message = QStringLiteral("the answer is no JSON document; is this a streamer?");
+        reply.message = "the answer is no JSON document; is this a streamer?";
     }
     return reply;
 }
@@ -142,9 +141,8 @@ bool ApiClient::isServerAddress(const QString& text)
 {
     const QUrl url(text, QUrl::StrictMode);
     return url.isValid() && !url.host().isEmpty() && url.userInfo().isEmpty() &&
-           (url.path().isEmpty() || url.path() == QLatin1String("/")) && !url.hasQuery() &&
-           !url.hasFragment() &&
-           (url.scheme() == QLatin1String("http") || url.scheme() == QLatin1String("https"));
+           (url.path().isEmpty() || url.path() == "/") && !url.hasQuery() && !url.hasFragment() &&
+           (url.scheme() == "http" || url.scheme() == "https");
 }
 
 ApiReply ApiClient::get(const QString& path, const Query& query)
@@ -154,18 +152,15 @@ ApiReply ApiClient::get(const QString& path, const Query& query)
 
 ApiReply ApiClient::rows(const QString& path, int from, int to, const QString& roles)
 {
-    Query query{{QStringLiteral("path"), path},
-                {QStringLiteral("from"), QString::number(from)},
-                {QStringLiteral("to"), QString::number(to)}};
+    Query query{{"path", path}, {"from", QString::number(from)}, {"to", QString::number(to)}};
     if (!roles.isEmpty())
-        query.append({QStringLiteral("roles"), roles});
-    return get(QStringLiteral("rows"), query);
+        query.append({"roles", roles});
+    return get("rows", query);
 }
 
 ApiReply ApiClient::set(const QString& path, const QByteArray& value)
 {
-    return post(QStringLiteral("set"),
-                "{\"path\":" + jsonString(path) + ",\"value\":" + value + '}');
+    return post("set", "{\"path\":" + jsonString(path) + ",\"value\":" + value + '}');
 }
 
 ApiReply ApiClient::post(const QString& path, const QByteArray& body)
@@ -189,7 +184,7 @@ ApiReply ApiClient::events(const QStringList& paths, const std::function<void()>
 {
     Query query;
     for (const QString& path : paths)
-        query.append({QStringLiteral("path"), path});
+        query.append({"path", path});
 
     EventParser parser(std::move(onEvent));
     int status = 0;
@@ -211,8 +206,8 @@ ApiReply ApiClient::events(const QStringList& paths, const std::function<void()>
         isEnough = !parser.feed(bytes, size);
         return !isEnough && !m_stream->isStopped;
     };
-    const auto result = m_stream->client->Get(target(QStringLiteral("events"), query), headers,
-                                              onResponse, onContent);
+    const auto result =
+        m_stream->client->Get(target("events", query), headers, onResponse, onContent);
     if (isEnough || m_stream->isStopped)
         return makeReply(200, {}, false);
     if (!result)

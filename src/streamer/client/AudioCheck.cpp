@@ -28,7 +28,7 @@ AudioCheck AudioCheck::look()
     for (const char* name : {"playbin", "souphttpsrc", "flacparse", "flacdec", "audioconvert",
                              "audioresample", "autoaudiosink"}) {
         if (!hasElement(name))
-            result.missing.append(QString::fromLatin1(name));
+            result.missing.append(name);
     }
     result.hasAac = hasElement("avdec_aac") || hasElement("faad") || hasElement("fdkaacdec");
     return result;

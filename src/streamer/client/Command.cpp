@@ -23,10 +23,10 @@ OptionTarget::OptionTarget(QStringList& texts)
 
 OptionTarget::OptionTarget(bool& flag)
     : store([&flag](const QString& given) {
-          flag = given == QLatin1String("true");
-          return flag || given == QLatin1String("false");
+          flag = given == "true";
+          return flag || given == "false";
       }),
-      wanted(QStringLiteral("true or false"))
+      wanted("true or false")
 {
 }
 
@@ -36,7 +36,7 @@ OptionTarget::OptionTarget(int& number, int least, int most)
           number = given.toInt(&isNumber);
           return isNumber && number >= least && number <= most;
       }),
-      wanted(least == INT_MIN ? QStringLiteral("a number")
+      wanted(least == INT_MIN ? "a number"
                               : QStringLiteral("a number from %1 to %2").arg(least).arg(most))
 {
 }
@@ -54,28 +54,26 @@ QString Option::written() const
 {
     if (!names.first().startsWith('-'))
         return names.first();
-    const QString all = names.join(QStringLiteral(", "));
+    const QString all = names.join(", ");
     return hasValue() ? all + ' ' + (target.choices.isEmpty() ? value : target.choices.join('|'))
                       : all;
 }
 
-Command::Command(const char* name, const char* text, const char* examples)
-    : name(QString::fromLatin1(name)), text(QString::fromLatin1(text)),
-      examples(QString::fromLatin1(examples).split('\n', Qt::SkipEmptyParts))
+Command::Command(const QString& name, const QString& text, const QString& examples)
+    : name(name), text(text), examples(examples.split('\n', Qt::SkipEmptyParts))
 {
 }
 
-Command& Command::option(const char* form, OptionTarget target, const char* text)
+Command& Command::option(QString form, OptionTarget target, const QString& text)
 {
-    const bool isRequired = *form != '[';
-    QStringList words = QString::fromLatin1(form).remove('[').remove(']').split(' ');
+    const bool isRequired = !form.startsWith('[');
+    QStringList words = form.remove('[').remove(']').split(' ');
     const bool isArgument = !words.first().startsWith('-');
     const QString value = isArgument                      ? words.first()
                           : !words.last().startsWith('-') ? words.takeLast()
                                                           : QString();
     (isArgument ? arguments : options)
-        .append(
-            {words, value, QString::fromLatin1(text), isArgument && isRequired, std::move(target)});
+        .append({words, value, text, isArgument && isRequired, std::move(target)});
     return *this;
 }
 
@@ -136,14 +134,13 @@ QStringList Command::groups() const
 
 QString Command::usage() const
 {
-    QStringList words{QStringLiteral("[OPTIONS]")};
+    QStringList words{"[OPTIONS]"};
     for (const Option& argument : arguments) {
-        const QString name =
-            argument.names.first() + QLatin1String(argument.target.isMany ? "..." : "");
+        const QString name = argument.names.first() + (argument.target.isMany ? "..." : "");
         words.append(argument.isRequired ? name : '[' + name + ']');
     }
     if (!commands.isEmpty())
-        words.append(QStringLiteral("COMMAND"));
+        words.append("COMMAND");
     return words.join(' ');
 }
 

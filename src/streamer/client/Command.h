@@ -46,11 +46,11 @@ struct Option
 struct Command
 {
     /// \p examples are lines.
-    Command(const char* name, const char* text, const char* examples);
+    Command(const QString& name, const QString& text, const QString& examples);
 
     /// Adds what \p form says: "--from N", "-o KEY=VALUE", "--follow", of an argument "PATH", or
     /// "[PATH]" where it may be left out.
-    Command& option(const char* form, OptionTarget target, const char* text);
+    Command& option(QString form, OptionTarget target, const QString& text);
     /// Adds a command below this one.
     Command& below(const Command& command);
     /// What runs the command, for one that talks to the streamer.

@@ -17,7 +17,7 @@ enum ExitStatus {
 /// Where commands begin that are told no path: the service's top node.
 inline QString topPath()
 {
-    return QStringLiteral("/tidal");
+    return "/tidal";
 }
 
 /// What every command gets: the streamer, the place to print, the form to print in. Made by
@@ -38,7 +38,7 @@ struct CommandContext
     {
         if (reply.isDone())
             return ExitDone;
-        terminal.error(QStringLiteral("kelo: ") + reply.message);
+        terminal.error("kelo: " + reply.message);
         return reply.outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
     }
 

@@ -28,7 +28,7 @@ int distance(const QString& a, const QString& b)
 }
 
 /// "there is no WHAT "X", did you mean "Y"?", where one of \p known is near enough.
-QString unknown(const char* what, const QString& word, const QStringList& known)
+QString unknown(const QString& what, const QString& word, const QStringList& known)
 {
     constexpr int near = 2;
     QString best;
@@ -40,7 +40,7 @@ QString unknown(const char* what, const QString& word, const QStringList& known)
             best = QStringLiteral(", did you mean \"%1\"?").arg(candidate);
         }
     }
-    return QStringLiteral("there is no %1 \"%2\"%3").arg(QLatin1String(what), word, best);
+    return QStringLiteral("there is no %1 \"%2\"%3").arg(what, word, best);
 }
 
 /// What the line lacks; empty when it is whole.
@@ -51,13 +51,12 @@ QString missing(const CommandPlace& place)
             .arg(place.waiting->names.last(), place.waiting->value);
     const Option* argument = place.nextArgument();
     if (argument && argument->isRequired && place.arguments < place.command->arguments.size())
-        return argument->names.first() + QStringLiteral(" is missing");
+        return argument->names.first() + " is missing";
     if (place.command->commands.isEmpty())
         return {};
     return place.command->group.isEmpty()
-               ? QStringLiteral("wanted a command")
-               : QStringLiteral("wanted one of ") +
-                     place.command->commandNames().join(QStringLiteral(", "));
+               ? "wanted a command"
+               : "wanted one of " + place.command->commandNames().join(", ");
 }
 
 } // namespace
@@ -71,9 +70,9 @@ CommandLine::CommandLine(Surroundings surroundings)
                 "kelo search 'blue train'           find something\n"
                 "kelo play PATH                     play a row, a list or a track id\n"
                 "kelo status --follow               see it play"),
-      m_server(qEnvironmentVariable("KELO_SERVER", QStringLiteral("http://127.0.0.1:8095")))
+      m_server(qEnvironmentVariable("KELO_SERVER", "http://127.0.0.1:8095"))
 {
-    const QVector<QPair<const char*, QVector<Command>>> groups{
+    const QVector<QPair<QString, QVector<Command>>> groups{
         {"Browse",
          {rowsCommand(), dataCommand(), setCommand(), watchCommand(), searchCommand(),
           treeCommand()}},
@@ -89,7 +88,7 @@ CommandLine::CommandLine(Surroundings surroundings)
          {serveCommand(m_around.serve), configCommand(), doctorCommand(), completionCommand()}}};
     for (const auto& [group, commands] : groups) {
         for (Command command : commands) {
-            command.group = QString::fromLatin1(group);
+            command.group = group;
             for (Command& below : command.commands)
                 below.group = command.group;
             m_program.below(command);
@@ -98,11 +97,7 @@ CommandLine::CommandLine(Surroundings surroundings)
     m_program.hidden = {completeCommand(m_program, m_server, m_around.endSoon),
                         manualCommand(m_program)};
     addCommonOptions(m_program);
-    m_program.options.insert(1, {{QStringLiteral("--version")},
-                                 {},
-                                 QStringLiteral("Print the version"),
-                                 false,
-                                 m_wantsVersion});
+    m_program.options.insert(1, {{"--version"}, {}, "Print the version", false, m_wantsVersion});
 }
 
 /// All have --help. Those that ask the streamer have --json and --server, which may also stand
@@ -141,7 +136,7 @@ QString CommandLine::take(CommandPlace& place, const QString& word)
         return {};
     const Option& option = *taken.option;
     if (option.hasValue() && !option.target.isMany && place.given.count(&option) > 1)
-        return option.names.last() + QStringLiteral(": is there twice");
+        return option.names.last() + ": is there twice";
     if (!option.target.store(taken.value))
         return QStringLiteral("%1: wanted %2, got \"%3\"")
             .arg(option.names.last(), option.target.wanted, taken.value);
@@ -164,7 +159,7 @@ int CommandLine::run(const std::vector<std::string>& arguments)
         return ExitDone;
     }
     if (m_wantsVersion) {
-        m_terminal.line(QStringLiteral("kelo " KELO_VERSION));
+        m_terminal.line("kelo " KELO_VERSION);
         return ExitDone;
     }
     if (fault.isEmpty())

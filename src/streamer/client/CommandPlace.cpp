@@ -15,7 +15,7 @@ CommandPlace::Word CommandPlace::take(const QString& word)
     if (waiting)
         return {Word::Kind::Value, std::exchange(waiting, nullptr), word};
     const bool mayBeOption = !hasOptionsEnded && word.size() > 1 && word.startsWith('-');
-    if (mayBeOption && word == QLatin1String("--")) {
+    if (mayBeOption && word == "--") {
         hasOptionsEnded = true;
         return {};
     }
@@ -35,7 +35,7 @@ CommandPlace::Word CommandPlace::take(const QString& word)
 /// "--name", "--name=value", "-n", "-nvalue".
 CommandPlace::Word CommandPlace::takeOption(const QString& word)
 {
-    const bool isLong = word.startsWith(QLatin1String("--"));
+    const bool isLong = word.startsWith("--");
     const QString name = isLong ? word.section('=', 0, 0) : word.left(2);
     const Option* option = command->findOption(name);
     const bool isWhole = name == word;
@@ -45,7 +45,7 @@ CommandPlace::Word CommandPlace::takeOption(const QString& word)
     if (!isWhole)
         return {Word::Kind::Value, option, word.mid(name.size() + (isLong ? 1 : 0))};
     if (!option->hasValue())
-        return {Word::Kind::Value, option, QStringLiteral("true")};
+        return {Word::Kind::Value, option, "true"};
     waiting = option;
     return {};
 }

@@ -23,7 +23,7 @@ Command playlistCommand();
 
 Command playCommand();
 /// pause, resume, stop, next, previous.
-Command playerCommand(const char* name, const char* text);
+Command playerCommand(const QString& name, const QString& text);
 Command seekCommand();
 Command volumeCommand();
 Command statusCommand();

@@ -20,7 +20,7 @@ struct CompleteCommand
     {
         const ShellLine typed =
             words.isEmpty() ? ShellLine::parse(line, breaks) : ShellLine{words, 0};
-        const QString given = Completion::optionValue(typed.words, QStringLiteral("--server"));
+        const QString given = Completion::optionValue(typed.words, "--server");
         const QString server = given.isEmpty() ? usualServer : given;
         Completion::Streamer streamer;
         if (ApiClient::isServerAddress(server)) {
@@ -36,7 +36,7 @@ struct CompleteCommand
         const Completion::Result result = Completion(program, streamer).complete(typed.words);
 
         static const char* const kinds[] = {"words", "parts", "files", "folders"};
-        QStringList lines{QString::fromLatin1(kinds[static_cast<int>(result.kind)])};
+        QStringList lines{kinds[static_cast<int>(result.kind)]};
         const QString fixed = typed.words.last().left(typed.fixed);
         for (const Completion::Candidate& candidate : result.candidates) {
             if (candidate.text.startsWith(fixed))
@@ -54,8 +54,7 @@ Command completionCommand()
     const auto shell = std::make_shared<QString>();
     return Command("completion", "Print the completion script of a shell.",
                    "source <(kelo completion bash)\nsource <(kelo completion zsh)")
-        .option("SHELL", {*shell, QStringList{QStringLiteral("bash"), QStringLiteral("zsh")}},
-                "bash or zsh")
+        .option("SHELL", {*shell, QStringList{"bash", "zsh"}}, "bash or zsh")
         .runs([shell](Terminal& terminal) {
             terminal.line(completionScript(*shell).trimmed());
             return ExitDone;

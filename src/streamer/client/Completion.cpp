@@ -90,22 +90,21 @@ Completion::Result Completion::values(const Option& option, const QString& prefi
     const QString& value = option.value;
     if (!option.target.choices.isEmpty())
         result.candidates = ofWords(option.target.choices);
-    else if (value == QLatin1String("PATH") && m_streamer.paths)
+    else if (value == "PATH" && m_streamer.paths)
         return {m_streamer.paths(prefix), Kind::Parts};
-    else if (value == QLatin1String("ID") && m_streamer.playlists)
+    else if (value == "ID" && m_streamer.playlists)
         result.candidates = m_streamer.playlists();
-    else if (value == QLatin1String("FILE"))
+    else if (value == "FILE")
         result.kind = Kind::Files;
-    else if (value == QLatin1String("FOLDER"))
+    else if (value == "FOLDER")
         result.kind = Kind::Folders;
-    else if (value == QLatin1String("KEY=VALUE"))
+    else if (value == "KEY=VALUE")
         result = settings(prefix);
-    else if (value == QLatin1String("LEVEL"))
-        result.candidates = ofWords(findSettingsKey(QStringLiteral("log.level"))->choices);
-    else if (value == QLatin1String("SINK"))
-        result.candidates = ofWords({QStringLiteral("auto"), QStringLiteral("null"),
-                                     QStringLiteral("alsasink"), QStringLiteral("jackaudiosink"),
-                                     QStringLiteral("pipewiresink"), QStringLiteral("pulsesink")});
+    else if (value == "LEVEL")
+        result.candidates = ofWords(findSettingsKey("log.level")->choices);
+    else if (value == "SINK")
+        result.candidates =
+            ofWords({"auto", "null", "alsasink", "jackaudiosink", "pipewiresink", "pulsesink"});
     keepStarting(result.candidates, prefix);
     return result;
 }

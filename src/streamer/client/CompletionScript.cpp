@@ -60,7 +60,7 @@ fi
 
 QString completionScript(const QString& shell)
 {
-    return QString::fromLatin1(shell == QLatin1String("zsh") ? zshScript : bashScript);
+    return shell == "zsh" ? zshScript : bashScript;
 }
 
 } // namespace cli

@@ -29,8 +29,8 @@ int ConfigCommand::run(Terminal& terminal) const
     QJsonObject document;
     for (const SettingsKey& key : settingsKeys()) {
         const QJsonValue value = QJsonValue::fromVariant(key.read(loaded.settings));
-        document.insert(key.name, QJsonObject{{QStringLiteral("value"), value},
-                                              {QStringLiteral("origin"), loaded.origin(key.name)}});
+        document.insert(key.name,
+                        QJsonObject{{"value", value}, {"origin", loaded.origin(key.name)}});
         widestWord = qMax(widestWord, key.word().size());
         widestValue = qMax(widestValue, value.isString() ? columns(value.toString()) + 2 : 8);
     }
@@ -48,13 +48,12 @@ int ConfigCommand::run(Terminal& terminal) const
             section = key.section();
             terminal.line(terminal.styled('[' + section + ']', Terminal::Style::Bold));
         }
-        const QJsonValue value = document.value(key.name).toObject().value(QLatin1String("value"));
+        const QJsonValue value = document.value(key.name).toObject().value("value");
         const QString text = value.isString()
                                  ? shown(QString::fromUtf8(jsonString(value.toString())))
                                  : valueText(value);
-        const QString setting =
-            padded(key.word(), widestWord) + QStringLiteral(" = ") + padded(text, valueWidth);
-        const QString origin = QStringLiteral("  # ") + shown(loaded.origin(key.name));
+        const QString setting = padded(key.word(), widestWord) + " = " + padded(text, valueWidth);
+        const QString origin = "  # " + shown(loaded.origin(key.name));
         // What is only the default gives way where there is no room for it.
         const bool isLeftOut = !loaded.origins.contains(key.name) &&
                                columns(setting) + columns(origin) > terminal.width();

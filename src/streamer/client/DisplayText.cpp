@@ -42,11 +42,11 @@ QString writtenOut(uint c)
 {
     switch (c) {
     case '\n':
-        return QStringLiteral("\\n");
+        return "\\n";
     case '\r':
-        return QStringLiteral("\\r");
+        return "\\r";
     case '\t':
-        return QStringLiteral("\\t");
+        return "\\t";
     default:
         break;
     }

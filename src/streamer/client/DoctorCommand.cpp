@@ -39,9 +39,9 @@ private:
     void checkSettings();
     void checkState();
     void checkStreamer(ApiClient& api);
-    void add(const char* name, Result result, const QString& detail)
+    void add(const QString& name, Result result, const QString& detail)
     {
-        m_checks.append({QString::fromLatin1(name), result, detail});
+        m_checks.append({name, result, detail});
     }
     void print(Terminal& terminal) const;
     QByteArray json() const;
@@ -62,8 +62,7 @@ int DoctorCommand::run(const CommandContext& context)
 {
     m_loaded = m_options.load();
     m_stateDirectory = stateDirectory(m_stateDirectory);
-    add("versions", Result::Good,
-        QStringLiteral("kelo " KELO_VERSION ", Qt %1").arg(QLatin1String(qVersion())));
+    add("versions", Result::Good, QStringLiteral("kelo " KELO_VERSION ", Qt %1").arg(qVersion()));
     checkAudio();
     checkClock();
     checkSettings();
@@ -84,18 +83,18 @@ void DoctorCommand::checkAudio()
 {
     const AudioCheck audio = AudioCheck::look();
     if (audio.version.isEmpty()) {
-        add("audio", Result::Bad, QStringLiteral("GStreamer cannot start"));
+        add("audio", Result::Bad, "GStreamer cannot start");
         return;
     }
     if (!audio.missing.isEmpty())
         add("audio", Result::Bad,
             QStringLiteral("%1 lacks %2; install gstreamer1.0-plugins-base and -good")
-                .arg(audio.version, audio.missing.join(QStringLiteral(", "))));
+                .arg(audio.version, audio.missing.join(", ")));
     else
-        add("audio", Result::Good, audio.version + QStringLiteral(", plays FLAC"));
+        add("audio", Result::Good, audio.version + ", plays FLAC");
     if (!audio.hasAac)
         add("codecs", Result::Warning,
-            QStringLiteral("no AAC decoder; LOW and HIGH need one (gstreamer1.0-libav)"));
+            "no AAC decoder; LOW and HIGH need one (gstreamer1.0-libav)");
 }
 
 /// Logins and tokens depend on the clock: one from before this program was made is wrong for sure.
@@ -106,9 +105,9 @@ void DoctorCommand::checkClock()
     const bool isUnsynchronised = adjtimex(&state) == TIME_ERROR;
     const QString text = now.toString(Qt::ISODate);
     if (now.date() < QDate(2025, 1, 1))
-        add("clock", Result::Bad, text + QStringLiteral(" lies in the past"));
+        add("clock", Result::Bad, text + " lies in the past");
     else if (isUnsynchronised)
-        add("clock", Result::Warning, text + QStringLiteral(", not synchronised"));
+        add("clock", Result::Warning, text + ", not synchronised");
     else
         add("clock", Result::Good, text);
 }
@@ -119,12 +118,11 @@ void DoctorCommand::checkSettings()
         add("settings", Result::Bad, problem);
     if (m_loaded.problems.isEmpty())
         add("settings", Result::Good,
-            m_loaded.file.isEmpty() ? QStringLiteral("defaults, no file") : m_loaded.file);
+            m_loaded.file.isEmpty() ? "defaults, no file" : m_loaded.file);
     const OAuth2Settings& oauth2 = m_loaded.settings.tidal.oauth2;
     if (oauth2.clientId.isEmpty())
         add("client id", Result::Warning,
-            QStringLiteral(
-                "tidal.oauth2.client_id is not set; a login needs one (not with --demo)"));
+            "tidal.oauth2.client_id is not set; a login needs one (not with --demo)");
 }
 
 void DoctorCommand::checkState()
@@ -137,8 +135,7 @@ void DoctorCommand::checkState()
         place.isDir() && access(place.filePath().toLocal8Bit().constData(), W_OK | X_OK) == 0;
     if (isWritable)
         add("state", Result::Good,
-            m_stateDirectory +
-                (exists ? QString() : QStringLiteral(" (made when serving starts)")));
+            m_stateDirectory + (exists ? QString() : " (made when serving starts)"));
     else
         add("state", Result::Bad,
             QStringLiteral("%1 is not writable; logins would be lost").arg(m_stateDirectory));
@@ -148,26 +145,26 @@ void DoctorCommand::checkStreamer(ApiClient& api)
 {
     QElapsedTimer timer;
     timer.start();
-    const ApiReply health = api.probe(QStringLiteral("/healthz"));
+    const ApiReply health = api.probe("/healthz");
     if (!health.isDone()) {
         add("streamer", Result::Bad, health.message);
         return;
     }
     add("streamer", Result::Good,
         QStringLiteral("%1 answers in %2 ms").arg(api.server()).arg(timer.elapsed()));
-    const ApiReply ready = api.probe(QStringLiteral("/readyz"));
-    const QJsonObject waiting = ready.document.value(QLatin1String("waiting")).toObject();
+    const ApiReply ready = api.probe("/readyz");
+    const QJsonObject waiting = ready.document.value("waiting").toObject();
     if (!ready.isDone())
         add("ready", Result::Warning, ready.message);
     else if (!waiting.isEmpty())
-        add("ready", Result::Warning, waiting.value(QLatin1String("text")).toString());
-    const ApiReply login = api.get(QStringLiteral("login"));
+        add("ready", Result::Warning, waiting.value("text").toString());
+    const ApiReply login = api.get("login");
     if (!login.isDone())
         add("login", Result::Bad, login.message);
-    else if (login.document.value(QLatin1String("loggedIn")).toBool())
-        add("login", Result::Good, QStringLiteral("logged in"));
+    else if (login.document.value("loggedIn").toBool())
+        add("login", Result::Good, "logged in");
     else
-        add("login", Result::Warning, QStringLiteral("not logged in (kelo login)"));
+        add("login", Result::Warning, "not logged in (kelo login)");
 }
 
 void DoctorCommand::print(Terminal& terminal) const
@@ -181,8 +178,8 @@ void DoctorCommand::print(Terminal& terminal) const
     constexpr int nameWidth = 11;
     for (const Check& check : m_checks) {
         const auto& look = looks[static_cast<int>(check.result)];
-        QString before = terminal.styled(QString::fromLatin1(look.word), look.style) +
-                         QStringLiteral("  ") + check.name.leftJustified(nameWidth);
+        QString before =
+            terminal.styled(look.word, look.style) + "  " + check.name.leftJustified(nameWidth);
         const int indent = 4 + 2 + nameWidth;
         for (const QString& line : wrapped(shown(check.detail), terminal.width() - indent)) {
             terminal.line(before + line);
@@ -196,13 +193,11 @@ QByteArray DoctorCommand::json() const
     static const char* const words[] = {"ok", "warn", "fail"};
     QJsonArray checks;
     for (const Check& check : m_checks) {
-        checks.append(QJsonObject{
-            {QStringLiteral("name"), check.name},
-            {QStringLiteral("result"), QLatin1String(words[static_cast<int>(check.result)])},
-            {QStringLiteral("detail"), check.detail}});
+        checks.append(QJsonObject{{"name", check.name},
+                                  {"result", words[static_cast<int>(check.result)]},
+                                  {"detail", check.detail}});
     }
-    return QJsonDocument(QJsonObject{{QStringLiteral("checks"), checks}})
-        .toJson(QJsonDocument::Compact);
+    return QJsonDocument(QJsonObject{{"checks", checks}}).toJson(QJsonDocument::Compact);
 }
 
 } // namespace

@@ -23,7 +23,7 @@ ApiReply follow(const CommandContext& context, const QStringList& paths,
             paths,
             [&] {
                 if (isGone)
-                    tell(QStringLiteral("kelo: the streamer is back"));
+                    tell("kelo: the streamer is back");
                 wasOpen = true;
                 isGone = false;
                 if (onOpen)

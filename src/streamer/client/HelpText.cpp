@@ -14,9 +14,9 @@ QString section(const QString& heading, const Entries& entries, int nameWidth, i
 {
     if (entries.isEmpty())
         return {};
-    QString result = '\n' + heading + QStringLiteral(":\n");
+    QString result = '\n' + heading + ":\n";
     for (const auto& [name, text] : entries) {
-        QString before = QStringLiteral("  ") + padded(name, nameWidth) + QStringLiteral("  ");
+        QString before = "  " + padded(name, nameWidth) + "  ";
         for (const QString& line : wrapped(text, qMax(leastTextWidth, width - nameWidth - 4))) {
             result += before + line + '\n';
             before.fill(' ');
@@ -37,9 +37,8 @@ Entries entriesOf(const QVector<Option>& options)
 
 QString helpText(const Command& command, const QString& words, int width)
 {
-    QVector<QPair<QString, Entries>> sections{
-        {QStringLiteral("Arguments"), entriesOf(command.arguments)},
-        {QStringLiteral("Options"), entriesOf(command.options)}};
+    QVector<QPair<QString, Entries>> sections{{"Arguments", entriesOf(command.arguments)},
+                                              {"Options", entriesOf(command.options)}};
     for (const QString& group : command.groups()) {
         Entries commands;
         for (const Command& below : command.commands) {
@@ -54,9 +53,9 @@ QString helpText(const Command& command, const QString& words, int width)
             nameWidth = qMax(nameWidth, columns(entry.first));
     }
 
-    QString help = wrapped(command.text, width).join('\n') + QStringLiteral("\n\nExamples:\n");
+    QString help = wrapped(command.text, width).join('\n') + "\n\nExamples:\n";
     for (const QString& example : command.examples)
-        help += QStringLiteral("  ") + example + '\n';
+        help += "  " + example + '\n';
     help += QStringLiteral("\nUsage: %1 %2\n").arg(words, command.usage());
     for (const auto& [heading, entries] : sections)
         help += section(heading, entries, nameWidth, width);

@@ -54,25 +54,25 @@ QByteArray jsonString(const QString& text)
 
 QString textIn(const QJsonObject& object, const char* name)
 {
-    return object.value(QLatin1String(name)).toString();
+    return object.value(name).toString();
 }
 
 QJsonObject objectIn(const QJsonObject& object, const char* name)
 {
-    return object.value(QLatin1String(name)).toObject();
+    return object.value(name).toObject();
 }
 
 QVector<QJsonObject> rowsIn(const QJsonObject& page)
 {
     QVector<QJsonObject> rows;
-    for (const QJsonValue row : page.value(QLatin1String("rows")).toArray())
+    for (const QJsonValue row : page.value("rows").toArray())
         rows.append(row.toObject());
     return rows;
 }
 
 int rowsCountIn(const QJsonObject& page)
 {
-    return page.value(QLatin1String("rowsCount")).toInt();
+    return page.value("rowsCount").toInt();
 }
 
 std::optional<QJsonValue> parseJsonValue(const QByteArray& text)

@@ -20,7 +20,7 @@ using Style = Terminal::Style;
 
 bool isLoggedIn(const QJsonObject& login)
 {
-    return login.value(QLatin1String("loggedIn")).toBool();
+    return login.value("loggedIn").toBool();
 }
 
 QJsonObject pendingOf(const QJsonObject& login)
@@ -30,7 +30,7 @@ QJsonObject pendingOf(const QJsonObject& login)
 
 QString problemOf(const QJsonObject& login)
 {
-    const QJsonValue problem = login.value(QLatin1String("problem"));
+    const QJsonValue problem = login.value("problem");
     return problem.isNull() || problem.isUndefined() ? QString() : valueText(problem);
 }
 
@@ -38,19 +38,14 @@ QString problemOf(const QJsonObject& login)
 QString adviceFor(const QString& reason)
 {
     static const QHash<QString, QString> advice{
-        {QStringLiteral("expired"),
-         QStringLiteral("Run kelo login again and confirm the code before it ends.")},
-        {QStringLiteral("denied"),
-         QStringLiteral("Run kelo login again and confirm the login at the service's page.")},
-        {QStringLiteral("client"),
-         QStringLiteral("Check client_id and client_secret in section [tidal.oauth2] of the "
-                        "settings; see kelo config.")},
-        {QStringLiteral("clock"),
-         QStringLiteral("Set the clock of the streamer's machine (timedatectl).")},
-        {QStringLiteral("network"),
-         QStringLiteral("Check the network of the streamer's machine; see kelo doctor.")},
-        {QStringLiteral("service"), QStringLiteral("Try again in a few minutes.")},
-        {QStringLiteral("ended"), QStringLiteral("Run kelo login to log in again.")}};
+        {"expired", "Run kelo login again and confirm the code before it ends."},
+        {"denied", "Run kelo login again and confirm the login at the service's page."},
+        {"client", "Check client_id and client_secret in section [tidal.oauth2] of the "
+                   "settings; see kelo config."},
+        {"clock", "Set the clock of the streamer's machine (timedatectl)."},
+        {"network", "Check the network of the streamer's machine; see kelo doctor."},
+        {"service", "Try again in a few minutes."},
+        {"ended", "Run kelo login to log in again."}};
     return advice.value(reason);
 }
 
@@ -61,7 +56,7 @@ QString adviceOf(const QJsonObject& login)
 
 int refused(Terminal& terminal, const QString& problem, const QString& advice)
 {
-    terminal.error(QStringLiteral("kelo: not logged in: ") + problem);
+    terminal.error("kelo: not logged in: " + problem);
     if (!advice.isEmpty())
         terminal.error(advice);
     return ExitRefused;
@@ -139,13 +134,11 @@ int finished(const CommandContext& context, const QByteArray& body, const QJsonO
         if (context.isJson)
             context.printJson(body);
         else
-            context.terminal.line(
-                context.terminal.styled(QStringLiteral("logged in"), Style::Good));
+            context.terminal.line(context.terminal.styled("logged in", Style::Good));
         return ExitDone;
     }
     const QString problem = problemOf(login);
-    return refused(context.terminal,
-                   problem.isEmpty() ? QStringLiteral("the login was ended elsewhere") : problem,
+    return refused(context.terminal, problem.isEmpty() ? "the login was ended elsewhere" : problem,
                    adviceOf(login));
 }
 
@@ -153,13 +146,13 @@ int finished(const CommandContext& context, const QByteArray& body, const QJsonO
 int waitForDecision(const CommandContext& context, LoginEvents& events, const QJsonObject& pending)
 {
     constexpr std::chrono::hours longestWait(24); // when the streamer does not say
-    const QJsonValue expiresIn = pending.value(QLatin1String("expiresIn"));
+    const QJsonValue expiresIn = pending.value("expiresIn");
     const auto end = Clock::now() + (expiresIn.isDouble()
                                          ? std::chrono::seconds(expiresIn.toVariant().toLongLong())
                                          : std::chrono::seconds(longestWait));
     const bool hasCountdown =
         expiresIn.isDouble() && !context.isJson && context.terminal.isInteractive();
-    const QJsonValue code = pending.value(QLatin1String("userCode"));
+    const QJsonValue code = pending.value("userCode");
     bool isOurs = false; // our code has been told: what follows is about it
     bool isFirst = true; // of before the login
     for (;;) {
@@ -172,19 +165,17 @@ int waitForDecision(const CommandContext& context, LoginEvents& events, const QJ
         const auto tick = Clock::now() + std::chrono::seconds(1);
         if (const auto body = events.next(hasCountdown ? std::min(tick, end) : end)) {
             const QJsonObject login = QJsonDocument::fromJson(*body).object();
-            isOurs = isOurs || pendingOf(login).value(QLatin1String("userCode")) == code;
+            isOurs = isOurs || pendingOf(login).value("userCode") == code;
             // States that follow quickly come as their last one, so ours may not be among them.
             const bool isAboutUs = isOurs || (!isFirst && !problemOf(login).isEmpty());
             isFirst = false;
             if (isLoggedIn(login) || (isAboutUs && pendingOf(login).isEmpty()))
                 return finished(context, *body, login);
         } else if (const auto ended = events.end()) {
-            context.terminal.error(
-                QStringLiteral("kelo: the streamer ended while waiting for the login"));
+            context.terminal.error("kelo: the streamer ended while waiting for the login");
             return ended->outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
         } else if (Clock::now() >= end) {
-            return refused(context.terminal, QStringLiteral("the code has expired"),
-                           adviceFor(QStringLiteral("expired")));
+            return refused(context.terminal, "the code has expired", adviceFor("expired"));
         }
     }
 }
@@ -199,15 +190,15 @@ void showPending(const CommandContext& context, const QJsonObject& pending)
     const auto print = [&](const QString& line) {
         context.isJson ? terminal.error(line) : terminal.line(line);
     };
-    print(QStringLiteral("Open     ") + terminal.styled(address, Style::Accent));
-    print(QStringLiteral("Code     ") + terminal.styled(text("userCode"), Style::Bold));
+    print("Open     " + terminal.styled(address, Style::Accent));
+    print("Code     " + terminal.styled(text("userCode"), Style::Bold));
     if (!complete.isEmpty())
-        print(QStringLiteral("or open  ") + complete);
+        print("or open  " + complete);
     if (context.isJson)
         return;
     QString target = complete.isEmpty() ? address : complete;
-    if (!target.contains(QLatin1String("://")))
-        target.prepend(QStringLiteral("https://"));
+    if (!target.contains("://"))
+        target.prepend("https://");
     const QStringList code = qrCode(target, true);
     if (code.isEmpty() || code.first().size() > terminal.width())
         return;
@@ -227,10 +218,10 @@ int login(const CommandContext& context)
     LoginEvents events(context.api);
     if (!events.waitForOpen())
         return context.finish(events.end().value_or(ApiReply()));
-    const ApiReply reply = context.api.post(QStringLiteral("login"));
+    const ApiReply reply = context.api.post("login");
     if (reply.outcome == ApiReply::Outcome::Refused) {
         // The refusal is a sentence alone; the state has the reason beside it.
-        const ApiReply state = context.api.get(QStringLiteral("login"));
+        const ApiReply state = context.api.get("login");
         if (!problemOf(state.document).isEmpty())
             return finished(context, state.body, state.document);
     }
@@ -246,7 +237,7 @@ int login(const CommandContext& context)
 /// `kelo login --status`: a login that failed or ended makes it fail too.
 int showLogin(const CommandContext& context)
 {
-    const ApiReply reply = context.api.get(QStringLiteral("login"));
+    const ApiReply reply = context.api.get("login");
     if (!reply.isDone())
         return context.finish(reply);
     const QString problem = problemOf(reply.document);
@@ -256,17 +247,16 @@ int showLogin(const CommandContext& context)
         return status;
     }
     Terminal& terminal = context.terminal;
-    terminal.line(isLoggedIn(reply.document)
-                      ? terminal.styled(QStringLiteral("logged in"), Style::Good)
-                      : terminal.styled(QStringLiteral("not logged in"), Style::Warning));
+    terminal.line(isLoggedIn(reply.document) ? terminal.styled("logged in", Style::Good)
+                                             : terminal.styled("not logged in", Style::Warning));
     const QJsonObject pending = pendingOf(reply.document);
     if (!pending.isEmpty()) {
         terminal.line(QStringLiteral("waiting for code %1 at %2")
-                          .arg(valueText(pending.value(QLatin1String("userCode"))),
-                               valueText(pending.value(QLatin1String("verificationUri")))));
+                          .arg(valueText(pending.value("userCode")),
+                               valueText(pending.value("verificationUri"))));
     }
     if (!problem.isEmpty())
-        terminal.line(QStringLiteral("problem: ") + problem);
+        terminal.line("problem: " + problem);
     const QString advice = adviceOf(reply.document);
     if (!advice.isEmpty())
         terminal.line(advice);
@@ -275,11 +265,11 @@ int showLogin(const CommandContext& context)
 
 int logout(const CommandContext& context)
 {
-    const ApiReply reply = context.api.remove(QStringLiteral("login"));
+    const ApiReply reply = context.api.remove("login");
     if (context.isJson)
         return context.printJson(reply);
     if (reply.isDone())
-        context.terminal.line(QStringLiteral("logged out"));
+        context.terminal.line("logged out");
     return context.finish(reply);
 }
 

@@ -9,13 +9,13 @@ namespace cli {
 
 namespace {
 
-using Tagged = QVector<QPair<const char*, const char*>>;
+using Tagged = QVector<QPair<QString, QString>>;
 
-void addTagged(ManualText& page, const char* heading, const Tagged& entries)
+void addTagged(ManualText& page, const QString& heading, const Tagged& entries)
 {
-    page.heading(QString::fromLatin1(heading));
+    page.heading(heading);
     for (const auto& [tag, text] : entries)
-        page.tagged(QString::fromLatin1(tag), 1, QString::fromLatin1(text));
+        page.tagged(tag, 1, text);
 }
 
 void addOptions(ManualText& page, const QVector<Option>& options)
@@ -46,7 +46,7 @@ void addCommand(ManualText& page, const Command& command, const QString& words,
     const QVector<Option> options = ownOptions(command, program);
     QString usage = words;
     if (!options.isEmpty())
-        usage += QStringLiteral(" [OPTIONS]");
+        usage += " [OPTIONS]";
     for (const QString& word : command.usage().split(' ').mid(1))
         usage += ' ' + word;
     page.tagged(usage, words.count(' ') + 1, command.text);
@@ -85,24 +85,24 @@ const Tagged files{
 QString commandManual(const Command& program, const QString& date)
 {
     ManualText page(program.name, 1, date);
-    page.heading(QStringLiteral("Name"));
-    page.paragraph(QStringLiteral("kelo - network audio streamer and its command line"));
-    page.heading(QStringLiteral("Synopsis"));
+    page.heading("Name");
+    page.paragraph("kelo - network audio streamer and its command line");
+    page.heading("Synopsis");
     page.paragraph(QStringLiteral("`kelo` %1").arg(program.usage()));
-    page.heading(QStringLiteral("Description"));
-    page.paragraph(QStringLiteral(
+    page.heading("Description");
+    page.paragraph(
         "`kelo serve` is the streamer: it shows a music service as a tree of paths and plays from "
         "it; the address it prints opens its page in a browser. Every other command talks to a "
         "running streamer over its HTTP interface. `kelo serve "
-        "--demo` starts one with a simulated service inside, which needs no account."));
-    page.paragraph(QStringLiteral(
+        "--demo` starts one with a simulated service inside, which needs no account.");
+    page.paragraph(
         "A path is one word and names a node of the tree. It may hold characters that a shell acts "
         "on, so put it in quotes; the commands print paths ready to paste. With `--json` a command "
         "prints one JSON document, for scripts; a command that follows something prints one a "
-        "line. Where one end of a pipe is no terminal there are no colours."));
-    page.heading(QStringLiteral("Options"));
+        "line. Where one end of a pipe is no terminal there are no colours.");
+    page.heading("Options");
     addOptions(page, program.options);
-    page.heading(QStringLiteral("Commands"));
+    page.heading("Commands");
     for (const QString& group : program.groups()) {
         page.subheading(group);
         for (const Command& command : program.commands) {
@@ -113,27 +113,27 @@ QString commandManual(const Command& program, const QString& date)
     addTagged(page, "Exit status", exitStatuses);
     addTagged(page, "Environment", environment);
     addTagged(page, "Files", files);
-    page.heading(QStringLiteral("Examples"));
+    page.heading("Examples");
     page.lines(program.examples);
-    page.heading(QStringLiteral("See also"));
-    page.paragraph(QStringLiteral("`kelo.toml`(5), `kelo-sim`(1)"));
+    page.heading("See also");
+    page.paragraph("`kelo.toml`(5), `kelo-sim`(1)");
     return page.text();
 }
 
 /// kelo.toml(5), with all settings.
 QString settingsManual(const QString& date)
 {
-    ManualText page(QStringLiteral("kelo.toml"), 5, date);
-    page.heading(QStringLiteral("Name"));
-    page.paragraph(QStringLiteral("kelo.toml - settings of the kelo streamer"));
-    page.heading(QStringLiteral("Description"));
-    page.paragraph(QStringLiteral(
+    ManualText page("kelo.toml", 5, date);
+    page.heading("Name");
+    page.paragraph("kelo.toml - settings of the kelo streamer");
+    page.heading("Description");
+    page.paragraph(
         "A TOML file, read when the streamer starts: the file that `--config` names, else the "
         "user's, else the machine's. Every key may be left out. A key that does not exist or a "
         "value that does not fit ends the program with a message that names file, line and key. "
         "`-o` section.key=value on the command line goes before the file. `kelo config` shows what "
-        "is in force and where it comes from."));
-    page.heading(QStringLiteral("Settings"));
+        "is in force and where it comes from.");
+    page.heading("Settings");
     const Settings defaults;
     QString section;
     for (const SettingsKey& key : settingsKeys()) {
@@ -149,16 +149,15 @@ QString settingsManual(const QString& date)
         page.paragraph(QStringLiteral("Wanted: %1. Default: `%2`").arg(key.wanted, text));
         page.end();
     }
-    page.heading(QStringLiteral("Files"));
-    page.tagged(QStringLiteral("$XDG_CONFIG_HOME/kelo/kelo.toml"), 1,
-                QStringLiteral("The user's; `~/.config` where the variable is not set."));
-    page.tagged(QStringLiteral("/etc/kelo/kelo.toml"), 1, QStringLiteral("The machine's."));
-    page.heading(QStringLiteral("Examples"));
-    page.lines({QStringLiteral("[server]"), QStringLiteral("listen = \"127.0.0.1:8095\""),
-                QStringLiteral("[tidal.oauth2]"), QStringLiteral("client_id = \"...\""),
-                QStringLiteral("client_secret_file = \"client_secret\"")});
-    page.heading(QStringLiteral("See also"));
-    page.paragraph(QStringLiteral("`kelo`(1)"));
+    page.heading("Files");
+    page.tagged("$XDG_CONFIG_HOME/kelo/kelo.toml", 1,
+                "The user's; `~/.config` where the variable is not set.");
+    page.tagged("/etc/kelo/kelo.toml", 1, "The machine's.");
+    page.heading("Examples");
+    page.lines({"[server]", "listen = \"127.0.0.1:8095\"", "[tidal.oauth2]", "client_id = \"...\"",
+                "client_secret_file = \"client_secret\""});
+    page.heading("See also");
+    page.paragraph("`kelo`(1)");
     return page.text();
 }
 
@@ -177,7 +176,7 @@ QString pageDate()
 
 Command manualCommand(const Command& program)
 {
-    const QStringList pages{QStringLiteral("kelo"), QStringLiteral("kelo.toml")};
+    const QStringList pages{"kelo", "kelo.toml"};
     const auto page = std::make_shared<QString>();
     return Command("manual", "", "")
         .option("PAGE", {*page, pages}, "")

@@ -9,24 +9,24 @@ ManualText::ManualText(const QString& name, int section, const QString& date)
     m_text = QStringLiteral(".TH %1 %2 %3 \"kelo %4\" \"Kelo\"\n.nh\n.ad l\n")
                  .arg(escaped(name.toUpper()))
                  .arg(section)
-                 .arg(date, QStringLiteral(KELO_VERSION));
+                 .arg(date, KELO_VERSION);
 }
 
 void ManualText::heading(const QString& text)
 {
-    m_text += QStringLiteral(".SH ") + escaped(text.toUpper()) + '\n';
+    m_text += ".SH " + escaped(text.toUpper()) + '\n';
     m_isAfterHeading = true;
 }
 
 void ManualText::subheading(const QString& text)
 {
-    m_text += QStringLiteral(".SS ") + escaped(text) + '\n';
+    m_text += ".SS " + escaped(text) + '\n';
     m_isAfterHeading = true;
 }
 
 void ManualText::paragraph(const QString& text)
 {
-    m_text += QLatin1String(m_isAfterHeading ? "" : ".PP\n") + filled(text) + '\n';
+    m_text += (m_isAfterHeading ? "" : ".PP\n") + filled(text) + '\n';
     m_isAfterHeading = false;
 }
 
@@ -40,22 +40,23 @@ void ManualText::tagged(const QString& tag, int boldWords, const QString& text)
 
 void ManualText::lines(const QStringList& lines)
 {
-    m_text += QLatin1String(m_isAfterHeading ? "" : ".PP\n") + QStringLiteral(".nf\n.RS 4\n");
+    m_text += m_isAfterHeading ? "" : ".PP\n";
+    m_text += ".nf\n.RS 4\n";
     m_isAfterHeading = false;
     for (const QString& line : lines)
         m_text += escaped(line) + '\n';
-    m_text += QStringLiteral(".RE\n.fi\n");
+    m_text += ".RE\n.fi\n";
 }
 
 QString ManualText::escaped(const QString& text)
 {
     QString result = text;
-    result.replace('\\', QStringLiteral("\\e"));
-    result.replace('-', QStringLiteral("\\-"));
-    result.replace('\'', QStringLiteral("\\(aq"));
-    result.replace('`', QStringLiteral("\\(ga"));
+    result.replace('\\', "\\e");
+    result.replace('-', "\\-");
+    result.replace('\'', "\\(aq");
+    result.replace('`', "\\(ga");
     if (result.startsWith('.'))
-        result.prepend(QStringLiteral("\\&"));
+        result.prepend("\\&");
     return result;
 }
 
@@ -66,11 +67,11 @@ QString ManualText::filled(const QString& text)
     bool isBold = false;
     for (const QString& line : wrapped(text, width)) {
         const QStringList parts = line.split('`');
-        result += QLatin1String(result.isEmpty() ? "" : "\n");
+        result += (result.isEmpty() ? "" : "\n");
         for (int i = 0; i < parts.size(); ++i) {
             if (i > 0) {
                 isBold = !isBold;
-                result += QLatin1String(isBold ? "\\fB" : "\\fR");
+                result += (isBold ? "\\fB" : "\\fR");
             }
             result += escaped(parts.at(i));
         }

@@ -22,8 +22,8 @@ public:
     /// Lines as they are.
     void lines(const QStringList& lines);
     /// What follows is indented once more, until end().
-    void begin() { m_text += QStringLiteral(".RS\n"); }
-    void end() { m_text += QStringLiteral(".RE\n"); }
+    void begin() { m_text += ".RS\n"; }
+    void end() { m_text += ".RE\n"; }
 
     const QString& text() const { return m_text; }
 

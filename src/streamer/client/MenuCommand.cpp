@@ -15,8 +15,8 @@ bool addData(TreeWalk& walk, QJsonObject& row)
 {
     const QJsonObject data = walk.data(textIn(row, "Path"));
     if (!walk.isDone()) {
-        row.insert(QStringLiteral("problem"), walk.reply().message);
-        row.insert(QStringLiteral("Description"), QStringLiteral("(%1)").arg(walk.reply().message));
+        row.insert("problem", walk.reply().message);
+        row.insert("Description", QStringLiteral("(%1)").arg(walk.reply().message));
     }
     for (auto it = data.begin(); it != data.end(); ++it)
         row.insert(it.key(), it.value());
@@ -38,7 +38,7 @@ int showMenu(const CommandContext& context, const QString& path)
             return context.finish(one.reply());
         rows.append(row);
     }
-    page.insert(QStringLiteral("rows"), rows);
+    page.insert("rows", rows);
     if (context.isJson) {
         context.printJson(QJsonDocument(page).toJson(QJsonDocument::Compact));
         return ExitDone;
@@ -52,9 +52,9 @@ int showMenu(const CommandContext& context, const QString& path)
 /// one when it offers to take it away; asked for in English, whatever the user reads.
 bool isFavorite(TreeWalk& walk, const QString& action)
 {
-    const QString title = textIn(walk.data(action, QStringLiteral("en")), "Title");
-    const bool isOn = title == QLatin1String("Remove from favorites");
-    if (!isOn && title != QLatin1String("Add to favorites"))
+    const QString title = textIn(walk.data(action, "en"), "Title");
+    const bool isOn = title == "Remove from favorites";
+    if (!isOn && title != "Add to favorites")
         walk.refuse(QStringLiteral("the menu says \"%1\", which tells nothing about favorites")
                         .arg(shown(title)));
     return isOn;
@@ -72,7 +72,7 @@ int makeFavorite(const CommandContext& context, const QString& path, const QStri
             QStringLiteral("the menu of %1 has no favorite action").arg(shown(path))),
         "Path");
     const bool wasOn = isFavorite(walk, action);
-    const bool isOn = wish.isEmpty() ? !wasOn : wish == QLatin1String("on");
+    const bool isOn = wish.isEmpty() ? !wasOn : wish == "on";
     bool isConfirmed = true;
     if (isOn != wasOn) {
         walk.set(action);
@@ -82,18 +82,16 @@ int makeFavorite(const CommandContext& context, const QString& path, const QStri
         return context.finish(walk.reply());
     // Only the first favourites are looked at, so a missing one is no proof that it was refused.
     if (!isConfirmed)
-        context.terminal.error(
-            QStringLiteral("kelo: sent, but the menu does not show the change yet"));
+        context.terminal.error("kelo: sent, but the menu does not show the change yet");
     if (context.isJson) {
-        const QJsonObject result{{QStringLiteral("favorite"), isOn},
-                                 {QStringLiteral("changed"), isOn != wasOn},
-                                 {QStringLiteral("confirmed"), isConfirmed}};
+        const QJsonObject result{
+            {"favorite", isOn}, {"changed", isOn != wasOn}, {"confirmed", isConfirmed}};
         context.printJson(QJsonDocument(result).toJson(QJsonDocument::Compact));
         return ExitDone;
     }
-    context.terminal.line(QStringLiteral("favorite %1%2")
-                              .arg(QLatin1String(isOn ? "on" : "off"),
-                                   QLatin1String(isOn != wasOn ? "" : " (it was already)")));
+    context.terminal.line(
+        QStringLiteral("favorite %1%2")
+            .arg((isOn ? "on" : "off"), (isOn != wasOn ? "" : " (it was already)")));
     return ExitDone;
 }
 
@@ -115,7 +113,7 @@ Command favoriteCommand()
         QString wish;
     };
     const auto values = std::make_shared<Values>();
-    const QStringList wishes{QStringLiteral("on"), QStringLiteral("off")};
+    const QStringList wishes{"on", "off"};
     return Command("favorite", "Make a row a favorite, or take that back.",
                    "kelo favorite PATH\nkelo favorite PATH off")
         .option("PATH", values->path, "The row")

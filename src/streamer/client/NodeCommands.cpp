@@ -13,7 +13,7 @@ void printEntries(Terminal& terminal, const QJsonObject& entries)
         widest = qMax(widest, columns(shown(name)));
     for (auto it = entries.begin(); it != entries.end(); ++it) {
         terminal.line(terminal.styled(padded(shown(it.key()), widest), Terminal::Style::Bold) +
-                      QStringLiteral("  ") + valueText(it.value()));
+                      "  " + valueText(it.value()));
     }
 }
 
@@ -23,8 +23,7 @@ void printAction(Terminal& terminal, const QJsonObject& reply)
     const QJsonObject result = objectIn(reply, "result");
     const QString title = shown(textIn(result, "Title"));
     const QString text = shown(textIn(result, "Description"));
-    terminal.line(title.isEmpty() ? QStringLiteral("done")
-                                  : terminal.styled(title, Terminal::Style::Bold));
+    terminal.line(title.isEmpty() ? "done" : terminal.styled(title, Terminal::Style::Bold));
     if (!text.isEmpty())
         terminal.line(text);
 }
@@ -40,17 +39,17 @@ struct DataCommand
 struct SetCommand
 {
     QString path;
-    QString value = QStringLiteral("1"); ///< JSON of any kind, sent as it is written
+    QString value = "1"; ///< JSON of any kind, sent as it is written
 
     int run(const CommandContext& context) const;
 };
 
 int DataCommand::run(const CommandContext& context) const
 {
-    Query query{{QStringLiteral("path"), path}};
+    Query query{{"path", path}};
     if (!roles.isEmpty())
-        query.append({QStringLiteral("roles"), roles});
-    const ApiReply reply = context.api.get(QStringLiteral("data"), query);
+        query.append({"roles", roles});
+    const ApiReply reply = context.api.get("data", query);
     if (context.isJson)
         return context.printJson(reply);
     if (reply.isDone())
@@ -62,23 +61,23 @@ int SetCommand::run(const CommandContext& context) const
 {
     const QByteArray text = value.toUtf8();
     if (!parseJsonValue(text)) {
-        context.terminal.error(QStringLiteral(
+        context.terminal.error(
             "kelo: VALUE is no JSON; wanted a number, true, false, null, a text in double quotes "
-            "('\"HIGH\"'), an array or an object"));
+            "('\"HIGH\"'), an array or an object");
         return ExitUsage;
     }
     const ApiReply reply = context.api.set(path, text);
     if (context.isJson)
         return context.printJson(reply);
     if (reply.isDone()) {
-        const QJsonValue answer = reply.document.value(QLatin1String("reply"));
+        const QJsonValue answer = reply.document.value("reply");
         const QString kind = textIn(answer.toObject(), "class");
-        if (kind == QLatin1String("KeloActionReply"))
+        if (kind == "KeloActionReply")
             printAction(context.terminal, answer.toObject());
         else if (answer.isObject())
             printEntries(context.terminal, answer.toObject());
         else
-            context.terminal.line(answer.isNull() || answer.isUndefined() ? QStringLiteral("done")
+            context.terminal.line(answer.isNull() || answer.isUndefined() ? "done"
                                                                           : valueText(answer));
     }
     return context.finish(reply);

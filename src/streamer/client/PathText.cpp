@@ -40,11 +40,11 @@ QString PathText::lastSegment() const
 
 QString shellWord(const QString& text)
 {
-    static const QRegularExpression plain(QStringLiteral("^[A-Za-z0-9_/.,:@%+-]+$"));
+    static const QRegularExpression plain("^[A-Za-z0-9_/.,:@%+-]+$");
     if (plain.match(text).hasMatch())
         return text;
     QString quoted = text;
-    quoted.replace('\'', QStringLiteral("'\\''"));
+    quoted.replace('\'', "'\\''");
     return '\'' + quoted + '\'';
 }
 

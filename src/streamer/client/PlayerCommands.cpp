@@ -12,24 +12,24 @@ namespace {
 
 ApiReply readPlayer(ApiClient& api)
 {
-    return api.get(QStringLiteral("player"));
+    return api.get("player");
 }
 
 /// Tells the player something and prints what it does then. \p action is the last segment of the
 /// call's path, \p body what goes with it, JSON.
 int tell(const CommandContext& context, const QString& action, const QByteArray& body = "{}")
 {
-    const ApiReply reply = context.api.post(QStringLiteral("player/") + action, body);
+    const ApiReply reply = context.api.post("player/" + action, body);
     if (context.isJson)
         return context.printJson(reply);
     if (reply.isDone()) {
-        const bool hasState = reply.document.contains(QLatin1String("state"));
+        const bool hasState = reply.document.contains("state");
         const StatusView view(context.terminal, reply.document);
-        const bool startsAnItem = action == QLatin1String("play");
-        if (action == QLatin1String("volume") && !view.volume().isEmpty())
-            context.terminal.line(QStringLiteral("volume  ") + view.volume());
+        const bool startsAnItem = action == "play";
+        if (action == "volume" && !view.volume().isEmpty())
+            context.terminal.line("volume  " + view.volume());
         else
-            context.terminal.line(hasState ? view.oneLine(!startsAnItem) : QStringLiteral("done"));
+            context.terminal.line(hasState ? view.oneLine(!startsAnItem) : "done");
     }
     return context.finish(reply);
 }
@@ -38,8 +38,8 @@ int tell(const CommandContext& context, const QString& action, const QByteArray&
 /// \p isRelative. Milliseconds; nothing when the text is no such time.
 std::optional<qint64> parseTime(const QString& text, bool& isRelative)
 {
-    static const QRegularExpression form(QStringLiteral(
-        "^([+-]?)(?:(?:([0-9]{1,3}):)?([0-9]{1,5}):)?([0-9]{1,7}(?:\\.[0-9]{1,3})?)$"));
+    static const QRegularExpression form(
+        "^([+-]?)(?:(?:([0-9]{1,3}):)?([0-9]{1,5}):)?([0-9]{1,7}(?:\\.[0-9]{1,3})?)$");
     const auto match = form.match(text);
     if (!match.hasMatch())
         return std::nullopt;
@@ -48,7 +48,7 @@ std::optional<qint64> parseTime(const QString& text, bool& isRelative)
         return std::nullopt;
     const double all = match.captured(2).toInt() * 3600 + match.captured(3).toInt() * 60 + seconds;
     isRelative = !match.captured(1).isEmpty();
-    return qRound64(all * 1000) * (match.captured(1) == QLatin1String("-") ? -1 : 1);
+    return qRound64(all * 1000) * (match.captured(1) == "-" ? -1 : 1);
 }
 
 /// `kelo seek`: to a place in the track, or on and back from where it is.
@@ -57,8 +57,8 @@ int seek(const CommandContext& context, const QString& place)
     bool isRelative = false;
     const auto parsed = parseTime(place, isRelative);
     if (!parsed) {
-        context.terminal.error(QStringLiteral(
-            "kelo: wanted a time such as 90, 1:30 or 1:02:03, with + or - to go on or back"));
+        context.terminal.error(
+            "kelo: wanted a time such as 90, 1:30 or 1:02:03, with + or - to go on or back");
         return ExitUsage;
     }
     qint64 position = *parsed;
@@ -66,11 +66,10 @@ int seek(const CommandContext& context, const QString& place)
         const ApiReply now = readPlayer(context.api);
         if (!now.isDone())
             return context.finish(now);
-        position += now.document.value(QLatin1String("positionMs")).toVariant().toLongLong();
+        position += now.document.value("positionMs").toVariant().toLongLong();
         position = qMax<qint64>(0, position);
     }
-    return tell(context, QStringLiteral("seek"),
-                "{\"positionMs\":" + QByteArray::number(position) + '}');
+    return tell(context, "seek", "{\"positionMs\":" + QByteArray::number(position) + '}');
 }
 
 int showStatus(const CommandContext& context)
@@ -116,15 +115,15 @@ Command playCommand()
     return Command("play", "Play a row, a list or a track.", "kelo play PATH\nkelo play 12345678")
         .option("PATH", *path, "A row that can play, a list, or a track id")
         .asks([path](const CommandContext& context) {
-            return tell(context, QStringLiteral("play"), "{\"path\":" + jsonString(*path) + '}');
+            return tell(context, "play", "{\"path\":" + jsonString(*path) + '}');
         });
 }
 
-Command playerCommand(const char* name, const char* text)
+Command playerCommand(const QString& name, const QString& text)
 {
-    const QString action = QString::fromLatin1(name);
-    return Command(name, text, (std::string("kelo ") + name).c_str())
-        .asks([action](const CommandContext& context) { return tell(context, action); });
+    return Command(name, text, "kelo " + name).asks([name](const CommandContext& context) {
+        return tell(context, name);
+    });
 }
 
 Command seekCommand()
@@ -142,8 +141,7 @@ Command volumeCommand()
     return Command("volume", "Set the volume.", "kelo volume 40")
         .option("PERCENT", {*percent, 0, 100}, "0 to 100")
         .asks([percent](const CommandContext& context) {
-            return tell(context, QStringLiteral("volume"),
-                        "{\"percent\":" + QByteArray::number(*percent) + '}');
+            return tell(context, "volume", "{\"percent\":" + QByteArray::number(*percent) + '}');
         });
 }
 

@@ -11,7 +11,7 @@ namespace {
 struct EditStep
 {
     QString path;
-    QByteArray value = QByteArrayLiteral("1"); ///< JSON
+    QByteArray value = "1"; ///< JSON
 };
 
 using EditSteps = QVector<EditStep>;
@@ -183,8 +183,7 @@ int PlaylistCommand::destroy(const CommandContext& context) const
                   QStringLiteral("deleted %1").arg(quotedTitle(playlist)), [&] {
                       const TreeWalk::Match isIt = hasId(textIn(playlist, "Id"));
                       if (!walk.find(walk.ownPlaylists(), isIt).isEmpty())
-                          walk.refuse(QStringLiteral(
-                              "sent, but the playlist is still there; the service refused"));
+                          walk.refuse("sent, but the playlist is still there; the service refused");
                   });
 }
 
@@ -210,9 +209,9 @@ int PlaylistCommand::add(const CommandContext& context) const
     return finish(context, walk, steps,
                   QStringLiteral("added %1to %2").arg(what, quotedTitle(playlist)), [&] {
                       if (walk.count(list) <= before)
-                          walk.refuse(QStringLiteral(
+                          walk.refuse(
                               "sent, but the playlist has not grown; the service refused, or "
-                              "nothing of this can be played"));
+                              "nothing of this can be played");
                   });
 }
 
@@ -230,9 +229,9 @@ int PlaylistCommand::remove(const CommandContext& context) const
     return finish(context, walk, {{textIn(action, "Path")}},
                   QStringLiteral("removed %1").arg(quotedTitle(item)), [&] {
                       if (walk.countOf(list, first, row, path) >= before)
-                          walk.refuse(QStringLiteral(
+                          walk.refuse(
                               "sent, but the row is still there: the service refused, or the "
-                              "playlist is shown in another order than its own"));
+                              "playlist is shown in another order than its own");
                   });
 }
 
@@ -258,7 +257,7 @@ Command playlistCommand()
                 "kelo playlist create 'Late evening' --description 'quiet ones'\n"
                 "kelo playlist add ID PATH PATH\n"
                 "kelo playlist move ID 3 0 --dry-run");
-    const auto add = [&](const char* name, const char* text, const char* examples,
+    const auto add = [&](const QString& name, const QString& text, const QString& examples,
                          int (PlaylistCommand::*run)(const CommandContext&) const) -> Command& {
         return all
             .below(Command(name, text, examples)

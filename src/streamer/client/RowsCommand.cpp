@@ -50,7 +50,7 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
         return reply;
     const QJsonObject page = withValues(context.api, reply.document);
     const int got = rowsIn(page).size();
-    const int first = page.value(QLatin1String("from")).toInt();
+    const int first = page.value("from").toInt();
     const int all = rowsCountIn(page);
     const QString range =
         got == 0 ? QString() : QStringLiteral(", here %1 to %2").arg(first).arg(first + got - 1);
@@ -70,19 +70,19 @@ QJsonObject RowsCommand::withValues(ApiClient& api, QJsonObject page) const
     QVector<QJsonObject> rows = rowsIn(page);
     if (!roles.isEmpty() || std::none_of(rows.begin(), rows.end(), &RowsTable::hasValue))
         return page;
-    const ApiReply reply = api.rows(path, from, to, QStringLiteral("Value"));
+    const ApiReply reply = api.rows(path, from, to, "Value");
     const QVector<QJsonObject> values = rowsIn(reply.document);
-    const QString version = QStringLiteral("rowsVersion");
+    const QString version = "rowsVersion";
     if (!reply.isDone() || values.size() != rows.size() ||
         reply.document.value(version) != page.value(version))
         return page;
     QJsonArray filled;
     for (int i = 0; i < rows.size(); ++i) {
-        const QString name = QStringLiteral("Value");
+        const QString name = "Value";
         rows[i].insert(name, values.at(i).value(name));
         filled.append(rows.at(i));
     }
-    page.insert(QStringLiteral("rows"), filled);
+    page.insert("rows", filled);
     return page;
 }
 
@@ -105,9 +105,8 @@ int RowsCommand::follow(const CommandContext& context) const
         } else if (terminal.isInteractive()) {
             if (!reply.isDone())
                 lines.append(terminal.styled(reply.message, Terminal::Style::Bad));
-            const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss"));
-            terminal.redraw(
-                lines, terminal.styled(time + QStringLiteral("  ") + change, Terminal::Style::Dim));
+            const QString time = QTime::currentTime().toString("HH:mm:ss");
+            terminal.redraw(lines, terminal.styled(time + "  " + change, Terminal::Style::Dim));
         } else {
             if (hasPrinted)
                 terminal.line();
@@ -118,17 +117,17 @@ int RowsCommand::follow(const CommandContext& context) const
         hasPrinted = true;
     };
     const ApiReply stream = cli::follow(
-        context, {path}, [&] { show(QStringLiteral("following, Ctrl-C ends")); },
+        context, {path}, [&] { show("following, Ctrl-C ends"); },
         [&](const ServerEvent& event) {
             const QJsonObject body = QJsonDocument::fromJson(event.data).object();
             if (event.name == "rows")
-                show(changeText(body.value(QLatin1String("change"))));
-            const QJsonValue now = body.value(QLatin1String("loggedIn"));
+                show(changeText(body.value("change")));
+            const QJsonValue now = body.value("loggedIn");
             if (event.name == "login" && now.isBool()) {
                 const QJsonValue before = std::exchange(loggedIn, now);
                 // Nodes that wait for a login tell nobody when it comes.
                 if (before.isBool() && before != now && !isDone)
-                    show(QStringLiteral("login"));
+                    show("login");
             }
             return true;
         });

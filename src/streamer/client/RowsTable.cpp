@@ -16,7 +16,7 @@ constexpr int mostAligned = 60;
 
 QString roleText(const QJsonObject& row, const char* role)
 {
-    return shown(row.value(QLatin1String(role)).toVariant().toString());
+    return shown(row.value(role).toVariant().toString());
 }
 
 /// The description, or else the value if it is a text, a number or a truth.
@@ -25,10 +25,10 @@ QString secondText(const QJsonObject& row)
     const QString description = roleText(row, "Description");
     if (!description.isEmpty())
         return description;
-    QJsonValue value = row.value(QLatin1String("Value"));
+    QJsonValue value = row.value("Value");
     if (value.isObject()) {
         const QJsonObject typed = value.toObject();
-        value = typed.value(typed.value(QLatin1String("type")).toString());
+        value = typed.value(typed.value("type").toString());
     }
     return value.isObject() || value.isArray() || value.isNull() ? QString() : valueText(value);
 }
@@ -38,14 +38,14 @@ QString secondText(const QJsonObject& row)
 RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limit)
     : m_terminal(terminal)
 {
-    int number = page.value(QLatin1String("from")).toInt();
+    int number = page.value("from").toInt();
     for (const QJsonObject& row : rowsIn(page).mid(0, limit)) {
         const QString path = textIn(row, "Path");
         const bool isDisabledRow = isDisabled(row);
         m_rows.append({QString::number(number++), mark(row),
-                       title(row) + QString::fromLatin1(isDisabledRow ? " (disabled)" : ""),
-                       secondText(row), path.isEmpty() ? QString() : shellWord(shown(path)),
-                       isHeader(row), isDisabledRow});
+                       title(row) + (isDisabledRow ? " (disabled)" : ""), secondText(row),
+                       path.isEmpty() ? QString() : shellWord(shown(path)), isHeader(row),
+                       isDisabledRow});
     }
     measure();
 }
@@ -59,36 +59,36 @@ QString RowsTable::heading(const QJsonObject& page)
 QString RowsTable::mark(const QJsonObject& row)
 {
     const QString type = textIn(row, "Type");
-    if (type == QLatin1String("Container"))
-        return QStringLiteral("▸");
-    if (type == QLatin1String("Audio"))
-        return QStringLiteral("♪");
-    if (type == QLatin1String("Action"))
-        return QStringLiteral("•");
-    return QStringLiteral(" ");
+    if (type == "Container")
+        return "▸";
+    if (type == "Audio")
+        return "♪";
+    if (type == "Action")
+        return "•";
+    return " ";
 }
 
 QString RowsTable::title(const QJsonObject& row)
 {
     const QString text = roleText(row, "Title");
-    return text.isEmpty() ? QStringLiteral("(no title)") : text;
+    return text.isEmpty() ? "(no title)" : text;
 }
 
 bool RowsTable::isDisabled(const QJsonObject& row)
 {
-    return row.value(QLatin1String("Disabled")).toVariant().toBool();
+    return row.value("Disabled").toVariant().toBool();
 }
 
 bool RowsTable::isHeader(const QJsonObject& row)
 {
-    return textIn(row, "Type") == QLatin1String("Header");
+    return textIn(row, "Type") == "Header";
 }
 
 bool RowsTable::hasValue(const QJsonObject& row)
 {
     const QString type = textIn(row, "Type");
     const bool isNode = !textIn(row, "Path").isEmpty();
-    return type == QLatin1String("Choice") || (type == QLatin1String("Text") && isNode);
+    return type == "Choice" || (type == "Text" && isNode);
 }
 
 /// Shares the width out: what the path leaves, or everything with the path below; the description

@@ -14,8 +14,7 @@ constexpr int rowsOfEach = 5;
 
 QStringList kinds()
 {
-    return {QStringLiteral("albums"), QStringLiteral("tracks"), QStringLiteral("artists"),
-            QStringLiteral("playlists")};
+    return {"albums", "tracks", "artists", "playlists"};
 }
 
 /// `kelo search`: finds the search lists by walking the tree from the service's top node, puts the
@@ -41,15 +40,15 @@ SearchCommand::Lists SearchCommand::findLists(TreeWalk& walk) const
 {
     const QString container = textIn(objectIn(walk.page(topPath(), 0, 0), "roles"), "SearchPath");
     if (container.isEmpty())
-        walk.refuse(QStringLiteral("search is not offered now; it needs a login (kelo login)"));
+        walk.refuse("search is not offered now; it needs a login (kelo login)");
     PathText query = PathText::parse(textIn(rowsIn(walk.page(container, 0, 0)).value(0), "Path"));
     if (query.base.isEmpty())
         walk.refuse(QStringLiteral("the search node at %1 has no query row").arg(shown(container)));
-    query.parameters.insert(QStringLiteral("query"), text);
+    query.parameters.insert("query", text);
     Lists lists;
     for (const QJsonObject& row : rowsIn(walk.page(query.encoded()))) {
         PathText list = PathText::parse(textIn(row, "Path"));
-        list.parameters.insert(QStringLiteral("query"), text);
+        list.parameters.insert("query", text);
         if (kinds().contains(list.lastSegment()))
             lists.insert(list.lastSegment(), list.encoded());
     }
@@ -63,7 +62,7 @@ int SearchCommand::run(const CommandContext& context) const
     TreeWalk walk(context.api);
     const Lists lists = findLists(walk);
     if (!kind.isEmpty() && !lists.contains(kind))
-        walk.refuse(QStringLiteral("the service cannot search in ") + kind);
+        walk.refuse("the service cannot search in " + kind);
     if (!walk.isDone())
         return context.finish(walk.reply());
     return kind.isEmpty() ? printAll(context, lists) : showRows(context, lists.value(kind));
@@ -86,15 +85,14 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
             terminal.line();
         if (textIn(rowsIn(reply.document).value(0), "Path").isEmpty()) {
             terminal.line(terminal.styled(word, Terminal::Style::Bold) +
-                          terminal.styled(QStringLiteral("  nothing found"), Terminal::Style::Dim));
+                          terminal.styled("  nothing found", Terminal::Style::Dim));
             continue;
         }
         const QString found = QStringLiteral("  %1 found, all:").arg(rowsCountIn(reply.document));
-        const QString all = QStringLiteral("kelo rows ") + shellWord(shown(lists.value(word)));
+        const QString all = "kelo rows " + shellWord(shown(lists.value(word)));
         const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
         terminal.line(terminal.styled(word, Terminal::Style::Bold) +
-                      terminal.styled(found + QLatin1String(fits ? " " : "\n  ") + all,
-                                      Terminal::Style::Dim));
+                      terminal.styled(found + (fits ? " " : "\n  ") + all, Terminal::Style::Dim));
         for (const QString& line : RowsTable(terminal, reply.document, rowsOfEach).lines())
             terminal.line(line);
     }

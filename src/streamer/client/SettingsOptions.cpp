@@ -15,11 +15,12 @@ void SettingsOptions::addTo(Command& command)
         .option("-o KEY=VALUE", overrides, "A setting, as section.key=value");
 }
 
-void SettingsOptions::add(Command& command, const char* form, const char* key, const char* text)
+void SettingsOptions::add(Command& command, const QString& form, const QString& key,
+                          const QString& text)
 {
-    const QString origin = QString::fromLatin1(form).section(' ', 0, 0);
+    const QString origin = form.section(' ', 0, 0);
     command.option(form, OptionTarget([this, key, origin](const QString& value) {
-                       m_own.push_back({QString::fromLatin1(key), value, origin});
+                       m_own.push_back({key, value, origin});
                        return true;
                    }),
                    text);
@@ -35,7 +36,7 @@ LoadedSettings SettingsOptions::load() const
 bool SettingsOptions::printProblems(Terminal& terminal, const LoadedSettings& loaded)
 {
     for (const QString& problem : loaded.problems)
-        terminal.error(QStringLiteral("kelo: ") + shown(problem));
+        terminal.error("kelo: " + shown(problem));
     return !loaded.problems.isEmpty();
 }
 

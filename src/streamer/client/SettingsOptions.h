@@ -13,7 +13,7 @@ public:
     /// Adds --config and -o.
     void addTo(Command& command);
     /// Adds an option that sets the setting \p key.
-    void add(Command& command, const char* form, const char* key, const char* text);
+    void add(Command& command, const QString& form, const QString& key, const QString& text);
 
     LoadedSettings load() const;
     /// Prints what is wrong with the settings, one line each; true when something is.

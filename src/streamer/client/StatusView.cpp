@@ -18,10 +18,10 @@ QString joined(const QString& a, const QString& separator, const QString& b)
 StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_terminal(terminal)
 {
     const auto text = [](const QJsonObject& object, const char* name) {
-        return shown(object.value(QLatin1String(name)).toString());
+        return shown(object.value(name).toString());
     };
     const auto number = [&player](const char* name) {
-        return player.value(QLatin1String(name)).toVariant().toLongLong();
+        return player.value(name).toVariant().toLongLong();
     };
     m_state = text(player, "state");
     m_artist = text(player, "artist");
@@ -29,20 +29,20 @@ StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_
     m_album = text(player, "album");
     m_path = text(player, "path");
     m_note = text(player, "note");
-    const QJsonObject quality = player.value(QLatin1String("quality")).toObject();
+    const QJsonObject quality = player.value("quality").toObject();
     m_asked = text(quality, "asked");
     m_delivered = text(quality, "delivered");
     m_position = number("positionMs");
     m_duration = number("durationMs");
-    m_volume = player.value(QLatin1String("volume")).toInt(-1);
+    m_volume = player.value("volume").toInt(-1);
 }
 
 QString StatusView::styledState() const
 {
     using Style = Terminal::Style;
-    const Style style = m_state == QLatin1String("playing")   ? Style::Good
-                        : m_state == QLatin1String("stopped") ? Style::Dim
-                                                              : Style::Warning;
+    const Style style = m_state == "playing"   ? Style::Good
+                        : m_state == "stopped" ? Style::Dim
+                                               : Style::Warning;
     return m_terminal.styled(m_state, style);
 }
 
@@ -50,7 +50,7 @@ QString StatusView::times() const
 {
     if (m_duration <= 0)
         return m_position > 0 ? clockTime(m_position) : QString();
-    return clockTime(m_position) + QStringLiteral(" / ") + clockTime(m_duration);
+    return clockTime(m_position) + " / " + clockTime(m_duration);
 }
 
 QString StatusView::bar() const
@@ -68,9 +68,7 @@ QString StatusView::quality() const
 {
     if (m_asked.isEmpty() || m_asked == m_delivered || m_delivered.isEmpty())
         return joined(m_delivered, QString(),
-                      m_delivered.isEmpty() && !m_asked.isEmpty()
-                          ? m_asked + QStringLiteral(" asked")
-                          : QString());
+                      m_delivered.isEmpty() && !m_asked.isEmpty() ? m_asked + " asked" : QString());
     return QStringLiteral("%1 asked, %2 delivered").arg(m_asked, m_delivered);
 }
 
@@ -83,35 +81,33 @@ QStringList StatusView::block() const
 {
     const int width = m_terminal.width();
     const int left = qMax(8, width - columns(m_state) - 2);
-    QStringList lines{joined(styledState(), QStringLiteral("  "),
-                             m_terminal.styled(cut(m_title, left), Terminal::Style::Bold))};
+    QStringList lines{
+        joined(styledState(), "  ", m_terminal.styled(cut(m_title, left), Terminal::Style::Bold))};
     const auto add = [&lines](const QString& line) {
         if (!line.isEmpty())
-            lines.append(QStringLiteral("  ") + line);
+            lines.append("  " + line);
     };
-    const auto addNamed = [&](const char* name, const QString& text) {
+    const auto addNamed = [&](const QString& name, const QString& text) {
         if (!text.isEmpty())
-            add(m_terminal.styled(QString::fromLatin1(name).leftJustified(9),
-                                  Terminal::Style::Dim) +
+            add(m_terminal.styled(name.leftJustified(9), Terminal::Style::Dim) +
                 cut(text, qMax(8, width - 11)));
     };
-    add(cut(joined(m_artist, QStringLiteral(" · "), m_album), qMax(8, width - 2)));
-    add(joined(bar(), QStringLiteral("  "), times()));
+    add(cut(joined(m_artist, " · ", m_album), qMax(8, width - 2)));
+    add(joined(bar(), "  ", times()));
     addNamed("quality", quality());
     addNamed("volume", volume());
     addNamed("note", m_note);
     if (!m_path.isEmpty()) // for pasting, so never cut
-        add(m_terminal.styled(QStringLiteral("path     "), Terminal::Style::Dim) +
-            shellWord(m_path));
+        add(m_terminal.styled("path     ", Terminal::Style::Dim) + shellWord(m_path));
     return lines;
 }
 
 /// What names the item gives way to what stands behind it, which says nothing when it is cut.
 QString StatusView::oneLine(bool withPosition) const
 {
-    const QString separator = QStringLiteral("  ");
+    const QString separator = "  ";
     const QString behind = joined(withPosition ? times() : QString(), separator, quality());
-    QString line = joined(m_title, QStringLiteral(" - "), m_artist);
+    QString line = joined(m_title, " - ", m_artist);
     if (!m_album.isEmpty())
         line += QStringLiteral(" (%1)").arg(m_album);
     const int left = qMax(8, m_terminal.width() - columns(m_state) - 2);

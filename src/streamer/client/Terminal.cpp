@@ -81,7 +81,7 @@ void Terminal::redraw(const QStringList& lines, const QString& last)
 
 int Terminal::heightOf(const QString& text) const
 {
-    static const QRegularExpression style(QStringLiteral("\033\\[[0-9;]*m"));
+    static const QRegularExpression style("\033\\[[0-9;]*m");
     const int all = columns(QString(text).remove(style));
     return qMax(1, (all + width() - 1) / width());
 }
@@ -91,8 +91,7 @@ QString Terminal::styled(const QString& text, Style style) const
     static const char* const codes[] = {"", "1", "2", "32", "33", "31", "36"};
     if (!hasColours() || style == Style::Plain || text.isEmpty())
         return text;
-    return QStringLiteral("\033[%1m%2\033[0m")
-        .arg(QLatin1String(codes[static_cast<int>(style)]), text);
+    return QStringLiteral("\033[%1m%2\033[0m").arg(codes[static_cast<int>(style)], text);
 }
 
 } // namespace cli

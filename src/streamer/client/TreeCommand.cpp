@@ -47,9 +47,7 @@ int TreeCommand::run(const CommandContext& context)
     const QJsonArray rows = descend(context, reply.document, depth, 1);
     if (context.isJson) {
         const QJsonObject tree{
-            {QStringLiteral("path"), path},
-            {QStringLiteral("rowsCount"), reply.document.value(QLatin1String("rowsCount"))},
-            {QStringLiteral("rows"), rows}};
+            {"path", path}, {"rowsCount", reply.document.value("rowsCount")}, {"rows", rows}};
         context.printJson(QJsonDocument(tree).toJson(QJsonDocument::Compact));
     }
     return ExitDone;
@@ -88,17 +86,16 @@ QJsonObject TreeCommand::visit(const CommandContext& context, const QJsonObject&
     if (depth <= 1 || !isContainer(row) || path.isEmpty())
         return result;
     if (m_read.contains(path)) {
-        note(context, level + 1, QStringLiteral("(shown above)"));
+        note(context, level + 1, "(shown above)");
         return result;
     }
     m_read.insert(path);
     const ApiReply below = context.api.rows(path, 0, rowsPerLevel - 1);
     if (below.isDone()) {
-        result.insert(QStringLiteral("rows"),
-                      descend(context, below.document, depth - 1, level + 1));
+        result.insert("rows", descend(context, below.document, depth - 1, level + 1));
     } else {
         note(context, level + 1, QStringLiteral("(%1)").arg(below.message));
-        result.insert(QStringLiteral("problem"), below.message);
+        result.insert("problem", below.message);
     }
     return result;
 }

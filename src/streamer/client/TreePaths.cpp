@@ -25,9 +25,8 @@ QVector<Completion::Candidate> keepStarting(const QVector<Completion::Candidate>
 
 QVector<Completion::Candidate> TreePaths::startingWith(const QString& prefix)
 {
-    const Candidates tops{{topPath(), QStringLiteral("the service")},
-                          {QStringLiteral("/settings"), QStringLiteral("settings")},
-                          {QStringLiteral("/oauth2/services"), QStringLiteral("logins")}};
+    const Candidates tops{
+        {topPath(), "the service"}, {"/settings", "settings"}, {"/oauth2/services", "logins"}};
     const Candidates found = keepStarting(tops, prefix);
     const bool isTop = found.size() == 1 && found.first().text == prefix;
     if (!found.isEmpty() && !isTop)
@@ -53,7 +52,7 @@ QVector<Completion::Candidate> TreePaths::startingWith(const QString& prefix)
 /// the others what the service holds.
 QVector<Completion::Candidate> TreePaths::searched(const QString& prefix)
 {
-    const QString settings = QStringLiteral("/settings");
+    const QString settings = "/settings";
     QStringList lists{prefix.startsWith(settings) ? settings : topPath()};
     Candidates found;
     for (int i = 0; i < lists.size() && i < mostLists; ++i) {
@@ -71,7 +70,7 @@ QVector<Completion::Candidate> TreePaths::searched(const QString& prefix)
 QVector<Completion::Candidate> TreePaths::rowsOf(const QString& list)
 {
     Candidates result;
-    const ApiReply reply = m_api.rows(list, 0, rowsPerList - 1, QStringLiteral("Title,Path"));
+    const ApiReply reply = m_api.rows(list, 0, rowsPerList - 1, "Title,Path");
     for (const QJsonObject& row : rowsIn(reply.document)) {
         const QString path = shown(textIn(row, "Path"));
         if (!path.isEmpty())

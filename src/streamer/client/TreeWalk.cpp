@@ -22,22 +22,22 @@ QString contextPath(const QJsonObject& row)
 
 bool isContainer(const QJsonObject& row)
 {
-    return textIn(row, "Type") == QLatin1String("Container");
+    return textIn(row, "Type") == "Container";
 }
 
 bool isAction(const QJsonObject& row)
 {
-    return textIn(row, "Type") == QLatin1String("Action");
+    return textIn(row, "Type") == "Action";
 }
 
 bool isField(const QJsonObject& row)
 {
-    return textIn(row, "Type") == QLatin1String("Text");
+    return textIn(row, "Type") == "Text";
 }
 
 bool hasSegment(const QJsonObject& row, const char* segment)
 {
-    return PathText::parse(textIn(row, "Path")).base.split('/').contains(QLatin1String(segment));
+    return PathText::parse(textIn(row, "Path")).base.split('/').contains(segment);
 }
 
 QJsonObject TreeWalk::take(const std::function<ApiReply()>& ask)
@@ -84,7 +84,7 @@ QJsonObject TreeWalk::inMenu(const QString& menu, bool (*match)(const QJsonObjec
                              const char* segment)
 {
     if (menu.isEmpty())
-        refuse(QStringLiteral("this row has no context menu"));
+        refuse("this row has no context menu");
     return need(
         menu, [&](const QJsonObject& row) { return match(row) && hasSegment(row, segment); },
         QStringLiteral("the menu %1 does not offer this").arg(shown(menu)));
@@ -116,10 +116,10 @@ int TreeWalk::countOf(const QString& list, int from, int to, const QString& want
 
 QJsonObject TreeWalk::data(const QString& path, const QString& language)
 {
-    Query query{{QStringLiteral("path"), path}};
+    Query query{{"path", path}};
     if (!language.isEmpty())
-        query.append({QStringLiteral("language"), language});
-    return objectIn(take([&] { return m_api.get(QStringLiteral("data"), query); }), "data");
+        query.append({"language", language});
+    return objectIn(take([&] { return m_api.get("data", query); }), "data");
 }
 
 /// Menus, choosers and forms are containers of their own type, which no list of items has. The
@@ -127,11 +127,11 @@ QJsonObject TreeWalk::data(const QString& path, const QString& language)
 QString TreeWalk::menuOf(const QString& path)
 {
     QJsonObject roles = data(path);
-    if (textIn(roles, "ContainerType") == QLatin1String("List"))
+    if (textIn(roles, "ContainerType") == "List")
         return path;
     if (path.contains('?')) {
-        const Query query{{QStringLiteral("path"), path}};
-        roles = objectIn(take([&] { return m_api.get(QStringLiteral("row"), query); }), "row");
+        const Query query{{"path", path}};
+        roles = objectIn(take([&] { return m_api.get("row", query); }), "row");
     }
     const QString menu = contextPath(roles);
     if (menu.isEmpty())
@@ -143,7 +143,7 @@ QString TreeWalk::ownCollection()
 {
     const QJsonObject row = need(
         topPath(), [](const QJsonObject& one) { return hasSegment(one, "myMusic"); },
-        QStringLiteral("playlists are not offered now; they need a login (kelo login)"));
+        "playlists are not offered now; they need a login (kelo login)");
     return textIn(row, "Path");
 }
 

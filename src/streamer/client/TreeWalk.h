@@ -51,7 +51,7 @@ public:
     /// The path of the user's collection, and of the list of the user's own playlists in it.
     QString ownCollection();
     QString ownPlaylists();
-    void set(const QString& path, const QByteArray& value = QByteArrayLiteral("1"));
+    void set(const QString& path, const QByteArray& value = "1");
 
 private:
     static constexpr int pageSize = 50;

@@ -24,11 +24,10 @@ int watch(const CommandContext& context, const QStringList& paths)
         }
         const QJsonObject notice = QJsonDocument::fromJson(event.data).object();
         const QString path = textIn(notice, "path");
-        context.terminal.line(QStringList{QTime::currentTime().toString(QStringLiteral("HH:mm:ss")),
-                                          shellWord(shown(path)),
-                                          changeText(notice.value(QLatin1String("change"))),
-                                          valueText(notice.value(QLatin1String("count")))}
-                                  .join(QStringLiteral("  ")));
+        context.terminal.line(
+            QStringList{QTime::currentTime().toString("HH:mm:ss"), shellWord(shown(path)),
+                        changeText(notice.value("change")), valueText(notice.value("count"))}
+                .join("  "));
         return true;
     });
     return context.finish(stream);

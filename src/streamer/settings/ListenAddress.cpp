@@ -16,10 +16,9 @@ bool isIpv6(const QString& host)
 /// Digits and dots alone are never a name.
 bool isIpv4OrHostName(const QString& host)
 {
-    static const QRegularExpression digitsAndDots(QStringLiteral("^[0-9.]+$"));
-    static const QRegularExpression name(
-        QStringLiteral("^(?=.{1,253}$)[A-Za-z0-9]([A-Za-z0-9-]*[A-Za-z0-9])?"
-                       "(\\.[A-Za-z0-9]([A-Za-z0-9-]*[A-Za-z0-9])?)*$"));
+    static const QRegularExpression digitsAndDots("^[0-9.]+$");
+    static const QRegularExpression name("^(?=.{1,253}$)[A-Za-z0-9]([A-Za-z0-9-]*[A-Za-z0-9])?"
+                                         "(\\.[A-Za-z0-9]([A-Za-z0-9-]*[A-Za-z0-9])?)*$");
     if (digitsAndDots.match(host).hasMatch()) {
         in_addr address;
         return inet_pton(AF_INET, host.toLatin1().constData(), &address) == 1;
@@ -29,8 +28,7 @@ bool isIpv4OrHostName(const QString& host)
 
 std::optional<ListenAddress> ListenAddress::parse(const QString& text)
 {
-    static const QRegularExpression form(
-        QStringLiteral("^(?:\\[(.+)\\]|([^:\\[\\]]+)):([0-9]{1,5})$"));
+    static const QRegularExpression form("^(?:\\[(.+)\\]|([^:\\[\\]]+)):([0-9]{1,5})$");
     const auto match = form.match(text);
     if (!match.hasMatch())
         return std::nullopt;
@@ -44,6 +42,6 @@ std::optional<ListenAddress> ListenAddress::parse(const QString& text)
 
 QString ListenAddress::toString() const
 {
-    const QString form = host.contains(':') ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2");
+    const QString form = host.contains(':') ? "[%1]:%2" : "%1:%2";
     return form.arg(host).arg(port);
 }

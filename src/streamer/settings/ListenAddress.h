@@ -10,7 +10,7 @@ bool isIpv4OrHostName(const QString& host);
 /// plain value. It does not look names up.
 struct ListenAddress
 {
-    QString host = QStringLiteral("127.0.0.1"); ///< without the brackets of an IPv6 address
+    QString host = "127.0.0.1"; ///< without the brackets of an IPv6 address
     quint16 port = 8095;
 
     /// Reads `ADDR:PORT`, an IPv6 address in brackets; nothing when the text is no such address.

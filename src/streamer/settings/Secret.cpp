@@ -2,7 +2,7 @@
 
 QString Secret::masked() const
 {
-    return m_text.isEmpty() ? QString() : QStringLiteral("***");
+    return m_text.isEmpty() ? QString() : "***";
 }
 
 QDebug operator<<(QDebug debug, const Secret& secret)

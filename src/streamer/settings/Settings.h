@@ -19,8 +19,8 @@ struct ServerSettings
 
 struct LogSettings
 {
-    QString level = QStringLiteral("info"); ///< trace, debug, info, warn or error
-    QString file;                           ///< empty: stderr
+    QString level = "info"; ///< trace, debug, info, warn or error
+    QString file;           ///< empty: stderr
 };
 
 /// How long a request that came from outside may stay unanswered, in seconds.
@@ -33,33 +33,33 @@ struct DeadlineSettings
 
 struct PlayerSettings
 {
-    QString output = QStringLiteral("auto"); ///< auto, null or a GStreamer sink description
-    bool mpris = true;                       ///< offered on the session bus, where there is one
+    QString output = "auto"; ///< auto, null or a GStreamer sink description
+    bool mpris = true;       ///< offered on the session bus, where there is one
 };
 
 struct OAuth2Settings
 {
-    QString deviceCodeUrl = QStringLiteral("https://auth.tidal.com/v1/oauth2/device_authorization");
-    QString authorizationUrl = QStringLiteral("https://login.tidal.com/authorize");
-    QString tokenUrl = QStringLiteral("https://auth.tidal.com/v1/oauth2/token");
+    QString deviceCodeUrl = "https://auth.tidal.com/v1/oauth2/device_authorization";
+    QString authorizationUrl = "https://login.tidal.com/authorize";
+    QString tokenUrl = "https://auth.tidal.com/v1/oauth2/token";
     QString clientId;
     Secret clientSecret;
     QString clientSecretFile; ///< where clientSecret was read from, when it came from a file
-    QString scope = QStringLiteral("r_usr w_usr w_sub");
+    QString scope = "r_usr w_usr w_sub";
 };
 
 struct TidalSettings
 {
-    QString apiUrl = QStringLiteral("https://api.tidal.com/v1"); ///< without a closing slash
-    QString countryCode = QStringLiteral("NO");
-    QString imageUrl = QStringLiteral("https://resources.tidal.com/images/"); ///< with one
-    QString imageSize = QStringLiteral("320x320");
-    QString imageSizeArtist = QStringLiteral("320x320");
-    QString imageSizePlaylist = QStringLiteral("480x320");
-    QString imageSizeGenre = QStringLiteral("460x306");
-    QString imageSizeMood = QStringLiteral("342x342");
+    QString apiUrl = "https://api.tidal.com/v1"; ///< without a closing slash
+    QString countryCode = "NO";
+    QString imageUrl = "https://resources.tidal.com/images/"; ///< with one
+    QString imageSize = "320x320";
+    QString imageSizeArtist = "320x320";
+    QString imageSizePlaylist = "480x320";
+    QString imageSizeGenre = "460x306";
+    QString imageSizeMood = "342x342";
     int maxIdleTimeMs = 30000;
-    QString soundQuality = QStringLiteral("LOSSLESS"); ///< LOW, HIGH, LOSSLESS or HI_RES
+    QString soundQuality = "LOSSLESS"; ///< LOW, HIGH, LOSSLESS or HI_RES
     bool usePostPaywall = true;
     OAuth2Settings oauth2;
 };

@@ -18,7 +18,7 @@ struct TextRule
 
 TextRule anyText()
 {
-    return {QStringLiteral("a text"), [](const QString&) { return true; }};
+    return {"a text", [](const QString&) { return true; }};
 }
 
 TextRule matching(const QString& wanted, const QString& pattern)
@@ -30,7 +30,7 @@ TextRule matching(const QString& wanted, const QString& pattern)
 
 TextRule oneOf(const QStringList& words)
 {
-    TextRule rule{QStringLiteral("one of %1").arg(words.join(QStringLiteral(", "))),
+    TextRule rule{QStringLiteral("one of %1").arg(words.join(", ")),
                   [words](const QString& text) { return words.contains(text); }};
     rule.choices = words;
     return rule;
@@ -38,13 +38,10 @@ TextRule oneOf(const QStringList& words)
 
 TextRule webAddress()
 {
-    return {QStringLiteral("an http or https address without user, password or fragment"),
-            [](const QString& text) {
+    return {"an http or https address without user, password or fragment", [](const QString& text) {
                 const QUrl url(text, QUrl::StrictMode);
                 return url.isValid() && !url.host().isEmpty() && url.userInfo().isEmpty() &&
-                       !url.hasFragment() &&
-                       (url.scheme() == QLatin1String("http") ||
-                        url.scheme() == QLatin1String("https"));
+                       !url.hasFragment() && (url.scheme() == "http" || url.scheme() == "https");
             }};
 }
 
@@ -71,8 +68,7 @@ TextRule addressWithClosingSlash()
 template <typename Member>
 SettingsKey text(const char* name, const char* meaning, Member member, const TextRule& rule)
 {
-    SettingsKey key{QString::fromLatin1(name), QString::fromLatin1(meaning),
-                    SettingsKey::Kind::Text, rule.wanted, rule.choices};
+    SettingsKey key{name, meaning, SettingsKey::Kind::Text, rule.wanted, rule.choices};
     key.store = [member, rule](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::String || !rule.accepts(value.toString()))
             return false;
@@ -87,8 +83,7 @@ template <typename Member>
 SettingsKey seconds(const char* name, const char* meaning, Member member)
 {
     constexpr double longest = 24 * 60 * 60;
-    SettingsKey key{QString::fromLatin1(name), QString::fromLatin1(meaning),
-                    SettingsKey::Kind::Number,
+    SettingsKey key{name, meaning, SettingsKey::Kind::Number,
                     QStringLiteral("seconds above 0, at most %1").arg(longest)};
     key.store = [member](Settings& settings, const QVariant& value) {
         const bool isNumber =
@@ -107,7 +102,7 @@ template <typename Member>
 SettingsKey milliseconds(const char* name, const char* meaning, Member member)
 {
     SettingsKey key{
-        QString::fromLatin1(name), QString::fromLatin1(meaning), SettingsKey::Kind::Integer,
+        name, meaning, SettingsKey::Kind::Integer,
         QStringLiteral("whole milliseconds, 0 to %1").arg(std::numeric_limits<int>::max())};
     key.store = [member](Settings& settings, const QVariant& value) {
         const qlonglong number = value.type() == QVariant::LongLong ? value.toLongLong() : -1;
@@ -123,11 +118,7 @@ SettingsKey milliseconds(const char* name, const char* meaning, Member member)
 template <typename Member>
 SettingsKey boolean(const char* name, const char* meaning, Member member)
 {
-    SettingsKey key{QString::fromLatin1(name),
-                    QString::fromLatin1(meaning),
-                    SettingsKey::Kind::Boolean,
-                    QStringLiteral("true or false"),
-                    {QStringLiteral("true"), QStringLiteral("false")}};
+    SettingsKey key{name, meaning, SettingsKey::Kind::Boolean, "true or false", {"true", "false"}};
     key.store = [member](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::Bool)
             return false;
@@ -140,10 +131,8 @@ SettingsKey boolean(const char* name, const char* meaning, Member member)
 
 SettingsKey listenAddress()
 {
-    SettingsKey key{QStringLiteral("server.listen"),
-                    QStringLiteral("Where the streamer listens; port 0 picks a free one."),
-                    SettingsKey::Kind::Text,
-                    QStringLiteral("ADDR:PORT, such as 127.0.0.1:8095 or [::1]:0")};
+    SettingsKey key{"server.listen", "Where the streamer listens; port 0 picks a free one.",
+                    SettingsKey::Kind::Text, "ADDR:PORT, such as 127.0.0.1:8095 or [::1]:0"};
     key.store = [](Settings& settings, const QVariant& value) {
         const auto address = value.type() == QVariant::String
                                  ? ListenAddress::parse(value.toString())
@@ -158,11 +147,10 @@ SettingsKey listenAddress()
 
 SettingsKey hostNames()
 {
-    SettingsKey key{QStringLiteral("server.host_names"),
-                    QStringLiteral("Further names under which clients reach the streamer; calls "
-                                   "through other names are refused."),
-                    SettingsKey::Kind::TextList,
-                    QStringLiteral("a list of host names without port")};
+    SettingsKey key{"server.host_names",
+                    "Further names under which clients reach the streamer; calls "
+                    "through other names are refused.",
+                    SettingsKey::Kind::TextList, "a list of host names without port"};
     key.store = [](Settings& settings, const QVariant& value) {
         const QStringList names = value.toStringList();
         if (value.type() != QVariant::StringList ||
@@ -177,10 +165,10 @@ SettingsKey hostNames()
 
 SettingsKey clientSecret()
 {
-    SettingsKey key{QStringLiteral("tidal.oauth2.client_secret"),
-                    QStringLiteral("The secret of your client id. It may also come from a file or "
-                                   "from a credential of the service manager."),
-                    SettingsKey::Kind::Text, QStringLiteral("a text")};
+    SettingsKey key{"tidal.oauth2.client_secret",
+                    "The secret of your client id. It may also come from a file or "
+                    "from a credential of the service manager.",
+                    SettingsKey::Kind::Text, "a text"};
     key.isSecret = true;
     key.store = [](Settings& settings, const QVariant& value) {
         if (value.type() != QVariant::String)
@@ -196,12 +184,10 @@ SettingsKey clientSecret()
 
 std::vector<SettingsKey> makeKeys()
 {
-    const TextRule size = matching(QStringLiteral("WIDTHxHEIGHT, such as 320x320"),
-                                   QStringLiteral("[1-9][0-9]{0,4}x[1-9][0-9]{0,4}"));
-    const TextRule notEmpty = matching(QStringLiteral("auto, null or a GStreamer sink description"),
-                                       QStringLiteral(".*\\S.*"));
-    const TextRule country =
-        matching(QStringLiteral("a country as two capital letters"), QStringLiteral("[A-Z]{2}"));
+    const TextRule size =
+        matching("WIDTHxHEIGHT, such as 320x320", "[1-9][0-9]{0,4}x[1-9][0-9]{0,4}");
+    const TextRule notEmpty = matching("auto, null or a GStreamer sink description", ".*\\S.*");
+    const TextRule country = matching("a country as two capital letters", "[A-Z]{2}");
     const auto withSlash = addressWithClosingSlash();
     const auto withoutSlash = addressWithoutClosingSlash();
     const auto address = webAddress();

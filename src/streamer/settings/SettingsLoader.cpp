@@ -21,15 +21,15 @@ QString fromUtf8(std::string_view text)
 QString described(const QVariant& value, bool isSecret)
 {
     if (value.type() == QVariant::StringList)
-        return QStringLiteral("[%1]").arg(value.toStringList().join(QStringLiteral(", ")).left(60));
+        return QStringLiteral("[%1]").arg(value.toStringList().join(", ").left(60));
     if (value.type() != QVariant::String)
         return value.toString();
     if (isSecret)
-        return QStringLiteral("a text");
+        return "a text";
     const QString text = value.toString();
     if (text.contains('@'))
-        return QStringLiteral("a text with an \"@\"");
-    return '"' + (text.size() > 60 ? text.left(60) + QStringLiteral("...") : text) + '"';
+        return "a text with an \"@\"";
+    return '"' + (text.size() > 60 ? text.left(60) + "..." : text) + '"';
 }
 
 QString unknownKey(const QString& name)
@@ -42,9 +42,8 @@ QString unknownKey(const QString& name)
     }
     if (words.isEmpty())
         return QStringLiteral("%1: no such key; wanted a key of the sections %2")
-            .arg(name, settingsSections().join(QStringLiteral(", ")));
-    return QStringLiteral("%1: no such key; wanted one of %2")
-        .arg(name, words.join(QStringLiteral(", ")));
+            .arg(name, settingsSections().join(", "));
+    return QStringLiteral("%1: no such key; wanted one of %2").arg(name, words.join(", "));
 }
 
 QString notWanted(const SettingsKey& key, const QString& got)
@@ -82,7 +81,7 @@ private:
     void readSecretFile(const QString& file, const QString& origin);
     void problem(const QString& where, const QString& what)
     {
-        m_result.problems.append(where + QStringLiteral(": ") + what);
+        m_result.problems.append(where + ": " + what);
     }
 
     LoadedSettings& m_result;
@@ -93,7 +92,7 @@ void Reading::readFile(const QString& file)
     m_result.file = file;
     QFile input(file);
     if (QFileInfo(file).isDir() || !input.open(QIODevice::ReadOnly)) {
-        problem(file, QStringLiteral("cannot be read"));
+        problem(file, "cannot be read");
         return;
     }
     const QByteArray content = input.readAll();
@@ -143,8 +142,7 @@ void Reading::readNode(const toml::node& node, const QString& name, const QStrin
     } else {
         std::ostringstream type;
         type << node.type();
-        problem(where, notWanted(*key, QStringLiteral("a value of type ") +
-                                           QString::fromStdString(type.str())));
+        problem(where, notWanted(*key, "a value of type " + QString::fromStdString(type.str())));
     }
 }
 
@@ -164,7 +162,7 @@ void Reading::apply(const SettingsOverride& given)
         return;
     }
     if (given.value.isNull()) {
-        problem(given.origin, notWanted(*key, QStringLiteral("no \"=\" and value")));
+        problem(given.origin, notWanted(*key, "no \"=\" and value"));
         return;
     }
     bool isNumber = false;
@@ -176,8 +174,8 @@ void Reading::apply(const SettingsOverride& given)
         const double number = given.value.toDouble(&isNumber);
         value = isNumber ? QVariant(number) : value;
     } else if (key->kind == SettingsKey::Kind::Boolean) {
-        if (given.value == QLatin1String("true") || given.value == QLatin1String("false"))
-            value = given.value == QLatin1String("true");
+        if (given.value == "true" || given.value == "false")
+            value = given.value == "true";
     } else if (key->kind == SettingsKey::Kind::TextList) {
         value = given.value.split(',', Qt::SkipEmptyParts);
     }
@@ -191,19 +189,19 @@ void Reading::findClientSecret()
     OAuth2Settings& oauth2 = m_result.settings.tidal.oauth2;
     if (!oauth2.clientSecret.isEmpty())
         return;
-    const QString fileKey = QStringLiteral("tidal.oauth2.client_secret_file");
+    const QString fileKey = "tidal.oauth2.client_secret_file";
     if (!oauth2.clientSecretFile.isEmpty()) {
         const QString origin = m_result.origin(fileKey);
         if (origin.startsWith(m_result.file + ':') && !m_result.file.isEmpty())
             oauth2.clientSecretFile =
                 QFileInfo(m_result.file).absoluteDir().absoluteFilePath(oauth2.clientSecretFile);
-        readSecretFile(oauth2.clientSecretFile, origin + QStringLiteral(": ") + fileKey);
+        readSecretFile(oauth2.clientSecretFile, origin + ": " + fileKey);
         return;
     }
     const QString credentials = qEnvironmentVariable("CREDENTIALS_DIRECTORY");
-    const QString credential = credentials + QStringLiteral("/kelo.client_secret");
+    const QString credential = credentials + "/kelo.client_secret";
     if (!credentials.isEmpty() && QFileInfo::exists(credential))
-        readSecretFile(credential, QStringLiteral("CREDENTIALS_DIRECTORY"));
+        readSecretFile(credential, "CREDENTIALS_DIRECTORY");
 }
 
 void Reading::readSecretFile(const QString& file, const QString& origin)
@@ -211,13 +209,12 @@ void Reading::readSecretFile(const QString& file, const QString& origin)
     constexpr int longestSecret = 4096;
     QFile input(file);
     if (QFileInfo(file).isDir() || !input.open(QIODevice::ReadOnly)) {
-        problem(origin,
-                QStringLiteral("wanted a file with the client secret, cannot read ") + file);
+        problem(origin, "wanted a file with the client secret, cannot read " + file);
         return;
     }
     const QString text = QString::fromUtf8(input.read(longestSecret)).trimmed();
     m_result.settings.tidal.oauth2.clientSecret = Secret(text);
-    m_result.origins.insert(QStringLiteral("tidal.oauth2.client_secret"), file);
+    m_result.origins.insert("tidal.oauth2.client_secret", file);
 }
 
 /// The user's file, else the system's, else nothing.
@@ -225,9 +222,8 @@ QString defaultFile()
 {
     QString folder = qEnvironmentVariable("XDG_CONFIG_HOME");
     if (folder.isEmpty())
-        folder = QDir::homePath() + QStringLiteral("/.config");
-    for (const QString& file :
-         {folder + QStringLiteral("/kelo/kelo.toml"), QStringLiteral("/etc/kelo/kelo.toml")}) {
+        folder = QDir::homePath() + "/.config";
+    for (const QString& file : {folder + "/kelo/kelo.toml", QString("/etc/kelo/kelo.toml")}) {
         if (QFileInfo::exists(file))
             return file;
     }
@@ -258,8 +254,6 @@ SettingsOverride SettingsLoader::splitOverride(const QString& text)
 {
     const int at = text.indexOf('=');
     if (at < 0)
-        return {text, QString(), QStringLiteral("-o")};
-    return {text.left(at).trimmed(),
-            text.mid(at + 1).isNull() ? QStringLiteral("") : text.mid(at + 1),
-            QStringLiteral("-o")};
+        return {text, QString(), "-o"};
+    return {text.left(at).trimmed(), text.mid(at + 1).isNull() ? "" : text.mid(at + 1), "-o"};
 }

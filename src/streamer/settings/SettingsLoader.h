@@ -23,10 +23,7 @@ struct LoadedSettings
     QHash<QString, QString> origins; ///< key name -> "file:line", "-o", ...; absent: the default
     QStringList problems;            ///< one sentence each; not empty: do not use the settings
 
-    QString origin(const QString& key) const
-    {
-        return origins.value(key, QStringLiteral("default"));
-    }
+    QString origin(const QString& key) const { return origins.value(key, "default"); }
 };
 
 /// Reads the settings: defaults, then the file, then the overrides, then the client secret from

@@ -11,6 +11,5 @@ QString stateDirectory(const QString& given)
     if (!managed.isEmpty())
         return managed;
     const QString user = qEnvironmentVariable("XDG_STATE_HOME");
-    return (user.isEmpty() ? QDir::homePath() + QStringLiteral("/.local/state") : user) +
-           QStringLiteral("/kelo");
+    return (user.isEmpty() ? QDir::homePath() + "/.local/state" : user) + "/kelo";
 }
