@@ -12,35 +12,26 @@ EventParser::EventParser(std::function<bool(const ServerEvent&)> handle)
 bool EventParser::feed(const char* bytes, size_t size)
 {
     constexpr int longestEvent = 4 * 1024 * 1024;
-    for (size_t i = 0; i < size; ++i) {
-        const char c = bytes[i];
-        const bool isSecondHalf = c == '\n' && m_afterReturn;
-        m_afterReturn = c == '\r';
-        if (isSecondHalf)
-            continue;
-        if (c == '\n' || c == '\r') {
-            if (!takeLine())
-                return false;
-        } else {
-            m_line.append(c);
-            if (m_line.size() + m_event.data.size() > longestEvent)
-                return false;
-        }
+    m_rest.append(bytes, static_cast<int>(size));
+    int begin = 0;
+    for (int end; (end = m_rest.indexOf('\n', begin)) >= 0; begin = end + 1) {
+        if (!takeLine(m_rest.mid(begin, end - begin)))
+            return false;
     }
-    return true;
+    m_rest.remove(0, begin);
+    return m_rest.size() + m_event.data.size() <= longestEvent;
 }
 
-bool EventParser::takeLine()
+bool EventParser::takeLine(QByteArray line)
 {
-    const QByteArray line = std::exchange(m_line, {});
+    if (line.endsWith('\r'))
+        line.chop(1);
     if (line.isEmpty()) {
-        ServerEvent event = std::exchange(m_event, {});
-        if (event.name.isEmpty())
-            event.name = "message";
+        const ServerEvent event = std::exchange(m_event, {});
         return !std::exchange(m_hasData, false) || m_handle(event);
     }
     const int colon = line.indexOf(':');
-    const QByteArray field = colon < 0 ? line : line.left(colon);
+    const QByteArray field = line.left(colon);
     QByteArray value = colon < 0 ? QByteArray() : line.mid(colon + 1);
     if (value.startsWith(' '))
         value.remove(0, 1);

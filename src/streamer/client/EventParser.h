@@ -8,12 +8,13 @@ namespace cli {
 /// One server-sent event.
 struct ServerEvent
 {
-    QByteArray name; ///< "message" where the server named none
+    QByteArray name;
     QByteArray data;
 };
 
-/// Cuts a stream of bytes into server-sent events (WHATWG HTML, section 9.2.6). Owned by the
-/// reader of one stream and used on its thread. It does not reconnect and keeps no event ids.
+/// Cuts a stream of bytes into server-sent events (WHATWG HTML, section 9.2.6), whose lines end in
+/// a line feed, with or without a carriage return. Owned by the reader of one stream and used on
+/// its thread. It does not reconnect and keeps no event ids.
 class EventParser
 {
 public:
@@ -25,13 +26,12 @@ public:
     [[nodiscard]] bool feed(const char* bytes, size_t size);
 
 private:
-    bool takeLine();
+    bool takeLine(QByteArray line);
 
     std::function<bool(const ServerEvent&)> m_handle;
-    QByteArray m_line; ///< the unfinished line
+    QByteArray m_rest; ///< the unfinished line
     ServerEvent m_event;
     bool m_hasData = false;
-    bool m_afterReturn = false; ///< a line feed that follows belongs to the carriage return
 };
 
 } // namespace cli
