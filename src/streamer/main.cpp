@@ -13,7 +13,7 @@ void endOnInterrupt()
     std::signal(SIGINT, [](int) { _exit(cli::ExitDone); });
 }
 
-bool waitToRetry()
+bool waitASecond()
 {
     sleep(1);
     return true;
@@ -31,6 +31,6 @@ void endSoon()
 int main(int argc, char** argv)
 {
     cli::CommandLine commandLine({std::cout, std::cerr, cli::Terminal::ofStdout(), keloServe,
-                                  endOnInterrupt, waitToRetry, endSoon});
+                                  endOnInterrupt, waitASecond, endSoon});
     return commandLine.run(std::vector<std::string>(argv + 1, argv + argc));
 }

@@ -133,8 +133,6 @@ void ScriptedServer::serve(int fd)
         }
         const Answer answer = m_script(request);
         sendAll(fd, answer.bytes);
-        if (answer.rest)
-            sendAll(fd, answer.rest());
         if (answer.then == Then::Close)
             break;
         char byte = 0;

@@ -20,7 +20,6 @@ public:
     {
         std::string bytes;
         Then then = Then::Keep;
-        std::function<std::string()> rest = {}; ///< of the bytes; may wait, and is sent after them
     };
     /// Gets the whole request, head and body; runs on the connection's thread.
     using Script = std::function<Answer(const std::string& request)>;

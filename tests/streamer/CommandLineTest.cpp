@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <QJsonDocument>
 #include <QTemporaryDir>
-#include <QTextStream>
 
 namespace {
 

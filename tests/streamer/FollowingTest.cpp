@@ -10,10 +10,10 @@ using testing::HasSubstr;
 const char* const events = "GET /api/v1/events";
 const char* const eventsOfA = "GET /api/v1/events?path=%2Fa";
 
-ScriptedStreamer::Answer stream(const std::string& body, const std::string& after = "")
+ScriptedStreamer::Answer stream(const std::string& body)
 {
     const std::string first = "event: login\ndata: {\"loggedIn\":false,\"problem\":\"old\"}\n\n";
-    return {200, body, "text/event-stream", after, first};
+    return {200, first + body, "text/event-stream"};
 }
 
 TEST(WatchCommand, PrintsOneLineForEachNotice)
@@ -104,58 +104,55 @@ TEST(StatusCommand, FollowPrintsALineForEachChangeAndDrawsInPlaceForPeople)
 
 TEST(LoginCommand, WaitsForTheDecision)
 {
-    const std::string pending =
+    const std::string begun =
         R"({"loggedIn":false,"pending":{"userCode":"ABCDE","verificationUri":"example.org/x",
-            "verificationUriComplete":"example.org/x/ABCDE","expiresIn":)";
-    const std::string still =
-        "event: login\ndata: {\"loggedIn\":false,\"pending\":{\"userCode\":\"ABCDE\"}}\n\n";
-    const std::string neither = "event: login\ndata: {\"loggedIn\":false}\n\n";
+            "verificationUriComplete":"example.org/x/ABCDE","expiresIn":300}})";
     const struct
     {
         std::string answer;
-        std::string stream;
+        std::string decided; ///< the second time that it is asked for
         int status;
         const char* out;
         const char* err;
     } rows[] = {
-        {pending + "300}}", still + "event: login\ndata: {\"loggedIn\":true}\n\n", 0, "logged in\n",
-         ""},
-        {pending + "300}}",
-         "event: login\ndata: {\"loggedIn\":false,\"problem\":\"access_denied\"}\n\n", 1, "ABCDE",
+        {begun, R"({"loggedIn":true})", 0, "logged in\n", ""},
+        {begun, R"({"loggedIn":false,"problem":"access_denied"})", 1, "ABCDE",
          "kelo: not logged in: access_denied\n"},
-        {pending + "300}}", still + neither, 1, "ABCDE", "ended elsewhere"},
-        {pending + "300}}", neither + still, 3, "ABCDE", "the streamer ended"},
+        {begun, R"({"loggedIn":false})", 1, "ABCDE", "ended elsewhere"},
+        {begun, "no streamer", 1, "ABCDE", "the streamer ended"},
         {R"({"loggedIn":true})", "", 0, "logged in\n", ""},
         {R"({"loggedIn":false,"problem":"no client id"})", "", 1, "", "no client id"},
-        {pending + "300}}",
-         "event: login\ndata: {\"loggedIn\":false,\"problem\":\"503.\",\"reason\":\"clock\"}\n\n",
-         1, "ABCDE", "503.\nSet the clock of the streamer's machine (timedatectl).\n"},
+        {begun, R"({"loggedIn":false,"problem":"503.","reason":"clock"})", 1, "ABCDE",
+         "503.\nSet the clock of the streamer's machine (timedatectl).\n"},
     };
     for (const auto& row : rows) {
         ScriptedStreamer streamer;
         streamer.answer("POST /api/v1/login", {200, row.answer});
-        streamer.answer(events, stream(row.stream, "POST /api/v1/login"));
-        const auto run = streamer.run({"login"});
-        EXPECT_EQ(run.status, row.status) << row.stream;
-        EXPECT_THAT(run.out, HasSubstr(row.out));
-        EXPECT_THAT(run.err, HasSubstr(row.err));
+        streamer.answer("GET /api/v1/login", {200, row.answer});
+        std::ostringstream out;
+        std::ostringstream err;
+        cli::CommandLine commandLine({out, err, {}, nullptr, nullptr, [&] {
+                                          streamer.answer("GET /api/v1/login", {200, row.decided});
+                                          return true;
+                                      }});
+        EXPECT_EQ(commandLine.run({"--server", streamer.address(), "login"}), row.status);
+        EXPECT_THAT(out.str(), HasSubstr(row.out));
+        EXPECT_THAT(err.str(), HasSubstr(row.err));
     }
 }
 
 TEST(LoginCommand, ShowsAddressCodeAndQrCodeAndSaysWhenItExpires)
 {
     ScriptedStreamer streamer;
-    streamer.answer("POST /api/v1/login",
-                    {200, R"({"loggedIn":false,"pending":{"userCode":"AB\u001bC",
+    for (const char* call : {"POST /api/v1/login", "GET /api/v1/login"})
+        streamer.answer(call, {200, R"({"loggedIn":false,"pending":{"userCode":"AB\u001bC",
                         "verificationUri":"example.org/x","expiresIn":0}})"});
-    streamer.answer(events, stream("", "GET /end"));
     const auto run = streamer.run({"login"}, {80, true, false});
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.err, HasSubstr("the code has expired"));
     EXPECT_THAT(run.out, HasSubstr("Open     example.org/x\nCode     AB\\x1bC\n"));
     EXPECT_THAT(run.out, HasSubstr("█ ▄▄▄▄▄ █"));
     EXPECT_THAT(run.out, HasSubstr("waiting, 0:00 left"));
-    httplib::Client(streamer.address()).Get("/end");
 }
 
 TEST(LoginCommand, JsonKeepsStdoutForTheFinalAnswer)
@@ -163,8 +160,7 @@ TEST(LoginCommand, JsonKeepsStdoutForTheFinalAnswer)
     ScriptedStreamer streamer;
     streamer.answer("POST /api/v1/login",
                     {200, R"({"loggedIn":false,"pending":{"userCode":"ABCDE"}})"});
-    streamer.answer(events,
-                    stream("event: login\ndata: {\"loggedIn\":true}\n\n", "POST /api/v1/login"));
+    streamer.answer("GET /api/v1/login", {200, R"({"loggedIn":true})"});
     const auto run = streamer.run({"login", "--json"});
     EXPECT_EQ(run.out, "{\"loggedIn\":true}\n");
     EXPECT_THAT(run.err, HasSubstr("ABCDE"));

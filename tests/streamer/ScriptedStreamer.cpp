@@ -51,23 +51,13 @@ ScriptedServer::Answer ScriptedStreamer::respond(const std::string& request)
     const std::string body = request.substr(request.find("\r\n\r\n") + 4);
     const std::lock_guard lock(m_mutex);
     m_calls.push_back(body.empty() ? call : call + ' ' + body);
-    m_arrived.notify_all();
     const Answer* found = find(call);
     if (!found)
         return {ScriptedServer::whole(R"({"title":"Not found","detail":"no such node"})",
                                       "Content-Type: application/problem+json\r\n",
                                       "404 Not Found")};
-    const std::string type = "Content-Type: " + found->type + "\r\n";
-    const std::string status = std::to_string(found->status) + " Scripted";
-    if (found->type != "text/event-stream")
-        return {ScriptedServer::whole(found->body, type, status)};
-    return {"HTTP/1.1 " + status + "\r\n" + type + "\r\n" + found->first,
-            ScriptedServer::Then::Close, [this, answer = *found] {
-                std::unique_lock wait(m_mutex);
-                m_arrived.wait(wait,
-                               [&] { return answer.after.empty() || hasArrived(answer.after); });
-                return answer.body;
-            }};
+    return {ScriptedServer::whole(found->body, "Content-Type: " + found->type + "\r\n",
+                                  std::to_string(found->status) + " Scripted")};
 }
 
 ScriptedStreamer::Run ScriptedStreamer::run(std::vector<std::string> arguments,

@@ -3,9 +3,8 @@
 #include "client/CommandLine.h"
 #include "host/ScriptedServer.h"
 
-#include <condition_variable>
-#include <httplib.h>
 #include <map>
+#include <mutex>
 
 /// A streamer that answers from a script, on loopback with a port of its own. A test adds answers,
 /// runs commands against it and looks at what arrived. Unknown calls get a 404 problem.
@@ -17,9 +16,7 @@ public:
         int status;
         std::string body;
         std::string type = "application/json";
-        std::string after =
-            {}; ///< sends the body only when this call has arrived: "POST /api/v1/login"
-        std::string first = {}; ///< of a stream, sent at once
+        std::string after = {}; ///< the earlier call of answerAfter()
     };
     struct Run
     {
@@ -48,9 +45,8 @@ private:
     bool hasArrived(const std::string& start) const;
 
     std::mutex m_mutex; ///< guards all below
-    std::condition_variable m_arrived;
     std::map<std::string, Answer> m_answers;
-    std::map<std::string, Answer> m_laterAnswers; ///< `after` names the earlier call
+    std::map<std::string, Answer> m_laterAnswers;
     std::vector<std::string> m_calls;
     ScriptedServer m_server{[this](const std::string& request) { return respond(request); }};
 };

@@ -3,7 +3,6 @@
 #include "client/DisplayText.h"
 #include "client/JsonText.h"
 
-#include <atomic>
 #include <httplib.h>
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -118,20 +117,9 @@ ApiReply ApiReply::refusal(const QString& message)
     return reply;
 }
 
-/// The connection of one events() call; stop() may reach it from another thread.
-class ApiClient::EventStream
-{
-public:
-    explicit EventStream(const QString& server) : client(makeClient(server, silenceSeconds)) {}
-
-    std::unique_ptr<httplib::Client> client;
-    std::atomic<bool> isStopped{false};
-};
-
 ApiClient::ApiClient(const QString& server)
     : m_server(server.endsWith('/') ? server.chopped(1) : server),
-      m_client(makeClient(m_server, answerSeconds)),
-      m_stream(std::make_unique<EventStream>(m_server))
+      m_client(makeClient(m_server, answerSeconds))
 {
 }
 
@@ -195,7 +183,7 @@ ApiReply ApiClient::events(const QStringList& paths, const std::function<void()>
         status = response.status;
         if (status == 200 && onOpen)
             onOpen();
-        return !m_stream->isStopped;
+        return true;
     };
     const auto onContent = [&](const char* bytes, size_t size) {
         constexpr int longestRefusal = 64 * 1024;
@@ -204,21 +192,15 @@ ApiReply ApiClient::events(const QStringList& paths, const std::function<void()>
             return refusal.size() < longestRefusal;
         }
         isEnough = !parser.feed(bytes, size);
-        return !isEnough && !m_stream->isStopped;
+        return !isEnough;
     };
-    const auto result =
-        m_stream->client->Get(target("events", query), headers, onResponse, onContent);
-    if (isEnough || m_stream->isStopped)
+    const auto result = makeClient(m_server, silenceSeconds)
+                            ->Get(target("events", query), headers, onResponse, onContent);
+    if (isEnough)
         return makeReply(200, {}, false);
     if (!result)
         return unreachable(m_server, result.error());
     return makeReply(status, refusal, false);
-}
-
-void ApiClient::stop()
-{
-    m_stream->isStopped = true;
-    m_stream->client->stop();
 }
 
 } // namespace cli

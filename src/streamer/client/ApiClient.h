@@ -38,8 +38,8 @@ struct ApiReply
 
 using Query = QVector<QPair<QString, QString>>;
 
-/// The streamer's HTTP API, as calls that block. Owned by main(); one thread at a time, except for
-/// stop(). It holds one connection open between calls and a second one per event stream. Nothing
+/// The streamer's HTTP API, as calls that block. Owned by main(); one thread at a time.
+/// It holds one connection open between calls and has a second one for an event stream. Nothing
 /// throws; it does not repeat calls.
 class ApiClient
 {
@@ -65,20 +65,15 @@ public:
     /// A path beside the API, "/healthz"; its body need not be JSON.
     [[nodiscard]] ApiReply probe(const QString& path);
 
-    /// Reads events, with \p paths open, until the stream ends, \p onEvent returns false or stop()
-    /// is called. \p onOpen is called once the streamer has opened them. Done when the stream ended
-    /// in order. One stream at a time, and none after stop().
+    /// Reads events, with \p paths open, until the stream ends or \p onEvent returns
+    /// false. \p onOpen is called once the streamer has opened them. Done when the stream ended in
+    /// order.
     [[nodiscard]] ApiReply events(const QStringList& paths, const std::function<void()>& onOpen,
                                   std::function<bool(const ServerEvent&)> onEvent);
-    /// Ends events() from another thread, as done.
-    void stop();
 
 private:
-    class EventStream;
-
     const QString m_server;
     std::unique_ptr<httplib::Client> m_client;
-    std::unique_ptr<EventStream> m_stream;
 };
 
 } // namespace cli

@@ -29,8 +29,8 @@ struct CommandContext
     bool isJson = false;
     /// Called before following something until interrupted.
     std::function<void()> endOnInterrupt = {};
-    /// Waits until a streamer that has gone away is tried again; false when it is not to be.
-    std::function<bool()> waitToRetry = {};
+    /// Waits before something is asked for again; false, or none: it is not to be.
+    std::function<bool()> waitASecond = {};
 
     /// Prints what went wrong and gives the exit status for it; 0 and nothing printed when nothing
     /// did.

@@ -182,7 +182,7 @@ int CommandLine::runCommand(const Command& command)
     }
     ApiClient api(m_server);
     return command.ask(
-        CommandContext{api, m_terminal, m_isJson, m_around.endOnInterrupt, m_around.waitToRetry});
+        CommandContext{api, m_terminal, m_isJson, m_around.endOnInterrupt, m_around.waitASecond});
 }
 
 } // namespace cli

@@ -25,9 +25,8 @@ public:
         std::function<int(const ServeOptions&, const Settings&)> serve;
         /// Called before a command that goes on until it is interrupted.
         std::function<void()> endOnInterrupt = {};
-        /// Waits a little before a streamer that has gone away is tried again; false, or none: what
-        /// follows it ends instead.
-        std::function<bool()> waitToRetry = {};
+        /// Waits before something is asked for again; false, or none: it is not to be.
+        std::function<bool()> waitASecond = {};
         /// Called before an answer that is only wanted when it comes at once: ends the program,
         /// in silence, when it takes longer.
         std::function<void()> endSoon = {};

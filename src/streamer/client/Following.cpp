@@ -33,13 +33,13 @@ ApiReply follow(const CommandContext& context, const QStringList& paths,
                 isEnough = !onEvent(event);
                 return !isEnough;
             });
-        if (isEnough || !wasOpen || !context.waitToRetry)
+        if (isEnough || !wasOpen || !context.waitASecond)
             return reply;
         if (!isGone)
             tell(QStringLiteral("kelo: the streamer at %1 is gone; waiting for it (Ctrl-C ends)")
                      .arg(context.api.server()));
         isGone = true;
-        if (!context.waitToRetry())
+        if (!context.waitASecond())
             return reply;
     }
 }

@@ -2,20 +2,13 @@
 #include "client/DisplayText.h"
 #include "client/QrCode.h"
 
-#include <chrono>
-#include <condition_variable>
-#include <deque>
-#include <mutex>
-#include <optional>
+#include <QDeadlineTimer>
 #include <QHash>
-#include <QJsonDocument>
-#include <thread>
 
 namespace cli {
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
 using Style = Terminal::Style;
 
 bool isLoggedIn(const QJsonObject& login)
@@ -62,121 +55,44 @@ int refused(Terminal& terminal, const QString& problem, const QString& advice)
     return ExitRefused;
 }
 
-/// Reads login events on a thread of its own and hands them on in order. Lives on the
-/// stack of login(); its destructor ends the stream and the thread.
-class LoginEvents
-{
-public:
-    explicit LoginEvents(ApiClient& api) : m_api(api), m_thread([this] { read(); }) {}
-    ~LoginEvents()
-    {
-        m_api.stop();
-        m_thread.join();
-    }
-    LoginEvents(const LoginEvents&) = delete;
-    LoginEvents& operator=(const LoginEvents&) = delete;
-
-    /// Returns once the stream has begun, with the state as it is, or has ended without (false).
-    bool waitForOpen()
-    {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait(lock, [this] { return !m_states.empty() || m_end; });
-        return !m_states.empty();
-    }
-
-    /// The next login answer; nothing when \p until passes or the stream ends first.
-    std::optional<QByteArray> next(Clock::time_point until)
-    {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait_until(lock, until, [this] { return !m_states.empty() || m_end; });
-        if (m_states.empty())
-            return std::nullopt;
-        QByteArray state = m_states.front();
-        m_states.pop_front();
-        return state;
-    }
-
-    /// How the stream ended; nothing while it goes on.
-    std::optional<ApiReply> end()
-    {
-        const std::lock_guard lock(m_mutex);
-        return m_end;
-    }
-
-private:
-    void read()
-    {
-        const ApiReply reply = m_api.events({}, nullptr, [this](const ServerEvent& event) {
-            const std::lock_guard lock(m_mutex);
-            if (event.name != "login")
-                return true;
-            m_states.push_back(event.data);
-            m_changed.notify_all();
-            return true;
-        });
-        const std::lock_guard lock(m_mutex);
-        m_end = reply;
-        m_changed.notify_all();
-    }
-
-    ApiClient& m_api;
-    std::mutex m_mutex; ///< guards all below
-    std::condition_variable m_changed;
-    std::deque<QByteArray> m_states;
-    std::optional<ApiReply> m_end;
-    std::thread m_thread; ///< last: starts when the rest stands
-};
-
 /// Ends the command with the answer that decided it.
-int finished(const CommandContext& context, const QByteArray& body, const QJsonObject& login)
+int finished(const CommandContext& context, const ApiReply& reply)
 {
-    if (isLoggedIn(login)) {
+    if (isLoggedIn(reply.document)) {
         if (context.isJson)
-            context.printJson(body);
+            context.printJson(reply.body);
         else
             context.terminal.line(context.terminal.styled("logged in", Style::Good));
         return ExitDone;
     }
-    const QString problem = problemOf(login);
+    const QString problem = problemOf(reply.document);
     return refused(context.terminal, problem.isEmpty() ? "the login was ended elsewhere" : problem,
-                   adviceOf(login));
+                   adviceOf(reply.document));
 }
 
-/// Waits for the answer that decides the login, with a countdown where somebody looks.
-int waitForDecision(const CommandContext& context, LoginEvents& events, const QJsonObject& pending)
+/// Looks every second whether the login is decided, with a countdown where somebody looks.
+int waitForDecision(const CommandContext& context, const QJsonObject& pending)
 {
-    constexpr std::chrono::hours longestWait(24); // when the streamer does not say
+    constexpr int longestWait = 24 * 60 * 60; // when the streamer does not say
     const QJsonValue expiresIn = pending.value("expiresIn");
-    const auto end = Clock::now() + (expiresIn.isDouble()
-                                         ? std::chrono::seconds(expiresIn.toVariant().toLongLong())
-                                         : std::chrono::seconds(longestWait));
+    const QDeadlineTimer end(std::chrono::seconds(expiresIn.toInt(longestWait)));
     const bool hasCountdown =
         expiresIn.isDouble() && !context.isJson && context.terminal.isInteractive();
-    const QJsonValue code = pending.value("userCode");
-    bool isOurs = false; // our code has been told: what follows is about it
-    bool isFirst = true; // of before the login
     for (;;) {
-        const auto left = end - Clock::now();
         if (hasCountdown)
             context.terminal.redraw(
-                {QStringLiteral("waiting, %1 left")
-                     .arg(clockTime(
-                         std::chrono::duration_cast<std::chrono::milliseconds>(left).count()))});
-        const auto tick = Clock::now() + std::chrono::seconds(1);
-        if (const auto body = events.next(hasCountdown ? std::min(tick, end) : end)) {
-            const QJsonObject login = QJsonDocument::fromJson(*body).object();
-            isOurs = isOurs || pendingOf(login).value("userCode") == code;
-            // States that follow quickly come as their last one, so ours may not be among them.
-            const bool isAboutUs = isOurs || (!isFirst && !problemOf(login).isEmpty());
-            isFirst = false;
-            if (isLoggedIn(login) || (isAboutUs && pendingOf(login).isEmpty()))
-                return finished(context, *body, login);
-        } else if (const auto ended = events.end()) {
+                {QStringLiteral("waiting, %1 left").arg(clockTime(end.remainingTime()))});
+        const ApiReply now = context.api.get("login");
+        if (!now.isDone()) {
             context.terminal.error("kelo: the streamer ended while waiting for the login");
-            return ended->outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
-        } else if (Clock::now() >= end) {
-            return refused(context.terminal, "the code has expired", adviceFor("expired"));
+            return now.outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
         }
+        if (isLoggedIn(now.document) || pendingOf(now.document).isEmpty())
+            return finished(context, now);
+        if (end.hasExpired())
+            return refused(context.terminal, "the code has expired", adviceFor("expired"));
+        if (context.waitASecond)
+            context.waitASecond();
     }
 }
 
@@ -211,27 +127,23 @@ void showPending(const CommandContext& context, const QJsonObject& pending)
 }
 
 /// `kelo login`: starts a login, shows where to confirm it and waits until it is confirmed, refused
-/// or expired; a second thread reads the events while it lasts. The tokens stay with the streamer.
-/// The events are subscribed before the login starts, so that a quick confirmation is not missed.
+/// or expired. The tokens stay with the streamer.
 int login(const CommandContext& context)
 {
-    LoginEvents events(context.api);
-    if (!events.waitForOpen())
-        return context.finish(events.end().value_or(ApiReply()));
     const ApiReply reply = context.api.post("login");
     if (reply.outcome == ApiReply::Outcome::Refused) {
         // The refusal is a sentence alone; the state has the reason beside it.
         const ApiReply state = context.api.get("login");
         if (!problemOf(state.document).isEmpty())
-            return finished(context, state.body, state.document);
+            return finished(context, state);
     }
     if (!reply.isDone())
         return context.finish(reply);
     const QJsonObject pending = pendingOf(reply.document);
     if (pending.isEmpty())
-        return finished(context, reply.body, reply.document);
+        return finished(context, reply);
     showPending(context, pending);
-    return waitForDecision(context, events, pending);
+    return waitForDecision(context, pending);
 }
 
 /// `kelo login --status`: a login that failed or ended makes it fail too.
