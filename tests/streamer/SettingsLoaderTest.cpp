@@ -35,8 +35,8 @@ protected:
     {
         std::vector<SettingsOverride> list;
         for (const QString& text : overrides)
-            list.push_back(SettingsLoader::splitOverride(text));
-        return SettingsLoader(file, list).load();
+            list.push_back(splitOverride(text));
+        return loadSettings(file, list);
     }
 
     QTemporaryDir m_folder;

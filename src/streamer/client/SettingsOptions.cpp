@@ -7,7 +7,7 @@ namespace cli {
 void SettingsOptions::addTo(Command& command)
 {
     OptionTarget overrides([this](const QString& text) {
-        m_overrides.push_back(SettingsLoader::splitOverride(text));
+        m_overrides.push_back(splitOverride(text));
         return true;
     });
     overrides.isMany = true;
@@ -30,7 +30,7 @@ LoadedSettings SettingsOptions::load() const
 {
     std::vector<SettingsOverride> all = m_overrides;
     all.insert(all.end(), m_own.begin(), m_own.end());
-    return SettingsLoader(m_file, std::move(all)).load();
+    return loadSettings(m_file, all);
 }
 
 bool SettingsOptions::printProblems(Terminal& terminal, const LoadedSettings& loaded)

@@ -7,7 +7,7 @@
 #include <QStringList>
 
 /// What the streamer can be told, one struct per section of the settings file, with the defaults.
-/// Plain values: made once at start by SettingsLoader, then only read, on any thread. They are
+/// Plain values: made once at start by loadSettings(), then only read, on any thread. They are
 /// checked when loaded; these structs check nothing.
 
 struct ServerSettings

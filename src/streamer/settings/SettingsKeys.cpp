@@ -2,253 +2,245 @@
 
 #include <algorithm>
 #include <limits>
+#include <optional>
 #include <QRegularExpression>
 #include <QUrl>
 
 namespace {
 
-/// What a text value has to be, and how it is brought into its stored form.
-struct TextRule
+using Kind = SettingsKey::Kind;
+
+/// What the values of a key have to be.
+template <typename T>
+struct Rule
 {
+    Kind kind;
     QString wanted;
-    std::function<bool(const QString&)> accepts;
-    std::function<QString(const QString&)> tidy = [](const QString& text) { return text; };
+    /// Gets a value of the kind. What is stored; nothing when it is not wanted.
+    std::function<std::optional<T>(const QVariant&)> take;
     QStringList choices = {};
 };
 
-TextRule anyText()
+template <typename T>
+std::optional<T> onlyIf(bool isWanted, const T& value)
 {
-    return {"a text", [](const QString&) { return true; }};
+    return isWanted ? std::make_optional(value) : std::nullopt;
 }
 
-TextRule matching(const QString& wanted, const QString& pattern)
+/// Texts that \p accepts lets pass.
+template <typename Accepts>
+Rule<QString> textThat(const QString& wanted, Accepts accepts)
+{
+    return {Kind::Text, wanted, [accepts](const QVariant& value) {
+                return onlyIf(accepts(value.toString()), value.toString());
+            }};
+}
+
+Rule<QString> anyText()
+{
+    return textThat("a text", [](const QString&) { return true; });
+}
+
+Rule<QString> matching(const QString& wanted, const QString& pattern)
 {
     const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern));
-    return {wanted,
-            [expression](const QString& text) { return expression.match(text).hasMatch(); }};
+    return textThat(
+        wanted, [expression](const QString& text) { return expression.match(text).hasMatch(); });
 }
 
-TextRule oneOf(const QStringList& words)
+Rule<QString> oneOf(const QStringList& words)
 {
-    TextRule rule{QStringLiteral("one of %1").arg(words.join(", ")),
-                  [words](const QString& text) { return words.contains(text); }};
+    Rule<QString> rule = textThat("one of " + words.join(", "),
+                                  [words](const QString& text) { return words.contains(text); });
     rule.choices = words;
     return rule;
 }
 
-TextRule webAddress()
+Rule<QString> webAddress()
 {
-    return {"an http or https address without user, password or fragment", [](const QString& text) {
-                const QUrl url(text, QUrl::StrictMode);
-                return url.isValid() && !url.host().isEmpty() && url.userInfo().isEmpty() &&
-                       !url.hasFragment() && (url.scheme() == "http" || url.scheme() == "https");
+    return textThat(
+        "an http or https address without user, password or fragment", [](const QString& text) {
+            const QUrl url(text, QUrl::StrictMode);
+            return url.isValid() && !url.host().isEmpty() && url.userInfo().isEmpty() &&
+                   !url.hasFragment() && (url.scheme() == "http" || url.scheme() == "https");
+        });
+}
+
+/// The rule's texts, brought into their stored form.
+Rule<QString> tidied(Rule<QString> rule, const std::function<QString(QString)>& tidy)
+{
+    rule.take = [take = rule.take, tidy](const QVariant& value) {
+        const std::optional<QString> text = take(value);
+        return text ? tidy(*text) : text;
+    };
+    return rule;
+}
+
+Rule<double> seconds()
+{
+    constexpr double longest = 24 * 60 * 60;
+    return {Kind::Number, QStringLiteral("seconds above 0, at most %1").arg(longest),
+            [](const QVariant& value) {
+                const double number = value.toDouble();
+                return onlyIf(number > 0 && number <= longest, number); // no "not a number" either
             }};
 }
 
-/// Request paths begin with a slash, so the address they are appended to ends without one.
-TextRule addressWithoutClosingSlash()
+Rule<int> milliseconds()
 {
-    TextRule rule = webAddress();
-    rule.tidy = [](QString text) {
-        while (text.endsWith('/'))
-            text.chop(1);
-        return text;
-    };
-    return rule;
+    constexpr int longest = std::numeric_limits<int>::max();
+    return {Kind::Integer, QStringLiteral("whole milliseconds, 0 to %1").arg(longest),
+            [](const QVariant& value) {
+                const qlonglong number = value.toLongLong();
+                return onlyIf(number >= 0 && number <= longest, static_cast<int>(number));
+            }};
 }
 
-/// Picture paths begin without a slash, so the address they are appended to ends with one.
-TextRule addressWithClosingSlash()
+Rule<bool> boolean()
 {
-    TextRule rule = webAddress();
-    rule.tidy = [](const QString& text) { return text.endsWith('/') ? text : text + '/'; };
-    return rule;
+    return {Kind::Boolean,
+            "true or false",
+            [](const QVariant& value) { return value.toBool(); },
+            {"true", "false"}};
 }
 
-template <typename Member>
-SettingsKey text(const char* name, const char* meaning, Member member, const TextRule& rule)
+Rule<ListenAddress> listenAddress()
 {
-    SettingsKey key{name, meaning, SettingsKey::Kind::Text, rule.wanted, rule.choices};
-    key.store = [member, rule](Settings& settings, const QVariant& value) {
-        if (value.type() != QVariant::String || !rule.accepts(value.toString()))
-            return false;
-        member(settings) = rule.tidy(value.toString());
-        return true;
-    };
-    key.read = [member](const Settings& settings) { return QVariant(member(settings)); };
-    return key;
+    return {Kind::Text, "ADDR:PORT, such as 127.0.0.1:8095 or [::1]:0",
+            [](const QVariant& value) { return ListenAddress::parse(value.toString()); }};
 }
 
-template <typename Member>
-SettingsKey seconds(const char* name, const char* meaning, Member member)
+Rule<QStringList> hostNames()
 {
-    constexpr double longest = 24 * 60 * 60;
-    SettingsKey key{name, meaning, SettingsKey::Kind::Number,
-                    QStringLiteral("seconds above 0, at most %1").arg(longest)};
-    key.store = [member](Settings& settings, const QVariant& value) {
-        const bool isNumber =
-            value.type() == QVariant::LongLong || value.type() == QVariant::Double;
-        const double number = isNumber ? value.toDouble() : 0;
-        if (!(number > 0 && number <= longest)) // also refuses "not a number"
-            return false;
-        member(settings) = number;
-        return true;
-    };
-    key.read = [member](const Settings& settings) { return QVariant(member(settings)); };
-    return key;
+    return {Kind::TextList, "a list of host names without port", [](const QVariant& value) {
+                const QStringList names = value.toStringList();
+                return onlyIf(std::all_of(names.begin(), names.end(), isIpv4OrHostName), names);
+            }};
 }
 
-template <typename Member>
-SettingsKey milliseconds(const char* name, const char* meaning, Member member)
+Rule<Secret> secret()
 {
-    SettingsKey key{
-        name, meaning, SettingsKey::Kind::Integer,
-        QStringLiteral("whole milliseconds, 0 to %1").arg(std::numeric_limits<int>::max())};
-    key.store = [member](Settings& settings, const QVariant& value) {
-        const qlonglong number = value.type() == QVariant::LongLong ? value.toLongLong() : -1;
-        if (number < 0 || number > std::numeric_limits<int>::max())
-            return false;
-        member(settings) = static_cast<int>(number);
-        return true;
-    };
-    key.read = [member](const Settings& settings) { return QVariant(member(settings)); };
-    return key;
+    return {Kind::Text, "a text", [](const QVariant& value) { return Secret(value.toString()); }};
 }
 
-template <typename Member>
-SettingsKey boolean(const char* name, const char* meaning, Member member)
+/// A whole number is a number, too.
+bool isOf(Kind kind, QVariant::Type type)
 {
-    SettingsKey key{name, meaning, SettingsKey::Kind::Boolean, "true or false", {"true", "false"}};
-    key.store = [member](Settings& settings, const QVariant& value) {
-        if (value.type() != QVariant::Bool)
-            return false;
-        member(settings) = value.toBool();
-        return true;
-    };
-    key.read = [member](const Settings& settings) { return QVariant(member(settings)); };
-    return key;
+    return kind == static_cast<Kind>(type) || (kind == Kind::Number && type == QVariant::LongLong);
 }
 
-SettingsKey listenAddress()
+QVariant forPeople(const Secret& secret)
 {
-    SettingsKey key{"server.listen", "Where the streamer listens; port 0 picks a free one.",
-                    SettingsKey::Kind::Text, "ADDR:PORT, such as 127.0.0.1:8095 or [::1]:0"};
-    key.store = [](Settings& settings, const QVariant& value) {
-        const auto address = value.type() == QVariant::String
-                                 ? ListenAddress::parse(value.toString())
-                                 : std::nullopt;
-        if (address)
-            settings.server.listen = *address;
-        return address.has_value();
-    };
-    key.read = [](const Settings& settings) { return QVariant(settings.server.listen.toString()); };
-    return key;
+    return secret.masked();
 }
 
-SettingsKey hostNames()
+QVariant forPeople(const ListenAddress& address)
 {
-    SettingsKey key{"server.host_names",
-                    "Further names under which clients reach the streamer; calls "
-                    "through other names are refused.",
-                    SettingsKey::Kind::TextList, "a list of host names without port"};
-    key.store = [](Settings& settings, const QVariant& value) {
-        const QStringList names = value.toStringList();
-        if (value.type() != QVariant::StringList ||
-            !std::all_of(names.begin(), names.end(), isIpv4OrHostName))
-            return false;
-        settings.server.hostNames = names;
-        return true;
-    };
-    key.read = [](const Settings& settings) { return QVariant(settings.server.hostNames); };
-    return key;
+    return address.toString();
 }
 
-SettingsKey clientSecret()
+template <typename T>
+QVariant forPeople(const T& value)
 {
-    SettingsKey key{"tidal.oauth2.client_secret",
-                    "The secret of your client id. It may also come from a file or "
-                    "from a credential of the service manager.",
-                    SettingsKey::Kind::Text, "a text"};
-    key.isSecret = true;
-    key.store = [](Settings& settings, const QVariant& value) {
-        if (value.type() != QVariant::String)
-            return false;
-        settings.tidal.oauth2.clientSecret = Secret(value.toString());
-        return true;
-    };
-    key.read = [](const Settings& settings) {
-        return QVariant(settings.tidal.oauth2.clientSecret.masked());
-    };
-    return key;
+    return value;
+}
+
+/// \p member gives the place of the value.
+template <typename Member, typename T>
+SettingsKey key(const QString& name, const QString& meaning, Member member, const Rule<T>& rule)
+{
+    return {name,
+            meaning,
+            rule.kind,
+            rule.wanted,
+            rule.choices,
+            std::is_same_v<T, Secret>,
+            [member, rule](Settings& settings, const QVariant& value) {
+                const auto taken = isOf(rule.kind, value.type()) ? rule.take(value) : std::nullopt;
+                if (taken)
+                    member(settings) = *taken;
+                return taken.has_value();
+            },
+            [member](const Settings& settings) { return forPeople(member(settings)); }};
 }
 
 std::vector<SettingsKey> makeKeys()
 {
-    const TextRule size =
-        matching("WIDTHxHEIGHT, such as 320x320", "[1-9][0-9]{0,4}x[1-9][0-9]{0,4}");
-    const TextRule notEmpty = matching("auto, null or a GStreamer sink description", ".*\\S.*");
-    const TextRule country = matching("a country as two capital letters", "[A-Z]{2}");
-    const auto withSlash = addressWithClosingSlash();
-    const auto withoutSlash = addressWithoutClosingSlash();
+    const auto size = matching("WIDTHxHEIGHT, such as 320x320", "[1-9][0-9]{0,4}x[1-9][0-9]{0,4}");
+    const auto notEmpty = matching("auto, null or a GStreamer sink description", ".*\\S.*");
+    const auto country = matching("a country as two capital letters", "[A-Z]{2}");
     const auto address = webAddress();
+    // Request paths begin with a slash, picture paths without one.
+    const auto withoutSlash = tidied(address, [](QString text) {
+        while (text.endsWith('/'))
+            text.chop(1);
+        return text;
+    });
+    const auto withSlash =
+        tidied(address, [](const QString& text) { return text.endsWith('/') ? text : text + '/'; });
     const auto levels = oneOf({"trace", "debug", "info", "warn", "error"});
     const auto qualities = oneOf({"LOW", "HIGH", "LOSSLESS", "HI_RES"});
 
     // clang-format off
     return {
-        listenAddress(),
-        hostNames(),
-        text("server.web_dir", "A folder with the files of the page; empty: the built-in ones.",
-             [](auto& s) -> auto& { return s.server.webDirectory; }, anyText()),
-        text("log.level", "How much is logged.",
-             [](auto& s) -> auto& { return s.log.level; }, levels),
-        text("log.file", "The file that the log goes to; empty: stderr.",
-             [](auto& s) -> auto& { return s.log.file; }, anyText()),
-        seconds("deadlines.rows_s", "How long a request for rows may take before an error.",
-                [](auto& s) -> auto& { return s.deadlines.rowsSeconds; }),
-        seconds("deadlines.data_s", "The same for the data of a node.",
-                [](auto& s) -> auto& { return s.deadlines.dataSeconds; }),
-        seconds("deadlines.set_s", "The same for values that are set.",
-                [](auto& s) -> auto& { return s.deadlines.setSeconds; }),
-        text("player.output", "Where the sound goes; null plays in real time to nowhere.",
-             [](auto& s) -> auto& { return s.player.output; }, notEmpty),
-        boolean("player.mpris", "Whether media keys and desktop panels may drive the player.",
-                [](auto& s) -> auto& { return s.player.mpris; }),
-        text("tidal.api_url", "The address of the service's web API.",
-             [](auto& s) -> auto& { return s.tidal.apiUrl; }, withoutSlash),
-        text("tidal.country_code", "The country whose catalogue is asked for.",
-             [](auto& s) -> auto& { return s.tidal.countryCode; }, country),
-        text("tidal.image_url", "The address that pictures are read from.",
-             [](auto& s) -> auto& { return s.tidal.imageUrl; }, withSlash),
-        text("tidal.image_size", "The size of album covers and of other pictures.",
-             [](auto& s) -> auto& { return s.tidal.imageSize; }, size),
-        text("tidal.image_size_artist", "The size of pictures of artists.",
-             [](auto& s) -> auto& { return s.tidal.imageSizeArtist; }, size),
-        text("tidal.image_size_playlist", "The size of pictures of playlists.",
-             [](auto& s) -> auto& { return s.tidal.imageSizePlaylist; }, size),
-        text("tidal.image_size_genre", "The size of pictures of genres.",
-             [](auto& s) -> auto& { return s.tidal.imageSizeGenre; }, size),
-        text("tidal.image_size_mood", "The size of pictures of moods.",
-             [](auto& s) -> auto& { return s.tidal.imageSizeMood; }, size),
-        milliseconds("tidal.max_idle_time_ms", "How long a pause keeps the track's address.",
-                     [](auto& s) -> auto& { return s.tidal.maxIdleTimeMs; }),
-        text("tidal.sound_quality", "The quality that is asked for; the service may deliver less.",
-             [](auto& s) -> auto& { return s.tidal.soundQuality; }, qualities),
-        boolean("tidal.use_post_paywall", "Whole tracks, as subscribers have; false: previews.",
-                [](auto& s) -> auto& { return s.tidal.usePostPaywall; }),
-        text("tidal.oauth2.device_code_url", "Where a login asks for its code.",
-             [](auto& s) -> auto& { return s.tidal.oauth2.deviceCodeUrl; }, address),
-        text("tidal.oauth2.authorization_url", "The page where a person confirms a login.",
-             [](auto& s) -> auto& { return s.tidal.oauth2.authorizationUrl; }, address),
-        text("tidal.oauth2.token_url", "Where tokens are fetched and refreshed.",
-             [](auto& s) -> auto& { return s.tidal.oauth2.tokenUrl; }, address),
-        text("tidal.oauth2.client_id", "Your client id at the service; none is built in.",
-             [](auto& s) -> auto& { return s.tidal.oauth2.clientId; }, anyText()),
-        clientSecret(),
-        text("tidal.oauth2.client_secret_file", "A file that holds the client secret.",
-             [](auto& s) -> auto& { return s.tidal.oauth2.clientSecretFile; }, anyText()),
-        text("tidal.oauth2.scope", "What a login asks permission for.",
-             [](auto& s) -> auto& { return s.tidal.oauth2.scope; }, anyText()),
+        key("server.listen", "Where the streamer listens; port 0 picks a free one.",
+            [](auto& s) -> auto& { return s.server.listen; }, listenAddress()),
+        key("server.host_names", "Further names under which clients reach the streamer; calls "
+            "through other names are refused.",
+            [](auto& s) -> auto& { return s.server.hostNames; }, hostNames()),
+        key("server.web_dir", "A folder with the files of the page; empty: the built-in ones.",
+            [](auto& s) -> auto& { return s.server.webDirectory; }, anyText()),
+        key("log.level", "How much is logged.",
+            [](auto& s) -> auto& { return s.log.level; }, levels),
+        key("log.file", "The file that the log goes to; empty: stderr.",
+            [](auto& s) -> auto& { return s.log.file; }, anyText()),
+        key("deadlines.rows_s", "How long a request for rows may take before an error.",
+            [](auto& s) -> auto& { return s.deadlines.rowsSeconds; }, seconds()),
+        key("deadlines.data_s", "The same for the data of a node.",
+            [](auto& s) -> auto& { return s.deadlines.dataSeconds; }, seconds()),
+        key("deadlines.set_s", "The same for values that are set.",
+            [](auto& s) -> auto& { return s.deadlines.setSeconds; }, seconds()),
+        key("player.output", "Where the sound goes; null plays in real time to nowhere.",
+            [](auto& s) -> auto& { return s.player.output; }, notEmpty),
+        key("player.mpris", "Whether media keys and desktop panels may drive the player.",
+            [](auto& s) -> auto& { return s.player.mpris; }, boolean()),
+        key("tidal.api_url", "The address of the service's web API.",
+            [](auto& s) -> auto& { return s.tidal.apiUrl; }, withoutSlash),
+        key("tidal.country_code", "The country whose catalogue is asked for.",
+            [](auto& s) -> auto& { return s.tidal.countryCode; }, country),
+        key("tidal.image_url", "The address that pictures are read from.",
+            [](auto& s) -> auto& { return s.tidal.imageUrl; }, withSlash),
+        key("tidal.image_size", "The size of album covers and of other pictures.",
+            [](auto& s) -> auto& { return s.tidal.imageSize; }, size),
+        key("tidal.image_size_artist", "The size of pictures of artists.",
+            [](auto& s) -> auto& { return s.tidal.imageSizeArtist; }, size),
+        key("tidal.image_size_playlist", "The size of pictures of playlists.",
+            [](auto& s) -> auto& { return s.tidal.imageSizePlaylist; }, size),
+        key("tidal.image_size_genre", "The size of pictures of genres.",
+            [](auto& s) -> auto& { return s.tidal.imageSizeGenre; }, size),
+        key("tidal.image_size_mood", "The size of pictures of moods.",
+            [](auto& s) -> auto& { return s.tidal.imageSizeMood; }, size),
+        key("tidal.max_idle_time_ms", "How long a pause keeps the track's address.",
+            [](auto& s) -> auto& { return s.tidal.maxIdleTimeMs; }, milliseconds()),
+        key("tidal.sound_quality", "The quality that is asked for; the service may deliver less.",
+            [](auto& s) -> auto& { return s.tidal.soundQuality; }, qualities),
+        key("tidal.use_post_paywall", "Whole tracks, as subscribers have; false: previews.",
+            [](auto& s) -> auto& { return s.tidal.usePostPaywall; }, boolean()),
+        key("tidal.oauth2.device_code_url", "Where a login asks for its code.",
+            [](auto& s) -> auto& { return s.tidal.oauth2.deviceCodeUrl; }, address),
+        key("tidal.oauth2.authorization_url", "The page where a person confirms a login.",
+            [](auto& s) -> auto& { return s.tidal.oauth2.authorizationUrl; }, address),
+        key("tidal.oauth2.token_url", "Where tokens are fetched and refreshed.",
+            [](auto& s) -> auto& { return s.tidal.oauth2.tokenUrl; }, address),
+        key("tidal.oauth2.client_id", "Your client id at the service; none is built in.",
+            [](auto& s) -> auto& { return s.tidal.oauth2.clientId; }, anyText()),
+        key("tidal.oauth2.client_secret", "The secret of your client id. It may also come from a "
+            "file or from a credential of the service manager.",
+            [](auto& s) -> auto& { return s.tidal.oauth2.clientSecret; }, secret()),
+        key("tidal.oauth2.client_secret_file", "A file that holds the client secret.",
+            [](auto& s) -> auto& { return s.tidal.oauth2.clientSecretFile; }, anyText()),
+        key("tidal.oauth2.scope", "What a login asks permission for.",
+            [](auto& s) -> auto& { return s.tidal.oauth2.scope; }, anyText()),
     };
     // clang-format on
 }

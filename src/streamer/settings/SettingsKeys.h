@@ -10,7 +10,14 @@
 /// all keys is made once and never changes; it is safe to read on any thread.
 struct SettingsKey
 {
-    enum class Kind { Text, Integer, Number, Boolean, TextList };
+    /// The types that values of each kind have.
+    enum class Kind {
+        Text = QVariant::String,
+        Integer = QVariant::LongLong,
+        Number = QVariant::Double,
+        Boolean = QVariant::Bool,
+        TextList = QVariant::StringList
+    };
 
     QString name;             ///< with its section: "tidal.oauth2.scope"
     QString meaning;          ///< what it sets, as one sentence for people

@@ -64,7 +64,7 @@ std::optional<QStringList> texts(const toml::array& list)
     return result;
 }
 
-/// Gathers the values of one load. Lives on the stack of SettingsLoader::load.
+/// Gathers the values of one load. Lives on the stack of loadSettings().
 class Reading
 {
 public:
@@ -165,20 +165,13 @@ void Reading::apply(const SettingsOverride& given)
         problem(given.origin, notWanted(*key, "no \"=\" and value"));
         return;
     }
-    bool isNumber = false;
     QVariant value(given.value);
-    if (key->kind == SettingsKey::Kind::Integer) {
-        const qlonglong number = given.value.toLongLong(&isNumber);
-        value = isNumber ? QVariant(number) : value;
-    } else if (key->kind == SettingsKey::Kind::Number) {
-        const double number = given.value.toDouble(&isNumber);
-        value = isNumber ? QVariant(number) : value;
-    } else if (key->kind == SettingsKey::Kind::Boolean) {
-        if (given.value == "true" || given.value == "false")
-            value = given.value == "true";
-    } else if (key->kind == SettingsKey::Kind::TextList) {
+    const bool isTruth = given.value == "true" || given.value == "false";
+    if (key->kind == SettingsKey::Kind::TextList)
         value = given.value.split(',', Qt::SkipEmptyParts);
-    }
+    else if (QVariant typed = value; (key->kind != SettingsKey::Kind::Boolean || isTruth) &&
+                                     typed.convert(static_cast<int>(key->kind)))
+        value = typed;
     store(*key, value, given.origin);
 }
 
@@ -232,28 +225,24 @@ QString defaultFile()
 
 } // namespace
 
-SettingsLoader::SettingsLoader(QString file, std::vector<SettingsOverride> overrides)
-    : m_file(std::move(file)), m_overrides(std::move(overrides))
-{
-}
-
-LoadedSettings SettingsLoader::load() const
+LoadedSettings loadSettings(const QString& file, const std::vector<SettingsOverride>& overrides)
 {
     LoadedSettings result;
     Reading reading(result);
-    const QString file = m_file.isEmpty() ? defaultFile() : m_file;
-    if (!file.isEmpty())
-        reading.readFile(file);
-    for (const SettingsOverride& given : m_overrides)
+    const QString chosen = file.isEmpty() ? defaultFile() : file;
+    if (!chosen.isEmpty())
+        reading.readFile(chosen);
+    for (const SettingsOverride& given : overrides)
         reading.apply(given);
     reading.findClientSecret();
     return result;
 }
 
-SettingsOverride SettingsLoader::splitOverride(const QString& text)
+SettingsOverride splitOverride(const QString& text)
 {
     const int at = text.indexOf('=');
     if (at < 0)
         return {text, QString(), "-o"};
-    return {text.left(at).trimmed(), text.mid(at + 1).isNull() ? "" : text.mid(at + 1), "-o"};
+    const QString value = text.mid(at + 1);
+    return {text.left(at).trimmed(), value.isNull() ? "" : value, "-o"};
 }

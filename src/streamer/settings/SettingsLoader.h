@@ -27,22 +27,11 @@ struct LoadedSettings
 };
 
 /// Reads the settings: defaults, then the file, then the overrides, then the client secret from
-/// where it is kept. Owned by whoever starts the program and used once, on any one thread. It reads
-/// files and the environment and changes nothing.
-class SettingsLoader
-{
-public:
-    /// \p file from the command line; empty: the user's file, else the system's, else none.
-    explicit SettingsLoader(QString file = QString(), std::vector<SettingsOverride> overrides = {});
+/// where it is kept. It reads files and the environment and changes nothing; all problems are
+/// collected. \p file is the command line's; empty: the user's file, else the system's, else none.
+[[nodiscard]] LoadedSettings loadSettings(const QString& file = {},
+                                          const std::vector<SettingsOverride>& overrides = {});
 
-    /// Collects all problems rather than stopping at the first. Never throws.
-    [[nodiscard]] LoadedSettings load() const;
-
-    /// Splits "section.key=value". A text without "=" is kept as a key without a value, which
-    /// load() refuses by name.
-    static SettingsOverride splitOverride(const QString& text);
-
-private:
-    QString m_file;
-    std::vector<SettingsOverride> m_overrides;
-};
+/// Splits "section.key=value". A text without "=" is kept as a key without a value, which
+/// loadSettings() refuses by name.
+SettingsOverride splitOverride(const QString& text);
