@@ -148,7 +148,7 @@ ApiReply ApiClient::rows(const QString& path, int from, int to, const QString& r
 
 ApiReply ApiClient::set(const QString& path, const QByteArray& value)
 {
-    return post("set", "{\"path\":" + jsonString(path) + ",\"value\":" + value + '}');
+    return post("set", "{\"path\":" + json(path) + ",\"value\":" + value + '}');
 }
 
 ApiReply ApiClient::post(const QString& path, const QByteArray& body)

@@ -42,6 +42,16 @@ struct CommandContext
         return reply.outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
     }
 
+    /// Prints the reply: its document, or for people what \p print makes of one that is done.
+    int show(const ApiReply& reply, const std::function<void()>& print) const
+    {
+        if (isJson)
+            return printJson(reply);
+        if (reply.isDone())
+            print();
+        return finish(reply);
+    }
+
     /// Prints the reply's document as it came.
     int printJson(const ApiReply& reply) const
     {

@@ -49,9 +49,7 @@ int ConfigCommand::run(Terminal& terminal) const
             terminal.line(terminal.styled('[' + section + ']', Terminal::Style::Bold));
         }
         const QJsonValue value = document.value(key.name).toObject().value("value");
-        const QString text = value.isString()
-                                 ? shown(QString::fromUtf8(jsonString(value.toString())))
-                                 : valueText(value);
+        const QString text = shown(QString::fromUtf8(json(value)));
         const QString setting = padded(key.word(), widestWord) + " = " + padded(text, valueWidth);
         const QString origin = "  # " + shown(loaded.origin(key.name));
         // What is only the default gives way where there is no room for it.

@@ -33,23 +33,16 @@ QByteArray printableJson(const QByteArray& document)
     return result;
 }
 
-QString valueText(const QJsonValue& value)
+QByteArray json(const QJsonValue& value)
 {
-    if (value.isString())
-        return shown(value.toString());
-    QByteArray text;
-    if (value.isArray())
-        text = QJsonDocument(value.toArray()).toJson(QJsonDocument::Compact);
-    else if (value.isObject())
-        text = QJsonDocument(value.toObject()).toJson(QJsonDocument::Compact);
-    else if (!value.isUndefined())
-        text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
-    return shown(QString::fromUtf8(text));
+    return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
 }
 
-QByteArray jsonString(const QString& text)
+QString valueText(const QJsonValue& value)
 {
-    return QJsonDocument(QJsonArray{text}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
+    if (value.isUndefined())
+        return {};
+    return shown(value.isString() ? value.toString() : QString::fromUtf8(json(value)));
 }
 
 QString textIn(const QJsonObject& object, const char* name)

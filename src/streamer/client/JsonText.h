@@ -15,8 +15,8 @@ QByteArray printableJson(const QByteArray& document);
 /// One value on one line, fit for a terminal: a text bare, everything else as JSON.
 QString valueText(const QJsonValue& value);
 
-/// \p text with quotes, as it stands in a JSON document.
-QByteArray jsonString(const QString& text);
+/// \p value as it stands in a JSON document, a text with its quotes.
+QByteArray json(const QJsonValue& value);
 
 /// A member of \p object as text, as it came; empty when it is none.
 QString textIn(const QJsonObject& object, const char* name);

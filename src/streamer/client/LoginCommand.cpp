@@ -178,11 +178,7 @@ int showLogin(const CommandContext& context)
 int logout(const CommandContext& context)
 {
     const ApiReply reply = context.api.remove("login");
-    if (context.isJson)
-        return context.printJson(reply);
-    if (reply.isDone())
-        context.terminal.line("logged out");
-    return context.finish(reply);
+    return context.show(reply, [&] { context.terminal.line("logged out"); });
 }
 
 } // namespace

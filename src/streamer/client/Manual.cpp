@@ -142,11 +142,10 @@ QString settingsManual(const QString& date)
             page.subheading('[' + section + ']');
         }
         page.tagged(key.word(), 1, key.meaning);
-        const QJsonValue value = QJsonValue::fromVariant(key.read(defaults));
-        const QString text =
-            value.isString() ? QString::fromUtf8(jsonString(value.toString())) : valueText(value);
+        const QByteArray value = json(QJsonValue::fromVariant(key.read(defaults)));
         page.begin();
-        page.paragraph(QStringLiteral("Wanted: %1. Default: `%2`").arg(key.wanted, text));
+        page.paragraph(
+            QStringLiteral("Wanted: %1. Default: `%2`").arg(key.wanted, QString::fromUtf8(value)));
         page.end();
     }
     page.heading("Files");

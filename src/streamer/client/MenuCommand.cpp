@@ -3,8 +3,6 @@
 #include "client/RowsTable.h"
 #include "client/TreeWalk.h"
 
-#include <QJsonDocument>
-
 namespace cli {
 
 namespace {
@@ -40,11 +38,10 @@ int showMenu(const CommandContext& context, const QString& path)
     }
     page.insert("rows", rows);
     if (context.isJson) {
-        context.printJson(QJsonDocument(page).toJson(QJsonDocument::Compact));
+        context.printJson(json(page));
         return ExitDone;
     }
-    for (const QString& line : RowsTable(context.terminal, page).lines())
-        context.terminal.line(line);
+    context.terminal.lines(RowsTable(context.terminal, page).lines());
     return ExitDone;
 }
 
@@ -86,7 +83,7 @@ int makeFavorite(const CommandContext& context, const QString& path, const QStri
     if (context.isJson) {
         const QJsonObject result{
             {"favorite", isOn}, {"changed", isOn != wasOn}, {"confirmed", isConfirmed}};
-        context.printJson(QJsonDocument(result).toJson(QJsonDocument::Compact));
+        context.printJson(json(result));
         return ExitDone;
     }
     context.terminal.line(

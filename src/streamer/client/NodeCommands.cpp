@@ -50,11 +50,8 @@ int DataCommand::run(const CommandContext& context) const
     if (!roles.isEmpty())
         query.append({"roles", roles});
     const ApiReply reply = context.api.get("data", query);
-    if (context.isJson)
-        return context.printJson(reply);
-    if (reply.isDone())
-        printEntries(context.terminal, objectIn(reply.document, "data"));
-    return context.finish(reply);
+    return context.show(reply,
+                        [&] { printEntries(context.terminal, objectIn(reply.document, "data")); });
 }
 
 int SetCommand::run(const CommandContext& context) const
@@ -67,20 +64,16 @@ int SetCommand::run(const CommandContext& context) const
         return ExitUsage;
     }
     const ApiReply reply = context.api.set(path, text);
-    if (context.isJson)
-        return context.printJson(reply);
-    if (reply.isDone()) {
+    return context.show(reply, [&] {
         const QJsonValue answer = reply.document.value("reply");
-        const QString kind = textIn(answer.toObject(), "class");
-        if (kind == "KeloActionReply")
+        if (textIn(answer.toObject(), "class") == "KeloActionReply")
             printAction(context.terminal, answer.toObject());
         else if (answer.isObject())
             printEntries(context.terminal, answer.toObject());
         else
             context.terminal.line(answer.isNull() || answer.isUndefined() ? "done"
                                                                           : valueText(answer));
-    }
-    return context.finish(reply);
+    });
 }
 
 } // namespace

@@ -20,18 +20,15 @@ ApiReply readPlayer(ApiClient& api)
 int tell(const CommandContext& context, const QString& action, const QByteArray& body = "{}")
 {
     const ApiReply reply = context.api.post("player/" + action, body);
-    if (context.isJson)
-        return context.printJson(reply);
-    if (reply.isDone()) {
-        const bool hasState = reply.document.contains("state");
+    return context.show(reply, [&] {
         const StatusView view(context.terminal, reply.document);
-        const bool startsAnItem = action == "play";
         if (action == "volume" && !view.volume().isEmpty())
             context.terminal.line("volume  " + view.volume());
+        else if (!reply.document.contains("state"))
+            context.terminal.line("done");
         else
-            context.terminal.line(hasState ? view.oneLine(!startsAnItem) : "done");
-    }
-    return context.finish(reply);
+            context.terminal.line(view.oneLine(action != "play")); // which starts an item
+    });
 }
 
 /// Reads "90", "1:30", "1:02:03", fractions of the last part allowed, with "+" or "-" in front when
@@ -75,13 +72,9 @@ int seek(const CommandContext& context, const QString& place)
 int showStatus(const CommandContext& context)
 {
     const ApiReply reply = readPlayer(context.api);
-    if (context.isJson)
-        return context.printJson(reply);
-    if (reply.isDone()) {
-        for (const QString& line : StatusView(context.terminal, reply.document).block())
-            context.terminal.line(line);
-    }
-    return context.finish(reply);
+    return context.show(reply, [&] {
+        context.terminal.lines(StatusView(context.terminal, reply.document).block());
+    });
 }
 
 /// The stream begins with the present state.
@@ -115,7 +108,7 @@ Command playCommand()
     return Command("play", "Play a row, a list or a track.", "kelo play PATH\nkelo play 12345678")
         .option("PATH", *path, "A row that can play, a list, or a track id")
         .asks([path](const CommandContext& context) {
-            return tell(context, "play", "{\"path\":" + jsonString(*path) + '}');
+            return tell(context, "play", "{\"path\":" + json(*path) + '}');
         });
 }
 

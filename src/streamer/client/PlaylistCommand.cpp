@@ -27,8 +27,8 @@ void printDryRun(const CommandContext& context, const EditSteps& steps)
                     .arg(shellWord(shown(step.path)),
                          shellWord(QString::fromUtf8(printableJson(step.value)))));
         document += document.isEmpty() ? "" : ",";
-        document += "{\"method\":\"set\",\"path\":" + jsonString(step.path) +
-                    ",\"value\":" + step.value + '}';
+        document +=
+            "{\"method\":\"set\",\"path\":" + json(step.path) + ",\"value\":" + step.value + '}';
     }
     if (context.isJson)
         context.printJson("{\"wouldSend\":[" + document + "]}");
@@ -114,9 +114,9 @@ EditSteps PlaylistCommand::fillForm(TreeWalk& walk, const QString& form) const
     const QJsonObject page = walk.page(form);
     for (const QJsonObject& field : rowsIn(page)) {
         if (isField(field) && hasSegment(field, "title"))
-            steps.append({textIn(field, "Path"), jsonString(title)});
+            steps.append({textIn(field, "Path"), json(title)});
         else if (isField(field) && hasSegment(field, "description"))
-            steps.append({textIn(field, "Path"), jsonString(description)});
+            steps.append({textIn(field, "Path"), json(description)});
     }
     const QString accept = textIn(objectIn(page, "roles"), "AcceptPath");
     if (steps.size() != 2 || accept.isEmpty())
@@ -159,7 +159,7 @@ int PlaylistCommand::create(const CommandContext& context) const
         return context.finish(walk.reply());
     const QString made = newId(before, readIds(context.api, list), title);
     if (context.isJson)
-        context.printJson("{\"id\":" + (made.isEmpty() ? "null" : jsonString(made)) + '}');
+        context.printJson("{\"id\":" + (made.isEmpty() ? "null" : json(made)) + '}');
     else
         context.terminal.line(QStringLiteral("created %1").arg(shown(made)).trimmed());
     return ExitDone;

@@ -36,11 +36,7 @@ int RowsCommand::run(const CommandContext& context) const
         return follow(context);
     QStringList lines;
     const ApiReply reply = read(context, lines);
-    if (context.isJson)
-        return context.printJson(reply);
-    for (const QString& line : lines)
-        context.terminal.line(line);
-    return context.finish(reply);
+    return context.show(reply, [&] { context.terminal.lines(lines); });
 }
 
 ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) const
@@ -110,8 +106,7 @@ int RowsCommand::follow(const CommandContext& context) const
         } else {
             if (hasPrinted)
                 terminal.line();
-            for (const QString& line : lines)
-                terminal.line(line);
+            terminal.lines(lines);
             context.finish(reply);
         }
         hasPrinted = true;

@@ -70,7 +70,7 @@ int SearchCommand::run(const CommandContext& context) const
 
 int SearchCommand::printAll(const CommandContext& context, const Lists& lists) const
 {
-    QByteArray document = "{\"query\":" + jsonString(text);
+    QByteArray document = "{\"query\":" + json(text);
     for (const QString& word : kinds()) {
         if (!lists.contains(word))
             continue;
@@ -93,8 +93,7 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
         const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
         terminal.line(terminal.styled(word, Terminal::Style::Bold) +
                       terminal.styled(found + (fits ? " " : "\n  ") + all, Terminal::Style::Dim));
-        for (const QString& line : RowsTable(terminal, reply.document, rowsOfEach).lines())
-            terminal.line(line);
+        terminal.lines(RowsTable(terminal, reply.document, rowsOfEach).lines());
     }
     if (context.isJson)
         context.printJson(document + '}');

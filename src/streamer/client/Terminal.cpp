@@ -43,6 +43,12 @@ void Terminal::line(const QString& text)
     m_out << text.toStdString() << '\n' << std::flush;
 }
 
+void Terminal::lines(const QStringList& all)
+{
+    for (const QString& text : all)
+        line(text);
+}
+
 void Terminal::error(const QString& text)
 {
     const QStringList lines = isInteractive() ? wrapped(text, width()) : QStringList{text};

@@ -40,6 +40,7 @@ public:
 
     /// Prints one line and flushes, so that a reader at the other end of a pipe follows.
     void line(const QString& text = QString());
+    void lines(const QStringList& all);
     /// Prints a message, broken between words where a person looks at it.
     void error(const QString& text);
     /// Draws \p lines over the block that the last call drew; just prints them when nobody looks.

@@ -4,7 +4,6 @@
 #include "client/RowsTable.h"
 #include "client/TreeWalk.h"
 
-#include <QJsonDocument>
 #include <QSet>
 
 namespace cli {
@@ -48,7 +47,7 @@ int TreeCommand::run(const CommandContext& context)
     if (context.isJson) {
         const QJsonObject tree{
             {"path", path}, {"rowsCount", reply.document.value("rowsCount")}, {"rows", rows}};
-        context.printJson(QJsonDocument(tree).toJson(QJsonDocument::Compact));
+        context.printJson(json(tree));
     }
     return ExitDone;
 }
