@@ -1,12 +1,64 @@
 #include "client/Commands.h"
 #include "client/Completion.h"
-#include "client/CompletionScript.h"
 #include "client/ShellLine.h"
-#include "client/TreePaths.h"
 
 namespace cli {
 
 namespace {
+
+// The scripts ask `kelo complete` for everything, so that they need no change when commands do.
+
+const char* const bashScript = R"(# Completion of kelo's command line for bash.
+_kelo()
+{
+    local kind= line
+    COMPREPLY=()
+    {
+        IFS= read -r kind
+        while IFS= read -r line; do
+            COMPREPLY+=("${line%%$'\t'*}")
+        done
+    } < <("${1/#\~/$HOME}" complete --line "${COMP_LINE:0:COMP_POINT}" \
+        --breaks "$COMP_WORDBREAKS" 2>/dev/null)
+    case $kind in
+        parts) compopt -o nospace -o nosort -o filenames ;; # quotes what a shell would act on
+        files) compopt -o default ;;
+        folders) compopt -o dirnames ;;
+        *) compopt -o nosort ;;
+    esac
+} && complete -F _kelo kelo
+)";
+
+const char* const zshScript = R"(#compdef kelo
+# Completion of kelo's command line for zsh.
+_kelo()
+{
+    local kind line
+    local -a lines matches notes
+    lines=("${(@f)$("${(Q)words[1]/#\~/$HOME}" complete -- \
+        "${(@Q)words[1,CURRENT-1]}" "${(Q)PREFIX}" 2>/dev/null)}")
+    kind=$lines[1]
+    for line in "${(@)lines[2,-1]}"; do
+        matches+=("${line%%$'\t'*}")
+        [[ $line == *$'\t'?* ]] && line=${line/$'\t'/  -- }
+        notes+=("${line[1,COLUMNS-2]}")
+    done
+    [[ $kind == (files|folders) && $PREFIX == -*=* ]] && compset -P '*='
+    case $kind in
+        files) _files ;;
+        folders) _files -/ ;;
+        # Rows below what is typed need not begin with it, so these replace the word.
+        parts) compadd -U -S '' -V kelo -l -d notes -a matches ;;
+        words) compadd -V kelo -l -d notes -a matches ;;
+    esac
+}
+
+if [[ $funcstack[1] == _kelo ]]; then
+    _kelo "$@"
+else
+    compdef _kelo kelo
+fi
+)";
 
 /// `kelo complete`: prints the kind of the completion, then one candidate a line, a tab before its
 /// note. Whatever goes wrong, a person who types sees nothing of it.
@@ -16,33 +68,16 @@ struct CompleteCommand
     QString breaks;
     QStringList words;
 
-    int run(Terminal& terminal, const Command& program, const QString& usualServer) const
+    int run(Terminal& terminal, const Command& program, const QString& server) const
     {
         const ShellLine typed =
             words.isEmpty() ? ShellLine::parse(line, breaks) : ShellLine{words, 0};
-        const QString given = Completion::optionValue(typed.words, "--server");
-        const QString server = given.isEmpty() ? usualServer : given;
-        Completion::Streamer streamer;
-        if (ApiClient::isServerAddress(server)) {
-            streamer.paths = [server](const QString& prefix) {
-                ApiClient api(server);
-                return TreePaths(api).startingWith(prefix);
-            };
-            streamer.playlists = [server] {
-                ApiClient api(server);
-                return TreePaths(api).playlists();
-            };
-        }
-        const Completion::Result result = Completion(program, streamer).complete(typed.words);
-
+        const Completion found = Completion::find(program, typed.words, server);
         static const char* const kinds[] = {"words", "parts", "files", "folders"};
-        QStringList lines{kinds[static_cast<int>(result.kind)]};
+        terminal.line(kinds[static_cast<int>(found.kind)]);
         const QString fixed = typed.words.last().left(typed.fixed);
-        for (const Completion::Candidate& candidate : result.candidates) {
-            if (candidate.text.startsWith(fixed))
-                lines.append(candidate.text.mid(fixed.size()) + '\t' + candidate.note);
-        }
-        terminal.line(lines.join('\n'));
+        for (const Completion::Candidate& candidate : keepStarting(found.candidates, fixed))
+            terminal.line(candidate.text.mid(fixed.size()) + '\t' + candidate.note);
         return ExitDone;
     }
 };
@@ -56,7 +91,7 @@ Command completionCommand()
                    "source <(kelo completion bash)\nsource <(kelo completion zsh)")
         .option("SHELL", {*shell, QStringList{"bash", "zsh"}}, "bash or zsh")
         .runs([shell](Terminal& terminal) {
-            terminal.line(completionScript(*shell).trimmed());
+            terminal.line(QString(*shell == "zsh" ? zshScript : bashScript).trimmed());
             return ExitDone;
         });
 }

@@ -1,28 +1,25 @@
 #include "client/Completion.h"
 
 #include "client/CommandPlace.h"
+#include "client/TreePaths.h"
 #include "settings/SettingsKeys.h"
-
-#include <algorithm>
 
 namespace cli {
 
 namespace {
 
-using Candidates = QVector<Completion::Candidate>;
-
-Candidates ofWords(const QStringList& words)
+Completion::Candidates ofWords(const QStringList& words)
 {
-    Candidates result;
+    Completion::Candidates result;
     for (const QString& word : words)
         result.append({word, {}});
     return result;
 }
 
 /// "section.key=" while the key is typed, "section.key=value" after that.
-Completion::Result settings(const QString& prefix)
+Completion settings(const QString& prefix)
 {
-    Completion::Result result;
+    Completion result;
     const SettingsKey* known = findSettingsKey(prefix.section('=', 0, 0));
     if (prefix.contains('=')) {
         for (const QString& value : known ? known->choices : QStringList())
@@ -35,32 +32,53 @@ Completion::Result settings(const QString& prefix)
     return result;
 }
 
-void keepStarting(Candidates& candidates, const QString& prefix)
+/// What a value is called in help says what it is.
+Completion values(const Option& option, const QString& prefix, const QString& server)
 {
-    const auto isOther = [&prefix](const Completion::Candidate& candidate) {
-        return !candidate.text.startsWith(prefix);
-    };
-    candidates.erase(std::remove_if(candidates.begin(), candidates.end(), isOther),
-                     candidates.end());
+    Completion result;
+    const QString& value = option.value;
+    const bool hasStreamer = ApiClient::isServerAddress(server);
+    if (!option.target.choices.isEmpty())
+        result.candidates = ofWords(option.target.choices);
+    else if (value == "PATH" && hasStreamer)
+        return {treePaths(server, prefix), Completion::Kind::Parts};
+    else if (value == "ID" && hasStreamer)
+        result.candidates = playlistIds(server);
+    else if (value == "FILE")
+        result.kind = Completion::Kind::Files;
+    else if (value == "FOLDER")
+        result.kind = Completion::Kind::Folders;
+    else if (value == "KEY=VALUE")
+        result = settings(prefix);
+    else if (value == "LEVEL")
+        result.candidates = ofWords(findSettingsKey("log.level")->choices);
+    else if (value == "SINK")
+        result.candidates =
+            ofWords({"auto", "null", "alsasink", "jackaudiosink", "pipewiresink", "pulsesink"});
+    result.candidates = keepStarting(result.candidates, prefix);
+    return result;
 }
 
 } // namespace
 
-Completion::Result Completion::complete(const QStringList& words) const
+Completion Completion::find(const Command& program, const QStringList& words, QString server)
 {
-    CommandPlace place(m_program);
-    for (int i = 1; i + 1 < words.size(); ++i)
-        place.take(words.at(i));
-    Result result;
+    CommandPlace place(program);
+    for (int i = 1; i + 1 < words.size(); ++i) {
+        const CommandPlace::Word taken = place.take(words.at(i));
+        if (taken.option && taken.option->names.first() == "--server")
+            server = taken.value;
+    }
+    Completion result;
     const Command& command = *place.command;
     const QString word = words.size() > 1 ? words.last() : QString();
     const bool isOption = !place.hasOptionsEnded && word.startsWith('-');
     if (place.waiting) {
-        result = values(*place.waiting, word);
+        result = values(*place.waiting, word, server);
     } else if (isOption && word.contains('=')) {
         const QString name = word.section('=', 0, 0);
         if (const Option* option = command.findOption(name)) {
-            result = values(*option, word.mid(name.size() + 1));
+            result = values(*option, word.mid(name.size() + 1), server);
             for (Candidate& candidate : result.candidates)
                 candidate.text.prepend(name + '=');
         }
@@ -71,54 +89,23 @@ Completion::Result Completion::complete(const QStringList& words) const
             result.candidates.append({below.name, below.text});
     } else if (!isOption && !command.arguments.isEmpty()) {
         const Option* argument = place.nextArgument();
-        return argument ? values(*argument, word) : result;
+        return argument ? values(*argument, word, server) : result;
     } else if (isOption || word.isEmpty()) {
         for (const Option& option : command.options) {
             if (option.target.isMany || !place.given.contains(&option))
                 result.candidates.append({option.names.last(), option.text});
         }
     }
-    if (result.kind != Kind::Files && result.kind != Kind::Folders)
-        keepStarting(result.candidates, word);
+    result.candidates = keepStarting(result.candidates, word);
     return result;
 }
 
-/// What a value is called in help says what it is.
-Completion::Result Completion::values(const Option& option, const QString& prefix) const
+Completion::Candidates keepStarting(const Completion::Candidates& all, const QString& prefix)
 {
-    Result result;
-    const QString& value = option.value;
-    if (!option.target.choices.isEmpty())
-        result.candidates = ofWords(option.target.choices);
-    else if (value == "PATH" && m_streamer.paths)
-        return {m_streamer.paths(prefix), Kind::Parts};
-    else if (value == "ID" && m_streamer.playlists)
-        result.candidates = m_streamer.playlists();
-    else if (value == "FILE")
-        result.kind = Kind::Files;
-    else if (value == "FOLDER")
-        result.kind = Kind::Folders;
-    else if (value == "KEY=VALUE")
-        result = settings(prefix);
-    else if (value == "LEVEL")
-        result.candidates = ofWords(findSettingsKey("log.level")->choices);
-    else if (value == "SINK")
-        result.candidates =
-            ofWords({"auto", "null", "alsasink", "jackaudiosink", "pipewiresink", "pulsesink"});
-    keepStarting(result.candidates, prefix);
+    Completion::Candidates result;
+    std::copy_if(all.begin(), all.end(), std::back_inserter(result),
+                 [&prefix](const auto& candidate) { return candidate.text.startsWith(prefix); });
     return result;
-}
-
-QString Completion::optionValue(const QStringList& words, const QString& option)
-{
-    QString value;
-    for (int i = 1; i < words.size(); ++i) {
-        if (words.at(i) == option && i + 2 < words.size())
-            value = words.at(i + 1);
-        else if (words.at(i).startsWith(option + '='))
-            value = words.at(i).mid(option.size() + 1);
-    }
-    return value;
 }
 
 } // namespace cli

@@ -2,55 +2,35 @@
 
 #include "client/Command.h"
 
-#include <functional>
-
 namespace cli {
 
-/// Finds what may follow on a command line: commands and options from the command structure, values
-/// from the settings, and the rest (tree paths, playlists) from whoever asks the streamer. Made for
-/// one completion, used on the main thread. It prints nothing and knows no shell.
-class Completion
+/// What may follow on a command line: commands and options from the command structure, values from
+/// the settings, tree paths and playlists from the streamer. A value; finding it may be slow. It
+/// prints nothing and knows no shell.
+struct Completion
 {
-public:
     struct Candidate
     {
         QString text; ///< replaces the whole last word
         QString note; ///< for people, may be empty
     };
+    using Candidates = QVector<Candidate>;
     enum class Kind {
         Words,   ///< a blank follows
         Parts,   ///< more may follow without a blank
         Files,   ///< the shell completes names of files
         Folders, ///< and of folders
     };
-    struct Result
-    {
-        QVector<Candidate> candidates;
-        Kind kind = Kind::Words;
-    };
-    /// What the streamer knows. May be slow; called at most once.
-    struct Streamer
-    {
-        std::function<QVector<Candidate>(const QString& prefix)> paths;
-        std::function<QVector<Candidate>()> playlists;
-    };
 
-    Completion(const Command& program, Streamer streamer)
-        : m_program(program), m_streamer(std::move(streamer))
-    {
-    }
+    Candidates candidates;
+    Kind kind = Kind::Words;
 
-    /// \p words begin with the program's name; the last one is being typed.
-    Result complete(const QStringList& words) const;
-    /// The value that an option was given in \p words, the last one where it stands twice; empty
-    /// when it was not.
-    static QString optionValue(const QStringList& words, const QString& option);
-
-private:
-    Result values(const Option& option, const QString& prefix) const;
-
-    const Command& m_program;
-    const Streamer m_streamer;
+    /// \p words begin with the program's name; the last one is being typed. \p server is asked
+    /// where the words name no other.
+    static Completion find(const Command& program, const QStringList& words, QString server);
 };
+
+/// The candidates that begin with \p prefix.
+Completion::Candidates keepStarting(const Completion::Candidates& all, const QString& prefix);
 
 } // namespace cli

@@ -14,107 +14,115 @@ constexpr int rowsPerLevel = 50;
 
 /// `kelo tree`: the tree as an indented outline, found by reading rows. Each container is read
 /// once, at most rowsPerLevel rows of it.
-struct TreeCommand
+class TreeOutline
 {
-    QString path = topPath();
-    int depth = 2;
+public:
+    explicit TreeOutline(const CommandContext& context)
+        : m_context(context), m_terminal(context.terminal)
+    {
+    }
 
-    int run(const CommandContext& context);
+    int print(const QString& path, int depth);
 
 private:
     /// Prints the rows of \p page and of the containers in it, down to \p depth more levels; with
-    /// \p isJson nothing is printed. Gives the rows with what stands below each under "rows".
-    QJsonArray descend(const CommandContext& context, const QJsonObject& page, int depth,
-                       int level);
-    QJsonObject visit(const CommandContext& context, const QJsonObject& row, int depth, int level);
-    void note(const CommandContext& context, int level, const QString& text) const;
+    /// JSON wanted nothing is printed. Gives the rows with what stands below each under "rows".
+    QJsonArray descend(const QJsonObject& page, int depth, int level);
+    QJsonObject visit(QJsonObject row, int depth, int level);
+    void printRow(const QJsonObject& row, int level) const;
+    void note(int level, const QString& text) const;
 
+    const CommandContext& m_context;
+    Terminal& m_terminal;
     QSet<QString> m_read; ///< paths whose rows stand in the outline already
 };
 
-int TreeCommand::run(const CommandContext& context)
+int TreeOutline::print(const QString& path, int depth)
 {
-    const ApiReply reply = context.api.rows(path, 0, rowsPerLevel - 1);
+    const ApiReply reply = m_context.api.rows(path, 0, rowsPerLevel - 1);
     if (!reply.isDone())
-        return context.finish(reply);
+        return m_context.finish(reply);
     m_read.insert(path);
-    if (!context.isJson) {
-        const Terminal& terminal = context.terminal;
-        context.terminal.line(terminal.styled(
-            cut(RowsTable::heading(reply.document), terminal.width()), Terminal::Style::Bold));
-    }
-    const QJsonArray rows = descend(context, reply.document, depth, 1);
-    if (context.isJson) {
-        const QJsonObject tree{
-            {"path", path}, {"rowsCount", reply.document.value("rowsCount")}, {"rows", rows}};
-        context.printJson(json(tree));
-    }
+    if (!m_context.isJson)
+        m_terminal.line(m_terminal.styled(
+            cut(RowsTable::heading(reply.document), m_terminal.width()), Terminal::Style::Bold));
+    const QJsonArray rows = descend(reply.document, depth, 1);
+    if (m_context.isJson)
+        m_context.printJson(json(QJsonObject{
+            {"path", path}, {"rowsCount", reply.document.value("rowsCount")}, {"rows", rows}}));
     return ExitDone;
 }
 
-QJsonArray TreeCommand::descend(const CommandContext& context, const QJsonObject& page, int depth,
-                                int level)
+QJsonArray TreeOutline::descend(const QJsonObject& page, int depth, int level)
 {
     QJsonArray result;
     for (const QJsonObject& row : rowsIn(page).mid(0, rowsPerLevel))
-        result.append(visit(context, row, depth, level));
+        result.append(visit(row, depth, level));
     const int left = rowsCountIn(page) - result.size();
     if (left > 0)
-        note(context, level, QStringLiteral("... %1 more").arg(left));
+        note(level, QStringLiteral("... %1 more").arg(left));
     return result;
 }
 
-QJsonObject TreeCommand::visit(const CommandContext& context, const QJsonObject& row, int depth,
-                               int level)
+QJsonObject TreeOutline::visit(QJsonObject row, int depth, int level)
 {
     const QString path = textIn(row, "Path");
-    if (!context.isJson) {
-        const Terminal& terminal = context.terminal;
-        const QString indent(2 * level, ' ');
-        const QString place = path.isEmpty() ? QString() : shellWord(shown(path));
-        const int left = terminal.width() - indent.size() - 4 - columns(place);
-        // A path is never cut; where it leaves no room the line grows over the width.
-        const QString title = cut(RowsTable::title(row), qMax(20, left));
-        context.terminal.line(
-            indent + terminal.styled(RowsTable::mark(row), Terminal::Style::Accent) + ' ' +
-            terminal.styled(title, RowsTable::isDisabled(row) ? Terminal::Style::Dim
-                                                              : Terminal::Style::Plain) +
-            QString(place.isEmpty() ? 0 : 2, ' ') + terminal.styled(place, Terminal::Style::Dim));
-    }
-    QJsonObject result = row;
+    if (!m_context.isJson)
+        printRow(row, level);
     if (depth <= 1 || !isContainer(row) || path.isEmpty())
-        return result;
+        return row;
     if (m_read.contains(path)) {
-        note(context, level + 1, "(shown above)");
-        return result;
+        note(level + 1, "(shown above)");
+        return row;
     }
     m_read.insert(path);
-    const ApiReply below = context.api.rows(path, 0, rowsPerLevel - 1);
+    const ApiReply below = m_context.api.rows(path, 0, rowsPerLevel - 1);
     if (below.isDone()) {
-        result.insert("rows", descend(context, below.document, depth - 1, level + 1));
+        row.insert("rows", descend(below.document, depth - 1, level + 1));
     } else {
-        note(context, level + 1, QStringLiteral("(%1)").arg(below.message));
-        result.insert("problem", below.message);
+        note(level + 1, QStringLiteral("(%1)").arg(below.message));
+        row.insert("problem", below.message);
     }
-    return result;
+    return row;
 }
 
-void TreeCommand::note(const CommandContext& context, int level, const QString& text) const
+void TreeOutline::printRow(const QJsonObject& row, int level) const
 {
-    if (!context.isJson)
-        context.terminal.line(QString(2 * level, ' ') +
-                              context.terminal.styled(text, Terminal::Style::Dim));
+    using Style = Terminal::Style;
+    const QString indent(2 * level, ' ');
+    const QString path = textIn(row, "Path");
+    const QString place = path.isEmpty() ? QString() : shellWord(shown(path));
+    const int left = m_terminal.width() - indent.size() - 4 - columns(place);
+    // A path is never cut; where it leaves no room the line grows over the width.
+    const QString title = cut(RowsTable::title(row), qMax(20, left));
+    m_terminal.line(
+        indent + m_terminal.styled(RowsTable::mark(row), Style::Accent) + ' ' +
+        m_terminal.styled(title, RowsTable::isDisabled(row) ? Style::Dim : Style::Plain) +
+        QString(place.isEmpty() ? 0 : 2, ' ') + m_terminal.styled(place, Style::Dim));
+}
+
+void TreeOutline::note(int level, const QString& text) const
+{
+    if (!m_context.isJson)
+        m_terminal.line(QString(2 * level, ' ') + m_terminal.styled(text, Terminal::Style::Dim));
 }
 
 } // namespace
 
 Command treeCommand()
 {
-    const auto tree = std::make_shared<TreeCommand>();
+    struct Values
+    {
+        QString path = topPath();
+        int depth = 2;
+    };
+    const auto values = std::make_shared<Values>();
     return Command("tree", "Show the tree as an outline.", "kelo tree\nkelo tree /tidal --depth 3")
-        .option("[PATH]", tree->path, "Where to begin (/tidal)")
-        .option("--depth N", {tree->depth, 1, 16}, "Levels below it (2)")
-        .asks([tree](const CommandContext& context) { return tree->run(context); });
+        .option("[PATH]", values->path, "Where to begin (/tidal)")
+        .option("--depth N", {values->depth, 1, 16}, "Levels below it (2)")
+        .asks([values](const CommandContext& context) {
+            return TreeOutline(context).print(values->path, values->depth);
+        });
 }
 
 } // namespace cli
