@@ -54,23 +54,20 @@ void HttpTokenEndpoint::post(const QString& url, const Form& form, const QString
     headers.insert(QStringLiteral("Accept"), QStringLiteral("application/json"));
     if (!authorization.isEmpty())
         headers.insert(QStringLiteral("Authorization"), authorization);
+    HttpClientPrivate userData;
+    userData.setTag(++m_lastTag);
+    m_waiting.insert(m_lastTag, std::move(done));
     HttpClientOptions options;
     options.setTimeoutMs(answerTimeoutMs).setReadSizeLimit(longestAnswer).setHeaders(headers);
-    m_client.post(KeloUrl(url), encodedForm(form), new TokenCall(this, std::move(done)),
-                  "on_answer_invoke", options);
+    options.setUserData(userData);
+    m_client.post(KeloUrl(url), encodedForm(form), this, "on_answer_invoke", options);
 }
 
-TokenCall::TokenCall(QObject* parent, TokenEndpoint::Done done)
-    : QObject(parent), m_done(std::move(done))
-{
-}
-
-void TokenCall::on_answer_invoke(KeloUrl url, HttpClientPrivate, int status, int code,
-                                 QByteArray body, HttpClientHeaders headers)
+void HttpTokenEndpoint::on_answer_invoke(KeloUrl url, HttpClientPrivate userData, int status,
+                                         int code, QByteArray body, HttpClientHeaders headers)
 {
     KELO_LOG("OAuth2", DEBUG) << keloUrlForLog(url.toString()) << " answered with status " << status
                               << ", code " << code;
-    deleteLater();
-    m_done(
+    m_waiting.take(userData.tag())(
         {status, body, HttpClient::Failure(code), dateMs(headers.value(QStringLiteral("Date")))});
 }

@@ -2,6 +2,7 @@
 #include <functional>
 #include <kelo/HttpClient.h>
 #include <kelo/KeloOAuth2.h>
+#include <QHash>
 #include <QList>
 #include <QPair>
 
@@ -44,20 +45,11 @@ public:
     void post(const QString& url, const Form& form, const QString& authorization,
               Done done) override;
 
-private:
-    HttpClient m_client;
-};
-
-/// Receiver of one answer; deletes itself with it.
-class TokenCall : public QObject
-{
-    Q_OBJECT
-public:
-    TokenCall(QObject* parent, TokenEndpoint::Done done);
-
     Q_INVOKABLE void on_answer_invoke(KeloUrl url, HttpClientPrivate userData, int status, int code,
                                       QByteArray body, HttpClientHeaders headers);
 
 private:
-    TokenEndpoint::Done m_done;
+    HttpClient m_client;
+    QHash<int, Done> m_waiting; ///< by the tag of the call
+    int m_lastTag = 0;
 };
