@@ -49,11 +49,7 @@ std::string Audio::signature(std::int64_t track, std::int64_t expires, std::uint
 
 std::string Audio::address(const std::string& baseUrl, int track, bool preview) const
 {
-    std::uint64_t nonce = 0;
-    {
-        const std::lock_guard<std::mutex> lock(m_nonceMutex);
-        nonce = ++m_nonce;
-    }
+    const std::uint64_t nonce = ++m_nonce;
     const std::int64_t id = m_catalogue.track(track).id;
     const std::int64_t expires = nowMs() / 1000 + addressSeconds;
     return baseUrl + "/audio/" + std::to_string(id) + (preview ? "/preview" : "/0") +

@@ -4,6 +4,7 @@
 #include "Faults.h"
 #include "FlacTone.h"
 
+#include <atomic>
 #include <list>
 #include <memory>
 #include <mutex>
@@ -43,8 +44,7 @@ private:
     Faults& m_faults;
     std::mutex m_mutex;
     std::list<Kept> m_tones; // the last used one first
-    mutable std::mutex m_nonceMutex;
-    mutable std::uint64_t m_nonce = 0;
+    mutable std::atomic<std::uint64_t> m_nonce{0};
 };
 
 } // namespace kelosim

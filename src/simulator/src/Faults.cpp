@@ -209,11 +209,6 @@ std::optional<Pairs> Faults::use(const std::string& name, const HttpRequest& req
     return std::nullopt;
 }
 
-std::optional<Pairs> Faults::use(const std::string& name)
-{
-    return use(name, HttpRequest());
-}
-
 std::optional<HttpResponse> Faults::instead(const HttpRequest& request)
 {
     HttpResponse response = HttpResponse::json(200, std::string(512, ' '));

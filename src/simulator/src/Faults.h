@@ -19,9 +19,8 @@ public:
     void clear();
 
     // The first fault of this name that applies to the request, its count reduced; empty otherwise.
-    std::optional<Pairs> use(const std::string& name, const HttpRequest& request);
-    // The same without a request, for faults that know no path.
-    std::optional<Pairs> use(const std::string& name);
+    // Some faults know no path and are asked for without a request.
+    std::optional<Pairs> use(const std::string& name, const HttpRequest& request = {});
 
     // What happens to the request before it reaches a route: an answer in its place.
     std::optional<HttpResponse> instead(const HttpRequest& request);

@@ -70,19 +70,20 @@ Playlist& Library::add(Playlist playlist, const std::vector<std::int64_t>& ids)
     return m_playlists.emplace(playlist.uuid, std::move(playlist)).first->second;
 }
 
+std::vector<std::int64_t> Library::someTracks(std::uint64_t salt, std::uint64_t count) const
+{
+    std::vector<std::int64_t> ids;
+    for (std::uint64_t i = 0; i < count; ++i) {
+        const std::uint64_t hash = mix(m_catalogue.seed(), salt, i);
+        ids.push_back(Catalogue::trackId(int(hash % m_catalogue.trackCount())));
+    }
+    return ids;
+}
+
 void Library::fill()
 {
-    const std::uint64_t seed = m_catalogue.seed();
-    const auto someTracks = [&](std::uint64_t salt, std::uint64_t count) {
-        std::vector<std::int64_t> ids;
-        for (std::uint64_t i = 0; i < count; ++i) {
-            const auto total = m_catalogue.trackCount();
-            ids.push_back(Catalogue::trackId(int(mix(seed, salt, i) % total)));
-        }
-        return ids;
-    };
     for (std::uint64_t i = 0; i < editorialCount; ++i) {
-        const std::uint64_t hash = mix(seed, 501, i);
+        const std::uint64_t hash = mix(m_catalogue.seed(), 501, i);
         Playlist list;
         list.title = i == 7 ? longTitle(hash, 500) : playlistTitle(hash);
         if (hash % 10 != 0)
@@ -104,6 +105,12 @@ void Library::fill()
             ids.insert(ids.begin() + 5, Catalogue::videoId(int(i % 60)));
         add(std::move(list), ids);
     }
+    fillOwn();
+    fillFavorites();
+}
+
+void Library::fillOwn()
+{
     struct Own
     {
         const char* title;
@@ -139,17 +146,15 @@ void Library::fill()
         add(std::move(list), ids);
         ++age;
     }
-    fillFavorites();
 }
 
 void Library::fillFavorites()
 {
-    const std::uint64_t seed = m_catalogue.seed();
     const auto fillKind = [&](FavoriteKind kind, int count, int total, auto idOf) {
         std::set<std::string> seen;
         auto& list = m_favorites[kind];
         for (std::uint64_t i = 0; int(list.size()) < count; ++i) {
-            const std::uint64_t hash = mix(seed, 600 + int(kind), i);
+            const std::uint64_t hash = mix(m_catalogue.seed(), 600 + int(kind), i);
             const std::string id = idOf(int(hash % total));
             const auto age = std::int64_t(hash / 4096 % 1000) * day;
             if (seen.insert(id).second)

@@ -87,7 +87,9 @@ public:
 
 private:
     void fill(); // m_mutex is held, or nobody else knows this object yet
+    void fillOwn();
     void fillFavorites();
+    std::vector<std::int64_t> someTracks(std::uint64_t salt, std::uint64_t count) const;
     Playlist& add(Playlist playlist, const std::vector<std::int64_t>& ids);
     // Finds and checks the playlist, whose tag must be given where `needsTag` says so, runs
     // `change` on it, and stamps and copies it when that is done.

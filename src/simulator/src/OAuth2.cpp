@@ -208,19 +208,20 @@ bool OAuth2::isWaiting(const std::string& userCode) const
     });
 }
 
-OAuth2::Check OAuth2::check(const HttpRequest& request) const
+std::optional<OAuth2::Refusal> OAuth2::check(const HttpRequest& request) const
 {
     const std::string* header = request.header("Authorization");
-    if (!header || !startsWith(lowerAscii(*header), "bearer"))
-        return Check::Missing;
-    const std::size_t begin = header->find_first_not_of(' ', 6);
+    const bool isBearer = header && startsWith(lowerAscii(*header), "bearer");
+    const std::size_t begin = isBearer ? header->find_first_not_of(' ', 6) : std::string::npos;
     if (begin == std::string::npos)
-        return Check::Missing;
+        return Refusal(1005, "Missing auth parameter");
     const std::lock_guard<std::mutex> lock(m_mutex);
     const auto it = m_accessTokens.find(header->substr(begin));
     if (it == m_accessTokens.end())
-        return Check::Garbage;
-    return nowMs() < it->second ? Check::Valid : Check::Expired;
+        return Refusal(11002, "Token has invalid payload");
+    if (nowMs() >= it->second)
+        return Refusal(11003, "The token has expired. (Expired on time)");
+    return std::nullopt;
 }
 
 std::string OAuth2::issueToken()

@@ -27,8 +27,10 @@ public:
     // Whether a login waits for the person's answer to this code.
     bool isWaiting(const std::string& userCode) const;
 
-    enum class Check { Valid, Missing, Garbage, Expired };
-    Check check(const HttpRequest& request) const;
+    // What is wrong with the request's access token: subStatus and message; nothing when it is
+    // good.
+    using Refusal = std::pair<int, const char*>;
+    std::optional<Refusal> check(const HttpRequest& request) const;
 
     std::string issueToken();
     void expireTokens();

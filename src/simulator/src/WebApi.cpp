@@ -58,8 +58,10 @@ HttpResponse WebApi::handle(const HttpRequest& request, const std::string& baseU
                     baseUrl,
                     request.queryValue("countryCode"),
                     ItemJson(m_catalogue, m_audio.shortSeconds())};
-    if (auto refusal = checkAccess(call))
-        return std::move(*refusal);
+    if (needsCountry(call) && call.country.empty())
+        return apiError(400, 1002, "countryCode parameter missing");
+    if (const auto refusal = m_oauth2.check(request))
+        return apiError(401, refusal->first, refusal->second);
     return route(call);
 }
 
@@ -68,23 +70,6 @@ bool WebApi::needsCountry(const Call& call) const
     if (call.segment(0) == "sessions" || call.segment(2) == "subscription")
         return false;
     return !isPlayback(call.segment(2)) && (call.request.isGet() || !isItemPosition(call.segments));
-}
-
-std::optional<HttpResponse> WebApi::checkAccess(const Call& call) const
-{
-    if (needsCountry(call) && call.country.empty())
-        return apiError(400, 1002, "countryCode parameter missing");
-    switch (m_oauth2.check(call.request)) {
-    case OAuth2::Check::Missing:
-        return apiError(401, 1005, "Missing auth parameter");
-    case OAuth2::Check::Garbage:
-        return apiError(401, 11002, "Token has invalid payload");
-    case OAuth2::Check::Expired:
-        return apiError(401, 11003, "The token has expired. (Expired on time)");
-    case OAuth2::Check::Valid:
-        break;
-    }
-    return std::nullopt;
 }
 
 HttpResponse WebApi::route(const Call& call)

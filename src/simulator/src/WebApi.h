@@ -55,7 +55,6 @@ private:
     using Emit = std::function<void(JsonWriter&, std::size_t)>;
 
     HttpResponse route(const Call& call);
-    std::optional<HttpResponse> checkAccess(const Call& call) const;
     bool needsCountry(const Call& call) const;
     HttpResponse list(const Call& call, PageRule rule, std::size_t total, const Emit& emit,
                       const char* source = nullptr);
