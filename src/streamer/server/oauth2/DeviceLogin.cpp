@@ -96,13 +96,11 @@ void DeviceLogin::poll()
         expire();
         return;
     }
-    TokenEndpoint::Form form;
-    const QString authorization = addClient(m_info, form);
-    form.append({QStringLiteral("device_code"), m_deviceCode.reveal()});
-    form.append({QStringLiteral("grant_type"),
-                 QStringLiteral("urn:ietf:params:oauth:grant-type:device_code")});
-    form.append({QStringLiteral("scope"), m_info.scope()});
-    m_endpoint.post(m_info.tokenUrl(), form, authorization, guarded(&DeviceLogin::onToken));
+    m_endpoint.askForTokens(m_info,
+                            {{QStringLiteral("device_code"), m_deviceCode.reveal()},
+                             {QStringLiteral("grant_type"),
+                              QStringLiteral("urn:ietf:params:oauth:grant-type:device_code")}},
+                            guarded(&DeviceLogin::onToken));
 }
 
 void DeviceLogin::onToken(const OAuth2Answer& answer)

@@ -29,8 +29,8 @@ qint64 dateMs(const QString& text)
     return date.isValid() ? date.toMSecsSinceEpoch() : 0;
 }
 
-} // namespace
-
+/// Client authentication (RFC 6749 2.3.1): adds id and, where there is one, secret to the form, or
+/// the id alone and returns the authorization header's value, as the service wants it.
 QString addClient(const KeloOAuth2ServiceInfo& info, TokenEndpoint::Form& form)
 {
     form.append({QStringLiteral("client_id"), info.clientId()});
@@ -43,6 +43,17 @@ QString addClient(const KeloOAuth2ServiceInfo& info, TokenEndpoint::Form& form)
     }
     form.append({QStringLiteral("client_secret"), info.clientSecret()});
     return QString();
+}
+
+} // namespace
+
+void TokenEndpoint::askForTokens(const KeloOAuth2ServiceInfo& info, const Form& grant, Done done)
+{
+    Form form;
+    const QString authorization = addClient(info, form);
+    form += grant;
+    form.append({QStringLiteral("scope"), info.scope()});
+    post(info.tokenUrl(), form, authorization, std::move(done));
 }
 
 HttpTokenEndpoint::HttpTokenEndpoint(QObject* parent) : QObject(parent), m_client(nullptr) {}

@@ -28,11 +28,9 @@ public:
     /// `authorization` is the value of the header of that name; empty for none.
     virtual void post(const QString& url, const Form& form, const QString& authorization,
                       Done done) = 0;
+    /// Asks for tokens: sends the fields of a grant with the client's authentication and the scope.
+    void askForTokens(const KeloOAuth2ServiceInfo& info, const Form& grant, Done done);
 };
-
-/// Client authentication (RFC 6749 2.3.1): adds id and, where there is one, secret to the form, or
-/// the id alone and returns the authorization header's value, as the service wants it.
-QString addClient(const KeloOAuth2ServiceInfo& info, TokenEndpoint::Form& form);
 
 /// The token endpoint over HTTP. Owned by the OAuth2 worker, on its thread. Bodies are never
 /// logged.

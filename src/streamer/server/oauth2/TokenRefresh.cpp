@@ -65,16 +65,13 @@ void TokenRefresh::onTime()
 void TokenRefresh::refresh()
 {
     m_isRunning = true;
-    TokenEndpoint::Form form;
-    const QString authorization = addClient(m_info, form);
-    form.append({QStringLiteral("refresh_token"), m_tokens.refresh.reveal()});
-    form.append({QStringLiteral("grant_type"), QStringLiteral("refresh_token")});
-    form.append({QStringLiteral("scope"), m_info.scope()});
-    m_endpoint.post(m_info.tokenUrl(), form, authorization,
-                    [this, login = m_login](const TokenReply& reply) {
-                        if (login == m_login)
-                            onAnswer(OAuth2Answer(reply, m_clock.wallMs()));
-                    });
+    m_endpoint.askForTokens(m_info,
+                            {{QStringLiteral("refresh_token"), m_tokens.refresh.reveal()},
+                             {QStringLiteral("grant_type"), QStringLiteral("refresh_token")}},
+                            [this, login = m_login](const TokenReply& reply) {
+                                if (login == m_login)
+                                    onAnswer(OAuth2Answer(reply, m_clock.wallMs()));
+                            });
 }
 
 void TokenRefresh::onAnswer(const OAuth2Answer& answer)
