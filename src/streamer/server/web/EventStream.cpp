@@ -50,7 +50,7 @@ bool EventStream::tellsLateAnswer(std::string& text)
     JsonText json;
     json.beginObject();
     if (late.isSet()) {
-        json.field("for", late.from());
+        json.field("for", late.from);
         json.field("seconds", late.seconds());
     }
     json.endObject();

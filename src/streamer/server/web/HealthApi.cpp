@@ -45,7 +45,7 @@ HttpReply HealthApi::readiness(const TextCatalogue& texts) const
     QJsonObject state{{QStringLiteral("status"), QStringLiteral("ready")}};
     if (const LateAnswer late = LateAnswer::now(); late.isSet()) {
         state.insert(QStringLiteral("waiting"),
-                     QJsonObject{{QStringLiteral("for"), late.from()},
+                     QJsonObject{{QStringLiteral("for"), late.from},
                                  {QStringLiteral("seconds"), late.seconds()},
                                  {QStringLiteral("text"), late.text().toString(texts)}});
     }

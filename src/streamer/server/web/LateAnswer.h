@@ -4,23 +4,20 @@
 
 /// What clients wait for when an answer is late. A plain value; any thread makes one, at the cost
 /// of one short lock.
-class LateAnswer
+struct LateAnswer
 {
-public:
-    /// Who is waited for: nobody; the music service, which has a call of the module; else the
-    /// streamer itself, a module that is busy for one.
-    enum class From { Nobody, Service, Streamer };
+    /// Who is waited for: "service", the music service, which has a call of the module; else
+    /// "streamer", a module that is busy for one; empty: nobody.
+    QString from;
+    std::chrono::steady_clock::time_point since; ///< when the oldest request came
 
     /// An answer is late after this time.
     static constexpr std::chrono::seconds patience{2};
 
-    LateAnswer() = default;
     /// As it is now: of the requests from outside that are unanswered, the oldest counts.
     static LateAnswer now();
 
-    bool isSet() const { return m_from != From::Nobody; }
-    /// "service" or "streamer".
-    QString from() const;
+    bool isSet() const { return !from.isEmpty(); }
     /// How long the oldest request waits.
     qint64 seconds() const;
     /// For people, as "waiting for the music service, 12 s".
@@ -29,10 +26,6 @@ public:
     /// Whether it is the same waiting; time goes on in it.
     bool operator==(const LateAnswer& other) const
     {
-        return m_from == other.m_from && m_since == other.m_since;
+        return from == other.from && since == other.since;
     }
-
-private:
-    From m_from = From::Nobody;
-    std::chrono::steady_clock::time_point m_since; ///< when the oldest request came
 };
