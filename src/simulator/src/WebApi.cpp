@@ -6,12 +6,6 @@ namespace kelosim {
 
 namespace {
 
-bool isItemPosition(const std::vector<std::string>& segments)
-{
-    return segments.size() == 4 && segments[0] == "playlists" &&
-           (segments[2] == "tracks" || segments[2] == "items");
-}
-
 bool isPlayback(const std::string& segment)
 {
     return startsWith(segment, "playbackinfo");
@@ -67,9 +61,12 @@ HttpResponse WebApi::handle(const HttpRequest& request, const std::string& baseU
 
 bool WebApi::needsCountry(const Call& call) const
 {
-    if (call.segment(0) == "sessions" || call.segment(2) == "subscription")
+    const std::string& part = call.segment(2);
+    if (call.segment(0) == "sessions" || part == "subscription" || isPlayback(part))
         return false;
-    return !isPlayback(call.segment(2)) && (call.request.isGet() || !isItemPosition(call.segments));
+    const bool isItemPosition = call.segments.size() == 4 && call.segment(0) == "playlists" &&
+                                (part == "tracks" || part == "items");
+    return call.request.isGet() || !isItemPosition;
 }
 
 HttpResponse WebApi::route(const Call& call)
