@@ -20,21 +20,9 @@ TidalBaseContextNode::TidalBaseContextNode(TidalWorker* worker, const CMPath& pa
 
 QVariant TidalBaseContextNode::getContextRoles(const QMap<QString, QString>& params)
 {
-    std::call_once(m_rolesOnce, [this] {
-        m_roles = getDataRoles(CMPath::Params()).toHash();
-        m_encodedPath = path().toEncoded();
-    });
-    QString text;
-    text.reserve(m_encodedPath.size() + params.size() * 32);
-    text += m_encodedPath;
-    QChar separator = QLatin1Char('?');
-    for (auto it = params.constBegin(); it != params.constEnd(); ++it) {
-        text += separator;
-        CMPath::appendEncodedParam(text, it.key(), it.value());
-        separator = QLatin1Char('&');
-    }
+    std::call_once(m_rolesOnce, [this] { m_roles = getDataRoles(CMPath::Params()).toHash(); });
     QVariantHash roles = m_roles;
-    roles[KeloRoles::Path()] = text;
+    roles[KeloRoles::Path()] = CMPath(path().base(), params).toEncoded();
     return roles;
 }
 

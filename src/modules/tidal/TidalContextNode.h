@@ -25,8 +25,7 @@ public:
 private:
     TidalAddRemoveFavouritesNode* m_favoritesNode = nullptr; ///< the first row
     std::once_flag m_rolesOnce;
-    QVariantHash m_roles;  ///< data roles without parameters, from the first getContextRoles() on
-    QString m_encodedPath; ///< the path's encoded form; set with m_roles
+    QVariantHash m_roles; ///< data roles without parameters, from the first getContextRoles() on
 };
 
 /// The menu of albums, playlists and tracks: has a list of the user's playlists to add the item to,

@@ -1,7 +1,6 @@
 #include "TidalHandler.h"
 #include "TidalWorker.h"
 #include <kelo/CMRoot.h>
-#include <kelo/CMValueItem.h>
 #include <kelo/HttpClient.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloOAuth2.h>
@@ -13,11 +12,11 @@ namespace {
 constexpr int getTimeoutMs = 30000;
 constexpr int getReadSizeLimit = 262144;
 
-CMPath accessTokenPath()
+/// Something of this service at the host's OAuth2 service.
+CMPath loginPath(const QString& subpath)
 {
-    CMPath path = KeloOAuth2ServicePath();
-    path.appendSubpath(KeloTidalName());
-    path.appendSubpath(KeloOAuth2AccessTokenSubPath());
+    CMPath path = TidalWorker::loginPath();
+    path.appendSubpath(subpath);
     return path;
 }
 
@@ -48,19 +47,8 @@ QString encodedSegment(const QString& text)
 TidalHandler::TidalHandler(TidalWorker* worker, QString const& apiUrl, QString const& countryCode)
     : QObject(worker), m_worker(worker),
       m_httpClient(new HttpClient(this, HttpClient::VersionAny, true)), m_apiUrl(apiUrl),
-      m_accessToken(new CMValueItem(this, accessTokenPath())), m_responder(apiUrl, this)
-{
-    m_account.setCountryCode(countryCode);
-}
-
-TidalHandler::~TidalHandler() = default;
-
-void TidalHandler::setApiUrl(QString const& apiUrl)
-{
-    m_apiUrl = apiUrl;
-}
-
-void TidalHandler::setCountryCode(QString const& countryCode)
+      m_accessToken(new CMValueItem(this, loginPath(KeloOAuth2AccessTokenSubPath()))),
+      m_responder(apiUrl, this)
 {
     m_account.setCountryCode(countryCode);
 }
@@ -137,23 +125,14 @@ HttpClientOptions TidalHandler::requestOptions(HttpClientPrivate userData, int t
 
 void TidalHandler::reportRefusedToken(const HttpClientPrivate& refused)
 {
-    if (refused.tag() < m_firstTagOfToken)
-        return;
-    CMPath path = KeloOAuth2ServicePath();
-    path.appendSubpath(KeloTidalName());
-    path.appendSubpath(KeloOAuth2RefreshSubPath());
-    CMRoot().invoke(path, m_sentToken);
+    if (refused.tag() >= m_firstTagOfToken)
+        CMRoot().invoke(loginPath(KeloOAuth2RefreshSubPath()), m_sentToken);
 }
 
 bool TidalHandler::isOfEarlierLogin(const HttpClientPrivate& call) const
 {
     return call.tag() != 0 &&
            (m_worker->setUpNumber() != m_sentSetUp || call.tag() < m_firstTagOfSetUp);
-}
-
-QString TidalHandler::accessToken() const
-{
-    return m_accessToken->value().string_();
 }
 
 bool TidalHandler::checkAccessToken(const CMRequest& request)

@@ -1,6 +1,7 @@
 #pragma once
 #include "TidalNodeResponder.h"
 #include <kelo/CMRequest.h>
+#include <kelo/CMValueItem.h>
 #include <kelo/HttpClientHeaders.h>
 #include <kelo/HttpClientPrivate.h>
 #include <kelo/KeloTidalTypes.h>
@@ -10,7 +11,6 @@
 #include <QPair>
 #include <QString>
 
-class CMValueItem;
 class HttpClient;
 class HttpClientOptions;
 class TidalWorker;
@@ -26,12 +26,11 @@ public:
     using Query = QList<QPair<QString, QString>>;
 
     TidalHandler(TidalWorker* worker, QString const& apiUrl, QString const& countryCode);
-    ~TidalHandler() override;
 
     TidalWorker* getWorker() const { return m_worker; }
     TidalNodeResponder* responder() { return &m_responder; }
-    void setApiUrl(QString const& apiUrl);
-    void setCountryCode(QString const& countryCode);
+    void setApiUrl(QString const& apiUrl) { m_apiUrl = apiUrl; }
+    void setCountryCode(QString const& countryCode) { m_account.setCountryCode(countryCode); }
     /// Forgets the account, its country code included.
     void resetAccount();
     void setAccount(QString const& sessionId, QString const& countryCode, qint64 userId);
@@ -134,7 +133,7 @@ private:
     /// Slot of the responder that takes what is told by its request.
     static constexpr const char* answerSlot = "on_response_invoke";
 
-    QString accessToken() const;
+    QString accessToken() const { return m_accessToken->value().string_(); }
     /// False, with a WARN line and where there is a request an error on it, without a token.
     bool checkAccessToken(const CMRequest& request = CMRequest());
     /// As checkAccessToken(), for what is sent in a later turn than its request came in: false also

@@ -16,35 +16,25 @@ QString limitOf(const CMGetRowsRequest& request)
     return QString::number(qBound<qint64>(0, count, maxPageSize));
 }
 
-TidalHandler::Query limit(const QString& count)
+TidalHandler::Query item(const char* key, const QString& value)
 {
-    return {{QStringLiteral("limit"), count}};
-}
-
-TidalHandler::Query offset(int first)
-{
-    return {{QStringLiteral("offset"), QString::number(first)}};
+    return {{QLatin1String(key), value}};
 }
 
 TidalHandler::Query paging(const CMGetRowsRequest& request)
 {
-    return offset(request.from()) + limit(limitOf(request));
+    return item("offset", QString::number(request.from())) + item("limit", limitOf(request));
 }
 
 TidalHandler::Query order(const KeloTidalBrowseSetting& setting)
 {
-    return {{QStringLiteral("order"), KeloTidalOrder::toString(setting.order()).toUpper()}};
+    return item("order", KeloTidalOrder::toString(setting.order()).toUpper());
 }
 
 TidalHandler::Query orderDirection(const KeloTidalBrowseSetting& setting)
 {
-    return {{QStringLiteral("orderDirection"),
-             KeloTidalOrderDirection::toString(setting.orderDirection()).toUpper()}};
-}
-
-TidalHandler::Query filter(const QString& text)
-{
-    return {{QStringLiteral("filter"), text}};
+    return item("orderDirection",
+                KeloTidalOrderDirection::toString(setting.orderDirection()).toUpper());
 }
 
 /// Whether the service can order a list of the user's by this.
@@ -109,8 +99,7 @@ void TidalHandler::search(CMGetRowsRequest const& request, QString const& query,
 {
     if (checkAccessToken(request))
         sendGet(pathOf(request, {QStringLiteral("search"), type}),
-                Query{{QStringLiteral("query"), query}} + countryQuery() + paging(request),
-                rowsSlot, request);
+                item("query", query) + countryQuery() + paging(request), rowsSlot, request);
 }
 
 void TidalHandler::getArtist(CMGetRowsRequest request, QString const& artistId)
@@ -121,17 +110,18 @@ void TidalHandler::getArtist(CMGetRowsRequest request, QString const& artistId)
 }
 
 void TidalHandler::getArtistContent(CMGetRowsRequest request, QString const& artistId,
-                                    QString const& content, QString const& filterText)
+                                    QString const& content, QString const& filter)
 {
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal")
-        << "artistId: " << artistId << " content: " << content << " filter: " << filterText;
+        << "artistId: " << artistId << " content: " << content << " filter: " << filter;
     if (!checkAccessToken(request))
         return;
     // The radio is kept whole, so it is asked for whole.
     const bool isRadio = content == KeloTidalArtistRadio();
     sendGet(pathOf(request, {QStringLiteral("artists"), artistId, content}),
-            countryQuery() + offset(request.from()) + filter(filterText) +
-                limit(isRadio ? QString::number(maxPageSize) : limitOf(request)),
+            countryQuery() + item("offset", QString::number(request.from())) +
+                item("filter", filter) +
+                item("limit", isRadio ? QString::number(maxPageSize) : limitOf(request)),
             "on_artistContentResponse_invoke", request);
 }
 
@@ -165,11 +155,11 @@ void TidalHandler::getMyMusic(CMGetRowsRequest const& request, QString const& ty
         request.reply().setError(CMError(KELO_TR("Missing user Id. Cannot get favorites")));
         return;
     }
-    Query query = countryQuery() + offset(offsetOf(request)) + orderDirection(*setting) +
-                  limit(limitOf(request));
+    Query query = countryQuery() + item("offset", QString::number(offsetOf(request))) +
+                  orderDirection(*setting) + item("limit", limitOf(request));
     if (isOrderOf(setting->order(), type))
         query += order(*setting);
-    query += filter(KeloTidalFilter::toString(setting->filter()).toUpper());
+    query += item("filter", KeloTidalFilter::toString(setting->filter()).toUpper());
     const bool isFavorites = group == QLatin1String("favorites");
     sendGet(isFavorites ? userPathOf(request, {group, type}) : userPathOf(request, {type}), query,
             rowsSlot, request);

@@ -77,11 +77,7 @@ TidalWorker::TidalWorker(const QVariantHash& settings)
                 SLOT(on_tidal_path_leave(CMPath const&)));
     m_player = PlayLogicInterface::instance(KeloPlayerPath());
 
-    m_myMusicSetting.setFilter(KeloTidalFilter::All_);
-    m_myMusicSetting.setOrder(KeloTidalOrder::Name_);
-    m_myMusicSetting.setOrderDirection(KeloTidalOrderDirection::Asc_);
     m_playlistTracksSetting.setOrder(KeloTidalOrder::Index_);
-    m_playlistTracksSetting.setOrderDirection(KeloTidalOrderDirection::Asc_);
 
     CMListRowsNode* message = CMListRowsNode::create(nodes(), KeloTidalMessagePath());
     message->setTitle(KELO_TR("Info message"));

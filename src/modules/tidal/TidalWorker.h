@@ -63,6 +63,8 @@ public:
     CMListRowsNode* myMusicNode() const { return m_tree->myMusic; }
     /// Where the artists' pages stand. Any thread.
     CMPath artistsPath() const;
+    /// Where the host's OAuth2 service publishes the login state of this service.
+    static CMPath loginPath();
 
     /// The settings as they were at the start, with the present country code and API address.
     const KeloTidalSettings& tidalSettings() const { return m_settings; }
@@ -85,7 +87,10 @@ public:
     /// What a request is answered with that the end of its login has overtaken.
     static CMError loggedOutError();
     bool isUserConfigured() const { return m_session.state == UserConfigState::Configured; }
-    bool isUserConfiguring() const;
+    bool isUserConfiguring() const
+    {
+        return m_session.state != UserConfigState::NotConfigured && !isUserConfigured();
+    }
     /// Builds what is missing of the static tree; false when it cannot be built.
     bool buildStaticStructure();
 
@@ -206,8 +211,6 @@ private:
 
     /// Sends the service's data to the host's OAuth2 service and waits until it has taken them.
     void registerService();
-    /// Where the host's OAuth2 service publishes the login state of this service.
-    static CMPath loginPath();
 
     /// Whether a request is to be served now; if not it has been answered, served or postponed.
     bool configure(const CMRequest& request);

@@ -18,12 +18,6 @@ CMError TidalWorker::loggedOutError()
         TrString(TrCharData{"void TidalWorker::configureUser()", "User was logged out", nullptr}));
 }
 
-bool TidalWorker::isUserConfiguring() const
-{
-    return m_session.state != UserConfigState::NotConfigured &&
-           m_session.state != UserConfigState::Configured;
-}
-
 bool TidalWorker::buildStaticStructure()
 {
     if (!m_tree) {

@@ -3,6 +3,7 @@
 #include "TidalHandler.h"
 #include "TidalNode.h"
 #include <kelo/PlayLogicInterface.h>
+#include <QRegularExpression>
 
 namespace {
 QString trackReference(const QString& id)
@@ -47,13 +48,8 @@ KeloRoles itemRolesOf(const QVariant& value)
 /// Whether a text can stand in the path of a service request as it is (RFC 3986 2.3).
 bool isPlainId(const QString& id)
 {
-    const auto isUnreserved = [](QChar c) {
-        return (c >= QLatin1Char('0') && c <= QLatin1Char('9')) ||
-               (c >= QLatin1Char('a') && c <= QLatin1Char('z')) ||
-               (c >= QLatin1Char('A') && c <= QLatin1Char('Z')) || c == QLatin1Char('-') ||
-               c == QLatin1Char('_');
-    };
-    return std::all_of(id.begin(), id.end(), isUnreserved);
+    static const QRegularExpression unreserved(QStringLiteral("\\A[0-9A-Za-z_-]*\\z"));
+    return unreserved.match(id).hasMatch();
 }
 
 /// The id of the track that the first resource refers to; empty when there is none.
