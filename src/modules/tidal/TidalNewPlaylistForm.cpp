@@ -1,7 +1,6 @@
 #include "TidalNewPlaylistForm.h"
 
 #include "TidalActionReply.h"
-#include "TidalContextNode.h"
 #include "TidalHandler.h"
 #include "TidalWorker.h"
 #include <kelo/CMRoot.h>
@@ -45,22 +44,19 @@ TidalPlaylistForm::TidalPlaylistForm(const CMPath& path, TidalWorker* worker)
         createField(nodes(), path + QStringLiteral("/title"), fieldText("Title", "Playlist title"));
     m_descriptionNode = createField(nodes(), path + QStringLiteral("/description"),
                                     fieldText("Description", "Playlist description"));
-    m_acceptNode = CMActivateNode::create(nodes(), path + QStringLiteral("/accept"), nullptr,
-                                          nullptr, Qt::QueuedConnection);
-    m_acceptNode->setTitle(m_isCreate ? fieldText("Create", "Playlist create")
-                                      : fieldText("Update", "Playlist update"));
-    m_acceptNode->setInvoke(this, SLOT(on_acceptNode_invoked(CMSetDataRequest)),
-                            Qt::QueuedConnection);
+    CMActivateNode* accept =
+        CMActivateNode::create(nodes(), path + QStringLiteral("/accept"), this,
+                               SLOT(on_acceptNode_invoked(CMSetDataRequest)), Qt::QueuedConnection);
+    accept->setTitle(m_isCreate ? fieldText("Create", "Playlist create")
+                                : fieldText("Update", "Playlist update"));
 
     container()->rowsAppend(m_titleNode->path());
     container()->rowsAppend(m_descriptionNode->path());
     container()->setTitle(m_isCreate ? KELO_TR("Create new playlist") : KELO_TR("Update playlist"));
     container()->setPlayable(false);
-    container()->setAcceptPath(m_acceptNode->path());
+    container()->setAcceptPath(accept->path());
     container()->setContainerType(KeloRolesContainerType::List_);
 }
-
-TidalPlaylistForm::~TidalPlaylistForm() = default;
 
 void TidalPlaylistForm::on_load()
 {
@@ -99,19 +95,17 @@ void TidalPlaylistForm::addPlaylistFinish(const CMSetDataRequest& request,
 void TidalPlaylistForm::addItem(const CMPath& formPath, const QString& playlistId,
                                 const QString& etag)
 {
-    CMPath path = m_worker->getBrowserNode()->path() + KeloTidalAddToPlaylists();
-    path.addParam(QStringLiteral("ETag"), etag);
-    path.addParam(QStringLiteral("contentId"), playlistId);
-    path.addParam(QStringLiteral("playlistId"), playlistId);
-    path.addParam(QStringLiteral("id"), formPath.param(QStringLiteral("id")));
-    path.addParam(QStringLiteral("rowNum"), QStringLiteral("0"));
-    if (formPath.param(QStringLiteral("type")) == KeloTidalTracks()) {
+    // Whatever is no track is added as an album; deliberate.
+    const bool isTrack = formPath.param(QStringLiteral("type")) == KeloTidalTracks();
+    CMPath path = m_worker->addToPlaylistNode(false)->path();
+    path.addParams({{QStringLiteral("ETag"), etag},
+                    {QStringLiteral("contentId"), playlistId},
+                    {QStringLiteral("playlistId"), playlistId},
+                    {QStringLiteral("id"), formPath.param(QStringLiteral("id"))},
+                    {QStringLiteral("rowNum"), QStringLiteral("0")},
+                    {QStringLiteral("type"), isTrack ? KeloTidalTracks() : KeloTidalAlbums()}});
+    if (isTrack)
         path.addParam(QStringLiteral("artists"), formPath.param(QStringLiteral("artists")));
-        path.addParam(QStringLiteral("type"), KeloTidalTracks());
-    } else {
-        // Whatever is no track is added as an album; deliberate.
-        path.addParam(QStringLiteral("type"), KeloTidalAlbums());
-    }
     // As from outside, so that it has a deadline: an edit is begun again for as long as its request
     // waits.
     const CMSetDataRequest addition(path, KeloRoles::Value(), 1);

@@ -14,7 +14,6 @@ class TidalPlaylistForm : public KeloForm
     Q_OBJECT
 public:
     static TidalPlaylistForm* create(TidalWorker* worker, const CMPath& path);
-    ~TidalPlaylistForm() override;
 
     void on_load() override;
     /// The service has created the playlist: adds the item that the form was opened for, if there
@@ -36,5 +35,4 @@ private:
     bool m_isCreate;
     CMValueNode* m_titleNode;
     CMValueNode* m_descriptionNode;
-    CMActivateNode* m_acceptNode;
 };

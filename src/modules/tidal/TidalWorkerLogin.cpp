@@ -84,10 +84,8 @@ void TidalWorker::configureUser()
             failSetUp(KELO_TR("Failed to initialize TIDAL"));
         break;
     case UserConfigState::SubscriptionPending:
-        m_session.state = UserConfigState::Configured;
-        finishPosponedRequests(CMError());
-        break;
     case UserConfigState::Configured:
+        m_session.state = UserConfigState::Configured;
         finishPosponedRequests(CMError());
         break;
     }

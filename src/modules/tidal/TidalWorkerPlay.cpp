@@ -220,9 +220,8 @@ void TidalWorker::on_internal_track(const CMSetDataRequest& request)
         failPlay(KELO_TR("media data request failed"));
 }
 
-void TidalWorker::on_internal_media(CMSetDataRequest mediaRequest, CMSetDataRequest playRequest)
+void TidalWorker::on_internal_media(CMSetDataRequest mediaRequest, CMSetDataRequest)
 {
-    Q_UNUSED(playRequest)
     if (m_play.isMediaPending()) {
         mediaRequest.reply().setError(playError(KELO_TR("another media request pending")));
         return;
