@@ -5,7 +5,6 @@
 #include <kelo/HttpClientHeaders.h>
 #include <kelo/HttpClientPrivate.h>
 #include <kelo/KeloTidalTypes.h>
-#include <kelo/TrString.h>
 #include <QList>
 #include <QObject>
 #include <QPair>

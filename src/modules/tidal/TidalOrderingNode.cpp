@@ -97,24 +97,16 @@ void TidalFilterEnumNode::on_handleBrowseSetting(KeloTidalOrderingType::Enum typ
                                                  KeloTidalBrowseSetting* setting,
                                                  const CMSetDataRequest& request)
 {
+    Q_ASSERT_X(type >= KeloTidalOrderingType::Order_ && type <= KeloTidalOrderingType::Filter_,
+               Q_FUNC_INFO, "false");
     // A filter is in force before it is shown, the others are shown first.
-    switch (type) {
-    case KeloTidalOrderingType::Filter_:
+    if (type == KeloTidalOrderingType::Filter_)
         setting->setFilter(KeloTidalFilter::fromString(value));
-        setValue(textValue(value));
-        break;
-    case KeloTidalOrderingType::Order_:
-        setValue(textValue(value));
+    setValue(textValue(value));
+    if (type == KeloTidalOrderingType::Order_)
         setting->setOrder(KeloTidalOrder::fromString(value));
-        break;
-    case KeloTidalOrderingType::OrderDirection_:
-        setValue(textValue(value));
+    else if (type == KeloTidalOrderingType::OrderDirection_)
         setting->setOrderDirection(KeloTidalOrderDirection::fromString(value));
-        break;
-    default:
-        Q_ASSERT_X(false, Q_FUNC_INFO, "false");
-        break;
-    }
     request.reply().setValue(QVariant());
     subscribe()->changedStartingWith(path(), CMSubscribe::RowsChangeClose(), -1);
 }

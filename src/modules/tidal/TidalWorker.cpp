@@ -1,7 +1,5 @@
 #include "TidalWorker.h"
 
-#include "TidalBrowseNode.h"
-#include "TidalContextNode.h"
 #include "TidalHandler.h"
 #include <kelo/CMActivateNode.h>
 #include <kelo/CMListRowsNode.h>
