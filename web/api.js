@@ -3,7 +3,7 @@
 import { chosenLanguage, t } from "./text.js";
 
 /** What a call was refused with: `status` 0 means that the streamer was not reached. */
-export class ApiError extends Error {
+class ApiError extends Error {
   constructor(status, name, message) {
     super(message);
     this.status = status;
@@ -11,14 +11,13 @@ export class ApiError extends Error {
   }
 }
 
-const watchers = new Set();
+let watch = () => {};
 const underWay = new Set(); // oldest first
 let session = null;
 
-/** Tells of every call: {method, target, status, milliseconds, body}. For the developer's drawer. */
+/** Has a function told of every call: {method, target, status, milliseconds}. */
 export function watchCalls(watcher) {
-  watchers.add(watcher);
-  return () => watchers.delete(watcher);
+  watch = watcher;
 }
 
 /** When the oldest of the calls under way began that are not older than this; null when there is none. */
@@ -27,48 +26,40 @@ export function callSince(begin) {
   return null;
 }
 
-async function send(method, target, body, headers, signal) {
+async function send(method, target, options) {
   const call = { begin: performance.now() };
   underWay.add(call);
+  const report = (status) => watch({ method, target, status, milliseconds: performance.now() - call.begin });
   try {
-    return await exchange(method, target, body, headers, signal, call.begin);
+    const answer = await fetch(target, { method, cache: "no-store", ...options });
+    const text = await answer.text();
+    report(answer.status);
+    return understood(answer, text);
+  } catch (error) {
+    if (error.name === "AbortError" || error instanceof ApiError) throw error;
+    report(0);
+    throw new ApiError(0, "Offline", t("The streamer cannot be reached."));
   } finally {
     underWay.delete(call);
   }
 }
 
-async function exchange(method, target, body, headers, signal, begin) {
-  let answer;
-  let text = "";
-  try {
-    answer = await fetch(target, { method, body, headers, signal, cache: "no-store" });
-    text = await answer.text();
-  } catch (error) {
-    if (error.name === "AbortError") throw error;
-    report(method, target, 0, begin, null);
-    throw new ApiError(0, "Offline", t("The streamer cannot be reached."));
-  }
+function understood({ ok, status }, text) {
   let json = null;
   try {
-    json = text ? JSON.parse(text) : null;
+    json = JSON.parse(text);
   } catch {
-    json = null;
+    // what is said instead needs no JSON
   }
-  report(method, target, answer.status, begin, json);
-  if (answer.ok && json !== null) return json;
-  const said = json?.detail || json?.title || t("The streamer answered with the status %1.", answer.status);
-  throw new ApiError(answer.status, json?.name || "", said);
-}
-
-function report(method, target, status, begin, body) {
-  const call = { method, target, status, milliseconds: performance.now() - begin, body };
-  for (const watcher of watchers) watcher(call);
+  if (ok && json !== null) return json;
+  const said = json?.detail || json?.title || t("The streamer answered with the status %1.", status);
+  throw new ApiError(status, json?.name || "", said);
 }
 
 function address(name, parameters = {}) {
   const query = new URLSearchParams();
-  for (const [key, value] of Object.entries(parameters)) if (value !== undefined) query.append(key, value);
-  if (chosenLanguage()) query.append("language", chosenLanguage());
+  for (const [key, value] of Object.entries(parameters)) query.append(key, value);
+  if (chosenLanguage) query.append("language", chosenLanguage);
   const text = query.toString();
   return `api/v1/${name}${text ? `?${text}` : ""}`;
 }
@@ -84,8 +75,7 @@ async function change(method, name, body) {
     try {
       const { header, token } = await session;
       const headers = { "Content-Type": "application/json", [header]: token };
-      const text = body === undefined ? undefined : JSON.stringify(body);
-      return await send(method, address(name), text, headers);
+      return await send(method, address(name), { headers, body: JSON.stringify(body) });
     } catch (error) {
       // The token is made anew when the streamer starts.
       if (error.status === 403 || !error.status) forgetSession();
@@ -116,12 +106,11 @@ export function getRows(path, from, to, signal) {
     ahead = null;
     return answer;
   }
-  return send("GET", address("rows", { path, from, to, roles: listRoles }), undefined, {}, signal);
+  return send("GET", address("rows", { path, from, to, roles: listRoles }), { signal });
 }
 
-export const getData = (path, signal) => send("GET", address("data", { path }), undefined, {}, signal);
+export const getData = (path) => send("GET", address("data", { path }));
 export const setValue = (path, value = 1) => change("POST", "set", { path, value });
-export const getPlayer = () => send("GET", address("player"));
 export const player = (command, body = {}) => change("POST", `player/${command}`, body);
 export const getLogin = () => send("GET", address("login"));
 export const startLogin = () => change("POST", "login", {});

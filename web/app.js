@@ -8,7 +8,7 @@ import { Drawer } from "./drawer.js";
 import { el, fill, icon } from "./dom.js";
 import { live } from "./live.js";
 import { LoginView } from "./login.js";
-import { currentPath, currentState, go, isPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
+import { currentPath, currentState, go, onPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
 import { home, linkTo, loginPath, settingsPath } from "./path.js";
 import { playback } from "./playback.js";
 import { PlayingView } from "./playing.js";
@@ -73,11 +73,11 @@ function startSearch() {
   const search = async () => {
     const text = input.value.trim();
     const isSearching = searchedText(currentPath()) !== null;
-    if (!text) return isSearching ? history.back() : undefined;
+    if (!text) return isSearching && history.back();
     try {
       const path = await searchPath(text);
       if (!path) return toastError(t("Log in to search."));
-      if (text !== input.value.trim() || path === currentPath()) return undefined;
+      if (text !== input.value.trim() || path === currentPath()) return;
       return isSearching ? replace(path) : go(path, null, true);
     } catch (error) {
       return toastError(error);
@@ -99,18 +99,11 @@ function startSearch() {
   });
 }
 
-// A plain click begins a new trail at the path; another is the browser's.
-function leadTo(link, path) {
-  link.addEventListener("click", (event) => {
-    if (!isPlainClick(event)) return;
-    event.preventDefault();
-    go(path, null, true);
-  });
-}
+// A plain click begins a new trail at the path.
+const leadTo = (link, path) => onPlainClick(link, () => go(path, null, true));
 
 /** The top of the tree beside the page, on wide screens. It follows logins by the notices of its rows. */
 function startSidebar() {
-  const top = new RowSource(home);
   const list = part("sidebar").querySelector("ul");
   const fillIt = () => {
     const rows = top.rows.filter((row) => row.Type === "Container" && row.Path);
@@ -130,7 +123,7 @@ function startSidebar() {
       }),
     );
   };
-  top.addEventListener("changed", fillIt);
+  const top = new RowSource(home, fillIt);
   top.need(0, 0);
   fillIt();
 }

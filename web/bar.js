@@ -9,12 +9,17 @@ import { waitingLine } from "./waiting.js";
 
 const slider = (properties) => el("input", { type: "range", min: "0", ...properties });
 
-/** A slider for the place in the item. Owned by its view; stop() ends its clock. */
-export function seekBar() {
+// Shows the player's state, now and whenever it is another one, until the signal.
+function follow(show, signal) {
+  playback.addEventListener("changed", show, { signal });
+  show();
+}
+
+/** A slider for the place in the item; it follows the player until the signal. */
+export function seekBar(signal) {
   const input = slider({ max: "1", step: "1000", value: "0", class: "seek", "aria-label": t("Position") });
   const now = el("span", { class: "time" });
   const whole = el("span", { class: "time" });
-  const element = el("div", { class: "seek-bar" }, now, input, whole);
   let isHeld = false;
   const show = () => {
     const { durationMs = 0 } = playback.state;
@@ -33,14 +38,14 @@ export function seekBar() {
     isHeld = false;
     show();
   });
-  playback.addEventListener("changed", show);
   const timer = setInterval(() => playback.isPlaying && !document.hidden && show(), 500);
-  show();
-  return { element, stop: () => (clearInterval(timer), playback.removeEventListener("changed", show)) };
+  signal?.addEventListener("abort", () => clearInterval(timer));
+  follow(show, signal);
+  return el("div", { class: "seek-bar" }, now, input, whole);
 }
 
 /** A slider for the volume. */
-export function volumeBar() {
+export function volumeBar(signal) {
   const input = slider({ max: "100", class: "volume", "aria-label": t("Volume") });
   let isHeld = false;
   let wanted = null;
@@ -69,14 +74,11 @@ export function volumeBar() {
     send();
   });
   input.addEventListener("change", () => ((isHeld = false), show()));
-  const onChanged = () => show();
-  playback.addEventListener("changed", onChanged);
-  show();
-  const element = el("div", { class: "volume-bar" }, icon("volume"), input);
-  return { element, stop: () => playback.removeEventListener("changed", onChanged) };
+  follow(show, signal);
+  return el("div", { class: "volume-bar" }, icon("volume"), input);
 }
 
-export function playButton() {
+export function playButton(signal) {
   const properties = { class: "icon-button play-button" };
   const button = iconButton("play", t("Play"), () => playback.toggle(), properties);
   const show = () => {
@@ -85,9 +87,8 @@ export function playButton() {
     button.classList.toggle("resolving", playback.state.state === "resolving");
     button.disabled = !playback.isActive;
   };
-  playback.addEventListener("changed", show);
-  show();
-  return { element: button, stop: () => playback.removeEventListener("changed", show) };
+  follow(show, signal);
+  return button;
 }
 
 const qualities = { LOW: "Low", HIGH: "High", LOSSLESS: "Lossless", HI_RES: "Hi-Res" };
@@ -104,25 +105,25 @@ export function qualityText({ quality } = {}) {
 /** Fills the bar's element. */
 export function startBar(bar) {
   const words = twoLines("", "");
+  const showQueue = () => go("!playing", null, true);
   const link = el("a", { class: "bar-item", href: linkTo("!playing") });
-  link.addEventListener("click", (event) => (event.preventDefault(), go("!playing", null, true)));
+  link.addEventListener("click", (event) => (event.preventDefault(), showQueue()));
   const note = el("div", { class: "bar-note", role: "status" });
   const previous = iconButton("previous", t("Previous"), () => playback.send("previous"));
   const next = iconButton("next", t("Next"), () => playback.send("next"));
-  const showQueue = () => go("!playing", null, true);
   const properties = { class: "icon-button queue-button" };
   const queue = iconButton("queue", t("Now playing and queue"), showQueue, properties);
   fill(
     bar,
     waitingLine(() => [playback]),
     note,
-    seekBar().element,
+    seekBar(),
     el(
       "div",
       { class: "bar-row" },
       link,
-      el("div", { class: "bar-buttons" }, previous, playButton().element, next),
-      el("div", { class: "bar-side" }, volumeBar().element, queue),
+      el("div", { class: "bar-buttons" }, previous, playButton(), next),
+      el("div", { class: "bar-side" }, volumeBar(), queue),
     ),
   );
   let shown = "";
@@ -141,6 +142,5 @@ export function startBar(bar) {
     const said = [title, artist, album].filter(Boolean).join(", ");
     link.setAttribute("aria-label", title ? t("Now playing: %1", said) : t("Nothing plays"));
   };
-  playback.addEventListener("changed", show);
-  show();
+  follow(show);
 }

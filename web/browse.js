@@ -15,7 +15,6 @@ import { waitingLine } from "./waiting.js";
 
 const pictureShare = 0.5;
 
-/** Events: "current" with {row, source} when another row has the focus; "loaded" once. */
 export class BrowseView extends View {
   #source;
   #list;
@@ -26,7 +25,6 @@ export class BrowseView extends View {
   #shownHead = "";
   #head = el("div", { class: "hero" });
   #body = el("div", { class: "view-body" });
-  #onPlayer = () => this.#markPlaying();
   #playingPath = playback.state.path;
   #wasPlaying = playback.isPlaying;
 
@@ -36,7 +34,7 @@ export class BrowseView extends View {
     this.#item = known;
     this.#trail = trail;
     this.#place = place;
-    this.#source = new RowSource(path);
+    this.#source = new RowSource(path, () => this.#update());
     const waiting = waitingLine(() => [this.#source]);
     this.element = el("section", { class: "view" }, this.#head, waiting, this.#body);
     this.#list = new VirtualList(
@@ -46,11 +44,10 @@ export class BrowseView extends View {
       (index) => this.#source.row(index),
       (from, to) => this.#source.need(from, to),
     );
-    this.#list.element.addEventListener("current", (event) => this.#tellCurrent(event.detail));
+    this.#list.element.addEventListener("current", (event) => this.tellRow(this.#source.row(event.detail)));
     this.scroller = scroller;
-    this.#source.addEventListener("changed", () => this.#update());
     this.#source.addEventListener("call", (event) => this.tell("call", event.detail));
-    playback.addEventListener("changed", this.#onPlayer);
+    playback.addEventListener("changed", () => this.#markPlaying(), { signal: this.ended });
     this.#showHead();
     const unread = Array.from({ length: 8 }, () => skeleton("rows"));
     fill(this.#body, el("ul", { class: "list loading", "aria-hidden": "true" }, unread));
@@ -58,19 +55,15 @@ export class BrowseView extends View {
   }
 
   close() {
+    super.close();
     this.#source.close();
     this.#list.close();
-    playback.removeEventListener("changed", this.#onPlayer);
   }
 
   get place() {
     const { element, current } = this.#list;
     const hadFocus = element.contains(document.activeElement);
     return { scroll: this.scroller.scrollTop, current, hadFocus, to: current };
-  }
-
-  get source() {
-    return this.#source;
   }
 
   #update() {
@@ -173,7 +166,7 @@ export class BrowseView extends View {
   #openOrder(path, box) {
     const { roles } = this.#source;
     const list = { ...roles, Type: "", Path: "", Context: { Path: path } };
-    openMenu(list, box, [], () => this.#source.reload());
+    openMenu(list, box, () => this.#source.reload());
   }
 
   #openItemMenu(box) {
@@ -215,10 +208,5 @@ export class BrowseView extends View {
       const index = Number(element.dataset.index);
       if (touched.has(this.#source.row(index)?.Path)) this.#list.refresh(index);
     }
-  }
-
-  #tellCurrent(index) {
-    const row = this.#source.row(index);
-    if (row) this.dispatchEvent(new CustomEvent("current", { detail: { row, index } }));
   }
 }

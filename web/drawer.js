@@ -120,7 +120,8 @@ export class Drawer {
     this.#row = row;
     if (!row) {
       const hint = t("Move to a row: its path, roles and data stand here.");
-      return fill(this.#node, el("p", { class: "hint" }, hint));
+      fill(this.#node, el("p", { class: "hint" }, hint));
+      return;
     }
     const data = el("div", { class: "data" });
     const ask = button(t("Read its data"), () => this.#askData(row, data), "small");
@@ -135,7 +136,6 @@ export class Drawer {
       data,
       el("dl", { "aria-label": t("Roles") }, roles),
     );
-    return undefined;
   }
 
   /** Shows the answer that a list was made from. */

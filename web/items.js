@@ -2,7 +2,7 @@
 
 import { openContainer, openMenu, openValue, runAction } from "./menu.js";
 import { boxOf, cover, el, icon, iconButton, twoLines } from "./dom.js";
-import { go, isPlainClick } from "./nav.js";
+import { go, onPlainClick } from "./nav.js";
 import { linkTo, loginPath } from "./path.js";
 import { playback } from "./playback.js";
 import {
@@ -35,8 +35,7 @@ export function open(row, anchor = null) {
   if (row.Type === "Container") return go(row.Path, placeOf(row));
   if (row.Type === "Audio") return playback.play(row.Path);
   if (row.Type === "Action") return runAction(row);
-  if (isChoice(row) || isField(row)) return openValue(row, anchor);
-  return undefined;
+  return isChoice(row) || isField(row) ? openValue(row, anchor) : null;
 }
 
 const hasMenu = (row) => Boolean(row.Context?.Path) || (isPlayableItem(row) && row.Type !== "Audio");
@@ -47,11 +46,7 @@ function mainOf(row) {
   const shared = { class: "main", "aria-label": label, "aria-disabled": row.Disabled ? "true" : null };
   if (row.Type === "Container" && !isDialog(row) && row.Path) {
     const link = el("a", { href: linkTo(row.Path), draggable: "false", ...shared });
-    link.addEventListener("click", (event) => {
-      if (!isPlainClick(event)) return;
-      event.preventDefault();
-      open(row);
-    });
+    onPlainClick(link, () => open(row));
     return link;
   }
   const isDone = ["Container", "Audio", "Action"].includes(row.Type) || isChoice(row) || isField(row);

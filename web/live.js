@@ -27,7 +27,7 @@ class Live extends EventTarget {
     this.isResting = false;
     const query = new URLSearchParams();
     if (this.#wantsRequests) query.append("requests", "1");
-    if (chosenLanguage()) query.append("language", chosenLanguage());
+    if (chosenLanguage) query.append("language", chosenLanguage);
     const wanted = [...new Set([...paths, ...this.#wanted()])];
     const isShort = !this.#isRefused && wanted.join("").length < mostPathText;
     if (isShort) for (const path of wanted) query.append("path", path);

@@ -38,22 +38,19 @@ export class LoginView extends View {
   #time = el("strong");
   #code = "";
   #isAsking = false;
-  #onLogin = (event) => this.#take(event.detail);
-  #onState = (event) => event.detail && this.#read();
 
   constructor() {
     super();
     this.heading.textContent = t("Log in");
     this.element = el("section", { class: "view" }, this.heading, this.#body);
-    live.addEventListener("login", this.#onLogin);
-    live.addEventListener("state", this.#onState);
+    live.addEventListener("login", ({ detail }) => this.#take(detail), { signal: this.ended });
+    live.addEventListener("state", ({ detail }) => detail && this.#read(), { signal: this.ended });
     fill(this.#body, busy(t("Loading…")));
     this.#read();
   }
 
   close() {
-    live.removeEventListener("login", this.#onLogin);
-    live.removeEventListener("state", this.#onState);
+    super.close();
     clearInterval(this.#timer);
   }
 

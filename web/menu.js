@@ -19,7 +19,7 @@ const mostRows = 500;
  * Opens the context menu of a row, with what the page itself can do with it above. `changed` is told when
  * another value was chosen in it.
  */
-export function openMenu(row, anchor, extra = [], changed = null) {
+export function openMenu(row, anchor, changed = null) {
   const dialog = new Dialog(anchor, "menu-dialog");
   const subject = titleOf(row);
   const own = [];
@@ -28,28 +28,26 @@ export function openMenu(row, anchor, extra = [], changed = null) {
   if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: play });
   if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: visit });
   const context = { dialog, subject, changed, places: [placeOf(row), currentState().item] };
-  dialog.push(listPage(context, row.Context?.Path ?? "", subject, [...own, ...extra]));
+  dialog.push(listPage(context, row.Context?.Path ?? "", subject, own));
+  return dialog.finished;
+}
+
+function openPage(makePage, row, anchor) {
+  const dialog = new Dialog(anchor, "menu-dialog");
+  dialog.push(makePage({ dialog, subject: titleOf(row) }, row));
   return dialog.finished;
 }
 
 /** Opens a menu or a form that stands at a path by itself. */
-export function openContainer(row, anchor = null) {
-  const dialog = new Dialog(anchor, "menu-dialog");
-  dialog.push(containerPage({ dialog, subject: titleOf(row) }, row));
-  return dialog.finished;
-}
+export const openContainer = (row, anchor) => openPage(containerPage, row, anchor);
 
 /** Opens the choices, or the field, of a value. */
-export function openValue(row, anchor = null) {
-  const dialog = new Dialog(anchor, "menu-dialog");
-  dialog.push(valuePage({ dialog, subject: titleOf(row) }, row));
-  return dialog.finished;
-}
+export const openValue = (row, anchor) => openPage(valuePage, row, anchor);
 
 /** Activates a row; what the reply brings to read is shown. */
-export async function runAction(row, subject = titleOf(row)) {
+export async function runAction(row) {
   try {
-    const text = await activate(row, subject);
+    const text = await activate(row, titleOf(row));
     if (!text) return;
     const dialog = new Dialog(null, "reading-dialog");
     dialog.push(textPage(row.Title, text));
@@ -74,7 +72,7 @@ const valuePage = (context, row, above) =>
 // What stands at a path decides: a form has something to accept or to fill in, a menu has rows, and what is
 // neither is a place to go to.
 function containerPage(context, row) {
-  const source = new RowSource(row.Path);
+  const source = new RowSource(row.Path, () => update());
   const body = el("div", { class: "menu" }, busy(t("Loading…")));
   const page = { title: titleOf(row), element: body, close: () => source.close() };
   let inner = null;
@@ -96,7 +94,6 @@ function containerPage(context, row) {
     context.dialog.place();
     inner.shown?.();
   };
-  source.addEventListener("changed", update);
   source.need(0, mostRows).then(update);
   page.shown = () => inner?.shown?.();
   return page;
@@ -121,11 +118,8 @@ function listPage(context, path, title, own, given = null) {
       items[Math.max(0, Math.min(focused, items.length - 1))]?.focus();
   };
   page.shown = show;
-  if (source && source !== given) {
-    source.addEventListener("changed", show);
-    source.need(0, mostRows);
-  }
-  if (given) given.addEventListener("changed", show);
+  source?.addEventListener("changed", show);
+  source?.need(0, mostRows);
   show();
   return page;
 }
@@ -235,7 +229,7 @@ export async function presentChoice(row, place) {
 }
 
 function choicePage(context, row, above = null) {
-  const source = new RowSource(row.Edit.enumPath);
+  const source = new RowSource(row.Edit.enumPath, () => show());
   const list = menuElement(row.Title, busy(t("Loading…")));
   let value = row.Value;
   const choose = async (choice, button) => {
@@ -266,7 +260,6 @@ function choicePage(context, row, above = null) {
     context.dialog.place();
     (items.find((item) => item.getAttribute("aria-checked") === "true") ?? items[0])?.focus();
   };
-  source.addEventListener("changed", show);
   source.need(0, mostRows);
   return { title: row.Title, element: list, close: () => source.close(), shown: show };
 }

@@ -10,14 +10,9 @@ export const nav = new EventTarget();
 
 history.scrollRestoration = "manual";
 
-export function currentPath() {
-  const text = location.hash.slice(1);
-  return text || home;
-}
+export const currentPath = () => location.hash.slice(1) || home;
 
-export function currentState() {
-  return history.state ?? {};
-}
+export const currentState = () => history.state ?? {};
 
 let keepPlace = () => ({});
 
@@ -30,29 +25,35 @@ function rememberPlace() {
   history.replaceState({ ...history.state, place: keepPlace() }, "");
 }
 
-/** Goes to a path. With `isTop` it begins a new trail. */
-export function go(path, item = null, isTop = false) {
+function move(path, state) {
   rememberPlace();
-  const title = document.querySelector("main h1")?.textContent ?? "";
-  const here = { path: currentPath(), title, item: history.state?.item };
-  const trail = isTop || here.path.startsWith("!") ? [] : [...(history.state?.trail ?? []), here];
-  history.pushState({ item, trail: trail.slice(-12) }, "", linkTo(path));
+  history.pushState(state, "", linkTo(path));
   nav.dispatchEvent(new Event("moved"));
 }
 
-/** Goes back along the trail to a place on it; `trail` is what stands before that. */
-export function goUp({ path, item = null }, trail) {
-  rememberPlace();
-  history.pushState({ item, trail }, "", linkTo(path));
-  nav.dispatchEvent(new Event("moved"));
+/** Goes to a path. With `isTop` it begins a new trail. */
+export function go(path, item = null, isTop = false) {
+  const title = document.querySelector("main h1")?.textContent ?? "";
+  const here = { path: currentPath(), title, item: history.state?.item };
+  const trail = isTop || here.path.startsWith("!") ? [] : [...(history.state?.trail ?? []), here];
+  move(path, { item, trail: trail.slice(-12) });
 }
+
+/** Goes back along the trail to a place on it; `trail` is what stands before that. */
+export const goUp = ({ path, item = null }, trail) => move(path, { item, trail });
 
 addEventListener("popstate", () => nav.dispatchEvent(new Event("moved")));
 addEventListener("pagehide", rememberPlace);
 
-/** Whether a click is to be followed here; others (new tab, new window) are the browser's. */
-export const isPlainClick = ({ button, metaKey, ctrlKey, shiftKey, altKey }) =>
-  button === 0 && !metaKey && !ctrlKey && !shiftKey && !altKey;
+/** Has a plain click on a link followed here; others (new tab, new window) are the browser's. */
+export function onPlainClick(link, run) {
+  link.addEventListener("click", (event) => {
+    const { button, metaKey, ctrlKey, shiftKey, altKey } = event;
+    if (button !== 0 || metaKey || ctrlKey || shiftKey || altKey) return;
+    event.preventDefault();
+    run();
+  });
+}
 
 /** Goes to a path in place of the present one, for addresses that change while one types. */
 export function replace(path) {

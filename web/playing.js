@@ -17,17 +17,14 @@ export class PlayingView extends View {
   #quality = el("p", { class: "quality" });
   #cover = el("div", { class: "playing-cover" });
   #queue = el("div", { class: "queue" });
-  #parts = [seekBar(), volumeBar(), playButton()];
   #source = null;
   #list = null;
   #shown = "";
   #scroller;
-  #onPlayer = () => this.#show();
 
   constructor(scroller) {
     super();
     this.#scroller = scroller;
-    const [seek, volume, play] = this.#parts;
     const command = (name, label) => iconButton(name, label, () => playback.send(name));
     this.element = el(
       "section",
@@ -43,16 +40,16 @@ export class PlayingView extends View {
           this.#artist,
           this.#album,
           this.#quality,
-          seek.element,
+          seekBar(this.ended),
           el(
             "div",
             { class: "playing-buttons" },
             command("previous", t("Previous")),
-            play.element,
+            playButton(this.ended),
             command("next", t("Next")),
             command("stop", t("Stop")),
           ),
-          volume.element,
+          volumeBar(this.ended),
         ),
       ),
       el(
@@ -63,13 +60,12 @@ export class PlayingView extends View {
         this.#queue,
       ),
     );
-    playback.addEventListener("changed", this.#onPlayer);
+    playback.addEventListener("changed", () => this.#show(), { signal: this.ended });
     this.#show();
   }
 
   close() {
-    playback.removeEventListener("changed", this.#onPlayer);
-    for (const part of this.#parts) part.stop();
+    super.close();
     this.#dropQueue();
   }
 
@@ -103,7 +99,7 @@ export class PlayingView extends View {
     }
     if (this.#source?.path !== path) {
       this.#dropQueue();
-      this.#source = new RowSource(path);
+      this.#source = new RowSource(path, () => this.#update());
       this.#list = new VirtualList(
         this.#scroller,
         t("Queue"),
@@ -111,11 +107,9 @@ export class PlayingView extends View {
         (at) => this.#contentOf(at + this.first),
         (from, to) => this.#source.need(from + this.first, to + this.first),
       );
-      this.#list.element.addEventListener("current", ({ detail }) => {
-        const row = this.#source.row(detail + this.first);
-        if (row) this.tell("current", { row, index: detail + this.first });
-      });
-      this.#source.addEventListener("changed", () => this.#update());
+      this.#list.element.addEventListener("current", ({ detail }) =>
+        this.tellRow(this.#source.row(detail + this.first)),
+      );
       fill(this.#queue, this.#list.element);
     }
     this.first = Math.max(0, index);

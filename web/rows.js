@@ -21,23 +21,20 @@ export class RowSource extends EventTarget {
   #abort = new AbortController();
   #timer = 0;
   #last = [0, pageSize - 1];
-  #onNotice = (event) => this.#notice(event.detail);
-  #onActed = () => isBelow(this.path, home) && this.#reloadSoon();
-  #onState = (event) => event.detail && this.reload();
 
-  constructor(path) {
+  /** `onChanged` listens to "changed". */
+  constructor(path, onChanged = null) {
     super();
     this.path = path;
-    live.addEventListener("rows", this.#onNotice);
-    live.addEventListener("acted", this.#onActed);
-    live.addEventListener("state", this.#onState);
+    this.addEventListener("changed", onChanged);
+    const { signal } = this.#abort;
+    live.addEventListener("rows", ({ detail }) => detail.path === path && this.#reloadSoon(), { signal });
+    live.addEventListener("acted", () => isBelow(path, home) && this.#reloadSoon(), { signal });
+    live.addEventListener("state", ({ detail }) => detail && this.reload(), { signal });
     live.follow(this, [path]);
   }
 
   close() {
-    live.removeEventListener("rows", this.#onNotice);
-    live.removeEventListener("acted", this.#onActed);
-    live.removeEventListener("state", this.#onState);
     live.follow(this, []);
     clearTimeout(this.#timer);
     this.#abort.abort();
@@ -136,10 +133,6 @@ export class RowSource extends EventTarget {
 
   #tell() {
     this.dispatchEvent(new Event("changed"));
-  }
-
-  #notice(notice) {
-    if (notice.path === this.path) this.#reloadSoon();
   }
 
   // Notices come in swarms; one reading answers them all.

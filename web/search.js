@@ -15,7 +15,7 @@ const mostRows = () => (matchMedia("(max-width: 760px)").matches ? 5 : 12);
 let found = null;
 
 /** Where the tree answers searches: {path, parameter}; null while nobody is logged in. */
-export async function searchPlace() {
+async function searchPlace() {
   if (found) return found;
   const top = await getRows(home, 0, 0);
   if (!top.roles.SearchPath) return null;
@@ -66,12 +66,12 @@ export class SearchView extends View {
       fill(this.#body, el("p", { class: "empty" }, text));
       return;
     }
-    this.#kinds = new RowSource(path);
-    this.#kinds.addEventListener("changed", () => this.#show());
+    this.#kinds = new RowSource(path, () => this.#show());
     this.#kinds.need(0, 20);
   }
 
   close() {
+    super.close();
     this.#kinds?.close();
     for (const column of this.#columns) column.source.close();
   }
@@ -89,7 +89,6 @@ export class SearchView extends View {
   }
 
   #column(row) {
-    const source = new RowSource(row.Path);
     const most = mostRows();
     const searching = el("li", { class: "busy" }, t("Searching…"));
     const list = el("ul", { class: "plain-list", "aria-label": row.Title }, searching);
@@ -97,7 +96,7 @@ export class SearchView extends View {
     const all = el("button", { type: "button", class: "link", hidden: true, on: { click: showAll } });
     const header = el("header", {}, el("h2", {}, row.Title), all);
     const element = el("section", { class: "search-column" }, header, list);
-    source.addEventListener("changed", () => {
+    const source = new RowSource(row.Path, () => {
       const { error } = source;
       if (error) return fill(list, el("li", { class: "problem", role: "alert" }, error.message));
       const hits = source.rows.slice(0, most);
@@ -108,7 +107,7 @@ export class SearchView extends View {
     });
     list.addEventListener("focusin", (event) => {
       const index = [...list.children].indexOf(event.target.closest("li"));
-      if (source.row(index)) this.tell("current", { row: source.row(index), index });
+      this.tellRow(source.row(index));
     });
     list.addEventListener("keydown", (event) => moveInList(event, list));
     source.need(0, most - 1);

@@ -7,7 +7,7 @@ import { openValue, presentChoice } from "./menu.js";
 import { linkTo, loginPath, settingsPath } from "./path.js";
 import { RowSource } from "./rows.js";
 import { isChoice, isField, plainValue } from "./rowtext.js";
-import { chooseLanguage, chosenLanguage, t } from "./text.js";
+import { t } from "./text.js";
 import { View } from "./view.js";
 
 const languages = {
@@ -22,33 +22,26 @@ const themes = { "": () => t("As the system"), light: () => t("Light"), dark: ()
 
 /** Puts the chosen colours into force. */
 export function applyTheme() {
-  const theme = localStorage.getItem("theme") || "";
-  document.documentElement.dataset.theme = theme;
+  document.documentElement.dataset.theme = localStorage.getItem("theme") || "";
 }
 
-function takeLanguage(language) {
-  chooseLanguage(language);
-  location.reload();
-}
-
-function takeTheme(theme) {
-  if (theme) localStorage.setItem("theme", theme);
-  else localStorage.removeItem("theme");
-  applyTheme();
-}
-
-function chooser(label, options, present, choose) {
-  const choices = Object.entries(options);
-  const select = el(
-    "select",
-    { on: { change: () => choose(select.value) } },
-    choices.map(([value, name]) => el("option", { value, selected: value === present }, name())),
+// The choice stays in this browser, under the key; the first option is not to choose.
+function chooser(label, options, key, take) {
+  const present = localStorage.getItem(key) || "";
+  const choose = () => {
+    if (select.value) localStorage.setItem(key, select.value);
+    else localStorage.removeItem(key);
+    take();
+  };
+  const choices = Object.entries(options).map(([value, name]) =>
+    el("option", { value, selected: value === present }, name()),
   );
+  const select = el("select", { on: { change: choose } }, choices);
   return el("label", { class: "setting" }, el("span", {}, label), select);
 }
 
 export class SettingsView extends View {
-  #source = new RowSource(settingsPath);
+  #source = new RowSource(settingsPath, () => this.#show());
   #rows = el("div", { class: "settings-rows" });
   #about = el("p", { class: "hint" });
 
@@ -66,15 +59,14 @@ export class SettingsView extends View {
       el(
         "div",
         { class: "settings-rows" },
-        chooser(t("Language"), languages, chosenLanguage(), takeLanguage),
-        chooser(t("Colours"), themes, localStorage.getItem("theme") || "", takeTheme),
+        chooser(t("Language"), languages, "language", () => location.reload()),
+        chooser(t("Colours"), themes, "theme", applyTheme),
       ),
       el("h2", {}, t("The streamer")),
       el("div", { class: "settings-rows" }, account),
       this.#rows,
       this.#about,
     );
-    this.#source.addEventListener("changed", () => this.#show());
     this.#source.addEventListener("call", (event) => this.tell("call", event.detail));
     this.#source.need(0, 100);
     const about = ({ version }) => (this.#about.textContent = version ? t("kelo %1", version) : "");
@@ -82,11 +74,8 @@ export class SettingsView extends View {
   }
 
   close() {
+    super.close();
     this.#source.close();
-  }
-
-  get source() {
-    return this.#source;
   }
 
   #show() {
@@ -107,7 +96,7 @@ export class SettingsView extends View {
     const value = el("span", { class: "value" }, text);
     const inside = [el("span", {}, row.Title), value];
     if (isChoice(row)) presentChoice(row, value);
-    const tell = () => this.tell("current", { row });
+    const tell = () => this.tellRow(row);
     if (!canChange(row)) return el("div", { class: "setting fixed" }, inside);
     const open = (event) => openValue(row, boxOf(event)).then(() => this.#source.reload());
     return el("button", { type: "button", class: "setting", on: { click: open, focus: tell } }, inside);

@@ -2,7 +2,6 @@
 // English.
 
 let texts = {};
-let chosen = localStorage.getItem("language") || "";
 
 /** The text in the reader's language, with arguments at %1 and %2. */
 export function t(source, ...parts) {
@@ -11,21 +10,13 @@ export function t(source, ...parts) {
 }
 
 /** The language that the reader has chosen; empty when it follows the browser. */
-export function chosenLanguage() {
-  return chosen;
-}
-
-/** Remembers a choice; the caller loads the page anew. */
-export function chooseLanguage(language) {
-  chosen = language;
-  if (language) localStorage.setItem("language", language);
-  else localStorage.removeItem("language");
-}
+export const chosenLanguage = localStorage.getItem("language") || "";
 
 /** Fetches the texts and puts them into the document. Without an answer everything stays English. */
 export async function loadTexts() {
   try {
-    const answer = await fetch(`api/v1/texts${chosen ? `?language=${encodeURIComponent(chosen)}` : ""}`);
+    const query = chosenLanguage ? `?language=${encodeURIComponent(chosenLanguage)}` : "";
+    const answer = await fetch(`api/v1/texts${query}`);
     if (!answer.ok) return;
     const body = await answer.json();
     texts = body.texts || {};

@@ -2,17 +2,11 @@
 
 import { el, fill } from "./dom.js";
 
-const places = {
-  note: () => document.getElementById("notes"),
-  error: () => document.getElementById("errors"),
-};
-
-function show(kind, text) {
-  const place = places[kind]();
+function show(place, kind, text, time) {
   const message = el("div", { class: `toast ${kind}` }, text);
-  fill(place, message);
-  setTimeout(() => message.remove(), kind === "error" ? 9000 : 4000);
+  fill(document.getElementById(place), message);
+  setTimeout(() => message.remove(), time);
 }
 
-export const toast = (text) => show("note", text);
-export const toastError = (error) => show("error", error.message ?? String(error));
+export const toast = (text) => show("notes", "note", text, 4000);
+export const toastError = (error) => show("errors", "error", error.message ?? String(error), 9000);

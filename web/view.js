@@ -1,4 +1,4 @@
-// What all views have: a heading, a place in the page and an end.
+// What all views have: a heading and an end.
 
 import { el } from "./dom.js";
 
@@ -8,14 +8,12 @@ import { el } from "./dom.js";
  */
 export class View extends EventTarget {
   heading = el("h1", { tabindex: "-1" });
+  #end = new AbortController();
+  /** Aborted when the view is closed, for the listeners that end with it. */
+  ended = this.#end.signal;
 
   get title() {
     return this.heading.textContent;
-  }
-
-  /** What leads back to where the reader was in it; see nav.js. */
-  get place() {
-    return {};
   }
 
   /** Begins at the heading, as a new page would. */
@@ -28,6 +26,13 @@ export class View extends EventTarget {
     this.dispatchEvent(new CustomEvent(type, { detail }));
   }
 
+  /** Tells which row has the focus, if it is read. */
+  tellRow(row) {
+    if (row) this.tell("current", { row });
+  }
+
   /** Ends what the view follows. */
-  close() {}
+  close() {
+    this.#end.abort();
+  }
 }

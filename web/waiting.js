@@ -32,7 +32,10 @@ function showLine(line) {
   const isAwaited = ({ awaitedSince }) => awaitedSince !== null && now - awaitedSince >= patience;
   const isLate = late !== null && awaitedBy.get(line)().some(isAwaited);
   line.parentElement.classList.toggle("late", isLate);
-  if (!isLate) return line.childElementCount && fill(line);
+  if (!isLate) {
+    fill(line);
+    return;
+  }
   const seconds = Math.floor((now - late.since) / 1000);
   const isService = late.from === "service";
   const text = isService
@@ -43,10 +46,9 @@ function showLine(line) {
     fill(line, el("span", { "aria-hidden": "true" }), el("span", { class: "visually-hidden" }));
   line.firstChild.textContent = text;
   const said = Number(line.lastChild.dataset.seconds ?? -sayAgain);
-  if (seconds >= said && seconds < said + sayAgain) return undefined;
+  if (seconds >= said && seconds < said + sayAgain) return;
   line.lastChild.dataset.seconds = seconds;
   line.lastChild.textContent = text;
-  return undefined;
 }
 
 live.addEventListener("waiting", ({ detail }) => {
