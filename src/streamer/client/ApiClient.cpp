@@ -85,7 +85,6 @@ QString problemText(int status, const QJsonObject& problem)
 ApiReply makeReply(int status, const QByteArray& body, bool wantsJson)
 {
     ApiReply reply;
-    reply.status = status;
     reply.body = body;
     const QJsonDocument document = QJsonDocument::fromJson(body);
     reply.document = document.object();

@@ -26,7 +26,6 @@ struct ApiReply
     };
 
     Outcome outcome = Outcome::Unreachable;
-    int status = 0;
     QByteArray body;      ///< as it came
     QJsonObject document; ///< the body; of an error the problem document, where there is one
     QString message;      ///< for people, fit for a terminal; empty when done

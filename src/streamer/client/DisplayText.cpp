@@ -40,16 +40,12 @@ bool isDirectionMark(uint c)
 
 QString writtenOut(uint c)
 {
-    switch (c) {
-    case '\n':
+    if (c == '\n')
         return "\\n";
-    case '\r':
+    if (c == '\r')
         return "\\r";
-    case '\t':
+    if (c == '\t')
         return "\\t";
-    default:
-        break;
-    }
     if (c < 0x20 || (c >= 0x7f && c <= 0x9f))
         return QStringLiteral("\\x%1").arg(c, 2, 16, QChar('0'));
     if (isDirectionMark(c))

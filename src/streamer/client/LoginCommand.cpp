@@ -1,6 +1,6 @@
 #include "client/Commands.h"
 #include "client/DisplayText.h"
-#include "client/QrCode.h"
+#include "qr/QrMatrix.h"
 
 #include <QDeadlineTimer>
 #include <QHash>
@@ -96,6 +96,29 @@ int waitForDecision(const CommandContext& context, const QJsonObject& pending)
     }
 }
 
+/// \p text as a QR code of half blocks, for dark terminals: two modules a character cell, blocks
+/// for light ones. Empty when the text is too long for a code.
+QStringList qrCode(const QString& text)
+{
+    const QrMatrix code = QrMatrix::encode(text);
+    if (code.isEmpty())
+        return {};
+    constexpr int margin = 2;
+    const int end = code.size() + margin;
+    const auto hasBlock = [&code](int x, int y) { return !code.isDark(x, y); };
+    static const QChar cells[] = {' ', QChar(0x2584), QChar(0x2580), QChar(0x2588)};
+    QStringList lines;
+    for (int y = -margin; y < end; y += 2) {
+        QString line;
+        for (int x = -margin; x < end; ++x) {
+            const bool hasLower = y + 1 < end && hasBlock(x, y + 1);
+            line += cells[(hasBlock(x, y) ? 2 : 0) + (hasLower ? 1 : 0)];
+        }
+        lines.append(line);
+    }
+    return lines;
+}
+
 /// With --json stdout belongs to the final answer, so people read on stderr.
 void showPending(const CommandContext& context, const QJsonObject& pending)
 {
@@ -115,7 +138,7 @@ void showPending(const CommandContext& context, const QJsonObject& pending)
     QString target = complete.isEmpty() ? address : complete;
     if (!target.contains("://"))
         target.prepend("https://");
-    const QStringList code = qrCode(target, true);
+    const QStringList code = qrCode(target);
     if (code.isEmpty() || code.first().size() > terminal.width())
         return;
     terminal.line();

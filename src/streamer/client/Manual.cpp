@@ -148,10 +148,10 @@ QString settingsManual(const QString& date)
             QStringLiteral("Wanted: %1. Default: `%2`").arg(key.wanted, QString::fromUtf8(value)));
         page.end();
     }
-    page.heading("Files");
-    page.tagged("$XDG_CONFIG_HOME/kelo/kelo.toml", 1,
-                "The user's; `~/.config` where the variable is not set.");
-    page.tagged("/etc/kelo/kelo.toml", 1, "The machine's.");
+    addTagged(page, "Files",
+              {{"$XDG_CONFIG_HOME/kelo/kelo.toml",
+                "The user's; `~/.config` where the variable is not set."},
+               {"/etc/kelo/kelo.toml", "The machine's."}});
     page.heading("Examples");
     page.lines({"[server]", "listen = \"127.0.0.1:8095\"", "[tidal.oauth2]", "client_id = \"...\"",
                 "client_secret_file = \"client_secret\""});

@@ -1,10 +1,9 @@
 #pragma once
 
-#include <QDebug>
 #include <QString>
 
-/// A text that must not be seen: whoever prints it prints "***". A plain value, usable on any
-/// thread. It does not hide the text from memory, only from logs and people.
+/// A text that must not be seen: it cannot be printed, only shown as "***". A plain value, usable
+/// on any thread. It does not hide the text from memory, only from logs and people.
 class Secret
 {
 public:
@@ -15,10 +14,8 @@ public:
     /// The text itself, for the one place that sends it. Never pass the result to a log.
     const QString& reveal() const { return m_text; }
     /// "***", or nothing when there is no secret.
-    QString masked() const;
+    QString masked() const { return m_text.isEmpty() ? QString() : "***"; }
 
 private:
     QString m_text;
 };
-
-QDebug operator<<(QDebug debug, const Secret& secret);
