@@ -1,6 +1,6 @@
 // Doing what a row stands for: sending its value and understanding the reply.
 
-import { setValue } from "./api.js";
+import { getData, setValue } from "./api.js";
 import { ask } from "./dialog.js";
 import { live } from "./live.js";
 import { parsePath } from "./path.js";
@@ -8,8 +8,11 @@ import { plainText } from "./rowtext.js";
 import { t } from "./text.js";
 import { toast } from "./toast.js";
 
+/** The title that an action has now; empty when it cannot be told. */
+export const titleNow = (path) => getData(path).then(({ data }) => data.Title, () => "");
+
 /** A playlist goes for good, so that is asked first. */
-export function needsQuestion(row) {
+function needsQuestion(row) {
   const { base, parameters } = parsePath(row.Path);
   return base.endsWith("/removeFromPlaylists") && parameters.get("type") === "Playlists";
 }

@@ -1,7 +1,7 @@
 // A form: its fields are values of the tree, sent one after the other, then what accepts them is activated.
 
-import { understand } from "./actions.js";
-import { getData, setValue } from "./api.js";
+import { titleNow, understand } from "./actions.js";
+import { setValue } from "./api.js";
 import { problem, textPage } from "./dialog.js";
 import { el } from "./dom.js";
 import { baseOf, parsePath } from "./path.js";
@@ -71,7 +71,8 @@ export function formPage(context, { title, rows, accept = null, path = "", chang
     const button = el("button", properties);
     if (!isFirst) button.addEventListener("click", () => submit(target.Path));
     buttons.append(button);
-    if (accept) nameButton(accept, button, target);
+    const name = (title) => (button.textContent = target.Title = title || target.Title);
+    if (accept) titleNow(accept).then(name);
   }
   const counts = fields.some(({ row }) => nameOf(row) === "rowNum");
   const hint = counts ? t("The first row has the number 0.") : t("What is left empty stays as it is.");
@@ -85,13 +86,4 @@ export function formPage(context, { title, rows, accept = null, path = "", chang
     buttons,
   );
   return { title, element: form, shown: () => fields[0]?.input.select?.() ?? fields[0]?.input.focus() };
-}
-
-async function nameButton(path, button, target) {
-  try {
-    const { data } = await getData(path);
-    if (data.Title) button.textContent = target.Title = data.Title;
-  } catch {
-    return;
-  }
 }

@@ -1,7 +1,7 @@
 // Menus over the page: a row's context menu, the lists, choices and forms that it leads to.
 
-import { activate, understand } from "./actions.js";
-import { getData, setValue } from "./api.js";
+import { activate, titleNow, understand } from "./actions.js";
+import { setValue } from "./api.js";
 import { busy, Dialog, problem, textPage } from "./dialog.js";
 import { cover, el, fill, icon } from "./dom.js";
 import { formPage } from "./form.js";
@@ -28,7 +28,8 @@ export function openMenu(row, anchor, changed = null) {
   if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: play });
   if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: visit });
   const context = { dialog, subject, changed, places: [placeOf(row), currentState().item] };
-  dialog.push(listPage(context, row.Context?.Path ?? "", subject, own));
+  const menu = row.Context?.Path;
+  dialog.push(treePage(context, subject, menu ? new RowSource(menu) : null, own));
   return dialog.finished;
 }
 
@@ -88,7 +89,7 @@ function containerPage(context, row) {
       context.dialog.close();
       return go(row.Path, placeOf(row));
     } else {
-      inner = listPage({ ...context, places: null }, row.Path, titleOf(row), [], source);
+      inner = treePage({ ...context, places: null }, titleOf(row), source);
     }
     fill(body, inner.element);
     context.dialog.place();
@@ -99,30 +100,31 @@ function containerPage(context, row) {
   return page;
 }
 
-const menuElement = (title, content) =>
-  el("div", { class: "menu", role: "menu", "aria-label": title, on: { keydown: moveInMenu } }, content);
-
-function listPage(context, path, title, own, given = null) {
-  const source = given ?? (path ? new RowSource(path) : null);
-  const list = menuElement(title);
-  const page = { title, element: list, close: () => source?.close() };
+// A page with the menu items that `make` gives for the rows of a source, where there is one.
+function listPage(context, title, source, make, own = []) {
+  const list = el("div", { class: "menu", role: "menu", "aria-label": title, on: { keydown: moveInMenu } });
   const show = () => {
-    const focused = [...list.querySelectorAll("[role^=menuitem]")].indexOf(document.activeElement);
+    const focused = itemsIn(list).indexOf(document.activeElement);
     fill(list, own.map(ownItem));
     if (source?.error) list.append(problem(source.error.message));
     else if (source && !source.isLoaded) list.append(busy(t("Loading…")));
-    else if (source) list.append(...inGroups(source.rows, (row) => treeItem(context, row, source)));
+    else if (source) list.append(...make(source.rows));
     context.dialog.place();
-    const items = list.querySelectorAll("[role^=menuitem]");
-    if (list.isConnected && !list.contains(document.activeElement))
-      items[Math.max(0, Math.min(focused, items.length - 1))]?.focus();
+    if (!list.isConnected || list.contains(document.activeElement)) return;
+    const items = itemsIn(list);
+    const checked = items.findIndex((item) => item.getAttribute("aria-checked") === "true");
+    items[Math.max(0, Math.min(focused < 0 ? checked : focused, items.length - 1))]?.focus();
   };
-  page.shown = show;
   source?.addEventListener("changed", show);
   source?.need(0, mostRows);
   show();
-  return page;
+  return { title, element: list, close: () => source?.close(), shown: show };
 }
+
+const itemsIn = (list) => [...list.querySelectorAll("[role^=menuitem]")];
+
+const treePage = (context, title, source, own) =>
+  listPage(context, title, source, (rows) => inGroups(rows, (row) => treeItem(context, row, source)), own);
 
 function menuItem(title, { picture, mark, role = "menuitem", disabled = false, detail = "" }, run) {
   const click = (event) => !disabled && run(event.currentTarget);
@@ -182,13 +184,8 @@ function treeItem(context, row, source) {
 const saysWhatItDoes = (row) => baseOf(row.Path).endsWith("/favorites");
 
 async function nameAction(row, place) {
-  if (!saysWhatItDoes(row)) return;
-  try {
-    const { data } = await getData(row.Path);
-    if (data.Title) place.textContent = row.Title = row.said = data.Title;
-  } catch {
-    return;
-  }
+  const title = saysWhatItDoes(row) && (await titleNow(row.Path));
+  if (title) place.textContent = row.Title = row.said = title;
 }
 
 async function act(context, row, button) {
@@ -229,14 +226,11 @@ export async function presentChoice(row, place) {
 }
 
 function choicePage(context, row, above = null) {
-  const source = new RowSource(row.Edit.enumPath, () => show());
-  const list = menuElement(row.Title, busy(t("Loading…")));
-  let value = row.Value;
   const choose = async (choice, button) => {
     button.setAttribute("aria-busy", "true");
     try {
       understand(await setValue(row.Path, choice.Value));
-      value = row.Value = choice.Value;
+      row.Value = choice.Value;
       context.changed?.();
       if (above) await above.reload();
       context.dialog.back();
@@ -245,27 +239,19 @@ function choicePage(context, row, above = null) {
       button.after(problem(error.message));
     }
   };
-  const show = () => {
-    if (!source.isLoaded) return;
-    if (source.error) return fill(list, problem(source.error.message));
-    const items = source.rows.map((choice) => {
-      const isPresent = sameValue(choice.Value, value);
-      const picture = el("span", { class: "menu-mark" }, isPresent ? icon("check") : null);
-      const run = (button) => choose(choice, button);
-      const item = menuItem(choice.Title, { role: "menuitemradio", picture }, run);
-      item.setAttribute("aria-checked", String(isPresent));
-      return item;
-    });
-    fill(list, items);
-    context.dialog.place();
-    (items.find((item) => item.getAttribute("aria-checked") === "true") ?? items[0])?.focus();
+  const choiceItem = (choice) => {
+    const isPresent = sameValue(choice.Value, row.Value);
+    const picture = el("span", { class: "menu-mark" }, isPresent ? icon("check") : null);
+    const run = (button) => choose(choice, button);
+    const item = menuItem(choice.Title, { role: "menuitemradio", picture }, run);
+    item.setAttribute("aria-checked", String(isPresent));
+    return item;
   };
-  source.need(0, mostRows);
-  return { title: row.Title, element: list, close: () => source.close(), shown: show };
+  return listPage(context, row.Title, new RowSource(row.Edit.enumPath), (rows) => rows.map(choiceItem));
 }
 
 function moveInMenu(event) {
-  const items = [...event.currentTarget.querySelectorAll("[role^=menuitem]")];
+  const items = itemsIn(event.currentTarget);
   const at = items.indexOf(document.activeElement);
   const target = { ArrowDown: at + 1, ArrowUp: at - 1, Home: 0, End: items.length - 1 }[event.key];
   if (target !== undefined && items.length) {

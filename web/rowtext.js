@@ -16,7 +16,7 @@ export function withoutArtist(title, artists) {
 
 const metaData = (row) => row.MediaData?.metaData ?? {};
 
-export const artistOf = (row) => row.Description || metaData(row).artist || "";
+const artistOf = (row) => row.Description || metaData(row).artist || "";
 export const albumOf = (row) => metaData(row).album || "";
 
 /** The line below the title. */
