@@ -16,11 +16,6 @@ bool isLoggedIn(const QJsonObject& login)
     return login.value("loggedIn").toBool();
 }
 
-QJsonObject pendingOf(const QJsonObject& login)
-{
-    return objectIn(login, "pending");
-}
-
 QString problemOf(const QJsonObject& login)
 {
     const QJsonValue problem = login.value("problem");
@@ -42,14 +37,10 @@ QString adviceFor(const QString& reason)
     return advice.value(reason);
 }
 
-QString adviceOf(const QJsonObject& login)
-{
-    return adviceFor(textIn(login, "reason"));
-}
-
-int refused(Terminal& terminal, const QString& problem, const QString& advice)
+int refused(Terminal& terminal, const QString& problem, const QString& reason)
 {
     terminal.error("kelo: not logged in: " + problem);
+    const QString advice = adviceFor(reason);
     if (!advice.isEmpty())
         terminal.error(advice);
     return ExitRefused;
@@ -67,7 +58,7 @@ int finished(const CommandContext& context, const ApiReply& reply)
     }
     const QString problem = problemOf(reply.document);
     return refused(context.terminal, problem.isEmpty() ? "the login was ended elsewhere" : problem,
-                   adviceOf(reply.document));
+                   textIn(reply.document, "reason"));
 }
 
 /// Looks every second whether the login is decided, with a countdown where somebody looks.
@@ -87,10 +78,10 @@ int waitForDecision(const CommandContext& context, const QJsonObject& pending)
             context.terminal.error("kelo: the streamer ended while waiting for the login");
             return now.outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
         }
-        if (isLoggedIn(now.document) || pendingOf(now.document).isEmpty())
+        if (isLoggedIn(now.document) || objectIn(now.document, "pending").isEmpty())
             return finished(context, now);
         if (end.hasExpired())
-            return refused(context.terminal, "the code has expired", adviceFor("expired"));
+            return refused(context.terminal, "the code has expired", "expired");
         if (context.waitASecond)
             context.waitASecond();
     }
@@ -162,7 +153,7 @@ int login(const CommandContext& context)
     }
     if (!reply.isDone())
         return context.finish(reply);
-    const QJsonObject pending = pendingOf(reply.document);
+    const QJsonObject pending = objectIn(reply.document, "pending");
     if (pending.isEmpty())
         return finished(context, reply);
     showPending(context, pending);
@@ -184,7 +175,7 @@ int showLogin(const CommandContext& context)
     Terminal& terminal = context.terminal;
     terminal.line(isLoggedIn(reply.document) ? terminal.styled("logged in", Style::Good)
                                              : terminal.styled("not logged in", Style::Warning));
-    const QJsonObject pending = pendingOf(reply.document);
+    const QJsonObject pending = objectIn(reply.document, "pending");
     if (!pending.isEmpty()) {
         terminal.line(QStringLiteral("waiting for code %1 at %2")
                           .arg(valueText(pending.value("userCode")),
@@ -192,7 +183,7 @@ int showLogin(const CommandContext& context)
     }
     if (!problem.isEmpty())
         terminal.line("problem: " + problem);
-    const QString advice = adviceOf(reply.document);
+    const QString advice = adviceFor(textIn(reply.document, "reason"));
     if (!advice.isEmpty())
         terminal.line(advice);
     return status;
