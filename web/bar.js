@@ -113,19 +113,10 @@ export function startBar(bar) {
   const next = iconButton("next", t("Next"), () => playback.send("next"));
   const properties = { class: "icon-button queue-button" };
   const queue = iconButton("queue", t("Now playing and queue"), showQueue, properties);
-  fill(
-    bar,
-    waitingLine(() => [playback]),
-    note,
-    seekBar(),
-    el(
-      "div",
-      { class: "bar-row" },
-      link,
-      el("div", { class: "bar-buttons" }, previous, playButton(), next),
-      el("div", { class: "bar-side" }, volumeBar(), queue),
-    ),
-  );
+  const buttons = el("div", { class: "bar-buttons" }, previous, playButton(), next);
+  const side = el("div", { class: "bar-side" }, volumeBar(), queue);
+  const row = el("div", { class: "bar-row" }, link, buttons, side);
+  fill(bar, waitingLine(() => [playback]), note, seekBar(), row);
   let shown = "";
   const show = () => {
     const { path = "", title = "", artist = "", album = "" } = playback.state;

@@ -136,22 +136,12 @@ export class BrowseView extends View {
     if (this.#item?.menu) buttons.push(this.#button("more", t("More"), (box) => this.#openItemMenu(box)));
     if (own && own !== this.#item?.menu)
       buttons.push(this.#button("sort", t("Order"), (box) => this.#openOrder(own, box)));
-    fill(
-      this.#head,
-      this.#crumbs(title),
-      el(
-        "div",
-        { class: "hero-row" },
-        picture ? cover(picture, title) : null,
-        el(
-          "div",
-          { class: "hero-words" },
-          this.heading,
-          this.#item?.subtitle ? el("p", { class: "subtitle", text: this.#item.subtitle }) : null,
-          buttons.length ? buttonRow(...buttons) : null,
-        ),
-      ),
-    );
+    const { subtitle } = this.#item ?? {};
+    const line = subtitle ? el("p", { class: "subtitle", text: subtitle }) : null;
+    const actions = buttons.length ? buttonRow(...buttons) : null;
+    const about = el("div", { class: "hero-words" }, this.heading, line, actions);
+    const row = el("div", { class: "hero-row" }, picture ? cover(picture, title) : null, about);
+    fill(this.#head, this.#crumbs(title), row);
     if (!focused) return;
     const before = focused.textContent;
     const same = [...this.#head.querySelectorAll("a, button")].find((one) => one.textContent === before);

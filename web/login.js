@@ -33,7 +33,6 @@ const advice = () => ({
 export class LoginView extends View {
   #body = el("div", { class: "login" });
   #state = null;
-  #endsAt = 0;
   #timer = 0;
   #time = el("strong");
   #code = "";
@@ -100,7 +99,7 @@ export class LoginView extends View {
   }
 
   #showCode({ userCode, verificationUri, verificationUriComplete, expiresIn }) {
-    this.#endsAt = performance.now() + expiresIn * 1000;
+    const endsAt = performance.now() + expiresIn * 1000;
     this.#code = userCode;
     const address = verificationUriComplete || verificationUri;
     const shown = verificationUri.replace(/^https?:\/\//, "");
@@ -108,34 +107,18 @@ export class LoginView extends View {
     const link = el("a", target, shown);
     const code = el("div", { class: "code", "aria-label": [...userCode].join(" ") }, userCode);
     const source = `api/v1/login/qr?code=${encodeURIComponent(userCode)}`;
-    fill(
-      this.#body,
-      el(
-        "div",
-        { class: "login-code" },
-        el(
-          "ol",
-          { class: "steps" },
-          el("li", {}, t("On your phone or computer, open"), " ", link),
-          el("li", {}, t("Enter this code:"), code),
-          el("li", {}, t("Confirm. This page goes on by itself.")),
-        ),
-        el(
-          "figure",
-          { class: "qr" },
-          el("img", { src: source, alt: t("QR code of the address") }),
-          el("figcaption", {}, t("Or scan this with your phone.")),
-        ),
-      ),
-      el("p", { class: "countdown" }, t("The code is good for"), " ", this.#time),
-    );
-    this.#tick();
-    this.#timer = setInterval(() => this.#tick(), 1000);
-  }
-
-  #tick() {
-    const left = this.#endsAt - performance.now();
-    this.#time.textContent = clock(left);
+    const open = el("li", {}, t("On your phone or computer, open"), " ", link);
+    const enter = el("li", {}, t("Enter this code:"), code);
+    const confirm = el("li", {}, t("Confirm. This page goes on by itself."));
+    const steps = el("ol", { class: "steps" }, open, enter, confirm);
+    const picture = el("img", { src: source, alt: t("QR code of the address") });
+    const caption = el("figcaption", {}, t("Or scan this with your phone."));
+    const ways = el("div", { class: "login-code" }, steps, el("figure", { class: "qr" }, picture, caption));
+    const countdown = el("p", { class: "countdown" }, t("The code is good for"), " ", this.#time);
+    fill(this.#body, ways, countdown);
+    const tick = () => (this.#time.textContent = clock(endsAt - performance.now()));
+    tick();
+    this.#timer = setInterval(tick, 1000);
   }
 
   #showProblem(state) {

@@ -26,40 +26,16 @@ export class PlayingView extends View {
     super();
     this.#scroller = scroller;
     const command = (name, label) => iconButton(name, label, () => playback.send(name));
-    this.element = el(
-      "section",
-      { class: "view playing-view" },
-      el(
-        "div",
-        { class: "playing-item" },
-        this.#cover,
-        el(
-          "div",
-          { class: "playing-words" },
-          this.heading,
-          this.#artist,
-          this.#album,
-          this.#quality,
-          seekBar(this.ended),
-          el(
-            "div",
-            { class: "playing-buttons" },
-            command("previous", t("Previous")),
-            playButton(this.ended),
-            command("next", t("Next")),
-            command("stop", t("Stop")),
-          ),
-          volumeBar(this.ended),
-        ),
-      ),
-      el(
-        "section",
-        { class: "queue-part" },
-        el("h2", {}, t("Queue")),
-        waitingLine(() => (this.#source ? [this.#source] : [])),
-        this.#queue,
-      ),
-    );
+    const [previous, next] = [command("previous", t("Previous")), command("next", t("Next"))];
+    const stop = command("stop", t("Stop"));
+    const buttons = el("div", { class: "playing-buttons" }, previous, playButton(this.ended), next, stop);
+    const about = [this.heading, this.#artist, this.#album, this.#quality];
+    const controls = [seekBar(this.ended), buttons, volumeBar(this.ended)];
+    const words = el("div", { class: "playing-words" }, about, controls);
+    const playing = el("div", { class: "playing-item" }, this.#cover, words);
+    const waiting = waitingLine(() => (this.#source ? [this.#source] : []));
+    const queue = el("section", { class: "queue-part" }, el("h2", {}, t("Queue")), waiting, this.#queue);
+    this.element = el("section", { class: "view playing-view" }, playing, queue);
     playback.addEventListener("changed", () => this.#show(), { signal: this.ended });
     this.#show();
   }

@@ -51,22 +51,13 @@ export class SettingsView extends View {
     this.heading.textContent = t("Settings");
     const account = el("a", { class: "setting", href: linkTo(loginPath) });
     fill(account, el("span", {}, t("Account")), el("span", { class: "value" }, t("Log in or out")));
-    this.element = el(
-      "section",
-      { class: "view settings" },
-      this.heading,
-      el("h2", {}, t("This page")),
-      el(
-        "div",
-        { class: "settings-rows" },
-        chooser(t("Language"), languages, "language", () => location.reload()),
-        chooser(t("Colours"), themes, "theme", applyTheme),
-      ),
-      el("h2", {}, t("The streamer")),
-      el("div", { class: "settings-rows" }, account),
-      this.#rows,
-      this.#about,
-    );
+    const language = chooser(t("Language"), languages, "language", () => location.reload());
+    const colours = chooser(t("Colours"), themes, "theme", applyTheme);
+    const page = el("div", { class: "settings-rows" }, language, colours);
+    const streamer = [el("div", { class: "settings-rows" }, account), this.#rows, this.#about];
+    const [ofPage, ofStreamer] = [el("h2", {}, t("This page")), el("h2", {}, t("The streamer"))];
+    const parts = [this.heading, ofPage, page, ofStreamer, streamer];
+    this.element = el("section", { class: "view settings" }, parts);
     this.#source.addEventListener("call", (event) => this.tell("call", event.detail));
     this.#source.need(0, 100);
     const about = ({ version }) => (this.#about.textContent = version ? t("kelo %1", version) : "");
