@@ -77,12 +77,6 @@ Command& Command::option(QString form, OptionTarget target, const QString& text)
     return *this;
 }
 
-Command& Command::below(const Command& command)
-{
-    commands.append(command);
-    return *this;
-}
-
 Command& Command::asks(std::function<int(const CommandContext&)> ask)
 {
     this->ask = std::move(ask);

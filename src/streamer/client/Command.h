@@ -51,8 +51,6 @@ struct Command
     /// Adds what \p form says: "--from N", "-o KEY=VALUE", "--follow", of an argument "PATH", or
     /// "[PATH]" where it may be left out.
     Command& option(QString form, OptionTarget target, const QString& text);
-    /// Adds a command below this one.
-    Command& below(const Command& command);
     /// What runs the command, for one that talks to the streamer.
     Command& asks(std::function<int(const CommandContext&)> ask);
     /// The same, for one that needs no streamer.

@@ -91,13 +91,12 @@ CommandLine::CommandLine(Surroundings surroundings)
             command.group = group;
             for (Command& below : command.commands)
                 below.group = command.group;
-            m_program.below(command);
+            m_program.commands.append(command);
         }
     }
     m_program.hidden = {completeCommand(m_program, m_server, m_around.endSoon),
                         manualCommand(m_program)};
     addCommonOptions(m_program);
-    m_program.options.insert(1, {{"--version"}, {}, "Print the version", false, m_wantsVersion});
 }
 
 /// All have --help. Those that ask the streamer have --json and --server, which may also stand
@@ -110,6 +109,8 @@ void CommandLine::addCommonOptions(Command& command)
     }
     const QVector<Option> own = std::exchange(command.options, {});
     command.option("-h --help", m_wantsHelp, "Print this help");
+    if (&command == &m_program)
+        command.option("--version", m_wantsVersion, "Print the version");
     if (command.ask || &command == &m_program) {
         command.option("--json", m_isJson, "Print one JSON document")
             .option("--server URL", m_server,

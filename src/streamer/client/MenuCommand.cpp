@@ -32,7 +32,7 @@ int showMenu(const CommandContext& context, const QString& path)
     QJsonArray rows;
     for (QJsonObject row : rowsIn(page)) {
         TreeWalk one(context.api);
-        if (isAction(row) && !addData(one, row))
+        if (isOfType(row, "Action") && !addData(one, row))
             return context.finish(one.reply());
         rows.append(row);
     }
@@ -62,12 +62,14 @@ bool isFavorite(TreeWalk& walk, const QString& action)
 int makeFavorite(const CommandContext& context, const QString& path, const QString& wish)
 {
     TreeWalk walk(context.api);
-    const QString action = textIn(
-        walk.need(
-            walk.menuOf(path),
-            [](const QJsonObject& one) { return isAction(one) && hasSegment(one, "favorites"); },
-            QStringLiteral("the menu of %1 has no favorite action").arg(shown(path))),
-        "Path");
+    const QString action =
+        textIn(walk.need(
+                   walk.menuOf(path),
+                   [](const QJsonObject& one) {
+                       return isOfType(one, "Action") && hasSegment(one, "favorites");
+                   },
+                   QStringLiteral("the menu of %1 has no favorite action").arg(shown(path))),
+               "Path");
     const bool wasOn = isFavorite(walk, action);
     const bool isOn = wish.isEmpty() ? !wasOn : wish == "on";
     bool isConfirmed = true;

@@ -10,11 +10,6 @@ namespace cli {
 
 namespace {
 
-ApiReply readPlayer(ApiClient& api)
-{
-    return api.get("player");
-}
-
 /// Tells the player something and prints what it does then. \p action is the last segment of the
 /// call's path, \p body what goes with it, JSON.
 int tell(const CommandContext& context, const QString& action, const QByteArray& body = "{}")
@@ -60,7 +55,7 @@ int seek(const CommandContext& context, const QString& place)
     }
     qint64 position = *parsed;
     if (isRelative) {
-        const ApiReply now = readPlayer(context.api);
+        const ApiReply now = context.api.get("player");
         if (!now.isDone())
             return context.finish(now);
         position += now.document.value("positionMs").toVariant().toLongLong();
@@ -71,7 +66,7 @@ int seek(const CommandContext& context, const QString& place)
 
 int showStatus(const CommandContext& context)
 {
-    const ApiReply reply = readPlayer(context.api);
+    const ApiReply reply = context.api.get("player");
     return context.show(reply, [&] {
         context.terminal.lines(StatusView(context.terminal, reply.document).block());
     });

@@ -102,7 +102,8 @@ QJsonObject PlaylistCommand::findPlaylist(TreeWalk& walk) const
     return walk.need(
         walk.ownPlaylists(),
         [this](const QJsonObject& row) {
-            return isContainer(row) && (textIn(row, "Id") == id || textIn(row, "Path") == id);
+            return isOfType(row, "Container") &&
+                   (textIn(row, "Id") == id || textIn(row, "Path") == id);
         },
         QStringLiteral("none of your playlists has the id %1").arg(shown(id)));
 }
@@ -113,9 +114,9 @@ EditSteps PlaylistCommand::fillForm(TreeWalk& walk, const QString& form) const
     EditSteps steps;
     const QJsonObject page = walk.page(form);
     for (const QJsonObject& field : rowsIn(page)) {
-        if (isField(field) && hasSegment(field, "title"))
+        if (isOfType(field, "Text") && hasSegment(field, "title"))
             steps.append({textIn(field, "Path"), json(title)});
-        else if (isField(field) && hasSegment(field, "description"))
+        else if (isOfType(field, "Text") && hasSegment(field, "description"))
             steps.append({textIn(field, "Path"), json(description)});
     }
     const QString accept = textIn(objectIn(page, "roles"), "AcceptPath");
@@ -169,7 +170,7 @@ int PlaylistCommand::rename(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
     const QJsonObject playlist = findPlaylist(walk);
-    const QJsonObject form = walk.inMenu(contextPath(playlist), isContainer, "updatePlaylists");
+    const QJsonObject form = walk.inMenu(contextPath(playlist), "Container", "updatePlaylists");
     return finish(context, walk, fillForm(walk, textIn(form, "Path")),
                   QStringLiteral("renamed %1 to \"%2\"").arg(quotedTitle(playlist), shown(title)));
 }
@@ -178,7 +179,7 @@ int PlaylistCommand::destroy(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
     const QJsonObject playlist = findPlaylist(walk);
-    const QJsonObject action = walk.inMenu(contextPath(playlist), isAction, "removeFromPlaylists");
+    const QJsonObject action = walk.inMenu(contextPath(playlist), "Action", "removeFromPlaylists");
     return finish(context, walk, {{textIn(action, "Path")}},
                   QStringLiteral("deleted %1").arg(quotedTitle(playlist)), [&] {
                       const TreeWalk::Match isIt = hasId(textIn(playlist, "Id"));
@@ -197,10 +198,10 @@ int PlaylistCommand::add(const CommandContext& context) const
     const TreeWalk::Match isWanted = hasId(textIn(playlist, "Id"));
     EditSteps steps;
     for (const QString& path : paths) {
-        const QJsonObject chooser = walk.inMenu(walk.menuOf(path), isContainer, "addToPlaylists");
+        const QJsonObject chooser = walk.inMenu(walk.menuOf(path), "Container", "addToPlaylists");
         const QJsonObject action = walk.need(
             textIn(chooser, "Path"),
-            [&](const QJsonObject& one) { return isAction(one) && isWanted(one); },
+            [&](const QJsonObject& one) { return isOfType(one, "Action") && isWanted(one); },
             QStringLiteral("%1 cannot be added to %2").arg(shown(path), quotedTitle(playlist)));
         steps.append({textIn(action, "Path")});
     }
@@ -223,7 +224,7 @@ int PlaylistCommand::remove(const CommandContext& context) const
     const QString list = textIn(findPlaylist(walk), "Path");
     const QJsonObject item = walk.rowAt(list, row);
     const QString path = textIn(item, "Path");
-    const QJsonObject action = walk.inMenu(contextPath(item), isAction, "removeFromPlaylists");
+    const QJsonObject action = walk.inMenu(contextPath(item), "Action", "removeFromPlaylists");
     const int first = qMax(0, row - 1);
     const int before = walk.countOf(list, first, row + 1, path);
     return finish(context, walk, {{textIn(action, "Path")}},
@@ -240,9 +241,9 @@ int PlaylistCommand::move(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
     const QJsonObject item = walk.rowAt(textIn(findPlaylist(walk), "Path"), row);
-    const QString menu = textIn(walk.inMenu(contextPath(item), isContainer, "moveTrack"), "Path");
-    const QJsonObject field = walk.inMenu(menu, isField, "moveTrack");
-    const QJsonObject action = walk.inMenu(menu, isAction, "moveTrack");
+    const QString menu = textIn(walk.inMenu(contextPath(item), "Container", "moveTrack"), "Path");
+    const QJsonObject field = walk.inMenu(menu, "Text", "moveTrack");
+    const QJsonObject action = walk.inMenu(menu, "Action", "moveTrack");
     return finish(context, walk,
                   {{textIn(field, "Path"), QByteArray::number(target)}, {textIn(action, "Path")}},
                   QStringLiteral("moved %1 to %2").arg(quotedTitle(item)).arg(target));
@@ -259,13 +260,13 @@ Command playlistCommand()
                 "kelo playlist move ID 3 0 --dry-run");
     const auto add = [&](const QString& name, const QString& text, const QString& examples,
                          int (PlaylistCommand::*run)(const CommandContext&) const) -> Command& {
-        return all
-            .below(Command(name, text, examples)
-                       .option("--dry-run", values->isDryRun, "Only say what would be sent")
-                       .asks([values, run](const CommandContext& context) {
-                           return (*values.*run)(context);
-                       }))
-            .commands.last();
+        all.commands.append(
+            Command(name, text, examples)
+                .option("--dry-run", values->isDryRun, "Only say what would be sent")
+                .asks([values, run](const CommandContext& context) {
+                    return (*values.*run)(context);
+                }));
+        return all.commands.last();
     };
     const auto addTitle = [&](Command& command) {
         command.option("TITLE", values->title, "Its title")

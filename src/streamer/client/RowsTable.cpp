@@ -44,8 +44,8 @@ RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limi
         const bool isDisabledRow = isDisabled(row);
         m_rows.append({QString::number(number++), mark(row),
                        title(row) + (isDisabledRow ? " (disabled)" : ""), secondText(row),
-                       path.isEmpty() ? QString() : shellWord(shown(path)), isHeader(row),
-                       isDisabledRow});
+                       path.isEmpty() ? QString() : shellWord(shown(path)),
+                       textIn(row, "Type") == "Header", isDisabledRow});
     }
     measure();
 }
@@ -77,11 +77,6 @@ QString RowsTable::title(const QJsonObject& row)
 bool RowsTable::isDisabled(const QJsonObject& row)
 {
     return row.value("Disabled").toVariant().toBool();
-}
-
-bool RowsTable::isHeader(const QJsonObject& row)
-{
-    return textIn(row, "Type") == "Header";
 }
 
 bool RowsTable::hasValue(const QJsonObject& row)

@@ -24,7 +24,6 @@ public:
     static QString mark(const QJsonObject& row);
     static QString title(const QJsonObject& row);
     static bool isDisabled(const QJsonObject& row);
-    static bool isHeader(const QJsonObject& row);
     /// Whether a row is a setting or one of its choices, which have a value.
     static bool hasValue(const QJsonObject& row);
 

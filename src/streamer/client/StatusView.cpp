@@ -1,6 +1,7 @@
 #include "client/StatusView.h"
 
 #include "client/DisplayText.h"
+#include "client/JsonText.h"
 #include "client/PathText.h"
 #include "TrackTitle.h"
 
@@ -17,21 +18,18 @@ QString joined(const QString& a, const QString& separator, const QString& b)
 
 StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_terminal(terminal)
 {
-    const auto text = [](const QJsonObject& object, const char* name) {
-        return shown(object.value(name).toString());
-    };
     const auto number = [&player](const char* name) {
         return player.value(name).toVariant().toLongLong();
     };
-    m_state = text(player, "state");
-    m_artist = text(player, "artist");
-    m_title = titleWithoutArtist(text(player, "title"), m_artist);
-    m_album = text(player, "album");
-    m_path = text(player, "path");
-    m_note = text(player, "note");
-    const QJsonObject quality = player.value("quality").toObject();
-    m_asked = text(quality, "asked");
-    m_delivered = text(quality, "delivered");
+    m_state = shown(textIn(player, "state"));
+    m_artist = shown(textIn(player, "artist"));
+    m_title = titleWithoutArtist(shown(textIn(player, "title")), m_artist);
+    m_album = shown(textIn(player, "album"));
+    m_path = shown(textIn(player, "path"));
+    m_note = shown(textIn(player, "note"));
+    const QJsonObject quality = objectIn(player, "quality");
+    m_asked = shown(textIn(quality, "asked"));
+    m_delivered = shown(textIn(quality, "delivered"));
     m_position = number("positionMs");
     m_duration = number("durationMs");
     m_volume = player.value("volume").toInt(-1);

@@ -69,7 +69,7 @@ QJsonObject TreeOutline::visit(QJsonObject row, int depth, int level)
     const QString path = textIn(row, "Path");
     if (!m_context.isJson)
         printRow(row, level);
-    if (depth <= 1 || !isContainer(row) || path.isEmpty())
+    if (depth <= 1 || !isOfType(row, "Container") || path.isEmpty())
         return row;
     if (m_read.contains(path)) {
         note(level + 1, "(shown above)");

@@ -79,7 +79,7 @@ Completion::Candidates playlistIds(const QString& server)
     Candidates result;
     TreeWalk walk(api);
     for (const QJsonObject& row : rowsIn(walk.page(walk.ownPlaylists()))) {
-        if (isContainer(row) && !textIn(row, "Id").isEmpty())
+        if (isOfType(row, "Container") && !textIn(row, "Id").isEmpty())
             result.append({shown(textIn(row, "Id")), shown(textIn(row, "Title"))});
     }
     return result;

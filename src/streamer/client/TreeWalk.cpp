@@ -8,31 +8,17 @@
 
 namespace cli {
 
-namespace {
-
 /// Rows of one list that are looked through.
 constexpr int mostRows = 10000;
-
-} // namespace
 
 QString contextPath(const QJsonObject& row)
 {
     return textIn(objectIn(row, "Context"), "Path");
 }
 
-bool isContainer(const QJsonObject& row)
+bool isOfType(const QJsonObject& row, const char* type)
 {
-    return textIn(row, "Type") == "Container";
-}
-
-bool isAction(const QJsonObject& row)
-{
-    return textIn(row, "Type") == "Action";
-}
-
-bool isField(const QJsonObject& row)
-{
-    return textIn(row, "Type") == "Text";
+    return textIn(row, "Type") == type;
 }
 
 bool hasSegment(const QJsonObject& row, const char* segment)
@@ -80,13 +66,13 @@ QJsonObject TreeWalk::need(const QString& list, const Match& match, const QStrin
     return row;
 }
 
-QJsonObject TreeWalk::inMenu(const QString& menu, bool (*match)(const QJsonObject&),
-                             const char* segment)
+QJsonObject TreeWalk::inMenu(const QString& menu, const char* type, const char* segment)
 {
     if (menu.isEmpty())
         refuse("this row has no context menu");
     return need(
-        menu, [&](const QJsonObject& row) { return match(row) && hasSegment(row, segment); },
+        menu,
+        [&](const QJsonObject& row) { return isOfType(row, type) && hasSegment(row, segment); },
         QStringLiteral("the menu %1 does not offer this").arg(shown(menu)));
 }
 
@@ -152,7 +138,9 @@ QString TreeWalk::ownPlaylists()
     const QString collection = ownCollection();
     const QJsonObject row = need(
         collection,
-        [](const QJsonObject& one) { return isContainer(one) && hasSegment(one, "created"); },
+        [](const QJsonObject& one) {
+            return isOfType(one, "Container") && hasSegment(one, "created");
+        },
         QStringLiteral("%1 has no list of playlists").arg(shown(collection)));
     return textIn(row, "Path");
 }

@@ -7,10 +7,8 @@ namespace cli {
 
 /// The path of the context menu that a row (or a container's own roles) carries; else empty.
 QString contextPath(const QJsonObject& row);
-/// Whether \p row can be opened, activated, filled in.
-bool isContainer(const QJsonObject& row);
-bool isAction(const QJsonObject& row);
-bool isField(const QJsonObject& row);
+/// Whether \p row is a "Container" (can be opened), an "Action", a "Text" (can be filled in), ...
+bool isOfType(const QJsonObject& row, const char* type);
 /// Whether one of the segments of the row's path is \p segment. Titles are translated, paths not.
 bool hasSegment(const QJsonObject& row, const char* segment);
 
@@ -36,8 +34,8 @@ public:
     QJsonObject find(const QString& list, const Match& match);
     /// The same, where a missing row is a failure: \p missing says so.
     QJsonObject need(const QString& list, const Match& match, const QString& missing);
-    /// The row of a context menu that \p match accepts and has \p segment in its path.
-    QJsonObject inMenu(const QString& menu, bool (*match)(const QJsonObject&), const char* segment);
+    /// The row of a context menu that is of a type and has \p segment in its path.
+    QJsonObject inMenu(const QString& menu, const char* type, const char* segment);
     /// The row at a number; a number behind the last one is a failure.
     QJsonObject rowAt(const QString& list, int number);
     /// How many items a list has; a row that only says that there are none is no item.
