@@ -33,11 +33,6 @@ QString PathText::encoded() const
     return pairs.isEmpty() ? base : base + '?' + pairs.join('&');
 }
 
-QString PathText::lastSegment() const
-{
-    return base.section('/', -1, -1, QString::SectionSkipEmpty);
-}
-
 QString shellWord(const QString& text)
 {
     static const QRegularExpression plain("^[A-Za-z0-9_/.,:@%+-]+$");

@@ -14,8 +14,6 @@ struct PathText
 
     static PathText parse(const QString& encoded);
     QString encoded() const;
-    /// The last segment of the base, empty when there is none.
-    QString lastSegment() const;
 };
 
 /// \p text as one word of a POSIX shell: bare where that is safe, else in single quotes.

@@ -74,8 +74,7 @@ QJsonObject RowsCommand::withValues(ApiClient& api, QJsonObject page) const
         return page;
     QJsonArray filled;
     for (int i = 0; i < rows.size(); ++i) {
-        const QString name = "Value";
-        rows[i].insert(name, values.at(i).value(name));
+        rows[i].insert("Value", values.at(i).value("Value"));
         filled.append(rows.at(i));
     }
     page.insert("rows", filled);

@@ -49,8 +49,9 @@ SearchCommand::Lists SearchCommand::findLists(TreeWalk& walk) const
     for (const QJsonObject& row : rowsIn(walk.page(query.encoded()))) {
         PathText list = PathText::parse(textIn(row, "Path"));
         list.parameters.insert("query", text);
-        if (kinds().contains(list.lastSegment()))
-            lists.insert(list.lastSegment(), list.encoded());
+        const QString kind = list.base.section('/', -1);
+        if (kinds().contains(kind))
+            lists.insert(kind, list.encoded());
     }
     if (lists.isEmpty())
         walk.refuse(QStringLiteral("the search at %1 has no lists").arg(shown(query.encoded())));
