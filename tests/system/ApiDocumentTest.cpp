@@ -140,7 +140,7 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
     ASSERT_TRUE(streamer.login());
     ASSERT_EQ(sim->addFault("hang path=/featured/new count=1"), "");
     auto late = std::async(std::launch::async, [this] {
-        return streamer.get(QStringLiteral("/api/v1/rows?path=/tidal/req/featured/new/albums"));
+        return streamer.get("/api/v1/rows?path=/tidal/req/featured/new/albums");
     });
     bool isLate = false;
     EXPECT_TRUE(streamer.waitForEvent("waiting", [&](const QJsonObject& waiting) {
@@ -151,14 +151,14 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
         EXPECT_EQ(waiting["for"].toString(), "service");
         const QJsonObject ready = ask("GET /readyz", "?language=de");
         EXPECT_EQ(ready["status"].toString(), "ready");
-        EXPECT_EQ(ready["waiting"]["text"].toString(),
-                  QStringLiteral("wartet auf den Musikdienst, %1 s")
-                      .arg(ready["waiting"]["seconds"].toInt()));
+        EXPECT_EQ(
+            ready["waiting"]["text"].toString(),
+            QString("wartet auf den Musikdienst, %1 s").arg(ready["waiting"]["seconds"].toInt()));
         return false;
     }));
     EXPECT_EQ(late.get().status, 504);
     EXPECT_FALSE(ask("GET /readyz").contains("waiting"));
-    const auto problem = streamer.get(QStringLiteral("/api/v1/rows?path=/nobody"));
+    const auto problem = streamer.get("/api/v1/rows?path=/nobody");
     EXPECT_EQ(document.fault(document.schema("Problem"), problem.body), "");
     for (const auto& call : left)
         ADD_FAILURE() << call.first << " is described and not asked for here";

@@ -1,6 +1,4 @@
 #include "ServiceTest.h"
-
-#include <kelosim/SimServer.h>
 #include <QJsonArray>
 
 namespace {
@@ -17,13 +15,12 @@ const QString newAlbums = QStringLiteral("/tidal/req/featured/new/albums");
 const QString newTracks = QStringLiteral("/tidal/req/featured/new/tracks");
 
 using JourneyServiceTest = ServiceTest;
-
 } // namespace
 
 TEST(JourneyTest, aListenerFindsAnAlbumAndPlaysItThroughToTheNextTrack)
 {
     Streamer streamer;
-    ASSERT_TRUE(streamer.startDemo()) << streamer.errors().toStdString();
+    ASSERT_TRUE(streamer.start({}, {"--demo"})) << streamer.errors().toStdString();
     const QJsonObject top = streamer.rows("/tidal");
     EXPECT_EQ(column(top, "Title"), QStringList({"New", "TIDAL Rising", "TIDAL Discovery",
                                                  "Playlists", "Genres", "My Music"}));
@@ -31,17 +28,6 @@ TEST(JourneyTest, aListenerFindsAnAlbumAndPlaysItThroughToTheNextTrack)
 
     const QJsonObject albums = streamer.rows(newAlbums);
     EXPECT_EQ(albums["rows"].toArray().size(), 50);
-    const int count = albums["rowsCount"].toInt();
-    EXPECT_GE(count, 120);
-    // Pages follow one another without a lost or doubled album.
-    QStringList paths;
-    for (int from = 0; from < count; from += 50)
-        paths += column(streamer.rows(newAlbums, {"--from", QString::number(from), "--to",
-                                                  QString::number(from + 49)}),
-                        "Path");
-    EXPECT_EQ(paths.size(), count);
-    EXPECT_EQ(paths.removeDuplicates(), 0);
-
     const QString word = column(albums, "Title").first().section(' ', 0, 0);
     const Outcome found = streamer.kelo({"search", word});
     EXPECT_EQ(found.status, 0) << found.err.toStdString();
@@ -49,7 +35,7 @@ TEST(JourneyTest, aListenerFindsAnAlbumAndPlaysItThroughToTheNextTrack)
         EXPECT_TRUE(found.out.contains(kind)) << found.out.toStdString();
     EXPECT_TRUE(found.out.contains("/tidal/search/choose/req/albums?")) << found.out.toStdString();
 
-    const QJsonObject tracks = streamer.rows(paths.first());
+    const QJsonObject tracks = streamer.rows(column(albums, "Path").first());
     ASSERT_GE(tracks["rowsCount"].toInt(), 2);
     const Outcome play = streamer.kelo({"play", column(tracks, "Path").first()});
     ASSERT_EQ(play.status, 0) << play.err.toStdString();
@@ -69,8 +55,6 @@ TEST(JourneyTest, aListenerFindsAnAlbumAndPlaysItThroughToTheNextTrack)
     }));
     EXPECT_EQ(streamer.kelo({"pause"}).status, 0);
     EXPECT_EQ(status()["state"].toString(), "paused");
-    EXPECT_EQ(streamer.kelo({"previous"}).status, 0);
-    EXPECT_EQ(streamer.kelo({"stop"}).status, 0);
     EXPECT_EQ(streamer.stop(), 0);
 }
 
@@ -110,9 +94,7 @@ TEST_F(JourneyServiceTest, aListenerMakesFillsOrdersRenamesAndDeletesAPlaylist)
     EXPECT_EQ(kelo({"favorite", list, "off"}), "favorite off");
     kelo({"playlist", "delete", id});
     EXPECT_TRUE(mine().isUndefined());
-    const Outcome again = streamer.kelo({"playlist", "delete", id});
-    EXPECT_EQ(again.status, 1);
-    EXPECT_NE(again.err, "");
+    EXPECT_EQ(streamer.kelo({"playlist", "delete", id}).status, 1);
 }
 
 TEST_F(JourneyServiceTest, aRestartKeepsTheLoginAndALogoutClosesTheTree)
@@ -128,9 +110,26 @@ TEST_F(JourneyServiceTest, aRestartKeepsTheLoginAndALogoutClosesTheTree)
     EXPECT_EQ(column(top, "Title").first(), "Please login to continue");
     EXPECT_EQ(column(top, "Path").mid(1), QStringList("/oauth2/services/tidal"));
     EXPECT_EQ(streamer.rowsError(newAlbums), "Not logged into TIDAL!");
-    const Outcome login = streamer.kelo({"login"});
-    EXPECT_EQ(login.status, 0) << login.err.toStdString();
+    EXPECT_EQ(streamer.kelo({"login"}).status, 0);
     EXPECT_EQ(albums(), 50);
+}
+
+TEST_F(JourneyServiceTest, noSecretIsInTheLog)
+{
+    streamer.stop();
+    ASSERT_TRUE(streamer.start(Streamer::settingsFor(*sim), {"--log-level", "trace"}));
+    streamer.rows(newAlbums);
+    EXPECT_EQ(streamer.kelo({"play", "6000002"}).status, 0);
+    sim->expireTokens();
+    streamer.rowsError(newAlbums);
+    ASSERT_TRUE(sim->waitForRequests("/oauth2/token", 1, 20000));
+    streamer.stop();
+    const QByteArray log = streamer.errors();
+    for (const char* shown : {"Url get request: ", "Enter virtual void TidalWorker::getRowsReq"})
+        EXPECT_TRUE(log.contains(shown)) << log.left(2000).toStdString();
+    EXPECT_FALSE(log.contains("Bearer ") || log.contains("kelo-demo-secret"));
+    const int token = log.indexOf("token=");
+    EXPECT_TRUE(token < 0 || log.mid(token + 6, 3) == "***") << log.mid(token, 60).toStdString();
 }
 
 TEST(JourneyTest, aServeThatCannotServeSaysWhy)

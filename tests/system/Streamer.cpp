@@ -1,8 +1,10 @@
 #include "Streamer.h"
+#include "client/EventParser.h"
 
 #include <gtest/gtest.h>
 #include <httplib.h>
 #include <kelosim/SimServer.h>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QJsonDocument>
 #include <QUrl>
@@ -17,7 +19,7 @@ namespace {
 httplib::Client clientOf(const QString& url)
 {
     httplib::Client client(url.toStdString());
-    client.set_read_timeout(60, 0);
+    client.set_read_timeout(60);
     return client;
 }
 
@@ -31,52 +33,12 @@ Streamer::Answer answerOf(const httplib::Result& result)
     return answer;
 }
 
-/// Splits a server-sent event stream (name and data lines alone are looked at).
-class EventReader
-{
-public:
-    EventReader(const QByteArray& name, const Streamer::Predicate& predicate)
-        : m_name(name), m_predicate(predicate)
-    {
-    }
-
-    /// False when the wanted event has come.
-    bool take(const char* data, std::size_t size)
-    {
-        m_buffer.append(data, int(size));
-        int end = 0;
-        while ((end = m_buffer.indexOf("\n\n")) >= 0) {
-            const QByteArray event = m_buffer.left(end);
-            m_buffer.remove(0, end + 2);
-            QByteArray name;
-            QByteArray text;
-            for (const QByteArray& line : event.split('\n')) {
-                if (line.startsWith("event: "))
-                    name = line.mid(7).trimmed();
-                else if (line.startsWith("data: "))
-                    text += line.mid(6);
-            }
-            if (name == m_name && m_predicate(QJsonDocument::fromJson(text).object()))
-                m_hasFound = true;
-        }
-        return !m_hasFound;
-    }
-    bool hasFound() const { return m_hasFound; }
-
-private:
-    QByteArray m_name;
-    Streamer::Predicate m_predicate;
-    QByteArray m_buffer;
-    bool m_hasFound = false;
-};
 } // namespace
 
 QJsonObject Outcome::json() const
 {
     return QJsonDocument::fromJson(out).object();
 }
-
-Streamer::Streamer() = default;
 
 Streamer::~Streamer()
 {
@@ -109,9 +71,8 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
     if (!config.open(QIODevice::WriteOnly) || config.write(settings) != settings.size())
         return false;
     config.close();
-    const QStringList all{"serve",    "--config",    file,
-                          "--listen", "127.0.0.1:0", "--output",
-                          "null",     "--state-dir", m_dir.filePath("state")};
+    QStringList all{"serve", "--listen", "127.0.0.1:0", "--output", "null"};
+    all << "--config" << file << "--state-dir" << stateFolder();
     m_process = std::make_unique<QProcess>();
     // Into a file: a pipe that nobody reads would stop the streamer when it is full.
     m_process->setStandardErrorFile(m_dir.filePath("serve.log"), QIODevice::Append);
@@ -126,13 +87,6 @@ bool Streamer::start(const QByteArray& settings, const QStringList& arguments)
     const QString greeting = "listening on ";
     m_url = line.mid(greeting.size());
     return line.startsWith(greeting);
-}
-
-bool Streamer::startDemo(const QStringList& arguments)
-{
-    // A demo says where it listens once it is logged in.
-    return start(QByteArray(), QStringList{"--demo"} + arguments) &&
-           get("/api/v1/login").body["loggedIn"].toBool();
 }
 
 int Streamer::stop()
@@ -207,17 +161,17 @@ Streamer::Answer Streamer::post(const QString& path, const QByteArray& json) con
         clientOf(m_url).Post(path.toStdString().c_str(), json.toStdString(), "application/json"));
 }
 
-bool Streamer::waitForEvent(const QByteArray& name, const Predicate& predicate,
-                            const QString& query, int timeoutMs) const
+bool Streamer::waitForEvent(const QByteArray& name, const Predicate& predicate) const
 {
-    httplib::Client client(m_url.toStdString());
-    client.set_read_timeout(timeoutMs / 1000, (timeoutMs % 1000) * 1000);
-    EventReader reader(name, predicate);
-    const auto start = std::chrono::steady_clock::now();
-    const std::string path = "/api/v1/events" + query.toStdString();
-    client.Get(path.c_str(), [&](const char* data, std::size_t size) {
-        return reader.take(data, size) &&
-               std::chrono::steady_clock::now() - start < std::chrono::milliseconds(timeoutMs);
+    bool hasFound = false;
+    cli::EventParser parser([&](const cli::ServerEvent& event) {
+        hasFound = event.name == name && predicate(QJsonDocument::fromJson(event.data).object());
+        return !hasFound;
     });
-    return reader.hasFound();
+    const QDeadlineTimer end(30000);
+    httplib::Client client = clientOf(m_url);
+    client.Get("/api/v1/events", [&](const char* data, std::size_t size) {
+        return parser.feed(data, size) && !end.hasExpired();
+    });
+    return hasFound;
 }

@@ -25,7 +25,6 @@ struct Outcome
 class Streamer
 {
 public:
-    Streamer();
     ~Streamer();
 
     /// Settings that name the simulated service, with short deadlines.
@@ -33,7 +32,6 @@ public:
 
     /// Starts with a settings text and further arguments; false with what it said on stderr.
     bool start(const QByteArray& settings, const QStringList& arguments = {});
-    bool startDemo(const QStringList& arguments = {});
     /// SIGTERM unless it has ended; the exit status, -1 when it took longer than 2 s (10 s under a
     /// sanitizer), -2 after a crash.
     int stop();
@@ -66,8 +64,7 @@ public:
 
     /// Reads events until one of this name satisfies the predicate; false on time-out.
     using Predicate = std::function<bool(const QJsonObject&)>;
-    bool waitForEvent(const QByteArray& name, const Predicate& predicate,
-                      const QString& query = QString(), int timeoutMs = 30000) const;
+    bool waitForEvent(const QByteArray& name, const Predicate& predicate) const;
 
 private:
     QTemporaryDir m_dir;
