@@ -31,9 +31,9 @@ struct Ask
     Kind kind;
     const char* path;
     /// Part of the service's address whose rows are the answer; null when they are the module's.
-    const char* served;
-    const char* value;  ///< of Set and Play, "%t" as in the path
-    bool isSafe = true; ///< whether it succeeds where nothing goes wrong
+    const char* served = nullptr;
+    const char* value = "1"; ///< of Set and Play, "%t" as in the path
+    bool isSafe = true;      ///< whether it succeeds where nothing goes wrong
 };
 const std::vector<Ask>& asks();
 

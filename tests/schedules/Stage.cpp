@@ -1,14 +1,10 @@
 #include "Stage.h"
-#include "TidalHandler.h"
-#include "TidalWorker.h"
 #include <future>
 #include <kelo/CMRoot.h>
 #include <kelo/HttpCallLog.h>
 #include <kelo/HttpClient.h>
 #include <kelo/KeloPost.h>
 #include <kelo/KeloTidalConstants.h>
-
-extern "C" void* worker_create(const char* name, void* settings);
 
 namespace {
 QString filled(const char* text, int number)
@@ -56,27 +52,38 @@ std::string named(const CMRequest& request)
 }
 } // namespace
 
-Stage::Stage() : m_player(m_service)
+Stage::Stage()
 {
-    m_host = qobject_cast<ScheduledHost*>(
-        m_hostThread.start("host", [this] { return new ScheduledHost(m_service); }));
+    setToken(QString());
+    for (KeloLoopThread& client : m_clients)
+        client.start([] {});
     HttpCallLog::instance().addObserver([this](const HttpCallRecord&) { m_service.happened(); });
 }
 
-Stage::~Stage() = default;
-
-void Stage::startWorker()
+QVariant Stage::play(const KeloRoles& item, int)
 {
-    m_worker = qobject_cast<TidalWorker*>(m_workerThread.start("tidal", [] {
-        QVariantHash settings;
-        return static_cast<TidalWorker*>(worker_create(nullptr, &settings));
-    }));
+    const QString address = item.mediaData().resources().value(0).uri();
+    const QString title = item.value(KeloRoles::Title()).toString();
+    if (address.section(QLatin1Char('/'), -1) != title)
+        m_service.setWrong("played " + address.toStdString() + " as " + title.toStdString());
+    return title.section(QLatin1Char('|'), 1);
+}
+
+void Stage::tokenRefused(const QString& token)
+{
+    giveToken([&] { return m_service.tokenReported(token.toStdString()); });
+}
+
+void Stage::giveToken(const std::function<std::string()>& issue)
+{
+    std::lock_guard<std::mutex> lock(m_giving);
+    if (const std::string token = issue(); !token.empty())
+        setToken(QString::fromStdString(token));
 }
 
 void Stage::stopWorker()
 {
-    m_workerThread.stop();
-    m_worker = nullptr;
+    stop();
     // The connections that are closed now answer nothing any more.
     for (auto seen = m_service.events(); m_service.heldCount() > 0; seen = m_service.events())
         m_service.waitForEvent(seen);
@@ -91,7 +98,7 @@ std::string Stage::play(const Schedule& schedule)
     m_logins = {};
     m_loginBegun = m_loginDone = 0;
     setSettings(0);
-    startWorker();
+    start();
     CMDeadlines deadlines;
     if (schedule.isImpatient)
         deadlines.rows = deadlines.data = deadlines.set = std::chrono::milliseconds(1);
@@ -100,7 +107,7 @@ std::string Stage::play(const Schedule& schedule)
     m_phase = "playing the steps";
     for (const Step& step : schedule.steps)
         play(step);
-    m_clients.wait();
+    waitForClients();
 
     m_phase = "waiting for the answers";
     CMRoot().setDeadlines(CMDeadlines());
@@ -117,7 +124,7 @@ std::string Stage::play(const Schedule& schedule)
     if (!m_isLoggedIn)
         login(0);
     else
-        m_host->setToken(m_service.issueToken(m_logins.back()));
+        setToken(QString::fromStdString(m_service.issueToken(m_logins.back())));
     ask(asks()[5], 1);
     settle();
     ask(asks().back(), 77);
@@ -153,8 +160,9 @@ void Stage::play(const Step& step)
 {
     switch (step.kind) {
     case Step::Ask:
-        m_clients.run(step.who,
-                      [this, step] { ask(asks()[std::size_t(step.what / 100)], step.what % 100); });
+        m_busyClients.insert(step.who);
+        m_clients[std::size_t(step.who)].post(
+            [this, step] { ask(asks()[std::size_t(step.what / 100)], step.what % 100); });
         break;
     case Step::Release:
         m_service.release(unsigned(step.what));
@@ -170,7 +178,7 @@ void Stage::play(const Step& step)
         break;
     case Step::Renew:
         if (m_isLoggedIn)
-            m_host->setToken(m_service.issueToken(m_logins.back()));
+            setToken(QString::fromStdString(m_service.issueToken(m_logins.back())));
         break;
     case Step::Expire:
         if (m_isLoggedIn)
@@ -181,7 +189,7 @@ void Stage::play(const Step& step)
         break;
     case Step::Restart:
         stopWorker();
-        startWorker();
+        start();
         break;
     case Step::Settle:
         settle();
@@ -197,8 +205,8 @@ void Stage::login(int account)
         m_logins.push_back(account);
     }
     ++m_loginBegun;
-    m_host->giveToken([&] { return m_service.issueToken(account); });
-    m_host->setLoggedIn(true);
+    giveToken([&] { return m_service.issueToken(account); });
+    setLoginState(true);
     ++m_loginDone;
     m_isLoggedIn = true;
 }
@@ -208,16 +216,17 @@ void Stage::logout()
     if (!m_isLoggedIn)
         return;
     m_isLoggedIn = false;
-    m_host->setLoggedIn(false);
-    m_host->setToken(std::string());
+    setLoginState(false);
+    setToken(QString());
 }
 
 void Stage::setSettings(int number)
 {
     // Countries of no account.
-    m_host->setSettings(QString::fromStdString(m_service.baseUrl()) +
-                            (number % 2 ? QStringLiteral("/v2") : QStringLiteral("/v1")),
-                        number % 2 ? QStringLiteral("YY") : QStringLiteral("ZZ"));
+    KeloTidalSettings changed = settings();
+    changed.setApiUrl(QString::fromStdString(m_service.baseUrl()) + (number % 2 ? "/v2" : "/v1"));
+    changed.setCountryCode(number % 2 ? "YY" : "ZZ");
+    ModuleBed::setSettings(changed);
 }
 
 void Stage::ask(const Ask& ask, int number)
@@ -243,17 +252,26 @@ int Stage::callsUnderWay()
     std::promise<int> calls;
     std::function<void(int)> turn = [&](int left) {
         if (left > 0)
-            keloPost(m_worker, [&turn, left] { turn(left - 1); });
+            keloPost(worker(), [&turn, left] { turn(left - 1); });
         else
-            calls.set_value(m_worker->getHandler()->findChild<HttpClient*>()->callsUnderWay());
+            calls.set_value(worker()->getHandler()->findChild<HttpClient*>()->callsUnderWay());
     };
-    keloPost(m_worker, [&turn] { turn(turns); });
+    keloPost(worker(), [&turn] { turn(turns); });
     return calls.get_future().get();
+}
+
+void Stage::waitForClients()
+{
+    for (const int client : std::exchange(m_busyClients, {})) {
+        std::promise<void> done;
+        m_clients[std::size_t(client)].post([&done] { done.set_value(); });
+        done.get_future().wait();
+    }
 }
 
 void Stage::settle()
 {
-    m_clients.wait();
+    waitForClients();
     for (;;) {
         const std::uint64_t seen = m_service.events();
         const int calls = callsUnderWay();

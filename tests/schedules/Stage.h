@@ -1,19 +1,17 @@
 #pragma once
 #include "Schedule.h"
-#include "ScheduledHost.h"
+#include "tidal/ModuleBed.h"
+#include <array>
 #include <atomic>
-#include <kelo/CMWorkerThread.h>
-#include <memory>
-
-class TidalWorker;
+#include <kelo/KeloLoopThread.h>
 
 /// Plays schedules: the host, the service and the clients, which outlast a schedule, and the worker
-/// that is made for each. Used on the thread that made it.
-class Stage
+/// that is made for each. The host renews a token that the module reports when it has expired; its
+/// player looks whether what it gets belongs together. Used on the thread that made it.
+class Stage : private ModuleBed
 {
 public:
     Stage();
-    ~Stage();
 
     /// What went wrong; empty when nothing did.
     std::string play(const Schedule& schedule);
@@ -36,13 +34,21 @@ private:
         std::shared_ptr<Outcome> outcome;
     };
 
-    void startWorker();
+    /// Answers with the track's id.
+    QVariant play(const KeloRoles& item, int options) override;
+    void tokenRefused(const QString& token) override;
+    /// Publishes the token that is issued, if any, before another one is: a login service gives one
+    /// after the other.
+    void giveToken(const std::function<std::string()>& issue);
     void stopWorker();
     void play(const Step& step);
     void login(int account);
     void logout();
     void setSettings(int number);
     void ask(const Ask& ask, int number);
+    /// Returns when the clients have asked for everything.
+    void waitForClients();
+    /// Returns when nothing moves but what is held.
     void settle();
     int callsUnderWay();
     std::string verdict(bool isCalm);
@@ -53,18 +59,13 @@ private:
     static std::string playVerdict(const Asked& asked);
 
     ScheduledService m_service;
-    CMWorkerThread m_hostThread;
-    ScheduledHost* m_host;
-    ScheduledPlayer m_player;
-    ScheduledClients m_clients;
-    CMWorkerThread m_workerThread;
-    TidalWorker* m_worker = nullptr;
-
+    std::mutex m_giving;
+    std::array<KeloLoopThread, Schedule::mostClients> m_clients;
+    std::set<int> m_busyClients; ///< that may not have asked for everything yet
     std::vector<int> m_logins;        ///< accounts, in the order of their logins
     std::atomic<int> m_loginBegun{0}; ///< logins of which something has been published
     std::atomic<int> m_loginDone{0};  ///< logins that have been published whole
     bool m_isLoggedIn = false;
-    int m_settings = 0;
     std::mutex m_mutex; ///< guards the next
     std::vector<Asked> m_asked;
     std::atomic<const char*> m_phase{""};

@@ -54,10 +54,8 @@ ModuleBed::ModuleBed()
         m_login = CMValueNode::create(nodes, loginPath());
         m_token = CMValueNode::create(nodes, loginPath(KeloOAuth2AccessTokenSubPath()));
         new TakingNode(nodes, KeloOAuth2AddServicePath(), [](const QString&) {});
-        new TakingNode(nodes, loginPath(KeloOAuth2RefreshSubPath()), [this](const QString& token) {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            m_refusedTokens.append(token);
-        });
+        new TakingNode(nodes, loginPath(KeloOAuth2RefreshSubPath()),
+                       [this](const QString& token) { tokenRefused(token); });
         KeloTidalSoundQuality quality;
         quality.setSoundQuality(KeloTidalSoundQualities::HI_RES_);
         KeloValue value;
@@ -137,14 +135,29 @@ void ModuleBed::setService(const std::string& baseUrl)
 
 void ModuleBed::setLoggedIn(bool loggedIn, const QString& token)
 {
-    KeloValue value;
-    value.setString(token);
     if (loggedIn)
-        m_token->setValue(value);
+        setToken(token);
+    setLoginState(loggedIn);
+}
+
+void ModuleBed::setToken(const QString& token)
+{
+    m_token->setValue(KeloValue::fromVariant(token));
+}
+
+void ModuleBed::setLoginState(bool loggedIn)
+{
     KeloOAuth2Info info;
     info.setLoggedIn(loggedIn);
+    KeloValue value;
     value.setOauth2Info(info);
     m_login->setValue(value);
+}
+
+void ModuleBed::tokenRefused(const QString& token)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_refusedTokens.append(token);
 }
 
 QStringList ModuleBed::takeRefusedTokens()

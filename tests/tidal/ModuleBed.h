@@ -11,7 +11,7 @@
 /// The module, made through its entry on a thread of its own, and what it finds in the host:
 /// settings, a login service that takes reports of refused tokens, a player that keeps what it is
 /// given. The web service is its owner's. Any thread.
-class ModuleBed : private PlayLogicInterface
+class ModuleBed : protected PlayLogicInterface
 {
 public:
     ModuleBed();
@@ -30,6 +30,8 @@ public:
     void setService(const std::string& baseUrl);
     /// Publishes the login state, the token first.
     void setLoggedIn(bool loggedIn, const QString& token = QStringLiteral("token-1"));
+    void setToken(const QString& token);
+    void setLoginState(bool loggedIn);
     /// The tokens that the module has asked the login service to replace, since the last call.
     QStringList takeRefusedTokens();
     QList<KeloRoles> played() const;
@@ -37,9 +39,12 @@ public:
     /// The roles that clients ask for in lists.
     static const QStringList& allRoles();
 
-private:
+protected:
     QVariant play(const KeloRoles& item, int options) override;
+    /// The module wants this token replaced.
+    virtual void tokenRefused(const QString& token);
 
+private:
     CMWorkerThread m_hostThread;
     CMWorkerThread m_moduleThread;
     TidalWorker* m_worker = nullptr;
