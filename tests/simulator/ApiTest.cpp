@@ -1,4 +1,5 @@
 #include "SimFixture.h"
+#include "Table.h"
 
 #include <set>
 
@@ -19,37 +20,32 @@ protected:
 
 TEST_F(SimApi, ChecksCountryThenTokenThenResource)
 {
-    struct Row
-    {
-        const char* path;
-        const char* token; // nullptr: no header
-        const char* expected;
-    };
     const std::string good = m_sim.issueToken();
-    const Row rows[] = {
-        {"/albums/1", nullptr, "400/1002"},
-        {"/albums/1?countryCode=NO", nullptr, "401/1005"},
-        {"/albums/1?countryCode=NO", "foreign", "401/11002"},
-        {"/albums/1?countryCode=NO", good.c_str(), "404/2001"},
-        {"/albums/x?countryCode=NO", good.c_str(), "404/2001"},
-        {"/sessions", nullptr, "401/1005"},
-        {"/sessions", good.c_str(), "200"},
-        {"/nothing?countryCode=NO", good.c_str(), "404/2001"},
-        {"/moods/relax/albums?countryCode=NO", good.c_str(), "404/2001"},
-        {"/artists/1/albums?countryCode=NO", good.c_str(), "200"},
-        {"/tracks/1/playbackinfopostpaywall?audioquality=LOW", good.c_str(), "500/999"},
-        {"/tracks/6000100/playbackinfopostpaywall?audioquality=LOUD", good.c_str(), "404/2001"},
-        {"/tracks/6000100/playbackinfopostpaywall?audioquality=LOW&playbackmode=OFFLINE",
-         good.c_str(), "401/4007"},
-    };
+
     httplib::Client plain("127.0.0.1", m_sim.port());
-    for (const Row& row : rows) {
+
+    // token: nullptr: no header
+    for (const auto& [path, token, expected] : Table<const char*, const char*, const char*>{
+             {"/albums/1", nullptr, "400/1002"},
+             {"/albums/1?countryCode=NO", nullptr, "401/1005"},
+             {"/albums/1?countryCode=NO", "foreign", "401/11002"},
+             {"/albums/1?countryCode=NO", good.c_str(), "404/2001"},
+             {"/albums/x?countryCode=NO", good.c_str(), "404/2001"},
+             {"/sessions", nullptr, "401/1005"},
+             {"/sessions", good.c_str(), "200"},
+             {"/nothing?countryCode=NO", good.c_str(), "404/2001"},
+             {"/moods/relax/albums?countryCode=NO", good.c_str(), "404/2001"},
+             {"/artists/1/albums?countryCode=NO", good.c_str(), "200"},
+             {"/tracks/1/playbackinfopostpaywall?audioquality=LOW", good.c_str(), "500/999"},
+             {"/tracks/6000100/playbackinfopostpaywall?audioquality=LOUD", good.c_str(),
+              "404/2001"},
+             {"/tracks/6000100/playbackinfopostpaywall?audioquality=LOW&playbackmode=OFFLINE",
+              good.c_str(), "401/4007"}}) {
         httplib::Headers headers;
-        if (row.token)
-            headers.emplace("Authorization", std::string("Bearer ") + row.token);
-        EXPECT_EQ(outcome(plain.Get((std::string("/v1") + row.path).c_str(), headers)),
-                  row.expected)
-            << row.path;
+        if (token)
+            headers.emplace("Authorization", std::string("Bearer ") + token);
+        EXPECT_EQ(outcome(plain.Get((std::string("/v1") + path).c_str(), headers)), expected)
+            << path;
     }
     m_sim.expireTokens();
     EXPECT_EQ(outcome(get("/sessions", false)), "401/11003");

@@ -1,4 +1,5 @@
 #include "SimFixture.h"
+#include "Table.h"
 
 namespace {
 
@@ -128,33 +129,27 @@ TEST_F(SimEdit, RenameDecodesFormsAndDeleteLeavesNothing)
 
 TEST_F(SimEdit, FavoritesAreAddedOnceAndRemovedQuietly)
 {
-    struct Row
-    {
-        const char* kind;
-        const char* form;
-        const char* id;
-        const char* unknown;
-    };
-    const Row rows[] = {{"albums", "albumId=500001", "500001", "albumId=1"},
-                        {"artists", "artistIds=900101", "900101", "artistId=1"},
-                        {"tracks", "trackId=6000001", "6000001", "trackIds=6000001,1"}};
-    for (const Row& row : rows) {
-        const std::string path = std::string("/users/770011/favorites/") + row.kind;
+    for (const auto& [kind, form, id, unknown] :
+         Table<const char*, const char*, const char*, const char*>{
+             {"albums", "albumId=500001", "500001", "albumId=1"},
+             {"artists", "artistIds=900101", "900101", "artistId=1"},
+             {"tracks", "trackId=6000001", "6000001", "trackIds=6000001,1"}}) {
+        const std::string path = std::string("/users/770011/favorites/") + kind;
         const auto count = [&] { return json(path)["totalNumberOfItems"].GetInt(); };
-        const std::string one = "/v1" + path + "/" + row.id + "?countryCode=NO";
+        const std::string one = "/v1" + path + "/" + id + "?countryCode=NO";
         m_client->Delete(one.c_str());
         const int before = count();
         for (int i = 0; i < 2; ++i) {
-            const auto added = postForm(path, row.form);
+            const auto added = postForm(path, form);
             EXPECT_EQ(added->status, 200);
             EXPECT_EQ(added->body, "");
-            EXPECT_EQ(count(), before + 1) << row.kind;
+            EXPECT_EQ(count(), before + 1) << kind;
         }
-        EXPECT_EQ(outcome(postForm(path, row.unknown)), "404/2001") << row.kind;
-        EXPECT_EQ(outcome(postForm(path, "foo=1")), "400/1002") << row.kind;
+        EXPECT_EQ(outcome(postForm(path, unknown)), "404/2001") << kind;
+        EXPECT_EQ(outcome(postForm(path, "foo=1")), "400/1002") << kind;
         for (int i = 0; i < 2; ++i) {
             EXPECT_EQ(m_client->Delete(one.c_str())->status, 200);
-            EXPECT_EQ(count(), before) << row.kind;
+            EXPECT_EQ(count(), before) << kind;
         }
     }
 }

@@ -1,4 +1,5 @@
 #include "SimFixture.h"
+#include "Table.h"
 
 #include <chrono>
 #include <thread>
@@ -57,29 +58,25 @@ TEST_F(SimFault, StatusStrikesWhereAndAsOftenAsTold)
 
 TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
 {
-    struct Row
-    {
-        const char* fault;
-        bool arrives;
-        std::size_t bytes; // of the body, where it arrives
-    };
     const std::size_t whole = get("/genres")->body.size();
-    const Row rows[] = {{"reset when=before", false, 0},
-                        {"reset when=after", false, 0},
-                        {"truncate bytes=100", false, 0},
-                        {"truncate bytes=100 framing=ok", true, 100},
-                        {"empty", true, 0},
-                        {"size bytes=262145", true, 262145},
-                        {"drip bytes=700 ms=1", true, whole},
-                        {"plain", true, whole}};
-    for (const Row& row : rows) {
-        ASSERT_EQ(addFault(std::string(row.fault) + " path=/genres count=1"), "");
+
+    // bytes: of the body, where it arrives
+    for (const auto& [fault, arrives, bytes] :
+         Table<const char*, bool, std::size_t>{{"reset when=before", false, 0},
+                                               {"reset when=after", false, 0},
+                                               {"truncate bytes=100", false, 0},
+                                               {"truncate bytes=100 framing=ok", true, 100},
+                                               {"empty", true, 0},
+                                               {"size bytes=262145", true, 262145},
+                                               {"drip bytes=700 ms=1", true, whole},
+                                               {"plain", true, whole}}) {
+        ASSERT_EQ(addFault(std::string(fault) + " path=/genres count=1"), "");
         const auto result = fresh("/genres");
-        EXPECT_EQ(static_cast<bool>(result), row.arrives) << row.fault;
+        EXPECT_EQ(static_cast<bool>(result), arrives) << fault;
         if (result) {
-            EXPECT_EQ(result->body.size(), row.bytes) << row.fault;
+            EXPECT_EQ(result->body.size(), bytes) << fault;
         }
-        EXPECT_EQ(outcome(fresh("/genres")), "200") << "after " << row.fault;
+        EXPECT_EQ(outcome(fresh("/genres")), "200") << "after " << fault;
     }
 }
 
@@ -122,27 +119,21 @@ TEST_F(SimFault, SwitchesChangeWhatTheServiceSays)
 
 TEST_F(SimFault, MalformedRequestsAreRefused)
 {
-    struct Row
-    {
-        const char* method;
-        const char* path;
-        const char* body;
-        int status;
-    };
-    const Row rows[] = {{"PUT", "/v1/genres?countryCode=NO", "", 405},
-                        {"GET", "/v1", "", 400},
-                        {"GET", "/sim/other", "", 404},
-                        {"GET", "/v1/oauth2/token", "", 405},
-                        {"POST", "/sim/login/approve", "{", 404},
-                        {"GET", "/%zz%", "", 404}};
-    for (const Row& row : rows) {
+    for (const auto& [method, path, body, status] :
+         Table<const char*, const char*, const char*, int>{
+             {"PUT", "/v1/genres?countryCode=NO", "", 405},
+             {"GET", "/v1", "", 400},
+             {"GET", "/sim/other", "", 404},
+             {"GET", "/v1/oauth2/token", "", 405},
+             {"POST", "/sim/login/approve", "{", 404},
+             {"GET", "/%zz%", "", 404}}) {
         httplib::Request request;
-        request.method = row.method;
-        request.path = row.path;
-        request.body = row.body;
+        request.method = method;
+        request.path = path;
+        request.body = body;
         const auto result = m_client->send(request);
-        ASSERT_TRUE(result) << row.path;
-        EXPECT_EQ(result->status, row.status) << row.method << row.path;
+        ASSERT_TRUE(result) << path;
+        EXPECT_EQ(result->status, status) << method << path;
     }
     kelosim::SimOptions options;
     for (const char* bad : {"0.0.0.0:0", "127.0.0.1", "127.0.0.1:x", "127.0.0.1:70000"}) {

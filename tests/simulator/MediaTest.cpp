@@ -1,4 +1,5 @@
 #include "SimFixture.h"
+#include "Table.h"
 
 #include <QByteArray>
 
@@ -33,24 +34,18 @@ TEST_F(SimMedia, RangesAndTokensAreChecked)
     const std::string path = address("6000102");
     const std::string whole = m_client->Get(path.c_str())->body;
     const std::string size = std::to_string(whole.size());
-    struct Row
-    {
-        std::string range;
-        int status;
-        std::string body;
-    };
-    const Row rows[] = {{"bytes=0-0", 206, whole.substr(0, 1)},
-                        {"bytes=70000-270000", 206, whole.substr(70000, 200001)},
-                        {"bytes=1000-", 206, whole.substr(1000)},
-                        {"bytes=-100", 206, whole.substr(whole.size() - 100)},
-                        {"bytes=" + size + "-", 416, ""},
-                        {"bytes=5-2", 200, whole},
-                        {"bytes=x-", 200, whole}};
-    for (const Row& row : rows) {
-        const auto part = m_client->Get(path.c_str(), {{"Range", row.range}});
-        ASSERT_TRUE(part) << row.range;
-        EXPECT_EQ(part->status, row.status) << row.range;
-        EXPECT_TRUE(part->body == row.body) << row.range;
+    for (const auto& [range, status, body] : Table<std::string, int, std::string>{
+             {"bytes=0-0", 206, whole.substr(0, 1)},
+             {"bytes=70000-270000", 206, whole.substr(70000, 200001)},
+             {"bytes=1000-", 206, whole.substr(1000)},
+             {"bytes=-100", 206, whole.substr(whole.size() - 100)},
+             {"bytes=" + size + "-", 416, ""},
+             {"bytes=5-2", 200, whole},
+             {"bytes=x-", 200, whole}}) {
+        const auto part = m_client->Get(path.c_str(), {{"Range", range}});
+        ASSERT_TRUE(part) << range;
+        EXPECT_EQ(part->status, status) << range;
+        EXPECT_TRUE(part->body == body) << range;
     }
     for (const std::string& bad : {path.substr(0, path.find('?')), path + "0",
                                    "/audio/6000103" + path.substr(path.find("/0.flac")),

@@ -1,5 +1,6 @@
 #include "client/DisplayText.h"
 #include "client/EventParser.h"
+#include "Table.h"
 
 #include <gtest/gtest.h>
 
@@ -8,26 +9,19 @@ namespace {
 TEST(DisplayText, CutsByTheColumnsThatCharactersTake)
 {
     const QString combining = QStringLiteral("e\u0301te\u0301"); // two accents of their own
-    const struct
-    {
-        QString text;
-        int columns;
-        int width;
-        QString expected;
-    } rows[] = {
-        {QStringLiteral("abcdef"), 6, 6, QStringLiteral("abcdef")},
-        {QStringLiteral("abcdef"), 6, 5, QStringLiteral("abcd…")},
-        {QStringLiteral("漢字漢字"), 8, 7, QStringLiteral("漢字漢…")},
-        {QStringLiteral("漢字漢字"), 8, 6, QStringLiteral("漢字…")}, // half a character is none
-        {combining, 3, 3, combining},
-        {combining, 3, 2, QStringLiteral("e\u0301…")},
-        {QStringLiteral("🎵🎵"), 4, 3, QStringLiteral("🎵…")},
-        {QStringLiteral("abc"), 3, 0, QString()},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(cli::columns(row.text), row.columns) << row.text.toStdString();
-        EXPECT_EQ(cli::cut(row.text, row.width), row.expected) << row.text.toStdString();
-        EXPECT_LE(cli::columns(cli::cut(row.text, row.width)), row.width);
+    for (const auto& [text, columns, width, expected] : Table<QString, int, int, QString>{
+             {QStringLiteral("abcdef"), 6, 6, QStringLiteral("abcdef")},
+             {QStringLiteral("abcdef"), 6, 5, QStringLiteral("abcd…")},
+             {QStringLiteral("漢字漢字"), 8, 7, QStringLiteral("漢字漢…")},
+             {QStringLiteral("漢字漢字"), 8, 6,
+              QStringLiteral("漢字…")}, // half a character is none
+             {combining, 3, 3, combining},
+             {combining, 3, 2, QStringLiteral("e\u0301…")},
+             {QStringLiteral("🎵🎵"), 4, 3, QStringLiteral("🎵…")},
+             {QStringLiteral("abc"), 3, 0, QString()}}) {
+        EXPECT_EQ(cli::columns(text), columns) << text.toStdString();
+        EXPECT_EQ(cli::cut(text, width), expected) << text.toStdString();
+        EXPECT_LE(cli::columns(cli::cut(text, width)), width);
     }
     EXPECT_EQ(cli::padded(QStringLiteral("漢"), 4), QStringLiteral("漢  "));
 }

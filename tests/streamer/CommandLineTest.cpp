@@ -1,4 +1,5 @@
 #include "streamer/ScriptedStreamer.h"
+#include "Table.h"
 
 #include <gmock/gmock.h>
 #include <QJsonDocument>
@@ -22,58 +23,52 @@ TEST(CommandLine, ExitStatusTellsWhatWentWrong)
                                           "application/problem+json"});
     streamer.answer("POST /api/v1/player/stop", {500, "<html>oops</html>", "text/html"});
     streamer.answer("POST /api/v1/player/pause", {200, "hello", "text/plain"});
-    const struct
-    {
-        std::vector<std::string> arguments;
-        int status;
-        const char* message;
-    } rows[] = {
-        {{"status"}, 0, ""},
-        {{"login", "--status"}, 1, "kelo: it's \\x1bdown\n"},
-        {{"login", "--status", "--json"}, 1, "kelo: it's \\x1bdown\n"},
-        {{"rows", "/none"}, 1, "kelo: no such node\n"},
-        {{"search", "x"}, 1, "kelo login"},
-        {{"watch", "/none"}, 1, "kelo: no such node\n"},
-        {{"stop"}, 1, "status 500"},
-        {{"pause"}, 1, "no JSON document"},
-        {{}, 2, "kelo --help"},
-        {{"dance"}, 2, "there is no command \"dance\" (see kelo --help)"},
-        {{"sarch", "x"}, 2, "did you mean \"search\"?"},
-        {{"rows", "--form", "3", "/x"}, 2, "no option \"--form\", did you mean \"--from\"?"},
-        {{"stop", "now\033"}, 2, "\"now\\x1b\" is too much (see kelo stop --help)"},
-        {{"rows"}, 2, "PATH is missing"},
-        {{"rows", "/", "--from", "x"}, 2, "--from: wanted a number, got \"x\""},
-        {{"search", "x", "--in", "films"}, 2, "--in: wanted one of albums,"},
-        {{"rows", "/", "--from"}, 2, "--from: its value, N, is missing"},
-        {{"volume", "101"}, 2, "PERCENT: wanted a number from 0 to 100, got \"101\""},
-        {{"rows", "/", "--from", "1", "--from=2"}, 2, "--from: is there twice"},
-        {{"rows", "--", "/", "--from"}, 2, "\"--from\" is too much"},
-        {{"rows", "/", "--json=maybe"}, 2, "--json: wanted true or false, got \"maybe\""},
-        {{"config", "-oa=b"}, 2, "-o: a: no such key"},
-        {{"playlist", "creat"},
-         2,
-         "\"creat\", did you mean \"create\"? (see kelo playlist --help)"},
-        {{"playlist"}, 2, "wanted one of create, rename"},
-        {{"playlist", "move", "p1", "1"}, 2, "TO is missing"},
-        {{"playlist", "remove", "p1", "-1"}, 2, "ROW: wanted a number from 0"},
-        {{"favorite", "/x", "maybe"}, 2, "WISH: wanted one of on,off, got \"maybe\""},
-        {{"seek", "soon"}, 2, "1:30"},
-        {{"seek", "1:75"}, 2, "1:30"},
-        {{"seek", "1:2:3:4"}, 2, "1:30"},
-        {{"seek", "99999999999"}, 2, "1:30"},
-        {{"set", "/x", "HIGH"}, 2, "no JSON"},
-        {{"set", "/x", "1],[2"}, 2, "no JSON"},
-        {{"set", "/x", "1,2"}, 2, "no JSON"},
-        {{"status", "--server", "nonsense"}, 2, "http://HOST:PORT"},
-        {{"status", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
-        {{"watch", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
-        {{"login", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
-    };
-    for (const auto& row : rows) {
-        const auto run = streamer.run(row.arguments);
-        EXPECT_EQ(run.status, row.status) << row.message;
-        EXPECT_THAT(run.err, HasSubstr(row.message));
-        EXPECT_EQ(run.out.empty(), row.status != 0);
+    for (const auto& [arguments, status, message] :
+         Table<std::vector<std::string>, int, const char*>{
+             {{"status"}, 0, ""},
+             {{"login", "--status"}, 1, "kelo: it's \\x1bdown\n"},
+             {{"login", "--status", "--json"}, 1, "kelo: it's \\x1bdown\n"},
+             {{"rows", "/none"}, 1, "kelo: no such node\n"},
+             {{"search", "x"}, 1, "kelo login"},
+             {{"watch", "/none"}, 1, "kelo: no such node\n"},
+             {{"stop"}, 1, "status 500"},
+             {{"pause"}, 1, "no JSON document"},
+             {{}, 2, "kelo --help"},
+             {{"dance"}, 2, "there is no command \"dance\" (see kelo --help)"},
+             {{"sarch", "x"}, 2, "did you mean \"search\"?"},
+             {{"rows", "--form", "3", "/x"}, 2, "no option \"--form\", did you mean \"--from\"?"},
+             {{"stop", "now\033"}, 2, "\"now\\x1b\" is too much (see kelo stop --help)"},
+             {{"rows"}, 2, "PATH is missing"},
+             {{"rows", "/", "--from", "x"}, 2, "--from: wanted a number, got \"x\""},
+             {{"search", "x", "--in", "films"}, 2, "--in: wanted one of albums,"},
+             {{"rows", "/", "--from"}, 2, "--from: its value, N, is missing"},
+             {{"volume", "101"}, 2, "PERCENT: wanted a number from 0 to 100, got \"101\""},
+             {{"rows", "/", "--from", "1", "--from=2"}, 2, "--from: is there twice"},
+             {{"rows", "--", "/", "--from"}, 2, "\"--from\" is too much"},
+             {{"rows", "/", "--json=maybe"}, 2, "--json: wanted true or false, got \"maybe\""},
+             {{"config", "-oa=b"}, 2, "-o: a: no such key"},
+             {{"playlist", "creat"},
+              2,
+              "\"creat\", did you mean \"create\"? (see kelo playlist --help)"},
+             {{"playlist"}, 2, "wanted one of create, rename"},
+             {{"playlist", "move", "p1", "1"}, 2, "TO is missing"},
+             {{"playlist", "remove", "p1", "-1"}, 2, "ROW: wanted a number from 0"},
+             {{"favorite", "/x", "maybe"}, 2, "WISH: wanted one of on,off, got \"maybe\""},
+             {{"seek", "soon"}, 2, "1:30"},
+             {{"seek", "1:75"}, 2, "1:30"},
+             {{"seek", "1:2:3:4"}, 2, "1:30"},
+             {{"seek", "99999999999"}, 2, "1:30"},
+             {{"set", "/x", "HIGH"}, 2, "no JSON"},
+             {{"set", "/x", "1],[2"}, 2, "no JSON"},
+             {{"set", "/x", "1,2"}, 2, "no JSON"},
+             {{"status", "--server", "nonsense"}, 2, "http://HOST:PORT"},
+             {{"status", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
+             {{"watch", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
+             {{"login", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"}}) {
+        const auto run = streamer.run(arguments);
+        EXPECT_EQ(run.status, status) << message;
+        EXPECT_THAT(run.err, HasSubstr(message));
+        EXPECT_EQ(run.out.empty(), status != 0);
     }
 }
 
@@ -94,36 +89,30 @@ TEST(CommandLine, SendsWhatTheApiWants)
 {
     ScriptedStreamer streamer;
     streamer.answer("GET /api/v1/player", {200, R"({"state":"playing","positionMs":20000})"});
-    const struct
-    {
-        std::vector<std::string> arguments;
-        const char* expected;
-    } rows[] = {
-        {{"rows", "/a?q=%20", "--from", "-1", "--to", "120", "--roles", "Title,Path"},
-         "GET /api/v1/rows?path=%2Fa%3Fq%3D%2520&from=-1&to=120&roles=Title%2CPath"},
-        {{"data", "/a", "--roles", "Title"}, "GET /api/v1/data?path=%2Fa&roles=Title"},
-        {{"set", "/a\"b"}, R"(POST /api/v1/set {"path":"/a\"b","value":1})"},
-        {{"set", "/a", "9007199254740993"},
-         R"(POST /api/v1/set {"path":"/a","value":9007199254740993})"},
-        {{"set", "/a", "{\"x\": [null]}"},
-         R"(POST /api/v1/set {"path":"/a","value":{"x": [null]}})"},
-        {{"watch"}, "GET /api/v1/events?path=%2Ftidal"},
-        {{"tree"}, "GET /api/v1/rows?path=%2Ftidal&from=0&to=49"},
-        {{"watch", "/a", "/b"}, "GET /api/v1/events?path=%2Fa&path=%2Fb"},
-        {{"play", "123"}, R"(POST /api/v1/player/play {"path":"123"})"},
-        {{"next"}, "POST /api/v1/player/next {}"},
-        {{"set", "/a", "-5"}, R"(POST /api/v1/set {"path":"/a","value":-5})"},
-        {{"seek", "1:30"}, R"(POST /api/v1/player/seek {"positionMs":90000})"},
-        {{"seek", "1:02:03.5"}, R"(POST /api/v1/player/seek {"positionMs":3723500})"},
-        {{"seek", "+1"}, R"(POST /api/v1/player/seek {"positionMs":21000})"},
-        {{"seek", "-0:05"}, R"(POST /api/v1/player/seek {"positionMs":15000})"},
-        {{"seek", "--", "-30"}, R"(POST /api/v1/player/seek {"positionMs":0})"},
-        {{"volume", "40"}, R"(POST /api/v1/player/volume {"percent":40})"},
-        {{"logout"}, "DELETE /api/v1/login"},
-    };
-    for (const auto& row : rows) {
-        EXPECT_EQ(streamer.run(row.arguments).status, 1);
-        EXPECT_EQ(streamer.calls().back(), row.expected);
+    for (const auto& [arguments, expected] : Table<std::vector<std::string>, const char*>{
+             {{"rows", "/a?q=%20", "--from", "-1", "--to", "120", "--roles", "Title,Path"},
+              "GET /api/v1/rows?path=%2Fa%3Fq%3D%2520&from=-1&to=120&roles=Title%2CPath"},
+             {{"data", "/a", "--roles", "Title"}, "GET /api/v1/data?path=%2Fa&roles=Title"},
+             {{"set", "/a\"b"}, R"(POST /api/v1/set {"path":"/a\"b","value":1})"},
+             {{"set", "/a", "9007199254740993"},
+              R"(POST /api/v1/set {"path":"/a","value":9007199254740993})"},
+             {{"set", "/a", "{\"x\": [null]}"},
+              R"(POST /api/v1/set {"path":"/a","value":{"x": [null]}})"},
+             {{"watch"}, "GET /api/v1/events?path=%2Ftidal"},
+             {{"tree"}, "GET /api/v1/rows?path=%2Ftidal&from=0&to=49"},
+             {{"watch", "/a", "/b"}, "GET /api/v1/events?path=%2Fa&path=%2Fb"},
+             {{"play", "123"}, R"(POST /api/v1/player/play {"path":"123"})"},
+             {{"next"}, "POST /api/v1/player/next {}"},
+             {{"set", "/a", "-5"}, R"(POST /api/v1/set {"path":"/a","value":-5})"},
+             {{"seek", "1:30"}, R"(POST /api/v1/player/seek {"positionMs":90000})"},
+             {{"seek", "1:02:03.5"}, R"(POST /api/v1/player/seek {"positionMs":3723500})"},
+             {{"seek", "+1"}, R"(POST /api/v1/player/seek {"positionMs":21000})"},
+             {{"seek", "-0:05"}, R"(POST /api/v1/player/seek {"positionMs":15000})"},
+             {{"seek", "--", "-30"}, R"(POST /api/v1/player/seek {"positionMs":0})"},
+             {{"volume", "40"}, R"(POST /api/v1/player/volume {"percent":40})"},
+             {{"logout"}, "DELETE /api/v1/login"}}) {
+        EXPECT_EQ(streamer.run(arguments).status, 1);
+        EXPECT_EQ(streamer.calls().back(), expected);
     }
 }
 
@@ -221,22 +210,18 @@ TEST(NodeCommands, PrintDataAndRepliesForPeople)
                     {200, R"({"data":{"Title":"A\nB","Value":{"k":[true,null,5]},"N":7}})"});
     EXPECT_EQ(streamer.run({"data", "/x"}).out,
               "N      7\nTitle  A\\nB\nValue  {\"k\":[true,null,5]}\n");
-    const struct
-    {
-        const char* reply;
-        const char* expected;
-    } rows[] = {
-        {R"({"reply":null})", "done\n"},
-        {R"({"reply":"\u0000\u0007\u007f\u009b\u202e\r"})", "\\x00\\x07\\x7f\\x9b\\u202e\\r\n"},
-        {R"({"reply":{"a":1}})", "a  1\n"},
-        {R"({"reply":[1]})", "[1]\n"},
-        {R"({"reply":{"class":"KeloActionReply"}})", "done\n"},
-        {R"({"reply":{"class":"KeloActionReply","result":{"Title":"Bio",)"
-         R"("Description":"a\nb","Path":"/m"}}})",
-         "Bio\na\\nb\n"}};
-    for (const auto& row : rows) {
-        streamer.answer("POST /api/v1/set", {200, row.reply});
-        EXPECT_EQ(streamer.run({"set", "/x"}).out, row.expected);
+    for (const auto& [reply, expected] : Table<const char*, const char*>{
+             {R"({"reply":null})", "done\n"},
+             {R"({"reply":"\u0000\u0007\u007f\u009b\u202e\r"})",
+              "\\x00\\x07\\x7f\\x9b\\u202e\\r\n"},
+             {R"({"reply":{"a":1}})", "a  1\n"},
+             {R"({"reply":[1]})", "[1]\n"},
+             {R"({"reply":{"class":"KeloActionReply"}})", "done\n"},
+             {R"({"reply":{"class":"KeloActionReply","result":{"Title":"Bio",)"
+              R"("Description":"a\nb","Path":"/m"}}})",
+              "Bio\na\\nb\n"}}) {
+        streamer.answer("POST /api/v1/set", {200, reply});
+        EXPECT_EQ(streamer.run({"set", "/x"}).out, expected);
     }
 }
 
@@ -326,37 +311,29 @@ TEST(StatusCommand, ShowsWhatPlays)
 TEST(StatusCommand, NamesTheArtistOnceAndKeepsThePositionWhole)
 {
     ScriptedStreamer streamer;
-    const struct
-    {
-        const char* title;
-        const char* artist;
-        int width;
-        const char* block;
-        const char* play;
-        const char* pause;
-    } rows[] = {
-        {"Song - Ann", "Bo, Ann", 80, "Song\n  Bo, Ann · Album\n", "Song - Bo, Ann (Album)",
-         "Song - Bo, Ann (Album)  0:01 / 2:10"},
-        {"Annie", "Ann", 80, "Annie\n", "Annie - Ann", "Annie - Ann (Album)  0:01"},
-        {" - Ann", "Ann", 80, " - Ann\n", " - Ann - Ann", " - Ann - Ann"},
-        {"A song of some length - Ann", "Ann", 40, "A song of some length\n",
-         "A song of some length - …  HIGH\n", "A song of s…  0:01 / 2:10  HIGH\n"},
-    };
     const std::string begin = "playing  ";
-    for (const auto& row : rows) {
+
+    for (const auto& [title, artist, width, block, play, pause] :
+         Table<const char*, const char*, int, const char*, const char*, const char*>{
+             {"Song - Ann", "Bo, Ann", 80, "Song\n  Bo, Ann · Album\n", "Song - Bo, Ann (Album)",
+              "Song - Bo, Ann (Album)  0:01 / 2:10"},
+             {"Annie", "Ann", 80, "Annie\n", "Annie - Ann", "Annie - Ann (Album)  0:01"},
+             {" - Ann", "Ann", 80, " - Ann\n", " - Ann - Ann", " - Ann - Ann"},
+             {"A song of some length - Ann", "Ann", 40, "A song of some length\n",
+              "A song of some length - …  HIGH\n", "A song of s…  0:01 / 2:10  HIGH\n"}}) {
         const std::string player =
             std::string(
                 R"({"state":"playing","album":"Album","positionMs":1000,"durationMs":130000,
                     "quality":{"delivered":"HIGH"},)") +
-            R"("title":")" + row.title + R"(","artist":")" + row.artist + "\"}";
+            R"("title":")" + title + R"(","artist":")" + artist + "\"}";
         for (const char* call :
              {"GET /api/v1/player", "POST /api/v1/player/play", "POST /api/v1/player/pause"})
             streamer.answer(call, {200, player});
-        const cli::Terminal::Properties terminal{row.width, false, false};
-        EXPECT_THAT(streamer.run({"status"}, terminal).out, StartsWith(begin + row.block));
-        EXPECT_THAT(streamer.run({"pause"}, terminal).out, StartsWith(begin + row.pause));
+        const cli::Terminal::Properties terminal{width, false, false};
+        EXPECT_THAT(streamer.run({"status"}, terminal).out, StartsWith(begin + block));
+        EXPECT_THAT(streamer.run({"pause"}, terminal).out, StartsWith(begin + pause));
         const std::string played = streamer.run({"play", "1"}, terminal).out;
-        EXPECT_THAT(played, testing::AllOf(StartsWith(begin + row.play), Not(HasSubstr("0:0"))));
+        EXPECT_THAT(played, testing::AllOf(StartsWith(begin + play), Not(HasSubstr("0:0"))));
     }
 }
 

@@ -1,4 +1,5 @@
 #include "streamer/ScriptedStreamer.h"
+#include "Table.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
@@ -207,24 +208,18 @@ TEST_F(EditCommands, refuseBeforeAnythingIsSent)
     streamer.answer("GET /api/v1/data?path=%2Fbusy",
                     {502, R"({"detail":"Not logged in"})", "application/problem+json"});
     addData("/t/none?a=1", R"("ContainerType":"None")");
-    const struct
-    {
-        std::vector<std::string> arguments;
-        int status;
-        const char* message;
-    } rows[] = {
-        {{"playlist", "delete", "p2"}, 1, "none of your playlists has the id p2"},
-        {{"playlist", "add", "p2", second}, 1, "none of your playlists has the id p2"},
-        {{"playlist", "add", "p1", second, "/busy"}, 1, "Not logged in"},
-        {{"playlist", "add", "p1", "/t/none?a=1"}, 1, "no such node"},
-        {{"playlist", "remove", "p1", "2"}, 1, "there is no row 2, the last one is 1"},
-        {{"favorite", "/t/req/nothing"}, 1, "no such node"},
-        {{"menu", second, "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
-    };
-    for (const auto& one : rows) {
-        const auto run = streamer.run(one.arguments);
-        EXPECT_EQ(run.status, one.status) << one.message;
-        EXPECT_THAT(run.err, HasSubstr(one.message));
+    for (const auto& [arguments, status, message] :
+         Table<std::vector<std::string>, int, const char*>{
+             {{"playlist", "delete", "p2"}, 1, "none of your playlists has the id p2"},
+             {{"playlist", "add", "p2", second}, 1, "none of your playlists has the id p2"},
+             {{"playlist", "add", "p1", second, "/busy"}, 1, "Not logged in"},
+             {{"playlist", "add", "p1", "/t/none?a=1"}, 1, "no such node"},
+             {{"playlist", "remove", "p1", "2"}, 1, "there is no row 2, the last one is 1"},
+             {{"favorite", "/t/req/nothing"}, 1, "no such node"},
+             {{"menu", second, "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"}}) {
+        const auto run = streamer.run(arguments);
+        EXPECT_EQ(run.status, status) << message;
+        EXPECT_THAT(run.err, HasSubstr(message));
         EXPECT_EQ(run.out, "");
     }
     EXPECT_THAT(sent(), ElementsAre());
@@ -237,19 +232,13 @@ TEST_F(EditCommands, refuseBeforeAnythingIsSent)
 
 TEST_F(EditCommands, tellWhenTheServiceTookNothing)
 {
-    const struct
-    {
-        std::vector<std::string> arguments;
-        const char* message;
-    } rows[] = {
-        {{"playlist", "delete", "p1"}, "the playlist is still there"},
-        {{"playlist", "add", "p1", second}, "the playlist has not grown"},
-        {{"playlist", "remove", "p1", "1"}, "the row is still there"},
-    };
-    for (const auto& one : rows) {
-        const auto run = streamer.run(one.arguments);
+    for (const auto& [arguments, message] : Table<std::vector<std::string>, const char*>{
+             {{"playlist", "delete", "p1"}, "the playlist is still there"},
+             {{"playlist", "add", "p1", second}, "the playlist has not grown"},
+             {{"playlist", "remove", "p1", "1"}, "the row is still there"}}) {
+        const auto run = streamer.run(arguments);
         EXPECT_EQ(run.status, 1);
-        EXPECT_THAT(run.err, HasSubstr(one.message));
+        EXPECT_THAT(run.err, HasSubstr(message));
         EXPECT_EQ(run.out, "");
         EXPECT_EQ(sent().size(), 1u);
     }
@@ -277,32 +266,24 @@ TEST_F(EditCommands, favoriteSendsOnlyWhatChangesSomething)
     const std::string action = R"({"path":"/t/tm/favorites?id=2","value":1})";
     const std::string state =
         "GET /api/v1/data?path=" + encoded("/t/tm/favorites?id=2") + "&language=en";
-    const struct
-    {
-        const char* title;
-        const char* wish;
-        const char* out;
-        bool isSent;
-    } rows[] = {
-        {"Add to favorites", "", "favorite on\n", true},
-        {"Add to favorites", "on", "favorite on\n", true},
-        {"Add to favorites", "off", "favorite off (it was already)\n", false},
-        {"Remove from favorites", "", "favorite off\n", true},
-        {"Remove from favorites", "on", "favorite on (it was already)\n", false},
-        {"Favorite", "on", "", false},
-    };
-    for (const auto& one : rows) {
-        streamer.answer(state, {200, std::string(R"({"data":{"Title":")") + one.title + "\"}}"});
+    for (const auto& [title, wish, out, isSent] :
+         Table<const char*, const char*, const char*, bool>{
+             {"Add to favorites", "", "favorite on\n", true},
+             {"Add to favorites", "on", "favorite on\n", true},
+             {"Add to favorites", "off", "favorite off (it was already)\n", false},
+             {"Remove from favorites", "", "favorite off\n", true},
+             {"Remove from favorites", "on", "favorite on (it was already)\n", false},
+             {"Favorite", "on", "", false}}) {
+        streamer.answer(state, {200, std::string(R"({"data":{"Title":")") + title + "\"}}"});
         std::vector<std::string> arguments{"favorite", second};
-        if (*one.wish)
-            arguments.push_back(one.wish);
+        if (*wish)
+            arguments.push_back(wish);
         const auto run = streamer.run(arguments);
-        EXPECT_EQ(run.status, *one.out ? 0 : 1);
-        EXPECT_EQ(run.out, one.out);
+        EXPECT_EQ(run.status, *out ? 0 : 1);
+        EXPECT_EQ(run.out, out);
         // The script's menu never changes, which is said.
-        EXPECT_EQ(run.err.find("does not show the change") != std::string::npos, one.isSent);
-        EXPECT_EQ(sent(),
-                  one.isSent ? std::vector<std::string>{action} : std::vector<std::string>{});
+        EXPECT_EQ(run.err.find("does not show the change") != std::string::npos, isSent);
+        EXPECT_EQ(sent(), isSent ? std::vector<std::string>{action} : std::vector<std::string>{});
     }
     streamer.answer(state, {200, R"({"data":{"Title":"Add to favorites"}})"});
     streamer.answerAfter(set, state, {200, R"({"data":{"Title":"Remove from favorites"}})"});

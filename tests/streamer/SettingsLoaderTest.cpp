@@ -1,6 +1,7 @@
 #include "settings/SettingsLoader.h"
 #include "settings/SettingsKeys.h"
 #include "settings/StateDirectory.h"
+#include "Table.h"
 
 #include <gmock/gmock.h>
 #include <QDir>
@@ -104,55 +105,50 @@ scope = "r_usr"
 
 TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
 {
-    const struct
-    {
-        const char* content;
-        const char* line;
-        const char* expected;
-    } rows[] = {
-        {"[server]\n\nlisten = 8095", ":3: server.listen: ", "wanted ADDR:PORT"},
-        {"[server]\nlisten = \"127.0.0.1\"", ":2: server.listen: ", "got \"127.0.0.1\""},
-        {"[server]\nlisten = \"1.2.3:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
-        {"[server]\nlisten = \"127.0.0.1:65536\"", ":2: server.listen: ", "wanted ADDR:PORT"},
-        {"[server]\nlisten = \"::1:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
-        {"[server]\nhost_names = \"a\"", ":2: server.host_names: ", "wanted a list of host names"},
-        {"[server]\nhost_names = [1]", ":2: server.host_names: ", "got a value of type array"},
-        {"[server]\nhost_names = [\"a:1\"]", ":2: server.host_names: ", "got [a:1]"},
-        {"[server]\nlisten = []", ":2: server.listen: ", "wanted ADDR:PORT"},
-        {"[server]\nport = 1", ":2: server.port: ", "wanted one of listen"},
-        {"[servr]\nlisten = 1", ":1: servr: ", "no such key"},
-        {"server = 3", ":1: server: ", "wanted a section [server]"},
-        {"[[server]]\nlisten = \"127.0.0.1:1\"", ":1: server: ", "wanted a section [server]"},
-        {"[log]\nlevel = \"loud\"", ":2: log.level: ", "trace, debug, info, warn, error"},
-        {"[deadlines]\nrows_s = 0", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
-        {"[deadlines]\nrows_s = -0.1", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
-        {"[deadlines]\nrows_s = nan", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
-        {"[deadlines]\nrows_s = inf", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
-        {"[deadlines]\nrows_s = \"5\"", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
-        {"[player]\noutput = \" \"", ":2: player.output: ", "wanted auto, null or"},
-        {"[tidal]\napi_url = \"ftp://x/\"", ":2: tidal.api_url: ", "wanted an http or https"},
-        {"[tidal]\napi_url = \"http://\"", ":2: tidal.api_url: ", "wanted an http or https"},
-        {"[tidal]\nimage_url = \"http://u:pw@x/\"", ":2: tidal.image_url: ", "with an \"@\""},
-        {"[tidal]\nimage_size = \"320\"", ":2: tidal.image_size: ", "wanted WIDTHxHEIGHT"},
-        {"[tidal]\ncountry_code = \"no\"", ":2: tidal.country_code: ", "two capital letters"},
-        {"[tidal]\nmax_idle_time_ms = 1.5", ":2: tidal.max_idle_time_ms: ", "whole milli"},
-        {"[tidal]\nmax_idle_time_ms = -1", ":2: tidal.max_idle_time_ms: ", "whole milli"},
-        {"[tidal]\nmax_idle_time_ms = 2147483648", ":2: tidal.max_idle_time_ms: ", "whole milli"},
-        {"[tidal]\nsound_quality = \"MAX\"", ":2: tidal.sound_quality: ", "LOSSLESS, HI_RES"},
-        {"[tidal]\nuse_post_paywall = 1", ":2: tidal.use_post_paywall: ", "true or false"},
-        {"[tidal]\nimage_size = [1]", ":2: tidal.image_size: ", "got a value of type array"},
-        {"[tidal.oauth2]\nscope = 2024-01-01", ":2: tidal.oauth2.scope: ", "type date"},
-        {"[tidal.oauth2]\nclient_secret_file = \"none\"", ":2: ", "cannot read"},
-        {"[log]\nlevel = ", ":2: ", "not TOML"},
-    };
-    for (const auto& row : rows) {
-        const QString file = write("wrong.toml", row.content);
+    for (const auto& [content, line, expected] : Table<const char*, const char*, const char*>{
+             {"[server]\n\nlisten = 8095", ":3: server.listen: ", "wanted ADDR:PORT"},
+             {"[server]\nlisten = \"127.0.0.1\"", ":2: server.listen: ", "got \"127.0.0.1\""},
+             {"[server]\nlisten = \"1.2.3:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
+             {"[server]\nlisten = \"127.0.0.1:65536\"", ":2: server.listen: ", "wanted ADDR:PORT"},
+             {"[server]\nlisten = \"::1:80\"", ":2: server.listen: ", "wanted ADDR:PORT"},
+             {"[server]\nhost_names = \"a\"",
+              ":2: server.host_names: ", "wanted a list of host names"},
+             {"[server]\nhost_names = [1]", ":2: server.host_names: ", "got a value of type array"},
+             {"[server]\nhost_names = [\"a:1\"]", ":2: server.host_names: ", "got [a:1]"},
+             {"[server]\nlisten = []", ":2: server.listen: ", "wanted ADDR:PORT"},
+             {"[server]\nport = 1", ":2: server.port: ", "wanted one of listen"},
+             {"[servr]\nlisten = 1", ":1: servr: ", "no such key"},
+             {"server = 3", ":1: server: ", "wanted a section [server]"},
+             {"[[server]]\nlisten = \"127.0.0.1:1\"", ":1: server: ", "wanted a section [server]"},
+             {"[log]\nlevel = \"loud\"", ":2: log.level: ", "trace, debug, info, warn, error"},
+             {"[deadlines]\nrows_s = 0", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+             {"[deadlines]\nrows_s = -0.1", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+             {"[deadlines]\nrows_s = nan", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+             {"[deadlines]\nrows_s = inf", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+             {"[deadlines]\nrows_s = \"5\"", ":2: deadlines.rows_s: ", "wanted seconds above 0"},
+             {"[player]\noutput = \" \"", ":2: player.output: ", "wanted auto, null or"},
+             {"[tidal]\napi_url = \"ftp://x/\"", ":2: tidal.api_url: ", "wanted an http or https"},
+             {"[tidal]\napi_url = \"http://\"", ":2: tidal.api_url: ", "wanted an http or https"},
+             {"[tidal]\nimage_url = \"http://u:pw@x/\"", ":2: tidal.image_url: ", "with an \"@\""},
+             {"[tidal]\nimage_size = \"320\"", ":2: tidal.image_size: ", "wanted WIDTHxHEIGHT"},
+             {"[tidal]\ncountry_code = \"no\"", ":2: tidal.country_code: ", "two capital letters"},
+             {"[tidal]\nmax_idle_time_ms = 1.5", ":2: tidal.max_idle_time_ms: ", "whole milli"},
+             {"[tidal]\nmax_idle_time_ms = -1", ":2: tidal.max_idle_time_ms: ", "whole milli"},
+             {"[tidal]\nmax_idle_time_ms = 2147483648",
+              ":2: tidal.max_idle_time_ms: ", "whole milli"},
+             {"[tidal]\nsound_quality = \"MAX\"", ":2: tidal.sound_quality: ", "LOSSLESS, HI_RES"},
+             {"[tidal]\nuse_post_paywall = 1", ":2: tidal.use_post_paywall: ", "true or false"},
+             {"[tidal]\nimage_size = [1]", ":2: tidal.image_size: ", "got a value of type array"},
+             {"[tidal.oauth2]\nscope = 2024-01-01", ":2: tidal.oauth2.scope: ", "type date"},
+             {"[tidal.oauth2]\nclient_secret_file = \"none\"", ":2: ", "cannot read"},
+             {"[log]\nlevel = ", ":2: ", "not TOML"}}) {
+        const QString file = write("wrong.toml", content);
         const LoadedSettings loaded = load(file);
-        ASSERT_EQ(loaded.problems.size(), 1) << row.content;
+        ASSERT_EQ(loaded.problems.size(), 1) << content;
         const std::string problem = loaded.problems.first().toStdString();
-        EXPECT_THAT(problem, testing::StartsWith(file.toStdString() + row.line)) << row.content;
-        EXPECT_THAT(problem, HasSubstr(row.expected)) << row.content;
-        EXPECT_THAT(problem, testing::Not(HasSubstr("pw"))) << row.content;
+        EXPECT_THAT(problem, testing::StartsWith(file.toStdString() + line)) << content;
+        EXPECT_THAT(problem, HasSubstr(expected)) << content;
+        EXPECT_THAT(problem, testing::Not(HasSubstr("pw"))) << content;
     }
 }
 
@@ -194,17 +190,13 @@ TEST_F(SettingsLoaderTest, TakesTheClientSecretFromTheFirstPlaceThatHasOne)
     write("secret", "from file\n");
     const QByteArray section = "[tidal.oauth2]\n";
     const QByteArray file = "client_secret_file = \"secret\"\n"; // beside the settings file
-    const struct
-    {
-        QByteArray content;
-        const char* expected;
-    } rows[] = {{section + file + "client_secret = \"from setting\"", "from setting"},
-                {section + file, "from file"},
-                {section, "from credential"}};
-    for (const auto& row : rows) {
-        const LoadedSettings loaded = load(write("s.toml", row.content));
+    for (const auto& [content, expected] : Table<QByteArray, const char*>{
+             {section + file + "client_secret = \"from setting\"", "from setting"},
+             {section + file, "from file"},
+             {section, "from credential"}}) {
+        const LoadedSettings loaded = load(write("s.toml", content));
         EXPECT_EQ(loaded.problems, QStringList());
-        EXPECT_EQ(loaded.settings.tidal.oauth2.clientSecret.reveal(), row.expected);
+        EXPECT_EQ(loaded.settings.tidal.oauth2.clientSecret.reveal(), expected);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "ServiceTest.h"
+#include "Table.h"
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
@@ -71,32 +72,27 @@ private:
         };
         const QString sets = api + "set";
         const QString rows = api + "rows?path=";
-        const struct
-        {
-            QString path;
-            QByteArray body; ///< empty: a GET
-        } steps[] = {{login, {}},
-                     {rows + "/tidal", {}},
-                     {rows + "/tidal/req/featured/new/albums", {}},
-                     {rows + "/tidal/myMusic/req/favorites/users/tracks", {}},
-                     {api + "player/play", "{\"path\":\"" + m_track.toUtf8() + "\"}"},
-                     {sets, set("/tidal/context/favorites?id=100001&type=Tracks", "1")},
-                     {sets, set("/tidal/createPlaylist/title", "\"Mine\"")},
-                     {sets, set("/tidal/createPlaylist/accept", "1")},
-                     {api + "player/stop", "{}"},
-                     {sets, set("/oauth2/services/tidal/logout", "1")}};
-        for (const auto& step : steps) {
+        // body: empty: a GET
+        for (const auto& [path, body] : Table<QString, QByteArray>{
+                 {login, {}},
+                 {rows + "/tidal", {}},
+                 {rows + "/tidal/req/featured/new/albums", {}},
+                 {rows + "/tidal/myMusic/req/favorites/users/tracks", {}},
+                 {api + "player/play", "{\"path\":\"" + m_track.toUtf8() + "\"}"},
+                 {sets, set("/tidal/context/favorites?id=100001&type=Tracks", "1")},
+                 {sets, set("/tidal/createPlaylist/title", "\"Mine\"")},
+                 {sets, set("/tidal/createPlaylist/accept", "1")},
+                 {api + "player/stop", "{}"},
+                 {sets, set("/oauth2/services/tidal/logout", "1")}}) {
             // The first requests are refused, until the access token is renewed.
             Streamer::Answer answer;
-            for (int tries = step.body.isEmpty() ? 400 : 2; tries > 0 && answer.status != 200;
-                 --tries)
-                answer = step.body.isEmpty() ? listener.get(step.path)
-                                             : listener.post(step.path, step.body);
+            for (int tries = body.isEmpty() ? 400 : 2; tries > 0 && answer.status != 200; --tries)
+                answer = body.isEmpty() ? listener.get(path) : listener.post(path, body);
             if (answer.status == 0)
-                return "no answer to " + step.path + QString::fromUtf8(step.body);
+                return "no answer to " + path + QString::fromUtf8(body);
             if (answer.status != 200)
-                *refused << step.path + QString(" %1").arg(answer.status);
-            *hasLoggedOut = step.body.contains("logout");
+                *refused << path + QString(" %1").arg(answer.status);
+            *hasLoggedOut = body.contains("logout");
         }
         return QString();
     }

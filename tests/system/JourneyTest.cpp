@@ -1,4 +1,5 @@
 #include "ServiceTest.h"
+#include "Table.h"
 #include <QJsonArray>
 
 namespace {
@@ -135,26 +136,19 @@ TEST_F(JourneyServiceTest, noSecretIsInTheLog)
 TEST(JourneyTest, aServeThatCannotServeSaysWhy)
 {
     const QString noModule = QString(KELO_MODULE).replace("cb_tidal", "api_play");
-    const struct
-    {
-        const char* settings;
-        QStringList arguments;
-        int status;
-        const char* said;
-    } cases[] = {
-        {"[server]\nlistn = \"x\"\n", {}, 2, "listn"},
-        {"[tidal]\nmax_idle_time_ms = \"soon\"\n", {}, 2, "max_idle_time_ms"},
-        {"", {"--module", "/nowhere/libx.so"}, 1, "there is no such file"},
-        {"", {"--module", KELO_OPENAPI}, 1, "cannot load the module"},
-        {"", {"--module", noModule}, 1, "it has no symbol \"worker_create\""},
-    };
-    for (const auto& item : cases) {
+    for (const auto& [settings, arguments, status, said] :
+         Table<const char*, QStringList, int, const char*>{
+             {"[server]\nlistn = \"x\"\n", {}, 2, "listn"},
+             {"[tidal]\nmax_idle_time_ms = \"soon\"\n", {}, 2, "max_idle_time_ms"},
+             {"", {"--module", "/nowhere/libx.so"}, 1, "there is no such file"},
+             {"", {"--module", KELO_OPENAPI}, 1, "cannot load the module"},
+             {"", {"--module", noModule}, 1, "it has no symbol \"worker_create\""}}) {
         Streamer streamer;
-        EXPECT_FALSE(streamer.start(item.settings, item.arguments)) << item.said;
-        EXPECT_EQ(streamer.stop(), item.status) << item.said;
+        EXPECT_FALSE(streamer.start(settings, arguments)) << said;
+        EXPECT_EQ(streamer.stop(), status) << said;
         const QByteArray errors = streamer.errors();
-        const QByteArray file = item.arguments.mid(1).join(' ').toUtf8();
-        EXPECT_TRUE(errors.contains(item.said) && errors.contains(file)) << errors.toStdString();
+        const QByteArray file = arguments.mid(1).join(' ').toUtf8();
+        EXPECT_TRUE(errors.contains(said) && errors.contains(file)) << errors.toStdString();
     }
     EXPECT_EQ(Streamer::run({"--server", "http://127.0.0.1:1", "rows", "/tidal"}).status, 3);
 }

@@ -1,4 +1,5 @@
 #include "LoginWorld.h"
+#include "Table.h"
 
 #include <gtest/gtest.h>
 
@@ -93,35 +94,34 @@ TEST(DeviceLoginReasonTest, SaysWhyThereIsNoCode)
     constexpr qint64 now = 1700000000000;
     constexpr qint64 minute = 60000;
     const QByteArray scope = R"({"error":"invalid_scope"})";
-    const struct
-    {
-        TokenReply reply;
-        const char* reason;
-        const char* text;
-    } rows[] = {
-        {{0, "", HttpClient::TimedOut}, "network", "does not answer."},
-        {{0, "", HttpClient::ConnectionFailed}, "network", "is not reached."},
-        {{0, "", HttpClient::TlsFailed}, "network", "no secure connection"},
-        {{0, "", HttpClient::CertificateDate}, "clock", "certificate is not valid at the time"},
-        {{0, "", HttpClient::BodyTooLarge}, "service", "too large"},
-        {{401, ""}, "client", "No login code: the login service answered with status 401."},
-        {{200, "<html>"}, "service", "the login service's answer is not understood."},
-        {{400, R"({"error":"unauthorized_client"})"}, "client", "unauthorized_client."},
-        {{400, R"({"error":"temporarily_unavailable"})"}, "service", "temporarily_unavailable."},
-        {{503, "", HttpClient::NoFailure, now + 5 * minute}, "service", "status 503."},
-        {{503, "", HttpClient::NoFailure, now + 6 * minute},
-         "clock",
-         "503, and the streamer's "
-         "clock is 6 minutes slow."},
-        {{200, "[]", HttpClient::NoFailure, now - 90 * minute}, "clock", "90 minutes fast."},
-        {{400, scope, HttpClient::NoFailure, now - 90 * minute}, "client", "invalid_scope."},
-    };
-    for (const auto& row : rows) {
+    for (const auto& [reply, reason, text] : Table<TokenReply, const char*, const char*>{
+             {{0, "", HttpClient::TimedOut}, "network", "does not answer."},
+             {{0, "", HttpClient::ConnectionFailed}, "network", "is not reached."},
+             {{0, "", HttpClient::TlsFailed}, "network", "no secure connection"},
+             {{0, "", HttpClient::CertificateDate},
+              "clock",
+              "certificate is not valid at the time"},
+             {{0, "", HttpClient::BodyTooLarge}, "service", "too large"},
+             {{401, ""}, "client", "No login code: the login service answered with status 401."},
+             {{200, "<html>"}, "service", "the login service's answer is not understood."},
+             {{400, R"({"error":"unauthorized_client"})"}, "client", "unauthorized_client."},
+             {{400, R"({"error":"temporarily_unavailable"})"},
+              "service",
+              "temporarily_unavailable."},
+             {{503, "", HttpClient::NoFailure, now + 5 * minute}, "service", "status 503."},
+             {{503, "", HttpClient::NoFailure, now + 6 * minute},
+              "clock",
+              "503, and the streamer's "
+              "clock is 6 minutes slow."},
+             {{200, "[]", HttpClient::NoFailure, now - 90 * minute}, "clock", "90 minutes fast."},
+             {{400, scope, HttpClient::NoFailure, now - 90 * minute},
+              "client",
+              "invalid_scope."}}) {
         LoginWorld world;
         world.send(QString());
-        world.answer(row.reply);
-        EXPECT_EQ(world.state().reason(), row.reason) << world.state().problem().toStdString();
-        EXPECT_TRUE(world.state().problem().contains(row.text))
+        world.answer(reply);
+        EXPECT_EQ(world.state().reason(), reason) << world.state().problem().toStdString();
+        EXPECT_TRUE(world.state().problem().contains(text))
             << world.state().problem().toStdString();
     }
 }

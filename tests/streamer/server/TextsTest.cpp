@@ -1,5 +1,6 @@
 #include "WebWorld.h"
 
+#include "Table.h"
 #include "texts/TextCatalogues.h"
 #include "web/HttpReply.h"
 #include "web/JsonText.h"
@@ -81,27 +82,21 @@ TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
 
 TEST_F(TextsTest, ErrorsComeInTheClientsLanguageHoweverTheyWereMade)
 {
-    struct Case
-    {
-        const char* path;
-        CMError error;
-        const char* title;
-        const char* detail;
-    };
-    const Case rows[] = {
-        {"a", CMError(TrString(TrCharData{"CMRoot", "The service has stopped", nullptr})), "Fehler",
-         "Der Dienst wurde beendet"},
-        {"b", CMError(CMError::NotFoundName(), TrString("Missing track ID")), "Nicht gefunden",
-         "Die Titel-ID fehlt"},
-        {"c", CMError(TrString("There is nothing at /x")), "Fehler", "Unter /x gibt es nichts"},
-        {"d", CMError(TrString("The dog ate the disc")), "Fehler", "The dog ate the disc"}};
-    for (const Case& row : rows) {
-        HttpReply reply = HttpReply::error(row.error);
+    for (const auto& [path, error, title, detail] :
+         Table<const char*, CMError, const char*, const char*>{
+             {"a", CMError(TrString(TrCharData{"CMRoot", "The service has stopped", nullptr})),
+              "Fehler", "Der Dienst wurde beendet"},
+             {"b", CMError(CMError::NotFoundName(), TrString("Missing track ID")), "Nicht gefunden",
+              "Die Titel-ID fehlt"},
+             {"c", CMError(TrString("There is nothing at /x")), "Fehler",
+              "Unter /x gibt es nichts"},
+             {"d", CMError(TrString("The dog ate the disc")), "Fehler", "The dog ate the disc"}}) {
+        HttpReply reply = HttpReply::error(error);
         reply.translate(TextCatalogues().choose("de", QString()));
         const QJsonObject json =
             QJsonDocument::fromJson(QByteArray::fromStdString(reply.body)).object();
-        EXPECT_EQ(json["title"].toString(), row.title);
-        EXPECT_EQ(json["detail"].toString(), row.detail);
+        EXPECT_EQ(json["title"].toString(), title);
+        EXPECT_EQ(json["detail"].toString(), detail);
     }
     const auto answer = world.get("/api/v1/rows?path=/web/no&language=de");
     EXPECT_EQ(answer.status, 404);
@@ -112,55 +107,45 @@ TEST(TextCatalogueTest, NotesAreTranslatedWithTheReasonsInsideButNotTheTitles)
 {
     const TextCatalogues catalogues;
     const TextCatalogue& german = catalogues.choose("de", QString());
-    const struct
-    {
-        const char* note;
-        const char* expected;
-    } rows[] = {
-        {"Albums cannot be played", "Albums lässt sich nicht abspielen"},
-        {"skipped: Albums: the address was refused (403); Not found: no such row",
-         "übersprungen: Albums: die Adresse wurde abgelehnt (403); Not found: diese Zeile gibt es "
-         "nicht"},
-        {"The login failed: slow_down, and the streamer's clock is 9 minutes fast.",
-         "Die Anmeldung ist fehlgeschlagen: slow_down, und die Uhr des Streamers geht 9 Minuten "
-         "vor."},
-        {"No client id is set for TIDAL; see the settings.",
-         "Für TIDAL ist keine Client-ID festgelegt; siehe Einstellungen."}};
-    for (const auto& row : rows) {
-        const QJsonObject state{{"note", QString::fromUtf8(row.note)}, {"title", "Albums"}};
+    for (const auto& [note, expected] : Table<const char*, const char*>{
+             {"Albums cannot be played", "Albums lässt sich nicht abspielen"},
+             {"skipped: Albums: the address was refused (403); Not found: no such row",
+              "übersprungen: Albums: die Adresse wurde abgelehnt (403); Not found: diese Zeile "
+              "gibt es "
+              "nicht"},
+             {"The login failed: slow_down, and the streamer's clock is 9 minutes fast.",
+              "Die Anmeldung ist fehlgeschlagen: slow_down, und die Uhr des Streamers geht 9 "
+              "Minuten "
+              "vor."},
+             {"No client id is set for TIDAL; see the settings.",
+              "Für TIDAL ist keine Client-ID festgelegt; siehe Einstellungen."}}) {
+        const QJsonObject state{{"note", QString::fromUtf8(note)}, {"title", "Albums"}};
         const QJsonObject told =
             QJsonDocument::fromJson(QByteArray::fromStdString(JsonText::fromState(state, &german)))
                 .object();
-        EXPECT_EQ(told["note"].toString().toStdString(), row.expected);
+        EXPECT_EQ(told["note"].toString().toStdString(), expected);
         EXPECT_EQ(told["title"].toString(), "Albums");
     }
 }
 
 TEST_F(TextsTest, TheLanguageIsTheBestThatTheClientNames)
 {
-    const struct
-    {
-        const char* query;
-        const char* accepted;
-        const char* language;
-    } rows[] = {{"", "de", "de"},
-                {"", "DE-at", "de"},
-                {"", "pt, fr;q=0.5, de;q=0.7", "de"},
-                {"", "en-US,en;q=0.9,de;q=0.8", "en"},
-                {"", "de;q=0, ja;q=0.1", "ja"},
-                {"", "nn-NO, no;q=0.5", "nb"},
-                {"", "*", "en"},
-                {"", ";;q=,de;q=x,,fr;q=0.2;", "en"},
-                {"?language=fr", "de", "fr"},
-                {"?language=ja-JP", "", "ja"},
-                {"?language=tlh", "de", "en"},
-                {"?language=", "de", "de"}};
-    for (const auto& row : rows) {
-        const auto answer =
-            world.get(std::string("/api/v1/texts") + row.query, accepting(row.accepted));
-        EXPECT_EQ(answer.json["language"].toString(), row.language)
-            << row.query << ' ' << row.accepted;
-        EXPECT_EQ(answer.headers.find("Content-Language")->second, row.language);
+    for (const auto& [query, accepted, language] :
+         Table<const char*, const char*, const char*>{{"", "de", "de"},
+                                                      {"", "DE-at", "de"},
+                                                      {"", "pt, fr;q=0.5, de;q=0.7", "de"},
+                                                      {"", "en-US,en;q=0.9,de;q=0.8", "en"},
+                                                      {"", "de;q=0, ja;q=0.1", "ja"},
+                                                      {"", "nn-NO, no;q=0.5", "nb"},
+                                                      {"", "*", "en"},
+                                                      {"", ";;q=,de;q=x,,fr;q=0.2;", "en"},
+                                                      {"?language=fr", "de", "fr"},
+                                                      {"?language=ja-JP", "", "ja"},
+                                                      {"?language=tlh", "de", "en"},
+                                                      {"?language=", "de", "de"}}) {
+        const auto answer = world.get(std::string("/api/v1/texts") + query, accepting(accepted));
+        EXPECT_EQ(answer.json["language"].toString(), language) << query << ' ' << accepted;
+        EXPECT_EQ(answer.headers.find("Content-Language")->second, language);
         EXPECT_EQ(answer.headers.find("Vary")->second, "Accept-Language");
     }
 }

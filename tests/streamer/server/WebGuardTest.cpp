@@ -1,3 +1,4 @@
+#include "Table.h"
 #include "WebWorld.h"
 
 #include <gtest/gtest.h>
@@ -46,52 +47,48 @@ TEST(WebGuardTest, ForeignHostsAndOriginsAreRefusedByEveryCallOnEveryBind)
             world.get("/api/v1/session").json["token"].toString().toStdString();
         ASSERT_EQ(token.size(), 64u);
         ASSERT_GT(calls(world, false).size(), 25u);
-        struct Case
-        {
-            const char* name;
-            httplib::Headers headers;
-            int get;  ///< of what changes nothing; 403: of every call
-            int post; ///< of what changes something
-        };
-        for (const Case& row :
-             {Case{"a script", {}, 200, 200},
-              Case{"localhost", {{"Host", "localhost:8095"}}, 200, 200},
-              Case{"IPv6", {{"Host", "[::1]:8095"}}, 200, 200},
-              Case{"upper case and dot", {{"Host", "LOCALHOST."}}, 200, 200},
-              Case{"a name of the settings", {{"Host", "music.lan:8095"}}, 200, 200},
-              Case{"a rebound name", {{"Host", "evil.example"}}, 403, 403},
-              Case{"a name that begins well", {{"Host", "localhost.evil.example"}}, 403, 403},
-              Case{"two hosts", {{"Host", "localhost"}, {"Host", "evil.example"}}, 403, 403},
-              Case{"an empty host", {{"Host", ""}}, 403, 403},
-              Case{"own page", {{"Origin", "http://" + own}}, 200, 403},
-              Case{"own page with token",
-                   {{"Origin", "http://" + own}, {"X-Kelo-Session", token}},
-                   200,
-                   200},
-              Case{"own page behind a proxy",
-                   {{"Host", "music.lan"},
-                    {"Origin", "https://music.lan"},
-                    {"X-Kelo-Session", token}},
-                   200,
-                   200},
-              Case{"own page, old token",
-                   {{"Origin", "http://" + own}, {"X-Kelo-Session", "old"}},
-                   200,
-                   403},
-              Case{"another port's page",
-                   {{"Origin", "http://127.0.0.1:1"}, {"X-Kelo-Session", token}},
-                   403,
-                   403},
-              Case{"a foreign page", {{"Origin", "http://evil.example"}}, 403, 403},
-              Case{"a sandboxed page", {{"Origin", "null"}}, 403, 403},
-              Case{"an image of a foreign page", {{"Sec-Fetch-Site", "cross-site"}}, 403, 403},
-              Case{"a page of a neighbour", {{"Sec-Fetch-Site", "same-site"}}, 403, 403},
-              Case{"typed by the user", {{"Sec-Fetch-Site", "none"}}, 200, 200}}) {
-            EXPECT_EQ(world.get("/api/v1/login", row.headers).status, row.get) << row.name;
-            EXPECT_EQ(world.post("/api/v1/login", "", row.headers).status, row.post) << row.name;
-            if (row.post == 403) {
-                EXPECT_EQ(otherThan(world, calls(world, row.get == 200), row.headers, 403), "")
-                    << row.name << " at " << bind;
+        // get: of what changes nothing; 403: of every call
+        // post: of what changes something
+        for (const auto& [name, headers, get, post] :
+             Table<const char*, httplib::Headers, int, int>{
+                 {"a script", {}, 200, 200},
+                 {"localhost", {{"Host", "localhost:8095"}}, 200, 200},
+                 {"IPv6", {{"Host", "[::1]:8095"}}, 200, 200},
+                 {"upper case and dot", {{"Host", "LOCALHOST."}}, 200, 200},
+                 {"a name of the settings", {{"Host", "music.lan:8095"}}, 200, 200},
+                 {"a rebound name", {{"Host", "evil.example"}}, 403, 403},
+                 {"a name that begins well", {{"Host", "localhost.evil.example"}}, 403, 403},
+                 {"two hosts", {{"Host", "localhost"}, {"Host", "evil.example"}}, 403, 403},
+                 {"an empty host", {{"Host", ""}}, 403, 403},
+                 {"own page", {{"Origin", "http://" + own}}, 200, 403},
+                 {"own page with token",
+                  {{"Origin", "http://" + own}, {"X-Kelo-Session", token}},
+                  200,
+                  200},
+                 {"own page behind a proxy",
+                  {{"Host", "music.lan"},
+                   {"Origin", "https://music.lan"},
+                   {"X-Kelo-Session", token}},
+                  200,
+                  200},
+                 {"own page, old token",
+                  {{"Origin", "http://" + own}, {"X-Kelo-Session", "old"}},
+                  200,
+                  403},
+                 {"another port's page",
+                  {{"Origin", "http://127.0.0.1:1"}, {"X-Kelo-Session", token}},
+                  403,
+                  403},
+                 {"a foreign page", {{"Origin", "http://evil.example"}}, 403, 403},
+                 {"a sandboxed page", {{"Origin", "null"}}, 403, 403},
+                 {"an image of a foreign page", {{"Sec-Fetch-Site", "cross-site"}}, 403, 403},
+                 {"a page of a neighbour", {{"Sec-Fetch-Site", "same-site"}}, 403, 403},
+                 {"typed by the user", {{"Sec-Fetch-Site", "none"}}, 200, 200}}) {
+            EXPECT_EQ(world.get("/api/v1/login", headers).status, get) << name;
+            EXPECT_EQ(world.post("/api/v1/login", "", headers).status, post) << name;
+            if (post == 403) {
+                EXPECT_EQ(otherThan(world, calls(world, get == 200), headers, 403), "")
+                    << name << " at " << bind;
             }
         }
         httplib::Headers link{{"Sec-Fetch-Site", "cross-site"}, {"Sec-Fetch-Mode", "navigate"}};
@@ -110,39 +107,33 @@ TEST(WebGuardTest, EveryAnswerForbidsFramesSniffingAndSharing)
     WebWorld world;
     world.login.pending = {{"verificationUri", "https://a"}};
     const std::string tag = world.get("/").header("ETag");
-    struct Case
-    {
-        const char* method;
-        std::string target;
-        httplib::Headers headers;
-        int status;
-        const char* caching;
-    };
-    for (const Case& row :
-         {Case{"GET", "/", {}, 200, "no-cache"},
-          Case{"GET", "/", {{"If-None-Match", tag}}, 304, "no-cache"},
-          Case{"HEAD", "/", {}, 200, "no-cache"}, Case{"POST", "/", {}, 405, "no-store"},
-          Case{"GET", "/nothing", {}, 404, "no-store"},
-          Case{"OPTIONS", "/api/v1/set", {}, 405, "no-store"},
-          Case{"OPTIONS", "/api/v1/set", {{"Origin", "http://evil.example"}}, 403, "no-store"},
-          Case{"GET", "/api/v1/player", {}, 200, "no-store"},
-          Case{"GET", "/api/v1/login/qr", {}, 200, "no-store"},
-          Case{"GET", "/api/v1/rows", {}, 400, "no-store"},
-          Case{"GET", "/api/v1/rows?path=%zz", {}, 400, "no-store"},
-          Case{"GET", "/api/v1/image?url=http://evil.example/", {}, 403, "no-store"},
-          Case{"GET", "/api/v1/player", {{"Host", "evil.example"}}, 403, "no-store"},
-          Case{"GET", "/" + std::string(9000, 'a'), {}, 414, "no-store"}}) {
+    for (const auto& [method, target, headers, status, caching] :
+         Table<const char*, std::string, httplib::Headers, int, const char*>{
+             {"GET", "/", {}, 200, "no-cache"},
+             {"GET", "/", {{"If-None-Match", tag}}, 304, "no-cache"},
+             {"HEAD", "/", {}, 200, "no-cache"},
+             {"POST", "/", {}, 405, "no-store"},
+             {"GET", "/nothing", {}, 404, "no-store"},
+             {"OPTIONS", "/api/v1/set", {}, 405, "no-store"},
+             {"OPTIONS", "/api/v1/set", {{"Origin", "http://evil.example"}}, 403, "no-store"},
+             {"GET", "/api/v1/player", {}, 200, "no-store"},
+             {"GET", "/api/v1/login/qr", {}, 200, "no-store"},
+             {"GET", "/api/v1/rows", {}, 400, "no-store"},
+             {"GET", "/api/v1/rows?path=%zz", {}, 400, "no-store"},
+             {"GET", "/api/v1/image?url=http://evil.example/", {}, 403, "no-store"},
+             {"GET", "/api/v1/player", {{"Host", "evil.example"}}, 403, "no-store"},
+             {"GET", "/" + std::string(9000, 'a'), {}, 414, "no-store"}}) {
         httplib::Request request;
-        request.method = row.method;
-        request.path = row.target;
-        request.headers = row.headers;
+        request.method = method;
+        request.path = target;
+        request.headers = headers;
         const auto answer = world.call(request);
-        const std::string name = row.method + (' ' + row.target.substr(0, 40));
-        EXPECT_EQ(answer.status, row.status) << name;
+        const std::string name = method + (' ' + target.substr(0, 40));
+        EXPECT_EQ(answer.status, status) << name;
         EXPECT_EQ(answer.header("X-Content-Type-Options"), "nosniff") << name;
         EXPECT_EQ(answer.header("X-Frame-Options"), "DENY") << name;
         EXPECT_EQ(answer.header("Cross-Origin-Resource-Policy"), "same-origin") << name;
-        EXPECT_EQ(answer.header("Cache-Control"), row.caching) << name;
+        EXPECT_EQ(answer.header("Cache-Control"), caching) << name;
         EXPECT_EQ(answer.header("Content-Security-Policy"),
                   "default-src 'none'; script-src 'self'; style-src 'self'; connect-src 'self'; "
                   "img-src 'self' data:; manifest-src 'self'; base-uri 'none'; "
@@ -150,7 +141,7 @@ TEST(WebGuardTest, EveryAnswerForbidsFramesSniffingAndSharing)
             << name;
         for (const auto& field : answer.headers)
             EXPECT_NE(field.first.substr(0, 14), "Access-Control") << name;
-        if (row.status >= 400) {
+        if (status >= 400) {
             EXPECT_EQ(answer.header("Content-Type"), "application/problem+json") << name;
         }
     }

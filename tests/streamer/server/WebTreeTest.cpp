@@ -1,3 +1,4 @@
+#include "Table.h"
 #include "WebWorld.h"
 
 #include <gtest/gtest.h>
@@ -16,24 +17,22 @@ QJsonArray rowsOf(const WebWorld::Answer& answer)
 TEST(WebTreeTest, AWideRangeIsFetchedInPagesAndJoined)
 {
     WebWorld world;
-    struct Range
-    {
-        const char* query;
-        int first;
-        int size;
-    };
-    for (const Range& range :
-         {Range{"", 0, 50}, Range{"&from=10", 10, 50}, Range{"&to=4", 0, 5},
-          Range{"&from=0&to=99", 0, 100}, Range{"&from=0&to=5000", 0, 120},
-          Range{"&from=100&to=2147483647", 100, 20}, Range{"&from=2147483647", 0, 0},
-          Range{"&from=119&to=119", 119, 1}}) {
-        const auto answer = world.get(std::string("/api/v1/rows?path=/web/list") + range.query);
-        ASSERT_EQ(answer.status, 200) << range.query;
-        ASSERT_EQ(rowsOf(answer).size(), range.size) << range.query;
+    for (const auto& [query, first, size] :
+         Table<const char*, int, int>{{"", 0, 50},
+                                      {"&from=10", 10, 50},
+                                      {"&to=4", 0, 5},
+                                      {"&from=0&to=99", 0, 100},
+                                      {"&from=0&to=5000", 0, 120},
+                                      {"&from=100&to=2147483647", 100, 20},
+                                      {"&from=2147483647", 0, 0},
+                                      {"&from=119&to=119", 119, 1}}) {
+        const auto answer = world.get(std::string("/api/v1/rows?path=/web/list") + query);
+        ASSERT_EQ(answer.status, 200) << query;
+        ASSERT_EQ(rowsOf(answer).size(), size) << query;
         EXPECT_EQ(answer.json.value(QStringLiteral("rowsCount")).toInt(), 120);
-        for (int i = 0; i < range.size; ++i)
+        for (int i = 0; i < size; ++i)
             EXPECT_EQ(rowsOf(answer).at(i).toObject().value(QStringLiteral("Title")).toString(),
-                      QString::number(range.first + i));
+                      QString::number(first + i));
         EXPECT_EQ(answer.json.value(QStringLiteral("roles"))
                       .toObject()
                       .value(QStringLiteral("Title"))
@@ -83,43 +82,38 @@ TEST(WebTreeTest, ARowIsFoundInTheListThatItStandsIn)
 TEST(WebTreeTest, MalformedCallsGetASentenceAndTheTreesErrorsTheirStatus)
 {
     WebWorld world;
-    struct Case
-    {
-        const char* target;
-        int status;
-        const char* detail; ///< a part of it
-    };
     const std::string longPath = "rows?path=/" + std::string(5000, 'a');
-    for (const Case& row :
-         {Case{"rows", 400, "path: is missing"},
-          Case{"rows?path=", 400, "path: is missing"},
-          Case{"rows?path=/web/list?a=%25zz", 400, "path: is malformed"},
-          Case{"rows?path=/web/%zz", 400, "malformed escape"},
-          Case{"rows?path=/web/%ff", 400, "malformed escape"},
-          Case{longPath.c_str(), 400, "path: is longer than 4096"},
-          Case{"rows?path=/web/list&from=one", 400, "from: wanted a whole number"},
-          Case{"rows?path=/web/list&to=1.5", 400, "to: wanted a whole number"},
-          Case{"rows?path=/web/list&to=", 400, "to: wanted a whole number"},
-          Case{"rows?path=/web/list&to=99999999999", 400, "to: wanted a whole number"},
-          Case{"rows?path=/web/list&roles=", 400, "roles: wanted role names"},
-          Case{"rows?path=/web/list&roles=A,,B", 400, "roles: wanted role names"},
-          Case{"rows?path=/web/list&roles=A%20B", 400, "roles: wanted role names"},
-          Case{"rows?path=/web/list&from=-1", 400, ""},
-          Case{"rows?path=/web/list&from=5&to=4", 400, ""},
-          Case{"rows?path=/nobody", 404, ""},
-          Case{"data?path=/web/nothing", 404, ""},
-          Case{"row?path=/web/list?id=120", 404,
-               "no list has a row with the path /web/list?id=120"},
-          Case{"row", 400, "path: is missing"},
-          Case{"nothing", 404, "there is no such address"},
-          Case{"set", 405, "does not take GET"},
-          Case{"events?path=/nobody", 404, "/nobody"},
-          Case{"events?path=%25", 400, "path: is malformed"}}) {
-        const auto answer = world.get(std::string("/api/v1/") + row.target);
-        EXPECT_EQ(answer.status, row.status) << row.target;
-        EXPECT_TRUE(answer.detail().contains(QLatin1String(row.detail)))
-            << row.target << ": " << answer.detail().toStdString();
-        EXPECT_EQ(answer.json.value(QStringLiteral("status")).toInt(), row.status);
+
+    // detail: a part of it
+    for (const auto& [target, status, detail] : Table<const char*, int, const char*>{
+             {"rows", 400, "path: is missing"},
+             {"rows?path=", 400, "path: is missing"},
+             {"rows?path=/web/list?a=%25zz", 400, "path: is malformed"},
+             {"rows?path=/web/%zz", 400, "malformed escape"},
+             {"rows?path=/web/%ff", 400, "malformed escape"},
+             {longPath.c_str(), 400, "path: is longer than 4096"},
+             {"rows?path=/web/list&from=one", 400, "from: wanted a whole number"},
+             {"rows?path=/web/list&to=1.5", 400, "to: wanted a whole number"},
+             {"rows?path=/web/list&to=", 400, "to: wanted a whole number"},
+             {"rows?path=/web/list&to=99999999999", 400, "to: wanted a whole number"},
+             {"rows?path=/web/list&roles=", 400, "roles: wanted role names"},
+             {"rows?path=/web/list&roles=A,,B", 400, "roles: wanted role names"},
+             {"rows?path=/web/list&roles=A%20B", 400, "roles: wanted role names"},
+             {"rows?path=/web/list&from=-1", 400, ""},
+             {"rows?path=/web/list&from=5&to=4", 400, ""},
+             {"rows?path=/nobody", 404, ""},
+             {"data?path=/web/nothing", 404, ""},
+             {"row?path=/web/list?id=120", 404, "no list has a row with the path /web/list?id=120"},
+             {"row", 400, "path: is missing"},
+             {"nothing", 404, "there is no such address"},
+             {"set", 405, "does not take GET"},
+             {"events?path=/nobody", 404, "/nobody"},
+             {"events?path=%25", 400, "path: is malformed"}}) {
+        const auto answer = world.get(std::string("/api/v1/") + target);
+        EXPECT_EQ(answer.status, status) << target;
+        EXPECT_TRUE(answer.detail().contains(QLatin1String(detail)))
+            << target << ": " << answer.detail().toStdString();
+        EXPECT_EQ(answer.json.value(QStringLiteral("status")).toInt(), status);
         const auto type = answer.headers.find("Content-Type");
         ASSERT_NE(type, answer.headers.end());
         EXPECT_EQ(type->second, "application/problem+json");
@@ -132,40 +126,37 @@ TEST(WebTreeTest, MalformedCallsGetASentenceAndTheTreesErrorsTheirStatus)
 TEST(WebTreeTest, SetWrapsPlainValuesAndPassesObjectsAndErrorsOn)
 {
     WebWorld world;
-    struct Case
-    {
-        const char* body;
-        int status;
-        const char* reply; ///< the whole answer, or the problem's detail
-    };
-    for (const Case& row :
-         {Case{R"({"path":"/web/echo","value":"a"})", 200,
-               R"({"reply":{"string_":"a","type":"string_"}})"},
-          Case{R"({"path":"/web/echo","value":9007199254740993})", 200,
-               R"({"reply":{"i64_":9007199254740992,"type":"i64_"}})"},
-          Case{R"({"path":"/web/echo"})", 200, R"({"reply":{"i64_":1,"type":"i64_"}})"},
-          Case{R"({"path":"/web/echo","value":["a","b"]})", 200,
-               R"({"reply":{"stringList_":["a","b"],"type":"stringList_"}})"},
-          Case{R"({"path":"/web/echo","value":{"a":{"b":[1,null]}}})", 200,
-               R"({"reply":{"a":{"b":[1,null]}}})"},
-          Case{R"({"path":"/web/echo","role":"PrePlay","value":"a"})", 200, R"({"reply":"a"})"},
-          Case{R"({"path":"/web/fail"})", 502, "It failed"},
-          Case{R"({"path":"/web/list"})", 502, nullptr}, Case{R"({"path":"/no"})", 404, nullptr},
-          Case{R"({"path":5})", 400, "path: wanted a text"},
-          Case{R"({"path":""})", 400, "path: is missing"},
-          Case{R"({"path":"/web/echo","role":7})", 400, "role: wanted a role name"},
-          Case{"[]", 400, "the body is no JSON object"}, Case{"{", 400, nullptr},
-          Case{"\xff\xfe", 400, nullptr},
-          Case{R"({"path":"/oauth2/add","value":{}})", 403,
-               "login services are added by modules alone"}}) {
-        const auto answer = world.set(row.body);
-        EXPECT_EQ(answer.status, row.status) << row.body;
+    // reply: the whole answer, or the problem's detail
+    for (const auto& [body, status, reply] : Table<const char*, int, const char*>{
+             {R"({"path":"/web/echo","value":"a"})", 200,
+              R"({"reply":{"string_":"a","type":"string_"}})"},
+             {R"({"path":"/web/echo","value":9007199254740993})", 200,
+              R"({"reply":{"i64_":9007199254740992,"type":"i64_"}})"},
+             {R"({"path":"/web/echo"})", 200, R"({"reply":{"i64_":1,"type":"i64_"}})"},
+             {R"({"path":"/web/echo","value":["a","b"]})", 200,
+              R"({"reply":{"stringList_":["a","b"],"type":"stringList_"}})"},
+             {R"({"path":"/web/echo","value":{"a":{"b":[1,null]}}})", 200,
+              R"({"reply":{"a":{"b":[1,null]}}})"},
+             {R"({"path":"/web/echo","role":"PrePlay","value":"a"})", 200, R"({"reply":"a"})"},
+             {R"({"path":"/web/fail"})", 502, "It failed"},
+             {R"({"path":"/web/list"})", 502, nullptr},
+             {R"({"path":"/no"})", 404, nullptr},
+             {R"({"path":5})", 400, "path: wanted a text"},
+             {R"({"path":""})", 400, "path: is missing"},
+             {R"({"path":"/web/echo","role":7})", 400, "role: wanted a role name"},
+             {"[]", 400, "the body is no JSON object"},
+             {"{", 400, nullptr},
+             {"\xff\xfe", 400, nullptr},
+             {R"({"path":"/oauth2/add","value":{}})", 403,
+              "login services are added by modules alone"}}) {
+        const auto answer = world.set(body);
+        EXPECT_EQ(answer.status, status) << body;
         const QString text =
-            row.status == 200
+            status == 200
                 ? QString::fromUtf8(QJsonDocument(answer.json).toJson(QJsonDocument::Compact))
                 : answer.detail();
-        if (row.reply) {
-            EXPECT_EQ(text.toStdString(), row.reply) << row.body;
+        if (reply) {
+            EXPECT_EQ(text.toStdString(), reply) << body;
         }
     }
     const auto failed = world.set(R"({"path":"/web/fail"})");
@@ -181,22 +172,17 @@ TEST(WebTreeTest, BodiesOfEveryFramingAreReadOrRefused)
     const std::string head = "POST /api/v1/set HTTP/1.1\r\nHost: localhost\r\n";
     const std::string body = R"({"path":"/web/echo"})";
     const std::string size = std::to_string(body.size());
-    struct Case
-    {
-        std::string request;
-        const char* status;
-    };
-    for (const Case& row :
-         {Case{head + "\r\n", "400"}, // no body at all, and no waiting for one
-          Case{head + "Content-Length: " + size + "\r\n\r\n" + body, "200"},
-          Case{head + "Transfer-Encoding: chunked\r\n\r\n14\r\n" + body + "\r\n0\r\n\r\n", "200"},
-          Case{head + "Content-Type: application/x-www-form-urlencoded\r\nContent-Length: " + size +
-                   "\r\n\r\n" + body,
-               "200"},
-          Case{head + "Content-Type: multipart/form-data; boundary=b\r\nContent-Length: 7\r\n\r\n"
-                      "--b--\r\n",
-               "415"}}) {
-        EXPECT_EQ(world.statusOf(row.request), row.status) << row.request;
+    for (const auto& [request, status] : Table<std::string, const char*>{
+             {head + "\r\n", "400"}, // no body at all, and no waiting for one
+             {head + "Content-Length: " + size + "\r\n\r\n" + body, "200"},
+             {head + "Transfer-Encoding: chunked\r\n\r\n14\r\n" + body + "\r\n0\r\n\r\n", "200"},
+             {head + "Content-Type: application/x-www-form-urlencoded\r\nContent-Length: " + size +
+                  "\r\n\r\n" + body,
+              "200"},
+             {head + "Content-Type: multipart/form-data; boundary=b\r\nContent-Length: 7\r\n\r\n"
+                     "--b--\r\n",
+              "415"}}) {
+        EXPECT_EQ(world.statusOf(request), status) << request;
     }
 }
 
