@@ -1,4 +1,5 @@
 #include "ScriptedServer.h"
+#include "Table.h"
 #include <atomic>
 #include <gtest/gtest.h>
 #include <kelo/HttpCallLog.h>
@@ -205,43 +206,37 @@ TEST(HttpClientTest, manyCallsAtOnceAreEachAnsweredOnce)
 
 TEST(HttpClientTest, whatDoesNotArriveWholeIsAFailureWithoutStatusAndBody)
 {
-    const struct
-    {
-        const char* name;
-        std::string bytes;
-        Then then;
-        int code;
-    } table[] = {
-        {"truncated", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc", Then::Close,
-         HttpClient::TransferFailed},
-        {"broken chunk", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\nzz\r\n",
-         Then::Close, HttpClient::TransferFailed},
-        {"missing last chunk", "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n",
-         Then::Close, HttpClient::TransferFailed},
-        {"not HTTP", "+OK POP3 ready\r\n\r\n", Then::Close, HttpClient::TransferFailed},
-        {"nothing", "", Then::Close, HttpClient::TransferFailed},
-        {"broken deflate", ScriptedServer::whole("garbage", "Content-Encoding: deflate\r\n"),
-         Then::Keep, HttpClient::TransferFailed},
-        {"endless headers",
-         "HTTP/1.1 200 OK\r\n" +
-             [] {
-                 std::string lines;
-                 for (int i = 0; i < 40; ++i)
-                     lines += "X: " + std::string(8000, 'x') + "\r\n";
-                 return lines;
-             }(),
-         Then::Hang, HttpClient::TransferFailed},
-        {"silence", "", Then::Hang, HttpClient::TimedOut},
-        {"stalled body", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc", Then::Hang,
-         HttpClient::TimedOut},
-    };
-    for (const auto& row : table) {
-        Rig rig(row.bytes, row.then);
-        const int timeoutMs = row.code == HttpClient::TimedOut ? 100 : 20000;
+    for (const auto& [name, bytes, then, code] : Table<const char*, std::string, Then, int>{
+             {"truncated", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc", Then::Close,
+              HttpClient::TransferFailed},
+             {"broken chunk",
+              "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\nzz\r\n",
+              Then::Close, HttpClient::TransferFailed},
+             {"missing last chunk",
+              "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n", Then::Close,
+              HttpClient::TransferFailed},
+             {"not HTTP", "+OK POP3 ready\r\n\r\n", Then::Close, HttpClient::TransferFailed},
+             {"nothing", "", Then::Close, HttpClient::TransferFailed},
+             {"broken deflate", ScriptedServer::whole("garbage", "Content-Encoding: deflate\r\n"),
+              Then::Keep, HttpClient::TransferFailed},
+             {"endless headers",
+              "HTTP/1.1 200 OK\r\n" +
+                  [] {
+                      std::string lines;
+                      for (int i = 0; i < 40; ++i)
+                          lines += "X: " + std::string(8000, 'x') + "\r\n";
+                      return lines;
+                  }(),
+              Then::Hang, HttpClient::TransferFailed},
+             {"silence", "", Then::Hang, HttpClient::TimedOut},
+             {"stalled body", "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\nabc", Then::Hang,
+              HttpClient::TimedOut}}) {
+        Rig rig(bytes, then);
+        const int timeoutMs = code == HttpClient::TimedOut ? 100 : 20000;
         const auto answer = rig.fetch("/", HttpClientOptions().setTimeoutMs(timeoutMs));
-        EXPECT_EQ(answer.code, row.code) << row.name;
-        EXPECT_EQ(answer.status, 0) << row.name;
-        EXPECT_TRUE(answer.body.isEmpty() && answer.headers.isEmpty()) << row.name;
+        EXPECT_EQ(answer.code, code) << name;
+        EXPECT_EQ(answer.status, 0) << name;
+        EXPECT_TRUE(answer.body.isEmpty() && answer.headers.isEmpty()) << name;
     }
 }
 
@@ -254,33 +249,26 @@ TEST(HttpClientTest, whatCannotBeSentFailsWithoutAConnection)
         ScriptedServer gone([](const std::string&) { return Answer{}; });
         refusedPort = gone.port();
     }
-    const struct
-    {
-        std::string url;
-        const char* headerName;
-        const char* headerValue;
-        int code;
-    } table[] = {
-        {"", "X", "1", HttpClient::BadUrl},
-        {"?a=b", "X", "1", HttpClient::BadUrl},
-        {"127.0.0.1/", "X", "1", HttpClient::BadUrl},
-        {"file:///etc/hostname", "X", "1", HttpClient::BadUrl},
-        {"http://", "X", "1", HttpClient::BadUrl},
-        {"http://127.0.0.1:99999/", "X", "1", HttpClient::BadUrl},
-        {"http://127.0.0.1:" + std::to_string(refusedPort) + "/", "X", "1",
-         HttpClient::ConnectionFailed},
-        {good, "X", "1\r\nY: 2", HttpClient::TransferFailed},
-        {good, "X", "1\nY: 2", HttpClient::TransferFailed},
-        {good, "X:", "1", HttpClient::TransferFailed},
-        {good, "X Y", "1", HttpClient::TransferFailed},
-        {good, "", "1", HttpClient::TransferFailed},
-    };
-    for (const auto& row : table) {
-        rig.client.get(toUrl(row.url), &rig.receiver, "onAnswer",
-                       headerOptions(row.headerName, text(row.headerValue)));
+    for (const auto& [url, headerName, headerValue, code] :
+         Table<std::string, const char*, const char*, int>{
+             {"", "X", "1", HttpClient::BadUrl},
+             {"?a=b", "X", "1", HttpClient::BadUrl},
+             {"127.0.0.1/", "X", "1", HttpClient::BadUrl},
+             {"file:///etc/hostname", "X", "1", HttpClient::BadUrl},
+             {"http://", "X", "1", HttpClient::BadUrl},
+             {"http://127.0.0.1:99999/", "X", "1", HttpClient::BadUrl},
+             {"http://127.0.0.1:" + std::to_string(refusedPort) + "/", "X", "1",
+              HttpClient::ConnectionFailed},
+             {good, "X", "1\r\nY: 2", HttpClient::TransferFailed},
+             {good, "X", "1\nY: 2", HttpClient::TransferFailed},
+             {good, "X:", "1", HttpClient::TransferFailed},
+             {good, "X Y", "1", HttpClient::TransferFailed},
+             {good, "", "1", HttpClient::TransferFailed}}) {
+        rig.client.get(toUrl(url), &rig.receiver, "onAnswer",
+                       headerOptions(headerName, text(headerValue)));
         const Receiver::Delivery answer = rig.wait();
-        EXPECT_EQ(answer.code, row.code) << row.url << ' ' << row.headerName;
-        EXPECT_EQ(answer.status, 0) << row.url;
+        EXPECT_EQ(answer.code, code) << url << ' ' << headerName;
+        EXPECT_EQ(answer.status, 0) << url;
     }
     EXPECT_EQ(rig.server.connections(), 0);
     EXPECT_EQ(rig.fetch("/").status, 200) << "the client goes on";
@@ -337,18 +325,16 @@ TEST(HttpClientTest, redirectsAreFollowedOnTheSameServerAlone)
         return Answer{ScriptedServer::whole("end")};
     });
     const std::string port = std::to_string(rig.server.port());
-    const struct
-    {
-        std::string path;
-        int status;
-    } table[] = {{"/same", 200},  {"/absolute/" + port, 200},
-                 {"/other", 302}, {"/user/" + port, 302},
-                 {"/file", 302},  {"/circle", 302}};
-    for (const auto& row : table) {
-        const auto answer = rig.fetch(row.path, headerOptions("Authorization", text("Bearer x")));
-        EXPECT_EQ(answer.status, row.status) << row.path;
-        EXPECT_EQ(answer.body, QByteArray(row.status == 200 ? "end" : "moved")) << row.path;
-        EXPECT_EQ(answer.url, toUrl(rig.server.url(row.path)));
+    for (const auto& [path, status] : Table<std::string, int>{{"/same", 200},
+                                                              {"/absolute/" + port, 200},
+                                                              {"/other", 302},
+                                                              {"/user/" + port, 302},
+                                                              {"/file", 302},
+                                                              {"/circle", 302}}) {
+        const auto answer = rig.fetch(path, headerOptions("Authorization", text("Bearer x")));
+        EXPECT_EQ(answer.status, status) << path;
+        EXPECT_EQ(answer.body, QByteArray(status == 200 ? "end" : "moved")) << path;
+        EXPECT_EQ(answer.url, toUrl(rig.server.url(path)));
     }
     EXPECT_EQ(hops, 6) << "the call and five redirects";
     EXPECT_EQ(other.connections(), 0) << "no token leaves the server";

@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include <gtest/gtest.h>
 #include <kelo/KeloJson.h>
 #include <limits>
@@ -76,25 +78,19 @@ TEST(KeloJsonTest, aReaderOfAnotherTypeYieldsThatTypesEmptyValue)
 
 TEST(KeloJsonTest, integersKeepAll64BitsAndFractionsOfZeroAreIntegers)
 {
-    const struct
-    {
-        const char* text;
-        qint64 integer;
-    } table[] = {
-        {"9223372036854775807", std::numeric_limits<qint64>::max()},
-        {"-9223372036854775808", std::numeric_limits<qint64>::min()},
-        {"9007199254740993", 9007199254740993},
-        {"9223372036854775808", -7},
-        {"4005.0", 4005},
-        {"-2e3", -2000},
-        {"1e300", -7},
-        {"9223372036854775808.0", -7},
-        {"0.5", -7},
-        {"-0", 0},
-    };
-    for (const auto& row : table) {
-        EXPECT_EQ(KeloJson::parse(row.text).toInt64(-7), row.integer) << row.text;
-        EXPECT_EQ(KeloJson::parse(row.text).isInteger(), row.integer != -7) << row.text;
+    for (const auto& [text, integer] :
+         Table<const char*, qint64>{{"9223372036854775807", std::numeric_limits<qint64>::max()},
+                                    {"-9223372036854775808", std::numeric_limits<qint64>::min()},
+                                    {"9007199254740993", 9007199254740993},
+                                    {"9223372036854775808", -7},
+                                    {"4005.0", 4005},
+                                    {"-2e3", -2000},
+                                    {"1e300", -7},
+                                    {"9223372036854775808.0", -7},
+                                    {"0.5", -7},
+                                    {"-0", 0}}) {
+        EXPECT_EQ(KeloJson::parse(text).toInt64(-7), integer) << text;
+        EXPECT_EQ(KeloJson::parse(text).isInteger(), integer != -7) << text;
     }
     EXPECT_EQ(KeloJson::parse("18446744073709551615").toDouble(), 18446744073709551615.0);
 }

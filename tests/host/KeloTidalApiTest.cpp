@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include <climits>
 #include <gtest/gtest.h>
 #include <kelo/KeloTidalApi.h>
@@ -46,31 +48,26 @@ QString readEverything(const KeloJson& json)
 
 TEST(KeloTidalApiTest, fieldsReadByNameAndAsEmptyWhenTheyAreOfAnotherType)
 {
-    const struct
-    {
-        const char* value; ///< of every field; "%" stands for its name
-        const char* read;
-    } table[] = {
-        {R"("%")", texts},
-        {"7", "7 7 7 7 7 7 7"}, // a message of an error, too
-        {R"({"title":"t","cover":"c","name":"n"})", "t c n"},
-        {"[{}]", "1 1 1 1 1"},
-        {R"(["a","b"])", "a b"},
-        {"null", ""},
-        {"[[]]", ""},
-        {"[null]", ""},
-        {R"({"":{}})", ""},
-        {"[0.5,false]", ""},
-    };
-    for (const auto& row : table) {
+    // value: of every field; "%" stands for its name
+    for (const auto& [value, read] :
+         Table<const char*, const char*>{{R"("%")", texts},
+                                         {"7", "7 7 7 7 7 7 7"}, // a message of an error, too
+                                         {R"({"title":"t","cover":"c","name":"n"})", "t c n"},
+                                         {"[{}]", "1 1 1 1 1"},
+                                         {R"(["a","b"])", "a b"},
+                                         {"null", ""},
+                                         {"[[]]", ""},
+                                         {"[null]", ""},
+                                         {R"({"":{}})", ""},
+                                         {"[0.5,false]", ""}}) {
         QByteArray object;
         for (const QByteArray& field : (QByteArray(texts) + ' ' + others).split(' '))
             object += (object.isEmpty() ? "{\"" : ",\"") + field +
-                      "\":" + QByteArray(row.value).replace('%', field);
+                      "\":" + QByteArray(value).replace('%', field);
         KeloError error;
         const KeloJson json = KeloJson::parse(object + "}", &error);
-        EXPECT_FALSE(error.isSet()) << row.value;
-        EXPECT_EQ(readEverything(json).toStdString(), row.read) << row.value;
+        EXPECT_FALSE(error.isSet()) << value;
+        EXPECT_EQ(readEverything(json).toStdString(), read) << value;
     }
     for (const char* document : {"null", "[]", "7", "\"x\"", "[{\"items\":[1]}]"})
         EXPECT_EQ(readEverything(KeloJson::parse(document)), QString()) << document;

@@ -1,3 +1,5 @@
+#include "Table.h"
+
 #include <gtest/gtest.h>
 #include <kelo/KeloUrl.h>
 
@@ -15,25 +17,20 @@ QString text(const char* utf8)
 
 TEST(KeloUrlTest, whatMayNotStandInAUrlIsEscapedAndWhatIsEscapedStays)
 {
-    const struct
-    {
-        const char* set;
-        const char* encoded;
-    } table[] = {
-        {"", ""},
-        {"http://h:80/a/b?x=1&y=2#f", "http://h:80/a/b?x=1&y=2#f"},
-        {"http://[::1]:8/", "http://[::1]:8/"},
-        {"http://h/a b\r\nX: y", "http://h/a%20b%0D%0AX:%20y"},
-        {"http://h/%41%2f", "http://h/%41%2f"},
-        {"http://h/100%", "http://h/100%25"},
-        {"http://h/%4", "http://h/%254"},
-        {"http://h/%zz%20", "http://h/%25zz%20"},
-        {"http://h/\xc3\x85<>\"{}|\\^`\x7f", "http://h/%C3%85%3C%3E%22%7B%7D%7C%5C%5E%60%7F"},
-    };
-    for (const auto& row : table) {
-        EXPECT_EQ(url(row.set).toEncoded(), QByteArray(row.encoded)) << row.set;
-        EXPECT_EQ(KeloUrl::fromEncoded(row.set), url(row.set)) << row.set;
-        EXPECT_EQ(KeloUrl(url(row.set).toString()), url(row.set)) << row.set;
+    for (const auto& [set, encoded] :
+         Table<const char*, const char*>{{"", ""},
+                                         {"http://h:80/a/b?x=1&y=2#f", "http://h:80/a/b?x=1&y=2#f"},
+                                         {"http://[::1]:8/", "http://[::1]:8/"},
+                                         {"http://h/a b\r\nX: y", "http://h/a%20b%0D%0AX:%20y"},
+                                         {"http://h/%41%2f", "http://h/%41%2f"},
+                                         {"http://h/100%", "http://h/100%25"},
+                                         {"http://h/%4", "http://h/%254"},
+                                         {"http://h/%zz%20", "http://h/%25zz%20"},
+                                         {"http://h/\xc3\x85<>\"{}|\\^`\x7f",
+                                          "http://h/%C3%85%3C%3E%22%7B%7D%7C%5C%5E%60%7F"}}) {
+        EXPECT_EQ(url(set).toEncoded(), QByteArray(encoded)) << set;
+        EXPECT_EQ(KeloUrl::fromEncoded(set), url(set)) << set;
+        EXPECT_EQ(KeloUrl(url(set).toString()), url(set)) << set;
     }
 }
 
@@ -53,21 +50,15 @@ TEST(KeloUrlTest, queryItemsReplaceTheQueryAndKeepOnlyUnreservedBytes)
 
 TEST(KeloUrlTest, anEncodedItemIsAddedBehindTheQueryAndBeforeTheFragment)
 {
-    const struct
-    {
-        const char* before;
-        const char* after;
-    } table[] = {
-        {"", "?k=%20"},
-        {"http://h/p", "http://h/p?k=%20"},
-        {"http://h/p?", "http://h/p?k=%20"},
-        {"http://h/p?a=1", "http://h/p?a=1&k=%20"},
-        {"http://h/p?a=1#f?g", "http://h/p?a=1&k=%20#f?g"},
-        {"http://h/p#f?g", "http://h/p?k=%20#f?g"},
-    };
-    for (const auto& row : table) {
-        KeloUrl address = url(row.before);
+    for (const auto& [before, after] :
+         Table<const char*, const char*>{{"", "?k=%20"},
+                                         {"http://h/p", "http://h/p?k=%20"},
+                                         {"http://h/p?", "http://h/p?k=%20"},
+                                         {"http://h/p?a=1", "http://h/p?a=1&k=%20"},
+                                         {"http://h/p?a=1#f?g", "http://h/p?a=1&k=%20#f?g"},
+                                         {"http://h/p#f?g", "http://h/p?k=%20#f?g"}}) {
+        KeloUrl address = url(before);
         address.addEncodedQueryItem("k", "%20");
-        EXPECT_EQ(address.toEncoded(), QByteArray(row.after)) << row.before;
+        EXPECT_EQ(address.toEncoded(), QByteArray(after)) << before;
     }
 }
