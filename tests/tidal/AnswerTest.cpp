@@ -1,4 +1,5 @@
 #include "ModuleTest.h"
+#include "Table.h"
 #include <limits>
 
 namespace {
@@ -24,55 +25,50 @@ TEST_F(AnswerTest, StatusAndBodySayWhatFailed)
         {update, "/tidal/updatePlaylists/accept?id=u"},
         {move, "/tidal/myPlaylistTrackscontext/moveTrack/move?playlistId=u&rowNum=1"},
         {read, "/tidal/playlistcontext/removeFromPlaylists?type=Playlists&id=u"}};
-    const struct
-    {
-        QString what; ///< a list, or the name of an edit
-        const char* asked;
-        int status;
-        const char* body;
-        const char* error;
-    } table[] = {
-        {list, "/featured", 400, R"({"status":400,"userMessage":"Too big page"})", "Bad request"},
-        {list, "/featured", 401, R"({"status":401,"userMessage":null})", "Unauthorized"},
-        {list, "/featured", 404, "<html>gone</html>", "Not found"},
-        {list, "/featured", 500, "", "Unexpected error"},
-        {list, "/featured", 503, "[]", "Service Unavailable: Back-end server is at capacity"},
-        {list, "/featured", 502, "<html>", "unknown Error"},
-        {list, "/featured", 204, "", "unknown Error"},
-        {artist + "toptracks", "/toptracks", 404, R"({"status":404})", "Not found"},
-        {artist + "toptracks", "/toptracks", 401, "gone", none},
-        {artist + "TOPTRACKS", "/TOPTRACKS", 200, one, none},
-        {artist + "nothing", "/nothing", 200, one, none},
-        {artist + "bio", "/bio", 200, one, none},
-        {bio, "/bio", 404, R"({"status":404,"userMessage":"Bio of [7] not found"})", "Not found"},
-        {bio, "/bio", 200, "", ""},
-        {bio, "/bio", 500, "", none},
-        {bio, "/bio", 500, "<html>", none},
-        {bio, "/bio", 500, "{}", none},
-        {bio, "/bio", 500, "[]", none},
-        {create, "/users/4005/playlists", 201, "no JSON", ""},
-        {create, "/users/4005/playlists", 200, R"({"uuid":"u-9"})", unread},
-        {create, "/users/4005/playlists", 400, refusal, "title & more"},
-        {update, "/playlists/u", 200, "", ""},
-        {update, "/playlists/u", 201, "", unread},
-        {update, "/playlists/u", 404, refusal, "title & more"},
-        {move, "/playlists/u/tracks/1", 200, "", ""},
-        {move, "/playlists/u/tracks/1", 404, refusal, "Non existing track index"},
-        {move, "/playlists/u/tracks/1", 404, R"({"userMessage":"x"})", none},
-        {move, "/playlists/u/tracks/1", 500, "", none},
-        {read, "/playlists/u", 200, "<html>", none},
-        {read, "/playlists/u", 500, "", none},
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.what.toStdString() + " " + std::to_string(row.status) + " " + row.body);
+    // what: a list, or the name of an edit
+    for (const auto& [what, asked, status, body, message] :
+         Table<QString, const char*, int, const char*, const char*>{
+             {list, "/featured", 400, R"({"status":400,"userMessage":"Too big page"})",
+              "Bad request"},
+             {list, "/featured", 401, R"({"status":401,"userMessage":null})", "Unauthorized"},
+             {list, "/featured", 404, "<html>gone</html>", "Not found"},
+             {list, "/featured", 500, "", "Unexpected error"},
+             {list, "/featured", 503, "[]", "Service Unavailable: Back-end server is at capacity"},
+             {list, "/featured", 502, "<html>", "unknown Error"},
+             {list, "/featured", 204, "", "unknown Error"},
+             {artist + "toptracks", "/toptracks", 404, R"({"status":404})", "Not found"},
+             {artist + "toptracks", "/toptracks", 401, "gone", none},
+             {artist + "TOPTRACKS", "/TOPTRACKS", 200, one, none},
+             {artist + "nothing", "/nothing", 200, one, none},
+             {artist + "bio", "/bio", 200, one, none},
+             {bio, "/bio", 404, R"({"status":404,"userMessage":"Bio of [7] not found"})",
+              "Not found"},
+             {bio, "/bio", 200, "", ""},
+             {bio, "/bio", 500, "", none},
+             {bio, "/bio", 500, "<html>", none},
+             {bio, "/bio", 500, "{}", none},
+             {bio, "/bio", 500, "[]", none},
+             {create, "/users/4005/playlists", 201, "no JSON", ""},
+             {create, "/users/4005/playlists", 200, R"({"uuid":"u-9"})", unread},
+             {create, "/users/4005/playlists", 400, refusal, "title & more"},
+             {update, "/playlists/u", 200, "", ""},
+             {update, "/playlists/u", 201, "", unread},
+             {update, "/playlists/u", 404, refusal, "title & more"},
+             {move, "/playlists/u/tracks/1", 200, "", ""},
+             {move, "/playlists/u/tracks/1", 404, refusal, "Non existing track index"},
+             {move, "/playlists/u/tracks/1", 404, R"({"userMessage":"x"})", none},
+             {move, "/playlists/u/tracks/1", 500, "", none},
+             {read, "/playlists/u", 200, "<html>", none},
+             {read, "/playlists/u", 500, "", none}}) {
+        SCOPED_TRACE(what.toStdString() + " " + std::to_string(status) + " " + body);
         m_service.script("/playlists/u", {{200, R"({"uuid":"u"})"}});
-        m_service.script(row.asked, {{row.status, row.body}});
+        m_service.script(asked, {{status, body}});
         const CMRequest request =
-            edits.contains(row.what) ? CMRequest(set(edits.value(row.what))) : askRows(row.what);
+            edits.contains(what) ? CMRequest(set(edits.value(what))) : askRows(what);
         wait(request);
         const CMError error = request.reply().error();
-        EXPECT_EQ(error.name() == CMError::NoAnswerName() ? none : error.message(), row.error);
-        EXPECT_TRUE(!error.isSet() || error.name() == "TIDAL" || row.error == none);
+        EXPECT_EQ(error.name() == CMError::NoAnswerName() ? none : error.message(), message);
+        EXPECT_TRUE(!error.isSet() || error.name() == "TIDAL" || message == none);
     }
     // A playlist that something is to be put into has to be read.
     m_service.script("/users/4005/playlists", {{201, "{\"uuid\":"}});
@@ -82,26 +78,26 @@ TEST_F(AnswerTest, StatusAndBodySayWhatFailed)
 TEST_F(AnswerTest, ACountTellsHowFarAListReaches)
 {
     constexpr int most = std::numeric_limits<int>::max();
-    const struct
-    {
-        int from, to, received, total, count;
-    } table[] = {
-        {0, 49, 50, 120, 120}, {100, 149, 20, 150, 120},
-        {0, 49, 10, 30, 10},   {0, 49, 30, 30, 30},
-        {0, 49, 48, 50, 48},   {10, 19, 10, 15, 15},
-        {0, 49, 0, 120, 120},  {0, 0, 1, 1, 1},
-        {most, most, 1, 5, 5}, {most - 1, most, 2, most, most},
-    };
-    for (const auto& row : table) {
+    for (const auto& [from, to, received, total, count] :
+         Table<int, int, int, int, int>{{0, 49, 50, 120, 120},
+                                        {100, 149, 20, 150, 120},
+                                        {0, 49, 10, 30, 10},
+                                        {0, 49, 30, 30, 30},
+                                        {0, 49, 48, 50, 48},
+                                        {10, 19, 10, 15, 15},
+                                        {0, 49, 0, 120, 120},
+                                        {0, 0, 1, 1, 1},
+                                        {most, most, 1, 5, 5},
+                                        {most - 1, most, 2, most, most}}) {
         QByteArray items;
-        for (int i = 0; i < row.received; ++i)
+        for (int i = 0; i < received; ++i)
             items += i ? ",{}" : "{}";
-        const auto request = answered("/tidal/req/albums?contentId=1", row.from, row.to,
-                                      "{\"totalNumberOfItems\":" + QByteArray::number(row.total) +
+        const auto request = answered("/tidal/req/albums?contentId=1", from, to,
+                                      "{\"totalNumberOfItems\":" + QByteArray::number(total) +
                                           ",\"items\":[" + items + "]}");
-        EXPECT_EQ(request.reply().value().rowsCount(), row.count)
-            << row.from << "-" << row.to << " received " << row.received << " of " << row.total;
-        EXPECT_EQ(rowsOf(request).size(), row.received);
+        EXPECT_EQ(request.reply().value().rowsCount(), count)
+            << from << "-" << to << " received " << received << " of " << total;
+        EXPECT_EQ(rowsOf(request).size(), received);
     }
 }
 } // namespace

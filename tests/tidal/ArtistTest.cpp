@@ -1,4 +1,5 @@
 #include "ModuleTest.h"
+#include "Table.h"
 #include <QJsonDocument>
 
 namespace {
@@ -132,23 +133,21 @@ TEST_F(ArtistTest, ARadioNeverAnswersForAnotherArtistOrRange)
 {
     m_service.script("/artists/7/radio", {{200, tracks(100, 15)}});
     m_service.script("/artists/8/radio", {{200, tracks(800, 3)}});
-    const struct
-    {
-        int artist, from, to;
-        const char* firstId;
-        int requests; ///< that the service has seen after it
-    } steps[] = {
-        {7, 4, 5, "100", 1}, // the answer begins with row 4
-        {7, 4, 5, "100", 2}, // and is not kept
-        {7, 0, 1, "100", 3}, {7, 4, 5, "104", 3}, {8, 0, 9, "800", 4}, {8, 2, 2, "802", 4},
-        {7, 0, 0, "100", 5}, {8, 1, 1, "800", 6}, {7, 0, 0, "100", 7}, // what is not kept has
-                                                                       // emptied the list
-    };
-    for (const auto& step : steps) {
-        SCOPED_TRACE(step.requests);
-        const CMGetRowsRequest request = askRows(radio(step.artist), step.from, step.to);
-        EXPECT_EQ(trackIds(request).value(0), step.firstId);
-        EXPECT_EQ(m_service.requestCount("/radio"), step.requests);
+    // How many requests the service has seen after each; what is not kept empties the list.
+    for (const auto& [artist, from, to, firstId, requests] :
+         Table<int, int, int, const char*, int>{{7, 4, 5, "100", 1}, // the answer begins with row 4
+                                                {7, 4, 5, "100", 2}, // and is not kept
+                                                {7, 0, 1, "100", 3},
+                                                {7, 4, 5, "104", 3},
+                                                {8, 0, 9, "800", 4},
+                                                {8, 2, 2, "802", 4},
+                                                {7, 0, 0, "100", 5},
+                                                {8, 1, 1, "800", 6},
+                                                {7, 0, 0, "100", 7}}) {
+        SCOPED_TRACE(requests);
+        const CMGetRowsRequest request = askRows(radio(artist), from, to);
+        EXPECT_EQ(trackIds(request).value(0), firstId);
+        EXPECT_EQ(m_service.requestCount("/radio"), requests);
     }
 }
 

@@ -1,4 +1,5 @@
 #include "ModuleTest.h"
+#include "Table.h"
 
 namespace {
 const QString myMusic = "/tidal/orderingcontext/";
@@ -55,30 +56,25 @@ TEST_F(OrderingTest, ChoicesShowInTheirMenuAlone)
 
 TEST_F(OrderingTest, EveryOrderIsAskedForWhereTheServiceKnowsIt)
 {
-    const struct
-    {
-        const char* order;
-        const char* word;
-        const char* lists; ///< that it is sent for
-    } table[] = {
-        {"Name", "NAME", "playlists albums artists tracks"},
-        {"Date", "DATE", "playlists albums artists tracks"},
-        {"Artist", "ARTIST", "albums tracks"},
-        {"Album", "ALBUM", "tracks"},
-        {"Length", "LENGTH", "tracks"},
-        {"Index", "INDEX", "playlists albums artists tracks"},
-        {"Release_Date", "RELEASE_DATE", "albums"},
-        {"Sideways", "NAME", "playlists albums artists tracks"}, // as the host reads what is none
-    };
-    for (const auto& row : table) {
-        choose(myMusic + "order", row.order);
-        EXPECT_EQ(values("/tidal/orderingcontext").first(), row.order);
+    // lists: that it is sent for
+    for (const auto& [order, word, lists] : Table<const char*, const char*, const char*>{
+             {"Name", "NAME", "playlists albums artists tracks"},
+             {"Date", "DATE", "playlists albums artists tracks"},
+             {"Artist", "ARTIST", "albums tracks"},
+             {"Album", "ALBUM", "tracks"},
+             {"Length", "LENGTH", "tracks"},
+             {"Index", "INDEX", "playlists albums artists tracks"},
+             {"Release_Date", "RELEASE_DATE", "albums"},
+             // What is none, as the host reads it.
+             {"Sideways", "NAME", "playlists albums artists tracks"}}) {
+        choose(myMusic + "order", order);
+        EXPECT_EQ(values("/tidal/orderingcontext").first(), order);
         for (const char* list : {"playlists", "albums", "artists", "tracks"}) {
-            const bool isSent = q(row.lists).split(' ').contains(list);
+            const bool isSent = q(lists).split(' ').contains(list);
             EXPECT_EQ(asked(favorites + list),
                       q("countryCode=NO&offset=0&orderDirection=ASC&limit=10") +
-                          (isSent ? q("&order=") + row.word : "") + "&filter=ALL")
-                << row.order << " " << list;
+                          (isSent ? q("&order=") + word : "") + "&filter=ALL")
+                << order << " " << list;
         }
     }
 }

@@ -1,4 +1,5 @@
 #include "ModuleTest.h"
+#include "Table.h"
 
 namespace {
 const QString add = "/tidal/context/addToPlaylists?playlistId=";
@@ -61,37 +62,31 @@ TEST_F(RequestTest, TheSetUpAsksForTheUserAndTheRoots)
 
 TEST_F(RequestTest, ListsAskForWhatPathAndParametersSay)
 {
-    const struct
-    {
-        const char* path;
-        int from, to;
-        const char* sent;
-    } table[] = {
-        {"/tidal/req/featured/new/albums", 0, 99,
-         "/featured/new/albums?countryCode=NO&offset=0&limit=50"},
-        {"/tidal/req/featured/new/albums?contentId=77&query=x&artistId=5", 10, 14,
-         "/albums/77/tracks?countryCode=NO&offset=10&limit=5"},
-        {"/tidal/req/albums?contentId=a%3Fb%23c%252Fd%26e%3D", 0, 0,
-         "/albums/a%3Fb%23c%252Fd&e=/tracks?countryCode=NO&offset=0&limit=1"},
-        {"/tidal/req/playlists?contentId=u-1", 50, 99,
-         "/playlists/u-1/tracks?countryCode=NO&order=INDEX&orderDirection=ASC&offset=50&limit=50"},
-        {"/tidal/search/choose/req/tracks?query=AC%2FDC%20%26%20%C3%A5", 0, 0,
-         "/search/tracks?query=AC%2FDC%20%26%20%C3%A5&countryCode=NO&offset=0&limit=1"},
-        {"/tidal/myMusic/req/favorites/users/tracks", 2, 51,
-         "/users/4005/favorites/tracks?countryCode=NO&offset=2&orderDirection=ASC&limit=50"
-         "&order=NAME&filter=ALL"},
-        // The first two rows of a chooser are the module's own.
-        {"/tidal/context/addToPlaylists/req/created/users/playlists", 2, 51,
-         "/users/4005/playlists?countryCode=NO&offset=0&orderDirection=ASC&limit=50"
-         "&order=NAME&filter=ALL"},
-        {"/tidal/req/artists?artistId=9&artistContent=albums&artistAlbumContent=ALBUMS", 0, 9,
-         "/artists/9/albums?countryCode=NO&offset=0&filter=ALBUMS&limit=10"},
-        {"/tidal/req/artists?artistId=9&artistContent=radio", 3, 9,
-         "/artists/9/radio?countryCode=NO&offset=3&filter=&limit=50"},
-    };
-    for (const auto& row : table) {
-        errorOf(askRows(row.path, row.from, row.to));
-        EXPECT_EQ(sent(1), QStringList(q("GET ") + row.sent)) << row.path;
+    for (const auto& [path, from, to, lines] : Table<const char*, int, int, const char*>{
+             {"/tidal/req/featured/new/albums", 0, 99,
+              "/featured/new/albums?countryCode=NO&offset=0&limit=50"},
+             {"/tidal/req/featured/new/albums?contentId=77&query=x&artistId=5", 10, 14,
+              "/albums/77/tracks?countryCode=NO&offset=10&limit=5"},
+             {"/tidal/req/albums?contentId=a%3Fb%23c%252Fd%26e%3D", 0, 0,
+              "/albums/a%3Fb%23c%252Fd&e=/tracks?countryCode=NO&offset=0&limit=1"},
+             {"/tidal/req/playlists?contentId=u-1", 50, 99,
+              "/playlists/u-1/"
+              "tracks?countryCode=NO&order=INDEX&orderDirection=ASC&offset=50&limit=50"},
+             {"/tidal/search/choose/req/tracks?query=AC%2FDC%20%26%20%C3%A5", 0, 0,
+              "/search/tracks?query=AC%2FDC%20%26%20%C3%A5&countryCode=NO&offset=0&limit=1"},
+             {"/tidal/myMusic/req/favorites/users/tracks", 2, 51,
+              "/users/4005/favorites/tracks?countryCode=NO&offset=2&orderDirection=ASC&limit=50"
+              "&order=NAME&filter=ALL"},
+             // The first two rows of a chooser are the module's own.
+             {"/tidal/context/addToPlaylists/req/created/users/playlists", 2, 51,
+              "/users/4005/playlists?countryCode=NO&offset=0&orderDirection=ASC&limit=50"
+              "&order=NAME&filter=ALL"},
+             {"/tidal/req/artists?artistId=9&artistContent=albums&artistAlbumContent=ALBUMS", 0, 9,
+              "/artists/9/albums?countryCode=NO&offset=0&filter=ALBUMS&limit=10"},
+             {"/tidal/req/artists?artistId=9&artistContent=radio", 3, 9,
+              "/artists/9/radio?countryCode=NO&offset=3&filter=&limit=50"}}) {
+        errorOf(askRows(path, from, to));
+        EXPECT_EQ(sent(1), QStringList(q("GET ") + lines)) << path;
     }
 }
 
@@ -101,43 +96,41 @@ TEST_F(RequestTest, EditsAreSentStepByStep)
     const QString read = "GET /playlists/u-1?countryCode=NO";
     const QString reread = "GET /playlists/u-9/tracks?countryCode=NO&order=INDEX"
                            "&orderDirection=ASC&offset=0&limit=50";
-    const struct
-    {
-        QString path;
-        QStringList sent;
-    } table[] = {
-        {"/tidal/context/favorites?type=Albums&id=7",
-         {"POST /users/4005/favorites/albums?countryCode=NO albumId=7"}},
-        {"/tidal/context/favorites?type=Artists&id=7",
-         {"POST /users/4005/favorites/artists?countryCode=NO artistId=7"}},
-        {"/tidal/context/favorites?type=Playlists&id=u-7",
-         {"POST /users/4005/favorites/playlists?countryCode=NO uuid=u-7"}},
-        {"/tidal/context/favorites?type=Tracks&id=1%26x%3D2%25",
-         {"POST /users/4005/favorites/tracks?countryCode=NO trackId=1%26x%3D2%25"}},
-        {"/tidal/createPlaylist/accept",
-         {"POST /users/4005/playlists?countryCode=NO "
-          "title=a%26b%3Dc%25d%2Be%20%22%0A%C3%A5&description=x%20y"}},
-        {"/tidal/updatePlaylists/accept?id=u-1", {"POST /playlists/u-1?countryCode=NO title=t"}},
-        // A form that was opened for no playlist.
-        {"/tidal/updatePlaylists/accept", {"POST /playlists/?countryCode=NO title="}},
-        {removal + "type=Playlists&id=u-1",
-         {read, "DELETE /playlists/u-9?countryCode=NO [\"172\"]"}},
-        {removal + "type=Tracks&playlistId=u-1&rowNum=4",
-         {read, "DELETE /playlists/u-9/tracks/4?countryCode=NO [\"172\"]"}},
-        {move + "u-1&rowNum=3", {read, "POST /playlists/u-9/tracks/3 [\"172\"] toIndex=0"}},
-        {add + "u-1&type=Tracks&id=2%26x%3D3",
-         {read, "POST /playlists/u-9/tracks?countryCode=NO [\"172\"] trackIds=2%26x%3D3&toIndex=-1",
-          reread}},
-        {add + "u-1&type=Albums&id=77",
-         {"GET /albums/77/tracks?countryCode=NO&offset=0&limit=50", read,
-          "POST /playlists/u-9/tracks?countryCode=NO [\"172\"] trackIds=2,6,&toIndex=-1", reread}},
-    };
     setAndWait("/tidal/createPlaylist/title", title);
     setAndWait("/tidal/createPlaylist/description", "x y");
     setAndWait("/tidal/updatePlaylists/title", "t");
-    for (const auto& row : table) {
-        setAndWait(row.path);
-        EXPECT_EQ(sent(row.sent.size()), row.sent) << row.path.toStdString();
+
+    for (const auto& [path, lines] : Table<QString, QStringList>{
+             {"/tidal/context/favorites?type=Albums&id=7",
+              {"POST /users/4005/favorites/albums?countryCode=NO albumId=7"}},
+             {"/tidal/context/favorites?type=Artists&id=7",
+              {"POST /users/4005/favorites/artists?countryCode=NO artistId=7"}},
+             {"/tidal/context/favorites?type=Playlists&id=u-7",
+              {"POST /users/4005/favorites/playlists?countryCode=NO uuid=u-7"}},
+             {"/tidal/context/favorites?type=Tracks&id=1%26x%3D2%25",
+              {"POST /users/4005/favorites/tracks?countryCode=NO trackId=1%26x%3D2%25"}},
+             {"/tidal/createPlaylist/accept",
+              {"POST /users/4005/playlists?countryCode=NO "
+               "title=a%26b%3Dc%25d%2Be%20%22%0A%C3%A5&description=x%20y"}},
+             {"/tidal/updatePlaylists/accept?id=u-1",
+              {"POST /playlists/u-1?countryCode=NO title=t"}},
+             // A form that was opened for no playlist.
+             {"/tidal/updatePlaylists/accept", {"POST /playlists/?countryCode=NO title="}},
+             {removal + "type=Playlists&id=u-1",
+              {read, "DELETE /playlists/u-9?countryCode=NO [\"172\"]"}},
+             {removal + "type=Tracks&playlistId=u-1&rowNum=4",
+              {read, "DELETE /playlists/u-9/tracks/4?countryCode=NO [\"172\"]"}},
+             {move + "u-1&rowNum=3", {read, "POST /playlists/u-9/tracks/3 [\"172\"] toIndex=0"}},
+             {add + "u-1&type=Tracks&id=2%26x%3D3",
+              {read,
+               "POST /playlists/u-9/tracks?countryCode=NO [\"172\"] trackIds=2%26x%3D3&toIndex=-1",
+               reread}},
+             {add + "u-1&type=Albums&id=77",
+              {"GET /albums/77/tracks?countryCode=NO&offset=0&limit=50", read,
+               "POST /playlists/u-9/tracks?countryCode=NO [\"172\"] trackIds=2,6,&toIndex=-1",
+               reread}}}) {
+        setAndWait(path);
+        EXPECT_EQ(sent(lines.size()), lines) << path.toStdString();
     }
     // A favourite is removed once the service has said, by a number, that it is one.
     const QString favorite = "/tidal/context/favorites?type=%1&id=%2";

@@ -1,4 +1,5 @@
 #include "ModuleTest.h"
+#include "Table.h"
 #include "TidalContextNode.h"
 
 namespace {
@@ -120,19 +121,19 @@ TEST_F(ResponderRowsTest, ShowsArtistsWithTheStoredRowBehindTheLast)
     EXPECT_EQ(row.icon(), "http://images/p/q/160x160.jpg");
     EXPECT_EQ(row.context(), menu(Menu::Base, {{"id", "0"}, {"type", "Artists"}, {"rowNum", "0"}}));
 
-    const struct
-    {
-        int from, to, received, total, rows, count;
-    } table[] = {{0, 9, 3, 3, 4, 4},     {0, 2, 3, 3, 3, 4},       {3, 9, 0, 3, 1, 4},
-                 {0, 9, 10, 30, 10, 30}, {20, 29, 10, 30, 10, 31}, {0, 9, 0, 0, 1, 1}};
-    for (const auto& entry : table) {
-        const QByteArray items = many(R"({"item":{"id":%,"name":"N"}})", entry.received);
-        const auto request =
-            answered(mine + "artists", entry.from, entry.to, page(items, entry.total));
+    for (const auto& [from, to, received, total, rows, count] :
+         Table<int, int, int, int, int, int>{{0, 9, 3, 3, 4, 4},
+                                             {0, 2, 3, 3, 3, 4},
+                                             {3, 9, 0, 3, 1, 4},
+                                             {0, 9, 10, 30, 10, 30},
+                                             {20, 29, 10, 30, 10, 31},
+                                             {0, 9, 0, 0, 1, 1}}) {
+        const QByteArray items = many(R"({"item":{"id":%,"name":"N"}})", received);
+        const auto request = answered(mine + "artists", from, to, page(items, total));
         const QStringList titles = column(rowsOf(request));
-        EXPECT_EQ(titles.size(), entry.rows) << entry.from << " of " << entry.total;
-        EXPECT_EQ(titles.count("Www"), entry.rows > entry.received && entry.total > 0);
-        EXPECT_EQ(request.reply().value().rowsCount(), entry.count) << entry.from;
+        EXPECT_EQ(titles.size(), rows) << from << " of " << total;
+        EXPECT_EQ(titles.count("Www"), rows > received && total > 0);
+        EXPECT_EQ(request.reply().value().rowsCount(), count) << from;
     }
 }
 
@@ -162,24 +163,18 @@ TEST_F(ResponderRowsTest, LetsAPlaylistBeChosen)
     const QString list = "/addToPlaylists/req/created/users/playlists?id=5&type=Tracks";
     const QString create = "Create playlist";
     const QString header = "My playlists";
-    const struct
-    {
-        int from, to, received, total;
-        QStringList titles;
-        int count;
-    } table[] = {
-        {0, 3, 4, 9, {create, header, "P0", "P1"}, 11},
-        {1, 2, 2, 9, {header, "P0"}, 11},
-        {2, 3, 2, 9, {"P0", "P1"}, 11}, // the service was asked from its first playlist on
-        {4, 9, 2, 4, {"P0", "P1"}, 6},
-        {0, 9, 0, 0, {create, header, "No items found"}, 3},
-        {2, 9, 0, 0, {"No items found"}, 3},
-    };
-    for (const auto& row : table) {
-        const auto request = answered("/tidal/context" + list, row.from, row.to,
-                                      page(many(item, row.received), row.total));
-        EXPECT_EQ(column(rowsOf(request)), row.titles) << row.from << "-" << row.to;
-        EXPECT_EQ(request.reply().value().rowsCount(), row.count);
+    for (const auto& [from, to, received, total, titles, count] :
+         Table<int, int, int, int, QStringList, int>{
+             {0, 3, 4, 9, {create, header, "P0", "P1"}, 11},
+             {1, 2, 2, 9, {header, "P0"}, 11},
+             {2, 3, 2, 9, {"P0", "P1"}, 11}, // the service was asked from its first playlist on
+             {4, 9, 2, 4, {"P0", "P1"}, 6},
+             {0, 9, 0, 0, {create, header, "No items found"}, 3},
+             {2, 9, 0, 0, {"No items found"}, 3}}) {
+        const auto request =
+            answered("/tidal/context" + list, from, to, page(many(item, received), total));
+        EXPECT_EQ(column(rowsOf(request)), titles) << from << "-" << to;
+        EXPECT_EQ(request.reply().value().rowsCount(), count);
     }
     const auto rows = rowsOf(answered("/tidal/context" + list, 0, 2, page(many(item, 1), 1), "7"));
     EXPECT_EQ(column(rows, KeloRoles::Path()),
@@ -199,30 +194,24 @@ TEST_F(ResponderRowsTest, SegmentsAndParametersTellItemsAndTheirMenu)
 {
     const QString album = "contentId", track = "trackId", artist = "artistId";
     const QString playlist = "playlistId";
-    const struct
-    {
-        const char* path;
-        QString key; ///< that the rows' paths name the item by
-        const char* menu;
-    } table[] = {
-        {"/tidal/req/featured/new/albums", album, "context"},
-        {"/tidal/req/albums?contentId=1", track, "context"},
-        {"/tidal/req/x/y/tracks", track, "context"},
-        {"/tidal/req/genres/Soundtracks/albums", album, "context"},
-        {"/tidal/req/playlists", playlist, "context"},
-        {"/tidal/req/playlists?contentId=u", track, "context"},
-        {"/tidal/search/choose/req/artists?query=albums", artist, "basecontext"},
-        {"/tidal/req/artists?artistContent=albums", artist, "context"},
-        {"/tidal/myMusic/req/created/users/playlists", playlist, "playlistcontext"},
-        {"/tidal/myMusic/req/created/users/playlists?contentId=u", track,
-         "myPlaylistTrackscontext"},
-        {"/tidal/myMusic/req/favorites/users/albums", album, "context"},
-    };
-    for (const auto& row : table) {
-        const auto rows = rowsOf(answered(row.path, 0, 9, page(R"({"id":7,"uuid":"7"})", 2)));
+    // key: that the rows' paths name the item by
+    for (const auto& [path, key, menu] : Table<const char*, QString, const char*>{
+             {"/tidal/req/featured/new/albums", album, "context"},
+             {"/tidal/req/albums?contentId=1", track, "context"},
+             {"/tidal/req/x/y/tracks", track, "context"},
+             {"/tidal/req/genres/Soundtracks/albums", album, "context"},
+             {"/tidal/req/playlists", playlist, "context"},
+             {"/tidal/req/playlists?contentId=u", track, "context"},
+             {"/tidal/search/choose/req/artists?query=albums", artist, "basecontext"},
+             {"/tidal/req/artists?artistContent=albums", artist, "context"},
+             {"/tidal/myMusic/req/created/users/playlists", playlist, "playlistcontext"},
+             {"/tidal/myMusic/req/created/users/playlists?contentId=u", track,
+              "myPlaylistTrackscontext"},
+             {"/tidal/myMusic/req/favorites/users/albums", album, "context"}}) {
+        const auto rows = rowsOf(answered(path, 0, 9, page(R"({"id":7,"uuid":"7"})", 2)));
         ASSERT_FALSE(rows.isEmpty());
-        EXPECT_EQ(rows.first().path().param(row.key), "7") << row.path;
-        EXPECT_EQ(menuOf(rows.first()).base(), q("/tidal/") + row.menu) << row.path;
+        EXPECT_EQ(rows.first().path().param(key), "7") << path;
+        EXPECT_EQ(menuOf(rows.first()).base(), q("/tidal/") + menu) << path;
     }
 }
 

@@ -1,5 +1,6 @@
 #include "AnswerProbe.h"
 #include "ModuleTest.h"
+#include "Table.h"
 #include <condition_variable>
 #include <optional>
 
@@ -145,43 +146,41 @@ TEST_F(WorkerLoginTest, LoggingOutClosesWhatIsOpenAndLoggingInBringsTheMenusBack
 TEST_F(WorkerLoginTest, TheNewestLoginsAnswersCountWheneverTheyCome)
 {
     const std::string sessions = "/sessions";
-    const struct
-    {
-        std::string held;  ///< the request of the set-up that is answered out of turn
-        bool isOldFirst;   ///< the earlier login's answer comes first
-        bool isAskedAgain; ///< another request comes after the second login
-    } cases[] = {{sessions, true, true},
-                 {sessions, false, true},
-                 {sessions, true, false},
-                 {sessions, false, false},
-                 {"/users/7/subscription", false, true},
-                 {"/users/7/subscription", false, false}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.held + (c.isOldFirst ? " old first" : " new first") +
-                     (c.isAskedAgain ? ", asked again" : ""));
+    // held: the request of the set-up that is answered out of turn
+    // isOldFirst: the earlier login's answer comes first
+    // isAskedAgain: another request comes after the second login
+    for (const auto& [held, isOldFirst, isAskedAgain] :
+         Table<std::string, bool, bool>{{sessions, true, true},
+                                        {sessions, false, true},
+                                        {sessions, true, false},
+                                        {sessions, false, false},
+                                        {"/users/7/subscription", false, true},
+                                        {"/users/7/subscription", false, false}}) {
+        SCOPED_TRACE(held + (isOldFirst ? " old first" : " new first") +
+                     (isAskedAgain ? ", asked again" : ""));
         // Each login gets the answer that belongs to its token, whatever the order.
         m_service.script(sessions, {{200, session7}, {200, session8}});
-        const int before = m_service.requestCount(c.held);
-        m_service.hold(c.held);
+        const int before = m_service.requestCount(held);
+        m_service.hold(held);
         start();
         std::optional<AnswerProbe> probe;
         onWorker([&](TidalHandler& handler) { probe.emplace(handler); });
         setLoggedIn(true);
         const CMGetRowsRequest first = askRows("/tidal");
-        ASSERT_TRUE(m_service.waitForRequests(c.held, before + 1));
+        ASSERT_TRUE(m_service.waitForRequests(held, before + 1));
         setLoggedIn(false);
         setLoggedIn(true, "token-2");
-        const CMGetRowsRequest second = c.isAskedAgain ? askRows("/tidal") : first;
-        if (c.held == sessions) {
-            ASSERT_TRUE(m_service.waitForRequests(c.held, before + 2));
-            m_service.releaseOne(c.held, c.isOldFirst ? 0 : 1);
+        const CMGetRowsRequest second = isAskedAgain ? askRows("/tidal") : first;
+        if (held == sessions) {
+            ASSERT_TRUE(m_service.waitForRequests(held, before + 2));
+            m_service.releaseOne(held, isOldFirst ? 0 : 1);
             ASSERT_TRUE(probe->waitFor(AnswerProbe::Session, 1));
         }
-        if (!c.isOldFirst) {
+        if (!isOldFirst) {
             EXPECT_EQ(errorOf(second), "") << "without the earlier login's answer";
             EXPECT_EQ(errorOf(first), "");
         }
-        m_service.releaseAll(c.held);
+        m_service.releaseAll(held);
         EXPECT_EQ(errorOf(first), "");
         EXPECT_EQ(errorOf(second), "");
         onWorker([](TidalHandler& handler) { EXPECT_EQ(handler.getAccount().userId(), 8); });
@@ -253,43 +252,37 @@ TEST_F(WorkerLoginTest, AnEditThatOutlivesItsLoginIsNotGoneOnWithInTheNext)
     const QString track = "?type=Tracks&id=7&playlistId=p&rowNum=1";
     const QString album = "?type=Albums&id=7&playlistId=p";
     const QString add = "/tidal/context/addToPlaylists";
-    const struct
-    {
-        const char* held;
-        ScriptedService::Answer answer;
-        QString path;
-        const char* next; ///< what would be sent next
-        const char* error;
-    } cases[] = {
-        {"/playlists/p", playlist, add + track, tracks, ended},
-        {"/playlists/p", playlist, "/tidal/playlistcontext/removeFromPlaylists" + track, tracks,
-         ended},
-        {"/playlists/p", playlist, "/tidal/myPlaylistTrackscontext/moveTrack/move" + track, tracks,
-         ended},
-        {"/albums/7", noTracks, add + album, "/playlists/p", ended},
-        {tracks, stale, add + track, "/playlists/p", ""},
-        {"/users/7/playlists", made, "/tidal/createPlaylist/accept" + album, "/albums/7", ""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.path.toStdString() + " " + c.held);
+    // next: what would be sent next
+    for (const auto& [held, answer, path, next, error] :
+         Table<const char*, ScriptedService::Answer, QString, const char*, const char*>{
+             {"/playlists/p", playlist, add + track, tracks, ended},
+             {"/playlists/p", playlist, "/tidal/playlistcontext/removeFromPlaylists" + track,
+              tracks, ended},
+             {"/playlists/p", playlist, "/tidal/myPlaylistTrackscontext/moveTrack/move" + track,
+              tracks, ended},
+             {"/albums/7", noTracks, add + album, "/playlists/p", ended},
+             {tracks, stale, add + track, "/playlists/p", ""},
+             {"/users/7/playlists", made, "/tidal/createPlaylist/accept" + album, "/albums/7",
+              ""}}) {
+        SCOPED_TRACE(path.toStdString() + " " + held);
         m_service.script("/playlists/p", {playlist});
         m_service.script("/sessions", {{200, session7}, {200, session8}});
-        m_service.script(c.held, {c.answer});
+        m_service.script(held, {answer});
         startConfigured();
-        const int before = m_service.requestCount(c.held);
-        m_service.hold(c.held);
-        const CMSetDataRequest request = set(c.path);
-        ASSERT_TRUE(m_service.waitForRequests(c.held, before + 1));
+        const int before = m_service.requestCount(held);
+        m_service.hold(held);
+        const CMSetDataRequest request = set(path);
+        ASSERT_TRUE(m_service.waitForRequests(held, before + 1));
         setLoggedIn(false);
         setLoggedIn(true, "token-2");
         EXPECT_EQ(errorOf(askRows("/tidal")), "");
-        const int sent = m_service.requestCount(c.next);
-        m_service.releaseAll(c.held);
-        EXPECT_EQ(errorOf(request), c.error);
+        const int sent = m_service.requestCount(next);
+        m_service.releaseAll(held);
+        EXPECT_EQ(errorOf(request), error);
         settle();
         // A list behind it shows that nothing was sent.
         wait(askRows("/tidal/req/albums?contentId=8"));
-        EXPECT_EQ(m_service.requestCount(c.next), sent);
+        EXPECT_EQ(m_service.requestCount(next), sent);
         logOutAndStop();
     }
 }

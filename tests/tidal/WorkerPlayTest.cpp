@@ -1,5 +1,6 @@
 #include "AnswerProbe.h"
 #include "ModuleTest.h"
+#include "Table.h"
 #include <optional>
 
 namespace {
@@ -64,39 +65,34 @@ TEST_F(WorkerPlayTest, PlaysWhateverAnswerComesFirstAndFailsInOneWay)
     const char* const invalid = "invalid manifest";
     const char* const failed = "media data request failed";
     const Answer good = stream(id12, manifest);
-    const struct
-    {
-        const char* name;
-        Answer trackAnswer;
-        Answer streamAnswer;
-        const char* error; ///< empty: it plays
-    } cases[] = {
-        {"both", track(12), good, ""},
-        {"stream without id", track(12), stream("", manifest), incomplete},
-        {"another stream", track(12), stream(id13, manifest), incomplete},
-        {"another track", track(13), good, incomplete},
-        {"no album", {200, R"({"id":12,"artist":{},"album":null})"}, good, incomplete},
-        {"empty track", {200, ""}, good, incomplete},
-        {"track refused", {404, R"({"status":404,"userMessage":"Gone"})"}, good, "Gone"},
-        {"error unread", {500, "<html>"}, good, "Error, failed to parse error message"},
-        {"error in a good answer", {200, R"({"status":404})"}, good, failed},
-        {"stream refused", track(12), {401, R"({"status":401,"userMessage":"No"})"}, "No"},
-        {"stream error without text", track(12), {401, R"({"status":401})"}, failed},
-        {"other manifest", track(12), stream(id12, manifest, "application/vnd.TIDAL.bts"),
-         "unsupported manifest type"},
-        {"broken manifest", track(12), stream(id12, "no json"), invalid},
-        {"no address", track(12), stream(id12, R"({"urls":[]})"), invalid},
-        {"empty address", track(12), stream(id12, R"({"urls":[""]})"), invalid},
-        {"reference as address", track(12), stream(id12, R"({"urls":["tidalitem://12"]})"),
-         invalid},
-    };
     int expected = 0;
     int answers = 0;
-    for (const auto& c : cases) {
+
+    // error: empty: it plays
+    for (const auto& [name, trackAnswer, streamAnswer, error] :
+         Table<const char*, Answer, Answer, const char*>{
+             {"both", track(12), good, ""},
+             {"stream without id", track(12), stream("", manifest), incomplete},
+             {"another stream", track(12), stream(id13, manifest), incomplete},
+             {"another track", track(13), good, incomplete},
+             {"no album", {200, R"({"id":12,"artist":{},"album":null})"}, good, incomplete},
+             {"empty track", {200, ""}, good, incomplete},
+             {"track refused", {404, R"({"status":404,"userMessage":"Gone"})"}, good, "Gone"},
+             {"error unread", {500, "<html>"}, good, "Error, failed to parse error message"},
+             {"error in a good answer", {200, R"({"status":404})"}, good, failed},
+             {"stream refused", track(12), {401, R"({"status":401,"userMessage":"No"})"}, "No"},
+             {"stream error without text", track(12), {401, R"({"status":401})"}, failed},
+             {"other manifest", track(12), stream(id12, manifest, "application/vnd.TIDAL.bts"),
+              "unsupported manifest type"},
+             {"broken manifest", track(12), stream(id12, "no json"), invalid},
+             {"no address", track(12), stream(id12, R"({"urls":[]})"), invalid},
+             {"empty address", track(12), stream(id12, R"({"urls":[""]})"), invalid},
+             {"reference as address", track(12), stream(id12, R"({"urls":["tidalitem://12"]})"),
+              invalid}}) {
         for (const bool isTrackFirst : {true, false}) {
-            SCOPED_TRACE(std::string(c.name) + (isTrackFirst ? ", track first" : ", stream first"));
-            m_service.script(trackPath, {c.trackAnswer});
-            m_service.script(streamPath, {c.streamAnswer});
+            SCOPED_TRACE(std::string(name) + (isTrackFirst ? ", track first" : ", stream first"));
+            m_service.script(trackPath, {trackAnswer});
+            m_service.script(streamPath, {streamAnswer});
             m_service.hold(trackPath);
             m_service.hold(streamPath);
             const int before = m_service.requestCount(trackPath);
@@ -110,8 +106,8 @@ TEST_F(WorkerPlayTest, PlaysWhateverAnswerComesFirstAndFailsInOneWay)
             m_service.releaseAll(isTrackFirst ? streamPath : trackPath);
             ASSERT_TRUE(m_probe->waitFor(AnswerProbe::Track, answers));
             ASSERT_TRUE(m_probe->waitFor(AnswerProbe::Stream, answers));
-            EXPECT_EQ(errorOf(request), c.error);
-            expected += *c.error ? 0 : 1;
+            EXPECT_EQ(errorOf(request), error);
+            expected += *error ? 0 : 1;
             ASSERT_EQ(played().size(), expected);
         }
     }
@@ -134,24 +130,17 @@ TEST_F(WorkerPlayTest, PlaysWhateverAnswerComesFirstAndFailsInOneWay)
 TEST_F(WorkerPlayTest, RefusesWhatIsNoPlayRequest)
 {
     const QVariantHash noData{{"metaData", QVariantHash{{"album", "x"}}}};
-    const struct
-    {
-        const char* path;
-        QString role;
-        QVariant value;
-        const char* error;
-    } table[] = {
-        {"/tidal/playId", KeloRoles::Value(), 12, "track id not set"},
-        {"/tidal/playId", KeloRoles::Value(), QVariantHash{{"id", ""}},
-         "invalid play request data"},
-        {"/tidal/playId", KeloRoles::Value(), QVariantHash{{"id", "../users/1"}},
-         "invalid play request data"},
-        {"/tidal/playMedia", KeloRoles::PrePlay(), noData, "prePlayData not set"},
-        {"/tidal/prePlay", KeloRoles::PrePlay(), 1, "invalid play request data"},
-        {"/tidal/getMedia", KeloRoles::Value(), "12", "track id not set"},
-    };
-    for (const auto& row : table)
-        EXPECT_EQ(errorOf(set(row.path, row.value, row.role)), row.error) << row.path;
+    for (const auto& [path, role, value, error] :
+         Table<const char*, QString, QVariant, const char*>{
+             {"/tidal/playId", KeloRoles::Value(), 12, "track id not set"},
+             {"/tidal/playId", KeloRoles::Value(), QVariantHash{{"id", ""}},
+              "invalid play request data"},
+             {"/tidal/playId", KeloRoles::Value(), QVariantHash{{"id", "../users/1"}},
+              "invalid play request data"},
+             {"/tidal/playMedia", KeloRoles::PrePlay(), noData, "prePlayData not set"},
+             {"/tidal/prePlay", KeloRoles::PrePlay(), 1, "invalid play request data"},
+             {"/tidal/getMedia", KeloRoles::Value(), "12", "track id not set"}})
+        EXPECT_EQ(errorOf(set(path, value, role)), error) << path;
     EXPECT_EQ(m_service.requestCount("/tracks"), 0);
     EXPECT_EQ(played().size(), 0);
 }

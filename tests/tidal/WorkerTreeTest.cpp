@@ -1,4 +1,5 @@
 #include "ModuleTest.h"
+#include "Table.h"
 
 namespace {
 class WorkerTreeTest : public ScriptedTest
@@ -44,23 +45,19 @@ TEST_F(WorkerTreeTest, MenusListTheirRowsInOrder)
 
 TEST_F(WorkerTreeTest, AMenuEndsWithTheArtistsOfItsItem)
 {
-    const struct
-    {
-        const char* artists;
-        QStringList titles;
-        QStringList ids; ///< empty: the row leads to no artist's menu
-    } table[] = {{"A_1", {"A"}, {"1"}},
-                 {"A_1,B_2", {"A", "B"}, {"1", "2"}},
-                 {",", {"", ""}, {"", ""}},
-                 {"X", {"X"}, {"X"}},
-                 {"A_B_3", {"A"}, {"3"}}};
-    for (const auto& entry : table) {
+    // ids: empty: the row leads to no artist's menu
+    for (const auto& [artists, titles, ids] :
+         Table<const char*, QStringList, QStringList>{{"A_1", {"A"}, {"1"}},
+                                                      {"A_1,B_2", {"A", "B"}, {"1", "2"}},
+                                                      {",", {"", ""}, {"", ""}},
+                                                      {"X", {"X"}, {"X"}},
+                                                      {"A_B_3", {"A"}, {"3"}}}) {
         CMPath path("/tidal/context");
-        path.addParam("artists", entry.artists);
+        path.addParam("artists", artists);
         const QList<KeloRoles> rows = rowsOf(askRows(path.toEncoded())).mid(2);
-        EXPECT_EQ(column(rows), QStringList("Track artists") + entry.titles) << entry.artists;
-        for (int i = 0; i < entry.ids.size(); ++i) {
-            const QString id = entry.ids.at(i);
+        EXPECT_EQ(column(rows), QStringList("Track artists") + titles) << artists;
+        for (int i = 0; i < ids.size(); ++i) {
+            const QString id = ids.at(i);
             const KeloRoles row = rows.value(1 + i);
             EXPECT_EQ(row.path(), CMPath("/tidal/req/artists", {{"artistId", id}}));
             EXPECT_EQ(menuOf(row).toEncoded(),
