@@ -1,4 +1,5 @@
 #include "PlayerFixture.h"
+#include "Table.h"
 #include "ThreadedOutput.h"
 
 namespace {
@@ -8,31 +9,25 @@ TEST_F(PlayerFailureTest, PassesOverWhatFailsInAListAndFailsARowThatWasAskedFor)
 {
     addTracks({"1", "2", "3"});
     enum Fault { Module, Decode, NotFound, Device };
-    const struct
-    {
-        Fault fault;
-        QString text;
-        bool isListStopped; ///< a broken device ends everything
-    } cases[] = {
-        {Module, "media data request failed", false},
-        {Decode, "cannot be decoded", false},
-        {NotFound, "nothing there", false},
-        {Device, "no device", true},
-    };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.text.toStdString());
-        const OutputError::Kind kind = one.fault == Decode     ? OutputError::Decode
-                                       : one.fault == NotFound ? OutputError::NotFound
-                                                               : OutputError::Device;
-        if (one.fault == Module)
-            module->setAnswer("1", {one.text});
+    // isListStopped: a broken device ends everything
+    for (const auto& [fault, text, isListStopped] :
+         Table<Fault, QString, bool>{{Module, "media data request failed", false},
+                                     {Decode, "cannot be decoded", false},
+                                     {NotFound, "nothing there", false},
+                                     {Device, "no device", true}}) {
+        SCOPED_TRACE(text.toStdString());
+        const OutputError::Kind kind = fault == Decode     ? OutputError::Decode
+                                       : fault == NotFound ? OutputError::NotFound
+                                                           : OutputError::Device;
+        if (fault == Module)
+            module->setAnswer("1", {text});
         else
-            script.refuse("fake:1", kind, one.text);
-        EXPECT_EQ(play(pathOf("1")), one.text);
-        EXPECT_TRUE(waitForState("stopped")["note"].toString().contains(one.text));
-        EXPECT_EQ(play(list.toEncoded()), one.isListStopped ? one.text : "ok");
-        if (!one.isListStopped) {
-            EXPECT_EQ(waitForTitle("Track 2")["note"].toString(), "skipped: Track 1: " + one.text);
+            script.refuse("fake:1", kind, text);
+        EXPECT_EQ(play(pathOf("1")), text);
+        EXPECT_TRUE(waitForState("stopped")["note"].toString().contains(text));
+        EXPECT_EQ(play(list.toEncoded()), isListStopped ? text : "ok");
+        if (!isListStopped) {
+            EXPECT_EQ(waitForTitle("Track 2")["note"].toString(), "skipped: Track 1: " + text);
         }
         EXPECT_EQ(run("stop"), "ok");
         module->setAnswer("1", {});

@@ -1,5 +1,6 @@
 #include "PlayerFixture.h"
 #include "PlayerStore.h"
+#include "Table.h"
 #include <kelo/KeloTidalTypes.h>
 
 namespace {
@@ -27,29 +28,22 @@ TEST_F(PlayerTest, PlaysWhatAPathNames)
         return QList<KeloRoles>{row};
     }());
 
-    const struct
-    {
-        QString path;
-        QString outcome;
-        QString opened;
-    } cases[] = {
-        {pathOf("1"), "ok", "open fake:1 0"},
-        {pathOf("117"), "ok", "open fake:117 0"},
-        {list.toEncoded(), "ok", "open fake:1 0"},
-        {"4711", "ok", "open fake:4711 0"},
-        {"/fake/segments/one", "ok", "open fake:201 0"},
-        {"/fake/params?song=9", "ok", "open fake:202 0"},
-        {pathOf("999"), "no such row", ""},
-        {"/fake/alone?trackId=55", "ok", "open fake:55 0"}, // a row below no list
-        {"/fake/nowhere", "no such list", ""},
-        {"/fake/texts", "nothing in this list can be played", ""},
-        {"/fake/disabled?trackId=301", "Track 301 cannot be played", ""},
-    };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.path.toStdString());
+    for (const auto& [path, outcome, opens] : Table<QString, QString, QString>{
+             {pathOf("1"), "ok", "open fake:1 0"},
+             {pathOf("117"), "ok", "open fake:117 0"},
+             {list.toEncoded(), "ok", "open fake:1 0"},
+             {"4711", "ok", "open fake:4711 0"},
+             {"/fake/segments/one", "ok", "open fake:201 0"},
+             {"/fake/params?song=9", "ok", "open fake:202 0"},
+             {pathOf("999"), "no such row", ""},
+             {"/fake/alone?trackId=55", "ok", "open fake:55 0"}, // a row below no list
+             {"/fake/nowhere", "no such list", ""},
+             {"/fake/texts", "nothing in this list can be played", ""},
+             {"/fake/disabled?trackId=301", "Track 301 cannot be played", ""}}) {
+        SCOPED_TRACE(path.toStdString());
         const int before = opened().size();
-        EXPECT_EQ(play(one.path), one.outcome);
-        EXPECT_EQ(opened().mid(before).join(","), one.opened);
+        EXPECT_EQ(play(path), outcome);
+        EXPECT_EQ(opened().mid(before).join(","), opens);
         EXPECT_EQ(run("stop"), "ok");
     }
 }
@@ -79,27 +73,21 @@ TEST_F(PlayerTest, TellsWhatPlays)
 
 TEST_F(PlayerTest, RefusesMalformedCommands)
 {
-    const struct
-    {
-        const char* name;
-        QVariantHash arguments;
-    } cases[] = {
-        {"dance", {}},
-        {"play", {}},
-        {"play", {{"path", ""}}},
-        {"play", {{"path", 5}}},
-        {"play", {{"path", "/fake/%zz"}}},
-        {"seek", {}},
-        {"seek", {{"positionMs", -1}}},
-        {"seek", {{"positionMs", "1"}}},
-        {"seek", {{"positionMs", 1e300}}},
-        {"volume", {{"percent", 101}}},
-        {"volume", {{"percent", 0.5}}},
-        {"volume", {{"percent", qQNaN()}}},
-    };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.name);
-        const auto reply = begin(one.name, one.arguments);
+    for (const auto& [name, arguments] :
+         Table<const char*, QVariantHash>{{"dance", {}},
+                                          {"play", {}},
+                                          {"play", {{"path", ""}}},
+                                          {"play", {{"path", 5}}},
+                                          {"play", {{"path", "/fake/%zz"}}},
+                                          {"seek", {}},
+                                          {"seek", {{"positionMs", -1}}},
+                                          {"seek", {{"positionMs", "1"}}},
+                                          {"seek", {{"positionMs", 1e300}}},
+                                          {"volume", {{"percent", 101}}},
+                                          {"volume", {{"percent", 0.5}}},
+                                          {"volume", {{"percent", qQNaN()}}}}) {
+        SCOPED_TRACE(name);
+        const auto reply = begin(name, arguments);
         ASSERT_TRUE(reply.waitForFinished(waitMs));
         EXPECT_EQ(reply.error().name(), CMError::BadRequestName());
     }
