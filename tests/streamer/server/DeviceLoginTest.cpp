@@ -65,10 +65,6 @@ INSTANTIATE_TEST_SUITE_P(
              {code, {0, ""}, {503, "<html>"}, {0, ""}, {500, ""}, pendingAnswer, tokens},
              {"0 s: code", codeShown, "2 s: poll", "6 s: poll", "14 s: poll", "30 s: poll",
               "60 s: poll", "62 s: poll", "token A1", "logged in"}},
-        Case{"expired, the service says",
-             {code, {400, R"({"error":"expired_token"})"}},
-             {"0 s: code", codeShown, "2 s: poll",
-              "logged out: The code has expired. Start the login again. [expired]"}},
         Case{"expired by the clock",
              {{200, R"({"deviceCode":"D","userCode":"U","verificationUri":"v","expiresIn":5,)"
                     R"("interval":3})"},

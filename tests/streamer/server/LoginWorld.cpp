@@ -54,9 +54,9 @@ void LoginWorld::onState(const KeloOAuth2Info& info)
 {
     QString text = info.loggedIn() ? "logged in" : "logged out";
     if (info.isPending())
-        text += QStringLiteral(", code %1 at %2").arg(info.userCode(), info.verificationUri());
+        text += QString(", code %1 at %2").arg(info.userCode(), info.verificationUri());
     if (!info.problem().isEmpty())
-        text += QStringLiteral(": %1 [%2]").arg(info.problem(), info.reason());
+        text += QString(": %1 [%2]").arg(info.problem(), info.reason());
     log << text;
 }
 
@@ -78,7 +78,7 @@ void LoginWorld::answer(const TokenReply& reply)
                          : grant == QLatin1String("refresh_token")
                              ? "refresh " + endpoint.posts.front().field("refresh_token")
                              : "poll";
-    log << QStringLiteral("%1 s: %2").arg(clock.steadyMs() / 1000).arg(kind);
+    log << QString("%1 s: %2").arg(clock.steadyMs() / 1000).arg(kind);
     endpoint.answer(reply);
 }
 

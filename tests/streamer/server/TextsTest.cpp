@@ -60,8 +60,8 @@ TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
         {"en", {"My Music", "Albums", "Albums", "Albums", "Foghorns", "Log in to %1 Albums"}},
         {"de", {"Meine Musik", "Alben", "Albums", "Alben", "Foghorns", "Bei %1 Albums anmelden"}},
         {"ja",
-         {QStringLiteral("マイミュージック"), QStringLiteral("アルバム"), "Albums",
-          QStringLiteral("アルバム"), "Foghorns", QStringLiteral("%1 Albumsにログイン")}}};
+         {"マイミュージック", "アルバム", "Albums", "アルバム", "Foghorns",
+          "%1 Albumsにログイン"}}};
     std::vector<std::thread> clients;
     for (const auto& [language, texts] : expected) {
         clients.emplace_back([this, language = language, texts = texts] {
@@ -131,8 +131,7 @@ TEST(TextCatalogueTest, NotesAreTranslatedWithTheReasonsInsideButNotTheTitles)
 TEST_F(TextsTest, TheLanguageIsTheBestThatTheClientNames)
 {
     for (const auto& [query, accepted, language] :
-         Table<const char*, const char*, const char*>{{"", "de", "de"},
-                                                      {"", "DE-at", "de"},
+         Table<const char*, const char*, const char*>{{"", "DE-at", "de"},
                                                       {"", "pt, fr;q=0.5, de;q=0.7", "de"},
                                                       {"", "en-US,en;q=0.9,de;q=0.8", "en"},
                                                       {"", "de;q=0, ja;q=0.1", "ja"},

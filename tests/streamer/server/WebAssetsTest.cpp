@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <sstream>
 
 namespace {
 
@@ -34,27 +35,13 @@ TEST(WebAssetsTest, ServesTheFilesOfAFolderAsTheyStandNow)
         EXPECT_EQ(world.get(target).status, 200) << target;
         EXPECT_EQ(world.get(target).header("Content-Type"), type) << target;
     }
-    for (const char* target : {"/missing.js",
-                               "/parts",
-                               "/parts/",
-                               "/parts/deep/x.js",
-                               "//app.js",
-                               "/./app.js",
-                               "/UPPER.js",
-                               "/notes.txt",
-                               "/two.dots.js",
-                               "/.hidden.js",
-                               "/plain",
-                               "/../outside.js",
-                               "/parts/../../outside.js",
-                               "/%2e%2e/outside.js",
-                               "/..%2foutside.js",
-                               "/%252e%252e%252foutside.js",
-                               "/..%5coutside.js",
-                               "/..\\outside.js",
-                               "/app.js%00.html",
-                               "/%c0%ae%c0%ae/outside.js",
-                               "/%uff0e%uff0e/outside.js"}) {
+    std::istringstream others(
+        "/missing.js /parts /parts/ /parts/deep/x.js //app.js /./app.js /UPPER.js "
+        "/notes.txt /two.dots.js /.hidden.js /plain /../outside.js "
+        "/parts/../../outside.js /%2e%2e/outside.js /..%2foutside.js "
+        "/%252e%252e%252foutside.js /..%5coutside.js /..\\outside.js /app.js%00.html "
+        "/%c0%ae%c0%ae/outside.js /%uff0e%uff0e/outside.js");
+    for (std::string target; others >> target;) {
         EXPECT_EQ(world.get(target).status, 404) << target;
         EXPECT_EQ(world.get(target).header("Content-Type"), "application/problem+json") << target;
     }

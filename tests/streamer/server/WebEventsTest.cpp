@@ -207,11 +207,7 @@ TEST(WebEventsTest, TheModulesRequestsAreListedAndTold)
               R"({"last":)" + next + R"(,"requests":[)" + expected + "]}");
     EXPECT_EQ(world.get("/api/v1/requests?after=" + next).body,
               R"({"last":)" + next + R"(,"requests":[]})");
-    const int all = world.get("/api/v1/requests").json[QLatin1String("requests")].toArray().size();
-    EXPECT_GE(all, 2);
-    EXPECT_EQ(
-        world.get("/api/v1/requests?after=99999").json[QLatin1String("requests")].toArray().size(),
-        all)
+    EXPECT_EQ(world.get("/api/v1/requests?after=99999").body, world.get("/api/v1/requests").body)
         << "a number from before a restart";
     for (const char* bad : {"/api/v1/requests?after=x", "/api/v1/events?requests=2"})
         EXPECT_EQ(world.get(bad).status, 400) << bad;
@@ -259,7 +255,7 @@ TEST(WebEventsTest, AClientThatReadsNothingIsDroppedAndOthersGoOn)
               std::string::npos);
 }
 
-TEST(WebEventsTest, AClientThatDoesNotKeepUpIsDroppedAndStatesDoNotPileUp)
+TEST(WebEventsTest, OfAStateOnlyTheLatestWaits)
 {
     using Next = EventClient::Next;
     const std::chrono::milliseconds soon(0);
@@ -276,10 +272,4 @@ TEST(WebEventsTest, AClientThatDoesNotKeepUpIsDroppedAndStatesDoNotPileUp)
         EXPECT_EQ(text, expected);
     }
     EXPECT_EQ(client.next(text, soon), Next::Nothing);
-    for (int i = 0; i < 256; ++i)
-        client.push("rows", "x", false);
-    EXPECT_FALSE(client.isDropped());
-    client.push("rows", "one too many", false);
-    EXPECT_TRUE(client.isDropped());
-    EXPECT_EQ(client.next(text, soon), Next::End);
 }

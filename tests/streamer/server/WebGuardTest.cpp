@@ -153,6 +153,7 @@ TEST(WebGuardTest, APortInUseIsASentence)
     WebServer second({"127.0.0.1", world.server.port(), {}, {}}, world.player, world.login);
     QString error;
     EXPECT_FALSE(second.start(&error));
-    EXPECT_EQ(error, QStringLiteral("cannot listen on 127.0.0.1:%1: Address already in use")
-                         .arg(world.server.port()));
+    EXPECT_EQ(
+        error,
+        QString("cannot listen on 127.0.0.1:%1: Address already in use").arg(world.server.port()));
 }

