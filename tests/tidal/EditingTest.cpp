@@ -221,4 +221,20 @@ TEST_F(EditingTest, BeginsAgainUntilTheTagHolds)
     EXPECT_LE(tries(), before + 1);
     EXPECT_EQ(tracksIn(other), three);
 }
+
+TEST_F(EditingTest, IsAnsweredAndNotSentAgainWhenTheConnectionBreaks)
+{
+    const QString id = newPlaylist("p", tracks);
+    const QString edits[] = {removal + "type=Tracks&rowNum=1&playlistId=" + id,
+                             "/tidal/context/addToPlaylists?type=Tracks&id=1&playlistId=" + id,
+                             moveMenu + "/move?rowNum=1&playlistId=" + id};
+    for (const char* fault : {"reset method=POST", "reset method=DELETE", "refuse-no-body"})
+        EXPECT_EQ(m_sim.addFault(fault + (" path=/playlists/" + id.toStdString())), "");
+    const auto sent = [&] { return requestLog().filter(QRegularExpression("POST|DELETE")).size(); };
+    const int before = sent();
+    for (const QString& edit : edits)
+        setAndWait(edit);
+    EXPECT_EQ(sent(), before + 3);
+    EXPECT_EQ(tracksIn(id), tracks);
+}
 } // namespace

@@ -2,53 +2,24 @@
 
 #include <algorithm>
 #include <chrono>
-#include <httplib.h>
 
 namespace {
-constexpr auto patience = std::chrono::seconds(20);
-
-std::string lineOf(const httplib::Request& request)
+/// What stands between a text and the end of its line.
+std::string behind(const std::string& request, const std::string& text)
 {
-    std::string line = request.method + " " + request.target.substr(3);
-    if (request.has_header("If-None-Match"))
-        line += " [" + request.get_header_value("If-None-Match") + "]";
-    return request.body.empty() ? line : line + " " + request.body;
+    const std::size_t at = request.find(text);
+    if (at == std::string::npos)
+        return {};
+    const std::size_t begin = at + text.size();
+    return request.substr(begin, request.find("\r\n", begin) - begin);
 }
 } // namespace
 
-ScriptedService::ScriptedService() : m_server(new httplib::Server)
-{
-    m_server->new_task_queue = [] { return new httplib::ThreadPool(32); };
-    m_server->set_tcp_nodelay(true);
-    const auto handler = [this](const httplib::Request& request, httplib::Response& response) {
-        const bool hasToken = request.get_header_value("Authorization").rfind("Bearer ", 0) == 0;
-        const Answer answer = answerFor(hasToken ? request.path : "", lineOf(request));
-        response.status = answer.status;
-        if (!answer.etag.empty())
-            response.set_header("eTaG", answer.etag);
-        response.set_content(answer.body, "application/json");
-    };
-    m_server->Get(".*", handler).Post(".*", handler).Delete(".*", handler);
-    m_port = m_server->bind_to_any_port("127.0.0.1");
-    m_thread = std::thread([this] { m_server->listen_after_bind(); });
-    while (!m_server->is_running())
-        std::this_thread::yield();
-}
-
 ScriptedService::~ScriptedService()
 {
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_isStopping = true;
-    }
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_isStopping = true;
     m_changed.notify_all();
-    m_server->stop();
-    m_thread.join();
-}
-
-std::string ScriptedService::baseUrl() const
-{
-    return "http://127.0.0.1:" + std::to_string(m_port);
 }
 
 void ScriptedService::script(const std::string& pathPart, std::vector<Answer> answers)
@@ -81,6 +52,22 @@ void ScriptedService::releaseAll(const std::string& pathPart)
     std::lock_guard<std::mutex> lock(m_mutex);
     m_scripts[pathPart].isHeld = false;
     m_changed.notify_all();
+}
+
+ScriptedServer::Answer ScriptedService::respond(const std::string& request)
+{
+    const std::string method = request.substr(0, request.find(' '));
+    std::string target = behind(request, method + " /v1");
+    target.resize(target.find(" HTTP/"));
+    const std::string tag = behind(request, "If-None-Match: ");
+    const std::string body = request.substr(request.find("\r\n\r\n") + 4);
+    const bool hasToken = !behind(request, "Authorization: Bearer ").empty();
+    const Answer answer = answerFor(hasToken ? target.substr(0, target.find('?')) : "",
+                                    method + ' ' + target + (tag.empty() ? "" : " [" + tag + ']') +
+                                        (body.empty() ? "" : ' ' + body));
+    return {ScriptedServer::whole(answer.body,
+                                  answer.etag.empty() ? "" : "eTaG: " + answer.etag + "\r\n",
+                                  std::to_string(answer.status) + " Scripted")};
 }
 
 ScriptedService::Answer ScriptedService::answerFor(const std::string& path, const std::string& line)
@@ -118,7 +105,7 @@ std::vector<std::string> ScriptedService::linesWith(const std::string& part) con
 bool ScriptedService::waitForRequests(const std::string& part, int count) const
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    return m_changed.wait_for(lock, patience,
+    return m_changed.wait_for(lock, std::chrono::seconds(20),
                               [&] { return linesWith(part).size() >= std::size_t(count); });
 }
 

@@ -1,16 +1,8 @@
 #pragma once
+#include "host/ScriptedServer.h"
 #include <condition_variable>
 #include <map>
-#include <memory>
-#include <mutex>
 #include <set>
-#include <string>
-#include <thread>
-#include <vector>
-
-namespace httplib {
-class Server;
-}
 
 /// A web service on loopback that answers what the test says. Which script a request gets is told
 /// by the longest text that its path contains; one without a script, or without a token, is
@@ -25,11 +17,10 @@ public:
         std::string etag = {};
     };
 
-    ScriptedService();
     /// Held requests are let go.
     ~ScriptedService();
 
-    std::string baseUrl() const;
+    std::string baseUrl() const { return m_server.url(""); }
     /// The answers of one kind of request, one after the other; the last one repeats.
     void script(const std::string& pathPart, std::vector<Answer> answers);
     /// Requests of that kind wait from now on.
@@ -54,6 +45,7 @@ private:
         std::set<std::size_t> released; ///< numbers of those that need not wait
         bool isHeld = false;
     };
+    ScriptedServer::Answer respond(const std::string& request);
     Answer answerFor(const std::string& path, const std::string& line);
     std::vector<std::string> linesWith(const std::string& part) const;
 
@@ -62,7 +54,5 @@ private:
     std::map<std::string, Script> m_scripts;
     std::vector<std::string> m_lines;
     bool m_isStopping = false;
-    std::unique_ptr<httplib::Server> m_server;
-    int m_port = 0;
-    std::thread m_thread;
+    ScriptedServer m_server{[this](const std::string& request) { return respond(request); }};
 };
