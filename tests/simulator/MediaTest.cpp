@@ -57,8 +57,6 @@ TEST_F(SimMedia, RangesAndTokensAreChecked)
 TEST_F(SimMedia, GrantsAndManifestsFollowTheirSwitches)
 {
     EXPECT_STREQ(info("6000100", "HI_RES")["audioQuality"].GetString(), "LOSSLESS");
-    EXPECT_STREQ(info("6000100", "LOW")["audioQuality"].GetString(), "LOW");
-    EXPECT_FALSE(info("6000100", "HIGH").HasMember("bitDepth"));
     ASSERT_EQ(addFault("quality=HIGH count=1"), "");
     EXPECT_STREQ(info("6000100")["audioQuality"].GetString(), "HIGH");
 
@@ -69,12 +67,8 @@ TEST_F(SimMedia, GrantsAndManifestsFollowTheirSwitches)
                decode64(answer["manifest"].GetString());
     };
     EXPECT_EQ(manifest("dash").rfind("application/dash+xml <?xml", 0), 0u);
-    EXPECT_EQ(manifest("unknown").rfind("application/vnd.example", 0), 0u);
     EXPECT_EQ(manifest("badbase64"), "application/vnd.tidal.bts ");
-    EXPECT_EQ(manifest("nonjson"), "application/vnd.tidal.bts this is no JSON");
     EXPECT_NE(manifest("nourls").find("\"urls\":[]"), std::string::npos);
-    EXPECT_NE(manifest("manyurls").find("\",\"http"), std::string::npos);
-    EXPECT_NE(manifest("encrypted").find("OLD_AES"), std::string::npos);
 
     ASSERT_EQ(addFault("playback-limit calls=2"), "");
     const std::string path = "/tracks/6000100/playbackinfoprepaywall?audioquality=LOW";

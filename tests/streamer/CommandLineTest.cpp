@@ -27,10 +27,8 @@ TEST(CommandLine, ExitStatusTellsWhatWentWrong)
          Table<std::vector<std::string>, int, const char*>{
              {{"status"}, 0, ""},
              {{"login", "--status"}, 1, "kelo: it's \\x1bdown\n"},
-             {{"login", "--status", "--json"}, 1, "kelo: it's \\x1bdown\n"},
              {{"rows", "/none"}, 1, "kelo: no such node\n"},
              {{"search", "x"}, 1, "kelo login"},
-             {{"watch", "/none"}, 1, "kelo: no such node\n"},
              {{"stop"}, 1, "status 500"},
              {{"pause"}, 1, "no JSON document"},
              {{}, 2, "kelo --help"},
@@ -44,26 +42,17 @@ TEST(CommandLine, ExitStatusTellsWhatWentWrong)
              {{"rows", "/", "--from"}, 2, "--from: its value, N, is missing"},
              {{"volume", "101"}, 2, "PERCENT: wanted a number from 0 to 100, got \"101\""},
              {{"rows", "/", "--from", "1", "--from=2"}, 2, "--from: is there twice"},
-             {{"rows", "--", "/", "--from"}, 2, "\"--from\" is too much"},
              {{"rows", "/", "--json=maybe"}, 2, "--json: wanted true or false, got \"maybe\""},
              {{"config", "-oa=b"}, 2, "-o: a: no such key"},
              {{"playlist", "creat"},
               2,
               "\"creat\", did you mean \"create\"? (see kelo playlist --help)"},
-             {{"playlist"}, 2, "wanted one of create, rename"},
              {{"playlist", "move", "p1", "1"}, 2, "TO is missing"},
-             {{"playlist", "remove", "p1", "-1"}, 2, "ROW: wanted a number from 0"},
-             {{"favorite", "/x", "maybe"}, 2, "WISH: wanted one of on,off, got \"maybe\""},
              {{"seek", "soon"}, 2, "1:30"},
-             {{"seek", "1:75"}, 2, "1:30"},
-             {{"seek", "1:2:3:4"}, 2, "1:30"},
              {{"seek", "99999999999"}, 2, "1:30"},
-             {{"set", "/x", "HIGH"}, 2, "no JSON"},
              {{"set", "/x", "1],[2"}, 2, "no JSON"},
-             {{"set", "/x", "1,2"}, 2, "no JSON"},
              {{"status", "--server", "nonsense"}, 2, "http://HOST:PORT"},
              {{"status", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
-             {{"watch", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"},
              {{"login", "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"}}) {
         const auto run = streamer.run(arguments);
         EXPECT_EQ(run.status, status) << message;
@@ -92,19 +81,15 @@ TEST(CommandLine, SendsWhatTheApiWants)
     for (const auto& [arguments, expected] : Table<std::vector<std::string>, const char*>{
              {{"rows", "/a?q=%20", "--from", "-1", "--to", "120", "--roles", "Title,Path"},
               "GET /api/v1/rows?path=%2Fa%3Fq%3D%2520&from=-1&to=120&roles=Title%2CPath"},
-             {{"data", "/a", "--roles", "Title"}, "GET /api/v1/data?path=%2Fa&roles=Title"},
              {{"set", "/a\"b"}, R"(POST /api/v1/set {"path":"/a\"b","value":1})"},
              {{"set", "/a", "9007199254740993"},
               R"(POST /api/v1/set {"path":"/a","value":9007199254740993})"},
              {{"set", "/a", "{\"x\": [null]}"},
               R"(POST /api/v1/set {"path":"/a","value":{"x": [null]}})"},
              {{"watch"}, "GET /api/v1/events?path=%2Ftidal"},
-             {{"tree"}, "GET /api/v1/rows?path=%2Ftidal&from=0&to=49"},
              {{"watch", "/a", "/b"}, "GET /api/v1/events?path=%2Fa&path=%2Fb"},
              {{"play", "123"}, R"(POST /api/v1/player/play {"path":"123"})"},
-             {{"next"}, "POST /api/v1/player/next {}"},
              {{"set", "/a", "-5"}, R"(POST /api/v1/set {"path":"/a","value":-5})"},
-             {{"seek", "1:30"}, R"(POST /api/v1/player/seek {"positionMs":90000})"},
              {{"seek", "1:02:03.5"}, R"(POST /api/v1/player/seek {"positionMs":3723500})"},
              {{"seek", "+1"}, R"(POST /api/v1/player/seek {"positionMs":21000})"},
              {{"seek", "-0:05"}, R"(POST /api/v1/player/seek {"positionMs":15000})"},
@@ -211,16 +196,12 @@ TEST(NodeCommands, PrintDataAndRepliesForPeople)
     EXPECT_EQ(streamer.run({"data", "/x"}).out,
               "N      7\nTitle  A\\nB\nValue  {\"k\":[true,null,5]}\n");
     for (const auto& [reply, expected] : Table<const char*, const char*>{
-             {R"({"reply":null})", "done\n"},
-             {R"({"reply":"\u0000\u0007\u007f\u009b\u202e\r"})",
-              "\\x00\\x07\\x7f\\x9b\\u202e\\r\n"},
-             {R"({"reply":{"a":1}})", "a  1\n"},
-             {R"({"reply":[1]})", "[1]\n"},
-             {R"({"reply":{"class":"KeloActionReply"}})", "done\n"},
-             {R"({"reply":{"class":"KeloActionReply","result":{"Title":"Bio",)"
-              R"("Description":"a\nb","Path":"/m"}}})",
+             {R"("\u0000\u007f\u009b\u202e\r")", "\\x00\\x7f\\x9b\\u202e\\r\n"},
+             {R"({"a":1})", "a  1\n"},
+             {R"({"class":"KeloActionReply"})", "done\n"},
+             {R"({"class":"KeloActionReply","result":{"Title":"Bio","Description":"a\nb"}})",
               "Bio\na\\nb\n"}}) {
-        streamer.answer("POST /api/v1/set", {200, reply});
+        streamer.answer("POST /api/v1/set", {200, R"({"reply":)" + std::string(reply) + "}"});
         EXPECT_EQ(streamer.run({"set", "/x"}).out, expected);
     }
 }

@@ -141,12 +141,6 @@ TEST_F(EditCommands, walkMenusAndFormsAndSendWhatAScreenWould)
           R"({"path":"/t/f/accept?of=create","value":1})"},
          playlists,
          {mine, row("Container", "as stored", "/t/x", R"(,"Id":"p9")")}},
-        {{"create", ""},
-         "created\n",
-         {R"({"path":"/t/f/title","value":""})", R"({"path":"/t/f/description","value":""})",
-          R"({"path":"/t/f/accept?of=create","value":1})"},
-         playlists,
-         {mine}},
         {{"rename", "p1", "12"},
          "renamed \"Mine\" to \"12\"\n",
          {R"({"path":"/t/f/title","value":"12"})", R"({"path":"/t/f/description","value":""})",
@@ -196,13 +190,6 @@ TEST_F(EditCommands, walkMenusAndFormsAndSendWhatAScreenWould)
     }
 }
 
-TEST_F(EditCommands, dryRunTellsInJsonToo)
-{
-    EXPECT_EQ(streamer.run({"playlist", "delete", "p1", "--dry-run", "--json"}).out,
-              R"({"wouldSend":[{"method":"set","path":"/t/pm/removeFromPlaylists?id=p1",)"
-              "\"value\":1}]}\n");
-}
-
 TEST_F(EditCommands, refuseBeforeAnythingIsSent)
 {
     streamer.answer("GET /api/v1/data?path=%2Fbusy",
@@ -215,7 +202,6 @@ TEST_F(EditCommands, refuseBeforeAnythingIsSent)
              {{"playlist", "add", "p1", second, "/busy"}, 1, "Not logged in"},
              {{"playlist", "add", "p1", "/t/none?a=1"}, 1, "no such node"},
              {{"playlist", "remove", "p1", "2"}, 1, "there is no row 2, the last one is 1"},
-             {{"favorite", "/t/req/nothing"}, 1, "no such node"},
              {{"menu", second, "--server", "http://127.0.0.1:1"}, 3, "no streamer reachable"}}) {
         const auto run = streamer.run(arguments);
         EXPECT_EQ(run.status, status) << message;
