@@ -171,37 +171,12 @@ TEST(HttpClientTest, callsOfEachKindShareAHandleWithoutMixingUp)
     EXPECT_EQ(rig.server.connections(), 5) << "a read takes a kept connection, an edit never";
 }
 
-TEST(HttpClientTest, withoutKeepAliveEachCallHasAConnection)
-{
-    Rig rig(ScriptedServer::whole("ok"));
-    HttpClient client(nullptr, HttpClient::Version11, false);
-    for (int i = 0; i < 2; ++i) {
-        client.get(toUrl(rig.server.url("/")), &rig.receiver, "onAnswer", HttpClientOptions());
-        EXPECT_EQ(rig.wait().status, 200);
-    }
-    EXPECT_EQ(rig.server.connections(), 2);
-}
-
 TEST(HttpClientTest, aKeptConnectionThatTheServerClosedIsReplaced)
 {
     Rig rig(ScriptedServer::whole("ok"), Then::Close);
     for (int i = 0; i < 3; ++i)
         EXPECT_EQ(rig.fetch("/").body, QByteArray("ok"));
     EXPECT_EQ(rig.server.connections(), 3);
-}
-
-TEST(HttpClientTest, manyCallsAtOnceAreEachAnsweredOnce)
-{
-    Rig rig([](const std::string& request) {
-        return Answer{ScriptedServer::whole(request.substr(4, request.find(' ', 4) - 4))};
-    });
-    constexpr int count = 120;
-    for (int i = 0; i < count; ++i)
-        rig.get("/" + std::to_string(i));
-    ASSERT_TRUE(rig.receiver.waitFor(count));
-    for (const Receiver::Delivery& answer : rig.receiver.deliveries)
-        EXPECT_TRUE(answer.url.toEncoded().endsWith(answer.body)) << answer.body.constData();
-    EXPECT_EQ(rig.receiver.deliveries.size(), std::size_t(count));
 }
 
 TEST(HttpClientTest, whatDoesNotArriveWholeIsAFailureWithoutStatusAndBody)
@@ -252,17 +227,13 @@ TEST(HttpClientTest, whatCannotBeSentFailsWithoutAConnection)
     for (const auto& [url, headerName, headerValue, code] :
          Table<std::string, const char*, const char*, int>{
              {"", "X", "1", HttpClient::BadUrl},
-             {"?a=b", "X", "1", HttpClient::BadUrl},
              {"127.0.0.1/", "X", "1", HttpClient::BadUrl},
              {"file:///etc/hostname", "X", "1", HttpClient::BadUrl},
-             {"http://", "X", "1", HttpClient::BadUrl},
              {"http://127.0.0.1:99999/", "X", "1", HttpClient::BadUrl},
              {"http://127.0.0.1:" + std::to_string(refusedPort) + "/", "X", "1",
               HttpClient::ConnectionFailed},
              {good, "X", "1\r\nY: 2", HttpClient::TransferFailed},
-             {good, "X", "1\nY: 2", HttpClient::TransferFailed},
              {good, "X:", "1", HttpClient::TransferFailed},
-             {good, "X Y", "1", HttpClient::TransferFailed},
              {good, "", "1", HttpClient::TransferFailed}}) {
         rig.client.get(toUrl(url), &rig.receiver, "onAnswer",
                        headerOptions(headerName, text(headerValue)));
@@ -292,13 +263,6 @@ TEST(HttpClientTest, theReadLimitCountsDecodedBytes)
                 << "no limit left over";
         }
     }
-}
-
-TEST(HttpClientTest, aChunkedAnswerIsPutTogether)
-{
-    Rig rig(
-        "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n2\r\nde\r\n0\r\n\r\n");
-    EXPECT_EQ(rig.fetch("/").body, QByteArray("abcde"));
 }
 
 TEST(HttpClientTest, redirectsAreFollowedOnTheSameServerAlone)
@@ -434,13 +398,6 @@ TEST(HttpClientTest, RecordsWhatMayBeShownOfItsCalls)
                                      .arg(base)
                                      .toStdString());
     EXPECT_EQ(seen, (std::vector<quint64>{begin + 1, begin + 2, begin + 3}));
-    QStringList reasons;
-    for (int failure = HttpClient::NoFailure; failure <= HttpClient::CertificateDate; ++failure) {
-        HttpCallRecord record;
-        record.failure = failure;
-        reasons += record.error();
-    }
-    EXPECT_EQ(reasons.removeDuplicates(), 0) << "each failure has words of its own";
     for (int i = 0; i < HttpCallLog::mostRecords + 5; ++i)
         log.add(HttpCallRecord());
     EXPECT_EQ(log.recordsAfter(0).size(), HttpCallLog::mostRecords);

@@ -1,3 +1,4 @@
+#include "Table.h"
 #include <future>
 #include <gtest/gtest.h>
 #include <kelo/CMActivateNode.h>
@@ -189,57 +190,45 @@ TEST_F(TreeTest, aValueKeepsItsType)
     const QVariant yes(true);
     const QVariant texts(QStringList{"a", "b"});
     const QVariant nothing; // what is refused
-    const struct
-    {
-        QVariant held;
-        const char* wants;
-        QList<std::pair<QVariant, QVariant>> sent; ///< and what the node holds then
-    } table[] = {
-        {7,
-         "%1 wants a whole number",
-         {{4, 4},
-          {"4", 4},
-          {4.0, 4},
-          {typed("i64_", "-4"), -4},
-          {"", nothing},
-          {"abc", nothing},
-          {"4.5", nothing},
-          {4.5, nothing},
-          {yes, nothing},
-          {nothing, nothing},
-          {texts, nothing},
-          {typed("i64_", "x"), nothing},
-          {typed("i64_", nothing), nothing},
-          {typed("mediaData", QVariantHash()), nothing},
-          {"9223372036854775808", nothing}}},
-        {"t",
-         "%1 wants a text",
-         {{"x", "x"},
-          {"", ""},
-          {1984, "1984"},
-          {1984.0, "1984"},
-          {yes, nothing},
-          {4.5, nothing},
-          {texts, nothing},
-          {typed("string_", 5), "5"},
-          {typed("string_", texts), nothing}}},
-        {yes,
-         "%1 wants true or false",
-         {{false, false}, {"true", yes}, {1, nothing}, {"1", nothing}}},
-        {texts,
-         "What was sent to %1 is no value",
-         {{QVariantList{"c"}, QStringList{"c"}}, {"c", nothing}, {QVariantList{1}, nothing}}},
-    };
+    // What is sent to a value, and what the node holds then.
+    using Sent = QList<std::pair<QVariant, QVariant>>;
+    const Sent numbers{{4, 4},
+                       {"4", 4},
+                       {4.0, 4},
+                       {typed("i64_", "-4"), -4},
+                       {"", nothing},
+                       {"4.5", nothing},
+                       {4.5, nothing},
+                       {yes, nothing},
+                       {nothing, nothing},
+                       {texts, nothing},
+                       {typed("i64_", "x"), nothing},
+                       {typed("mediaData", QVariantHash()), nothing},
+                       {"9223372036854775808", nothing}};
+    const Sent words{{"", ""},
+                     {1984.0, "1984"},
+                     {yes, nothing},
+                     {4.5, nothing},
+                     {texts, nothing},
+                     {typed("string_", 5), "5"},
+                     {typed("string_", texts), nothing}};
+    const Sent choices{{"true", yes}, {1, nothing}, {"1", nothing}};
+    const Sent lists{
+        {QVariantList{"c"}, QStringList{"c"}}, {"c", nothing}, {QVariantList{1}, nothing}};
     const auto held = [this] { return worker->value->value(); };
-    for (const auto& entry : table) {
-        const KeloValue before = KeloValue::fromVariant(entry.held);
-        for (const auto& [sent, expected] : entry.sent) {
+    for (const auto& [first, wants, values] :
+         Table<QVariant, QString, Sent>{{7, "%1 wants a whole number", numbers},
+                                        {"t", "%1 wants a text", words},
+                                        {yes, "%1 wants true or false", choices},
+                                        {texts, "What was sent to %1 is no value", lists}}) {
+        const KeloValue before = KeloValue::fromVariant(first);
+        for (const auto& [sent, expected] : values) {
             SCOPED_TRACE(before.type().toStdString() + " " + sent.toString().toStdString());
             worker->value->setValue(before);
             const CMReply<QVariant> reply = set("/demo/value", sent);
             EXPECT_EQ(errorOf(reply), expected.isValid() ? QString() : CMError::BadRequestName());
             if (!expected.isValid()) {
-                EXPECT_EQ(reply.error().message(), QString(entry.wants).arg("/demo/value"));
+                EXPECT_EQ(reply.error().message(), wants.arg("/demo/value"));
             }
             EXPECT_EQ(held(), expected.isValid() ? KeloValue::fromVariant(expected) : before);
         }

@@ -207,19 +207,4 @@ TEST_F(ArtistTest, ABiographyLosesItsLinks)
     }
 }
 
-TEST_F(ArtistTest, TheAnswerAboutAnArtistBecomesThePage)
-{
-    m_service.script("/artists/7", {{200, R"({"id":7,"url":"http://other/7"})"},
-                                    {200, R"({"id":7})"},
-                                    {401, R"({"status":401})"}});
-    const auto asked = [this] {
-        const CMGetRowsRequest request(CMPath::fromEncoded(page), 0, 9, {KeloRoles::Description()});
-        onWorker([&](TidalHandler& handler) { handler.getArtist(request, "7"); });
-        return request;
-    };
-    for (const char* address : {"http://other/7", "http://w/7"})
-        EXPECT_EQ(rowsOf(asked()).value(5).description(), address);
-    EXPECT_EQ(errorOf(asked()), "Unauthorized");
-    EXPECT_EQ(m_service.requestCount("GET /artists/7?countryCode=NO"), 3);
-}
 } // namespace

@@ -48,9 +48,8 @@ protected:
 TEST_F(FormTest, TitlesArriveWhole)
 {
     const QString id = newPlaylist("before");
-    for (const QString& title : {q("a&b=c"), q("100 % + 1"), q("\"quoted\" 'single'"),
-                                 q("two\nlines\r\n"), q("\U0001F389 \u0635\u0628\u0627\u062d"),
-                                 q("?#/;,:@"), q("%41%2B"), QString(500, QChar(0x00e5))}) {
+    for (const QString& title :
+         {q("100 % + 1&b=c?#/;,:@\r\n\"'%41%2B \U0001F389 \u0635"), QString(500, QChar(0x00e5))}) {
         SCOPED_TRACE(title.toStdString());
         fill(create, title, title + "!");
         EXPECT_EQ(errorOf(accept(create)), "");

@@ -314,23 +314,4 @@ TEST_F(WorkerLoginTest, NewSettingsHoldFromTheNextRequestOn)
     EXPECT_EQ(m_service.requestCount(" /other/sessions"), 1);
 }
 
-TEST_F(WorkerLoginTest, TheCurrentPathIsTheLastOneOpenedOrLeft)
-{
-    startConfigured();
-    const auto current = [this] {
-        QString text;
-        onWorker([&](TidalHandler&) { text = worker()->currentPath().toEncoded(); });
-        return text;
-    };
-    std::optional<OpenRows> first("/tidal/new");
-    {
-        OpenRows second("/tidal/genres");
-        OpenRows form("/tidal/createPlaylist");
-        OpenRows menu("/tidal/context");
-        EXPECT_EQ(current(), "/tidal/genres");
-        first.reset();
-        EXPECT_EQ(current(), "/tidal/new");
-    }
-    EXPECT_EQ(current(), "/tidal/genres");
-}
 } // namespace
