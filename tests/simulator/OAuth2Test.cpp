@@ -80,10 +80,6 @@ TEST_F(SimOAuth2, RefusalsHaveTheirNames)
     EXPECT_EQ(error(refresh("foreign")), "invalid_grant");
     ASSERT_EQ(addFault("device-code expires=0"), "");
     EXPECT_EQ(error(poll(deviceCode())), "expired_token");
-    ASSERT_EQ(addFault("oauth-code error=invalid_scope count=1"), "");
-    EXPECT_EQ(error(post("/device_authorization", client)), "invalid_scope");
-    ASSERT_EQ(addFault("oauth error=slow_down count=1"), "");
-    EXPECT_EQ(error(refresh("any")), "slow_down");
 }
 
 TEST_F(SimOAuth2, ThePageTakesOneAnswerAndShowsNoForeignMarkup)

@@ -289,35 +289,6 @@ TEST(StatusCommand, ShowsWhatPlays)
               "'/t?id=1'\n");
 }
 
-TEST(StatusCommand, NamesTheArtistOnceAndKeepsThePositionWhole)
-{
-    ScriptedStreamer streamer;
-    const std::string begin = "playing  ";
-
-    for (const auto& [title, artist, width, block, play, pause] :
-         Table<const char*, const char*, int, const char*, const char*, const char*>{
-             {"Song - Ann", "Bo, Ann", 80, "Song\n  Bo, Ann · Album\n", "Song - Bo, Ann (Album)",
-              "Song - Bo, Ann (Album)  0:01 / 2:10"},
-             {"Annie", "Ann", 80, "Annie\n", "Annie - Ann", "Annie - Ann (Album)  0:01"},
-             {" - Ann", "Ann", 80, " - Ann\n", " - Ann - Ann", " - Ann - Ann"},
-             {"A song of some length - Ann", "Ann", 40, "A song of some length\n",
-              "A song of some length - …  HIGH\n", "A song of s…  0:01 / 2:10  HIGH\n"}}) {
-        const std::string player =
-            std::string(
-                R"({"state":"playing","album":"Album","positionMs":1000,"durationMs":130000,
-                    "quality":{"delivered":"HIGH"},)") +
-            R"("title":")" + title + R"(","artist":")" + artist + "\"}";
-        for (const char* call :
-             {"GET /api/v1/player", "POST /api/v1/player/play", "POST /api/v1/player/pause"})
-            streamer.answer(call, {200, player});
-        const cli::Terminal::Properties terminal{width, false, false};
-        EXPECT_THAT(streamer.run({"status"}, terminal).out, StartsWith(begin + block));
-        EXPECT_THAT(streamer.run({"pause"}, terminal).out, StartsWith(begin + pause));
-        const std::string played = streamer.run({"play", "1"}, terminal).out;
-        EXPECT_THAT(played, testing::AllOf(StartsWith(begin + play), Not(HasSubstr("0:0"))));
-    }
-}
-
 TEST(ServeCommand, HandsOptionsAndSettingsOver)
 {
     QTemporaryDir folder;

@@ -155,15 +155,4 @@ TEST(LoginCommand, ShowsAddressCodeAndQrCodeAndSaysWhenItExpires)
     EXPECT_THAT(run.out, HasSubstr("waiting, 0:00 left"));
 }
 
-TEST(LoginCommand, JsonKeepsStdoutForTheFinalAnswer)
-{
-    ScriptedStreamer streamer;
-    streamer.answer("POST /api/v1/login",
-                    {200, R"({"loggedIn":false,"pending":{"userCode":"ABCDE"}})"});
-    streamer.answer("GET /api/v1/login", {200, R"({"loggedIn":true})"});
-    const auto run = streamer.run({"login", "--json"});
-    EXPECT_EQ(run.out, "{\"loggedIn\":true}\n");
-    EXPECT_THAT(run.err, HasSubstr("ABCDE"));
-}
-
 } // namespace

@@ -1,6 +1,5 @@
 #include "../FakeClock.h"
 #include "AudioOutput.h"
-#include "FlacHeader.h"
 #include "SimStreams.h"
 #include <condition_variable>
 #include <gtest/gtest.h>
@@ -190,31 +189,6 @@ TEST_F(OutputTest, GStreamerStartsAtAPositionPausesAndSeeks)
     waitFor("finished");
 }
 
-TEST_F(OutputTest, GStreamerStopsWhileAStreamWaitsForTheNext)
-{
-    ASSERT_TRUE(sim.isStarted());
-    std::mutex askedMutex;
-    std::condition_variable asked;
-    bool isAsked = false;
-    thread.start([&] {
-        output = AudioOutput::create("fakesink sync=false", time, &problem);
-        AudioOutput::Events events;
-        events.started = [] {};
-        events.aboutToFinish = [&] { // leaves the question open
-            std::lock_guard<std::mutex> lock(askedMutex);
-            isAsked = true;
-            asked.notify_all();
-        };
-        output->setEvents(events);
-    });
-    open(sim.address(0));
-    std::unique_lock<std::mutex> lock(askedMutex);
-    ASSERT_TRUE(asked.wait_for(lock, std::chrono::seconds(20), [&] { return isAsked; }));
-    const auto before = std::chrono::steady_clock::now();
-    on([this] { output->stop(); });
-    EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(4));
-}
-
 TEST_F(OutputTest, ASinkThatIsNoneIsRefusedWithASentence)
 {
     QString error;
@@ -222,17 +196,4 @@ TEST_F(OutputTest, ASinkThatIsNoneIsRefusedWithASentence)
     EXPECT_TRUE(error.contains("nosuchsink"));
 }
 
-TEST(FlacHeaderTest, ReadsTheLengthAndNothingFromOtherData)
-{
-    QByteArray head = QByteArray::fromHex("664c614300000022" // marker, block STREAMINFO of 34 bytes
-                                          "10001000000000000000"
-                                          "0ac442f0000d7ac0"); // 44100 Hz, 883392 samples
-    head.append(QByteArray(16, '\0'));
-    EXPECT_EQ(flacDurationMs(head), 20031);
-    EXPECT_EQ(flacDurationMs(head.left(41)), 0);
-    EXPECT_EQ(flacDurationMs(QByteArray(64, '\0')), 0);
-    QByteArray noRate = head;
-    noRate.replace(18, 3, QByteArray(3, '\0'));
-    EXPECT_EQ(flacDurationMs(noRate), 0);
-}
 } // namespace
