@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 #include <kelo/KeloJson.h>
 #include <limits>
-#include <thread>
-#include <vector>
 
 namespace {
 QByteArray nested(int depth)
@@ -96,31 +94,15 @@ TEST(KeloJsonTest, theFirstOfEqualKeysCountsAndKeysMayHoldAnything)
     EXPECT_EQ(keys, std::string("a#,a#,#,\0b#,\xc3\xa5*,z#,", 19));
 }
 
-TEST(KeloJsonTest, valuesOutliveTheTextAndAreReadOnManyThreads)
+TEST(KeloJsonTest, valuesOutliveTheTextAndTheDocument)
 {
-    KeloJson list;
+    KeloJson name;
     {
-        QByteArray text = "[";
-        for (int i = 0; i < 500; ++i)
-            text += "{\"id\":" + QByteArray::number(i) + ",\"name\":\"n\\n" +
-                    QByteArray::number(i) + "\"},";
-        text.chop(1);
-        list = KeloJson::parse(text + ']');
+        QByteArray text = "[{\"id\":1,\"name\":\"n\\n1\"},{\"id\":2,\"name\":\"n\\n2\"}]";
+        const KeloJson list = KeloJson::parse(text);
+        list.forEach([&](const KeloJson& item) { name = item.value("name"); });
         text.fill('x');
     }
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 4; ++i) {
-        threads.emplace_back([copy = list] {
-            qint64 sum = 0;
-            copy.forEach([&](const KeloJson& item) {
-                sum += item.value("id").toInt64();
-                EXPECT_EQ(item.value("name").toUtf8().substr(0, 2), "n\n");
-            });
-            EXPECT_EQ(sum, 499 * 500 / 2);
-            EXPECT_EQ(KeloJson::parse("{\"own\":1}").value("own").toInt64(), 1);
-        });
-    }
-    list = KeloJson();
-    for (std::thread& thread : threads)
-        thread.join();
+    KeloJson::parse("{\"own\":1}");
+    EXPECT_EQ(name.toUtf8(), "n\n2");
 }

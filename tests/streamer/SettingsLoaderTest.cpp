@@ -45,42 +45,10 @@ protected:
 
 TEST_F(SettingsLoaderTest, ReadsEveryKeyBackFromAFileThatSetsThemAll)
 {
-    const QByteArray content = R"([server]
-listen = "[::1]:0"
-host_names = ["music.lan", "kelo.example"]
-web_dir = "/page"
-[log]
-level = "trace"
-file = "/tmp/kelo.log"
-[deadlines]
-rows_s = 0.25
-data_s = 3
-set_s = 4.5
-[player]
-output = "null"
-mpris = false
-[tidal]
-api_url = "http://127.0.0.1:9000/v1/"
-country_code = "DE"
-image_url = "http://127.0.0.1:9000/images"
-image_size = "1x2"
-image_size_artist = "3x4"
-image_size_playlist = "5x6"
-image_size_genre = "7x8"
-image_size_mood = "9x10"
-max_idle_time_ms = 0
-sound_quality = "HI_RES"
-use_post_paywall = false
-[tidal.oauth2]
-device_code_url = "http://127.0.0.1:9000/d"
-authorization_url = "http://127.0.0.1:9000/a"
-token_url = "http://127.0.0.1:9000/t"
-client_id = "id"
-client_secret = "hush"
-client_secret_file = ""
-scope = "r_usr"
-)";
-    const QString file = write("all.toml", content);
+    const QString file = KELO_EVERY_SETTING;
+    QFile sample(file);
+    ASSERT_TRUE(sample.open(QIODevice::ReadOnly));
+    const QByteArray content = sample.readAll();
     const LoadedSettings loaded = load(file);
     ASSERT_EQ(loaded.problems, QStringList());
     for (const SettingsKey& key : settingsKeys()) {

@@ -72,37 +72,6 @@ journey("searches while typing, and finds an artist's album", {}, async (person)
   await person.heading("The Northern Harbours");
 });
 
-journey("a menu by mouse and by keys", {}, async (person) => {
-  const { page, dialog } = person;
-  await person.visit("/tidal/req/featured/new/tracks");
-  const [title] = await person.titles("Just In");
-  const track = person.row(title).getByRole("button").first();
-  const opened = async (how) => {
-    await page.getByRole("dialog", { name: title }).getByRole("menuitem", { name: "Add to playlist" }).waitFor();
-    await person.until(async () => (await person.focused()) === "Play", `the first entry has the focus after ${how}`);
-    await page.keyboard.press("Escape");
-    await person.noDialog();
-  };
-  await track.click({ button: "right" });
-  await opened("a right click");
-  for (const key of ["Shift+F10", "ContextMenu", "m"]) {
-    await track.focus();
-    await page.keyboard.press(key);
-    await opened(key);
-    assert.ok((await person.focused()).startsWith(title), `the focus comes back after ${key}`);
-  }
-  await page.keyboard.press("ArrowRight");
-  assert.equal(await person.focused(), `Menu of ${title}`);
-  await page.keyboard.press("Enter");
-  await opened("the button");
-  // Two pages deep, Escape leads back one at a time.
-  await page.keyboard.press("Enter");
-  await person.choose("Add to playlist");
-  await dialog.getByRole("menuitem", { name: "Create playlist" }).waitFor();
-  await page.keyboard.press("Escape");
-  await dialog.getByRole("menuitem", { name: "Add to favorites" }).waitFor();
-});
-
 journey("what cannot be played says so and is passed over", {}, async (person) => {
   const { page, streamer } = person;
   await person.visit("/tidal/req/featured/new/albums");

@@ -5,85 +5,57 @@
 
 namespace {
 
-/// A login: what the service answers, in order, and everything that is seen of it.
-struct Case
-{
-    const char* name;
-    std::vector<TokenReply> answers;
-    QStringList log;
-};
-
-void PrintTo(const Case& row, std::ostream* out)
-{
-    *out << row.name;
-}
-
 const TokenReply code{200, deviceAnswer};
 const TokenReply pendingAnswer{400, R"({"error":"authorization_pending"})"};
 const TokenReply slowDown{400, R"({"error":"slow_down"})"};
 const TokenReply tokens{200, tokenAnswer};
 const QString codeShown = "logged out, code QWERT at https://link.example.invalid";
 
-class DeviceLoginTest : public testing::TestWithParam<Case>
-{
-};
-
 } // namespace
 
-TEST_P(DeviceLoginTest, AsksAtTheRightTimesAndEndsAsTheServiceSays)
+TEST(DeviceLoginTest, AsksAtTheRightTimesAndEndsAsTheServiceSays)
 {
-    LoginWorld world;
-    world.log.clear();
-    world.send(QString());
-    for (const TokenReply& answer : GetParam().answers) {
-        while (world.endpoint.posts.empty())
-            ASSERT_TRUE(world.clock.step());
-        world.answer(answer);
+    for (const auto& [answers, log] : Table<std::vector<TokenReply>, QStringList>{
+             {{code, pendingAnswer, tokens},
+              {"0 s: code", codeShown, "2 s: poll", "4 s: poll", "token A1", "logged in"}},
+             {{{200, R"({"device_code":"D","user_code":"U","verification_uri":"http://here",)"
+                     R"("expires_in":60})"},
+               tokens},
+              {"0 s: code", "logged out, code U at http://here", "5 s: poll", "token A1",
+               "logged in"}},
+             {{code, slowDown, pendingAnswer, slowDown, tokens},
+              {"0 s: code", codeShown, "2 s: poll", "9 s: poll", "16 s: poll", "28 s: poll",
+               "token A1", "logged in"}},
+             {{code, {0, ""}, {503, "<html>"}, {0, ""}, {500, ""}, pendingAnswer, tokens},
+              {"0 s: code", codeShown, "2 s: poll", "6 s: poll", "14 s: poll", "30 s: poll",
+               "60 s: poll", "62 s: poll", "token A1", "logged in"}},
+             {{{200, R"({"deviceCode":"D","userCode":"U","verificationUri":"v","expiresIn":5,)"
+                     R"("interval":3})"},
+               pendingAnswer},
+              {"0 s: code", "logged out, code U at https://v", "3 s: poll",
+               "logged out: The code has expired. Start the login again. [expired]"}},
+             {{{200, R"({"deviceCode":"D","userCode":"U","verificationUri":"v","expiresIn":6})"},
+               {0, "", HttpClient::ConnectionFailed}},
+              {"0 s: code", "logged out, code U at https://v", "5 s: poll",
+               "logged out: The code has expired: the login service is not reached. [network]"}},
+             {{code, {400, R"({"error":"access_denied"})"}},
+              {"0 s: code", codeShown, "2 s: poll", "logged out: The login was refused. [denied]"}},
+             {{code, {401, R"({"error":"invalid_client","error_description":"who?"})"}},
+              {"0 s: code", codeShown, "2 s: poll",
+               "logged out: The login failed: invalid_client, who?. [client]"}}}) {
+        LoginWorld world;
+        world.log.clear();
+        world.send(QString());
+        for (const TokenReply& answer : answers) {
+            while (world.endpoint.posts.empty())
+                ASSERT_TRUE(world.clock.step());
+            world.answer(answer);
+        }
+        while (world.endpoint.posts.empty() && !world.state().loggedIn() && world.clock.step()) {
+        }
+        EXPECT_EQ(world.log.join('\n').toStdString(), log.join('\n').toStdString());
     }
-    while (world.endpoint.posts.empty() && !world.state().loggedIn() && world.clock.step()) {
-    }
-    EXPECT_EQ(world.log.join('\n').toStdString(), GetParam().log.join('\n').toStdString());
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Flows, DeviceLoginTest,
-    testing::Values(
-        Case{"approved",
-             {code, pendingAnswer, tokens},
-             {"0 s: code", codeShown, "2 s: poll", "4 s: poll", "token A1", "logged in"}},
-        Case{"standard spelling, usual interval, plain http kept",
-             {{200, R"({"device_code":"D","user_code":"U","verification_uri":"http://here",)"
-                    R"("expires_in":60})"},
-              tokens},
-             {"0 s: code", "logged out, code U at http://here", "5 s: poll", "token A1",
-              "logged in"}},
-        Case{"slow_down adds five seconds for good",
-             {code, slowDown, pendingAnswer, slowDown, tokens},
-             {"0 s: code", codeShown, "2 s: poll", "9 s: poll", "16 s: poll", "28 s: poll",
-              "token A1", "logged in"}},
-        Case{"no answer doubles the pause, up to 30 s",
-             {code, {0, ""}, {503, "<html>"}, {0, ""}, {500, ""}, pendingAnswer, tokens},
-             {"0 s: code", codeShown, "2 s: poll", "6 s: poll", "14 s: poll", "30 s: poll",
-              "60 s: poll", "62 s: poll", "token A1", "logged in"}},
-        Case{"expired by the clock",
-             {{200, R"({"deviceCode":"D","userCode":"U","verificationUri":"v","expiresIn":5,)"
-                    R"("interval":3})"},
-              pendingAnswer},
-             {"0 s: code", "logged out, code U at https://v", "3 s: poll",
-              "logged out: The code has expired. Start the login again. [expired]"}},
-        Case{"expired while the service is not reached",
-             {{200, R"({"deviceCode":"D","userCode":"U","verificationUri":"v","expiresIn":6})"},
-              {0, "", HttpClient::ConnectionFailed}},
-             {"0 s: code", "logged out, code U at https://v", "5 s: poll",
-              "logged out: The code has expired: the login service is not reached. [network]"}},
-        Case{"refused by the user",
-             {code, {400, R"({"error":"access_denied"})"}},
-             {"0 s: code", codeShown, "2 s: poll", "logged out: The login was refused. [denied]"}},
-        Case{"unknown client",
-             {code, {401, R"({"error":"invalid_client","error_description":"who?"})"}},
-             {"0 s: code", codeShown, "2 s: poll",
-              "logged out: The login failed: invalid_client, who?. [client]"}}),
-    [](const auto& info) { return "Case" + std::to_string(info.index); });
 
 TEST(DeviceLoginReasonTest, SaysWhyThereIsNoCode)
 {
