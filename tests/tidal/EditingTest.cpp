@@ -186,6 +186,11 @@ TEST_F(EditingTest, MovesATrackAndReloadsTheListThatWasOpen)
     setLoggedIn(false);
     settle();
     onWorker([&](TidalHandler&) { EXPECT_TRUE(worker()->playlistPath().isEmpty()); });
+    // Genres and moods stay; they are not asked for again.
+    setLoggedIn(true, QString::fromStdString(m_sim.issueToken()));
+    EXPECT_TRUE(m_sim.waitForRequests("/featured", 2, 20000));
+    wait(askRows(list));
+    EXPECT_EQ(requestLog().count("GET /genres"), 1);
 }
 
 TEST_F(EditingTest, BeginsAgainUntilTheTagHolds)
