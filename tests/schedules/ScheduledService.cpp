@@ -170,30 +170,17 @@ bool ScheduledService::isReportOwed() const
     return m_owed.count(m_lastToken) > 0;
 }
 
-ScheduledService::Request ScheduledService::pickHeld(unsigned pick)
+void ScheduledService::release(unsigned pick, bool isDropped)
 {
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (m_held.empty())
-        return {};
+        return;
     const auto found = std::next(m_held.begin(), pick % m_held.size());
-    const Request request = found->second;
+    Request request = found->second;
     m_held.erase(found);
-    return request;
-}
-
-void ScheduledService::release(unsigned pick)
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    const Request request = pickHeld(pick);
-    if (request.fd >= 0)
-        answer(request);
-}
-
-void ScheduledService::drop(unsigned pick)
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    const Request request = pickHeld(pick);
-    if (request.fd >= 0)
-        ::shutdown(request.fd, SHUT_RDWR);
+    if (isDropped)
+        request.fate = Dropped;
+    answer(request);
 }
 
 int ScheduledService::heldCount() const

@@ -55,9 +55,8 @@ public:
     /// Whether the module has been refused the latest token and has not said so.
     bool isReportOwed() const;
 
-    /// Answers, or drops, one of the held requests, any for a pick.
-    void release(unsigned pick);
-    void drop(unsigned pick);
+    /// Answers one of the held requests, any for a pick, or closes its connection.
+    void release(unsigned pick, bool isDropped = false);
     int heldCount() const;
 
     /// Counts what happens: requests that come, connections that end, and what others say.
@@ -71,6 +70,7 @@ public:
     void setWrong(const std::string& text);
 
 private:
+    /// The mutex is held.
     std::string makeToken(int account);
     /// What the answer is to be.
     enum Fate { Good, Dropped, Refused, Failed, FailedBare, OtherId, Broken, StaleTag };
@@ -97,7 +97,6 @@ private:
     Answer refusal(const Request& request);
     static std::string goodBody(const Request& request);
     static std::string listBody(const Request& request, const std::string& owner);
-    Request pickHeld(unsigned pick);
 
     int m_listener = -1;
     int m_wake = -1;

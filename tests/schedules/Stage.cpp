@@ -168,7 +168,7 @@ void Stage::play(const Step& step)
         m_service.release(unsigned(step.what));
         break;
     case Step::Drop:
-        m_service.drop(unsigned(step.what));
+        m_service.release(unsigned(step.what), true);
         break;
     case Step::Login:
         login(step.who);

@@ -61,7 +61,7 @@ private:
     ScheduledService m_service;
     std::mutex m_giving;
     std::array<KeloLoopThread, Schedule::mostClients> m_clients;
-    std::set<int> m_busyClients; ///< that may not have asked for everything yet
+    std::set<int> m_busyClients;      ///< that may not have asked for everything yet
     std::vector<int> m_logins;        ///< accounts, in the order of their logins
     std::atomic<int> m_loginBegun{0}; ///< logins of which something has been published
     std::atomic<int> m_loginDone{0};  ///< logins that have been published whole

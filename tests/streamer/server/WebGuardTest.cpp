@@ -42,48 +42,39 @@ TEST(WebGuardTest, ForeignHostsAndOriginsAreRefusedByEveryCallOnEveryBind)
 {
     for (const char* bind : {"127.0.0.1", "0.0.0.0"}) {
         WebWorld world({QString::fromLatin1(bind), 0, {}, {"Music.lan"}});
-        const std::string own = "127.0.0.1:" + std::to_string(world.server.port());
+        const std::string address = "127.0.0.1:" + std::to_string(world.server.port());
         const std::string token =
             world.get("/api/v1/session").json["token"].toString().toStdString();
         ASSERT_EQ(token.size(), 64u);
         ASSERT_GT(calls(world, false).size(), 25u);
-        // get: of what changes nothing; 403: of every call
-        // post: of what changes something
-        for (const auto& [name, headers, get, post] :
-             Table<const char*, httplib::Headers, int, int>{
-                 {"a script", {}, 200, 200},
-                 {"localhost", {{"Host", "localhost:8095"}}, 200, 200},
-                 {"IPv6", {{"Host", "[::1]:8095"}}, 200, 200},
-                 {"upper case and dot", {{"Host", "LOCALHOST."}}, 200, 200},
-                 {"a name of the settings", {{"Host", "music.lan:8095"}}, 200, 200},
-                 {"a rebound name", {{"Host", "evil.example"}}, 403, 403},
-                 {"a name that begins well", {{"Host", "localhost.evil.example"}}, 403, 403},
-                 {"two hosts", {{"Host", "localhost"}, {"Host", "evil.example"}}, 403, 403},
-                 {"an empty host", {{"Host", ""}}, 403, 403},
-                 {"own page", {{"Origin", "http://" + own}}, 200, 403},
-                 {"own page with token",
-                  {{"Origin", "http://" + own}, {"X-Kelo-Session", token}},
+        // What calls that change nothing are answered with, then those that change something; where
+        // the first is 403, every call.
+        const httplib::Headers::value_type own{"Origin", "http://" + address};
+        const httplib::Headers::value_type session{"X-Kelo-Session", token};
+        for (const auto& [get, post, name, headers] :
+             Table<int, int, const char*, httplib::Headers>{
+                 {200, 200, "a script", {}},
+                 {200, 200, "localhost", {{"Host", "localhost:8095"}}},
+                 {200, 200, "IPv6", {{"Host", "[::1]:8095"}}},
+                 {200, 200, "upper case and dot", {{"Host", "LOCALHOST."}}},
+                 {200, 200, "a name of the settings", {{"Host", "music.lan:8095"}}},
+                 {403, 403, "a rebound name", {{"Host", "evil.example"}}},
+                 {403, 403, "a name that begins well", {{"Host", "localhost.evil.example"}}},
+                 {403, 403, "two hosts", {{"Host", "localhost"}, {"Host", "evil.example"}}},
+                 {403, 403, "an empty host", {{"Host", ""}}},
+                 {200, 403, "own page", {own}},
+                 {200, 200, "own page with token", {own, session}},
+                 {200,
                   200,
-                  200},
-                 {"own page behind a proxy",
-                  {{"Host", "music.lan"},
-                   {"Origin", "https://music.lan"},
-                   {"X-Kelo-Session", token}},
-                  200,
-                  200},
-                 {"own page, old token",
-                  {{"Origin", "http://" + own}, {"X-Kelo-Session", "old"}},
-                  200,
-                  403},
-                 {"another port's page",
-                  {{"Origin", "http://127.0.0.1:1"}, {"X-Kelo-Session", token}},
-                  403,
-                  403},
-                 {"a foreign page", {{"Origin", "http://evil.example"}}, 403, 403},
-                 {"a sandboxed page", {{"Origin", "null"}}, 403, 403},
-                 {"an image of a foreign page", {{"Sec-Fetch-Site", "cross-site"}}, 403, 403},
-                 {"a page of a neighbour", {{"Sec-Fetch-Site", "same-site"}}, 403, 403},
-                 {"typed by the user", {{"Sec-Fetch-Site", "none"}}, 200, 200}}) {
+                  "own page behind a proxy",
+                  {{"Host", "music.lan"}, {"Origin", "https://music.lan"}, session}},
+                 {200, 403, "own page, old token", {own, {"X-Kelo-Session", "old"}}},
+                 {403, 403, "another port's page", {{"Origin", "http://127.0.0.1:1"}, session}},
+                 {403, 403, "a foreign page", {{"Origin", "http://evil.example"}}},
+                 {403, 403, "a sandboxed page", {{"Origin", "null"}}},
+                 {403, 403, "an image of a foreign page", {{"Sec-Fetch-Site", "cross-site"}}},
+                 {403, 403, "a page of a neighbour", {{"Sec-Fetch-Site", "same-site"}}},
+                 {200, 200, "typed by the user", {{"Sec-Fetch-Site", "none"}}}}) {
             EXPECT_EQ(world.get("/api/v1/login", headers).status, get) << name;
             EXPECT_EQ(world.post("/api/v1/login", "", headers).status, post) << name;
             if (post == 403) {
