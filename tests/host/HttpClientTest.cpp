@@ -171,14 +171,6 @@ TEST(HttpClientTest, callsOfEachKindShareAHandleWithoutMixingUp)
     EXPECT_EQ(rig.server.connections(), 5) << "a read takes a kept connection, an edit never";
 }
 
-TEST(HttpClientTest, aKeptConnectionThatTheServerClosedIsReplaced)
-{
-    Rig rig(ScriptedServer::whole("ok"), Then::Close);
-    for (int i = 0; i < 3; ++i)
-        EXPECT_EQ(rig.fetch("/").body, QByteArray("ok"));
-    EXPECT_EQ(rig.server.connections(), 3);
-}
-
 TEST(HttpClientTest, whatDoesNotArriveWholeIsAFailureWithoutStatusAndBody)
 {
     for (const auto& [name, bytes, then, code] : Table<const char*, std::string, Then, int>{

@@ -124,13 +124,10 @@ TEST_F(TreeTest, everyRequestIsAnsweredAlsoWhereNobodyStands)
     }
     rows("/demo/list", 5, 2);
     EXPECT_EQ(lastError.name(), CMError::BadRequestName());
-    rows("/demo/list", -3, 2);
-    EXPECT_EQ(lastError.name(), CMError::BadRequestName());
     rows("/demo/value");
     EXPECT_EQ(lastError.name(), QStringLiteral("Refused"));
     EXPECT_EQ(errorOf(set("/demo/nothing", 1)), QStringLiteral("NotAvailable"));
     EXPECT_EQ(errorOf(set("/demo/hold", 1)), QStringLiteral("Refused"));
-    EXPECT_EQ(errorOf(set("/demo/list", 1)), QStringLiteral("Refused"));
     EXPECT_EQ(CMRoot().pendingRequests(), 0) << "each was answered on this thread";
 }
 
