@@ -33,8 +33,25 @@ struct KELO_EXPORT KeloTidalRequestType
     };
 };
 
+/// Base of the enumerations that count from zero and whose values have texts: words() of `Derived`
+/// has these in the order of the values.
+template <class Derived>
+struct KeloTidalWords
+{
+    /// The text; the first one for a number that is none of the values.
+    static QString toString(int value)
+    {
+        return Derived::words().value(value, Derived::words().first());
+    }
+    /// The value of a text; the first one for a text that is none of the words.
+    static auto fromString(const QString& text)
+    {
+        return typename Derived::Enum(qMax(0, Derived::words().indexOf(text)));
+    }
+};
+
 /// By what a list is ordered. The texts in upper case are the service's words.
-struct KELO_EXPORT KeloTidalOrder
+struct KELO_EXPORT KeloTidalOrder : KeloTidalWords<KeloTidalOrder>
 {
     enum Enum { Name_ = 0, Date_, Artist_, Album_, Length_, Index_, ReleaseDate_ };
     KELO_NAME(Name, "Name")
@@ -44,31 +61,29 @@ struct KELO_EXPORT KeloTidalOrder
     KELO_NAME(Length, "Length")
     KELO_NAME(Index, "Index")
     KELO_NAME(ReleaseDate, "Release_Date")
-    /// The text; that of Name for a number that is none.
-    static QString toString(Enum value);
-    /// The value of a text; Name_ for a text that is none.
-    static Enum fromString(const QString& text);
+    static QStringList words()
+    {
+        return {Name(), Date(), Artist(), Album(), Length(), Index(), ReleaseDate()};
+    }
 };
 
 /// In which direction a list is ordered.
-struct KELO_EXPORT KeloTidalOrderDirection
+struct KELO_EXPORT KeloTidalOrderDirection : KeloTidalWords<KeloTidalOrderDirection>
 {
     enum Enum { Asc_ = 0, Desc_ };
     KELO_NAME(Asc, "Asc")
     KELO_NAME(Desc, "Desc")
-    static QString toString(Enum value);
-    static Enum fromString(const QString& text);
+    static QStringList words() { return {Asc(), Desc()}; }
 };
 
 /// Which playlists a list shows.
-struct KELO_EXPORT KeloTidalFilter
+struct KELO_EXPORT KeloTidalFilter : KeloTidalWords<KeloTidalFilter>
 {
     enum Enum { All_ = 0, Public_, Private_ };
     KELO_NAME(All, "All")
     KELO_NAME(Public, "Public")
     KELO_NAME(Private, "Private")
-    static QString toString(Enum value);
-    static Enum fromString(const QString& text);
+    static QStringList words() { return {All(), Public(), Private()}; }
 };
 
 /// Which part of a browse setting a choice changes, and the path component of each.
@@ -80,20 +95,15 @@ struct KELO_EXPORT KeloTidalOrderingType
     KELO_NAME(Filter, "filter")
 };
 
-/// Sound qualities from lowest to highest.
-struct KELO_EXPORT KeloTidalSoundQualities
+/// Sound qualities from lowest to highest, and the service's words for them.
+struct KELO_EXPORT KeloTidalSoundQualities : KeloTidalWords<KeloTidalSoundQualities>
 {
     enum Enum { LOW_ = 0, HIGH_ = 1, LOSSLESS_ = 2, HI_RES_ = 3 };
     KELO_NAME(Low, "LOW")
     KELO_NAME(High, "HIGH")
     KELO_NAME(Lossless, "LOSSLESS")
     KELO_NAME(HiRes, "HI_RES")
-    /// The service's word; that of the lowest for a number that is none.
-    static QString toString(Enum value);
-    /// The value of a word; the lowest for a text that is none.
-    static Enum fromString(const QString& text);
-    /// The words by their numbers.
-    static QStringList words();
+    static QStringList words() { return {Low(), High(), Lossless(), HiRes()}; }
 };
 
 /// A sound quality as a record.
