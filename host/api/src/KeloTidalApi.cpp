@@ -1,21 +1,5 @@
 #include "KeloTidalApi.h"
-
-namespace {
-/// Views of the objects in an array; elements of another type are left out.
-template <class View>
-std::vector<View> objects(const KeloJson& array)
-{
-    std::vector<View> result;
-    if (!array.isArray())
-        return result;
-    result.reserve(std::size_t(array.size()));
-    array.forEach([&](const KeloJson& element) {
-        if (element.isObject())
-            result.emplace_back(element);
-    });
-    return result;
-}
-} // namespace
+#include <algorithm>
 
 bool KeloTidalApiObject::contains(const QString& key) const
 {
@@ -29,49 +13,24 @@ QString KeloTidalApiObject::idText() const
     return id.isInteger() ? QString::number(id.toInt64()) : QString();
 }
 
-KeloHash KeloTidalApiObject::toHash() const
-{
-    return KeloHash(m_json.toVariant().toHash());
-}
-
 KeloTidalApiErrorResponse::KeloTidalApiErrorResponse(const KeloJson& json)
     : KeloHash(json.isObject() ? json.toVariant().toHash() : QVariantHash())
 {
 }
 
-KeloTidalApiArtist KeloTidalApiAlbumResponse::artist() const
+std::vector<KeloJson> KeloTidalApiPage::entries() const
 {
-    return KeloTidalApiArtist(json().value("artist"));
-}
-
-std::vector<KeloTidalApiArtist> KeloTidalApiAlbumResponse::artists() const
-{
-    return objects<KeloTidalApiArtist>(json().value("artists"));
-}
-
-KeloTidalApiArtist KeloTidalApiTrackResponse::artist() const
-{
-    return KeloTidalApiArtist(json().value("artist"));
-}
-
-std::vector<KeloTidalApiArtist> KeloTidalApiTrackResponse::artists() const
-{
-    return objects<KeloTidalApiArtist>(json().value("artists"));
-}
-
-KeloTidalApiAlbum KeloTidalApiTrackResponse::album() const
-{
-    return KeloTidalApiAlbum(json().value("album"));
-}
-
-std::vector<KeloTidalApiArtist> KeloTidalApiPlaylistResponse::promotedArtists() const
-{
-    return objects<KeloTidalApiArtist>(json().value("promotedArtists"));
-}
-
-std::vector<KeloTidalApiContentRoots> KeloTidalApiContentRootsResponse::root() const
-{
-    return objects<KeloTidalApiContentRoots>(m_root);
+    std::vector<KeloJson> result;
+    const KeloJson items = json().value("items");
+    result.reserve(std::size_t(items.size()));
+    items.forEach([&](const KeloJson& element) { result.push_back(element); });
+    const auto first = std::find_if(result.cbegin(), result.cend(),
+                                    [](const KeloJson& element) { return element.isObject(); });
+    if (first != result.cend() && first->contains("item")) {
+        for (KeloJson& entry : result)
+            entry = entry.value("item");
+    }
+    return result;
 }
 
 QStringList KeloTidalApiManifest::urls() const

@@ -2,11 +2,14 @@
 #include <algorithm>
 #include <charconv>
 #include <kelo/CMWorker.h>
+#include <kelo/KeloMediaData.h>
 #include <kelo/KeloMimeTypes.h>
+#include <kelo/KeloRoles.h>
 #include <kelo/KeloTidalConstants.h>
+#include <QStringBuilder>
 
 namespace {
-using Plan = TidalRowPlan;
+using Row = TidalRow;
 
 /// A whole number as text, without allocation; empty for a value that is none.
 class Decimal
@@ -37,16 +40,10 @@ QString toText(std::string_view utf8)
     return QString::fromUtf8(utf8.data(), int(utf8.size()));
 }
 
-QString withSlash(const QString& url)
+/// Whether it is said that an item may not be streamed.
+bool isForbidden(const KeloJson& item)
 {
-    return url.endsWith(QLatin1Char('/')) ? url : url + QLatin1Char('/');
-}
-
-const QVariant& boolean(bool value)
-{
-    static const QVariant yes(true);
-    static const QVariant no(false);
-    return value ? yes : no;
+    return !item.value("allowStreaming").toBool(true);
 }
 
 /// The artists' names joined by ", "; empty ones are left out.
@@ -72,15 +69,6 @@ void joinPairs(std::string& to, const KeloJson& artists)
         to += '_';
         to += Decimal(artist.value("id")).view();
     });
-}
-
-QVariantHash serviceMetaData(int size)
-{
-    static const QVariant service(KeloService_Tidal_Id());
-    QVariantHash metaData;
-    metaData.reserve(size);
-    metaData.insert(KeloMetaData::ServiceID(), service);
-    return metaData;
 }
 
 const QStringList& contextKeys()
@@ -109,264 +97,193 @@ QStringList trackContextKeys(bool isPlaylist)
 }
 } // namespace
 
-const QString& TidalRepeatedText::text(std::string_view utf8)
+QString tidalImageUrl(const QString& base, const QString& size, QString id)
 {
-    if (utf8 != m_utf8) {
-        m_utf8 = utf8;
-        m_text = toText(utf8);
-    }
-    return m_text;
-}
-
-TidalImageUrl::TidalImageUrl(const QString& base, const QString& size)
-    : m_prefix(base.toStdString()), m_suffix('/' + size.toStdString() + ".jpg")
-{
-}
-
-QString TidalImageUrl::of(std::string_view id)
-{
-    if (id.empty())
+    if (id.isEmpty())
         return QString();
-    m_url = m_prefix;
-    m_url += id;
-    std::replace(m_url.end() - std::ptrdiff_t(id.size()), m_url.end(), '-', '/');
-    m_url += m_suffix;
-    return toText(m_url);
+    const QLatin1String slash(base.endsWith(QLatin1Char('/')) ? "" : "/");
+    return base % slash % id.replace(QLatin1Char('-'), QLatin1Char('/')) % QLatin1Char('/') % size %
+           QLatin1String(".jpg");
 }
 
-TidalItemRows::TidalItemRows(const Page& page, const CMPath& itemPath, const QStringList& pathKeys,
+TidalItemRows::TidalItemRows(const Page& page, const QStringList& pathKeys,
                              const QStringList& contextKeys, const QString& imageSize)
-    : m_plan(page.request.roles()), m_row(m_plan.emptyRow()), m_path(itemPath, pathKeys),
-      m_context(contextKeys, page.context), m_from(page.request.from()),
-      m_images(withSlash(page.settings.imageUrl()), imageSize)
+    : m_row(page.roles), m_path(page.itemPath, pathKeys), m_menu(page.menu),
+      m_menuPath(CMPath::fromEncoded(page.menu.value(KeloRoles::Path()).toString()), contextKeys),
+      m_imageBase(page.settings.imageUrl()), m_imageSize(imageSize), m_imageUrl(QVariant())
 {
-    setShared(Plan::Title, QString());
-    setShared(Plan::Id, QString());
-    setShared(Plan::Disabled, boolean(false));
-    setShared(Plan::Description, QString());
-    setShared(Plan::MediaData, KeloMediaData().toVariant());
-    setShared(Plan::AudioType, KeloRolesAudioType::None());
-    setShared(Plan::ContainerType, KeloRolesContainerType::None());
-    setShared(Plan::ContainerPlayable, boolean(false));
-}
-
-void TidalItemRows::setShared(TidalRowPlan::Column column, const QVariant& value)
-{
-    m_plan.set(m_row, column, [&] { return value; });
+    m_row.share(Row::Title, QString());
+    m_row.share(Row::Id, QString());
+    m_row.share(Row::Disabled, false);
+    m_row.share(Row::Description, QString());
+    m_row.share(Row::MediaData, KeloMediaData().toVariant());
+    m_row.share(Row::AudioType, KeloRolesAudioType::None());
+    m_row.share(Row::ContainerType, KeloRolesContainerType::None());
+    m_row.share(Row::Type, KeloRolesType::Container());
+    m_row.share(Row::ContainerPlayable, true);
 }
 
 QVariant TidalItemRows::imageUrl(const KeloJson& image)
 {
-    const std::string_view id = image.toUtf8();
-    if (id == m_imageId)
-        return m_imageUrl;
-    m_imageId = id;
-    m_imageUrl = id.empty() ? QVariant() : QVariant(m_images.of(id));
-    return m_imageUrl;
+    return m_imageUrl.value(image.toUtf8(), [this](std::string_view id) {
+        return id.empty() ? QVariant() : tidalImageUrl(m_imageBase, m_imageSize, toText(id));
+    });
+}
+
+QVariant TidalItemRows::context(std::initializer_list<std::string_view> values)
+{
+    if (m_menu.isEmpty())
+        return QVariant();
+    QVariantHash roles = m_menu;
+    roles[KeloRoles::Path()] = m_menuPath.text(values);
+    return roles;
 }
 
 TidalAlbumRows::TidalAlbumRows(const Page& page)
-    : TidalItemRows(page, page.path, {QStringLiteral("contentId")}, contextKeys(),
-                    page.settings.imageSize())
+    : TidalItemRows(page, {QStringLiteral("contentId")}, contextKeys(), page.settings.imageSize())
 {
-    setShared(Plan::Type, KeloRolesType::Container());
-    setShared(Plan::ContainerPlayable, boolean(true));
 }
 
-QVariantList TidalAlbumRows::row(const KeloTidalApiAlbumResponse& album, int position)
+QVariantList TidalAlbumRows::row(const KeloJson& album, qint64 number)
 {
     static const std::string type = KeloTidalAlbums().toStdString();
-    const KeloJson& json = album.json();
-    const Decimal id(json.value("id"));
+    const Decimal id(album.value("id"));
     QString description;
-    if (m_plan.wants(Plan::Description) || m_plan.wants(Plan::MediaData)) {
-        const KeloJson artists = json.value("artists");
+    if (m_row.wants(Row::Description) || m_row.wants(Row::MediaData)) {
+        const KeloJson artists = album.value("artists");
         if (artists.isArray() && artists.size() > 1) {
             joinNames(m_scratch, artists);
             description = toText(m_scratch);
         } else {
-            description = album.artist().name();
+            description = album.value("artist").value("name").toString();
         }
     }
-
-    QVariantList row = m_row;
-    m_plan.set(row, Plan::Path, [&] { return m_path.text({id.view()}); });
-    m_plan.set(row, Plan::Title, [&] { return album.title(); });
-    m_plan.set(row, Plan::Id, [&] { return id.toString(); });
-    m_plan.set(row, Plan::Disabled, [&] { return boolean(album.forbidsStreaming()); });
-    m_plan.set(row, Plan::Description, [&] { return description; });
-    m_plan.set(row, Plan::Icon, [&] { return imageUrl(json.value("cover")); });
-    m_plan.set(row, Plan::MediaData, [&] {
-        QVariantHash metaData = serviceMetaData(2);
-        metaData.insert(KeloMetaData::Artist(), description);
+    m_row.make(Row::Path, [&] { return m_path.text({id.view()}); });
+    m_row.make(Row::Title, [&] { return album.value("title").toString(); });
+    m_row.make(Row::Id, [&] { return id.toString(); });
+    m_row.make(Row::Disabled, [&] { return isForbidden(album); });
+    m_row.make(Row::Description, [&] { return description; });
+    m_row.make(Row::Icon, [&] { return imageUrl(album.value("cover")); });
+    m_row.make(Row::MediaData, [&] {
+        const QVariantHash metaData = {{KeloMetaData::ServiceID(), KeloService_Tidal_Id()},
+                                       {KeloMetaData::Artist(), description}};
         return QVariantHash{{KeloMediaData::MetaData(), metaData}};
     });
-    m_plan.set(row, Plan::Context, [&] {
-        return m_context.roles({id.view(), type, Decimal(qint64(m_from) + position).view()});
-    });
-    m_plan.finish(row);
-    return row;
+    m_row.make(Row::Context, [&] { return context({id.view(), type, Decimal(number).view()}); });
+    return m_row.take();
 }
 
 TidalArtistRows::TidalArtistRows(const Page& page)
-    : TidalItemRows(page, page.path, {QStringLiteral("artistId"), QStringLiteral("artistUrl")},
-                    contextKeys(), page.settings.imageSizeArtist())
+    : TidalItemRows(page, {QStringLiteral("artistId"), QStringLiteral("artistUrl")}, contextKeys(),
+                    page.settings.imageSizeArtist())
 {
-    setShared(Plan::Type, KeloRolesType::Container());
-    setShared(Plan::ContainerPlayable, boolean(true));
 }
 
-QVariantList TidalArtistRows::row(const KeloTidalApiArtistResponse& artist, int position)
+QVariantList TidalArtistRows::row(const KeloJson& artist, qint64 number)
 {
     static const std::string type = KeloTidalArtists().toStdString();
-    const KeloJson& json = artist.json();
-    const Decimal id(json.value("id"));
-
-    QVariantList row = m_row;
-    m_plan.set(row, Plan::Path, [&] {
-        return m_path.text({id.view(), json.value("url").toUtf8()});
-    });
-    m_plan.set(row, Plan::Title, [&] { return artist.name(); });
-    m_plan.set(row, Plan::Id, [&] { return id.toString(); });
-    m_plan.set(row, Plan::Icon, [&] { return imageUrl(json.value("picture")); });
-    m_plan.set(row, Plan::Context, [&] {
-        return m_context.roles({id.view(), type, Decimal(qint64(m_from) + position).view()});
-    });
-    m_plan.finish(row);
-    return row;
+    const Decimal id(artist.value("id"));
+    m_row.make(Row::Path, [&] { return m_path.text({id.view(), artist.value("url").toUtf8()}); });
+    m_row.make(Row::Title, [&] { return artist.value("name").toString(); });
+    m_row.make(Row::Id, [&] { return id.toString(); });
+    m_row.make(Row::Icon, [&] { return imageUrl(artist.value("picture")); });
+    m_row.make(Row::Context, [&] { return context({id.view(), type, Decimal(number).view()}); });
+    return m_row.take();
 }
 
-TidalTrackRows::TidalTrackRows(const Page& page) : TidalTrackRows(page, page.path) {}
+TidalTrackRows::TidalTrackRows(const Page& page) : TidalTrackRows(page, playlistOf(page.path)) {}
 
-TidalTrackRows::TidalTrackRows(const Page& page, const CMPath& itemPath)
-    : TidalItemRows(page, itemPath, {QStringLiteral("trackId")},
-                    trackContextKeys(!playlistOf(page.path).isEmpty()), page.settings.imageSize()),
-      m_playlist(playlistOf(page.path).toStdString())
+TidalTrackRows::TidalTrackRows(const Page& page, const QString& playlist)
+    : TidalItemRows(page, {QStringLiteral("trackId")}, trackContextKeys(!playlist.isEmpty()),
+                    page.settings.imageSize()),
+      m_playlist(playlist.toStdString()),
+      m_prePlayPath(page.worker->addPrefix(KeloTidalPrePlayPath()).toEncoded() + QLatin1Char('/')),
+      m_names(QString()), m_albumTitle(QString())
 {
-    setShared(Plan::Type, KeloRolesType::Audio());
-    setShared(Plan::AudioType, KeloRolesAudioType::MusicTrack());
-    const QString anyId = QStringLiteral("0");
+    m_row.share(Row::Type, KeloRolesType::Audio());
+    m_row.share(Row::AudioType, KeloRolesAudioType::MusicTrack());
+    m_row.share(Row::ContainerPlayable, false);
     KeloMetaData metaData;
     metaData.setServiceID(KeloService_Tidal_Id());
-    metaData.setAlbum(QString());
-    metaData.setArtist(QString());
     metaData.setContentPlayContextPath(page.path);
-    metaData.setPrePlayPath(
-        page.worker->addPrefix(KeloTidalPrePlayPath() + QLatin1Char('/') + anyId));
     m_metaData = metaData.toHash();
-    m_prePlayPath = m_metaData.value(KeloMetaData::PrePlayPath()).toString();
-    m_prePlayPath.chop(anyId.size());
     KeloResource resource;
     resource.setMimeType(MimeTypes::Audio::unknown());
     KeloMediaData mediaData;
-    mediaData.setMetaData(metaData);
     mediaData.setResources({resource});
     m_mediaData = mediaData.toHash();
 }
 
-QVariant TidalTrackRows::mediaData(const KeloJson& album, const QString& artist,
+QVariant TidalTrackRows::mediaData(const KeloJson& album, const QVariant& artist,
                                    std::string_view id)
 {
-    QString prePlayPath;
-    prePlayPath.reserve(m_prePlayPath.size() + int(id.size()));
-    prePlayPath += m_prePlayPath;
-    prePlayPath += QLatin1String(id.data(), int(id.size()));
+    const QString prePlayPath = m_prePlayPath % QLatin1String(id.data(), int(id.size()));
     m_metaData[KeloMetaData::PrePlayPath()] = prePlayPath;
-    m_metaData[KeloMetaData::Album()] = m_albumTitle.text(album.value("title").toUtf8());
+    m_metaData[KeloMetaData::Album()] = m_albumTitle.value(album.value("title").toUtf8(), toText);
     m_metaData[KeloMetaData::Artist()] = artist;
-    QVariantHash mediaData = m_mediaData;
-    mediaData[KeloMediaData::MetaData()] = m_metaData;
-    return mediaData;
+    m_mediaData[KeloMediaData::MetaData()] = m_metaData;
+    return m_mediaData;
 }
 
-QVariantList TidalTrackRows::row(const KeloTidalApiTrackResponse& track, int position)
+QVariantList TidalTrackRows::row(const KeloJson& track, qint64 number)
 {
     static const std::string type = KeloTidalTracks().toStdString();
-    const KeloJson& json = track.json();
-    const Decimal id(json.value("id"));
-    const std::string_view artist = json.value("artist").value("name").toUtf8();
-    const KeloJson artists = json.value("artists");
-    const KeloJson album = json.value("album");
-    QString names;
-    if (m_plan.wants(Plan::Description) || m_plan.wants(Plan::MediaData)) {
+    const Decimal id(track.value("id"));
+    const std::string_view artist = track.value("artist").value("name").toUtf8();
+    const KeloJson artists = track.value("artists");
+    const KeloJson album = track.value("album");
+    QVariant names;
+    if (m_row.wants(Row::Description) || m_row.wants(Row::MediaData)) {
         joinNames(m_scratch, artists);
-        names = m_names.text(m_scratch.empty() ? artist : m_scratch);
+        names = m_names.value(m_scratch.empty() ? artist : m_scratch, toText);
     }
-
-    QVariantList row = m_row;
-    m_plan.set(row, Plan::Path, [&] { return m_path.text({id.view()}); });
-    m_plan.set(row, Plan::Title, [&] {
-        m_scratch = json.value("title").toUtf8();
+    m_row.make(Row::Path, [&] { return m_path.text({id.view()}); });
+    m_row.make(Row::Title, [&] {
+        m_scratch = track.value("title").toUtf8();
         m_scratch += " - ";
         m_scratch += artist;
         return toText(m_scratch);
     });
-    m_plan.set(row, Plan::Id, [&] { return id.toString(); });
-    m_plan.set(row, Plan::Disabled, [&] { return boolean(track.forbidsStreaming()); });
-    m_plan.set(row, Plan::Description, [&] { return names; });
-    m_plan.set(row, Plan::Icon, [&] { return imageUrl(album.value("cover")); });
-    m_plan.set(row, Plan::MediaData, [&] { return mediaData(album, names, id.view()); });
-    m_plan.set(row, Plan::Context, [&] {
-        joinPairs(m_artists, artists);
+    m_row.make(Row::Id, [&] { return id.toString(); });
+    m_row.make(Row::Disabled, [&] { return isForbidden(track); });
+    m_row.make(Row::Description, [&] { return names; });
+    m_row.make(Row::Icon, [&] { return imageUrl(album.value("cover")); });
+    m_row.make(Row::MediaData, [&] { return mediaData(album, names, id.view()); });
+    m_row.make(Row::Context, [&] {
+        joinPairs(m_scratch, artists);
         // Edits name an item of a playlist by its place there, which the service says beside it: in
         // another order the row is not the place.
-        const KeloJson place = m_playlist.empty() ? KeloJson() : json.value("index");
-        const Decimal number(place.toInt64(qint64(m_from) + position));
-        return m_playlist.empty()
-                   ? m_context.roles({id.view(), type, number.view(), m_artists})
-                   : m_context.roles({id.view(), type, number.view(), m_artists, m_playlist});
+        const KeloJson place = m_playlist.empty() ? KeloJson() : track.value("index");
+        const Decimal shown(place.toInt64(number));
+        // Where no playlist is listed there is no key for the last value.
+        return context({id.view(), type, shown.view(), m_scratch, m_playlist});
     });
-    m_plan.finish(row);
-    return row;
+    return m_row.take();
 }
 
-TidalPlaylistRows::TidalPlaylistRows(const Page& page, const QString& etag)
-    : TidalPlaylistRows(page, etag, page.path,
-                        {QStringLiteral("playlistId"), QStringLiteral("contentId")},
-                        KeloRolesType::Container())
+TidalPlaylistRows::TidalPlaylistRows(const Page& page, bool isChooser)
+    : TidalItemRows(page,
+                    isChooser
+                        ? QStringList{QStringLiteral("playlistId")}
+                        : QStringList{QStringLiteral("playlistId"), QStringLiteral("contentId")},
+                    contextKeys(), page.settings.imageSizePlaylist())
 {
+    m_row.share(Row::Type, isChooser ? KeloRolesType::Action() : KeloRolesType::Container());
+    m_row.share(Row::ContainerPlayable, !isChooser);
 }
 
-TidalPlaylistRows::TidalPlaylistRows(const Page& page, const QString& etag,
-                                     const CMPath& actionPath)
-    : TidalPlaylistRows(page, etag, actionPath, {QStringLiteral("playlistId")},
-                        KeloRolesType::Action())
-{
-}
-
-TidalPlaylistRows::TidalPlaylistRows(const Page& page, const QString& etag, const CMPath& itemPath,
-                                     const QStringList& pathKeys, const QString& type)
-    : TidalItemRows(
-          page,
-          [&] {
-              CMPath path = itemPath;
-              path.addParam(QStringLiteral("ETag"), etag);
-              return path;
-          }(),
-          pathKeys, contextKeys(), page.settings.imageSizePlaylist())
-{
-    setShared(Plan::Type, type);
-    setShared(Plan::ContainerPlayable, boolean(type == KeloRolesType::Container()));
-}
-
-QVariantList TidalPlaylistRows::row(const KeloTidalApiPlaylistResponse& playlist, int rowNumber)
+QVariantList TidalPlaylistRows::row(const KeloJson& playlist, qint64 number)
 {
     static const std::string type = KeloTidalPlaylists().toStdString();
-    const KeloJson& json = playlist.json();
-    const std::string_view uuid = json.value("uuid").toUtf8();
-
-    QVariantList row = m_row;
-    m_plan.set(row, Plan::Path, [&] { return m_path.text({uuid, uuid}); });
-    m_plan.set(row, Plan::Title, [&] { return playlist.title(); });
-    m_plan.set(row, Plan::Id, [&] { return playlist.uuid(); });
-    m_plan.set(row, Plan::Icon, [&] { return imageUrl(json.value("image")); });
-    m_plan.set(row, Plan::Description, [&] {
-        joinNames(m_scratch, json.value("promotedArtists"));
+    const std::string_view uuid = playlist.value("uuid").toUtf8();
+    m_row.make(Row::Path, [&] { return m_path.text({uuid, uuid}); });
+    m_row.make(Row::Title, [&] { return playlist.value("title").toString(); });
+    m_row.make(Row::Id, [&] { return toText(uuid); });
+    m_row.make(Row::Icon, [&] { return imageUrl(playlist.value("image")); });
+    m_row.make(Row::Description, [&] {
+        joinNames(m_scratch, playlist.value("promotedArtists"));
         return toText(m_scratch);
     });
-    m_plan.set(row, Plan::Context, [&] {
-        return m_context.roles({uuid, type, Decimal(qint64(rowNumber)).view()});
-    });
-    m_plan.finish(row);
-    return row;
+    m_row.make(Row::Context, [&] { return context({uuid, type, Decimal(number).view()}); });
+    return m_row.take();
 }

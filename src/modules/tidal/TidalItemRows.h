@@ -1,38 +1,36 @@
 #pragma once
-#include "TidalContextRoles.h"
-#include "TidalRowPlan.h"
-#include <kelo/CMRequest.h>
-#include <kelo/KeloTidalApi.h>
+#include "TidalEncodedPath.h"
+#include "TidalRow.h"
+#include <kelo/KeloJson.h>
 #include <kelo/KeloTidalTypes.h>
 #include <string>
 
 class CMWorker;
 
-/// A text that is likely to be the one before again, as the album of its tracks is: equal texts
-/// share their data. A value type of one thread.
-class TidalRepeatedText
+/// The address of an image of the service: `base`, the identifier with its groups as folders, and
+/// the size. Empty for an item without an image.
+QString tidalImageUrl(const QString& base, const QString& size, QString id);
+
+/// A value that is likely to be the one before again, as the album of its tracks is: it is made
+/// once for a text, and kept until another text comes. A value type of one thread.
+class TidalRepeated
 {
 public:
-    const QString& text(std::string_view utf8);
+    /// `empty`: the value for the empty text.
+    explicit TidalRepeated(const QVariant& empty) : m_value(empty) {}
+    template <class Make>
+    const QVariant& value(std::string_view text, Make make)
+    {
+        if (text != m_text) {
+            m_text = text;
+            m_value = QVariant(make(text));
+        }
+        return m_value;
+    }
 
 private:
-    std::string m_utf8;
-    QString m_text;
-};
-
-/// Addresses of images of one size. A value type of one thread.
-class TidalImageUrl
-{
-public:
-    /// `base`: what stands before the identifiers, as it is.
-    TidalImageUrl(const QString& base, const QString& size);
-    /// Of the image's identifier, in UTF-8; empty for an item without an image.
-    QString of(std::string_view id);
-
-private:
-    std::string m_prefix;
-    std::string m_suffix;
-    std::string m_url; ///< kept for its memory
+    std::string m_text;
+    QVariant m_value;
 };
 
 /// Makes the rows of one page out of the service's items: base of one class for each kind of item.
@@ -45,87 +43,78 @@ public:
     /// What a page is made of.
     struct Page
     {
-        CMGetRowsRequest request;
-        CMPath path; ///< the list that the items stand in
-        TidalContextRoles::Source context;
+        QStringList roles; ///< asked for
+        CMPath path;       ///< the list that the items stand in
+        CMPath itemPath;   ///< the items' paths are this one and parameters of theirs
+        QVariantHash menu; ///< context roles of an item without parameters; empty where it has none
         KeloTidalSettings settings;
         const CMWorker* worker; ///< for paths under the module's prefix
     };
 
+    virtual ~TidalItemRows() = default;
+    /// The row of an item, which has a number in the list.
+    virtual QVariantList row(const KeloJson& item, qint64 number) = 0;
+
 protected:
     /// `pathKeys` and `contextKeys`: the parameters that tell the items' paths and context paths
     /// apart.
-    TidalItemRows(const Page& page, const CMPath& itemPath, const QStringList& pathKeys,
-                  const QStringList& contextKeys, const QString& imageSize);
-    ~TidalItemRows() = default;
+    TidalItemRows(const Page& page, const QStringList& pathKeys, const QStringList& contextKeys,
+                  const QString& imageSize);
 
-    void setShared(TidalRowPlan::Column column, const QVariant& value);
-    /// An image address; an invalid variant for an item without an image.
+    /// The address of an image; an invalid variant for an item without one.
     QVariant imageUrl(const KeloJson& image);
+    /// The context roles of the item whose parameters these are.
+    QVariant context(std::initializer_list<std::string_view> values);
 
-    TidalRowPlan m_plan;
-    QVariantList m_row; ///< what the rows have in common
+    TidalRow m_row;
     TidalEncodedPath m_path;
-    TidalContextRoles m_context;
-    int m_from;            ///< number of the page's first row
     std::string m_scratch; ///< kept for its memory
 
 private:
-    TidalImageUrl m_images;
-    std::string m_imageId; ///< of the address made last
-    QVariant m_imageUrl;
+    QVariantHash m_menu;
+    TidalEncodedPath m_menuPath;
+    QString m_imageBase;
+    QString m_imageSize;
+    TidalRepeated m_imageUrl;
 };
 
 class TidalAlbumRows : public TidalItemRows
 {
 public:
-    using Response = KeloTidalApiAlbumsResponse;
     explicit TidalAlbumRows(const Page& page);
-    /// The row of the item at a position in the answer.
-    QVariantList row(const KeloTidalApiAlbumResponse& album, int position);
+    QVariantList row(const KeloJson& album, qint64 number) override;
 };
 
 class TidalArtistRows : public TidalItemRows
 {
 public:
-    using Response = KeloTidalApiArtistsResponse;
     explicit TidalArtistRows(const Page& page);
-    QVariantList row(const KeloTidalApiArtistResponse& artist, int position);
+    QVariantList row(const KeloJson& artist, qint64 number) override;
 };
 
 class TidalTrackRows : public TidalItemRows
 {
 public:
-    using Response = KeloTidalApiTracksResponse;
     explicit TidalTrackRows(const Page& page);
-    /// Rows that stand at another path than the list's.
-    TidalTrackRows(const Page& page, const CMPath& itemPath);
-    QVariantList row(const KeloTidalApiTrackResponse& track, int position);
+    QVariantList row(const KeloJson& track, qint64 number) override;
 
 private:
-    QVariant mediaData(const KeloJson& album, const QString& artist, std::string_view id);
+    TidalTrackRows(const Page& page, const QString& playlist);
+    QVariant mediaData(const KeloJson& album, const QVariant& artist, std::string_view id);
 
     std::string m_playlist;  ///< identifier of the playlist that is listed; empty for other lists
     QString m_prePlayPath;   ///< encoded, without the track's id
     QVariantHash m_metaData; ///< of the row made last
     QVariantHash m_mediaData;
-    TidalRepeatedText m_names;
-    TidalRepeatedText m_albumTitle;
-    std::string m_artists; ///< kept for its memory
+    TidalRepeated m_names;
+    TidalRepeated m_albumTitle;
 };
 
 class TidalPlaylistRows : public TidalItemRows
 {
 public:
-    using Response = KeloTidalApiPlaylistsResponse;
-    /// Rows of a list of playlists to open.
-    TidalPlaylistRows(const Page& page, const QString& etag);
-    /// Rows of a list to choose a playlist from: each is an action below this path.
-    TidalPlaylistRows(const Page& page, const QString& etag, const CMPath& actionPath);
-    /// The row with a number in the list.
-    QVariantList row(const KeloTidalApiPlaylistResponse& playlist, int rowNumber);
-
-private:
-    TidalPlaylistRows(const Page& page, const QString& etag, const CMPath& itemPath,
-                      const QStringList& pathKeys, const QString& type);
+    /// Rows of a list of playlists to open, or of one to choose a playlist from: each of these is
+    /// an action.
+    TidalPlaylistRows(const Page& page, bool isChooser);
+    QVariantList row(const KeloJson& playlist, qint64 number) override;
 };

@@ -1,7 +1,7 @@
 #include "TidalNodeResponder.h"
 #include "TidalContextNode.h"
 #include "TidalHandler.h"
-#include "TidalRowPlan.h"
+#include "TidalRow.h"
 #include "TidalWorker.h"
 #include <kelo/CMSlot.h>
 #include <kelo/KeloLog.h>
@@ -37,12 +37,14 @@ bool isTokenRefused(int status, int subStatus)
 } // namespace
 
 TidalNodeResponder::TidalNodeResponder(const QString& name, TidalHandler* handler)
-    : QObject(handler), m_handler(handler), m_worker(handler->getWorker()), m_name(name),
-      m_roles({KeloRoles::Path(), KeloRoles::Type(), KeloRoles::Title(), KeloRoles::Disabled(),
-               KeloRoles::MediaData(), KeloRoles::Icon(), KeloRoles::Id(), KeloRoles::AudioType(),
-               KeloRoles::Context(), KeloRoles::Description(), KeloRoles::ContainerType()})
+    : QObject(handler), m_handler(handler), m_worker(handler->getWorker()), m_name(name)
 {
-    KELO_LOG("Tidal", DEBUG) << "Roles used in tidal: " << m_roles;
+    const QStringList roles = {
+        KeloRoles::Path(),        KeloRoles::Type(),         KeloRoles::Title(),
+        KeloRoles::Disabled(),    KeloRoles::MediaData(),    KeloRoles::Icon(),
+        KeloRoles::Id(),          KeloRoles::AudioType(),    KeloRoles::Context(),
+        KeloRoles::Description(), KeloRoles::ContainerType()};
+    KELO_LOG("Tidal", DEBUG) << "Roles used in tidal: " << roles;
     connectWorker();
 }
 
@@ -229,23 +231,21 @@ QVariantList TidalNodeResponder::getVariantRole(QStringList const& roles, CMPath
                                                 KeloMediaData const& mediaData, QString const& icon,
                                                 QString containerType)
 {
-    using Plan = TidalRowPlan;
-    const Plan plan(roles);
-    QVariantList row = plan.emptyRow();
-    plan.set(row, Plan::Path, [&] { return path.toEncoded(); });
-    plan.set(row, Plan::Type, [&] { return type; });
-    plan.set(row, Plan::Title, [&] { return title; });
-    plan.set(row, Plan::Disabled, [&] { return disabled; });
-    plan.set(row, Plan::MediaData, [&] { return mediaData.toVariant(); });
-    plan.set(row, Plan::Icon, [&] { return icon.isEmpty() ? QVariant() : QVariant(icon); });
-    plan.set(row, Plan::Id, [&] { return id; });
-    plan.set(row, Plan::AudioType, [&] { return audioType; });
-    plan.set(row, Plan::Context, [&] { return context; });
-    plan.set(row, Plan::Description, [&] { return description; });
-    plan.set(row, Plan::ContainerType, [&] { return containerType; });
-    plan.set(row, Plan::ContainerPlayable, [&] { return type == KeloRolesType::Container(); });
-    plan.finish(row);
-    return row;
+    using Row = TidalRow;
+    Row row(roles);
+    row.share(Row::Path, path.toEncoded());
+    row.share(Row::Type, type);
+    row.share(Row::Title, title);
+    row.share(Row::Disabled, disabled);
+    row.share(Row::MediaData, mediaData.toVariant());
+    row.share(Row::Icon, icon.isEmpty() ? QVariant() : QVariant(icon));
+    row.share(Row::Id, id);
+    row.share(Row::AudioType, audioType);
+    row.share(Row::Context, context);
+    row.share(Row::Description, description);
+    row.share(Row::ContainerType, containerType);
+    row.share(Row::ContainerPlayable, type == KeloRolesType::Container());
+    return row.take();
 }
 
 void TidalNodeResponder::on_response_invoke(KeloUrl const&, HttpClientPrivate const& priv,

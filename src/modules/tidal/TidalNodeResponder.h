@@ -141,7 +141,14 @@ Q_SIGNALS:
     void movePlaylistTrackFinished(CMSetDataRequest request);
 
 private:
-    using PlaylistList = std::vector<KeloTidalApiPlaylistResponse>;
+    /// The radio of an artist, as the service gave it.
+    struct Radio
+    {
+        QString artistId;
+        CMPath path; ///< the list that it stands in
+        std::vector<KeloTidalApiTrackResponse> tracks;
+        int size() const { return int(tracks.size()); }
+    };
 
     void connectWorker();
     /// Hands an answer to the worker by the signal of its kind.
@@ -167,23 +174,25 @@ private:
     QVariantList noItemsRow(const QStringList& roles);
     /// A row with a text of the module, which clients get in their languages, as its title.
     static QVariantList titled(QVariantList row, const QStringList& roles, const TrString& title);
-    TidalItemRows::Page page(const CMGetRowsRequest& request, const CMPath& path,
+    TidalItemRows::Page page(const QStringList& roles, const CMPath& path,
                              KeloTidalContextVariation::Enum variation);
-    /// The common frame of lists of albums, artists and tracks; false when there are no items and
-    /// the request has been answered so.
-    template <class ItemRows>
-    bool itemRows(const CMGetRowsRequest& request, const QByteArray& body, KeloError& error,
-                  int requestedCount, ItemRows& maker, QVariantList& rows, int& count);
+    /// The JSON of a list's body; nothing, with the reason in `error` and a WARN line, where it
+    /// does not parse.
+    static KeloJson parsed(const QByteArray& body, KeloError& error);
+    /// Answers with the items of a list. How far the list reaches says the service's total, or
+    /// exactRows() where the total may promise too much.
+    void replyItems(const CMGetRowsRequest& request, const KeloTidalApiPage& list,
+                    int requestedCount, TidalItemRows&& maker, bool isTotalTrue);
     /// Rows that a list of the tree has of its own, behind the service's.
     void addStoredRows(const CMGetRowsRequest& request, QVariantList& rows, int& count);
-    /// Answers with the playlists of a list to open them from.
-    void replyPlaylistRows(const TidalItemRows::Page& page, int requestedCount, const QString& etag,
-                           const PlaylistList& playlists, int total);
     /// Answers with the playlists of a context menu, to choose one from, behind two lead rows.
-    void replyChooser(const TidalItemRows::Page& page, const QString& etag,
-                      const PlaylistList& playlists, int total);
+    void replyChooser(const CMGetRowsRequest& request, TidalItemRows::Page page,
+                      const QString& etag, const KeloTidalApiPlaylistsResponse& list);
     QVariantList chooserLeadRow(const CMGetRowsRequest& request, const CMPath& path, int index);
     void replyRows(const CMGetRowsRequest& request, const QVariantList& rows, int count);
+    /// Rows of a radio's tracks from one on, for the rows of the request from its first on.
+    QVariantList radioRows(const CMGetRowsRequest& request, const Radio& radio, int first,
+                           int count);
     /// Tells clients of rows that an edit has added to the list, when the marker says so.
     void notifyAdded(const HttpClientPrivate& priv, const QByteArray& body, const CMPath& path);
 
@@ -191,7 +200,5 @@ private:
     TidalWorker* m_worker;
     QString m_name;
     HttpClientPrivate m_answered; ///< of the answer that is being handed to the worker
-    QList<KeloRoles> m_radioList; ///< from the radio's first track on
-    QString m_radioId;            ///< of the artist whose radio is kept; empty when none is
-    QStringList m_roles;          ///< the roles that rows of this module fill
+    Radio m_radio;                ///< the one that is kept; no tracks when none is
 };

@@ -8,36 +8,35 @@
 namespace {
 /// Rows of a chooser that stand ahead of the playlists: "Create playlist" and a header.
 constexpr int leadRows = 2;
-
-void logMissingPlaylist()
-{
-    KELO_LOG("Tidal", ERROR) << "secondInd >= rowsCount, wrong usage of limit in request ?";
-}
 } // namespace
 
-void TidalNodeResponder::replyPlaylistRows(const TidalItemRows::Page& page, int requestedCount,
-                                           const QString& etag, const PlaylistList& playlists,
-                                           int total)
+void TidalNodeResponder::replyPlaylists(HttpClientPrivate const& priv, QByteArray const& body,
+                                        KeloError error, int requestedCount, CMPath const& path,
+                                        QString etag, KeloTidalContextVariation::Enum variation)
 {
-    TidalPlaylistRows maker(page, etag);
-    const int shown = qMin(requestedCount, int(playlists.size()));
-    QVariantList rows;
-    rows.reserve(shown);
-    for (int i = 0; i < shown; ++i)
-        rows.append(QVariant(maker.row(playlists[std::size_t(i)], page.request.from() + i)));
-    if (shown < requestedCount)
-        logMissingPlaylist();
-    replyRows(page.request, rows, total);
+    const CMGetRowsRequest request = priv.getCMGetRowsRequest();
+    const KeloTidalApiPlaylistsResponse list(parsed(body, error));
+    TidalItemRows::Page shown = page(request.roles(), path, variation);
+    if (path.contains(KeloTidalContextIdentifier())) {
+        replyChooser(request, shown, etag, list);
+        return;
+    }
+    if (variation == KeloTidalContextVariation::Playlist)
+        m_worker->setPlaylistPath(path);
+    shown.itemPath.addParam(QStringLiteral("ETag"), etag);
+    replyItems(request, list, requestedCount, TidalPlaylistRows(shown, false), true);
 }
 
-void TidalNodeResponder::replyChooser(const TidalItemRows::Page& page, const QString& etag,
-                                      const PlaylistList& playlists, int total)
+void TidalNodeResponder::replyChooser(const CMGetRowsRequest& request, TidalItemRows::Page page,
+                                      const QString& etag,
+                                      const KeloTidalApiPlaylistsResponse& list)
 {
-    const CMGetRowsRequest& request = page.request;
     const bool isPlaylistContext = page.path.contains(QStringLiteral("myPlaylist"));
-    const CMPath actionPath(m_worker->addToPlaylistNode(isPlaylistContext)->path().base(),
-                            page.path.params());
-    TidalPlaylistRows maker(page, etag, actionPath);
+    page.itemPath.setBase(m_worker->addToPlaylistNode(isPlaylistContext)->path().base());
+    page.itemPath.addParam(QStringLiteral("ETag"), etag);
+    TidalPlaylistRows maker(page, true);
+    const auto playlists = list.items();
+    const int total = list.totalNumberOfItems();
     // The answer begins with the playlist of the first row that shows one.
     const int firstShown = qMax(request.from(), leadRows);
     QVariantList rows;
@@ -50,10 +49,10 @@ void TidalNodeResponder::replyChooser(const TidalItemRows::Page& page, const QSt
                 rows.append(QVariant(noItemsRow(request.roles())));
             break;
         } else if (position >= playlists.size()) {
-            logMissingPlaylist();
+            KELO_LOG("Tidal", ERROR) << "secondInd >= rowsCount, wrong usage of limit in request ?";
             break;
         } else {
-            rows.append(QVariant(maker.row(playlists[position], int(index))));
+            rows.append(QVariant(maker.row(playlists[position].json(), index)));
         }
     }
     const qint64 count = total > 0 ? qint64(total) + leadRows : leadRows + 1;

@@ -1,8 +1,7 @@
-#include "TidalListAnswer.h"
+#include "TidalBrowseNode.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
 #include <kelo/CMGlobal.h>
-#include <kelo/CMListRowsNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
 #include <limits>
@@ -65,38 +64,49 @@ void TidalNodeResponder::replyFailure(const HttpClientPrivate& priv, int status,
         CMError(QStringLiteral("TIDAL"), TrString(Language::ntr(message, "TIDAL"))));
 }
 
-TidalItemRows::Page TidalNodeResponder::page(const CMGetRowsRequest& request, const CMPath& path,
+TidalItemRows::Page TidalNodeResponder::page(const QStringList& roles, const CMPath& path,
                                              KeloTidalContextVariation::Enum variation)
 {
-    const auto context = [this, variation](const QMap<QString, QString>& params) {
-        return getContextRoles(params, variation);
-    };
-    return {request, path, context, m_worker->tidalSettings(), m_worker};
+    return {roles,   path, path, getContextRoles({}, variation).toHash(), m_worker->tidalSettings(),
+            m_worker};
 }
 
-template <class ItemRows>
-bool TidalNodeResponder::itemRows(const CMGetRowsRequest& request, const QByteArray& body,
-                                  KeloError& error, int requestedCount, ItemRows& maker,
-                                  QVariantList& rows, int& count)
+KeloJson TidalNodeResponder::parsed(const QByteArray& body, KeloError& error)
 {
-    const TidalListAnswer answer(body, error);
-    if (answer.total() == 0) {
+    const KeloJson answer = KeloJson::parse(body, &error);
+    if (error.isSet())
+        KELO_LOG("Tidal", WARN) << "Failed to parse list: " << error.message();
+    return answer;
+}
+
+void TidalNodeResponder::replyItems(const CMGetRowsRequest& request, const KeloTidalApiPage& list,
+                                    int requestedCount, TidalItemRows&& maker, bool isTotalTrue)
+{
+    const int total = list.totalNumberOfItems();
+    if (total == 0) {
         replyNoItems(request);
-        return false;
+        return;
     }
-    rows.reserve(qMin(answer.size(), requestedCount));
+    const std::vector<KeloJson> items = list.entries();
+    QVariantList rows;
+    rows.reserve(qMin(int(items.size()), requestedCount));
     int length = 0;
-    answer.forEachItem([&](const KeloJson& item, int position) {
-        if (length++ < requestedCount)
-            rows.append(QVariant(maker.row(typename ItemRows::Response::Item(item), position)));
-    });
+    qint64 number = request.from();
+    for (const KeloJson& item : items) {
+        if (!item.isObject())
+            KELO_LOG("Tidal", WARN) << "Skipping row " << number << ", it is not an object";
+        else if (length++ < requestedCount)
+            rows.append(QVariant(maker.row(item, number)));
+        ++number;
+    }
     if (requestedCount < length) {
         // The quote is deliberate: readers of logs rely on it.
         KELO_LOG("Tidal", TRACE) << "Truncating: requestedCount: " << requestedCount
                                  << "' rows.length: " << length;
     }
-    count = exactRows(request, requestedCount, rows.size(), answer.total());
-    return true;
+    int count = isTotalTrue ? total : exactRows(request, requestedCount, rows.size(), total);
+    addStoredRows(request, rows, count);
+    replyRows(request, rows, count);
 }
 
 void TidalNodeResponder::replyTracks(HttpClientPrivate const& priv, QByteArray const& body,
@@ -104,11 +114,8 @@ void TidalNodeResponder::replyTracks(HttpClientPrivate const& priv, QByteArray c
                                      KeloTidalContextVariation::Enum variation)
 {
     const CMGetRowsRequest request = priv.getCMGetRowsRequest();
-    TidalTrackRows maker(page(request, path, variation));
-    QVariantList rows;
-    int count = 0;
-    if (itemRows(request, body, error, requestedCount, maker, rows, count))
-        replyRows(request, rows, count);
+    replyItems(request, KeloTidalApiPage(parsed(body, error)), requestedCount,
+               TidalTrackRows(page(request.roles(), path, variation)), false);
     notifyAdded(priv, body, path);
 }
 
@@ -120,7 +127,7 @@ void TidalNodeResponder::notifyAdded(const HttpClientPrivate& priv, const QByteA
     const QString marker = secondary.isNull() ? QString() : secondary.value().toString();
     if (marker.startsWith(prefix))
         m_worker->changeRowsSubscribe(path, {QLatin1Char('+') + marker.mid(prefix.size())},
-                                      TidalListAnswer::totalOf(KeloJson::parse(body)));
+                                      KeloTidalApiPage(KeloJson::parse(body)).totalNumberOfItems());
 }
 
 void TidalNodeResponder::replyAlbums(HttpClientPrivate const& priv, QByteArray const& body,
@@ -128,11 +135,8 @@ void TidalNodeResponder::replyAlbums(HttpClientPrivate const& priv, QByteArray c
                                      KeloTidalContextVariation::Enum variation)
 {
     const CMGetRowsRequest request = priv.getCMGetRowsRequest();
-    TidalAlbumRows maker(page(request, path, variation));
-    QVariantList rows;
-    int count = 0;
-    if (itemRows(request, body, error, requestedCount, maker, rows, count))
-        replyRows(request, rows, count);
+    replyItems(request, KeloTidalApiPage(parsed(body, error)), requestedCount,
+               TidalAlbumRows(page(request.roles(), path, variation)), false);
 }
 
 void TidalNodeResponder::replyArtists(HttpClientPrivate const& priv, QByteArray const& body,
@@ -140,20 +144,15 @@ void TidalNodeResponder::replyArtists(HttpClientPrivate const& priv, QByteArray 
                                       KeloTidalContextVariation::Enum variation)
 {
     const CMGetRowsRequest request = priv.getCMGetRowsRequest();
-    TidalArtistRows maker(page(request, path, variation));
-    QVariantList rows;
-    int count = 0;
-    if (!itemRows(request, body, error, requestedCount, maker, rows, count))
-        return;
-    addStoredRows(request, rows, count);
-    replyRows(request, rows, count);
+    replyItems(request, KeloTidalApiPage(parsed(body, error)), requestedCount,
+               TidalArtistRows(page(request.roles(), path, variation)), false);
 }
 
 void TidalNodeResponder::addStoredRows(const CMGetRowsRequest& request, QVariantList& rows,
                                        int& count)
 {
     const CMPath& path = request.path();
-    auto* list = qobject_cast<CMListRowsNode*>(m_worker->nodes()->find(path));
+    auto* list = qobject_cast<TidalBrowseNode*>(m_worker->nodes()->find(path));
     const bool isListItself = path.param(QStringLiteral("artistId")).isEmpty() &&
                               path.param(QStringLiteral("contentId")).isEmpty();
     // They stand behind the last row of the service, so they count once that row is known.
@@ -180,26 +179,4 @@ void TidalNodeResponder::replyRows(const CMGetRowsRequest& request, const QVaria
     answer.setRows(rows);
     answer.setRowsVersion(qMax(0, request.rowsVersion()));
     request.reply().setValue(answer);
-}
-
-void TidalNodeResponder::replyPlaylists(HttpClientPrivate const& priv, QByteArray const& body,
-                                        KeloError error, int requestedCount, CMPath const& path,
-                                        QString etag, KeloTidalContextVariation::Enum variation)
-{
-    const CMGetRowsRequest request = priv.getCMGetRowsRequest();
-    const TidalListAnswer answer(body, error);
-    const int total = answer.total();
-    const bool isChooser = path.contains(KeloTidalContextIdentifier());
-    if (!isChooser && variation == KeloTidalContextVariation::Playlist)
-        m_worker->setPlaylistPath(path);
-    if (!isChooser && total == 0) {
-        replyNoItems(request);
-        return;
-    }
-    PlaylistList playlists;
-    answer.forEachItem([&](const KeloJson& item, int) { playlists.emplace_back(item); });
-    if (isChooser)
-        replyChooser(page(request, path, variation), etag, playlists, total);
-    else
-        replyPlaylistRows(page(request, path, variation), requestedCount, etag, playlists, total);
 }

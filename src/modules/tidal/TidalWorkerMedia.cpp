@@ -74,7 +74,7 @@ void TidalWorker::completeMetaData(const KeloTidalApiTrackResponse& track)
     const QString cover = track.album().cover();
     if (!cover.isEmpty())
         m_play.itemRoles.setIcon(
-            TidalImageUrl(m_settings.imageUrl(), m_settings.imageSize()).of(cover.toStdString()));
+            tidalImageUrl(m_settings.imageUrl(), m_settings.imageSize(), cover));
 }
 
 bool TidalWorker::completeResource(const KeloTidalApiStreamUrlResponse& stream)

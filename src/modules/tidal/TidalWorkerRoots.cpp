@@ -101,8 +101,7 @@ void TidalWorker::addGenre(const KeloTidalApiContentRoots& root)
     const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
     CMListRowsNode* genre = CMListRowsNode::create(nodes(), path);
     genre->setTitle(root.name());
-    TidalImageUrl icons(settings.imageUrl(), settings.imageSizeGenre());
-    genre->setIcon(icons.of(root.image().toStdString()));
+    genre->setIcon(tidalImageUrl(settings.imageUrl(), settings.imageSizeGenre(), root.image()));
     const CMPath lists = addPrefix(KeloTidalRequest() + KeloTidalApiPathGenres() +
                                    QLatin1Char('/') + root.path() + QLatin1Char('/'));
     for (const QString& kind : {KeloTidalPlaylists(), KeloTidalAlbums(), KeloTidalTracks()})
@@ -121,8 +120,7 @@ void TidalWorker::addMood(const KeloTidalApiContentRoots& root)
     const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
     TidalBrowseNode* mood = m_tree->createPlayable(path, root.name(), KeloTidalPlaylists());
     mood->setProperty("category", KeloTidalApiPathMoods());
-    TidalImageUrl icons(settings.imageUrl(), settings.imageSizeMood());
-    mood->setIcon(icons.of(root.image().toStdString()));
+    mood->setIcon(tidalImageUrl(settings.imageUrl(), settings.imageSizeMood(), root.image()));
     addMoodsNode(mood);
     m_tree->playlists->rowsAppend(path);
 }

@@ -23,8 +23,17 @@ public:
     const KeloJson& json() const { return m_json; }
     /// The field `id` in decimal; empty where it is no whole number of 64 bits.
     QString idText() const;
-    /// A full copy as a hash; for those who ask for it.
-    KeloHash toHash() const;
+    /// Views of the objects in an array; elements of another type are left out.
+    template <class View>
+    static std::vector<View> objects(const KeloJson& array)
+    {
+        std::vector<View> result;
+        array.forEach([&](const KeloJson& element) {
+            if (element.isObject())
+                result.emplace_back(element);
+        });
+        return result;
+    }
 
 protected:
     QString text(std::string_view key) const { return m_json.value(key).toString(); }
@@ -68,42 +77,6 @@ public:
     QString highestSoundQuality() const { return text("highestSoundQuality"); }
 };
 
-/// An artist as it stands inside a track or an album.
-class KELO_EXPORT KeloTidalApiArtist : public KeloTidalApiObject
-{
-public:
-    using KeloTidalApiObject::KeloTidalApiObject;
-    qint64 id() const { return number("id"); }
-    QString name() const { return text("name"); }
-};
-
-/// An album as it stands inside a track.
-class KELO_EXPORT KeloTidalApiAlbum : public KeloTidalApiObject
-{
-public:
-    KELO_NAME(Cover, "cover")
-    using KeloTidalApiObject::KeloTidalApiObject;
-    QString title() const { return text("title"); }
-    QString cover() const { return text("cover"); }
-};
-
-/// An album.
-class KELO_EXPORT KeloTidalApiAlbumResponse : public KeloTidalApiObject
-{
-public:
-    KELO_NAME(Cover, "cover")
-    using KeloTidalApiObject::KeloTidalApiObject;
-    qint64 id() const { return number("id"); }
-    QString title() const { return text("title"); }
-    QString cover() const { return text("cover"); }
-    /// Whether it is said that the album may be streamed, or that it may not; both false when the
-    /// service says neither.
-    bool allowStreaming() const { return json().value("allowStreaming").toBool(); }
-    bool forbidsStreaming() const { return !json().value("allowStreaming").toBool(true); }
-    KeloTidalApiArtist artist() const;
-    std::vector<KeloTidalApiArtist> artists() const;
-};
-
 /// An artist.
 class KELO_EXPORT KeloTidalApiArtistResponse : public KeloTidalApiObject
 {
@@ -115,6 +88,24 @@ public:
     QString url() const { return text("url"); }
     QString picture() const { return text("picture"); }
 };
+/// As it stands inside a track or an album: without address and picture.
+using KeloTidalApiArtist = KeloTidalApiArtistResponse;
+
+/// An album.
+class KELO_EXPORT KeloTidalApiAlbumResponse : public KeloTidalApiObject
+{
+public:
+    KELO_NAME(Cover, "cover")
+    using KeloTidalApiObject::KeloTidalApiObject;
+    qint64 id() const { return number("id"); }
+    QString title() const { return text("title"); }
+    QString cover() const { return text("cover"); }
+    /// Whether it is said that the album may be streamed.
+    bool allowStreaming() const { return json().value("allowStreaming").toBool(); }
+    KeloTidalApiArtist artist() const { return KeloTidalApiArtist(json().value("artist")); }
+};
+/// As it stands inside a track: title and cover.
+using KeloTidalApiAlbum = KeloTidalApiAlbumResponse;
 
 /// A track, or a video among the tracks of a playlist.
 class KELO_EXPORT KeloTidalApiTrackResponse : public KeloTidalApiObject
@@ -125,12 +116,9 @@ public:
     using KeloTidalApiObject::KeloTidalApiObject;
     qint64 id() const { return number("id"); }
     QString title() const { return text("title"); }
-    /// As of an album.
     bool allowStreaming() const { return json().value("allowStreaming").toBool(); }
-    bool forbidsStreaming() const { return !json().value("allowStreaming").toBool(true); }
-    KeloTidalApiArtist artist() const;
-    std::vector<KeloTidalApiArtist> artists() const;
-    KeloTidalApiAlbum album() const;
+    KeloTidalApiArtist artist() const { return KeloTidalApiArtist(json().value("artist")); }
+    KeloTidalApiAlbum album() const { return KeloTidalApiAlbum(json().value("album")); }
 };
 
 /// A playlist. Its identifier is `uuid`; there is no `id`.
@@ -141,9 +129,7 @@ public:
     using KeloTidalApiObject::KeloTidalApiObject;
     QString uuid() const { return text("uuid"); }
     QString title() const { return text("title"); }
-    QString description() const { return text("description"); }
     QString image() const { return text("image"); }
-    std::vector<KeloTidalApiArtist> promotedArtists() const;
 };
 
 /// An entry of a favourites list: the item stands one level deeper.
@@ -160,39 +146,31 @@ using KeloTidalApiFavoriteArtistResponse = KeloTidalApiFavorite<KeloTidalApiArti
 using KeloTidalApiFavoriteTrackResponse = KeloTidalApiFavorite<KeloTidalApiTrackResponse>;
 using KeloTidalApiFavoritePlaylistResponse = KeloTidalApiFavorite<KeloTidalApiPlaylistResponse>;
 
-/// A page of a list. items() and itemsFav() are two readings of the same elements: bare, and
-/// wrapped as favourites are. Elements that are no objects are left out of both.
-template <class ItemResponse>
-class KeloTidalApiList : public KeloTidalApiObject
+/// A page of a list.
+class KELO_EXPORT KeloTidalApiPage : public KeloTidalApiObject
 {
 public:
-    using Item = ItemResponse;
-    using Favorite = KeloTidalApiFavorite<ItemResponse>;
     using KeloTidalApiObject::KeloTidalApiObject;
-
     /// Never below zero.
     int totalNumberOfItems() const
     {
         return int(qBound(qint64(0), number("totalNumberOfItems"), qint64(INT_MAX)));
     }
-    std::vector<ItemResponse> items() const { return elements<ItemResponse>(); }
-    std::vector<Favorite> itemsFav() const { return elements<Favorite>(); }
+    /// The items at their places, those of a page of favourites unwrapped: the first object tells
+    /// whether it is one, by the key alone, since its item may be null.
+    std::vector<KeloJson> entries() const;
+};
 
-private:
-    template <class Element>
-    std::vector<Element> elements() const
-    {
-        const KeloJson list = json().value("items");
-        std::vector<Element> result;
-        if (!list.isArray())
-            return result;
-        result.reserve(std::size_t(list.size()));
-        list.forEach([&](const KeloJson& element) {
-            if (element.isObject())
-                result.emplace_back(element);
-        });
-        return result;
-    }
+/// The items of a page: items() and itemsFav() are two readings of the same elements, bare and
+/// wrapped as favourites are. Elements that are no objects are left out of both.
+template <class ItemResponse>
+class KeloTidalApiList : public KeloTidalApiPage
+{
+public:
+    using Favorite = KeloTidalApiFavorite<ItemResponse>;
+    using KeloTidalApiPage::KeloTidalApiPage;
+    std::vector<ItemResponse> items() const { return objects<ItemResponse>(json().value("items")); }
+    std::vector<Favorite> itemsFav() const { return objects<Favorite>(json().value("items")); }
 };
 using KeloTidalApiAlbumsResponse = KeloTidalApiList<KeloTidalApiAlbumResponse>;
 using KeloTidalApiArtistsResponse = KeloTidalApiList<KeloTidalApiArtistResponse>;
@@ -227,7 +205,10 @@ public:
     void setRoot(const KeloJson& array) { m_root = array; }
     bool isEmpty() const { return !m_root.isArray() || m_root.isEmpty(); }
     /// The elements that are objects.
-    std::vector<KeloTidalApiContentRoots> root() const;
+    std::vector<KeloTidalApiContentRoots> root() const
+    {
+        return KeloTidalApiObject::objects<KeloTidalApiContentRoots>(m_root);
+    }
 
 private:
     KeloJson m_root;
