@@ -1,5 +1,6 @@
 // Answers to changes of the user's library: they end the request with an error, hand it to the
 // worker, or send the next request of an edit.
+#include "TidalActionReply.h"
 #include "TidalContextNode.h"
 #include "TidalHandler.h"
 #include "TidalNodeResponder.h"
@@ -8,41 +9,20 @@
 #include <kelo/KeloTidalConstants.h>
 
 namespace {
-CMError editError(const TrString& message)
-{
-    return CMError(QStringLiteral("TIDAL"), message);
-}
-
 CMError noTrackError()
 {
-    return editError(TrString(TrCharData{"TIDAL", "Non existing track index", nullptr}));
+    return tidalError(TrString(TrCharData{"TIDAL", "Non existing track index", nullptr}));
 }
 
-template <class List, class IdOf>
-bool hasFavorite(const KeloJson& answer, const QString& id, IdOf idOf)
-{
-    if (id.isEmpty())
-        return false;
-    for (const auto& favorite : List(answer).itemsFav()) {
-        if (idOf(favorite.item()) == id)
-            return true;
-    }
-    return false;
-}
-
-/// Whether the page of favorites of a kind holds an item.
+/// Whether a page of favorites of a kind holds an item.
 bool holdsItem(const KeloJson& answer, const QString& type, const QString& id)
 {
-    const auto numberOf = [](const auto& item) { return item.idText(); };
-    if (type == KeloTidalAlbums())
-        return hasFavorite<KeloTidalApiAlbumsResponse>(answer, id, numberOf);
-    if (type == KeloTidalArtists())
-        return hasFavorite<KeloTidalApiArtistsResponse>(answer, id, numberOf);
-    if (type == KeloTidalTracks())
-        return hasFavorite<KeloTidalApiTracksResponse>(answer, id, numberOf);
-    if (type == KeloTidalPlaylists())
-        return hasFavorite<KeloTidalApiPlaylistsResponse>(
-            answer, id, [](const auto& playlist) { return playlist.uuid(); });
+    const bool isPlaylists = type == KeloTidalPlaylists();
+    for (const auto& favorite : KeloTidalApiPlaylistsResponse(answer).itemsFav()) {
+        const KeloTidalApiPlaylistResponse item = favorite.item();
+        if (!id.isEmpty() && (isPlaylists ? item.uuid() : item.idText()) == id)
+            return true;
+    }
     return false;
 }
 } // namespace
@@ -57,9 +37,9 @@ CMError TidalNodeResponder::editRefusal(const HttpClientPrivate& priv, int statu
     noteRefusal(priv, status, error);
     const QString message = error.userMessage();
     if (message.isEmpty())
-        return editError(TrString(
+        return tidalError(TrString(
             QStringLiteral(QT_TRANSLATE_NOOP("TIDAL", "Error, failed to parse error message"))));
-    return editError(TrString(message));
+    return tidalError(TrString(message));
 }
 
 void TidalNodeResponder::on_newPlaylist_invoke(KeloUrl const&, HttpClientPrivate const& priv,
@@ -82,7 +62,7 @@ void TidalNodeResponder::on_newPlaylist_invoke(KeloUrl const&, HttpClientPrivate
         const KeloTidalApiPlaylistResponse playlist(KeloJson::parse(output, &error));
         if (error.isSet()) {
             KELO_LOG("Tidal", WARN) << "Error occured in parsing response";
-            request.reply().setError(editError(TrString(error.message())));
+            request.reply().setError(tidalError(TrString(error.message())));
             return;
         }
         uuid = playlist.uuid();
@@ -123,7 +103,7 @@ bool TidalNodeResponder::endsWithLogin(const HttpClientPrivate& priv)
 {
     if (!m_handler->isOfEarlierLogin(priv))
         return false;
-    priv.getCMRequest().reply().setError(editError(KELO_TR("User was logged out")));
+    priv.getCMRequest().reply().setError(tidalError(KELO_TR("User was logged out")));
     return true;
 }
 
