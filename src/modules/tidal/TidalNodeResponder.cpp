@@ -36,8 +36,8 @@ bool isTokenRefused(int status, int subStatus)
 }
 } // namespace
 
-TidalNodeResponder::TidalNodeResponder(const QString& name, TidalHandler* handler)
-    : QObject(handler), m_handler(handler), m_worker(handler->getWorker()), m_name(name)
+TidalNodeResponder::TidalNodeResponder(const QString&, TidalHandler* handler)
+    : QObject(handler), m_handler(handler), m_worker(handler->getWorker())
 {
     const QStringList roles = {
         KeloRoles::Path(),        KeloRoles::Type(),         KeloRoles::Title(),
@@ -52,45 +52,39 @@ TidalNodeResponder::~TidalNodeResponder() = default;
 
 void TidalNodeResponder::connectWorker()
 {
-    static const char* const connections[][2] = {
-        {"2sessionsFinished(KeloTidalApiSessionsResponse,KeloTidalApiErrorResponse)",
-         "1on_tidalHandler_sessionsFinished(KeloTidalApiSessionsResponse,"
-         "KeloTidalApiErrorResponse)"},
-        {"2subscriptionFinished(KeloTidalApiSubscriptionResponse,KeloTidalApiErrorResponse)",
-         "1on_tidalHandler_subscriptionFinished(KeloTidalApiSubscriptionResponse,"
-         "KeloTidalApiErrorResponse)"},
-        {"2streamUrlFinished(KeloTidalApiStreamUrlResponse,KeloTidalApiErrorResponse,"
-         "CMSetDataRequest)",
-         "1on_tidalHandler_streamUrl(KeloTidalApiStreamUrlResponse,KeloTidalApiErrorResponse,"
-         "CMSetDataRequest)"},
-        {"2trackFinished(KeloTidalApiTrackResponse,KeloTidalApiErrorResponse)",
-         "1on_tidalHandler_track(KeloTidalApiTrackResponse,KeloTidalApiErrorResponse)"},
-        {"2contentRootsFinishedMoods(KeloTidalApiContentRootsResponse,KeloTidalApiErrorResponse)",
-         "1on_tidalHandler_contentRootsMoods(KeloTidalApiContentRootsResponse,"
-         "KeloTidalApiErrorResponse)"},
-        {"2contentRootsFinishedGenres(KeloTidalApiContentRootsResponse,KeloTidalApiErrorResponse)",
-         "1on_tidalHandler_contentRootsGenres(KeloTidalApiContentRootsResponse,"
-         "KeloTidalApiErrorResponse)"},
-        {"2contentRootsFinishedFeatured(KeloTidalApiContentRootsResponse,"
-         "KeloTidalApiErrorResponse)",
-         "1on_tidalHandler_contentRootsFeatured(KeloTidalApiContentRootsResponse,"
-         "KeloTidalApiErrorResponse)"},
-        {"2addRemovePlaylistFinished(CMSetDataRequest,KeloTidalContextVariation::Enum,"
-         "KeloTidalApiErrorResponse,QVariant,QString,KeloTidalRequestType::Enum)",
-         "1on_tidalHandler_finishedPlaylists(CMSetDataRequest,KeloTidalContextVariation::Enum,"
-         "KeloTidalApiErrorResponse,QVariant,QString,KeloTidalRequestType::Enum)"},
-        {"2addRemoveFavoritesFinished(CMSetDataRequest,KeloTidalContextVariation::Enum,"
-         "KeloTidalApiErrorResponse)",
-         "1on_tidalHandler_finishedFavorites(CMSetDataRequest,KeloTidalContextVariation::Enum,"
-         "KeloTidalApiErrorResponse)"},
-        {"2newPlaylistFinished(CMSetDataRequest,QString,QString)",
-         "1on_newPlaylist_invoke(CMSetDataRequest,QString,QString)"},
-        {"2updatePlaylistFinished(CMSetDataRequest)",
-         "1on_updatePlaylist_invoke(CMSetDataRequest)"},
-        {"2movePlaylistTrackFinished(CMSetDataRequest)",
-         "1on_movePlaylistTrack_invoke(CMSetDataRequest)"}};
-    for (const auto& connection : connections)
-        keloConnect(this, connection[0], m_worker, connection[1], Qt::AutoConnection);
+    const struct
+    {
+        const char* signal;
+        const char* slot;
+        const char* arguments;
+    } connections[] = {
+        {"sessionsFinished", "on_tidalHandler_sessionsFinished",
+         "KeloTidalApiSessionsResponse,KeloTidalApiErrorResponse"},
+        {"subscriptionFinished", "on_tidalHandler_subscriptionFinished",
+         "KeloTidalApiSubscriptionResponse,KeloTidalApiErrorResponse"},
+        {"streamUrlFinished", "on_tidalHandler_streamUrl",
+         "KeloTidalApiStreamUrlResponse,KeloTidalApiErrorResponse,CMSetDataRequest"},
+        {"trackFinished", "on_tidalHandler_track",
+         "KeloTidalApiTrackResponse,KeloTidalApiErrorResponse"},
+        {"contentRootsFinishedMoods", "on_tidalHandler_contentRootsMoods",
+         "KeloTidalApiContentRootsResponse,KeloTidalApiErrorResponse"},
+        {"contentRootsFinishedGenres", "on_tidalHandler_contentRootsGenres",
+         "KeloTidalApiContentRootsResponse,KeloTidalApiErrorResponse"},
+        {"contentRootsFinishedFeatured", "on_tidalHandler_contentRootsFeatured",
+         "KeloTidalApiContentRootsResponse,KeloTidalApiErrorResponse"},
+        {"addRemovePlaylistFinished", "on_tidalHandler_finishedPlaylists",
+         "CMSetDataRequest,KeloTidalContextVariation::Enum,KeloTidalApiErrorResponse,QVariant,"
+         "QString,KeloTidalRequestType::Enum"},
+        {"addRemoveFavoritesFinished", "on_tidalHandler_finishedFavorites",
+         "CMSetDataRequest,KeloTidalContextVariation::Enum,KeloTidalApiErrorResponse"},
+        {"newPlaylistFinished", "on_newPlaylist_invoke", "CMSetDataRequest,QString,QString"},
+        {"updatePlaylistFinished", "on_updatePlaylist_invoke", "CMSetDataRequest"},
+        {"movePlaylistTrackFinished", "on_movePlaylistTrack_invoke", "CMSetDataRequest"}};
+    for (const auto& connection : connections) {
+        const QByteArray arguments = QByteArray("(") + connection.arguments + ')';
+        keloConnect(this, QByteArray("2") + connection.signal + arguments, m_worker,
+                    QByteArray("1") + connection.slot + arguments, Qt::AutoConnection);
+    }
 }
 
 int TidalNodeResponder::exactRows(CMGetRowsRequest const& request, int requestedCount,
@@ -127,15 +121,17 @@ void TidalNodeResponder::noteRefusal(const HttpClientPrivate& priv, int status,
 
 QVariantList TidalNodeResponder::noItemsRow(const QStringList& roles)
 {
-    return titled(getVariantRole(roles, CMPath(), QString(), QString(), KeloRolesType::Text(),
-                                 false, QVariant(), QString(), KeloRolesAudioType::None(),
-                                 KeloMediaData(), QString(), KeloRolesContainerType::None()),
-                  roles, KELO_TR("No items found"));
+    return ownRow(roles, CMPath(), KeloRolesType::Text(), KELO_TR("No items found"));
 }
 
-QVariantList TidalNodeResponder::titled(QVariantList row, const QStringList& roles,
-                                        const TrString& title)
+QVariantList TidalNodeResponder::ownRow(const QStringList& roles, const CMPath& path,
+                                        const QString& type, const TrString& title,
+                                        const QString& id, const QVariant& context,
+                                        const QString& description)
 {
+    QVariantList row = getVariantRole(roles, path, QString(), id, type, false, context, description,
+                                      KeloRolesAudioType::None(), KeloMediaData(), QString(),
+                                      KeloRolesContainerType::None());
     for (int i = 0; i < roles.size(); ++i) {
         if (roles.at(i) == KeloRoles::Title())
             row[i] = title.toVariant();

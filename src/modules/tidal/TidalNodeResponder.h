@@ -168,12 +168,16 @@ private:
     CMError editRefusal(const HttpClientPrivate& priv, int status, const QByteArray& body);
     /// Answers with the message of a failed answer.
     void replyFailure(const HttpClientPrivate& priv, int status, const QByteArray& body);
-    /// The same, but a body that tells no status leaves the reply to the host.
-    void replyArtistFailure(const HttpClientPrivate& priv, int status, const QByteArray& body);
+    /// Whether an answer about an artist is a failure, or nobody waits for it; a failure is
+    /// answered as above, but a body that tells no status leaves the reply to the host.
+    bool isArtistFailure(const HttpClientPrivate& priv, int status, const QByteArray& body);
     static int requestedCountOf(const CMGetRowsRequest& request);
     QVariantList noItemsRow(const QStringList& roles);
-    /// A row with a text of the module, which clients get in their languages, as its title.
-    static QVariantList titled(QVariantList row, const QStringList& roles, const TrString& title);
+    /// A row that the service knows nothing of. Clients get its title in their languages.
+    QVariantList ownRow(const QStringList& roles, const CMPath& path, const QString& type,
+                        const TrString& title, const QString& id = QString(),
+                        const QVariant& context = QVariant(),
+                        const QString& description = QString());
     TidalItemRows::Page page(const QStringList& roles, const CMPath& path,
                              KeloTidalContextVariation::Enum variation);
     /// The JSON of a list's body; nothing, with the reason in `error` and a WARN line, where it
@@ -198,7 +202,6 @@ private:
 
     TidalHandler* m_handler;
     TidalWorker* m_worker;
-    QString m_name;
     HttpClientPrivate m_answered; ///< of the answer that is being handed to the worker
     Radio m_radio;                ///< the one that is kept; no tracks when none is
 };

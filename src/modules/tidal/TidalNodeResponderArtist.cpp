@@ -68,24 +68,29 @@ void TidalNodeResponder::createArtistContent(CMGetRowsRequest const& request,
         if (entry.albums)
             path.addParam(QStringLiteral("artistAlbumContent"), QLatin1String(entry.albums));
         const bool isBio = entry.content == KeloTidalArtistBio();
-        const QVariantList row =
-            getVariantRole(request.roles(), path, QString(), QString(),
-                           isBio ? KeloRolesType::Action() : KeloRolesType::Container(), false,
-                           context, isBio ? url : QString(), KeloRolesAudioType::None(),
-                           KeloMediaData(), QString(), KeloRolesContainerType::None());
-        rows.append(QVariant(titled(row, request.roles(), entry.title)));
+        rows.append(QVariant(ownRow(request.roles(), path,
+                                    isBio ? KeloRolesType::Action() : KeloRolesType::Container(),
+                                    entry.title, QString(), context, isBio ? url : QString())));
     }
     replyRows(request, rows, count);
 }
 
-void TidalNodeResponder::replyArtistFailure(const HttpClientPrivate& priv, int status,
-                                            const QByteArray& body)
+bool TidalNodeResponder::isArtistFailure(const HttpClientPrivate& priv, int status,
+                                         const QByteArray& body)
 {
+    if (priv.getCMRequest().isNull())
+        return true;
+    if (status == 200)
+        return false;
     const KeloTidalApiErrorResponse error(KeloJson::parse(body));
-    if (error.contains(KeloTidalApiErrorResponse::Status()))
-        return replyFailure(priv, status, body);
-    KELO_LOG("Tidal", WARN) << "Failed answer about an artist without a status, code: " << status;
-    noteRefusal(priv, status, error);
+    if (error.contains(KeloTidalApiErrorResponse::Status())) {
+        replyFailure(priv, status, body);
+    } else {
+        KELO_LOG("Tidal", WARN) << "Failed answer about an artist without a status, code: "
+                                << status;
+        noteRefusal(priv, status, error);
+    }
+    return true;
 }
 
 void TidalNodeResponder::on_artistResponse_invoke(KeloUrl const&, HttpClientPrivate const& priv,
@@ -93,12 +98,8 @@ void TidalNodeResponder::on_artistResponse_invoke(KeloUrl const&, HttpClientPriv
                                                   HttpClientHeaders)
 {
     const CMGetRowsRequest request = priv.getCMGetRowsRequest();
-    if (request.isNull())
+    if (isArtistFailure(priv, status, output))
         return;
-    if (status != 200) {
-        replyArtistFailure(priv, status, output);
-        return;
-    }
     const KeloTidalApiArtistResponse artist(KeloJson::parse(output));
     createArtistContent(request, request.path().param(QStringLiteral("artistId")), artist.url());
 }
@@ -109,12 +110,8 @@ void TidalNodeResponder::on_artistContentResponse_invoke(KeloUrl const&,
                                                          HttpClientHeaders header)
 {
     const CMGetRowsRequest request = priv.getCMGetRowsRequest();
-    if (request.isNull())
+    if (isArtistFailure(priv, status, output))
         return;
-    if (status != 200) {
-        replyArtistFailure(priv, status, output);
-        return;
-    }
     const int requestedCount = requestedCountOf(request);
     const CMPath& path = request.path();
     const KeloTidalContextVariation::Enum variation = contextType(path);
@@ -143,12 +140,8 @@ void TidalNodeResponder::on_artistBioResponse_invoke(KeloUrl const&, HttpClientP
                                                      HttpClientHeaders)
 {
     const CMSetDataRequest request = priv.getCMSetDataRequest();
-    if (request.isNull())
+    if (isArtistFailure(priv, status, output))
         return;
-    if (status != 200) {
-        replyArtistFailure(priv, status, output);
-        return;
-    }
     const KeloTidalApiArtistBioResponse bio(KeloJson::parse(output));
     KeloRoles result;
     result.setTitle(KELO_TR("Artist bio"));

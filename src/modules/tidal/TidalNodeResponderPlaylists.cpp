@@ -8,6 +8,11 @@
 namespace {
 /// Rows of a chooser that stand ahead of the playlists: "Create playlist" and a header.
 constexpr int leadRows = 2;
+
+void logMissingPlaylist()
+{
+    KELO_LOG("Tidal", ERROR) << "secondInd >= rowsCount, wrong usage of limit in request ?";
+}
 } // namespace
 
 void TidalNodeResponder::replyPlaylists(HttpClientPrivate const& priv, QByteArray const& body,
@@ -25,6 +30,8 @@ void TidalNodeResponder::replyPlaylists(HttpClientPrivate const& priv, QByteArra
         m_worker->setPlaylistPath(path);
     shown.itemPath.addParam(QStringLiteral("ETag"), etag);
     replyItems(request, list, requestedCount, TidalPlaylistRows(shown, false), true);
+    if (list.totalNumberOfItems() > 0 && int(list.items().size()) < requestedCount)
+        logMissingPlaylist();
 }
 
 void TidalNodeResponder::replyChooser(const CMGetRowsRequest& request, TidalItemRows::Page page,
@@ -49,7 +56,7 @@ void TidalNodeResponder::replyChooser(const CMGetRowsRequest& request, TidalItem
                 rows.append(QVariant(noItemsRow(request.roles())));
             break;
         } else if (position >= playlists.size()) {
-            KELO_LOG("Tidal", ERROR) << "secondInd >= rowsCount, wrong usage of limit in request ?";
+            logMissingPlaylist();
             break;
         } else {
             rows.append(QVariant(maker.row(playlists[position].json(), index)));
@@ -69,10 +76,7 @@ QVariantList TidalNodeResponder::chooserLeadRow(const CMGetRowsRequest& request,
         rowPath.addParams(path.params());
     }
     const TrString title = isCreate ? KELO_TR("Create playlist") : KELO_TR("My playlists");
-    const QVariantList row =
-        getVariantRole(request.roles(), rowPath, QString(), QStringLiteral("1"),
-                       isCreate ? KeloRolesType::Container() : KeloRolesType::Header(), false,
-                       QVariant(), QString(), KeloRolesAudioType::None(), KeloMediaData(),
-                       QString(), KeloRolesContainerType::None());
-    return titled(row, request.roles(), title);
+    return ownRow(request.roles(), rowPath,
+                  isCreate ? KeloRolesType::Container() : KeloRolesType::Header(), title,
+                  QStringLiteral("1"));
 }

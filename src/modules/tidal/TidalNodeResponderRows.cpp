@@ -1,3 +1,4 @@
+#include "TidalActionReply.h"
 #include "TidalBrowseNode.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
@@ -60,8 +61,7 @@ void TidalNodeResponder::replyFailure(const HttpClientPrivate& priv, int status,
     const KeloTidalApiErrorResponse error(KeloJson::parse(body));
     const QString message = resolveError(error, status);
     noteRefusal(priv, status, error);
-    priv.getCMRequest().reply().setError(
-        CMError(QStringLiteral("TIDAL"), TrString(Language::ntr(message, "TIDAL"))));
+    priv.getCMRequest().reply().setError(tidalError(TrString(Language::ntr(message, "TIDAL"))));
 }
 
 TidalItemRows::Page TidalNodeResponder::page(const QStringList& roles, const CMPath& path,
@@ -94,7 +94,8 @@ void TidalNodeResponder::replyItems(const CMGetRowsRequest& request, const KeloT
     qint64 number = request.from();
     for (const KeloJson& item : items) {
         if (!item.isObject())
-            KELO_LOG("Tidal", WARN) << "Skipping row " << number << ", it is not an object";
+            KELO_LOG("Tidal", WARN)
+                << "Skipping item " << number - request.from() << ", it is not an object";
         else if (length++ < requestedCount)
             rows.append(QVariant(maker.row(item, number)));
         ++number;
