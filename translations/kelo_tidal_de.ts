@@ -332,18 +332,6 @@
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>die Audioausgabe ist nicht innerhalb von %1 Sekunden angelaufen und wurde neu aufgebaut</translation>
     </message>
-    <message>
-        <source>the audio server answered with status %1</source>
-        <translation>der Audioserver hat mit dem Status %1 geantwortet</translation>
-    </message>
-    <message>
-        <source>the address is not valid</source>
-        <translation>die Adresse ist ungültig</translation>
-    </message>
-    <message>
-        <source>the audio server did not answer</source>
-        <translation>der Audioserver hat nicht geantwortet</translation>
-    </message>
 </context>
 <context>
     <name>QVariantList TidalNodeResponder::chooserLeadRow(const CMGetRowsRequest&amp;, const CMPath&amp;, int)</name>

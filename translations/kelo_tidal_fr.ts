@@ -332,18 +332,6 @@
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>la sortie audio n’a pas démarré en %1 secondes et a été recréée</translation>
     </message>
-    <message>
-        <source>the audio server answered with status %1</source>
-        <translation>le serveur audio a répondu avec le statut %1</translation>
-    </message>
-    <message>
-        <source>the address is not valid</source>
-        <translation>l’adresse n’est pas valide</translation>
-    </message>
-    <message>
-        <source>the audio server did not answer</source>
-        <translation>le serveur audio n’a pas répondu</translation>
-    </message>
 </context>
 <context>
     <name>QVariantList TidalNodeResponder::chooserLeadRow(const CMGetRowsRequest&amp;, const CMPath&amp;, int)</name>

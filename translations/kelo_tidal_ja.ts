@@ -332,18 +332,6 @@
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>オーディオ出力が%1秒以内に開始しなかったため、作り直しました</translation>
     </message>
-    <message>
-        <source>the audio server answered with status %1</source>
-        <translation>音声サーバーがステータス %1 を返しました</translation>
-    </message>
-    <message>
-        <source>the address is not valid</source>
-        <translation>アドレスが正しくありません</translation>
-    </message>
-    <message>
-        <source>the audio server did not answer</source>
-        <translation>音声サーバーが応答しませんでした</translation>
-    </message>
 </context>
 <context>
     <name>QVariantList TidalNodeResponder::chooserLeadRow(const CMGetRowsRequest&amp;, const CMPath&amp;, int)</name>

@@ -332,18 +332,6 @@
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>lydutgangen startet ikke innen %1 sekunder og ble satt opp på nytt</translation>
     </message>
-    <message>
-        <source>the audio server answered with status %1</source>
-        <translation>lydserveren svarte med status %1</translation>
-    </message>
-    <message>
-        <source>the address is not valid</source>
-        <translation>adressen er ikke gyldig</translation>
-    </message>
-    <message>
-        <source>the audio server did not answer</source>
-        <translation>lydserveren svarte ikke</translation>
-    </message>
 </context>
 <context>
     <name>QVariantList TidalNodeResponder::chooserLeadRow(const CMGetRowsRequest&amp;, const CMPath&amp;, int)</name>

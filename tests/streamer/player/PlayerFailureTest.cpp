@@ -162,9 +162,9 @@ TEST_F(PlayerFailureTest, AnOutputThatDoesNotStartIsMadeAnewAndTheCommandAnswere
     addTracks({"1", "2"});
     player.reset();
     startPlayer(
-        [this](Clock&, QString* error) {
-            return ThreadedOutput::create(
-                [this](QString*) { return std::make_unique<FakeOutput>(script); }, error);
+        [this](QString*) {
+            return std::make_unique<ThreadedOutput>(
+                [this](QString*) { return std::make_unique<FakeOutput>(script); });
         },
         time);
     const QString text = "the audio output did not start within 10 seconds and was made anew";
@@ -181,9 +181,9 @@ TEST_F(PlayerFailureTest, AnOutputThatDoesNotStartIsMadeAnewAndTheCommandAnswere
         time.advance(1);
         EXPECT_EQ(outcome(reply), text);
         EXPECT_EQ(waitForState("stopped")["note"], text);
-        waitForOperation("volume 30");
         script.setStart(OutputScript::AtOnce);
         EXPECT_EQ(run("resume"), "ok");
+        waitForOperation("volume 30");
         EXPECT_EQ(opened().last(), "open fake:1 0");
         EXPECT_EQ(run("stop"), "ok");
         EXPECT_TRUE(script.waitFor([this] { return script.outputs == 1; })); // what hung has ended
@@ -234,7 +234,8 @@ TEST_F(PlayerFailureTest, AnswersWhatWaitsWhenThePlayerEnds)
     player->stop();
     EXPECT_EQ(outcome(reply), "the player ends");
     EXPECT_EQ(outcome(begin("pause")), "the player is not running");
-    player->start(nullptr);
+    QString error;
+    player->start(&error);
     module->release();
 }
 } // namespace

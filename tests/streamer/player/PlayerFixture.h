@@ -30,8 +30,7 @@ protected:
 
     void startPlayer()
     {
-        startPlayer([this](Clock&, QString*) { return std::make_unique<FakeOutput>(script); },
-                    time);
+        startPlayer([this](QString*) { return std::make_unique<FakeOutput>(script); }, time);
     }
     void startPlayer(const Player::OutputFactory& makeOutput, Clock& clock)
     {
@@ -43,7 +42,8 @@ protected:
             m_last = status;
             m_changed.notify_all();
         });
-        ASSERT_TRUE(player->start(nullptr));
+        QString error;
+        ASSERT_TRUE(player->start(&error)) << error.toStdString();
     }
 
     /// A list of tracks with these ids.

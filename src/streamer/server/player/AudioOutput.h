@@ -3,9 +3,6 @@
 #include <memory>
 #include <QString>
 
-class QObject;
-class Clock;
-
 /// What an output is asked to play.
 struct OutputItem
 {
@@ -30,7 +27,7 @@ struct OutputError
     qint64 positionMs = 0; ///< where the current item was
 };
 
-/// Turns addresses into sound. Owned by the player's engine or by a ThreadedOutput; lives on its
+/// Turns addresses into sound. Owned by the player's engine or by an OutputStage; lives on its
 /// owner's thread, where every operation is called and every event arrives, the events never from
 /// inside an operation. It knows addresses alone: no rows, no lists, no services.
 class AudioOutput
@@ -70,8 +67,7 @@ public:
 
     /// The output of the settings: "auto", "null", or the description of a GStreamer sink. Null,
     /// with a sentence in `error`, when a description is none.
-    static std::unique_ptr<AudioOutput> create(const QString& description, Clock& clock,
-                                               QString* error);
+    static std::unique_ptr<AudioOutput> create(const QString& description, QString* error);
 
 protected:
     const Events& events() const { return m_events; }

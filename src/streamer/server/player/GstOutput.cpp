@@ -39,7 +39,25 @@ bool hasSoundDevice(GstElement* sink)
     return isReady && !isFake;
 }
 
-GstElement* makeAutoSink(QString* note)
+GstElement* parseSink(const QString& description, QString* error)
+{
+    GError* failure = nullptr;
+    GstElement* sink =
+        gst_parse_bin_from_description(description.toUtf8().constData(), TRUE, &failure);
+    if (sink)
+        gst_object_ref_sink(sink);
+    if (failure) {
+        *error = QStringLiteral("\"%1\" is no sink that GStreamer knows: %2")
+                     .arg(description, QString::fromUtf8(failure->message));
+        g_error_free(failure);
+        if (sink)
+            gst_object_unref(sink);
+        return nullptr;
+    }
+    return sink;
+}
+
+GstElement* makeAutoSink(QString* note, QString* error)
 {
     GstElement* sink = gst_element_factory_make("autoaudiosink", nullptr);
     if (sink) {
@@ -49,31 +67,7 @@ GstElement* makeAutoSink(QString* note)
         gst_object_unref(sink);
     }
     *note = Language::ntr("no sound device, playing silently", "Player");
-    sink = gst_element_factory_make("fakesink", nullptr);
-    if (sink) {
-        gst_object_ref_sink(sink);
-        g_object_set(sink, "sync", TRUE, nullptr);
-    }
-    return sink;
-}
-
-GstElement* parseSink(const QString& description, QString* error)
-{
-    GError* failure = nullptr;
-    GstElement* sink =
-        gst_parse_bin_from_description(description.toUtf8().constData(), TRUE, &failure);
-    if (sink)
-        gst_object_ref_sink(sink);
-    if (failure) {
-        if (error)
-            *error = QStringLiteral("\"%1\" is no sink that GStreamer knows: %2")
-                         .arg(description, QString::fromUtf8(failure->message));
-        g_error_free(failure);
-        if (sink)
-            gst_object_unref(sink);
-        return nullptr;
-    }
-    return sink;
+    return parseSink(GstOutput::silentSink(), error);
 }
 } // namespace
 
@@ -81,24 +75,19 @@ std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* err
 {
     GError* failure = nullptr;
     if (!gst_init_check(nullptr, nullptr, &failure)) {
-        if (error)
-            *error = QStringLiteral("GStreamer does not start: %1")
-                         .arg(QString::fromUtf8(failure ? failure->message : "no reason given"));
+        *error = QStringLiteral("GStreamer does not start: %1")
+                     .arg(QString::fromUtf8(failure ? failure->message : "no reason given"));
         g_clear_error(&failure);
         return nullptr;
     }
     QString note;
-    GstPtr<GstElement> audioSink(sink == QLatin1String("auto") ? makeAutoSink(&note)
+    GstPtr<GstElement> audioSink(sink == QLatin1String("auto") ? makeAutoSink(&note, error)
                                                                : parseSink(sink, error));
-    if (!audioSink) {
-        if (error && error->isEmpty())
-            *error = QStringLiteral("GStreamer has no sink; its base plug-ins are missing");
+    if (!audioSink)
         return nullptr;
-    }
     GstElement* playbin = gst_element_factory_make("playbin", nullptr);
     if (!playbin) {
-        if (error)
-            *error = QStringLiteral("GStreamer has no playbin; its base plug-ins are missing");
+        *error = QStringLiteral("GStreamer has no playbin; its base plug-ins are missing");
         return nullptr;
     }
     gst_object_ref_sink(playbin);

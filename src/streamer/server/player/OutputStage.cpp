@@ -5,8 +5,8 @@ namespace {
 constexpr int measureEveryMs = 100;
 }
 
-OutputStage::OutputStage(QObject* receiver, Raise raise)
-    : m_receiver(receiver), m_raise(std::move(raise))
+OutputStage::OutputStage(Make make, QObject* receiver, Raise raise)
+    : m_make(std::move(make)), m_receiver(receiver), m_raise(std::move(raise))
 {
 }
 
@@ -22,13 +22,11 @@ void OutputStage::letGo()
     m_receiver = nullptr;
 }
 
-bool OutputStage::make(const Make& make, QString* error)
+bool OutputStage::make(QString* error)
 {
-    m_output = make(&m_problem);
-    if (!m_output) {
-        *error = m_problem;
+    m_output = m_make(error);
+    if (!m_output)
         return false;
-    }
     using Events = AudioOutput::Events;
     Events events;
     events.started = [this] { raise([](const Events& to) { to.started(); }); };
@@ -46,17 +44,19 @@ bool OutputStage::make(const Make& make, QString* error)
     return true;
 }
 
-void OutputStage::open(quint64 number, quint64 session, const OutputItem& item)
+void OutputStage::open(quint64 number, quint64 session, int volume, const OutputItem& item)
 {
     m_session = session;
-    if (session == m_newest && !m_output) {
+    if (session == m_newest) {
         OutputError error;
         error.kind = OutputError::Device;
-        error.text = m_problem;
-        raise([error](const AudioOutput::Events& to) { to.error(error); });
-    } else if (session == m_newest) {
-        m_clock->start();
-        m_output->open(item);
+        if (m_output || make(&error.text)) {
+            m_clock->start();
+            m_output->setVolume(volume);
+            m_output->open(item);
+        } else {
+            raise([error](const AudioOutput::Events& to) { to.error(error); });
+        }
     }
     m_done = number;
     measure();
@@ -64,12 +64,13 @@ void OutputStage::open(quint64 number, quint64 session, const OutputItem& item)
 
 void OutputStage::run(quint64 number, Clock clock, const Operation& operation)
 {
-    if (m_output && clock == Clock::Run)
-        m_clock->start();
-    else if (m_output && clock == Clock::Halt)
-        m_clock->stop();
-    if (m_output)
+    if (m_output) {
+        if (clock == Clock::Run)
+            m_clock->start();
+        else if (clock == Clock::Halt)
+            m_clock->stop();
         operation(*m_output);
+    }
     m_done = number;
     measure();
 }
@@ -91,13 +92,13 @@ void OutputStage::raise(const Event& event)
 
 void OutputStage::measure()
 {
-    if (!m_output)
-        return;
     Measured now;
     now.operation = m_done;
-    now.positionMs = m_output->positionMs();
-    now.durationMs = m_output->durationMs();
-    now.note = m_output->note();
+    if (m_output) {
+        now.positionMs = m_output->positionMs();
+        now.durationMs = m_output->durationMs();
+        now.note = m_output->note();
+    }
     std::lock_guard<std::mutex> lock(m_mutex);
     m_measured = now;
 }

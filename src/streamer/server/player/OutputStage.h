@@ -26,7 +26,7 @@ public:
         QString note;
     };
 
-    OutputStage(QObject* receiver, Raise raise);
+    OutputStage(Make make, QObject* receiver, Raise raise);
 
     // Any thread.
     Measured measured() const;
@@ -36,9 +36,11 @@ public:
     void letGo();
 
     // The output's thread.
-    /// False, with a sentence in `error`, when there is no output; opening fails with it then.
-    bool make(const Make& make, QString* error);
-    void open(quint64 number, quint64 session, const OutputItem& item);
+    /// False, with a sentence in `error`, when the output cannot be made.
+    bool make(QString* error);
+    /// Makes the output when there is none.
+    void open(quint64 number, quint64 session, int volume, const OutputItem& item);
+    /// Does nothing as long as there is no output.
     void run(quint64 number, Clock clock, const Operation& operation);
     void end();
 
@@ -46,6 +48,7 @@ private:
     void raise(const Event& event);
     void measure();
 
+    const Make m_make;
     mutable std::mutex m_mutex;
     QObject* m_receiver; ///< null once it may be gone
     const Raise m_raise;
@@ -54,8 +57,7 @@ private:
 
     // Of the output's thread alone.
     std::unique_ptr<AudioOutput> m_output;
-    std::unique_ptr<QTimer> m_clock; ///< runs while the position may move
-    QString m_problem;               ///< why there is no output
+    std::unique_ptr<QTimer> m_clock; ///< made with the output; runs while the position may move
     quint64 m_session = 0;
     quint64 m_done = 0;
 };

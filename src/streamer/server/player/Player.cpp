@@ -5,8 +5,8 @@
 
 Player::Player(const PlayerOptions& options)
     : m_options(options), m_clock(m_systemClock),
-      m_makeOutput([description = options.output](Clock& clock, QString* error) {
-          return AudioOutput::create(description, clock, error);
+      m_makeOutput([description = options.output](QString* error) {
+          return AudioOutput::create(description, error);
       })
 {
 }
@@ -25,15 +25,12 @@ bool Player::start(QString* error)
 {
     bool isMade = false;
     m_thread.start([this, error, &isMade] {
-        QString problem;
-        std::unique_ptr<AudioOutput> output = m_makeOutput(m_clock, &problem);
+        std::unique_ptr<AudioOutput> output = m_makeOutput(error);
         isMade = output != nullptr;
         if (isMade)
             m_engine = std::make_unique<PlayerEngine>(
                 std::move(output), m_clock, m_options.stateDir,
                 [this](const PlayerStatus& status) { publish(status); });
-        else if (error)
-            *error = problem;
     });
     if (!isMade) {
         m_thread.stop([] {});

@@ -22,7 +22,7 @@ struct PlayerOptions
 class Player : public PlayerControl, public PlayLogicInterface
 {
 public:
-    using OutputFactory = std::function<std::unique_ptr<AudioOutput>(Clock&, QString* error)>;
+    using OutputFactory = std::function<std::unique_ptr<AudioOutput>(QString* error)>;
 
     explicit Player(const PlayerOptions& options);
     /// For tests: with an output and a clock, which outlives the player, of their own. The factory

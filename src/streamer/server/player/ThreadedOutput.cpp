@@ -1,4 +1,5 @@
 #include "ThreadedOutput.h"
+#include <future>
 #include <kelo/KeloLog.h>
 
 namespace {
@@ -6,20 +7,9 @@ constexpr int maxLeft = 8;
 constexpr std::chrono::seconds endWait{3};
 } // namespace
 
-std::unique_ptr<AudioOutput> ThreadedOutput::create(OutputStage::Make make, QString* error)
+ThreadedOutput::ThreadedOutput(OutputStage::Make make) : m_make(std::move(make))
 {
-    std::unique_ptr<ThreadedOutput> output(new ThreadedOutput(std::move(make)));
-    output->makeStage();
-    bool isMade = false;
-    output->m_thread.start([stage = output->m_stage, make = output->m_make, error, &isMade] {
-        QString problem;
-        isMade = stage->make(make, &problem);
-        if (error)
-            *error = problem;
-    });
-    if (!isMade)
-        return nullptr;
-    return output;
+    startStage();
 }
 
 ThreadedOutput::~ThreadedOutput()
@@ -30,13 +20,21 @@ ThreadedOutput::~ThreadedOutput()
         KELO_LOG("player", WARN) << "the audio output does not end";
 }
 
-void ThreadedOutput::makeStage()
+void ThreadedOutput::startStage()
 {
     m_stage = std::make_shared<OutputStage>(
-        &m_context, [this](quint64 session, const OutputStage::Event& event) {
+        m_make, &m_context, [this](quint64 session, const OutputStage::Event& event) {
             if (session == m_session)
                 event(events());
         });
+    m_thread.start([] {});
+}
+
+bool ThreadedOutput::make(QString* error)
+{
+    std::promise<bool> isMade;
+    m_thread.post([&] { isMade.set_value(m_stage->make(error)); });
+    return isMade.get_future().get();
 }
 
 void ThreadedOutput::restart()
@@ -54,14 +52,7 @@ void ThreadedOutput::restart()
             --*left;
         },
         std::chrono::seconds(0));
-    makeStage();
-    m_thread.start([] {});
-    m_thread.post([stage = m_stage, make = m_make] {
-        QString problem;
-        if (!stage->make(make, &problem))
-            KELO_LOG("player", ERROR) << problem;
-    });
-    setVolume(m_volume);
+    startStage();
 }
 
 void ThreadedOutput::run(Clock clock, OutputStage::Operation operation)
@@ -81,9 +72,8 @@ void ThreadedOutput::beginSession(qint64 positionMs, qint64 durationMs)
 void ThreadedOutput::open(const OutputItem& item)
 {
     beginSession(item.startMs, item.durationHintMs);
-    m_thread.post([stage = m_stage, number = ++m_operation, session = m_session, item] {
-        stage->open(number, session, item);
-    });
+    m_thread.post([stage = m_stage, number = ++m_operation, session = m_session, volume = m_volume,
+                   item] { stage->open(number, session, volume, item); });
 }
 
 void ThreadedOutput::setNext(const OutputItem& item)

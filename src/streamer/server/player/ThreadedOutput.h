@@ -10,11 +10,14 @@
 class ThreadedOutput : public AudioOutput
 {
 public:
-    /// Null, with a sentence in `error`, when the output cannot be made. `make` runs again, on
-    /// another thread, when the output is made anew.
-    static std::unique_ptr<AudioOutput> create(OutputStage::Make make, QString* error);
+    /// `make` runs on the output's thread when something is opened, unless make() was called, and
+    /// again, on another thread, after restart().
+    explicit ThreadedOutput(OutputStage::Make make);
     /// Waits for the output's end for a while, then leaves it behind.
     ~ThreadedOutput() override;
+
+    /// Makes the output now; false, with a sentence in `error`, when that fails.
+    bool make(QString* error);
 
     void open(const OutputItem& item) override;
     void setNext(const OutputItem& item) override;
@@ -23,8 +26,8 @@ public:
     void stop() override;
     void seek(qint64 positionMs) override;
     void setVolume(int percent) override;
-    /// Leaves the output behind, which ends when it comes back, and makes another one. At most so
-    /// many are left behind; beyond, the one that hangs is kept.
+    /// Leaves the output behind, which ends when it comes back; the next item makes another one. At
+    /// most so many are left behind; beyond, the one that hangs is kept.
     void restart() override;
     qint64 positionMs() const override;
     qint64 durationMs() const override;
@@ -33,9 +36,7 @@ public:
 private:
     using Clock = OutputStage::Clock;
 
-    explicit ThreadedOutput(OutputStage::Make make) : m_make(std::move(make)) {}
-
-    void makeStage();
+    void startStage();
     void run(Clock clock, OutputStage::Operation operation);
     /// The next operation leads to another item, or to none.
     void beginSession(qint64 positionMs, qint64 durationMs);
