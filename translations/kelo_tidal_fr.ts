@@ -154,7 +154,6 @@
     <name>Login</name>
     <message>
         <source>No login code: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>Pas de code de connexion : %1.</translation>
     </message>
     <message>
@@ -163,7 +162,6 @@
     </message>
     <message>
         <source>The login failed: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>La connexion a échoué : %1.</translation>
     </message>
     <message>
@@ -172,7 +170,6 @@
     </message>
     <message>
         <source>The code has expired: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>Le code a expiré : %1.</translation>
     </message>
     <message>
@@ -197,12 +194,10 @@
     </message>
     <message>
         <source>%1, and the streamer's clock is %2 minutes fast</source>
-        <comment>%1 is the reason</comment>
         <translation>%1, et l’horloge du streamer avance de %2 minutes</translation>
     </message>
     <message>
         <source>%1, and the streamer's clock is %2 minutes slow</source>
-        <comment>%1 is the reason</comment>
         <translation>%1, et l’horloge du streamer retarde de %2 minutes</translation>
     </message>
     <message>
@@ -219,7 +214,6 @@
     </message>
     <message>
         <source>The login is not renewed yet: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>La connexion n’est pas encore renouvelée : %1.</translation>
     </message>
     <message>
@@ -286,7 +280,6 @@
     </message>
     <message>
         <source>%1 broke off: %2</source>
-        <comment>%2 is the reason</comment>
         <translation>%1 s’est interrompu : %2</translation>
     </message>
     <message>
@@ -299,7 +292,6 @@
     </message>
     <message>
         <source>the list does not go on: %1</source>
-        <comment>%1 is the reason</comment>
         <translation>la liste s’interrompt : %1</translation>
     </message>
     <message>
@@ -316,12 +308,10 @@
     </message>
     <message>
         <source>%1: %2</source>
-        <comment>%2 is the reason</comment>
         <translation>%1 : %2</translation>
     </message>
     <message>
         <source>skipped: %1: %2</source>
-        <comment>%2 is the reason</comment>
         <translation>ignoré : %1 : %2</translation>
     </message>
     <message>

@@ -154,7 +154,6 @@
     <name>Login</name>
     <message>
         <source>No login code: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>Ingen innloggingskode: %1.</translation>
     </message>
     <message>
@@ -163,7 +162,6 @@
     </message>
     <message>
         <source>The login failed: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>Innloggingen mislyktes: %1.</translation>
     </message>
     <message>
@@ -172,7 +170,6 @@
     </message>
     <message>
         <source>The code has expired: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>Koden er utløpt: %1.</translation>
     </message>
     <message>
@@ -197,12 +194,10 @@
     </message>
     <message>
         <source>%1, and the streamer's clock is %2 minutes fast</source>
-        <comment>%1 is the reason</comment>
         <translation>%1, og klokken i streameren går %2 minutter for fort</translation>
     </message>
     <message>
         <source>%1, and the streamer's clock is %2 minutes slow</source>
-        <comment>%1 is the reason</comment>
         <translation>%1, og klokken i streameren går %2 minutter for sakte</translation>
     </message>
     <message>
@@ -219,7 +214,6 @@
     </message>
     <message>
         <source>The login is not renewed yet: %1.</source>
-        <comment>%1 is the reason</comment>
         <translation>Innloggingen er ikke fornyet ennå: %1.</translation>
     </message>
     <message>
@@ -286,7 +280,6 @@
     </message>
     <message>
         <source>%1 broke off: %2</source>
-        <comment>%2 is the reason</comment>
         <translation>%1 ble avbrutt: %2</translation>
     </message>
     <message>
@@ -299,7 +292,6 @@
     </message>
     <message>
         <source>the list does not go on: %1</source>
-        <comment>%1 is the reason</comment>
         <translation>listen går ikke videre: %1</translation>
     </message>
     <message>
@@ -316,12 +308,10 @@
     </message>
     <message>
         <source>%1: %2</source>
-        <comment>%2 is the reason</comment>
         <translation>%1: %2</translation>
     </message>
     <message>
         <source>skipped: %1: %2</source>
-        <comment>%2 is the reason</comment>
         <translation>hoppet over: %1: %2</translation>
     </message>
     <message>

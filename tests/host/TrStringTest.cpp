@@ -28,23 +28,24 @@ TEST(TrStringTest, TravelsUntranslatedAndReadsAsATextOfTheProcess)
 {
     const MarkingTranslator client("client ");
     MarkingTranslator process("process ");
-    const TrString text(TrCharData{"C", "%2 before %1", nullptr}, {"%2", "two"});
+    const QString place("%2");
+    const TrString text = TrString::in("C", "%2 before %1", {place, TrString::in("C", "two")});
     KeloRoles roles;
     roles.setTitle(text);
     const CMError error(text);
     for (const QVariant& value :
          {roles.toHash().value(KeloRoles::Title()), error.toHash().value(CMError::Message())}) {
-        EXPECT_EQ(value.value<TrString>().toString(client), "client two before %2");
+        EXPECT_EQ(value.value<TrString>().toString(client), "client client two before %2");
         EXPECT_EQ(value, QVariant::fromValue(text));
         EXPECT_NE(value, QVariant::fromValue(TrString(TrCharData{"C", "other", nullptr})));
     }
     EXPECT_EQ(roles.title(), "two before %2");
     QCoreApplication::installTranslator(&process);
-    EXPECT_EQ(roles.title(), "process two before %2");
-    EXPECT_EQ(error.message(), "process two before %2");
+    EXPECT_EQ(roles.title(), "process process two before %2");
+    EXPECT_EQ(error.message(), "process process two before %2");
     QCoreApplication::removeTranslator(&process);
 
-    EXPECT_EQ(TrString(TrCharData{"D", "%1!", nullptr}, {"a"}).toString(client), "a!");
+    EXPECT_EQ(TrString::in("D", "%1!", {QString("a")}).toString(client), "a!");
     roles.setTitle(TrString(QStringLiteral("of the service")));
     EXPECT_EQ(roles.toHash().value(KeloRoles::Title()).userType(), int(QMetaType::QString));
 }

@@ -3,26 +3,6 @@
 #include <QTranslator>
 
 namespace {
-/// Replaces %1 to %9 in one pass, so that an argument that holds "%2" stays as it is.
-QString withArguments(const QString& text, const QStringList& arguments)
-{
-    if (arguments.isEmpty())
-        return text;
-    QString result;
-    result.reserve(text.size());
-    for (int i = 0; i < text.size(); ++i) {
-        const bool isPlace = text[i] == u'%' && i + 1 < text.size();
-        const int number = isPlace ? text[i + 1].unicode() - u'0' : 0;
-        if (number < 1 || number > 9 || number > arguments.size()) {
-            result += text[i];
-            continue;
-        }
-        result += arguments[number - 1];
-        ++i;
-    }
-    return result;
-}
-
 /// Variants of it convert to QString and compare by content, as those of QString do.
 const bool isRegistered = QMetaType::registerConverter<TrString, QString>(
                               [](const TrString& text) { return text.toString(); }) &&
@@ -31,9 +11,36 @@ const bool isRegistered = QMetaType::registerConverter<TrString, QString>(
 
 TrString::TrString(const QString& text) : m_text(text) {}
 
-TrString::TrString(const TrCharData& source, const QStringList& arguments)
+TrString::TrString(const TrCharData& source, const QList<TrString>& arguments)
     : m_source(source), m_arguments(arguments)
 {
+}
+
+TrString TrString::fromVariant(const QVariant& value)
+{
+    return value.userType() == qMetaTypeId<TrString>() ? value.value<TrString>()
+                                                       : TrString(value.toString());
+}
+
+/// Replaces %1 to %9 in one pass, so that an argument that holds "%2" stays as it is.
+template <class Read>
+QString TrString::filled(const QString& form, const Read& read) const
+{
+    if (m_arguments.isEmpty())
+        return form;
+    QString result;
+    result.reserve(form.size());
+    for (int i = 0; i < form.size(); ++i) {
+        const bool isPlace = form[i] == u'%' && i + 1 < form.size();
+        const int number = isPlace ? form[i + 1].unicode() - u'0' : 0;
+        if (number < 1 || number > 9 || number > m_arguments.size()) {
+            result += form[i];
+            continue;
+        }
+        result += read(m_arguments[number - 1]);
+        ++i;
+    }
+    return result;
 }
 
 bool TrString::isEmpty() const
@@ -45,8 +52,8 @@ QString TrString::toString() const
 {
     if (!m_source.text)
         return m_text;
-    return withArguments(Language::ntr(m_source.text, m_source.context, m_source.comment),
-                         m_arguments);
+    return filled(Language::ntr(m_source.text, m_source.context, m_source.comment),
+                  [](const TrString& argument) { return argument.toString(); });
 }
 
 QString TrString::toString(const QTranslator& translator) const
@@ -55,7 +62,9 @@ QString TrString::toString(const QTranslator& translator) const
         return m_text;
     const QString text = translator.translate(m_source.context ? m_source.context : "",
                                               m_source.text, m_source.comment);
-    return text.isEmpty() ? source() : withArguments(text, m_arguments);
+    if (text.isEmpty())
+        return source();
+    return filled(text, [&](const TrString& argument) { return argument.toString(translator); });
 }
 
 QVariant TrString::toVariant() const
@@ -73,7 +82,10 @@ bool TrString::operator==(const TrString& other) const
 
 QString TrString::source() const
 {
-    return m_source.text ? withArguments(QString::fromUtf8(m_source.text), m_arguments) : m_text;
+    if (!m_source.text)
+        return m_text;
+    return filled(QString::fromUtf8(m_source.text),
+                  [](const TrString& argument) { return argument.source(); });
 }
 
 QString Language::ntr(const char* text, const char* context, const char* comment)

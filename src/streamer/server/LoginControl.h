@@ -1,20 +1,18 @@
 #pragma once
 #include <functional>
 #include <kelo/CMReply.h>
-#include <QJsonObject>
+#include <kelo/KeloOAuth2.h>
 
 /// What the web API asks of the login. Every operation may be called from any thread.
 class LoginControl
 {
 public:
-    using Listener = std::function<void(const QJsonObject& status)>;
+    using Listener = std::function<void(const KeloOAuth2Info& status)>;
 
     virtual ~LoginControl() = default;
 
-    /// {"loggedIn":bool,"pending":{"userCode","verificationUri","verificationUriComplete",
-    /// "expiresIn"},"problem","reason"}; pending and problem only when there is one, and the
-    /// reason, one of KeloOAuth2Reason's, beside the problem.
-    virtual QJsonObject status() const = 0;
+    /// Its `expiresIn` counts from now.
+    virtual KeloOAuth2Info status() const = 0;
     /// Starts a login, or joins the one that waits for the user. Answered when there is a code to
     /// show, when logged in already, or with the reason why there is none.
     virtual CMReply<QVariant> start() = 0;

@@ -1,21 +1,19 @@
 #pragma once
+#include "PlayerStatus.h"
 #include <functional>
 #include <kelo/CMReply.h>
-#include <QJsonObject>
 #include <QVariantHash>
 
 /// What the web API asks of the player. Every operation may be called from any thread.
 class PlayerControl
 {
 public:
-    using Listener = std::function<void(const QJsonObject& status)>;
+    using Listener = std::function<void(const PlayerStatus& status)>;
 
     virtual ~PlayerControl() = default;
 
-    /// The player's state in the form of the web API: state, path, title, artist, album, icon,
-    /// positionMs, durationMs, quality {asked, delivered}, note, volume, and of the queue the path
-    /// of its list and the item's index in it. What is unknown is left out.
-    virtual QJsonObject status() const = 0;
+    /// The player's state now: while it plays, the position runs on.
+    virtual PlayerStatus status() const = 0;
     /// Runs a command: "play" {path}, "pause", "resume", "stop", "next", "previous",
     /// "seek" {positionMs}, "volume" {percent}. Answered when it has taken effect; "play" when the
     /// item plays or has failed. An argument that is missing or wrong is a

@@ -63,8 +63,8 @@ void Streamer::logInToDemo()
 {
     std::promise<void> promise;
     std::once_flag done;
-    const auto tell = [&](const QJsonObject& login) {
-        if (login.value(QLatin1String("loggedIn")).toBool())
+    const auto tell = [&](const KeloOAuth2Info& login) {
+        if (login.loggedIn())
             std::call_once(done, [&] { promise.set_value(); });
     };
     const quint64 listener = m_login->addListener(tell);

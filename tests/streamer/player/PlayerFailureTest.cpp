@@ -58,7 +58,7 @@ TEST_F(PlayerFailureTest, ResolvesARefusedAddressOnceAtTheSamePosition)
     ASSERT_EQ(play(pathOf("1")), "ok");
     OutputError refused;
     refused.kind = OutputError::Refused;
-    refused.text = "refused (403)";
+    refused.text = QString("refused (403)");
     refused.positionMs = 42000;
     script.raise([refused](const auto& events) { events.error(refused); });
     waitForOperation("open fake:1 42000");
@@ -67,8 +67,8 @@ TEST_F(PlayerFailureTest, ResolvesARefusedAddressOnceAtTheSamePosition)
     EXPECT_EQ(waitForTitle("Track 2")["note"], "skipped: Track 1: refused (403)");
     EXPECT_EQ(module->asked(), QStringList({"1 at 0", "1 at 42000", "2 at 0"}));
 
-    script.refuse("fake:1", OutputError::Refused, refused.text);
-    EXPECT_EQ(play(pathOf("1")), refused.text);
+    script.refuse("fake:1", OutputError::Refused, refused.text.source());
+    EXPECT_EQ(play(pathOf("1")), refused.text.source());
     EXPECT_EQ(module->asked().mid(3), QStringList({"1 at 0", "1 at 0"}));
 }
 
@@ -80,7 +80,7 @@ TEST_F(PlayerFailureTest, ComesBackToWhatBrokeOffWhenNothingElsePlaysEither)
     addTracks(ids);
     ASSERT_EQ(play(pathOf("1")), "ok");
     OutputError lost;
-    lost.text = "no network";
+    lost.text = QString("no network");
     const auto lose = [&](qint64 positionMs) {
         lost.positionMs = positionMs;
         script.raise([lost](const auto& events) { events.error(lost); });

@@ -3,8 +3,10 @@
 #include "FakeModule.h"
 #include "FakeOutput.h"
 #include "Player.h"
+#include "web/PlayerApi.h"
 #include <gtest/gtest.h>
 #include <kelo/CMWorkerThread.h>
+#include <QJsonDocument>
 #include <QTemporaryDir>
 
 /// A player on a scripted module and output, at a clock of its own. Waits are for the player's own
@@ -37,14 +39,22 @@ protected:
         PlayerOptions options;
         options.stateDir = stateDir.path();
         player = std::make_unique<Player>(options, makeOutput, clock);
-        player->addListener([this](const QJsonObject& status) {
+        player->addListener([this](const PlayerStatus& status) {
             std::lock_guard<std::mutex> lock(m_mutex);
-            m_last = status;
+            m_last = json(status);
             m_changed.notify_all();
         });
         QString error;
         ASSERT_TRUE(player->start(&error)) << error.toStdString();
     }
+
+    /// A status as clients get it.
+    static QJsonObject json(const PlayerStatus& status)
+    {
+        const std::string text = PlayerApi::text(status, nullptr);
+        return QJsonDocument::fromJson(QByteArray::fromStdString(text)).object();
+    }
+    QJsonObject status() const { return json(player->status()); }
 
     /// A list of tracks with these ids.
     void addTracks(const QStringList& ids)

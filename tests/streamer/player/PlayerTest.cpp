@@ -51,7 +51,7 @@ TEST_F(PlayerTest, PlaysWhatAPathNames)
 TEST_F(PlayerTest, TellsWhatPlays)
 {
     addTracks({"1"});
-    EXPECT_EQ(player->status(), (QJsonObject{{"state", "stopped"}, {"volume", 100}}));
+    EXPECT_EQ(status(), (QJsonObject{{"state", "stopped"}, {"volume", 100}}));
     ASSERT_EQ(play(pathOf("1")), "ok");
     script.setPosition(2000);
     ASSERT_EQ(run("seek", {{"positionMs", 2000}}), "ok");
@@ -68,7 +68,7 @@ TEST_F(PlayerTest, TellsWhatPlays)
                                {"volume", 30},
                                {"list", list.toEncoded()},
                                {"index", 0}};
-    EXPECT_EQ(player->status(), expected);
+    EXPECT_EQ(status(), expected);
 }
 
 TEST_F(PlayerTest, RefusesMalformedCommands)
@@ -197,21 +197,21 @@ TEST_F(PlayerTest, GoesOnWhereItWasAfterARestart)
     const auto restart = [this] {
         player.reset();
         startPlayer();
-        return player->status();
+        return status();
     };
-    QJsonObject status = restart();
-    EXPECT_EQ(status["state"], "stopped");
-    EXPECT_EQ(status["title"], "Track 1");
-    EXPECT_EQ(status["index"], 0);
-    EXPECT_EQ(status["positionMs"], 42000);
-    EXPECT_EQ(status["durationMs"], 100000);
+    QJsonObject after = restart();
+    EXPECT_EQ(after["state"], "stopped");
+    EXPECT_EQ(after["title"], "Track 1");
+    EXPECT_EQ(after["index"], 0);
+    EXPECT_EQ(after["positionMs"], 42000);
+    EXPECT_EQ(after["durationMs"], 100000);
     EXPECT_EQ(script.operations().last(), "volume 40");
 
     module->setAnswer("1", {"not logged in"}); // whoever comes too early loses nothing
     EXPECT_EQ(run("resume"), "not logged in");
-    status = restart();
-    EXPECT_EQ(status["title"], "Track 1");
-    EXPECT_EQ(status["positionMs"], 42000);
+    after = restart();
+    EXPECT_EQ(after["title"], "Track 1");
+    EXPECT_EQ(after["positionMs"], 42000);
 
     module->setAnswer("1", {});
     ASSERT_EQ(run("seek", {{"positionMs", 43000}}), "ok");
@@ -239,7 +239,7 @@ TEST_F(PlayerTest, AFileThatIsNoneCountsAsNoQueue)
         ASSERT_TRUE(draft.open(QIODevice::WriteOnly));
         startPlayer();
         EXPECT_FALSE(draft.exists());
-        EXPECT_EQ(player->status(), (QJsonObject{{"state", "stopped"}, {"volume", 100}}));
+        EXPECT_EQ(status(), (QJsonObject{{"state", "stopped"}, {"volume", 100}}));
     }
     ASSERT_EQ(run("volume", {{"percent", 8}}), "ok");
     QFile::remove(name); // a file that went is written anew
@@ -267,7 +267,7 @@ TEST_F(PlayerTest, ListenersMayGoFromWithinAndDoNotRunAfterwards)
     std::mutex mutex;
     {
         std::lock_guard<std::mutex> lock(mutex);
-        id = player->addListener([&](const QJsonObject&) {
+        id = player->addListener([&](const PlayerStatus&) {
             std::lock_guard<std::mutex> lock(mutex);
             ++calls;
             player->removeListener(id);

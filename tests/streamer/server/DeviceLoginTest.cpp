@@ -88,9 +88,10 @@ TEST(DeviceLoginReasonTest, SaysWhyThereIsNoCode)
         LoginWorld world;
         world.send(QString());
         world.answer(reply);
-        EXPECT_EQ(world.state().reason(), reason) << world.state().problem().toStdString();
-        EXPECT_TRUE(world.state().problem().contains(text))
-            << world.state().problem().toStdString();
+        EXPECT_EQ(world.state().reason(), reason)
+            << world.state().problem().source().toStdString();
+        EXPECT_TRUE(world.state().problem().source().contains(text))
+            << world.state().problem().source().toStdString();
     }
 }
 

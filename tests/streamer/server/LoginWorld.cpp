@@ -56,7 +56,7 @@ void LoginWorld::onState(const KeloOAuth2Info& info)
     if (info.isPending())
         text += QString(", code %1 at %2").arg(info.userCode(), info.verificationUri());
     if (!info.problem().isEmpty())
-        text += QString(": %1 [%2]").arg(info.problem(), info.reason());
+        text += QString(": %1 [%2]").arg(info.problem().source(), info.reason());
     log << text;
 }
 

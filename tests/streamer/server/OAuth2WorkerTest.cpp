@@ -2,6 +2,7 @@
 #include "LoginWorld.h"
 #include "oauth2/TreeLogin.h"
 
+#include "web/LoginApi.h"
 #include <gtest/gtest.h>
 #include <kelo/CMRoot.h>
 #include <kelo/CMWorkerThread.h>
@@ -94,26 +95,26 @@ TEST_F(OAuth2WorkerTest, TheWebApisLoginStartsShowsTheCodeAndLogsOut)
     EXPECT_EQ(early.error().name(), CMError::NotFoundName());
 
     add(LoginWorld::info());
-    std::vector<QJsonObject> seen;
+    std::vector<KeloOAuth2Info> seen;
     std::mutex mutex;
-    const quint64 listener = login.addListener([&](const QJsonObject& status) {
+    const quint64 listener = login.addListener([&](const KeloOAuth2Info& status) {
         std::lock_guard<std::mutex> lock(mutex);
         seen.push_back(status);
     });
     CMReply<QVariant> start = login.start();
     start.waitForFinished(-1);
-    const QJsonObject pending = login.status()["pending"].toObject();
-    EXPECT_EQ(pending["userCode"].toString(), "QWERT");
-    EXPECT_EQ(pending["verificationUriComplete"].toString(), "https://link.example.invalid/QWERT");
-    EXPECT_NEAR(pending["expiresIn"].toInt(), 300, 5);
+    const KeloOAuth2Info pending = login.status();
+    EXPECT_EQ(pending.userCode(), "QWERT");
+    EXPECT_EQ(pending.verificationUriComplete(), "https://link.example.invalid/QWERT");
+    EXPECT_NEAR(pending.expiresIn(), 300, 5);
 
     CMReply<QVariant> logout = login.logout();
     logout.waitForFinished(-1);
-    EXPECT_EQ(login.status(), (QJsonObject{{"loggedIn", false}}));
+    EXPECT_EQ(LoginApi::text(login.status(), nullptr), R"({"loggedIn":false})");
     login.removeListener(listener);
     std::lock_guard<std::mutex> lock(mutex);
     ASSERT_EQ(seen.size(), 2u);
-    EXPECT_TRUE(seen[0].contains("pending"));
+    EXPECT_TRUE(seen[0].isPending());
 
     auto nameless = LoginWorld::info();
     nameless.setClientId(QString());
@@ -121,7 +122,7 @@ TEST_F(OAuth2WorkerTest, TheWebApisLoginStartsShowsTheCodeAndLogsOut)
     CMReply<QVariant> refused = login.start();
     refused.waitForFinished(-1);
     EXPECT_EQ(refused.error().message(), "No client id is set for Tidal; see the settings.");
-    EXPECT_EQ(login.status(), (QJsonObject{{"loggedIn", false},
-                                           {"problem", refused.error().message()},
-                                           {"reason", "client"}}));
+    EXPECT_EQ(LoginApi::text(login.status(), nullptr),
+              R"({"loggedIn":false,"problem":"No client id is set for Tidal; see the settings.",)"
+              R"("reason":"client"})");
 }

@@ -78,6 +78,13 @@ private:
     std::thread m_thread;
 };
 
+PlayerStatus playing()
+{
+    PlayerStatus status;
+    status.state = PlayerStatus::State::Playing;
+    return status;
+}
+
 } // namespace
 
 TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
@@ -88,15 +95,16 @@ TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
     CMSubscribe* subscribe = world.worker->subscription();
     subscribe->rowsChanged(CMPath("/web/other"), CMSubscribe::RowsChangeReset(), 1);
     subscribe->rowsChanged(CMPath("/web/list"), QStringList{"-4"}, 119);
-    world.player.notify({{"state", "playing"}});
-    world.login.notify({{"loggedIn", true}});
+    world.player.notify(playing());
+    world.login.isLoggedIn = true;
+    world.login.notify(world.login.status());
     subscribe->changedStartingWith(CMPath("/web"), CMSubscribe::RowsChangeClose());
     const std::string text =
         follower.waitFor(R"(data: {"path":"/web/small","change":"close","count":-1})");
     const std::string expected = "retry: 3000\n\nevent: stream\ndata: {\"id\":\"" + id + R"("}
 
 event: player
-data: {"state":"stopped"}
+data: {"state":"stopped","volume":100}
 
 event: login
 data: {"loggedIn":false}
@@ -105,7 +113,7 @@ event: rows
 data: {"path":"/web/list?a=1","change":["-4"],"count":119}
 
 event: player
-data: {"state":"playing"}
+data: {"positionMs":0,"state":"playing","volume":100}
 
 event: login
 data: {"loggedIn":true}
@@ -194,7 +202,7 @@ TEST(WebEventsTest, TheModulesRequestsAreListedAndTold)
     follower.waitForId();
     other.waitForId();
     log.add(record);
-    world.player.notify({{"state", "playing"}});
+    world.player.notify(playing());
     const std::string expected =
         R"({"id":)" + next +
         R"(,"time":"1970-01-01T00:00:00.000Z","method":"GET",)"
@@ -247,7 +255,7 @@ TEST(WebEventsTest, AClientThatReadsNothingIsDroppedAndOthersGoOn)
     ASSERT_EQ(::recv(socket, &first, 1, 0), 1);
     for (int i = 0; i < 5000; ++i)
         subscribe->rowsChanged(CMPath("/web/list"), CMSubscribe::RowsChangeReset(), i);
-    world.player.notify({{"state", "playing"}});
+    world.player.notify(playing());
     other.waitFor("playing");
     closed.get_future().wait();
     ::close(socket);

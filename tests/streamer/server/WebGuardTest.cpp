@@ -96,7 +96,7 @@ TEST(WebGuardTest, ForeignHostsAndOriginsAreRefusedByEveryCallOnEveryBind)
 TEST(WebGuardTest, EveryAnswerForbidsFramesSniffingAndSharing)
 {
     WebWorld world;
-    world.login.pending = {{"verificationUri", "https://a"}};
+    world.login.pending.setVerificationUri("https://a");
     const std::string tag = world.get("/").header("ETag");
     for (const auto& [method, target, headers, status, caching] :
          Table<const char*, std::string, httplib::Headers, int, const char*>{

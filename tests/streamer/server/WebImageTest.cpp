@@ -129,8 +129,8 @@ TEST(WebImageTest, TheCodeOfAPendingLoginIsAPicture)
     WebWorld world;
     EXPECT_EQ(world.get("/api/v1/login/qr").status, 404);
     const QString address = "link.example/ABCDE";
-    world.login.pending = {{"verificationUri", "https://other"},
-                           {"verificationUriComplete", address}};
+    world.login.pending.setVerificationUri("https://other");
+    world.login.pending.setVerificationUriComplete(address);
     const auto answer = world.get("/api/v1/login/qr");
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.header("Content-Type"), "image/svg+xml");

@@ -9,9 +9,10 @@
 #include <kelo/CMWorkerThread.h>
 #include <kelo/KeloListeners.h>
 #include <QJsonDocument>
+#include <QJsonObject>
 
 /// Keeps listeners as both controls do.
-template <class Control>
+template <class Control, class Status>
 class FakeControl : public Control
 {
 public:
@@ -20,37 +21,36 @@ public:
         return m_listeners.add(std::move(listener));
     }
     void removeListener(quint64 id) override { m_listeners.remove(id); }
-    void notify(const QJsonObject& status) { m_listeners.notify(status); }
+    void notify(const Status& status) { m_listeners.notify(status); }
 
 private:
-    KeloListeners<QJsonObject> m_listeners;
+    KeloListeners<Status> m_listeners;
 };
 
 /// "play" of the path "wait" is never answered; an unknown path fails.
-class FakePlayer : public FakeControl<PlayerControl>
+class FakePlayer : public FakeControl<PlayerControl, PlayerStatus>
 {
 public:
-    QJsonObject status() const override { return {{"state", "stopped"}}; }
+    PlayerStatus status() const override { return {}; }
     CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) override;
 
     std::promise<void> waiting; ///< kept when an endless command has come
 };
 
-class FakeLogin : public FakeControl<LoginControl>
+class FakeLogin : public FakeControl<LoginControl, KeloOAuth2Info>
 {
 public:
-    QJsonObject status() const override
+    KeloOAuth2Info status() const override
     {
-        QJsonObject status{{"loggedIn", isLoggedIn.load()}};
-        if (!pending.isEmpty())
-            status.insert("pending", pending);
+        KeloOAuth2Info status = pending;
+        status.setLoggedIn(isLoggedIn);
         return status;
     }
     CMReply<QVariant> start() override { return finish(true); }
     CMReply<QVariant> logout() override { return finish(false); }
 
     std::atomic<bool> isLoggedIn{false};
-    QJsonObject pending; ///< set while no call is under way
+    KeloOAuth2Info pending; ///< set while no call is under way
 
 private:
     CMReply<QVariant> finish(bool loggedIn);

@@ -2,6 +2,7 @@
 #include "CMPath.h"
 #include "KeloHash.h"
 #include "KeloNames.h"
+#include "TrString.h"
 
 /// How a client shows a token service who it is (RFC 6749 2.3).
 struct KELO_EXPORT KeloOAuth2AuthMethod
@@ -68,7 +69,9 @@ public:
     /// Seconds that the code was good for when it was published.
     KELO_FIELD(int, expiresIn, ExpiresIn)
     /// Why the last login failed or ended; empty when there is nothing to say.
-    KELO_FIELD(QString, problem, Problem)
+    KELO_NAME(Problem, "problem")
+    TrString problem() const { return TrString::fromVariant(value(Problem())); }
+    void setProblem(const TrString& problem) { insert(Problem(), problem.toVariant()); }
     /// One of KeloOAuth2Reason's when there is a problem.
     KELO_FIELD(QString, reason, Reason)
 };

@@ -1,8 +1,8 @@
 #pragma once
 #include "KeloExport.h"
+#include <QList>
 #include <QMetaType>
 #include <QString>
-#include <QStringList>
 #include <QVariant>
 
 class QTranslator;
@@ -27,16 +27,24 @@ struct KELO_EXPORT TrCharData
 #define KELO_TR(text) TrString(TrCharData{trExtractContext(Q_FUNC_INFO), text, nullptr})
 
 /// A text that is translated when it is read: source text, context and arguments for %1, %2, ...,
-/// or a plain text that is shown as it is. It travels in replies as it is, so that each client gets
-/// it in a language of its own; who reads it as a QString, from a variant too, gets it in the
-/// process's language. A value type; translators are only read, so any thread may ask.
+/// which are such texts themselves, or a plain text that is shown as it is. It travels in replies
+/// as it is, so that each client gets it in a language of its own; who reads it as a QString, from
+/// a variant too, gets it in the process's language. A value type; translators are only read, so
+/// any thread may ask.
 class KELO_EXPORT TrString
 {
 public:
     TrString() = default;
     /// A text that is never translated.
     TrString(const QString& text);
-    TrString(const TrCharData& source, const QStringList& arguments = QStringList());
+    TrString(const TrCharData& source, const QList<TrString>& arguments = {});
+    /// A text in a context that has a name of its own.
+    static TrString in(const char* context, const char* text, const QList<TrString>& arguments = {})
+    {
+        return TrString(TrCharData{context, text, nullptr}, arguments);
+    }
+    /// What toVariant() made, or any text.
+    static TrString fromVariant(const QVariant& value);
 
     bool isEmpty() const;
     /// Whether a translator has a say in it; plain texts are never translated.
@@ -54,14 +62,15 @@ public:
     bool operator!=(const TrString& other) const { return !(*this == other); }
 
 private:
+    template <class Read>
+    QString filled(const QString& form, const Read& read) const;
+
     TrCharData m_source;
     QString m_text;
-    QStringList m_arguments;
+    QList<TrString> m_arguments;
 };
 
-/// Translation at once. In a process that speaks English such a text can still be translated for a
-/// client, by its form; its comment then names the places that hold texts made in the same way ("%2
-/// is the reason").
+/// Translation at once.
 class KELO_EXPORT Language
 {
 public:

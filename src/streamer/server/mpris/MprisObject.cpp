@@ -54,7 +54,7 @@ bool MprisObject::takeName()
 
 void MprisObject::follow()
 {
-    m_listener = m_player.addListener([this](const QJsonObject& status) {
+    m_listener = m_player.addListener([this](const PlayerStatus& status) {
         keloPost(this, [this, status] { onStatus(status); });
     });
     m_state.update(m_player.status(), m_clock.elapsed());
@@ -67,7 +67,7 @@ void MprisObject::onDisconnected()
         m_player.removeListener(std::exchange(m_listener, 0));
 }
 
-void MprisObject::onStatus(const QJsonObject& status)
+void MprisObject::onStatus(const PlayerStatus& status)
 {
     const MprisState::Change change = m_state.update(status, m_clock.elapsed());
     if (!change.properties.isEmpty()) {
@@ -84,7 +84,7 @@ void MprisObject::onStatus(const QJsonObject& status)
 
 qint64 MprisObject::positionUs() const
 {
-    return m_player.status().value(QLatin1String("positionMs")).toVariant().toLongLong() * 1000;
+    return m_player.status().positionMs * 1000;
 }
 
 void MprisObject::command(const QString& name, const QVariantHash& arguments)

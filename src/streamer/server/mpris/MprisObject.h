@@ -33,7 +33,7 @@ private Q_SLOTS:
 private:
     bool takeName();
     void follow();
-    void onStatus(const QJsonObject& status);
+    void onStatus(const PlayerStatus& status);
 
     PlayerControl& m_player;
     MprisPlayer* m_adaptor; ///< child of this

@@ -7,39 +7,28 @@ namespace {
 /// Clocks and buffers disagree by less; who seeks by less does not hear it either.
 constexpr qint64 jumpMs = 500;
 
-QString textOf(const QJsonObject& status, const char* key)
+/// What tells the item from another; empty without one.
+QString trackOf(const PlayerStatus& status)
 {
-    return status.value(QLatin1String(key)).toString();
-}
-
-qint64 numberOf(const QJsonObject& status, const char* key)
-{
-    return status.value(QLatin1String(key)).toVariant().toLongLong();
-}
-
-QString trackOf(const QJsonObject& status)
-{
-    const QString path = textOf(status, "path");
-    if (path.isEmpty())
+    if (status.item.path.isEmpty())
         return {};
-    const QString list = textOf(status, "list");
-    const QString place =
-        list.isEmpty() ? textOf(status, "title")
-                       : list + QLatin1Char('\n') + QString::number(numberOf(status, "index"));
-    return path + QLatin1Char('\n') + place;
+    const QString place = status.list.isEmpty() ? status.item.title
+                                                : status.list.toEncoded() + QLatin1Char('\n') +
+                                                      QString::number(status.index);
+    return status.item.path.toEncoded() + QLatin1Char('\n') + place;
 }
 
 /// An item that is still being resolved counts as playing: what one may do with it is the same.
-QString playbackStatusOf(const QString& state)
+QString playbackStatusOf(PlayerStatus::State state)
 {
-    if (state == QLatin1String("paused"))
+    if (state == PlayerStatus::State::Paused)
         return QStringLiteral("Paused");
-    return state == QLatin1String("stopped") ? QStringLiteral("Stopped")
-                                             : QStringLiteral("Playing");
+    return state == PlayerStatus::State::Stopped ? QStringLiteral("Stopped")
+                                                 : QStringLiteral("Playing");
 }
 } // namespace
 
-MprisState::Change MprisState::update(const QJsonObject& status, qint64 nowMs)
+MprisState::Change MprisState::update(const PlayerStatus& status, qint64 nowMs)
 {
     // Without it variants compare the addresses of their values.
     static const bool canCompare = QMetaType::registerEqualsComparator<QDBusObjectPath>();
@@ -51,18 +40,17 @@ MprisState::Change MprisState::update(const QJsonObject& status, qint64 nowMs)
         m_track = track;
         ++m_trackNumber;
     }
-    const QString state = textOf(status, "state");
     const bool hasItem = !track.isEmpty();
-    const bool hasList = !textOf(status, "list").isEmpty();
+    const bool hasList = !status.list.isEmpty();
     const QVariantMap properties{
-        {QStringLiteral("PlaybackStatus"), playbackStatusOf(state)},
+        {QStringLiteral("PlaybackStatus"), playbackStatusOf(status.state)},
         {QStringLiteral("Metadata"), metadataOf(status)},
-        {QStringLiteral("Volume"), double(numberOf(status, "volume")) / 100},
+        {QStringLiteral("Volume"), double(status.volume) / 100},
         {QStringLiteral("CanGoNext"), hasList},
         {QStringLiteral("CanGoPrevious"), hasList},
         {QStringLiteral("CanPlay"), hasItem},
         {QStringLiteral("CanPause"), hasItem},
-        {QStringLiteral("CanSeek"), hasItem && state != QLatin1String("resolving")},
+        {QStringLiteral("CanSeek"), hasItem && status.state != PlayerStatus::State::Resolving},
     };
     Change change;
     for (auto it = properties.begin(); it != properties.end(); ++it)
@@ -79,7 +67,7 @@ QString MprisState::trackId() const
                              : QStringLiteral("/org/kelo/track/%1").arg(m_trackNumber);
 }
 
-QVariantMap MprisState::metadataOf(const QJsonObject& status) const
+QVariantMap MprisState::metadataOf(const PlayerStatus& status) const
 {
     QVariantMap metadata{
         {QStringLiteral("mpris:trackid"), QVariant::fromValue(QDBusObjectPath(trackId()))}};
@@ -89,26 +77,24 @@ QVariantMap MprisState::metadataOf(const QJsonObject& status) const
         if (!text.isEmpty())
             metadata.insert(QLatin1String(key), text);
     };
-    const QString artist = textOf(status, "artist");
-    insert("xesam:title", titleWithoutArtist(textOf(status, "title"), artist));
-    insert("xesam:album", textOf(status, "album"));
-    insert("mpris:artUrl", textOf(status, "icon"));
-    if (!artist.isEmpty())
-        metadata.insert(QStringLiteral("xesam:artist"), QStringList{artist});
-    const qint64 durationMs = numberOf(status, "durationMs");
-    if (durationMs > 0)
-        metadata.insert(QStringLiteral("mpris:length"), durationMs * 1000);
+    const ShownItem& item = status.item;
+    insert("xesam:title", titleWithoutArtist(item.title, item.artist));
+    insert("xesam:album", item.album);
+    insert("mpris:artUrl", item.icon);
+    if (!item.artist.isEmpty())
+        metadata.insert(QStringLiteral("xesam:artist"), QStringList{item.artist});
+    if (item.durationMs > 0)
+        metadata.insert(QStringLiteral("mpris:length"), item.durationMs * 1000);
     return metadata;
 }
 
-std::optional<qint64> MprisState::jumpOf(const QJsonObject& status, bool isSameTrack, qint64 nowMs)
+std::optional<qint64> MprisState::jumpOf(const PlayerStatus& status, bool isSameTrack, qint64 nowMs)
 {
-    const qint64 position = numberOf(status, "positionMs");
     const qint64 expected = m_positionMs + (m_isRunning ? nowMs - m_measuredMs : 0);
-    m_isRunning = textOf(status, "state") == QLatin1String("playing");
-    m_positionMs = position;
+    m_isRunning = status.state == PlayerStatus::State::Playing;
+    m_positionMs = status.positionMs;
     m_measuredMs = nowMs;
-    if (!isSameTrack || std::llabs(position - expected) < jumpMs)
+    if (!isSameTrack || std::llabs(status.positionMs - expected) < jumpMs)
         return {};
-    return position * 1000;
+    return status.positionMs * 1000;
 }

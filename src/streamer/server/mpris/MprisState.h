@@ -1,6 +1,6 @@
 #pragma once
+#include "PlayerStatus.h"
 #include <optional>
-#include <QJsonObject>
 #include <QVariantMap>
 
 /// The player's status as properties of org.mpris.MediaPlayer2.Player, but for those that never
@@ -15,14 +15,14 @@ public:
     };
 
     /// Takes a status that was measured at a time of some steady clock.
-    Change update(const QJsonObject& status, qint64 nowMs);
+    Change update(const PlayerStatus& status, qint64 nowMs);
     const QVariantMap& properties() const { return m_properties; }
     /// The present item's name on the bus; each one gets another.
     QString trackId() const;
 
 private:
-    QVariantMap metadataOf(const QJsonObject& status) const;
-    std::optional<qint64> jumpOf(const QJsonObject& status, bool isSameTrack, qint64 nowMs);
+    QVariantMap metadataOf(const PlayerStatus& status) const;
+    std::optional<qint64> jumpOf(const PlayerStatus& status, bool isSameTrack, qint64 nowMs);
 
     QVariantMap m_properties;
     QString m_track; ///< what tells the item from another; empty without one

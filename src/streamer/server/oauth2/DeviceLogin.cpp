@@ -64,9 +64,8 @@ void DeviceLogin::onCode(const OAuth2Answer& answer)
         code.verificationUri.isEmpty()) {
         // This request says nothing but who the client is, so it is what the service refuses.
         const bool isClientRefused = answer.error() == QLatin1String("invalid_request");
-        fail(
-            {Language::ntr("No login code: %1.", "Login", "%1 is the reason").arg(answer.problem()),
-             isClientRefused ? KeloOAuth2Reason::Client() : answer.reason()});
+        fail({TrString::in("Login", "No login code: %1.", {answer.problem()}),
+              isClientRefused ? KeloOAuth2Reason::Client() : answer.reason()});
         return;
     }
     m_deviceCode = Secret(deviceCode);
@@ -121,27 +120,24 @@ void DeviceLogin::onToken(const OAuth2Answer& answer)
     } else if (error == QLatin1String("expired_token")) {
         expire();
     } else if (error == QLatin1String("access_denied")) {
-        fail({Language::ntr("The login was refused.", "Login"), answer.reason()});
+        fail({TrString::in("Login", "The login was refused."), answer.reason()});
     } else if (answer.isTemporary()) {
         // RFC 8628 3.5: ask less often when the service does not answer. The login goes on: the
         // user may confirm it meanwhile.
         m_trouble = {answer.problem(), answer.reason()};
         pollLater(qMax(m_intervalS, qMin(2 * m_pauseS, longestPauseS)));
     } else {
-        fail({Language::ntr("The login failed: %1.", "Login", "%1 is the reason")
-                  .arg(answer.problem()),
-              answer.reason()});
+        fail({TrString::in("Login", "The login failed: %1.", {answer.problem()}), answer.reason()});
     }
 }
 
 void DeviceLogin::expire()
 {
     if (m_trouble.isEmpty())
-        fail({Language::ntr("The code has expired. Start the login again.", "Login"),
+        fail({TrString::in("Login", "The code has expired. Start the login again."),
               KeloOAuth2Reason::Expired()});
     else
-        fail({Language::ntr("The code has expired: %1.", "Login", "%1 is the reason")
-                  .arg(m_trouble.text),
+        fail({TrString::in("Login", "The code has expired: %1.", {m_trouble.text}),
               m_trouble.reason});
 }
 

@@ -8,21 +8,21 @@ namespace {
 constexpr qint64 minuteMs = 60 * 1000;
 constexpr qint64 toleratedMs = 5 * minuteMs;
 
-QString problemOf(HttpClient::Failure failure)
+TrString problemOf(HttpClient::Failure failure)
 {
     switch (failure) {
     case HttpClient::ConnectionFailed:
-        return Language::ntr("the login service is not reached", "Login");
+        return TrString::in("Login", "the login service is not reached");
     case HttpClient::TlsFailed:
-        return Language::ntr("no secure connection to the login service", "Login");
+        return TrString::in("Login", "no secure connection to the login service");
     case HttpClient::CertificateDate:
-        return Language::ntr("the login service's certificate is not valid at the time that the "
-                             "streamer's clock shows",
-                             "Login");
+        return TrString::in("Login",
+                            "the login service's certificate is not valid at the time that the "
+                            "streamer's clock shows");
     case HttpClient::BodyTooLarge:
-        return Language::ntr("the login service's answer is too large", "Login");
+        return TrString::in("Login", "the login service's answer is too large");
     default:
-        return Language::ntr("the login service does not answer", "Login");
+        return TrString::in("Login", "the login service does not answer");
     }
 }
 
@@ -83,20 +83,22 @@ QString OAuth2Answer::reason() const
     return m_status == 401 ? KeloOAuth2Reason::Client() : KeloOAuth2Reason::Service();
 }
 
-QString OAuth2Answer::problem() const
+TrString OAuth2Answer::problem() const
 {
     if (m_status == 0)
         return problemOf(m_failure);
-    if (reason() == KeloOAuth2Reason::Clock())
-        return (m_aheadMs > 0 ? Language::ntr("%1, and the streamer's clock is %2 minutes fast",
-                                              "Login", "%1 is the reason")
-                              : Language::ntr("%1, and the streamer's clock is %2 minutes slow",
-                                              "Login", "%1 is the reason"))
-            .arg(serviceProblem(), QString::number(qAbs(m_aheadMs) / minuteMs));
+    if (reason() == KeloOAuth2Reason::Clock()) {
+        const QString minutes = QString::number(qAbs(m_aheadMs) / minuteMs);
+        return m_aheadMs > 0
+                   ? TrString::in("Login", "%1, and the streamer's clock is %2 minutes fast",
+                                  {serviceProblem(), minutes})
+                   : TrString::in("Login", "%1, and the streamer's clock is %2 minutes slow",
+                                  {serviceProblem(), minutes});
+    }
     return serviceProblem();
 }
 
-QString OAuth2Answer::serviceProblem() const
+TrString OAuth2Answer::serviceProblem() const
 {
     const QString code = error().left(100);
     const QString description = m_json.value("error_description").toString().left(300);
@@ -105,8 +107,9 @@ QString OAuth2Answer::serviceProblem() const
     if (!code.isEmpty() || !description.isEmpty())
         return code + description;
     if (m_status >= 200 && m_status < 300)
-        return Language::ntr("the login service's answer is not understood", "Login");
-    return Language::ntr("the login service answered with status %1", "Login").arg(m_status);
+        return TrString::in("Login", "the login service's answer is not understood");
+    return TrString::in("Login", "the login service answered with status %1",
+                        {QString::number(m_status)});
 }
 
 KeloJson OAuth2Answer::field(const char* camelCase, const char* standard) const

@@ -20,7 +20,7 @@ public:
     /// The error's code (RFC 6749 5.2); empty when there is none.
     QString error() const { return m_json.value("error").toString(); }
     /// For people: the error's code and description, or the status, or why there is no answer.
-    QString problem() const;
+    TrString problem() const;
     /// For an answer that is a failure: one of KeloOAuth2Reason's. What the service says itself
     /// comes first, then a wrong clock.
     QString reason() const;
@@ -35,7 +35,7 @@ private:
 
     bool isClockWrong() const;
     /// What the answer itself says is wrong.
-    QString serviceProblem() const;
+    TrString serviceProblem() const;
 
     int m_status;
     HttpClient::Failure m_failure;

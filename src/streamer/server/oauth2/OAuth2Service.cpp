@@ -66,7 +66,7 @@ OAuth2Service::OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes,
 
 void OAuth2Service::addNodes(CMNodes* nodes)
 {
-    const QStringList name{m_info.displayName()};
+    const QList<TrString> name{m_info.displayName()};
     m_tokenNode = CMValueNode::create(nodes, below(m_path, KeloOAuth2AccessTokenSubPath()));
     m_tokenNode->setTitle(KELO_TR("Access token"));
     m_tokenNode->setReadOnly(true);
@@ -126,8 +126,8 @@ void OAuth2Service::startLogin(const CMSetDataRequest& request)
         return;
     }
     if (m_info.clientId().isEmpty()) {
-        onLoginFailed({Language::ntr("No client id is set for %1; see the settings.", "Login")
-                           .arg(m_info.displayName()),
+        onLoginFailed({TrString::in("Login", "No client id is set for %1; see the settings.",
+                                    {m_info.displayName()}),
                        KeloOAuth2Reason::Client()});
         reply.setError(CMError(m_state.problem()));
         return;
@@ -166,7 +166,8 @@ void OAuth2Service::onCode(const DeviceCode& code)
 
 void OAuth2Service::onLoginFailed(const LoginProblem& problem)
 {
-    KELO_LOG("OAuth2", WARN) << "Login to " << m_info.displayName() << ": " << problem.text;
+    KELO_LOG("OAuth2", WARN) << "Login to " << m_info.displayName() << ": "
+                             << problem.text.source();
     publishProblem(problem);
     answerLogins(CMError(problem.text));
 }
@@ -188,11 +189,10 @@ void OAuth2Service::adopt(const TokenSet& tokens)
 void OAuth2Service::onRefreshFailed(const LoginProblem& problem)
 {
     KELO_LOG("OAuth2", WARN) << "The access token of " << m_info.displayName()
-                             << " is not renewed: " << problem.text;
+                             << " is not renewed: " << problem.text.source();
     if (m_state.loggedIn() || m_state.isPending())
         return;
-    publishProblem({Language::ntr("The login is not renewed yet: %1.", "Login", "%1 is the reason")
-                        .arg(problem.text),
+    publishProblem({TrString::in("Login", "The login is not renewed yet: %1.", {problem.text}),
                     problem.reason});
 }
 
@@ -201,7 +201,7 @@ void OAuth2Service::endLogin(const LoginProblem& problem)
     if (problem.isEmpty())
         KELO_LOG("OAuth2", INFO) << "Logged out of " << m_info.displayName();
     else
-        KELO_LOG("OAuth2", WARN) << m_info.displayName() << ": " << problem.text;
+        KELO_LOG("OAuth2", WARN) << m_info.displayName() << ": " << problem.text.source();
     m_store.remove(m_info);
     if (m_login.isRunning() && !problem.isEmpty())
         return; // the stored login ended while the user is at a new one

@@ -86,10 +86,10 @@ void TokenRefresh::onAnswer(const OAuth2Answer& answer)
         m_listener.refreshed(tokens);
     } else if (answer.error() == QLatin1String("invalid_grant")) {
         reset();
-        m_listener.ended({Language::ntr("The login has ended: the service does not accept it any "
-                                        "more. Log in again.",
-                                        "Login"),
-                          KeloOAuth2Reason::Ended()});
+        m_listener.ended(
+            {TrString::in("Login", "The login has ended: the service does not accept it any "
+                                   "more. Log in again."),
+             KeloOAuth2Reason::Ended()});
     } else {
         retryLater({answer.problem(), answer.reason()});
     }

@@ -32,30 +32,15 @@ void TreeLogin::onValue(const KeloOAuth2Info& info)
     m_listeners.notify(status());
 }
 
-QJsonObject TreeLogin::status() const
+KeloOAuth2Info TreeLogin::status() const
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    return toJson(m_info);
-}
-
-QJsonObject TreeLogin::toJson(const KeloOAuth2Info& info) const
-{
-    QJsonObject json{{QStringLiteral("loggedIn"), info.loggedIn()}};
+    KeloOAuth2Info info = m_info;
     if (info.isPending()) {
-        const qint64 left = info.expiresIn() - (SystemClock().steadyMs() - m_publishedAtMs) / 1000;
-        QJsonObject pending{{KeloOAuth2Info::UserCode(), info.userCode()},
-                            {KeloOAuth2Info::VerificationUri(), info.verificationUri()},
-                            {KeloOAuth2Info::ExpiresIn(), double(qMax(qint64(0), left))}};
-        if (!info.verificationUriComplete().isEmpty())
-            pending.insert(KeloOAuth2Info::VerificationUriComplete(),
-                           info.verificationUriComplete());
-        json.insert(QStringLiteral("pending"), pending);
+        const qint64 passedS = (SystemClock().steadyMs() - m_publishedAtMs) / 1000;
+        info.setExpiresIn(int(qMax(qint64(0), info.expiresIn() - passedS)));
     }
-    if (!info.problem().isEmpty()) {
-        json.insert(KeloOAuth2Info::Problem(), info.problem());
-        json.insert(KeloOAuth2Info::Reason(), info.reason());
-    }
-    return json;
+    return info;
 }
 
 CMReply<QVariant> TreeLogin::start()

@@ -3,7 +3,6 @@
 
 #include <kelo/CMPath.h>
 #include <kelo/KeloListeners.h>
-#include <kelo/KeloOAuth2.h>
 #include <mutex>
 
 /// The login of one service as the web API wants it, read from and driven through the content tree.
@@ -14,7 +13,7 @@ public:
     explicit TreeLogin(const QString& serviceName);
     ~TreeLogin() override;
 
-    QJsonObject status() const override;
+    KeloOAuth2Info status() const override;
     CMReply<QVariant> start() override;
     CMReply<QVariant> logout() override;
     quint64 addListener(Listener listener) override;
@@ -22,12 +21,11 @@ public:
 
 private:
     void onValue(const KeloOAuth2Info& info);
-    QJsonObject toJson(const KeloOAuth2Info& info) const;
 
     CMPath m_path;
     quint64 m_watch = 0;
     mutable std::mutex m_mutex;
     KeloOAuth2Info m_info;      ///< the latest; guarded by the mutex
     qint64 m_publishedAtMs = 0; ///< steady time of m_info; guarded by the mutex
-    KeloListeners<QJsonObject> m_listeners;
+    KeloListeners<KeloOAuth2Info> m_listeners;
 };

@@ -1,5 +1,6 @@
 #pragma once
 #include <functional>
+#include <kelo/TrString.h>
 #include <memory>
 #include <QString>
 
@@ -22,7 +23,7 @@ struct OutputError
         Network   ///< the data did not arrive, or any other failure of the source
     };
     Kind kind = Network;
-    QString text;          ///< a sentence for people
+    TrString text;         ///< a sentence for people
     bool isOfNext = false; ///< the item given with setNext() failed, the current one was well
     qint64 positionMs = 0; ///< where the current item was
 };
@@ -63,7 +64,7 @@ public:
     /// 0 while unknown.
     virtual qint64 durationMs() const = 0;
     /// A sentence about the output itself that people should see; empty when there is none.
-    virtual QString note() const { return {}; }
+    virtual TrString note() const { return {}; }
 
     /// The output of the settings: "auto", "null", or the description of a GStreamer sink. Null,
     /// with a sentence in `error`, when a description is none.

@@ -57,7 +57,7 @@ GstElement* parseSink(const QString& description, QString* error)
     return sink;
 }
 
-GstElement* makeAutoSink(QString* note, QString* error)
+GstElement* makeAutoSink(TrString* note, QString* error)
 {
     GstElement* sink = gst_element_factory_make("autoaudiosink", nullptr);
     if (sink) {
@@ -66,7 +66,7 @@ GstElement* makeAutoSink(QString* note, QString* error)
             return sink;
         gst_object_unref(sink);
     }
-    *note = Language::ntr("no sound device, playing silently", "Player");
+    *note = TrString::in("Player", "no sound device, playing silently");
     return parseSink(GstOutput::silentSink(), error);
 }
 } // namespace
@@ -80,7 +80,7 @@ std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* err
         g_clear_error(&failure);
         return nullptr;
     }
-    QString note;
+    TrString note;
     GstPtr<GstElement> audioSink(sink == QLatin1String("auto") ? makeAutoSink(&note, error)
                                                                : parseSink(sink, error));
     if (!audioSink)
@@ -94,11 +94,11 @@ std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* err
     g_object_set(playbin, "audio-sink", audioSink.get(), "flags",
                  playFlagAudio | playFlagSoftVolume | playFlagBuffering, nullptr);
     if (!note.isEmpty())
-        KELO_LOG(logger, WARN) << note;
+        KELO_LOG(logger, WARN) << note.source();
     return std::unique_ptr<AudioOutput>(new GstOutput(playbin, note));
 }
 
-GstOutput::GstOutput(GstElement* playbin, const QString& note) : m_playbin(playbin), m_note(note)
+GstOutput::GstOutput(GstElement* playbin, const TrString& note) : m_playbin(playbin), m_note(note)
 {
     m_isMade.store(true, std::memory_order_release);
     const GstPtr<GstBus> bus(gst_element_get_bus(m_playbin));
@@ -271,7 +271,7 @@ void GstOutput::onPlaying()
     if (audioStreams == 0) {
         OutputError error;
         error.kind = OutputError::Decode;
-        error.text = Language::ntr("the address holds no audio", "Player");
+        error.text = TrString::in("Player", "the address holds no audio");
         return onError(error);
     }
     events().started();

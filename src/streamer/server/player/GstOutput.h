@@ -33,7 +33,7 @@ public:
     void setVolume(int percent) override;
     qint64 positionMs() const override;
     qint64 durationMs() const override;
-    QString note() const override { return m_note; }
+    TrString note() const override { return m_note; }
 
 private:
     /// What the streaming threads share with the output's thread, behind a mutex.
@@ -46,7 +46,7 @@ private:
         std::string nextUri;     ///< empty: nothing follows
     };
 
-    GstOutput(GstElement* playbin, const QString& note);
+    GstOutput(GstElement* playbin, const TrString& note);
 
     /// This object on a streaming thread.
     static GstOutput* of(gpointer self);
@@ -74,7 +74,7 @@ private:
 
     QObject m_context; ///< receives what the streaming threads post
     GstElement* m_playbin;
-    QString m_note;
+    TrString m_note;
     mutable Handover m_handover;
     /// Set last by the constructor and read first by the streaming threads, which GStreamer hands
     /// the object to: what was written before is seen there.

@@ -32,23 +32,23 @@ OutputError::Kind kindOf(const GError* failure, guint httpStatus, bool isOfSourc
     return isDecode ? OutputError::Decode : OutputError::Network;
 }
 
-QString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* failure)
+TrString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* failure)
 {
     const QString cause =
         httpStatus ? QString::number(httpStatus) : QString::fromUtf8(failure->message);
     switch (kind) {
     case OutputError::Refused:
-        return Language::ntr("the address was refused (%1)", "Player").arg(cause);
+        return TrString::in("Player", "the address was refused (%1)", {cause});
     case OutputError::NotFound:
-        return Language::ntr("nothing stands at the address (%1)", "Player").arg(cause);
+        return TrString::in("Player", "nothing stands at the address (%1)", {cause});
     case OutputError::Decode:
-        return Language::ntr("the audio cannot be decoded: %1", "Player").arg(cause);
+        return TrString::in("Player", "the audio cannot be decoded: %1", {cause});
     case OutputError::Device:
-        return Language::ntr("the sound device cannot be used: %1", "Player").arg(cause);
+        return TrString::in("Player", "the sound device cannot be used: %1", {cause});
     case OutputError::Network:
         break;
     }
-    return Language::ntr("the audio did not arrive: %1", "Player").arg(cause);
+    return TrString::in("Player", "the audio did not arrive: %1", {cause});
 }
 } // namespace
 
@@ -121,7 +121,8 @@ void GstOutput::postError(GstMessage* message)
     error.kind = kindOf(failure, httpStatus, isOfSource);
     error.text = sentenceOf(error.kind, httpStatus, failure);
     // The debug text is not logged: it holds the address with its signature.
-    KELO_LOG(logger, WARN) << GST_OBJECT_NAME(GST_MESSAGE_SRC(message)) << ": " << error.text;
+    KELO_LOG(logger, WARN) << GST_OBJECT_NAME(GST_MESSAGE_SRC(message)) << ": "
+                           << error.text.source();
     g_error_free(failure);
     g_free(debug);
     post([this, error] { onError(error); });

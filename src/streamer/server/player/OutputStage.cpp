@@ -48,13 +48,13 @@ void OutputStage::open(quint64 number, quint64 session, int volume, const Output
 {
     m_session = session;
     if (session == m_newest) {
-        OutputError error;
-        error.kind = OutputError::Device;
-        if (m_output || make(&error.text)) {
+        QString problem;
+        if (m_output || make(&problem)) {
             m_clock->start();
             m_output->setVolume(volume);
             m_output->open(item);
         } else {
+            const OutputError error{OutputError::Device, problem};
             raise([error](const AudioOutput::Events& to) { to.error(error); });
         }
     }

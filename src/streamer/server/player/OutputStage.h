@@ -23,7 +23,7 @@ public:
         quint64 operation = 0; ///< number of the latest operation that is done
         qint64 positionMs = 0;
         qint64 durationMs = 0;
-        QString note;
+        TrString note;
     };
 
     OutputStage(Make make, QObject* receiver, Raise raise);

@@ -1,24 +1,17 @@
 #pragma once
 #include "AudioOutput.h"
+#include "PlayerStatus.h"
 #include "QueueEntry.h"
 
 /// An item of the player: its entry in the queue and, once a module has completed it, its address.
 /// A value type.
-struct PlayItem
+struct PlayItem : ShownItem
 {
     QueueEntry entry;
-    CMPath path; ///< the row's; of an item without a row, the play request's
-    QString title;
-    QString artist;
-    QString album;
-    QString icon;
     QString uri; ///< empty until the item is completed
-    QString qualityAsked;
-    QString qualityDelivered; ///< empty when unknown
     qint64 startMs = 0;
-    qint64 durationMs = 0; ///< as the item says; 0 when it does not
-    qint64 maxIdleMs = 0;  ///< longest pause after which the address is good; 0 when not said
-    bool isRetry = false;  ///< an earlier address of the item failed
+    qint64 maxIdleMs = 0; ///< longest pause after which the address is good; 0 when not said
+    bool isRetry = false; ///< an earlier address of the item failed
 
     /// What is known before a module has completed the entry.
     static PlayItem ofEntry(const QueueEntry& entry);

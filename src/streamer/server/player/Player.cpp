@@ -1,6 +1,7 @@
 #include "Player.h"
 #include "PlayerCommand.h"
 #include "PlayerEngine.h"
+#include <algorithm>
 #include <kelo/KeloTidalConstants.h>
 
 Player::Player(const PlayerOptions& options)
@@ -70,14 +71,21 @@ void Player::publish(const PlayerStatus& status)
     {
         std::lock_guard<std::mutex> lock(m_statusMutex);
         m_status = status;
+        m_measuredMs = m_clock.steadyMs();
     }
-    m_listeners.notify(status.toJson(status.measuredMs));
+    m_listeners.notify(status);
 }
 
-QJsonObject Player::status() const
+PlayerStatus Player::status() const
 {
     std::lock_guard<std::mutex> lock(m_statusMutex);
-    return m_status.toJson(m_clock.steadyMs());
+    PlayerStatus status = m_status;
+    if (status.state == PlayerStatus::State::Playing) {
+        status.positionMs += m_clock.steadyMs() - m_measuredMs;
+        if (status.item.durationMs > 0)
+            status.positionMs = std::min(status.positionMs, status.item.durationMs);
+    }
+    return status;
 }
 
 CMReply<QVariant> Player::command(const QString& name, const QVariantHash& arguments)

@@ -2,7 +2,6 @@
 #include "AudioOutput.h"
 #include "Clock.h"
 #include "PlayerControl.h"
-#include "PlayerStatus.h"
 #include <kelo/KeloListeners.h>
 #include <kelo/KeloLoopThread.h>
 #include <kelo/PlayLogicInterface.h>
@@ -37,7 +36,7 @@ public:
     /// twice.
     void stop();
 
-    QJsonObject status() const override;
+    PlayerStatus status() const override;
     CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) override;
     quint64 addListener(Listener listener) override;
     void removeListener(quint64 id) override;
@@ -52,9 +51,10 @@ private:
     SystemClock m_systemClock;
     Clock& m_clock;
     OutputFactory m_makeOutput;
-    KeloListeners<QJsonObject> m_listeners;
+    KeloListeners<PlayerStatus> m_listeners;
     mutable std::mutex m_statusMutex;
-    PlayerStatus m_status;
+    PlayerStatus m_status;    ///< guarded by the mutex, as the next
+    qint64 m_measuredMs = 0;  ///< when its position was so
     std::mutex m_threadMutex; ///< guards posting against the thread's end
     bool m_isRunning = false;
     KeloLoopThread m_thread;

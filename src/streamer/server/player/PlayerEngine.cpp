@@ -1,5 +1,6 @@
 #include "PlayerEngine.h"
 #include <kelo/KeloLog.h>
+#include <numeric>
 
 namespace {
 constexpr qint64 tickMs = 1000;
@@ -8,9 +9,11 @@ constexpr qint64 restartMs = 3000; ///< from here on "previous" means the item's
 constexpr qint64 saveEveryMs = 5000;
 constexpr int maxNoteLength = 400;
 
-CMError errorOf(const QString& text)
+/// About how much of the notes is shown.
+bool isLong(const QList<TrString>& notes)
 {
-    return CMError(TrString(text));
+    const auto add = [](int sum, const TrString& note) { return sum + note.source().size() + 2; };
+    return std::accumulate(notes.begin(), notes.end(), -2, add) > maxNoteLength;
 }
 } // namespace
 
@@ -30,21 +33,21 @@ PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock,
 PlayerEngine::~PlayerEngine()
 {
     save();
-    fail(Language::ntr("the player ends", "Player"));
+    fail(TrString::in("Player", "the player ends"));
     m_output->stop();
 }
 
 void PlayerEngine::command(const Reply& reply)
 {
-    fail(Language::ntr("superseded by another command", "Player"));
+    fail(TrString::in("Player", "superseded by another command"));
     m_reply = reply;
     endStartLimit();
     m_startLeftMs = startLimitMs;
     m_failures = 0;
     m_broken = Broken();
     m_isPauseWanted = false;
-    m_note.clear();
-    m_isNoteFresh = false;
+    m_notes.clear();
+    m_areNotesFresh = false;
 }
 
 void PlayerEngine::succeed()
@@ -52,9 +55,9 @@ void PlayerEngine::succeed()
     std::exchange(m_reply, Reply()).setValue(QVariant(true));
 }
 
-void PlayerEngine::fail(const QString& text)
+void PlayerEngine::fail(const TrString& text)
 {
-    std::exchange(m_reply, Reply()).setError(errorOf(text));
+    std::exchange(m_reply, Reply()).setError(CMError(text));
 }
 
 void PlayerEngine::play(const CMPath& path, const Reply& reply)
@@ -79,7 +82,7 @@ void PlayerEngine::playId(const QString& id, const Reply& reply)
 void PlayerEngine::pause(const Reply& reply)
 {
     if (m_state == State::Stopped)
-        return reply.setError(errorOf(Language::ntr("nothing is playing", "Player")));
+        return reply.setError(CMError(TrString::in("Player", "nothing is playing")));
     if (m_state == State::Resolving) {
         m_isPauseWanted = true;
     } else if (m_state == State::Playing) {
@@ -99,7 +102,7 @@ void PlayerEngine::resume(const Reply& reply)
                                m_item.entry.canResolve();
     if (m_state == State::Stopped || (m_state == State::Paused && isIdleTooLong)) {
         if (!m_item.entry.canResolve())
-            return reply.setError(errorOf(Language::ntr("there is nothing to play", "Player")));
+            return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
         const qint64 position = positionMs();
         command(reply);
         return replay(position);
@@ -147,9 +150,8 @@ void PlayerEngine::haltAtBreak()
     if (!broken.item.entry.isEmpty()) {
         m_item = broken.item;
         m_resumeMs = broken.positionMs;
-        m_note.clear();
-        addNote(Language::ntr("%1 broke off: %2", "Player", "%2 is the reason")
-                    .arg(m_item.name(), broken.text));
+        m_notes.clear();
+        addNote(TrString::in("Player", "%1 broke off: %2", {m_item.name(), broken.text}));
     }
     halt(m_resumeMs);
 }
@@ -157,14 +159,14 @@ void PlayerEngine::haltAtBreak()
 void PlayerEngine::next(const Reply& reply)
 {
     if (m_item.entry.isEmpty())
-        return reply.setError(errorOf(Language::ntr("there is nothing to play", "Player")));
+        return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
     const PlayItem next = m_next;
     // What was passed over on the way to the next item is still to be read when that plays.
-    const QString note = m_isNoteFresh ? m_note : QString();
+    const QList<TrString> notes = m_areNotesFresh ? m_notes : QList<TrString>();
     command(reply);
     if (!next.uri.isEmpty()) {
-        m_note = note;
-        m_isNoteFresh = !note.isEmpty();
+        m_notes = notes;
+        m_areNotesFresh = !notes.isEmpty();
         endChain();
         m_isSkipping = true;
         return openItem(next);
@@ -180,7 +182,7 @@ void PlayerEngine::previous(const Reply& reply)
     if (isSounding && m_output->positionMs() >= restartMs)
         return seek(0, reply);
     if (m_item.entry.isEmpty())
-        return reply.setError(errorOf(Language::ntr("there is nothing to play", "Player")));
+        return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
     command(reply);
     startChain(Purpose::Start, m_item.entry);
     m_chain.skips = true;
@@ -192,7 +194,7 @@ void PlayerEngine::seek(qint64 positionMs, const Reply& reply)
 {
     const bool isStopped = m_state == State::Stopped && m_item.entry.canResolve();
     if (m_state != State::Playing && m_state != State::Paused && !isStopped)
-        return reply.setError(errorOf(Language::ntr("nothing is playing", "Player")));
+        return reply.setError(CMError(TrString::in("Player", "nothing is playing")));
     const qint64 duration = durationMs();
     const qint64 wanted = duration > 0 ? std::min(positionMs, duration) : positionMs;
     if (isStopped)
@@ -227,14 +229,13 @@ void PlayerEngine::accept(const KeloRoles& roles)
     openItem(item);
 }
 
-void PlayerEngine::addNote(const QString& text)
+void PlayerEngine::addNote(const TrString& text)
 {
-    KELO_LOG("player", INFO) << text;
-    if (!m_isNoteFresh || m_note.isEmpty() || m_note.size() > maxNoteLength)
-        m_note = text;
-    else
-        m_note += QStringLiteral("; ") + text;
-    m_isNoteFresh = true;
+    KELO_LOG("player", INFO) << text.source();
+    if (!m_areNotesFresh || isLong(m_notes))
+        m_notes.clear();
+    m_notes.append(text);
+    m_areNotesFresh = true;
 }
 
 void PlayerEngine::save()
@@ -271,20 +272,16 @@ void PlayerEngine::publish()
     m_item.durationMs = durationMs(); // the output forgets it
     PlayerStatus status;
     status.state = m_state;
-    status.path = m_item.path.toEncoded();
-    status.title = m_item.title;
-    status.artist = m_item.artist;
-    status.album = m_item.album;
-    status.icon = m_item.icon;
-    status.list = m_item.entry.list.toEncoded();
+    status.item = m_item;
+    status.list = m_item.entry.list;
     status.index = m_item.entry.index;
     status.volume = m_volume;
-    status.qualityAsked = m_item.qualityAsked;
-    status.qualityDelivered = m_item.qualityDelivered;
-    status.note = m_note.isEmpty() ? m_output->note() : m_note;
+    status.notes = m_notes;
+    if (m_notes.isEmpty() && !m_output->note().isEmpty())
+        status.notes.append(m_output->note());
     status.positionMs = positionMs();
-    status.durationMs = m_item.durationMs;
-    status.measuredMs = m_clock.steadyMs();
+    if (m_item.durationMs > 0)
+        status.positionMs = std::min(status.positionMs, m_item.durationMs);
     m_publish(status);
 }
 

@@ -63,13 +63,13 @@ private:
     {
         PlayItem item;
         qint64 positionMs = 0;
-        QString text; ///< why
+        TrString text; ///< why
     };
 
     // PlayerEngine.cpp: commands.
     void command(const Reply& reply);
     void succeed();
-    void fail(const QString& text);
+    void fail(const TrString& text);
     void replay(qint64 offsetMs);
     /// Ends the sound; `resume` goes on from the position.
     void halt(qint64 resumeMs = 0);
@@ -79,7 +79,7 @@ private:
     qint64 durationMs() const;
     void publish();
     void save();
-    void addNote(const QString& text);
+    void addNote(const TrString& text);
     void tick(quint64 number);
     void startTicking();
 
@@ -91,9 +91,9 @@ private:
     void onListEnd(const RowFinder::Found& found);
     void resolve();
     void onResolved(const ItemResolver::Result& result);
-    void onItemFailed(const QString& text);
+    void onItemFailed(const TrString& text);
     /// Ends a chain that found nothing to open; what plays goes on.
-    void refuse(const QString& text);
+    void refuse(const TrString& text);
     void openItem(const PlayItem& item);
     void prefetch();
 
@@ -125,9 +125,10 @@ private:
     Broken m_broken;       ///< holds no item once anything plays again
     PlayItem m_next;       ///< handed to the output to follow; of empty address when none is
     Chain m_chain;
-    Reply m_reply; ///< the command that waits for the chain; null when none does
-    QString m_note;
-    bool m_isNoteFresh = false;   ///< the note is of after the last start, so it outlives the next
+    Reply m_reply;           ///< the command that waits for the chain; null when none does
+    QList<TrString> m_notes; ///< oldest first
+    bool m_areNotesFresh =
+        false; ///< the notes are of after the last start, so they outlive the next
     bool m_isPauseWanted = false; ///< the item is to start paused
     bool m_isLast = false;        ///< nothing follows the present item
     bool m_isNextBarred = false;  ///< the next item failed early: it is asked for again at the end

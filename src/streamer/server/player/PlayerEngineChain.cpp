@@ -3,7 +3,12 @@
 
 namespace {
 constexpr int maxFailures = 10;
+
+TrString textOf(const CMError& error)
+{
+    return TrString::fromVariant(error.value(CMError::Message()));
 }
+} // namespace
 
 void PlayerEngine::startChain(Purpose purpose, const QueueEntry& at)
 {
@@ -31,13 +36,13 @@ void PlayerEngine::walk()
 void PlayerEngine::onFound(const RowFinder::Found& found)
 {
     for (const QString& title : found.skipped)
-        addNote(Language::ntr("skipped: %1 cannot be played", "Player").arg(title));
+        addNote(TrString::in("Player", "skipped: %1 cannot be played", {title}));
     if (found.entry.isEmpty())
         return onListEnd(found);
     m_chain.at = found.entry;
     m_chain.skips = m_chain.skips || found.isList;
     if (found.entry.id.isEmpty() && !found.entry.isPlayable())
-        return refuse(Language::ntr("%1 cannot be played", "Player").arg(found.entry.row.title()));
+        return refuse(TrString::in("Player", "%1 cannot be played", {found.entry.row.title()}));
     resolve();
 }
 
@@ -48,17 +53,16 @@ void PlayerEngine::onListEnd(const RowFinder::Found& found)
     const bool isSounding = m_state == State::Playing || m_state == State::Paused;
     if (chain.purpose == Purpose::Prefetch) {
         if (found.error.isSet())
-            addNote(Language::ntr("the list does not go on: %1", "Player", "%1 is the reason")
-                        .arg(found.error.message()));
+            addNote(TrString::in("Player", "the list does not go on: %1", {textOf(found.error)}));
         m_isLast = true;
         m_output->setNext(OutputItem());
         return publish();
     }
     const bool isFirstItem = !chain.skips || found.isList;
-    QString text = found.error.message();
+    TrString text = textOf(found.error);
     if (text.isEmpty() && isFirstItem)
-        text = found.isList ? Language::ntr("nothing in this list can be played", "Player")
-                            : Language::ntr("no such row", "Player");
+        text = found.isList ? TrString::in("Player", "nothing in this list can be played")
+                            : TrString::in("Player", "no such row");
     if (!text.isEmpty())
         return refuse(text);
     if (chain.step < 0 && isSounding)
@@ -69,7 +73,7 @@ void PlayerEngine::onListEnd(const RowFinder::Found& found)
     succeed();
 }
 
-void PlayerEngine::refuse(const QString& text)
+void PlayerEngine::refuse(const TrString& text)
 {
     endChain();
     addNote(text);
@@ -99,10 +103,10 @@ void PlayerEngine::resolve()
 void PlayerEngine::onResolved(const ItemResolver::Result& result)
 {
     if (result.error.isSet())
-        return onItemFailed(result.error.message());
+        return onItemFailed(textOf(result.error));
     PlayItem item = PlayItem::completed(result.item, m_chain.at);
     if (item.uri.isEmpty())
-        return onItemFailed(Language::ntr("the service gave no address", "Player"));
+        return onItemFailed(TrString::in("Player", "the service gave no address"));
     if (m_chain.offsetMs > 0)
         item.startMs = m_chain.offsetMs;
     if (m_chain.isSameItem && item.durationMs == 0)
@@ -133,15 +137,15 @@ void PlayerEngine::openItem(const PlayItem& item)
     publish();
 }
 
-void PlayerEngine::onItemFailed(const QString& text)
+void PlayerEngine::onItemFailed(const TrString& text)
 {
     const QString name = PlayItem::ofEntry(m_chain.at).name();
     if (!m_chain.skips) {
-        addNote(Language::ntr("%1: %2", "Player", "%2 is the reason").arg(name, text));
+        addNote(TrString::in("Player", "%1: %2", {name, text}));
         halt(m_chain.offsetMs);
         return fail(text);
     }
-    addNote(Language::ntr("skipped: %1: %2", "Player", "%2 is the reason").arg(name, text));
+    addNote(TrString::in("Player", "skipped: %1: %2", {name, text}));
     m_chain.offsetMs = 0;
     m_chain.isRetry = false;
     m_chain.isSameItem = false;
@@ -149,10 +153,10 @@ void PlayerEngine::onItemFailed(const QString& text)
         publish();
         return walk();
     }
-    const QString reason =
-        Language::ntr("stopped after %1 items in a row that cannot be played", "Player")
-            .arg(maxFailures);
-    m_note.clear();
+    const TrString reason =
+        TrString::in("Player", "stopped after %1 items in a row that cannot be played",
+                     {QString::number(maxFailures)});
+    m_notes.clear();
     addNote(reason);
     if (m_chain.purpose == Purpose::Start) {
         haltAtBreak();

@@ -29,8 +29,8 @@ void PlayerEngine::onStarted()
         return publish(); // a command is leading elsewhere already, and is not answered by this
     }
     m_broken = Broken();
-    if (!std::exchange(m_isNoteFresh, false))
-        m_note.clear();
+    if (!std::exchange(m_areNotesFresh, false))
+        m_notes.clear();
     if (std::exchange(m_isPauseWanted, false)) {
         m_output->pause();
         m_pausedAtMs = m_clock.steadyMs();
@@ -57,8 +57,8 @@ void PlayerEngine::onItemChanged()
     m_next = PlayItem();
     m_isLast = false;
     m_failures = 0;
-    if (!std::exchange(m_isNoteFresh, false))
-        m_note.clear();
+    if (!std::exchange(m_areNotesFresh, false))
+        m_notes.clear();
     save();
     publish();
 }
@@ -145,9 +145,9 @@ void PlayerEngine::onStartLimit(quint64 number)
     m_output->restart();
     OutputError error;
     error.kind = OutputError::Device;
-    error.text = Language::ntr("the audio output did not start within %1 seconds and was made anew",
-                               "Player")
-                     .arg(startLimitMs / 1000);
+    error.text =
+        TrString::in("Player", "the audio output did not start within %1 seconds and was made anew",
+                     {QString::number(startLimitMs / 1000)});
     onError(error);
 }
 

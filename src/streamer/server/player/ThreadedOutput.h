@@ -31,7 +31,7 @@ public:
     void restart() override;
     qint64 positionMs() const override;
     qint64 durationMs() const override;
-    QString note() const override { return m_stage->measured().note; }
+    TrString note() const override { return m_stage->measured().note; }
 
 private:
     using Clock = OutputStage::Clock;

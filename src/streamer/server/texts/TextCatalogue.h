@@ -2,7 +2,6 @@
 #include <QHash>
 #include <QMap>
 #include <QTranslator>
-#include <QVector>
 
 class QIODevice;
 
@@ -25,38 +24,18 @@ public:
     QString translate(const char* context, const char* source, const char* comment = nullptr,
                       int n = -1) const override;
     bool isEmpty() const override { return m_texts.isEmpty(); }
-    /// A text that was put into English words before it was known for whom, its arguments included:
-    /// looked up in every context. Itself when there is none. Not for texts of the service, which
-    /// may be equal to one of ours and mean something else.
-    QString plain(const QString& text) const;
-    /// The same for one such text or several with "; " between.
-    QString plainList(const QString& texts) const;
+    /// An English text without its context: looked up in every one. Itself when there is none. Not
+    /// for texts of the service, which may be equal to one of ours and mean something else.
+    QString plain(const QString& text) const { return m_plain.value(text, text); }
     /// The web page's texts by their English ones.
     const QMap<QString, QString>& pageTexts() const { return m_pageTexts; }
 
 private:
-    /// A text with places for arguments: what stands around them, and the translation.
-    struct Pattern
-    {
-        QStringList pieces;   ///< one more than places
-        QVector<int> numbers; ///< of the places in order
-        QString comment;      ///< names the places that hold texts of ours
-        QString translation;
-
-        int size() const { return pieces.join(QString()).size(); }
-    };
-    using Arguments = QMap<int, QString>;
-
     void add(const QString& context, const QString& source, const QString& comment,
              const QString& translation);
-    void addPlain(const QString& source, const QString& comment, const QString& translation);
-    /// The arguments of a text of this form by their numbers; none for any other text.
-    static Arguments argumentsOf(const QString& text, const Pattern& pattern);
-    QString filled(const Pattern& pattern, const Arguments& arguments) const;
 
     QString m_language;
     QHash<QByteArray, QString> m_texts;
     QHash<QString, QString> m_plain;
-    QVector<Pattern> m_patterns; ///< those that say most first
     QMap<QString, QString> m_pageTexts;
 };

@@ -1,7 +1,9 @@
 #include "EventHub.h"
 
 #include "JsonText.h"
+#include "LoginApi.h"
 #include "LoginControl.h"
+#include "PlayerApi.h"
 #include "PlayerControl.h"
 #include "RandomToken.h"
 #include "RequestsApi.h"
@@ -27,10 +29,12 @@ std::string noticeText(const CMRowsNotice& notice)
 
 EventHub::EventHub(PlayerControl& player, LoginControl& login) : m_player(player), m_login(login)
 {
-    m_playerListener =
-        player.addListener([this](const QJsonObject& state) { broadcast("player", state); });
-    m_loginListener =
-        login.addListener([this](const QJsonObject& state) { broadcast("login", state); });
+    m_playerListener = player.addListener([this](const PlayerStatus& status) {
+        broadcast("player", [&](auto* texts) { return PlayerApi::text(status, texts); });
+    });
+    m_loginListener = login.addListener([this](const KeloOAuth2Info& status) {
+        broadcast("login", [&](auto* texts) { return LoginApi::text(status, texts); });
+    });
     m_requestObserver = HttpCallLog::instance().addObserver(
         [this](const HttpCallRecord& record) { tellRequest(record); });
 }
@@ -60,8 +64,8 @@ std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, const Te
         m_clients.emplace(client->id(), client);
     }
     // From here on news reach the client, so that none is between them and the present states.
-    client->pushFirst("player", JsonText::fromState(m_player.status(), texts));
-    client->pushFirst("login", JsonText::fromState(m_login.status(), texts));
+    client->pushFirst("player", PlayerApi::text(m_player.status(), texts));
+    client->pushFirst("login", LoginApi::text(m_login.status(), texts));
     const OpenPaths::Change change = setPaths(client, paths);
     if (change.refused.isEmpty())
         return client;
@@ -122,7 +126,8 @@ int EventHub::clients() const
     return int(m_clients.size());
 }
 
-void EventHub::broadcast(const std::string& kind, const QJsonObject& state)
+void EventHub::broadcast(const std::string& kind,
+                         const std::function<std::string(const TextCatalogue*)>& text)
 {
     std::map<const TextCatalogue*, std::string> byLanguage;
     std::lock_guard<std::mutex> lock(m_mutex);
@@ -130,7 +135,7 @@ void EventHub::broadcast(const std::string& kind, const QJsonObject& state)
         const TextCatalogue* texts = client.second->texts();
         std::string& data = byLanguage[texts];
         if (data.empty())
-            data = JsonText::fromState(state, texts);
+            data = text(texts);
         client.second->push(kind, data, true);
     }
 }

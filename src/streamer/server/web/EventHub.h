@@ -3,6 +3,7 @@
 #include "HttpReply.h"
 
 #include <atomic>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -39,7 +40,10 @@ public:
     int dropped() const { return m_dropped; }
 
 private:
-    void broadcast(const std::string& kind, const QJsonObject& state);
+    /// `text` makes the event's data in a language.
+    void broadcast(const std::string& kind,
+                   const std::function<std::string(const TextCatalogue*)>& text);
+
     void tellRequest(const HttpCallRecord& record);
     static OpenPaths::Change setPaths(const std::shared_ptr<EventClient>& client,
                                       const QList<CMPath>& paths);

@@ -28,7 +28,7 @@ QString reason(int status)
     return known ? QString::fromLatin1(known) : QStringLiteral("Status %1").arg(status);
 }
 
-/// A text of an error: put into words now, or long ago.
+/// A text of an error; the service's module has plain ones, too.
 QString text(const QVariant& value, const TextCatalogue& texts)
 {
     return value.userType() == qMetaTypeId<TrString>() ? value.value<TrString>().toString(texts)

@@ -160,13 +160,3 @@ std::string JsonText::fromObject(const QJsonObject& object)
 {
     return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();
 }
-
-std::string JsonText::fromState(QJsonObject state, const TextCatalogue* texts)
-{
-    for (const char* name : {"note", "problem"}) {
-        const auto text = state.find(QLatin1String(name));
-        if (texts && text != state.end())
-            *text = texts->plainList(text->toString());
-    }
-    return fromObject(state);
-}

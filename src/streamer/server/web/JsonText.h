@@ -33,8 +33,6 @@ public:
     std::string text() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 
     static std::string fromObject(const QJsonObject& object);
-    /// A state of the player or the login, with its note or problem in a client's language.
-    static std::string fromState(QJsonObject state, const TextCatalogue* texts);
 
 private:
     void string(const QString& text);

@@ -20,7 +20,7 @@ qint64 LateAnswer::seconds() const
 
 TrString LateAnswer::text() const
 {
-    const QStringList arguments{QString::number(seconds())};
+    const QList<TrString> arguments{QString::number(seconds())};
     if (from == QLatin1String("service"))
         return TrString(TrCharData{"LateAnswer", "waiting for the music service, %1 s", nullptr},
                         arguments);

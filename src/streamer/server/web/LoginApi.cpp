@@ -4,6 +4,27 @@
 #include "LoginControl.h"
 #include "qr/QrMatrix.h"
 #include "ReplyWaiter.h"
+#include "texts/TextCatalogue.h"
+
+std::string LoginApi::text(const KeloOAuth2Info& info, const TextCatalogue* texts)
+{
+    QJsonObject json{{QStringLiteral("loggedIn"), info.loggedIn()}};
+    if (info.isPending()) {
+        QJsonObject pending{{KeloOAuth2Info::UserCode(), info.userCode()},
+                            {KeloOAuth2Info::VerificationUri(), info.verificationUri()},
+                            {KeloOAuth2Info::ExpiresIn(), info.expiresIn()}};
+        if (!info.verificationUriComplete().isEmpty())
+            pending.insert(KeloOAuth2Info::VerificationUriComplete(),
+                           info.verificationUriComplete());
+        json.insert(QStringLiteral("pending"), pending);
+    }
+    const TrString problem = info.problem();
+    if (!problem.isEmpty()) {
+        json.insert(KeloOAuth2Info::Problem(), texts ? problem.toString(*texts) : problem.source());
+        json.insert(KeloOAuth2Info::Reason(), info.reason());
+    }
+    return JsonText::fromObject(json);
+}
 
 namespace {
 
@@ -57,15 +78,15 @@ HttpReply LoginApi::answer(const CMReply<QVariant>& reply, const HttpCall& call)
 
 HttpReply LoginApi::state(const HttpCall& call) const
 {
-    return HttpReply::json(JsonText::fromState(m_login.status(), call.texts));
+    return HttpReply::json(text(m_login.status(), call.texts));
 }
 
 HttpReply LoginApi::qrCode() const
 {
-    const QJsonObject pending = m_login.status().value(QLatin1String("pending")).toObject();
-    QString address = pending.value(QLatin1String("verificationUriComplete")).toString();
+    const KeloOAuth2Info info = m_login.status();
+    QString address = info.verificationUriComplete();
     if (address.isEmpty())
-        address = pending.value(QLatin1String("verificationUri")).toString();
+        address = info.verificationUri();
     // Services leave the scheme out, and telephones take the rest for a search.
     if (!address.isEmpty() && !address.contains(QLatin1String("://")))
         address.prepend(QLatin1String("https://"));

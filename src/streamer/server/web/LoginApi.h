@@ -3,6 +3,7 @@
 
 #include <kelo/CMReply.h>
 
+class KeloOAuth2Info;
 class LoginControl;
 class ReplyWaiter;
 
@@ -13,6 +14,8 @@ public:
     LoginApi(LoginControl& login, ReplyWaiter& waiter) : m_login(login), m_waiter(waiter) {}
 
     void addRoutes(RouteTable& routes);
+    /// A login state as JSON, as the call and the event show it.
+    static std::string text(const KeloOAuth2Info& info, const TextCatalogue* texts);
 
 private:
     HttpReply state(const HttpCall& call) const;

@@ -3,6 +3,62 @@
 #include "JsonText.h"
 #include "PlayerControl.h"
 #include "ReplyWaiter.h"
+#include "texts/TextCatalogue.h"
+
+namespace {
+
+QString nameOf(PlayerStatus::State state)
+{
+    switch (state) {
+    case PlayerStatus::State::Resolving:
+        return QStringLiteral("resolving");
+    case PlayerStatus::State::Playing:
+        return QStringLiteral("playing");
+    case PlayerStatus::State::Paused:
+        return QStringLiteral("paused");
+    case PlayerStatus::State::Stopped:
+        break;
+    }
+    return QStringLiteral("stopped");
+}
+
+void insertText(QJsonObject& object, const char* name, const QString& text)
+{
+    if (!text.isEmpty())
+        object.insert(QLatin1String(name), text);
+}
+
+} // namespace
+
+std::string PlayerApi::text(const PlayerStatus& status, const TextCatalogue* texts)
+{
+    QStringList notes;
+    for (const TrString& note : status.notes)
+        notes.append(texts ? note.toString(*texts) : note.source());
+    const ShownItem& item = status.item;
+    QJsonObject json{{QStringLiteral("state"), nameOf(status.state)},
+                     {QStringLiteral("volume"), status.volume}};
+    insertText(json, "path", item.path.toEncoded());
+    insertText(json, "title", item.title);
+    insertText(json, "artist", item.artist);
+    insertText(json, "album", item.album);
+    insertText(json, "icon", item.icon);
+    insertText(json, "note", notes.join(QStringLiteral("; ")));
+    insertText(json, "list", status.list.toEncoded());
+    if (!status.list.isEmpty() && status.index >= 0)
+        json.insert(QStringLiteral("index"), status.index);
+    QJsonObject quality;
+    insertText(quality, "asked", item.qualityAsked);
+    insertText(quality, "delivered", item.qualityDelivered);
+    if (!quality.isEmpty())
+        json.insert(QStringLiteral("quality"), quality);
+    if (!item.path.isEmpty() || status.state != PlayerStatus::State::Stopped) {
+        json.insert(QStringLiteral("positionMs"), status.positionMs);
+        if (item.durationMs > 0)
+            json.insert(QStringLiteral("durationMs"), item.durationMs);
+    }
+    return JsonText::fromObject(json);
+}
 
 void PlayerApi::addRoutes(RouteTable& routes)
 {
@@ -30,5 +86,5 @@ HttpReply PlayerApi::command(const QString& name, const HttpCall& call)
 
 HttpReply PlayerApi::state(const HttpCall& call) const
 {
-    return HttpReply::json(JsonText::fromState(m_player.status(), call.texts));
+    return HttpReply::json(text(m_player.status(), call.texts));
 }

@@ -2,6 +2,7 @@
 #include "RouteTable.h"
 
 class PlayerControl;
+struct PlayerStatus;
 class ReplyWaiter;
 
 /// The player's calls of the HTTP API. Owned by the web server; any thread.
@@ -11,6 +12,8 @@ public:
     PlayerApi(PlayerControl& player, ReplyWaiter& waiter) : m_player(player), m_waiter(waiter) {}
 
     void addRoutes(RouteTable& routes);
+    /// A status as JSON, as the call and the event show it. What is unknown is left out.
+    static std::string text(const PlayerStatus& status, const TextCatalogue* texts);
 
 private:
     HttpReply state(const HttpCall& call) const;
