@@ -10,8 +10,9 @@ struct PlayItem : ShownItem
     QueueEntry entry;
     QString uri; ///< empty until the item is completed
     qint64 startMs = 0;
-    qint64 maxIdleMs = 0; ///< longest pause after which the address is good; 0 when not said
-    bool isRetry = false; ///< an earlier address of the item failed
+    qint64 maxIdleMs = 0;   ///< longest pause after which the address is good; 0 when not said
+    bool isRetry = false;   ///< an earlier address of the item failed
+    bool isSkipped = false; ///< passed over when it fails before it starts; else its command fails
 
     /// What is known before a module has completed the entry.
     static PlayItem ofEntry(const QueueEntry& entry);

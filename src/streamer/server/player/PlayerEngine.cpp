@@ -1,20 +1,11 @@
 #include "PlayerEngine.h"
 #include <kelo/KeloLog.h>
-#include <numeric>
 
 namespace {
 constexpr qint64 tickMs = 1000;
 constexpr qint64 nearEndMs = 10000;
 constexpr qint64 restartMs = 3000; ///< from here on "previous" means the item's own beginning
 constexpr qint64 saveEveryMs = 5000;
-constexpr int maxNoteLength = 400;
-
-/// About how much of the notes is shown.
-bool isLong(const QList<TrString>& notes)
-{
-    const auto add = [](int sum, const TrString& note) { return sum + note.source().size() + 2; };
-    return std::accumulate(notes.begin(), notes.end(), -2, add) > maxNoteLength;
-}
 } // namespace
 
 PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock,
@@ -47,7 +38,6 @@ void PlayerEngine::command(const Reply& reply)
     m_broken = Broken();
     m_isPauseWanted = false;
     m_notes.clear();
-    m_areNotesFresh = false;
 }
 
 void PlayerEngine::succeed()
@@ -63,7 +53,7 @@ void PlayerEngine::fail(const TrString& text)
 void PlayerEngine::play(const CMPath& path, const Reply& reply)
 {
     command(reply);
-    startChain(Purpose::Start, QueueEntry());
+    startChain(Chain::Start, QueueEntry());
     if (m_state == State::Stopped)
         m_state = State::Resolving;
     m_finder.find(path, [this](const RowFinder::Found& found) { onFound(found); });
@@ -75,7 +65,7 @@ void PlayerEngine::playId(const QString& id, const Reply& reply)
     command(reply);
     QueueEntry entry;
     entry.id = id;
-    startChain(Purpose::Start, entry);
+    startChain(Chain::Start, entry);
     resolve();
 }
 
@@ -86,13 +76,18 @@ void PlayerEngine::pause(const Reply& reply)
     if (m_state == State::Resolving) {
         m_isPauseWanted = true;
     } else if (m_state == State::Playing) {
-        m_output->pause();
-        m_pausedAtMs = m_clock.steadyMs();
-        m_state = State::Paused;
+        pauseOutput();
         save();
         publish();
     }
     reply.setValue(QVariant(true));
+}
+
+void PlayerEngine::pauseOutput()
+{
+    m_output->pause();
+    m_pausedAtMs = m_clock.steadyMs();
+    m_state = State::Paused;
 }
 
 void PlayerEngine::resume(const Reply& reply)
@@ -119,9 +114,9 @@ void PlayerEngine::resume(const Reply& reply)
 
 void PlayerEngine::replay(qint64 offsetMs)
 {
-    startChain(Purpose::Start, m_item.entry);
+    startChain(Chain::Start, m_item.entry);
     m_chain.offsetMs = offsetMs;
-    m_chain.isSameItem = true;
+    m_chain.of = Chain::Present;
     resolve();
 }
 
@@ -137,7 +132,7 @@ void PlayerEngine::halt(qint64 resumeMs)
     endChain();
     endStartLimit();
     m_output->stop();
-    m_next = PlayItem();
+    m_next = Next();
     m_state = State::Stopped;
     m_resumeMs = resumeMs;
     save();
@@ -160,31 +155,28 @@ void PlayerEngine::next(const Reply& reply)
 {
     if (m_item.entry.isEmpty())
         return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
-    const PlayItem next = m_next;
+    const Next next = m_next;
     // What was passed over on the way to the next item is still to be read when that plays.
-    const QList<TrString> notes = m_areNotesFresh ? m_notes : QList<TrString>();
+    const PlayerNotes notes = m_notes.fresh();
     command(reply);
-    if (!next.uri.isEmpty()) {
+    if (next.state == Next::Given) {
         m_notes = notes;
-        m_areNotesFresh = !notes.isEmpty();
         endChain();
-        m_isSkipping = true;
-        return openItem(next);
+        return openItem(next.item);
     }
-    startChain(Purpose::Start, m_item.entry);
+    startChain(Chain::Start, m_item.entry);
     m_chain.skips = true;
     walk();
 }
 
 void PlayerEngine::previous(const Reply& reply)
 {
-    const bool isSounding = m_state == State::Playing || m_state == State::Paused;
-    if (isSounding && m_output->positionMs() >= restartMs)
+    if (isSounding() && m_output->positionMs() >= restartMs)
         return seek(0, reply);
     if (m_item.entry.isEmpty())
         return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
     command(reply);
-    startChain(Purpose::Start, m_item.entry);
+    startChain(Chain::Start, m_item.entry);
     m_chain.skips = true;
     m_chain.step = -1;
     walk();
@@ -193,7 +185,7 @@ void PlayerEngine::previous(const Reply& reply)
 void PlayerEngine::seek(qint64 positionMs, const Reply& reply)
 {
     const bool isStopped = m_state == State::Stopped && m_item.entry.canResolve();
-    if (m_state != State::Playing && m_state != State::Paused && !isStopped)
+    if (!isSounding() && !isStopped)
         return reply.setError(CMError(TrString::in("Player", "nothing is playing")));
     const qint64 duration = durationMs();
     const qint64 wanted = duration > 0 ? std::min(positionMs, duration) : positionMs;
@@ -232,10 +224,7 @@ void PlayerEngine::accept(const KeloRoles& roles)
 void PlayerEngine::addNote(const TrString& text)
 {
     KELO_LOG("player", INFO) << text.source();
-    if (!m_areNotesFresh || isLong(m_notes))
-        m_notes.clear();
-    m_notes.append(text);
-    m_areNotesFresh = true;
+    m_notes.add(text);
 }
 
 void PlayerEngine::save()
@@ -251,9 +240,9 @@ qint64 PlayerEngine::positionMs() const
     case State::Paused:
         return m_output->positionMs();
     case State::Resolving:
-        if (!m_chain.isActive)
+        if (m_chain.aim == Chain::None)
             return m_item.startMs;
-        return m_chain.isSameItem ? m_chain.offsetMs : m_resumeMs;
+        return m_chain.of == Chain::Another ? m_resumeMs : m_chain.offsetMs;
     case State::Stopped:
         break;
     }
@@ -262,8 +251,7 @@ qint64 PlayerEngine::positionMs() const
 
 qint64 PlayerEngine::durationMs() const
 {
-    const bool isOpen = m_state == State::Playing || m_state == State::Paused;
-    const qint64 duration = isOpen ? m_output->durationMs() : 0;
+    const qint64 duration = isSounding() ? m_output->durationMs() : 0;
     return duration > 0 ? duration : m_item.durationMs;
 }
 
@@ -276,8 +264,8 @@ void PlayerEngine::publish()
     status.list = m_item.entry.list;
     status.index = m_item.entry.index;
     status.volume = m_volume;
-    status.notes = m_notes;
-    if (m_notes.isEmpty() && !m_output->note().isEmpty())
+    status.notes = m_notes.texts();
+    if (status.notes.isEmpty() && !m_output->note().isEmpty())
         status.notes.append(m_output->note());
     status.positionMs = positionMs();
     if (m_item.durationMs > 0)
@@ -287,12 +275,12 @@ void PlayerEngine::publish()
 
 void PlayerEngine::startTicking()
 {
-    m_clock.callLater(tickMs, this, [this, number = ++m_tick] { tick(number); });
+    m_tick.start(tickMs, [this] { tick(); });
 }
 
-void PlayerEngine::tick(quint64 number)
+void PlayerEngine::tick()
 {
-    if (number != m_tick || m_state != State::Playing)
+    if (m_state != State::Playing)
         return;
     startTicking();
     const qint64 position = m_output->positionMs();

@@ -1,6 +1,8 @@
 #pragma once
 #include "Clock.h"
 #include "ItemResolver.h"
+#include "LaterCall.h"
+#include "PlayerNotes.h"
 #include "PlayerStatus.h"
 #include "PlayerStore.h"
 #include "RowFinder.h"
@@ -39,23 +41,40 @@ public:
 
 private:
     using State = PlayerStatus::State;
-    enum class Purpose {
-        Start,   ///< the item is opened when it is resolved
-        Prefetch ///< it follows the present one without a gap
-    };
     /// Within it a command has its answer, whatever the output does.
     static constexpr qint64 startLimitMs = 10000;
+
     struct Chain
     {
-        bool isActive = false;
-        quint64 generation = 0; ///< answers that belong to an earlier chain are dropped
-        Purpose purpose = Purpose::Start;
-        int step = 1;            ///< direction in the list
-        bool skips = false;      ///< a failing item is passed over; else it ends the chain
-        bool isRetry = false;    ///< of an address that failed
-        bool isSameItem = false; ///< the present item is resolved again
+        enum Aim {
+            None,    ///< no chain is under way
+            Start,   ///< the item is opened when it is resolved
+            Prefetch ///< it follows the present one without a gap
+        };
+        enum Of {
+            Another, ///< another item than the present one
+            Present, ///< the present item, again
+            Retry    ///< the same, since its address failed
+        };
+        Aim aim = None;
+        Of of = Another;
+        int step = 1;       ///< direction in the list
+        bool skips = false; ///< a failing item is passed over; else it ends the chain
         qint64 offsetMs = 0;
         QueueEntry at; ///< the entry being resolved, or from which the next is looked for
+    };
+
+    /// What follows the present item.
+    struct Next
+    {
+        enum State {
+            Unknown, ///< not looked for
+            Given,   ///< handed to the output
+            Barred,  ///< failed early: looked for again at the end
+            Nothing
+        };
+        State state = Unknown;
+        PlayItem item; ///< when given
     };
 
     /// What broke off while it played.
@@ -80,11 +99,13 @@ private:
     void publish();
     void save();
     void addNote(const TrString& text);
-    void tick(quint64 number);
+    bool isSounding() const { return m_state == State::Playing || m_state == State::Paused; }
+    void pauseOutput();
+    void tick();
     void startTicking();
 
     // PlayerEngineChain.cpp: from a row to an item.
-    void startChain(Purpose purpose, const QueueEntry& at);
+    void startChain(Chain::Aim aim, const QueueEntry& at);
     void endChain();
     void walk();
     void onFound(const RowFinder::Found& found);
@@ -96,6 +117,7 @@ private:
     void refuse(const TrString& text);
     void openItem(const PlayItem& item);
     void prefetch();
+    void endList();
 
     // PlayerEngineOutput.cpp: events of the output.
     void connectOutput();
@@ -107,7 +129,7 @@ private:
     /// Gives the output what is left of the command's limit to start what was opened.
     void limitStart();
     void endStartLimit();
-    void onStartLimit(quint64 number);
+    void onStartLimit();
     bool isWorthARetry(const OutputError& error) const;
     void onNextRefused(const OutputError& error);
 
@@ -123,21 +145,16 @@ private:
     PlayItem m_item;       ///< what plays or was asked for last
     qint64 m_resumeMs = 0; ///< while stopped: where resume begins in the item
     Broken m_broken;       ///< holds no item once anything plays again
-    PlayItem m_next;       ///< handed to the output to follow; of empty address when none is
+    Next m_next;
     Chain m_chain;
-    Reply m_reply;           ///< the command that waits for the chain; null when none does
-    QList<TrString> m_notes; ///< oldest first
-    bool m_areNotesFresh =
-        false; ///< the notes are of after the last start, so they outlive the next
+    Reply m_reply; ///< the command that waits for the chain; null when none does
+    PlayerNotes m_notes;
     bool m_isPauseWanted = false; ///< the item is to start paused
-    bool m_isLast = false;        ///< nothing follows the present item
-    bool m_isNextBarred = false;  ///< the next item failed early: it is asked for again at the end
-    bool m_isSkipping = false;    ///< the opened item is passed over when it fails before it starts
     int m_failures = 0;           ///< items in a row that failed; reset when one plays
-    qint64 m_startLeftMs = 0;     ///< the items that one command tries share one limit
+    LaterCall m_startLimit{m_clock, this};
+    qint64 m_startLeftMs = 0;             ///< the items that one command tries share one limit
     std::optional<qint64> m_limitSinceMs; ///< set while the limit runs
-    quint64 m_startLimit = 0;             ///< number of the latest limit; earlier ones do nothing
+    LaterCall m_tick{m_clock, this};
     qint64 m_pausedAtMs = 0;
     qint64 m_savedAtMs = 0;
-    quint64 m_tick = 0; ///< number of the latest tick; earlier ones do nothing
 };

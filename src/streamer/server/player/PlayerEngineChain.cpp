@@ -10,19 +10,16 @@ TrString textOf(const CMError& error)
 }
 } // namespace
 
-void PlayerEngine::startChain(Purpose purpose, const QueueEntry& at)
+void PlayerEngine::startChain(Chain::Aim aim, const QueueEntry& at)
 {
     endChain();
-    m_chain.isActive = true;
-    m_chain.purpose = purpose;
+    m_chain.aim = aim;
     m_chain.at = at;
 }
 
 void PlayerEngine::endChain()
 {
-    const quint64 generation = m_chain.generation + 1;
     m_chain = Chain();
-    m_chain.generation = generation;
     m_finder.cancel();
     m_resolver.cancel();
 }
@@ -50,13 +47,10 @@ void PlayerEngine::onListEnd(const RowFinder::Found& found)
 {
     const Chain chain = m_chain;
     endChain();
-    const bool isSounding = m_state == State::Playing || m_state == State::Paused;
-    if (chain.purpose == Purpose::Prefetch) {
+    if (chain.aim == Chain::Prefetch) {
         if (found.error.isSet())
             addNote(TrString::in("Player", "the list does not go on: %1", {textOf(found.error)}));
-        m_isLast = true;
-        m_output->setNext(OutputItem());
-        return publish();
+        return endList();
     }
     const bool isFirstItem = !chain.skips || found.isList;
     TrString text = textOf(found.error);
@@ -65,7 +59,7 @@ void PlayerEngine::onListEnd(const RowFinder::Found& found)
                             : TrString::in("Player", "no such row");
     if (!text.isEmpty())
         return refuse(text);
-    if (chain.step < 0 && isSounding)
+    if (chain.step < 0 && isSounding())
         m_output->seek(0);
     else
         halt();
@@ -77,7 +71,7 @@ void PlayerEngine::refuse(const TrString& text)
 {
     endChain();
     addNote(text);
-    if (m_state == State::Playing || m_state == State::Paused)
+    if (isSounding())
         publish();
     else
         haltAtBreak();
@@ -86,10 +80,10 @@ void PlayerEngine::refuse(const TrString& text)
 
 void PlayerEngine::resolve()
 {
-    if (m_chain.purpose == Purpose::Start) {
+    if (m_chain.aim == Chain::Start) {
         m_output->stop();
-        m_next = PlayItem();
-        if (!m_chain.isSameItem) {
+        m_next = Next();
+        if (m_chain.of == Chain::Another) {
             m_item = PlayItem::ofEntry(m_chain.at);
             m_resumeMs = 0;
         }
@@ -109,27 +103,24 @@ void PlayerEngine::onResolved(const ItemResolver::Result& result)
         return onItemFailed(TrString::in("Player", "the service gave no address"));
     if (m_chain.offsetMs > 0)
         item.startMs = m_chain.offsetMs;
-    if (m_chain.isSameItem && item.durationMs == 0)
+    if (m_chain.of != Chain::Another && item.durationMs == 0)
         item.durationMs = m_item.durationMs;
-    item.isRetry = m_chain.isRetry;
-    const Chain chain = m_chain;
+    item.isRetry = m_chain.of == Chain::Retry;
+    item.isSkipped = m_chain.skips;
+    const bool isOpened = m_chain.aim == Chain::Start;
     endChain();
-    if (chain.purpose == Purpose::Prefetch) {
-        m_next = item;
-        m_output->setNext(item.forOutput());
-        return publish();
-    }
-    m_isSkipping = chain.skips;
-    openItem(item);
+    if (isOpened)
+        return openItem(item);
+    m_next = {Next::Given, item};
+    m_output->setNext(item.forOutput());
+    publish();
 }
 
 void PlayerEngine::openItem(const PlayItem& item)
 {
     m_item = item;
     m_resumeMs = 0;
-    m_next = PlayItem();
-    m_isLast = false;
-    m_isNextBarred = false;
+    m_next = Next();
     m_state = State::Resolving;
     limitStart();
     m_output->open(item.forOutput());
@@ -147,8 +138,7 @@ void PlayerEngine::onItemFailed(const TrString& text)
     }
     addNote(TrString::in("Player", "skipped: %1: %2", {name, text}));
     m_chain.offsetMs = 0;
-    m_chain.isRetry = false;
-    m_chain.isSameItem = false;
+    m_chain.of = Chain::Another;
     if (++m_failures < maxFailures) {
         publish();
         return walk();
@@ -158,21 +148,26 @@ void PlayerEngine::onItemFailed(const TrString& text)
                      {QString::number(maxFailures)});
     m_notes.clear();
     addNote(reason);
-    if (m_chain.purpose == Purpose::Start) {
+    if (m_chain.aim == Chain::Start) {
         haltAtBreak();
         return fail(reason);
     }
     endChain();
-    m_isLast = true;
+    endList();
+}
+
+void PlayerEngine::endList()
+{
+    m_next.state = Next::Nothing;
     m_output->setNext(OutputItem());
     publish();
 }
 
 void PlayerEngine::prefetch()
 {
-    if (m_chain.isActive || m_isLast || m_isNextBarred || !m_next.uri.isEmpty())
+    if (m_chain.aim != Chain::None || m_next.state != Next::Unknown)
         return;
-    startChain(Purpose::Prefetch, m_item.entry);
+    startChain(Chain::Prefetch, m_item.entry);
     m_chain.skips = true;
     walk();
 }

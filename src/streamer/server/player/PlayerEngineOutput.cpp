@@ -24,18 +24,14 @@ void PlayerEngine::onStarted()
     if (m_state == State::Paused)
         return; // the output began again, for a seek
     m_state = State::Playing;
-    if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
+    if (m_chain.aim == Chain::Start) {
         startTicking();
         return publish(); // a command is leading elsewhere already, and is not answered by this
     }
     m_broken = Broken();
-    if (!std::exchange(m_areNotesFresh, false))
-        m_notes.clear();
-    if (std::exchange(m_isPauseWanted, false)) {
-        m_output->pause();
-        m_pausedAtMs = m_clock.steadyMs();
-        m_state = State::Paused;
-    }
+    m_notes.started();
+    if (std::exchange(m_isPauseWanted, false))
+        pauseOutput();
     startTicking();
     publish();
     succeed();
@@ -43,7 +39,7 @@ void PlayerEngine::onStarted()
 
 void PlayerEngine::onAboutToFinish()
 {
-    if (m_isLast || m_isNextBarred)
+    if (m_next.state == Next::Nothing || m_next.state == Next::Barred)
         m_output->setNext(OutputItem());
     else
         prefetch();
@@ -51,14 +47,12 @@ void PlayerEngine::onAboutToFinish()
 
 void PlayerEngine::onItemChanged()
 {
-    if (m_next.uri.isEmpty())
+    if (m_next.state != Next::Given)
         return;
-    m_item = m_next;
-    m_next = PlayItem();
-    m_isLast = false;
+    m_item = m_next.item;
+    m_next = Next();
     m_failures = 0;
-    if (!std::exchange(m_areNotesFresh, false))
-        m_notes.clear();
+    m_notes.started();
     save();
     publish();
 }
@@ -67,22 +61,17 @@ void PlayerEngine::onFinished()
 {
     endStartLimit();
     m_failures = 0;
-    if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
-        // A command is leading elsewhere already.
+    if (m_chain.aim != Chain::None) {
+        // What a command leads to, or the next item, is opened when it is resolved.
+        m_chain.aim = Chain::Start;
         m_state = State::Resolving;
         return publish();
     }
-    if (m_chain.isActive) {
-        // The next item is still being resolved: it is opened when it comes.
-        m_chain.purpose = Purpose::Start;
-        m_state = State::Resolving;
-        return publish();
-    }
-    if (!m_next.uri.isEmpty())
-        return openItem(PlayItem(m_next));
-    if (m_isLast)
+    if (m_next.state == Next::Given)
+        return openItem(PlayItem(m_next.item));
+    if (m_next.state == Next::Nothing)
         return halt();
-    startChain(Purpose::Start, m_item.entry);
+    startChain(Chain::Start, m_item.entry);
     m_chain.skips = true;
     m_state = State::Resolving;
     walk();
@@ -92,11 +81,11 @@ void PlayerEngine::onFinished()
 void PlayerEngine::onError(const OutputError& error)
 {
     endStartLimit();
-    if (m_chain.isActive && m_chain.purpose == Purpose::Start) {
+    if (m_chain.aim == Chain::Start) {
         m_state = State::Resolving; // a command is leading elsewhere already
         return publish();
     }
-    if (error.isOfNext && !m_next.uri.isEmpty())
+    if (error.isOfNext && m_next.state == Next::Given)
         return onNextRefused(error);
     const bool isWaitedFor = !m_reply.isNull();
     const qint64 position = std::max(error.positionMs, positionMs());
@@ -109,15 +98,14 @@ void PlayerEngine::onError(const OutputError& error)
     const bool again = isWorthARetry(error);
     if (m_state != State::Resolving && error.kind == OutputError::Network)
         m_broken = {m_item, position, error.text};
-    startChain(Purpose::Start, m_item.entry);
-    m_chain.skips = m_isSkipping || !isWaitedFor;
+    startChain(Chain::Start, m_item.entry);
+    m_chain.skips = m_item.isSkipped || !isWaitedFor;
     m_chain.offsetMs = position;
     m_state = State::Resolving;
     if (!again)
         return onItemFailed(error.text);
     m_isPauseWanted = m_isPauseWanted || isPaused;
-    m_chain.isRetry = true;
-    m_chain.isSameItem = true;
+    m_chain.of = Chain::Retry;
     resolve();
 }
 
@@ -126,8 +114,7 @@ void PlayerEngine::limitStart()
     if (m_reply.isNull())
         m_startLeftMs = startLimitMs; // nobody waits
     m_limitSinceMs = m_clock.steadyMs();
-    m_clock.callLater(std::max<qint64>(0, m_startLeftMs), this,
-                      [this, number = ++m_startLimit] { onStartLimit(number); });
+    m_startLimit.start(std::max<qint64>(0, m_startLeftMs), [this] { onStartLimit(); });
 }
 
 void PlayerEngine::endStartLimit()
@@ -135,13 +122,11 @@ void PlayerEngine::endStartLimit()
     if (m_limitSinceMs)
         m_startLeftMs -= m_clock.steadyMs() - *m_limitSinceMs;
     m_limitSinceMs.reset();
-    ++m_startLimit;
+    m_startLimit.cancel();
 }
 
-void PlayerEngine::onStartLimit(quint64 number)
+void PlayerEngine::onStartLimit()
 {
-    if (number != m_startLimit)
-        return;
     m_output->restart();
     OutputError error;
     error.kind = OutputError::Device;
@@ -168,6 +153,6 @@ void PlayerEngine::onNextRefused(const OutputError& error)
     PlayItem item = m_item;
     item.startMs = error.positionMs;
     openItem(item);
-    m_isNextBarred = true;
+    m_next.state = Next::Barred;
     m_isPauseWanted = isPaused;
 }
