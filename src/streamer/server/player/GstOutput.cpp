@@ -129,7 +129,7 @@ void GstOutput::begin(const OutputItem& item)
     m_isOpen = true;
     m_isStartPending = item.startMs > 0;
     g_object_set(m_playbin, "uri", item.uri.toUtf8().constData(), nullptr);
-    setState(m_isStartPending || m_isPauseWanted ? GST_STATE_PAUSED : GST_STATE_PLAYING);
+    settle();
 }
 
 void GstOutput::halt()
@@ -168,15 +168,13 @@ void GstOutput::setNext(const OutputItem& item)
 void GstOutput::pause()
 {
     m_isPauseWanted = true;
-    if (m_isOpen)
-        setState(GST_STATE_PAUSED);
+    settle();
 }
 
 void GstOutput::resume()
 {
     m_isPauseWanted = false;
-    if (m_isOpen && !m_isStartPending && !m_isBuffering)
-        setState(GST_STATE_PLAYING);
+    settle();
 }
 
 void GstOutput::stop()
@@ -238,8 +236,12 @@ qint64 GstOutput::durationMs() const
     return m_isOpen ? m_item.durationHintMs : 0;
 }
 
-void GstOutput::setState(GstState state)
+void GstOutput::settle()
 {
+    if (!m_isOpen)
+        return;
+    const bool isPaused = m_isPauseWanted || m_isBuffering || m_isStartPending;
+    const GstState state = isPaused ? GST_STATE_PAUSED : GST_STATE_PLAYING;
     if (gst_element_set_state(m_playbin, state) == GST_STATE_CHANGE_FAILURE)
         KELO_LOG(logger, DEBUG) << "the pipeline refuses to become "
                                 << gst_element_state_get_name(state);
@@ -256,9 +258,8 @@ void GstOutput::onPrerolled()
                                     m_item.startMs * GST_MSECOND))
             return;
     }
-    if (!m_isPauseWanted && !m_isBuffering)
-        setState(GST_STATE_PLAYING);
-    else if (m_isPauseWanted)
+    settle();
+    if (m_isPauseWanted)
         onPlaying();
 }
 
@@ -307,11 +308,6 @@ void GstOutput::onEnd()
     m_hasStarted = true;
 }
 
-void GstOutput::onAsked()
-{
-    events().aboutToFinish();
-}
-
 void GstOutput::onNextTaken()
 {
     m_item.durationHintMs = durationMs(); // from now on the pipeline tells the next item's
@@ -321,11 +317,10 @@ void GstOutput::onNextTaken()
 void GstOutput::onBuffering(int percent)
 {
     const bool isBuffering = percent < 100;
-    if (!m_isOpen || m_isBuffering == isBuffering)
+    if (m_isBuffering == isBuffering)
         return;
     m_isBuffering = isBuffering;
-    if (!m_isPauseWanted && !m_isStartPending)
-        setState(isBuffering ? GST_STATE_PAUSED : GST_STATE_PLAYING);
+    settle();
 }
 
 void GstOutput::onError(OutputError error)

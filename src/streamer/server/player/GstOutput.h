@@ -66,11 +66,11 @@ private:
     void onPlaying();
     void onStreamStart(guint group);
     void onEnd();
-    void onAsked();
     void onNextTaken();
     void onBuffering(int percent);
     void onError(OutputError error);
-    void setState(GstState state);
+    /// Brings the pipeline into the state that the flags ask for.
+    void settle();
 
     QObject m_context; ///< receives what the streaming threads post
     GstElement* m_playbin;

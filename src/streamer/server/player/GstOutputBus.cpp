@@ -150,7 +150,7 @@ void GstOutput::onAboutToFinish(GstElement*, gpointer self)
 
 void GstOutput::waitForNext()
 {
-    post([this] { onAsked(); });
+    post([this] { events().aboutToFinish(); });
     std::string uri;
     {
         std::unique_lock<std::mutex> lock(m_handover.mutex);

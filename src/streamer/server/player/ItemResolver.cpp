@@ -43,14 +43,14 @@ void ItemResolver::cancel()
         m_sent->isSuperseded = true;
 }
 
-ItemResolver::Claim ItemResolver::take(const KeloRoles& item)
+bool ItemResolver::take(const KeloRoles& item)
 {
     const CMPath path = item.path();
     if (m_sent && m_sent->path == path && !m_sent->item) {
         m_sent->item = item;
-        return m_sent->isSuperseded ? Claim::Superseded : Claim::Mine;
+        return true;
     }
-    return m_abandoned.removeOne(path) ? Claim::Superseded : Claim::Foreign;
+    return m_abandoned.removeOne(path);
 }
 
 void ItemResolver::send()

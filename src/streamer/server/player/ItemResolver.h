@@ -20,20 +20,14 @@ public:
     };
     using Done = std::function<void(const Result&)>;
 
-    /// What an item handed over is to this player.
-    enum class Claim {
-        Mine,       ///< answers the attempt under way, whose `done` follows
-        Superseded, ///< answers an attempt that nobody waits for any more
-        Foreign     ///< somebody else asked the module for it
-    };
-
     /// Asks for an entry, to start at a position. Supersedes an earlier wish. `done` runs in a
     /// later turn of the event loop.
     void resolve(const QueueEntry& entry, qint64 offsetMs, Done done);
     /// Drops the wish; its `done` does not run.
     void cancel();
-    /// Tells the resolver of an item that a module handed over.
-    Claim take(const KeloRoles& item);
+    /// Tells the resolver of an item that a module handed over; false when somebody else asked for
+    /// it.
+    bool take(const KeloRoles& item);
 
 private:
     struct Attempt

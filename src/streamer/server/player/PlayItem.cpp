@@ -73,13 +73,6 @@ PlayItem PlayItem::completed(const KeloRoles& roles, const QueueEntry& entry)
     return item;
 }
 
-PlayItem PlayItem::foreign(const KeloRoles& roles)
-{
-    QueueEntry entry;
-    entry.row = roles;
-    return completed(roles, entry);
-}
-
 QString PlayItem::name() const
 {
     return firstOf(title, firstOf(entry.id, path.toEncoded()));

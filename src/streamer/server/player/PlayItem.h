@@ -18,8 +18,6 @@ struct PlayItem : ShownItem
     static PlayItem ofEntry(const QueueEntry& entry);
     /// The item that a module completed for an entry.
     static PlayItem completed(const KeloRoles& item, const QueueEntry& entry);
-    /// The item that a module handed over on somebody else's request.
-    static PlayItem foreign(const KeloRoles& item);
 
     OutputItem forOutput() const { return {uri, startMs, durationMs}; }
     /// The title, or what else names the item.

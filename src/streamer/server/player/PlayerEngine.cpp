@@ -209,9 +209,9 @@ void PlayerEngine::setVolume(int percent, const Reply& reply)
 
 void PlayerEngine::accept(const KeloRoles& roles)
 {
-    if (m_resolver.take(roles) != ItemResolver::Claim::Foreign)
+    if (m_resolver.take(roles))
         return;
-    const PlayItem item = PlayItem::foreign(roles);
+    const PlayItem item = PlayItem::completed(roles, {roles, QString(), CMPath(), -1});
     if (item.uri.isEmpty()) {
         KELO_LOG("player", WARN) << "an item without an address was handed over";
         return;
