@@ -134,20 +134,12 @@ void GstOutput::begin(const OutputItem& item)
 
 void GstOutput::halt()
 {
-    {
-        // A streaming thread that waits for the next address would keep the pipeline from stopping.
-        std::lock_guard<std::mutex> lock(m_handover.mutex);
-        ++m_handover.session;
-        m_handover.isAnswered = true;
-        m_handover.nextUri.clear();
-    }
-    m_handover.changed.notify_all();
+    // A streaming thread that waits for the next address would keep the pipeline from stopping.
+    ++m_session;
+    answer(true, QString());
     gst_element_set_state(m_playbin, GST_STATE_NULL);
-    {
-        std::lock_guard<std::mutex> lock(m_handover.mutex);
-        ++m_handover.session; // what the pipeline said while it stopped is of no session
-        m_handover.isAnswered = false;
-    }
+    ++m_session; // what the pipeline said while it stopped is of no session
+    answer(false, QString());
     m_isOpen = m_hasStarted = m_isBuffering = m_isStartPending = m_isNextGiven = false;
     m_group = 0;
     m_seekTargetMs = -1;
@@ -157,10 +149,15 @@ void GstOutput::halt()
 void GstOutput::setNext(const OutputItem& item)
 {
     m_next = item;
+    answer(true, item.uri);
+}
+
+void GstOutput::answer(bool isAnswered, const QString& uri)
+{
     {
         std::lock_guard<std::mutex> lock(m_handover.mutex);
-        m_handover.isAnswered = true;
-        m_handover.nextUri = item.uri.toStdString();
+        m_handover.isAnswered = isAnswered;
+        m_handover.nextUri = uri.toStdString();
     }
     m_handover.changed.notify_all();
 }
@@ -197,17 +194,12 @@ void GstOutput::seek(qint64 positionMs)
             setNext(next);
         return;
     }
-    {
-        std::lock_guard<std::mutex> lock(m_handover.mutex);
-        m_handover.isAnswered = true;
-    }
-    m_handover.changed.notify_all();
+    answer(true, m_next.uri);
     if (gst_element_seek_simple(m_playbin, GST_FORMAT_TIME,
                                 GstSeekFlags(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_ACCURATE),
                                 positionMs * GST_MSECOND))
         m_seekTargetMs = positionMs;
-    std::lock_guard<std::mutex> lock(m_handover.mutex);
-    m_handover.isAnswered = !m_next.uri.isEmpty();
+    answer(!m_next.uri.isEmpty(), m_next.uri);
 }
 
 void GstOutput::setVolume(int percent)
@@ -287,11 +279,7 @@ void GstOutput::onStreamStart(guint group)
     m_item = m_next;
     m_next = OutputItem();
     m_isNextGiven = false;
-    {
-        std::lock_guard<std::mutex> lock(m_handover.mutex);
-        m_handover.isAnswered = false;
-        m_handover.nextUri.clear();
-    }
+    answer(false, QString());
     events().itemChanged();
 }
 

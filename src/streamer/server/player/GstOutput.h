@@ -41,7 +41,6 @@ private:
     {
         std::mutex mutex;
         std::condition_variable changed;
-        quint64 session = 0;     ///< grows with every open and stop
         bool isAnswered = false; ///< the player has said what follows, or that nothing waits for it
         std::string nextUri;     ///< empty: nothing follows
     };
@@ -58,7 +57,8 @@ private:
     void post(std::function<void()> function);
     void waitForNext();
     void postError(GstMessage* message);
-    quint64 session() const;
+    /// Tells a streaming thread that waits what follows.
+    void answer(bool isAnswered, const QString& uri);
 
     void begin(const OutputItem& item);
     void halt();
@@ -75,7 +75,8 @@ private:
     QObject m_context; ///< receives what the streaming threads post
     GstElement* m_playbin;
     TrString m_note;
-    mutable Handover m_handover;
+    Handover m_handover;
+    std::atomic<quint64> m_session{0}; ///< grows with every open and stop
     /// Set last by the constructor and read first by the streaming threads, which GStreamer hands
     /// the object to: what was written before is seen there.
     std::atomic<bool> m_isMade{false};

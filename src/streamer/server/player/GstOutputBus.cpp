@@ -130,17 +130,10 @@ void GstOutput::postError(GstMessage* message)
 
 void GstOutput::post(std::function<void()> function)
 {
-    const quint64 posted = session();
-    keloPost(&m_context, [this, posted, function = std::move(function)] {
-        if (posted == session())
+    keloPost(&m_context, [this, posted = m_session.load(), function = std::move(function)] {
+        if (posted == m_session)
             function();
     });
-}
-
-quint64 GstOutput::session() const
-{
-    std::lock_guard<std::mutex> lock(m_handover.mutex);
-    return m_handover.session;
 }
 
 void GstOutput::onAboutToFinish(GstElement*, gpointer self)
@@ -154,12 +147,12 @@ void GstOutput::waitForNext()
     std::string uri;
     {
         std::unique_lock<std::mutex> lock(m_handover.mutex);
-        const quint64 session = m_handover.session;
+        const quint64 session = m_session;
         // Playbin takes the next address only from within this call.
         m_handover.changed.wait_for(lock, handoverWait, [this, session] {
-            return m_handover.isAnswered || m_handover.session != session;
+            return m_handover.isAnswered || m_session != session;
         });
-        if (m_handover.session == session)
+        if (m_session == session)
             uri = m_handover.nextUri;
     }
     if (uri.empty())
