@@ -11,29 +11,6 @@ PlayerCommand wrong(const QString& text)
     return {nullptr, CMError(CMError::BadRequestName(), TrString(text))};
 }
 
-/// A whole number from 0 to `largest`; empty, with a sentence in `problem`, when it is none.
-std::optional<qint64> wholeNumber(const QVariantHash& arguments, const QString& key, double largest,
-                                  QString* problem)
-{
-    if (!arguments.contains(key)) {
-        *problem = QStringLiteral("\"%1\" is missing").arg(key);
-        return {};
-    }
-    const QVariant value = arguments.value(key);
-    const int type = value.userType();
-    const bool isNumber = type == QMetaType::Int || type == QMetaType::UInt ||
-                          type == QMetaType::LongLong || type == QMetaType::ULongLong ||
-                          type == QMetaType::Double;
-    const double number = isNumber ? value.toDouble() : -1;
-    if (!(number >= 0 && number <= largest) || std::floor(number) != number) {
-        *problem = QStringLiteral("\"%1\" must be a whole number from 0 to %2")
-                       .arg(key)
-                       .arg(largest, 0, 'f', 0);
-        return {};
-    }
-    return qint64(number);
-}
-
 PlayerCommand parsePlay(const QVariantHash& arguments)
 {
     const QVariant value = arguments.value(QStringLiteral("path"));
@@ -54,12 +31,26 @@ PlayerCommand parsePlay(const QVariantHash& arguments)
     return {[path](PlayerEngine& engine, const auto& reply) { engine.play(path, reply); }, {}};
 }
 
+/// A command that takes a whole number from 0 to `largest`.
 PlayerCommand parseNumber(const QVariantHash& arguments, const QString& key, double largest,
-                          const std::function<PlayerCommand::Run(qint64)>& make)
+                          void (PlayerEngine::*run)(qint64, const PlayerEngine::Reply&))
 {
-    QString problem;
-    const std::optional<qint64> number = wholeNumber(arguments, key, largest, &problem);
-    return number ? PlayerCommand{make(*number), {}} : wrong(problem);
+    if (!arguments.contains(key))
+        return wrong(QStringLiteral("\"%1\" is missing").arg(key));
+    const QVariant value = arguments.value(key);
+    const int type = value.userType();
+    const bool isNumber = type == QMetaType::Int || type == QMetaType::UInt ||
+                          type == QMetaType::LongLong || type == QMetaType::ULongLong ||
+                          type == QMetaType::Double;
+    const double number = isNumber ? value.toDouble() : -1;
+    if (!(number >= 0 && number <= largest) || std::floor(number) != number)
+        return wrong(QStringLiteral("\"%1\" must be a whole number from 0 to %2")
+                         .arg(key)
+                         .arg(largest, 0, 'f', 0));
+    return {[run, number](PlayerEngine& engine, const auto& reply) {
+                (engine.*run)(qint64(number), reply);
+            },
+            {}};
 }
 } // namespace
 
@@ -76,14 +67,9 @@ PlayerCommand PlayerCommand::parse(const QString& name, const QVariantHash& argu
     if (name == QLatin1String("play"))
         return parsePlay(arguments);
     if (name == QLatin1String("seek"))
-        return parseNumber(arguments, QStringLiteral("positionMs"), largestPosition, [](qint64 ms) {
-            return [ms](PlayerEngine& engine, const auto& reply) { engine.seek(ms, reply); };
-        });
+        return parseNumber(arguments, QStringLiteral("positionMs"), largestPosition,
+                           &PlayerEngine::seek);
     if (name == QLatin1String("volume"))
-        return parseNumber(arguments, QStringLiteral("percent"), 100, [](qint64 percent) {
-            return [percent](PlayerEngine& engine, const auto& reply) {
-                engine.setVolume(int(percent), reply);
-            };
-        });
+        return parseNumber(arguments, QStringLiteral("percent"), 100, &PlayerEngine::setVolume);
     return wrong(QStringLiteral("\"%1\" is no command of the player").arg(name));
 }

@@ -198,10 +198,10 @@ void PlayerEngine::seek(qint64 positionMs, const Reply& reply)
     reply.setValue(QVariant(true));
 }
 
-void PlayerEngine::setVolume(int percent, const Reply& reply)
+void PlayerEngine::setVolume(qint64 percent, const Reply& reply)
 {
-    m_volume = percent;
-    m_output->setVolume(percent);
+    m_volume = int(percent);
+    m_output->setVolume(m_volume);
     save();
     publish();
     reply.setValue(QVariant(true));

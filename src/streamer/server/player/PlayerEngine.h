@@ -35,7 +35,7 @@ public:
     void next(const Reply& reply);
     void previous(const Reply& reply);
     void seek(qint64 positionMs, const Reply& reply);
-    void setVolume(int percent, const Reply& reply);
+    void setVolume(qint64 percent, const Reply& reply);
     /// An item that a module hands over.
     void accept(const KeloRoles& item);
 

@@ -17,33 +17,38 @@ const QString pathKey = QStringLiteral("path");
 const QString idKey = QStringLiteral("id");
 const QString listKey = QStringLiteral("list");
 const QString indexKey = QStringLiteral("index");
-const QString titleKey = QStringLiteral("title");
-const QString artistKey = QStringLiteral("artist");
-const QString albumKey = QStringLiteral("album");
-const QString iconKey = QStringLiteral("icon");
 const QString prePlayKey = QStringLiteral("prePlayPath");
 
-/// What of a row suffices to be sent to its pre-play path again.
-KeloRoles rowOf(const QJsonObject& json)
+constexpr struct
 {
-    const QString prePlayPath = json.value(prePlayKey).toString();
+    const char* key;
+    QString ShownItem::*text;
+} texts[] = {{"title", &ShownItem::title},
+             {"artist", &ShownItem::artist},
+             {"album", &ShownItem::album},
+             {"icon", &ShownItem::icon}};
+
+/// What of a row suffices to be sent to its pre-play path again.
+KeloRoles rowOf(const PlayItem& item, const CMPath& prePlayPath)
+{
     if (prePlayPath.isEmpty())
         return {};
     KeloMetaData metaData;
-    metaData.setArtist(json.value(artistKey).toString());
-    metaData.setAlbum(json.value(albumKey).toString());
-    metaData.setPrePlayPath(CMPath::fromEncoded(prePlayPath));
-    metaData.setContentPlayContextPath(CMPath::fromEncoded(json.value(listKey).toString()));
+    metaData.setArtist(item.artist);
+    metaData.setAlbum(item.album);
+    metaData.setPrePlayPath(prePlayPath);
+    metaData.setContentPlayContextPath(item.entry.list);
     KeloMediaData mediaData;
     mediaData.setMetaData(metaData);
     KeloRoles row;
-    row.setPath(CMPath::fromEncoded(json.value(pathKey).toString()));
+    row.setPath(item.path);
     row.setType(KeloRolesType::Audio_);
-    row.setTitle(json.value(titleKey).toString());
-    row.setIcon(json.value(iconKey).toString());
+    row.setTitle(item.title);
+    row.setIcon(item.icon);
     row.setMediaData(mediaData);
     return row;
 }
+
 /// The beginning of the file, of the same length whatever it says.
 QByteArray headOf(const PlayerStore::Kept& kept)
 {
@@ -61,10 +66,8 @@ QByteArray restOf(const PlayItem& item)
     QJsonObject json{{versionKey, 1}};
     if (item.entry.canResolve()) {
         json.insert(pathKey, item.path.toEncoded());
-        json.insert(titleKey, item.title);
-        json.insert(artistKey, item.artist);
-        json.insert(albumKey, item.album);
-        json.insert(iconKey, item.icon);
+        for (const auto& one : texts)
+            json.insert(QLatin1String(one.key), item.*one.text);
         json.insert(durationKey, item.durationMs);
         json.insert(idKey, item.entry.id);
         json.insert(prePlayKey, item.entry.prePlayPath().toEncoded());
@@ -96,19 +99,18 @@ PlayerStore::Kept PlayerStore::load() const
     const int volume = json.value(volumeKey).toInt(kept.volume);
     if (volume >= 0 && volume <= 100)
         kept.volume = volume;
-    QueueEntry entry;
-    entry.row = rowOf(json);
-    entry.id = json.value(idKey).toString();
-    entry.list = CMPath::fromEncoded(json.value(listKey).toString());
-    entry.index = json.value(indexKey).toInt(-1);
-    if (!entry.canResolve())
+    const auto path = [&json](const QString& key) {
+        return CMPath::fromEncoded(json.value(key).toString());
+    };
+    PlayItem item = PlayItem::ofEntry(
+        {{}, json.value(idKey).toString(), path(listKey), json.value(indexKey).toInt(-1)});
+    item.path = path(pathKey);
+    for (const auto& one : texts)
+        item.*one.text = json.value(QLatin1String(one.key)).toString();
+    item.entry.row = rowOf(item, path(prePlayKey));
+    if (!item.entry.canResolve())
         return kept;
-    kept.item = PlayItem::ofEntry(entry);
-    kept.item.path = CMPath::fromEncoded(json.value(pathKey).toString());
-    kept.item.title = json.value(titleKey).toString();
-    kept.item.artist = json.value(artistKey).toString();
-    kept.item.album = json.value(albumKey).toString();
-    kept.item.icon = json.value(iconKey).toString();
+    kept.item = item;
     kept.item.durationMs = std::max<qint64>(0, json.value(durationKey).toVariant().toLongLong());
     kept.positionMs =
         qBound<qint64>(0, json.value(positionKey).toVariant().toLongLong(), largestPosition);
