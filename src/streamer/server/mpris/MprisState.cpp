@@ -90,9 +90,9 @@ QVariantMap MprisState::metadataOf(const PlayerStatus& status) const
 
 std::optional<qint64> MprisState::jumpOf(const PlayerStatus& status, bool isSameTrack, qint64 nowMs)
 {
-    const qint64 expected = m_positionMs + (m_isRunning ? nowMs - m_measuredMs : 0);
-    m_isRunning = status.state == PlayerStatus::State::Playing;
-    m_positionMs = status.positionMs;
+    const bool wasRunning = m_last.state == PlayerStatus::State::Playing;
+    const qint64 expected = m_last.positionMs + (wasRunning ? nowMs - m_measuredMs : 0);
+    m_last = status;
     m_measuredMs = nowMs;
     if (!isSameTrack || std::llabs(status.positionMs - expected) < jumpMs)
         return {};

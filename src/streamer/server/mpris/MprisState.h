@@ -27,7 +27,6 @@ private:
     QVariantMap m_properties;
     QString m_track; ///< what tells the item from another; empty without one
     quint64 m_trackNumber = 0;
-    bool m_isRunning = false; ///< the position moves
-    qint64 m_positionMs = 0;  ///< at m_measuredMs
-    qint64 m_measuredMs = 0;
+    PlayerStatus m_last;
+    qint64 m_measuredMs = 0; ///< when that was so
 };

@@ -23,17 +23,11 @@ bool hasSoundDevice(GstElement* sink)
     const bool isReady = gst_element_set_state(sink, GST_STATE_READY) == GST_STATE_CHANGE_SUCCESS;
     bool isFake = false;
     if (isReady && GST_IS_BIN(sink)) {
-        GstIterator* children = gst_bin_iterate_elements(GST_BIN(sink));
+        GstIterator* fakes = gst_bin_iterate_all_by_element_factory_name(GST_BIN(sink), "fakesink");
         GValue item = G_VALUE_INIT;
-        while (gst_iterator_next(children, &item) == GST_ITERATOR_OK) {
-            const auto* child = GST_ELEMENT(g_value_get_object(&item));
-            const GstElementFactory* factory =
-                gst_element_get_factory(const_cast<GstElement*>(child));
-            isFake = isFake || !factory || g_strcmp0(GST_OBJECT_NAME(factory), "fakesink") == 0;
-            g_value_reset(&item);
-        }
+        isFake = gst_iterator_next(fakes, &item) == GST_ITERATOR_OK;
         g_value_unset(&item);
-        gst_iterator_free(children);
+        gst_iterator_free(fakes);
     }
     gst_element_set_state(sink, GST_STATE_NULL);
     return isReady && !isFake;

@@ -76,12 +76,8 @@ void ItemResolver::onAnswered(const CMError& error)
         send();
     if (attempt.isSuperseded)
         return;
-    Result result;
-    if (error.isSet())
-        result.error = error;
-    else if (attempt.item)
-        result.item = *attempt.item;
+    if (error.isSet() || attempt.item)
+        attempt.done(error, attempt.item.value_or(KeloRoles()));
     else
-        result.error = CMError(KELO_TR("the service handed no item over"));
-    attempt.done(result);
+        attempt.done(CMError(KELO_TR("the service handed no item over")), KeloRoles());
 }

@@ -13,12 +13,8 @@ class ItemResolver : public QObject
 {
     Q_OBJECT
 public:
-    struct Result
-    {
-        CMError error;  ///< set when there is no item
-        KeloRoles item; ///< the completed item
-    };
-    using Done = std::function<void(const Result&)>;
+    /// Gets the completed item, or an error that is set.
+    using Done = std::function<void(const CMError& error, const KeloRoles& item)>;
 
     /// Asks for an entry, to start at a position. Supersedes an earlier wish. `done` runs in a
     /// later turn of the event loop.

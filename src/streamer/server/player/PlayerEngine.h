@@ -111,7 +111,7 @@ private:
     void onFound(const RowFinder::Found& found);
     void onListEnd(const RowFinder::Found& found);
     void resolve();
-    void onResolved(const ItemResolver::Result& result);
+    void onResolved(const CMError& error, const KeloRoles& completed);
     void onItemFailed(const TrString& text);
     /// Ends a chain that found nothing to open; what plays goes on.
     void refuse(const TrString& text);

@@ -91,14 +91,14 @@ void PlayerEngine::resolve()
         publish();
     }
     m_resolver.resolve(m_chain.at, m_chain.offsetMs,
-                       [this](const ItemResolver::Result& result) { onResolved(result); });
+                       [this](const auto& error, const auto& item) { onResolved(error, item); });
 }
 
-void PlayerEngine::onResolved(const ItemResolver::Result& result)
+void PlayerEngine::onResolved(const CMError& error, const KeloRoles& completed)
 {
-    if (result.error.isSet())
-        return onItemFailed(textOf(result.error));
-    PlayItem item = PlayItem::completed(result.item, m_chain.at);
+    if (error.isSet())
+        return onItemFailed(textOf(error));
+    PlayItem item = PlayItem::completed(completed, m_chain.at);
     if (item.uri.isEmpty())
         return onItemFailed(TrString::in("Player", "the service gave no address"));
     if (m_chain.offsetMs > 0)
