@@ -39,7 +39,10 @@ void MprisObject::connectTo(const QString& busAddress)
     m_connection.connect(QString(), QStringLiteral("/org/freedesktop/DBus/Local"),
                          QStringLiteral("org.freedesktop.DBus.Local"),
                          QStringLiteral("Disconnected"), this, SLOT(onDisconnected()));
-    follow();
+    m_listener = m_player.addListener([this](const PlayerStatus& status) {
+        keloPost(this, [this, status] { onStatus(status); });
+    });
+    m_state.update(m_player.status(), m_clock.elapsed());
     if (!m_connection.registerObject(objectPath, this) || !takeName())
         KELO_LOG("mpris", DEBUG) << "no name on the bus: " << m_connection.lastError().message();
 }
@@ -50,14 +53,6 @@ bool MprisObject::takeName()
     return m_connection.registerService(busName) ||
            m_connection.registerService(
                busName + QStringLiteral(".instance%1").arg(QCoreApplication::applicationPid()));
-}
-
-void MprisObject::follow()
-{
-    m_listener = m_player.addListener([this](const PlayerStatus& status) {
-        keloPost(this, [this, status] { onStatus(status); });
-    });
-    m_state.update(m_player.status(), m_clock.elapsed());
 }
 
 void MprisObject::onDisconnected()

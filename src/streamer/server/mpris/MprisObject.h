@@ -32,7 +32,6 @@ private Q_SLOTS:
 
 private:
     bool takeName();
-    void follow();
     void onStatus(const PlayerStatus& status);
 
     PlayerControl& m_player;

@@ -100,7 +100,10 @@ void PlayerEngine::resume(const Reply& reply)
             return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
         const qint64 position = positionMs();
         command(reply);
-        return replay(position);
+        startChain(Chain::Start, m_item.entry);
+        m_chain.offsetMs = position;
+        m_chain.of = Chain::Present;
+        return resolve();
     }
     m_isPauseWanted = false;
     if (m_state == State::Paused) {
@@ -110,14 +113,6 @@ void PlayerEngine::resume(const Reply& reply)
         publish();
     }
     reply.setValue(QVariant(true));
-}
-
-void PlayerEngine::replay(qint64 offsetMs)
-{
-    startChain(Chain::Start, m_item.entry);
-    m_chain.offsetMs = offsetMs;
-    m_chain.of = Chain::Present;
-    resolve();
 }
 
 void PlayerEngine::stop(const Reply& reply)

@@ -89,7 +89,6 @@ private:
     void command(const Reply& reply);
     void succeed();
     void fail(const TrString& text);
-    void replay(qint64 offsetMs);
     /// Ends the sound; `resume` goes on from the position.
     void halt(qint64 resumeMs = 0);
     /// Ends the sound where it broke off, if it did, so that `resume` goes on there.
