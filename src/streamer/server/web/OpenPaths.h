@@ -20,8 +20,8 @@ public:
     OpenPaths(const OpenPaths&) = delete;
     OpenPaths& operator=(const OpenPaths&) = delete;
 
-    /// Opens these paths and closes the others; one that stays is not touched. The listener may run
-    /// once more after its path was closed. After close() nothing opens.
+    /// Opens these paths and closes the others; one that stays is not touched. After close() nothing
+    /// opens.
     Change replace(const QList<CMPath>& paths, const CMSubscribe::RowsListener& listener);
     void close();
 
