@@ -39,12 +39,9 @@ std::string_view viewOf(const QByteArray& text)
 }
 } // namespace
 
-void KeloPercent::append(QByteArray& to, std::string_view utf8, Plain plain)
+char* KeloPercent::write(char* out, std::string_view utf8, Plain plain)
 {
     constexpr char digits[] = "0123456789ABCDEF";
-    const int start = to.size();
-    to.resize(start + int(utf8.size()) * 3);
-    char* out = to.data() + start;
     for (std::size_t i = 0; i < utf8.size(); ++i) {
         const auto byte = quint8(utf8[i]);
         if ((plainBytes[byte] & plain) != 0 || (plain == Url && isEscape(utf8, i))) {
@@ -55,7 +52,7 @@ void KeloPercent::append(QByteArray& to, std::string_view utf8, Plain plain)
             *out++ = digits[byte & 15];
         }
     }
-    to.resize(int(out - to.constData()));
+    return out;
 }
 
 QByteArray KeloPercent::encoded(const QByteArray& utf8, Plain plain)
@@ -63,9 +60,8 @@ QByteArray KeloPercent::encoded(const QByteArray& utf8, Plain plain)
     if (std::all_of(utf8.begin(), utf8.end(),
                     [plain](char byte) { return (plainBytes[quint8(byte)] & plain) != 0; }))
         return utf8;
-    QByteArray result;
-    result.reserve(utf8.size() * 3);
-    append(result, viewOf(utf8), plain);
+    QByteArray result(utf8.size() * 3, Qt::Uninitialized);
+    result.resize(int(write(result.data(), viewOf(utf8), plain) - result.constData()));
     return result;
 }
 

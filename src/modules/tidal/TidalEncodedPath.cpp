@@ -1,14 +1,9 @@
 #include "TidalEncodedPath.h"
+#include <algorithm>
 #include <kelo/KeloPercent.h>
-
-namespace {
-/// Memory that hardly any text outgrows; reserved, it is kept from one to the next.
-constexpr int scratchSize = 1024;
-} // namespace
 
 TidalEncodedPath::TidalEncodedPath(const CMPath& path, const QStringList& keys)
 {
-    m_scratch.reserve(scratchSize);
     CMPath whole = path;
     for (const QString& key : keys)
         whole.addParam(key, QString());
@@ -25,17 +20,24 @@ TidalEncodedPath::TidalEncodedPath(const CMPath& path, const QStringList& keys)
             continue;
         }
         m_gaps.push_back({m_tail, std::size_t(value)});
+        m_sharedSize += std::size_t(m_tail.size());
         m_tail.clear();
     }
+    m_sharedSize += std::size_t(m_tail.size());
 }
 
 QString TidalEncodedPath::text(std::initializer_list<std::string_view> values)
 {
-    m_scratch.resize(0);
+    std::size_t room = m_sharedSize;
+    for (const std::string_view value : values)
+        room += value.size() * 3;
+    if (m_scratch.size() < room)
+        m_scratch.resize(room);
+    char* out = m_scratch.data();
     for (const Gap& gap : m_gaps) {
-        m_scratch += gap.before;
-        KeloPercent::append(m_scratch, values.begin()[gap.value]);
+        out = std::copy(gap.before.begin(), gap.before.end(), out);
+        out = KeloPercent::write(out, values.begin()[gap.value]);
     }
-    m_scratch += m_tail;
-    return QString::fromLatin1(m_scratch);
+    out = std::copy(m_tail.begin(), m_tail.end(), out);
+    return QString::fromLatin1(m_scratch.data(), int(out - m_scratch.data()));
 }

@@ -26,5 +26,6 @@ private:
 
     std::vector<Gap> m_gaps;
     QByteArray m_tail;
-    QByteArray m_scratch; ///< kept for its memory
+    std::size_t m_sharedSize = 0; ///< of what all texts share
+    std::vector<char> m_scratch;  ///< kept for its memory
 };

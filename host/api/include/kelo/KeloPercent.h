@@ -16,8 +16,8 @@ public:
         Base = 4        ///< printable ASCII but "%", "?" and "#": the base of a CMPath
     };
 
-    /// Appends the encoded text. What is appended to again and again should have memory reserved.
-    static void append(QByteArray& to, std::string_view utf8, Plain plain = Unreserved);
+    /// Writes the encoded text, which takes at most three times the room, and returns its end.
+    static char* write(char* out, std::string_view utf8, Plain plain = Unreserved);
     static QByteArray encoded(const QByteArray& utf8, Plain plain = Unreserved);
     /// Nothing for an escape that is not two hex digits, and for what is not UTF-8 then.
     static std::optional<QString> decoded(const QByteArray& text);
