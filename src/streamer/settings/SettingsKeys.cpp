@@ -164,24 +164,11 @@ SettingsKey key(const QString& name, const QString& meaning, Member member, cons
             [member](const Settings& settings) { return forPeople(member(settings)); }};
 }
 
-std::vector<SettingsKey> makeKeys()
+// clang-format off
+std::vector<SettingsKey> streamerKeys()
 {
-    const auto size = matching("WIDTHxHEIGHT, such as 320x320", "[1-9][0-9]{0,4}x[1-9][0-9]{0,4}");
-    const auto notEmpty = matching("auto, null or a GStreamer sink description", ".*\\S.*");
-    const auto country = matching("a country as two capital letters", "[A-Z]{2}");
-    const auto address = webAddress();
-    // Request paths begin with a slash, picture paths without one.
-    const auto withoutSlash = tidied(address, [](QString text) {
-        while (text.endsWith('/'))
-            text.chop(1);
-        return text;
-    });
-    const auto withSlash =
-        tidied(address, [](const QString& text) { return text.endsWith('/') ? text : text + '/'; });
+    const auto output = matching("auto, null or a GStreamer sink description", ".*\\S.*");
     const auto levels = oneOf({"trace", "debug", "info", "warn", "error"});
-    const auto qualities = oneOf({"LOW", "HIGH", "LOSSLESS", "HI_RES"});
-
-    // clang-format off
     return {
         key("server.listen", "Where the streamer listens; port 0 picks a free one.",
             [](auto& s) -> auto& { return s.server.listen; }, listenAddress()),
@@ -201,9 +188,27 @@ std::vector<SettingsKey> makeKeys()
         key("deadlines.set_s", "The same for values that are set.",
             [](auto& s) -> auto& { return s.deadlines.setSeconds; }, seconds()),
         key("player.output", "Where the sound goes; null plays in real time to nowhere.",
-            [](auto& s) -> auto& { return s.player.output; }, notEmpty),
+            [](auto& s) -> auto& { return s.player.output; }, output),
         key("player.mpris", "Whether media keys and desktop panels may drive the player.",
             [](auto& s) -> auto& { return s.player.mpris; }, boolean()),
+    };
+}
+
+std::vector<SettingsKey> serviceKeys()
+{
+    const auto size = matching("WIDTHxHEIGHT, such as 320x320", "[1-9][0-9]{0,4}x[1-9][0-9]{0,4}");
+    const auto country = matching("a country as two capital letters", "[A-Z]{2}");
+    const auto qualities = oneOf({"LOW", "HIGH", "LOSSLESS", "HI_RES"});
+    const auto address = webAddress();
+    // Request paths begin with a slash, picture paths without one.
+    const auto withoutSlash = tidied(address, [](QString text) {
+        while (text.endsWith('/'))
+            text.chop(1);
+        return text;
+    });
+    const auto withSlash =
+        tidied(address, [](const QString& text) { return text.endsWith('/') ? text : text + '/'; });
+    return {
         key("tidal.api_url", "The address of the service's web API.",
             [](auto& s) -> auto& { return s.tidal.apiUrl; }, withoutSlash),
         key("tidal.country_code", "The country whose catalogue is asked for.",
@@ -242,14 +247,19 @@ std::vector<SettingsKey> makeKeys()
         key("tidal.oauth2.scope", "What a login asks permission for.",
             [](auto& s) -> auto& { return s.tidal.oauth2.scope; }, anyText()),
     };
-    // clang-format on
 }
+// clang-format on
 
 } // namespace
 
 const std::vector<SettingsKey>& settingsKeys()
 {
-    static const std::vector<SettingsKey> keys = makeKeys();
+    static const std::vector<SettingsKey> keys = [] {
+        std::vector<SettingsKey> all = streamerKeys();
+        const std::vector<SettingsKey> service = serviceKeys();
+        all.insert(all.end(), service.begin(), service.end());
+        return all;
+    }();
     return keys;
 }
 
