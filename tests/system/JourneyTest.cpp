@@ -30,11 +30,16 @@ TEST(JourneyTest, aListenerFindsAnAlbumAndPlaysItThroughToTheNextTrack)
     const QJsonObject albums = streamer.rows(newAlbums);
     EXPECT_EQ(albums["rows"].toArray().size(), 50);
     const QString word = column(albums, "Title").first().section(' ', 0, 0);
-    const Outcome found = streamer.kelo({"search", word});
-    EXPECT_EQ(found.status, 0) << found.err.toStdString();
+    const QByteArray found = streamer.kelo({"search", word}).out;
     for (const char* kind : {"albums", "tracks", "artists", "playlists"})
-        EXPECT_TRUE(found.out.contains(kind)) << found.out.toStdString();
-    EXPECT_TRUE(found.out.contains("/tidal/search/choose/req/albums?")) << found.out.toStdString();
+        EXPECT_TRUE(found.contains(kind)) << found.toStdString();
+    const QByteArray all = " found, all: kelo rows '/tidal/search/choose/req/albums?";
+    EXPECT_TRUE(found.contains(all)) << found.toStdString();
+    EXPECT_EQ(streamer.kelo({"search", "it's &", "--json"}).json().keys(),
+              QStringList({"albums", "artists", "playlists", "query", "tracks"}));
+    const QJsonObject albumsAlone =
+        streamer.kelo({"search", word, "--in", "albums", "--json"}).json();
+    EXPECT_TRUE(albumsAlone["path"].toString().startsWith("/tidal/search/choose/req/albums?"));
 
     const QJsonObject tracks = streamer.rows(column(albums, "Path").first());
     ASSERT_GE(tracks["rowsCount"].toInt(), 2);
@@ -78,7 +83,8 @@ TEST_F(JourneyServiceTest, aListenerMakesFillsOrdersRenamesAndDeletesAPlaylist)
     };
     const QString list = mine()["Path"].toString();
     const auto tracks = [&] { return column(streamer.rows(list), "Id"); };
-    kelo({"playlist", "add", id, paths[0], paths[1], paths[2]});
+    EXPECT_EQ(kelo({"playlist", "add", id, paths[0], paths[1], paths[2]}),
+              "added 3 items to \"Mine\"");
     EXPECT_EQ(tracks(), ids.mid(0, 3));
     kelo({"playlist", "move", id, "2", "0"});
     EXPECT_EQ(tracks(), QStringList({ids[2], ids[0], ids[1]}));
@@ -93,6 +99,7 @@ TEST_F(JourneyServiceTest, aListenerMakesFillsOrdersRenamesAndDeletesAPlaylist)
     EXPECT_EQ(mine()["Title"].toString(), title);
     EXPECT_EQ(kelo({"favorite", list, "on"}), "favorite on");
     EXPECT_EQ(kelo({"favorite", list, "off"}), "favorite off");
+    EXPECT_TRUE(kelo({"playlist", "delete", id, "--dry-run"}).startsWith("kelo set '/tidal/"));
     kelo({"playlist", "delete", id});
     EXPECT_TRUE(mine().isUndefined());
     EXPECT_EQ(streamer.kelo({"playlist", "delete", id}).status, 1);
