@@ -3,11 +3,11 @@
 // below which folder files count, and the file that is made when the call has failed.
 #include <atomic>
 #include <cerrno>
+#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
-#include <kelo/KeloJson.h>
 #include <pthread.h>
 #include <sstream>
 #include <sys/socket.h>
@@ -164,21 +164,4 @@ extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* attribute
                            isCalledFrom(__builtin_return_address(0), "libQt5Core");
     return isCounted && fails("thread", EAGAIN) ? EAGAIN
                                                 : real(thread, attributes, function, argument);
-}
-
-// The module.
-extern "C" void* dlopen(const char* file, int flags)
-{
-    static const auto real = next(&dlopen, "dlopen");
-    const bool isCounted = file && std::strstr(file, "kelo_cb");
-    // A file that is not there, so that there is an error text.
-    return real(isCounted && fails("module", ENOENT) ? "/nowhere/module.so" : file, flags);
-}
-
-KeloJson KeloJson::parse(const QByteArray& text, KeloError* error)
-{
-    using Parse = KeloJson (*)(const QByteArray&, KeloError*);
-    static const auto real =
-        reinterpret_cast<Parse>(::dlsym(RTLD_NEXT, "_ZN8KeloJson5parseERK10QByteArrayP9KeloError"));
-    return real(fails("json", 0) ? QByteArray("{") : text, error);
 }
