@@ -27,12 +27,12 @@ KeloRoles FakeModule::row(KeloRolesType::Enum type, const QString& title)
     return roles;
 }
 
-KeloRoles FakeModule::item(const CMPath& path, const QString& id, qint64 maxIdleMs)
+KeloRoles FakeModule::item(const CMPath& path, const QString& id, const Answer& answer)
 {
     KeloResource resource;
-    resource.setUri("fake:" + id);
+    resource.setUri(answer.uri.isEmpty() ? "fake:" + id : answer.uri);
     resource.setMimeType("audio/flac");
-    resource.setMaxIdleTime(maxIdleMs);
+    resource.setMaxIdleTime(answer.maxIdleMs);
     KeloMetaData metaData;
     metaData.setAlbum("Album " + id);
     KeloMediaData mediaData;
@@ -162,13 +162,5 @@ void FakeModule::answer(const CMSetDataRequest& request, const QString& id, cons
     if (!answer.error.isEmpty())
         return request.reply().setError(CMError(TrString(answer.error)));
     PlayLogicInterface* player = PlayLogicInterface::instance(KeloPlayerPath());
-    KeloRoles completed = item(request.path(), id, answer.maxIdleMs);
-    if (!answer.uri.isEmpty()) {
-        KeloMediaData mediaData = completed.mediaData();
-        KeloResource resource = mediaData.resources().first();
-        resource.setUri(answer.uri);
-        mediaData.setResources({resource});
-        completed.setMediaData(mediaData);
-    }
-    request.reply().setValue(player->play(completed, 0));
+    request.reply().setValue(player->play(item(request.path(), id, answer), 0));
 }

@@ -22,7 +22,7 @@ public:
     static KeloRoles track(const CMPath& list, const QString& id);
     static KeloRoles row(KeloRolesType::Enum type, const QString& title);
     /// The item that the module hands over for a request path.
-    static KeloRoles item(const CMPath& path, const QString& id, qint64 maxIdleMs = 0);
+    static KeloRoles item(const CMPath& path, const QString& id, const Answer& answer);
 
     void addList(const CMPath& path, const QList<KeloRoles>& rows);
     void removeList(const CMPath& path);

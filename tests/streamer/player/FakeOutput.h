@@ -19,7 +19,6 @@ struct OutputScript
     QStringList log;                        ///< operations in order
     std::map<QString, OutputError> refused; ///< addresses that fail when they are opened
     qint64 positionMs = 0;
-    qint64 durationMs = 100000;
     QObject* context = nullptr; ///< of the player's thread
     AudioOutput::Events events; ///< copied when an item is opened
 
@@ -52,12 +51,9 @@ struct OutputScript
         std::lock_guard<std::mutex> lock(mutex);
         positionMs = ms;
     }
-    void refuse(const QString& uri, OutputError::Kind kind, const QString& text)
+    void refuse(const QString& uri, const OutputError& error)
     {
         std::lock_guard<std::mutex> lock(mutex);
-        OutputError error;
-        error.kind = kind;
-        error.text = text;
         refused[uri] = error;
     }
     /// Raises an event on the player's thread.
@@ -72,6 +68,10 @@ struct OutputScript
             }
             event(copy);
         });
+    }
+    void fail(const OutputError& error)
+    {
+        raise([error](const AudioOutput::Events& raised) { raised.error(error); });
     }
 };
 
@@ -128,11 +128,7 @@ public:
         std::lock_guard<std::mutex> lock(m_script.mutex);
         return m_script.positionMs;
     }
-    qint64 durationMs() const override
-    {
-        std::lock_guard<std::mutex> lock(m_script.mutex);
-        return m_script.durationMs;
-    }
+    qint64 durationMs() const override { return 100000; }
 
 private:
     void add(const QString& line) { m_script.add(line); }

@@ -8,21 +8,18 @@ using PlayerFailureTest = PlayerFixture;
 TEST_F(PlayerFailureTest, PassesOverWhatFailsInAListAndFailsARowThatWasAskedFor)
 {
     addTracks({"1", "2", "3"});
-    enum Fault { Module, Decode, NotFound, Device };
-    // isListStopped: a broken device ends everything
-    for (const auto& [fault, text, isListStopped] :
-         Table<Fault, QString, bool>{{Module, "media data request failed", false},
-                                     {Decode, "cannot be decoded", false},
-                                     {NotFound, "nothing there", false},
-                                     {Device, "no device", true}}) {
+    // kind: none when the module fails; isListStopped: a broken device ends everything
+    for (const auto& [kind, text, isListStopped] :
+         Table<std::optional<OutputError::Kind>, QString, bool>{
+             {std::nullopt, "media data request failed", false},
+             {OutputError::Decode, "cannot be decoded", false},
+             {OutputError::NotFound, "nothing there", false},
+             {OutputError::Device, "no device", true}}) {
         SCOPED_TRACE(text.toStdString());
-        const OutputError::Kind kind = fault == Decode     ? OutputError::Decode
-                                       : fault == NotFound ? OutputError::NotFound
-                                                           : OutputError::Device;
-        if (fault == Module)
-            module->setAnswer("1", {text});
+        if (kind)
+            script.refuse("fake:1", {*kind, text});
         else
-            script.refuse("fake:1", kind, text);
+            module->setAnswer("1", {text});
         EXPECT_EQ(play(pathOf("1")), text);
         EXPECT_TRUE(waitForState("stopped")["note"].toString().contains(text));
         EXPECT_EQ(play(list.toEncoded()), isListStopped ? text : "ok");
@@ -44,7 +41,7 @@ TEST_F(PlayerFailureTest, GivesUpAfterTenFailuresInARow)
         if (i % 2)
             module->setAnswer(QString::number(i), {"not available"});
         else
-            script.refuse(QString("fake:%1").arg(i), OutputError::Decode, "broken");
+            script.refuse(QString("fake:%1").arg(i), {OutputError::Decode, QString("broken")});
     ASSERT_EQ(play(pathOf("1")), "ok");
     const QString text = "stopped after 10 items in a row that cannot be played";
     EXPECT_EQ(run("next"), text);
@@ -56,18 +53,15 @@ TEST_F(PlayerFailureTest, ResolvesARefusedAddressOnceAtTheSamePosition)
 {
     addTracks({"1", "2"});
     ASSERT_EQ(play(pathOf("1")), "ok");
-    OutputError refused;
-    refused.kind = OutputError::Refused;
-    refused.text = QString("refused (403)");
-    refused.positionMs = 42000;
-    script.raise([refused](const auto& events) { events.error(refused); });
+    const OutputError refused{OutputError::Refused, QString("refused (403)"), false, 42000};
+    script.fail(refused);
     waitForOperation("open fake:1 42000");
     waitForState("playing");
-    script.raise([refused](const auto& events) { events.error(refused); });
+    script.fail(refused);
     EXPECT_EQ(waitForTitle("Track 2")["note"], "skipped: Track 1: refused (403)");
     EXPECT_EQ(module->asked(), QStringList({"1 at 0", "1 at 42000", "2 at 0"}));
 
-    script.refuse("fake:1", OutputError::Refused, refused.text.source());
+    script.refuse("fake:1", refused);
     EXPECT_EQ(play(pathOf("1")), refused.text.source());
     EXPECT_EQ(module->asked().mid(3), QStringList({"1 at 0", "1 at 0"}));
 }
@@ -79,11 +73,8 @@ TEST_F(PlayerFailureTest, ComesBackToWhatBrokeOffWhenNothingElsePlaysEither)
         ids << QString::number(i);
     addTracks(ids);
     ASSERT_EQ(play(pathOf("1")), "ok");
-    OutputError lost;
-    lost.text = QString("no network");
-    const auto lose = [&](qint64 positionMs) {
-        lost.positionMs = positionMs;
-        script.raise([lost](const auto& events) { events.error(lost); });
+    const auto lose = [this](qint64 positionMs) {
+        script.fail({OutputError::Network, QString("no network"), false, positionMs});
     };
     lose(12000);
     waitForOperation("open fake:1 12000");
@@ -115,11 +106,7 @@ TEST_F(PlayerFailureTest, ANextItemThatFailsEarlyLeavesThePresentOneAlone)
     ASSERT_EQ(play(pathOf("1")), "ok");
     nearEnd();
     waitForOperation("next fake:2");
-    OutputError refused;
-    refused.kind = OutputError::Refused;
-    refused.isOfNext = true;
-    refused.positionMs = 95500;
-    script.raise([refused](const auto& events) { events.error(refused); });
+    script.fail({OutputError::Refused, {}, true, 95500});
     waitForOperation("open fake:1 95500");
     waitForTitle("Track 1");
     script.raise([](const auto& events) { events.finished(); });
@@ -193,9 +180,7 @@ TEST_F(PlayerFailureTest, AnOutputThatDoesNotStartIsMadeAnewAndTheCommandAnswere
     const auto reply = begin("play", {{"path", list.toEncoded()}});
     waitForOperation("open fake:1 0");
     time.advance(6000);
-    OutputError broken;
-    broken.kind = OutputError::Decode;
-    script.raise([broken](const auto& events) { events.error(broken); });
+    script.fail({OutputError::Decode, QString("broken")});
     waitForOperation("open fake:2 0");
     time.advance(4000);
     EXPECT_EQ(outcome(reply), text);
