@@ -116,8 +116,6 @@ TEST(LoginCommand, WaitsForTheDecision)
         const char* err;
     } rows[] = {
         {begun, R"({"loggedIn":true})", 0, "logged in\n", ""},
-        {begun, R"({"loggedIn":false,"problem":"access_denied"})", 1, "ABCDE",
-         "kelo: not logged in: access_denied\n"},
         {begun, R"({"loggedIn":false})", 1, "ABCDE", "ended elsewhere"},
         {begun, "no streamer", 1, "ABCDE", "the streamer ended"},
         {R"({"loggedIn":true})", "", 0, "logged in\n", ""},

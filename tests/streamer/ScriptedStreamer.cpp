@@ -1,6 +1,5 @@
 #include "streamer/ScriptedStreamer.h"
 
-#include <algorithm>
 #include <sstream>
 
 void ScriptedStreamer::answer(const std::string& call, Answer answer)
@@ -9,34 +8,10 @@ void ScriptedStreamer::answer(const std::string& call, Answer answer)
     m_answers[call] = std::move(answer);
 }
 
-void ScriptedStreamer::answerAfter(const std::string& earlier, const std::string& call,
-                                   Answer answer)
-{
-    const std::lock_guard lock(m_mutex);
-    answer.after = earlier;
-    m_laterAnswers[call] = std::move(answer);
-}
-
 void ScriptedStreamer::forget()
 {
     const std::lock_guard lock(m_mutex);
     m_calls.clear();
-    m_laterAnswers.clear();
-}
-
-bool ScriptedStreamer::hasArrived(const std::string& start) const
-{
-    return std::any_of(m_calls.begin(), m_calls.end(),
-                       [&](const std::string& call) { return call.rfind(start, 0) == 0; });
-}
-
-const ScriptedStreamer::Answer* ScriptedStreamer::find(const std::string& call) const
-{
-    const auto later = m_laterAnswers.find(call);
-    if (later != m_laterAnswers.end() && hasArrived(later->second.after))
-        return &later->second;
-    const auto found = m_answers.find(call);
-    return found == m_answers.end() ? nullptr : &found->second;
 }
 
 std::vector<std::string> ScriptedStreamer::calls()
@@ -51,13 +26,14 @@ ScriptedServer::Answer ScriptedStreamer::respond(const std::string& request)
     const std::string body = request.substr(request.find("\r\n\r\n") + 4);
     const std::lock_guard lock(m_mutex);
     m_calls.push_back(body.empty() ? call : call + ' ' + body);
-    const Answer* found = find(call);
-    if (!found)
+    const auto found = m_answers.find(call);
+    if (found == m_answers.end())
         return {ScriptedServer::whole(R"({"title":"Not found","detail":"no such node"})",
                                       "Content-Type: application/problem+json\r\n",
                                       "404 Not Found")};
-    return {ScriptedServer::whole(found->body, "Content-Type: " + found->type + "\r\n",
-                                  std::to_string(found->status) + " Scripted")};
+    const Answer& answer = found->second;
+    return {ScriptedServer::whole(answer.body, "Content-Type: " + answer.type + "\r\n",
+                                  std::to_string(answer.status) + " Scripted")};
 }
 
 ScriptedStreamer::Run ScriptedStreamer::run(std::vector<std::string> arguments,

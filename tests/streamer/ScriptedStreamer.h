@@ -16,7 +16,6 @@ public:
         int status;
         std::string body;
         std::string type = "application/json";
-        std::string after = {}; ///< the earlier call of answerAfter()
     };
     struct Run
     {
@@ -27,9 +26,7 @@ public:
 
     /// \p call is the method and the target as it stands on the wire; calls() shows them the same.
     void answer(const std::string& call, Answer answer);
-    /// The same from when a call has arrived that begins with \p earlier.
-    void answerAfter(const std::string& earlier, const std::string& call, Answer answer);
-    /// Forgets the calls, and the answers that were to follow on some.
+    /// Forgets the calls.
     void forget();
     /// "METHOD target", with a blank and the body where there is one, in order of arrival.
     std::vector<std::string> calls();
@@ -40,13 +37,9 @@ public:
 
 private:
     ScriptedServer::Answer respond(const std::string& request);
-    /// The answer of now, none when the call is unknown. m_mutex is held.
-    const Answer* find(const std::string& call) const;
-    bool hasArrived(const std::string& start) const;
 
     std::mutex m_mutex; ///< guards all below
     std::map<std::string, Answer> m_answers;
-    std::map<std::string, Answer> m_laterAnswers;
     std::vector<std::string> m_calls;
     ScriptedServer m_server{[this](const std::string& request) { return respond(request); }};
 };

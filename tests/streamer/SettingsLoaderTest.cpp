@@ -75,7 +75,6 @@ TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
 {
     for (const auto& [content, line, expected] : Table<const char*, const char*, const char*>{
              {"[server]\n\nlisten = 8095", ":3: server.listen: ", "wanted ADDR:PORT"},
-             {"[server]\nlisten = \"127.0.0.1\"", ":2: server.listen: ", "got \"127.0.0.1\""},
              {"[server]\nlisten = \"127.0.0.1:65536\"", ":2: server.listen: ", "wanted ADDR:PORT"},
              {"[server]\nhost_names = [\"a:1\"]", ":2: server.host_names: ", "got [a:1]"},
              {"[servr]\nlisten = 1", ":1: servr: ", "no such key"},
@@ -89,8 +88,6 @@ TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
              {"[tidal]\nimage_size = \"320\"", ":2: tidal.image_size: ", "wanted WIDTHxHEIGHT"},
              {"[tidal]\ncountry_code = \"no\"", ":2: tidal.country_code: ", "two capital letters"},
              {"[tidal]\nmax_idle_time_ms = 1.5", ":2: tidal.max_idle_time_ms: ", "whole milli"},
-             {"[tidal]\nmax_idle_time_ms = 2147483648",
-              ":2: tidal.max_idle_time_ms: ", "whole milli"},
              {"[tidal]\nsound_quality = \"MAX\"", ":2: tidal.sound_quality: ", "LOSSLESS, HI_RES"},
              {"[tidal]\nuse_post_paywall = 1", ":2: tidal.use_post_paywall: ", "true or false"},
              {"[tidal.oauth2]\nscope = 2024-01-01", ":2: tidal.oauth2.scope: ", "type date"},
