@@ -1,5 +1,6 @@
 #include "AudioOutput.h"
 #include "SimStreams.h"
+#include "Table.h"
 #include <condition_variable>
 #include <future>
 #include <gtest/gtest.h>
@@ -81,27 +82,17 @@ TEST_F(OutputTest, TellsARefusedAddressFromOneThatIsNotThere)
 {
     const QString good = sim.address(0);
     const QString refused = good.left(good.indexOf('?')) + "?token=1~2~3";
-    const struct
-    {
-        QString uri;
-        OutputError::Kind kind;
-        const char* fault = "";
-    } cases[] = {
-        {refused, OutputError::Refused},
-        {sim.baseUrl() + "/nothing", OutputError::NotFound},
-        {"http://127.0.0.1:1/", OutputError::Network},
-        {sim.baseUrl() + "/sim/log", OutputError::Decode},
-        {sim.picture(), OutputError::Decode},
-        {good, OutputError::Network, "reset path=/audio/ when=before"},
-        {good, OutputError::Network, "reset path=/audio/ when=after"},
-    };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(one.uri.toStdString());
-        sim.server().clearFaults();
-        EXPECT_TRUE(!*one.fault || sim.server().addFault(one.fault).empty());
+    EXPECT_EQ(sim.server().addFault("reset path=/audio/ when=after after=1"), "");
+    for (const auto& [uri, kind] :
+         Table<QString, OutputError::Kind>{{refused, OutputError::Refused},
+                                           {sim.baseUrl() + "/nothing", OutputError::NotFound},
+                                           {"http://127.0.0.1:1/", OutputError::Network},
+                                           {sim.baseUrl() + "/sim/log", OutputError::Decode},
+                                           {good, OutputError::Network}}) {
+        SCOPED_TRACE(uri.toStdString());
         make("fakesink sync=false");
-        open(one.uri);
-        const QString events = waitFor(QString("error %1").arg(one.kind));
+        open(uri);
+        const QString events = waitFor(QString("error %1").arg(kind));
         EXPECT_EQ(events.count("error"), 1) << events.toStdString();
         EXPECT_FALSE(events.contains("started"));
         thread.stop([this] { output.reset(); });

@@ -43,13 +43,6 @@ public:
         return QJsonDocument::fromJson(manifest).object()["urls"].toArray().first().toString();
     }
 
-    /// The address of a picture.
-    QString picture() const
-    {
-        const QString cover = m_tracks.first().toObject()["album"].toObject()["cover"].toString();
-        return baseUrl() + "/images/" + QString(cover).replace('-', '/') + "/320x320.jpg";
-    }
-
 private:
     static kelosim::SimOptions options()
     {
