@@ -43,35 +43,26 @@ protected:
 
 TEST_F(SimEdit, PositionsFollowEveryEdit)
 {
-    struct Row
-    {
-        const char* method;
-        const char* path;
-        const char* form;
-        const char* expected;
-        const char* order;
-    };
-    const Row rows[] = {
-        {"POST", "/tracks", "trackIds=6000001,6000002,6000003&toIndex=0", "200", "1 2 3 "},
-        {"POST", "/tracks", "trackIds=6000004%2C6000005&toIndex=1", "200", "1 4 5 2 3 "},
-        {"POST", "/tracks", "trackIds=6000006,&toIndex=5", "200", "1 4 5 2 3 6 "},
-        {"POST", "/tracks", "trackIds=6000007&toIndex=-1", "200", "1 4 5 2 3 6 7 "},
-        {"POST", "/items", "trackIds=6000007&toIndex=0&onDupes=SKIP", "200", "1 4 5 2 3 6 7 "},
-        {"POST", "/tracks/0", "toIndex=2", "200", "4 5 1 2 3 6 7 "},
-        {"POST", "/tracks/6", "toIndex=0", "200", "7 4 5 1 2 3 6 "},
-        {"POST", "/items/1,2", "toIndex=99", "200", "7 1 2 3 6 4 5 "},
-        {"DELETE", "/tracks/0,2,6", "", "200", "1 3 6 4 "},
-        {"DELETE", "/tracks/4", "", "404/2001", "1 3 6 4 "},
-        {"DELETE", "/tracks/x", "", "400/1002", "1 3 6 4 "},
-        {"POST", "/tracks/9", "toIndex=0", "404/2001", "1 3 6 4 "},
-        {"POST", "/tracks/0", "", "400/1002", "1 3 6 4 "},
-        {"POST", "/tracks", "trackIds=5&toIndex=0", "404/2001", "1 3 6 4 "},
-        {"POST", "/tracks", "toIndex=0", "400/1002", "1 3 6 4 "},
-        {"POST", "/tracks", "trackIds=6000001&toIndex=x", "400/1002", "1 3 6 4 "},
-    };
-    for (const Row& row : rows) {
-        EXPECT_EQ(edit(row.method, row.path, row.form), row.expected) << row.path << row.form;
-        EXPECT_EQ(order(), row.order) << row.path << row.form;
+    using Text = const char*;
+    for (const auto& [method, path, form, expected, after] : Table<Text, Text, Text, Text, Text>{
+             {"POST", "/tracks", "trackIds=6000001,6000002,6000003&toIndex=0", "200", "1 2 3 "},
+             {"POST", "/tracks", "trackIds=6000004%2C6000005&toIndex=1", "200", "1 4 5 2 3 "},
+             {"POST", "/tracks", "trackIds=6000006,&toIndex=5", "200", "1 4 5 2 3 6 "},
+             {"POST", "/tracks", "trackIds=6000007&toIndex=-1", "200", "1 4 5 2 3 6 7 "},
+             {"POST", "/items", "trackIds=6000007&toIndex=0&onDupes=SKIP", "200", "1 4 5 2 3 6 7 "},
+             {"POST", "/tracks/0", "toIndex=2", "200", "4 5 1 2 3 6 7 "},
+             {"POST", "/tracks/6", "toIndex=0", "200", "7 4 5 1 2 3 6 "},
+             {"POST", "/items/1,2", "toIndex=99", "200", "7 1 2 3 6 4 5 "},
+             {"DELETE", "/tracks/0,2,6", "", "200", "1 3 6 4 "},
+             {"DELETE", "/tracks/4", "", "404/2001", "1 3 6 4 "},
+             {"DELETE", "/tracks/x", "", "400/1002", "1 3 6 4 "},
+             {"POST", "/tracks/9", "toIndex=0", "404/2001", "1 3 6 4 "},
+             {"POST", "/tracks/0", "", "400/1002", "1 3 6 4 "},
+             {"POST", "/tracks", "trackIds=5&toIndex=0", "404/2001", "1 3 6 4 "},
+             {"POST", "/tracks", "toIndex=0", "400/1002", "1 3 6 4 "},
+             {"POST", "/tracks", "trackIds=6000001&toIndex=x", "400/1002", "1 3 6 4 "}}) {
+        EXPECT_EQ(edit(method, path, form), expected) << path << form;
+        EXPECT_EQ(order(), after) << path << form;
     }
     const Json playlist = json(m_path);
     EXPECT_EQ(playlist["numberOfTracks"].GetInt(), 4);

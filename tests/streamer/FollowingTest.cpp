@@ -1,4 +1,5 @@
 #include "streamer/ScriptedStreamer.h"
+#include "Table.h"
 
 #include <gmock/gmock.h>
 #include <regex>
@@ -107,35 +108,29 @@ TEST(LoginCommand, WaitsForTheDecision)
     const std::string begun =
         R"({"loggedIn":false,"pending":{"userCode":"ABCDE","verificationUri":"example.org/x",
             "verificationUriComplete":"example.org/x/ABCDE","expiresIn":300}})";
-    const struct
-    {
-        std::string answer;
-        std::string decided; ///< the second time that it is asked for
-        int status;
-        const char* out;
-        const char* err;
-    } rows[] = {
-        {begun, R"({"loggedIn":true})", 0, "logged in\n", ""},
-        {begun, R"({"loggedIn":false})", 1, "ABCDE", "ended elsewhere"},
-        {begun, "no streamer", 1, "ABCDE", "the streamer ended"},
-        {R"({"loggedIn":true})", "", 0, "logged in\n", ""},
-        {R"({"loggedIn":false,"problem":"no client id"})", "", 1, "", "no client id"},
-        {begun, R"({"loggedIn":false,"problem":"503.","reason":"clock"})", 1, "ABCDE",
-         "503.\nSet the clock of the streamer's machine (timedatectl).\n"},
-    };
-    for (const auto& row : rows) {
+    // decided: the answer when it is asked for once more
+    for (const auto& [answer, decided, status, shown, said] :
+         Table<std::string, std::string, int, const char*, const char*>{
+             {begun, R"({"loggedIn":true})", 0, "logged in\n", ""},
+             {begun, R"({"loggedIn":false})", 1, "ABCDE", "ended elsewhere"},
+             {begun, "no streamer", 1, "ABCDE", "the streamer ended"},
+             {R"({"loggedIn":true})", "", 0, "logged in\n", ""},
+             {R"({"loggedIn":false,"problem":"no client id"})", "", 1, "", "no client id"},
+             {begun, R"({"loggedIn":false,"problem":"503.","reason":"clock"})", 1, "ABCDE",
+              "503.\nSet the clock of the streamer's machine (timedatectl).\n"}}) {
         ScriptedStreamer streamer;
-        streamer.answer("POST /api/v1/login", {200, row.answer});
-        streamer.answer("GET /api/v1/login", {200, row.answer});
+        streamer.answer("POST /api/v1/login", {200, answer});
+        streamer.answer("GET /api/v1/login", {200, answer});
         std::ostringstream out;
         std::ostringstream err;
-        cli::CommandLine commandLine({out, err, {}, nullptr, nullptr, [&] {
-                                          streamer.answer("GET /api/v1/login", {200, row.decided});
-                                          return true;
-                                      }});
-        EXPECT_EQ(commandLine.run({"--server", streamer.address(), "login"}), row.status);
-        EXPECT_THAT(out.str(), HasSubstr(row.out));
-        EXPECT_THAT(err.str(), HasSubstr(row.err));
+        const auto decide = [&streamer, next = decided] {
+            streamer.answer("GET /api/v1/login", {200, next});
+            return true;
+        };
+        cli::CommandLine commandLine({out, err, {}, nullptr, nullptr, decide});
+        EXPECT_EQ(commandLine.run({"--server", streamer.address(), "login"}), status);
+        EXPECT_THAT(out.str(), HasSubstr(shown));
+        EXPECT_THAT(err.str(), HasSubstr(said));
     }
 }
 

@@ -146,7 +146,6 @@ TEST(JourneyTest, aServeThatCannotServeSaysWhy)
     for (const auto& [settings, arguments, status, said] :
          Table<const char*, QStringList, int, const char*>{
              {"[server]\nlistn = \"x\"\n", {}, 2, "listn"},
-             {"[tidal]\nmax_idle_time_ms = \"soon\"\n", {}, 2, "max_idle_time_ms"},
              {"", {"--module", "/nowhere/libx.so"}, 1, "there is no such file"},
              {"", {"--module", KELO_OPENAPI}, 1, "cannot load the module"},
              {"", {"--module", noModule}, 1, "it has no symbol \"worker_create\""}}) {

@@ -128,9 +128,9 @@ Outcome Streamer::kelo(const QStringList& arguments) const
     return run(QStringList{"--server", m_url} + arguments);
 }
 
-QJsonObject Streamer::rows(const QString& path, const QStringList& arguments) const
+QJsonObject Streamer::rows(const QString& path) const
 {
-    const Outcome outcome = kelo(QStringList{"rows", path, "--json"} + arguments);
+    const Outcome outcome = kelo({"rows", path, "--json"});
     EXPECT_EQ(outcome.status, 0) << path.toStdString() << ": " << outcome.err.toStdString();
     return outcome.json();
 }

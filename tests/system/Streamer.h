@@ -46,7 +46,7 @@ public:
     /// Runs `kelo` with no more than the arguments.
     static Outcome run(const QStringList& arguments);
     /// `kelo rows PATH --json`.
-    QJsonObject rows(const QString& path, const QStringList& arguments = {}) const;
+    QJsonObject rows(const QString& path) const;
     /// The error text of `kelo rows PATH`, which must fail.
     QString rowsError(const QString& path) const;
 

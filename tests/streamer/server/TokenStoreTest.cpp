@@ -79,14 +79,3 @@ TEST(TokenStoreTest, ADamagedFileCountsAsLoggedOut)
         EXPECT_EQ(world.log, (QStringList{"token ", "logged out"})) << text.toStdString();
     }
 }
-
-TEST(TokenStoreTest, AFolderThatCannotBeMadeIsReportedAndTheLoginGoesOn)
-{
-    QTemporaryDir folder;
-    QFile file(folder.path() + "/file");
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    LoginWorld world(file.fileName() + "/below");
-    EXPECT_FALSE(world.store.save(world.info(), someTokens()));
-    world.logIn(tokenAnswer);
-    EXPECT_EQ(world.publishedToken(), "A1");
-}
