@@ -8,12 +8,6 @@ void ScriptedStreamer::answer(const std::string& call, Answer answer)
     m_answers[call] = std::move(answer);
 }
 
-void ScriptedStreamer::forget()
-{
-    const std::lock_guard lock(m_mutex);
-    m_calls.clear();
-}
-
 std::vector<std::string> ScriptedStreamer::calls()
 {
     const std::lock_guard lock(m_mutex);

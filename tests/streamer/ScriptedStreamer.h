@@ -26,8 +26,6 @@ public:
 
     /// \p call is the method and the target as it stands on the wire; calls() shows them the same.
     void answer(const std::string& call, Answer answer);
-    /// Forgets the calls.
-    void forget();
     /// "METHOD target", with a blank and the body where there is one, in order of arrival.
     std::vector<std::string> calls();
     std::string address() const { return m_server.url(""); }
