@@ -24,16 +24,13 @@ protected:
 
 TEST_F(SimFault, BadLinesGetASentence)
 {
-    const char* rows[][2] = {
-        {"nonsense", "there is no fault 'nonsense'"},
-        {"status", "fault 'status' needs the key 'status'"},
-        {"status=abc", "key 'status' wants a number, not 'abc'"},
-        {"status=500 colour=red", "fault 'status' has no key 'colour'"},
-        {"quality=LOUD",
-         "key 'grant' is one of LOW|HIGH|LOSSLESS|HI_RES|HI_RES_LOSSLESS, not 'LOUD'"},
-    };
-    for (const auto& row : rows)
-        EXPECT_EQ(addFault(row[0]), row[1]);
+    for (const auto& [line, problem] : Table<const char*, const char*>{
+             {"nonsense", "there is no fault 'nonsense'"},
+             {"status", "fault 'status' needs the key 'status'"},
+             {"status=abc", "key 'status' wants a number, not 'abc'"},
+             {"status=500 colour=red", "fault 'status' has no key 'colour'"},
+             {"reset=late", "key 'when' is one of before|after, not 'late'"}})
+        EXPECT_EQ(addFault(line), problem);
     const auto posted = m_client->Post("/sim/faults", "status=500\nnonsense\n", "text/plain");
     EXPECT_EQ(posted->status, 400);
     EXPECT_GT(json("/genres").Size(), 0u) << "none of a bad set is put in force";
@@ -66,10 +63,9 @@ TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
                                                {"reset when=after", false, 0},
                                                {"truncate bytes=100", false, 0},
                                                {"truncate bytes=100 framing=ok", true, 100},
-                                               {"empty", true, 0},
                                                {"size bytes=262145", true, 262145},
                                                {"drip bytes=700 ms=1", true, whole},
-                                               {"plain", true, whole}}) {
+                                               {"empty", true, 0}}) {
         ASSERT_EQ(addFault(std::string(fault) + " path=/genres count=1"), "");
         const auto result = fresh("/genres");
         EXPECT_EQ(static_cast<bool>(result), arrives) << fault;
@@ -83,12 +79,9 @@ TEST_F(SimFault, TransportFaultsBreakOneAnswerAndNotTheServer)
 TEST_F(SimFault, SlowAnswersDoNotHoldUpOthersNorTheEnd)
 {
     ASSERT_EQ(addFault("hang path=/search"), "");
-    ASSERT_EQ(addFault("delay path=/genres ms=100"), "");
     std::thread hanging([this] { fresh("/search/albums?query=x"); });
     ASSERT_TRUE(m_sim.waitForRequests("/search", 1, 10000));
-    const auto before = Clock::now();
     EXPECT_EQ(outcome(get("/genres")), "200");
-    EXPECT_GE(Clock::now() - before, std::chrono::milliseconds(100));
     const auto stopping = Clock::now();
     m_sim.stop();
     hanging.join();

@@ -42,15 +42,12 @@ protected:
         return json;
     }
 
-    // The parsed answer, with a failure when the status is another one.
-    Json json(const std::string& path, int status = 200)
+    // The parsed answer, which must be a good one.
+    Json json(const std::string& path)
     {
         const auto result = get(path);
-        EXPECT_TRUE(result) << path;
-        if (!result)
-            return Json(rapidjson::kObjectType);
-        EXPECT_EQ(result->status, status) << path << ": " << result->body.substr(0, 300);
-        return parse(result->body);
+        EXPECT_EQ(outcome(result), "200") << path;
+        return result ? parse(result->body) : Json(rapidjson::kObjectType);
     }
 
     httplib::Result postForm(const std::string& path, const std::string& form,
