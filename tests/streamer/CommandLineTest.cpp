@@ -257,8 +257,6 @@ TEST(ServeCommand, HandsOptionsAndSettingsOver)
     EXPECT_EQ(served, (QStringList{"/s", "/m.so", "127.0.0.1:0", "null", "warn", "demo"}));
     EXPECT_EQ(run({"serve", "--listen", "here"}), 2);
     EXPECT_THAT(err.str(), HasSubstr("--listen: server.listen: wanted ADDR:PORT"));
-    EXPECT_EQ(run({"serve", "--config", "/none.toml"}), 2);
-    EXPECT_THAT(err.str(), HasSubstr("/none.toml: cannot be read"));
 }
 
 TEST(ConfigCommand, ShowsOriginsAndMasksSecrets)

@@ -65,22 +65,18 @@ void FakeModule::setAnswer(const QString& id, const Answer& answer)
 bool FakeModule::waitForHeld()
 {
     std::unique_lock<std::mutex> lock(m_mutex);
-    return m_changed.wait_for(lock, std::chrono::seconds(20), [this] { return !m_held.isNull(); });
+    return m_changed.wait_for(lock, std::chrono::seconds(20), [this] { return bool(m_held); });
 }
 
 void FakeModule::release()
 {
-    CMSetDataRequest request;
-    QString id;
-    Answer scripted;
+    std::function<void()> held;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        request = std::exchange(m_held, CMSetDataRequest());
-        id = m_heldId;
-        scripted = m_answers[id];
+        held = std::exchange(m_held, nullptr);
     }
-    if (!request.isNull())
-        answer(request, id, scripted);
+    if (held)
+        held();
 }
 
 void FakeModule::holdRows()
@@ -145,11 +141,10 @@ void FakeModule::setDataRequest(const CMSetDataRequest& request)
         std::lock_guard<std::mutex> lock(m_mutex);
         m_asked << QString("%1 at %2").arg(id).arg(row.mediaData().metaData().prePlayTimeOffset());
         scripted = m_answers[id];
-        if (!m_held.isNull())
+        if (m_held)
             scripted.error = "droping play request, busy";
         else if (scripted.isHeld) {
-            m_held = request;
-            m_heldId = id;
+            m_held = [=] { answer(request, id, scripted); };
             m_changed.notify_all();
             return;
         }

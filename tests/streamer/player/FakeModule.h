@@ -50,8 +50,7 @@ private:
     std::map<QString, QList<KeloRoles>> m_lists; ///< by encoded path
     std::map<QString, Answer> m_answers;
     QStringList m_asked;
-    CMSetDataRequest m_held; ///< null when there is none
+    std::function<void()> m_held; ///< answers it; empty when there is none
     bool m_areRowsHeld = false;
     CMGetRowsRequest m_heldRows;
-    QString m_heldId;
 };

@@ -95,8 +95,3 @@ KeloOAuth2Info LoginWorld::state() const
 {
     return nodes.find(CMPath("/oauth2/services/tidal"))->nodeValue().oauth2Info();
 }
-
-QString LoginWorld::publishedToken() const
-{
-    return nodes.find(CMPath("/oauth2/services/tidal/accessToken"))->nodeValue().string_();
-}

@@ -46,7 +46,6 @@ public:
     void answer(const TokenReply& reply);
     void answer(int status, const QByteArray& body) { answer(TokenReply{status, body}); }
     KeloOAuth2Info state() const;
-    QString publishedToken() const;
 
     QStringList log;
     QTemporaryDir ownFolder;

@@ -38,8 +38,6 @@ TEST_F(OAuth2WorkerTest, AServiceIsPublishedLoggedOutBeforeItsRegistrationIsAnsw
     const KeloValue value = CMRoot().value(path);
     EXPECT_FALSE(value.isEmpty());
     EXPECT_FALSE(value.oauth2Info().loggedIn());
-    EXPECT_EQ(CMRoot().dataRoles(path).title(), "Log in to Tidal");
-    EXPECT_EQ(CMRoot().dataRoles(path).type(), KeloRolesType::Action());
     const CMPath token = path + "/accessToken";
     EXPECT_FALSE(CMRoot().value(token).isEmpty()) << "read inside the process";
     EXPECT_FALSE(CMRoot().dataRoles(token).contains(KeloRoles::Value())) << "and not shown";
