@@ -83,13 +83,12 @@ TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
 
 TEST_F(TextsTest, ErrorsComeInTheClientsLanguageHoweverTheyWereMade)
 {
-    for (const auto& [path, error, title, detail] :
-         Table<const char*, CMError, const char*, const char*>{
-             {"a", CMError(TrString(TrCharData{"CMRoot", "The service has stopped", nullptr})),
-              "Fehler", "Der Dienst wurde beendet"},
-             {"b", CMError(CMError::NotFoundName(), TrString("Missing track ID")), "Nicht gefunden",
+    for (const auto& [error, title, detail] : Table<CMError, const char*, const char*>{
+             {CMError(TrString(TrCharData{"CMRoot", "The service has stopped", nullptr})), "Fehler",
+              "Der Dienst wurde beendet"},
+             {CMError(CMError::NotFoundName(), TrString("Missing track ID")), "Nicht gefunden",
               "Die Titel-ID fehlt"},
-             {"c", CMError(TrString("The dog ate the disc")), "Fehler", "The dog ate the disc"}}) {
+             {CMError(TrString("The dog ate the disc")), "Fehler", "The dog ate the disc"}}) {
         HttpReply reply = HttpReply::error(error);
         reply.translate(TextCatalogues().choose("de", QString()));
         const QJsonObject json =

@@ -127,14 +127,7 @@ extern "C" int open(const char* path, int flags, ...)
     return isCounted && fails("file", ENOSPC) ? -1 : real(path, flags, mode);
 }
 
-extern "C" int open64(const char* path, int flags, ...)
-{
-    va_list rest;
-    va_start(rest, flags);
-    const mode_t mode = flags & (O_CREAT | __O_TMPFILE) ? va_arg(rest, mode_t) : 0;
-    va_end(rest);
-    return open(path, flags | O_LARGEFILE, mode);
-}
+extern "C" int open64(const char* path, int flags, ...) __attribute__((alias("open")));
 
 extern "C" ssize_t write(int fd, const void* data, size_t size)
 {
