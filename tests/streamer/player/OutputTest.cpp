@@ -52,12 +52,12 @@ protected:
     {
         on([&] { output->open({uri, startMs, 0}); });
     }
-    /// Waits until the log holds an event so many times; the whole log.
-    QString waitFor(const QString& event, int times = 1)
+    /// Waits until the log holds an event; the whole log.
+    QString waitFor(const QString& event)
     {
         std::unique_lock<std::mutex> lock(mutex);
         EXPECT_TRUE(changed.wait_for(lock, std::chrono::seconds(15), [&] {
-            return log.count(event) >= times;
+            return log.contains(event);
         })) << log.join(",").toStdString();
         return log.join(",");
     }

@@ -73,13 +73,12 @@ TEST(WebImageTest, FetchesPicturesOfTheServiceAndNothingElse)
     check(base + "missing.png", 404, true);
     for (const char* name : {"ill", "broken", "moved", "drawing", "page", "large"})
         check(base + name + ".png", 502, true);
-    for (const std::string& name :
-         {std::string(), std::string("../secret.png"), std::string("a/../../secret.png"),
-          std::string("./a.png"), std::string(".."), std::string("..?a.png"),
-          std::string("%2e%2e/secret.png"), std::string("..%2fsecret.png"),
-          std::string("..\\secret.png"), std::string("/a.png"), std::string("a.png#b"),
-          std::string("a.png\r\nX: y"), std::string("a\0.png", 6), std::string(2048, 'a')})
+    for (const char* name : {"", "../secret.png", "a/../../secret.png", "./a.png", "..", "..?a.png",
+                             "%2e%2e/secret.png", "..%2fsecret.png", "..\\secret.png", "/a.png",
+                             "a.png#b", "a.png\r\nX: y"})
         check(base + name, 403, false);
+    check(base + std::string("a\0.png", 6), 403, false);
+    check(base + std::string(2048, 'a'), 403, false);
     for (const std::string& url :
          {world.server.url("/other/a.png"), std::string("http://evil.example/images/a.png"),
           "http://127.0.0.1:" + port + "@evil.example/images/",

@@ -163,15 +163,6 @@ TEST(WebTreeTest, BodiesOfEveryFramingAreReadOrRefused)
     }
 }
 
-TEST(WebTreeTest, ACallThatNobodyAnswersEndsWithItsDeadline)
-{
-    WebWorld world;
-    CMDeadlines deadlines;
-    deadlines.set = std::chrono::milliseconds(50);
-    CMRoot().setDeadlines(deadlines);
-    EXPECT_EQ(world.set(R"({"path":"/web/hold"})").status, 504);
-}
-
 TEST(WebTreeTest, StoppingAnswersWaitingCallsAndEndsIdleConnectionsAtOnce)
 {
     WebWorld world;

@@ -113,7 +113,6 @@ WebWorld::WebWorld(const WebServerOptions& options)
 WebWorld::~WebWorld()
 {
     server.stop();
-    CMRoot().setDeadlines(CMDeadlines());
 }
 
 WebWorld::Answer WebWorld::call(httplib::Request request) const
