@@ -6,7 +6,7 @@ journey("from the first visit to sound", {}, async (person) => {
   await page.goto("/");
   await person.heading("TIDAL");
   await person.open("New");
-  await person.openBelow("Albums", "Just In");
+  await person.open("Just In");
   const album = view.getByRole("list", { name: "Just In" }).getByRole("link").first();
   const name = await album.getAttribute("aria-label");
   await album.click();

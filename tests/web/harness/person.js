@@ -74,13 +74,6 @@ export class Person {
     await this.dialog.getByRole("menu").waitFor();
   }
 
-  /** Opens a row that stands below a header, as names may repeat. */
-  async openBelow(header, name) {
-    await this.view.getByRole("heading", { name: header, exact: true }).waitFor();
-    const order = await this.view.getByRole("listitem").evaluateAll((items) => items.map((item) => item.textContent.trim()));
-    await this.view.getByRole("listitem").nth(order.indexOf(name, order.indexOf(header))).getByRole("link").click();
-  }
-
   /** What the bar says that it plays: title and artist. */
   async playing() {
     const label = await this.player.getByRole("link").getAttribute("aria-label");
