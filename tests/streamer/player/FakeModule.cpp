@@ -85,20 +85,10 @@ void FakeModule::holdRows()
     m_areRowsHeld = true;
 }
 
-void FakeModule::releaseRows()
-{
-    getRowsRequest(m_heldRows);
-}
-
 QStringList FakeModule::asked()
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     return m_asked;
-}
-
-QStringList FakeModule::prefixes() const
-{
-    return {"/fake", "/tidal"};
 }
 
 void FakeModule::getDataRequest(const CMGetDataRequest& request)

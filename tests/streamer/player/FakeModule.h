@@ -33,11 +33,11 @@ public:
     void release();
     /// The next request for rows is not answered before releaseRows().
     void holdRows();
-    void releaseRows();
+    void releaseRows() { getRowsRequest(m_heldRows); }
     /// Pre-play requests so far: "ID at OFFSET", in order.
     QStringList asked();
 
-    QStringList prefixes() const override;
+    QStringList prefixes() const override { return {"/fake", "/tidal"}; }
     void getDataRequest(const CMGetDataRequest& request) override;
     void setDataRequest(const CMSetDataRequest& request) override;
     void getRowsRequest(const CMGetRowsRequest& request) override;

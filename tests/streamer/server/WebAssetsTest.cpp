@@ -66,12 +66,3 @@ TEST(WebAssetsTest, ServesTheFilesOfAFolderAsTheyStandNow)
     write(page + "/app.js", "changed");
     EXPECT_EQ(world.get("/app.js", {{"If-None-Match", tag}}).body, "changed");
 }
-
-TEST(WebAssetsTest, TheStartPageIsBuiltIn)
-{
-    WebWorld world;
-    const auto start = world.get("/");
-    EXPECT_EQ(start.status, 200);
-    EXPECT_NE(start.body.find("<title>"), std::string::npos);
-    EXPECT_EQ(world.get("/", {{"If-None-Match", start.header("ETag")}}).status, 304);
-}
