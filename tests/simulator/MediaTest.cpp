@@ -8,17 +8,12 @@ namespace {
 class SimMedia : public SimFixture
 {
 protected:
-    static std::string decode64(const char* text)
-    {
-        return (*QByteArray::fromBase64Encoding(text, QByteArray::AbortOnBase64DecodingErrors))
-            .toStdString();
-    }
     // Path and query of the stream.
     std::string address(const std::string& id)
     {
-        const Json manifest = parse(decode64(
-            json("/tracks/" + id + "/playbackinfopostpaywall?audioquality=LOSSLESS")["manifest"]
-                .GetString()));
+        const Json info = json("/tracks/" + id + "/playbackinfopostpaywall?audioquality=LOSSLESS");
+        const QByteArray manifest64 = info["manifest"].GetString();
+        const Json manifest = parse(QByteArray::fromBase64(manifest64).toStdString());
         const std::string url = manifest["urls"][0].GetString();
         EXPECT_EQ(url.rfind(m_sim.baseUrl(), 0), 0u) << url;
         return url.substr(m_sim.baseUrl().size());

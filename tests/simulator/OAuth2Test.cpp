@@ -7,12 +7,10 @@ const char* const client = "client_id=kelo-demo&client_secret=kelo-demo-secret";
 class SimOAuth2 : public SimFixture
 {
 protected:
-    httplib::Result post(const std::string& path, const std::string& form,
-                         const httplib::Headers& headers = {})
+    httplib::Result post(const std::string& path, const std::string& form)
     {
         httplib::Client plain("127.0.0.1", m_sim.port());
-        return plain.Post(("/v1/oauth2" + path).c_str(), headers, form,
-                          "application/x-www-form-urlencoded");
+        return plain.Post(("/v1/oauth2" + path).c_str(), form, "application/x-www-form-urlencoded");
     }
 
     Json deviceCode()
