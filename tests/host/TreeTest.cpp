@@ -189,24 +189,18 @@ TEST_F(TreeTest, aValueKeepsItsType)
     const QVariant nothing; // what is refused
     // What is sent to a value, and what the node holds then.
     using Sent = QList<std::pair<QVariant, QVariant>>;
-    const Sent numbers{{4, 4},
-                       {"4", 4},
+    const Sent numbers{{"4", 4},
                        {4.0, 4},
                        {typed("i64_", "-4"), -4},
                        {"", nothing},
-                       {"4.5", nothing},
                        {4.5, nothing},
                        {yes, nothing},
                        {nothing, nothing},
-                       {texts, nothing},
                        {typed("i64_", "x"), nothing},
                        {typed("mediaData", QVariantHash()), nothing},
                        {"9223372036854775808", nothing}};
-    const Sent words{{"", ""},
-                     {1984.0, "1984"},
-                     {yes, nothing},
+    const Sent words{{1984.0, "1984"},
                      {4.5, nothing},
-                     {texts, nothing},
                      {typed("string_", 5), "5"},
                      {typed("string_", texts), nothing}};
     const Sent choices{{"true", yes}, {1, nothing}, {"1", nothing}};
