@@ -50,7 +50,22 @@ void sendAll(int fd, const std::string& bytes)
 }
 } // namespace
 
-ScriptedServer::ScriptedServer(const Script& script) : m_script(script)
+ScriptedServer::ScriptedServer(const Script& script)
+    : ScriptedServer(
+          [this, script](const std::string& request, int) {
+              {
+                  std::lock_guard<std::mutex> lock(m_mutex);
+                  m_requests.push_back(request);
+              }
+              return script(request);
+          },
+          [](int) {})
+{
+}
+
+ScriptedServer::ScriptedServer(const ConnectionScript& script,
+                               const std::function<void(int)>& ended)
+    : m_script(script), m_ended(ended)
 {
     m_listener = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
     sockaddr_in address{};
@@ -66,16 +81,14 @@ ScriptedServer::ScriptedServer(const Script& script) : m_script(script)
 
 ScriptedServer::~ScriptedServer()
 {
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_isStopping = true;
-        for (const int fd : m_open)
-            ::shutdown(fd, SHUT_RDWR);
-    }
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_isStopping = true;
+    for (const int fd : m_open)
+        ::shutdown(fd, SHUT_RDWR);
+    m_closed.wait(lock, [this] { return m_open.empty(); });
+    lock.unlock();
     ::shutdown(m_listener, SHUT_RDWR);
     m_acceptor.join();
-    for (std::thread& thread : m_threads)
-        thread.join();
     ::close(m_listener);
 }
 
@@ -115,8 +128,8 @@ void ScriptedServer::accept()
             return;
         }
         ++m_connections;
-        m_open.push_back(fd);
-        m_threads.emplace_back([this, fd] { serve(fd); });
+        m_open.insert(fd);
+        std::thread([this, fd] { serve(fd); }).detach();
     }
 }
 
@@ -127,11 +140,7 @@ void ScriptedServer::serve(int fd)
         const std::string request = nextRequest(fd, buffer);
         if (request.empty())
             break;
-        {
-            std::lock_guard<std::mutex> lock(m_mutex);
-            m_requests.push_back(request);
-        }
-        const Answer answer = m_script(request);
+        const Answer answer = m_script(request, fd);
         sendAll(fd, answer.bytes);
         if (answer.then == Then::Close)
             break;
@@ -142,7 +151,9 @@ void ScriptedServer::serve(int fd)
             break;
         }
     }
+    m_ended(fd);
     std::lock_guard<std::mutex> lock(m_mutex);
-    m_open.erase(std::remove(m_open.begin(), m_open.end(), fd), m_open.end());
+    m_open.erase(fd);
     ::close(fd);
+    m_closed.notify_all();
 }

@@ -1,7 +1,8 @@
 #pragma once
+#include <condition_variable>
 #include <functional>
-#include <list>
 #include <mutex>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -24,7 +25,12 @@ public:
     /// Gets the whole request, head and body; runs on the connection's thread.
     using Script = std::function<Answer(const std::string& request)>;
 
+    /// Gets the connection as well: what is not answered at once may be sent to it later.
+    using ConnectionScript = std::function<Answer(const std::string& request, int fd)>;
+
     explicit ScriptedServer(const Script& script);
+    /// Keeps no requests. `ended` is called before a connection is closed, on its thread.
+    ScriptedServer(const ConnectionScript& script, const std::function<void(int fd)>& ended);
     ~ScriptedServer();
 
     int port() const { return m_port; }
@@ -41,14 +47,15 @@ private:
     void accept();
     void serve(int fd);
 
-    Script m_script;
+    const ConnectionScript m_script;
+    const std::function<void(int)> m_ended;
     int m_listener = -1;
     int m_port = 0;
     mutable std::mutex m_mutex;
     std::vector<std::string> m_requests;
-    std::vector<int> m_open; ///< connections whose thread has not closed them
+    std::set<int> m_open; ///< connections whose thread has not closed them
+    std::condition_variable m_closed;
     int m_connections = 0;
     bool m_isStopping = false;
-    std::list<std::thread> m_threads;
     std::thread m_acceptor;
 };

@@ -1,13 +1,7 @@
 #include "ScheduledService.h"
-#include <arpa/inet.h>
 #include <iterator>
-#include <netinet/in.h>
-#include <poll.h>
 #include <QByteArray>
-#include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <unistd.h>
-#include <vector>
 
 namespace {
 /// More are answered at once, so that the client's connections do not run out.
@@ -72,39 +66,6 @@ const char* Account::quality() const
 {
     static const char* const names[count] = {"LOW", "HIGH", "LOSSLESS", "HI_RES"};
     return names[number];
-}
-
-ScheduledService::ScheduledService()
-    : m_listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)),
-      m_wake(::eventfd(0, EFD_CLOEXEC))
-{
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    socklen_t size = sizeof address;
-    if (::bind(m_listener, reinterpret_cast<sockaddr*>(&address), size) != 0 ||
-        ::listen(m_listener, 128) != 0 ||
-        ::getsockname(m_listener, reinterpret_cast<sockaddr*>(&address), &size) != 0)
-        qFatal("no socket to listen on");
-    m_port = ntohs(address.sin_port);
-    m_thread = std::thread([this] { run(); });
-}
-
-ScheduledService::~ScheduledService()
-{
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_isStopping = true;
-    }
-    ::eventfd_write(m_wake, 1);
-    m_thread.join();
-    ::close(m_wake);
-    ::close(m_listener);
-}
-
-std::string ScheduledService::baseUrl() const
-{
-    return "http://127.0.0.1:" + std::to_string(m_port);
 }
 
 void ScheduledService::begin(const ServiceMood& mood)
@@ -221,57 +182,18 @@ void ScheduledService::setWrong(const std::string& text)
         m_wrong = text;
 }
 
-void ScheduledService::run()
+void ScheduledService::ended(int fd)
 {
-    std::vector<pollfd> fds;
-    for (;;) {
-        fds = {{m_listener, POLLIN, 0}, {m_wake, POLLIN, 0}};
-        for (const auto& [fd, buffer] : m_buffers)
-            fds.push_back({fd, POLLIN, 0});
-        ::poll(fds.data(), fds.size(), -1);
-        std::lock_guard<std::mutex> lock(m_mutex);
-        if (m_isStopping)
-            break;
-        for (const pollfd& one : fds) {
-            if (one.revents == 0)
-                continue;
-            if (one.fd == m_listener)
-                m_buffers[::accept4(m_listener, nullptr, nullptr, SOCK_CLOEXEC)];
-            else
-                read(one.fd);
-        }
-    }
-    for (const auto& [fd, buffer] : m_buffers)
-        ::close(fd);
-}
-
-void ScheduledService::read(int fd)
-{
-    char chunk[8192];
-    const ssize_t got = ::recv(fd, chunk, sizeof chunk, MSG_DONTWAIT);
-    if (got <= 0) {
-        for (auto it = m_held.begin(); it != m_held.end();)
-            it = it->second.fd == fd ? m_held.erase(it) : std::next(it);
-        m_buffers.erase(fd);
-        ::close(fd);
-    } else {
-        std::string& buffer = m_buffers[fd];
-        buffer.append(chunk, std::size_t(got));
-        const auto headEnd = buffer.find("\r\n\r\n");
-        const std::string length = between(buffer, "Content-Length: ", "\r");
-        const std::size_t size = headEnd + 4 + (length.empty() ? 0 : std::stoul(length));
-        if (headEnd == std::string::npos || buffer.size() < size)
-            return;
-        const std::string text = std::move(buffer);
-        buffer.clear();
-        take(fd, text);
-    }
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (auto it = m_held.begin(); it != m_held.end();)
+        it = it->second.fd == fd ? m_held.erase(it) : std::next(it);
     ++m_events;
     m_changed.notify_all();
 }
 
-void ScheduledService::take(int fd, const std::string& text)
+ScriptedServer::Answer ScheduledService::take(const std::string& text, int fd)
 {
+    std::lock_guard<std::mutex> lock(m_mutex);
     Request request;
     request.fd = fd;
     request.method = text.substr(0, text.find(' '));
@@ -294,6 +216,9 @@ void ScheduledService::take(int fd, const std::string& text)
         m_held.emplace(key, request);
     else
         answer(request);
+    ++m_events;
+    m_changed.notify_all();
+    return {};
 }
 
 void ScheduledService::check(const Request& request)
@@ -417,9 +342,7 @@ void ScheduledService::answer(const Request& request)
     if (const std::string playlist = playlistOf(request.path); request.method == "GET")
         m_read.insert({request.account, answer.status == 200 ? playlist : std::string()});
     const std::string bytes =
-        "HTTP/1.1 " + std::to_string(answer.status) +
-        " x\r\nETag: \"e\"\r\nContent-Length: " + std::to_string(answer.body.size()) + "\r\n\r\n" +
-        answer.body;
+        ScriptedServer::whole(answer.body, "ETag: \"e\"\r\n", std::to_string(answer.status) + " x");
     // Small enough for the socket's buffer; a client that is gone is noticed when it is read.
     ::send(request.fd, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
 }

@@ -1,11 +1,10 @@
 #pragma once
+#include "host/ScriptedServer.h"
 #include <condition_variable>
 #include <cstdint>
 #include <map>
-#include <mutex>
 #include <set>
 #include <string>
-#include <thread>
 #include <utility>
 
 /// A user of the service. Their number stands in everything that the service answers them.
@@ -30,14 +29,11 @@ struct ServiceMood
 /// The music service of a schedule, on loopback: it tells accounts by their tokens, checks that
 /// everything else in a request is of the same account, and answers when the schedule says so. What
 /// becomes of a request is drawn from the schedule's seed, its address and how often it has come.
-/// One thread of its own; every member may be called on any.
+/// Threads of its own; every member may be called on any.
 class ScheduledService
 {
 public:
-    ScheduledService();
-    ~ScheduledService();
-
-    std::string baseUrl() const;
+    std::string baseUrl() const { return m_server.url(""); }
     /// Begins a schedule: nothing is held, nothing has been refused, nothing is wrong.
     void begin(const ServiceMood& mood);
     /// From now on the requests are answered at once, as they should be.
@@ -88,9 +84,8 @@ private:
     };
     using Key = std::pair<std::string, int>; ///< address, and how often it has come before
 
-    void run();
-    void read(int fd);
-    void take(int fd, const std::string& text);
+    ScriptedServer::Answer take(const std::string& text, int fd);
+    void ended(int fd);
     void check(const Request& request);
     void answer(const Request& request);
     Answer answerTo(const Request& request);
@@ -98,12 +93,8 @@ private:
     static std::string goodBody(const Request& request);
     static std::string listBody(const Request& request, const std::string& owner);
 
-    int m_listener = -1;
-    int m_wake = -1;
-    int m_port = 0;
     mutable std::mutex m_mutex;
     mutable std::condition_variable m_changed;
-    std::map<int, std::string> m_buffers; ///< by open connection, what has come in
     std::map<Key, Request> m_held;
     std::map<std::string, int> m_seen;   ///< by address
     std::map<std::string, int> m_tokens; ///< the account of each
@@ -115,6 +106,6 @@ private:
     ServiceMood m_mood;
     std::uint64_t m_events = 0;
     std::string m_wrong;
-    bool m_isStopping = false;
-    std::thread m_thread;
+    ScriptedServer m_server{[this](const std::string& text, int fd) { return take(text, fd); },
+                            [this](int fd) { ended(fd); }};
 };
