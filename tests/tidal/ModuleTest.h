@@ -2,6 +2,7 @@
 #include "ModuleBed.h"
 #include "ScriptedService.h"
 #include <gtest/gtest.h>
+#include <kelo/HttpCallLog.h>
 #include <kelo/KeloActionReply.h>
 #include <kelo/KeloTidalConstants.h>
 #include <kelosim/SimServer.h>
@@ -13,9 +14,8 @@ class Client;
 }
 
 QT_BEGIN_NAMESPACE
-/// How GoogleTest prints them.
+/// How GoogleTest prints it.
 void PrintTo(const QString& text, std::ostream* stream);
-void PrintTo(const QStringList& texts, std::ostream* stream);
 QT_END_NAMESPACE
 
 inline QString q(const char* text)
@@ -41,6 +41,9 @@ protected:
                                     const QStringList& roles = {KeloRoles::Title()});
     /// Waits for an answer; false, and a test failure, when none comes.
     static bool wait(const CMRequest& request);
+    /// Waits until so many calls to addresses that contain a text have ended, and the module has
+    /// dealt with them; false when they do not end in time.
+    bool waitForAnswers(const QString& part, int count);
     /// Sends, and waits for the answer.
     static CMSetDataRequest setAndWait(const QString& path, const QVariant& value = 1);
     /// These wait first. The message of the error that a request is answered with; empty for none.
@@ -58,6 +61,9 @@ protected:
                               const QStringList& roles = allRoles());
     /// Where the context menu of a row leads.
     static CMPath menuOf(const KeloRoles& row);
+
+private:
+    const quint64 m_callsBefore = HttpCallLog::instance().lastNumber();
 };
 
 /// With a service that answers what the test says; session and subscription of user 4005 unless it

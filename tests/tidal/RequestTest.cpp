@@ -19,6 +19,7 @@ protected:
         m_service.script("/playlists/u", {{200, R"({"uuid":"u-9"})", "\"17 2\""}});
         m_service.script("/favorites/", {{200, R"({"items":[{"item":null},{"item":{"id":"12"}},
                                                            {"item":{"id":1.5}},{"item":{"id":7}}]})"}});
+        m_service.script("/users/4005/playlists", {{201, R"({"uuid":"u-9"})", "\"17 2\""}});
         // The second and the last: they may be played, and it is said which ones they are.
         m_service.script("/albums/77/tracks",
                          {{200, R"({"items":[{"id":1},{"id":2,"allowStreaming":true},
@@ -109,9 +110,12 @@ TEST_F(RequestTest, EditsAreSentStepByStep)
               {"POST /users/4005/favorites/playlists?countryCode=NO uuid=u-7"}},
              {"/tidal/context/favorites?type=Tracks&id=1%26x%3D2%25",
               {"POST /users/4005/favorites/tracks?countryCode=NO trackId=1%26x%3D2%25"}},
-             {"/tidal/createPlaylist/accept",
+             {"/tidal/createPlaylist/accept?type=Tracks&id=7",
               {"POST /users/4005/playlists?countryCode=NO "
-               "title=a%26b%3Dc%25d%2Be%20%22%0A%C3%A5&description=x%20y"}},
+               "title=a%26b%3Dc%25d%2Be%20%22%0A%C3%A5&description=x%20y",
+               "GET /playlists/u-9?countryCode=NO",
+               "POST /playlists/u-9/tracks?countryCode=NO [\"172\"] trackIds=7&toIndex=-1",
+               reread}},
              {"/tidal/updatePlaylists/accept?id=u-1",
               {"POST /playlists/u-1?countryCode=NO title=t"}},
              // A form that was opened for no playlist.
