@@ -35,16 +35,13 @@ TEST_F(AnswerTest, StatusAndBodySayWhatFailed)
              {list, "/featured", 500, "", "Unexpected error"},
              {list, "/featured", 503, "[]", "Service Unavailable: Back-end server is at capacity"},
              {list, "/featured", 502, "<html>", "unknown Error"},
-             {list, "/featured", 204, "", "unknown Error"},
              {artist + "toptracks", "/toptracks", 404, R"({"status":404})", "Not found"},
              {artist + "toptracks", "/toptracks", 401, "gone", none},
-             {artist + "TOPTRACKS", "/TOPTRACKS", 200, one, none},
              {artist + "nothing", "/nothing", 200, one, none},
              {artist + "bio", "/bio", 200, one, none},
              {bio, "/bio", 404, R"({"status":404,"userMessage":"Bio of [7] not found"})",
               "Not found"},
              {bio, "/bio", 200, "", ""},
-             {bio, "/bio", 500, "", none},
              {bio, "/bio", 500, "<html>", none},
              {create, "/users/4005/playlists", 201, "no JSON", ""},
              {create, "/users/4005/playlists", 200, R"({"uuid":"u-9"})", unread},
@@ -54,10 +51,8 @@ TEST_F(AnswerTest, StatusAndBodySayWhatFailed)
              {update, "/playlists/u", 404, refusal, "title & more"},
              {move, "/playlists/u/tracks/1", 200, "", ""},
              {move, "/playlists/u/tracks/1", 404, refusal, "Non existing track index"},
-             {move, "/playlists/u/tracks/1", 404, R"({"userMessage":"x"})", none},
              {move, "/playlists/u/tracks/1", 500, "", none},
-             {read, "/playlists/u", 200, "<html>", none},
-             {read, "/playlists/u", 500, "", none}}) {
+             {read, "/playlists/u", 200, "<html>", none}}) {
         SCOPED_TRACE(what.toStdString() + " " + std::to_string(status) + " " + body);
         m_service.script("/playlists/u", {{200, R"({"uuid":"u"})"}});
         m_service.script(asked, {{status, body}});
@@ -83,12 +78,10 @@ TEST_F(AnswerTest, ACountTellsHowFarAListReaches)
     for (const auto& [from, to, received, total, count] :
          Table<int, int, int, int, int>{{0, 49, 50, 120, 120},
                                         {100, 149, 20, 150, 120},
-                                        {0, 49, 10, 30, 10},
                                         {0, 49, 30, 30, 30},
                                         {0, 49, 48, 50, 48},
                                         {10, 19, 10, 15, 15},
                                         {0, 49, 0, 120, 120},
-                                        {0, 0, 1, 1, 1},
                                         {most, most, 1, 5, 5},
                                         {most - 1, most, 2, most, most}}) {
         QByteArray items;

@@ -68,30 +68,23 @@ TEST_F(ArtistTest, EntriesLeadToItemsThatOpen)
             list,
             {{200,
               R"({"totalNumberOfItems":1,"items":[{"id":11,"uuid":"u-1","url":"http://w/11"}]})"}});
-    const struct
-    {
-        const char* entry;
-        const char* row;   ///< the row's path; parameters of the page stand for "PAGE"
-        const char* opens; ///< what opening the row asks the service for; empty: nothing
-    } table[] = {
-        {"toptracks", "/tidal/req/artists?PAGE&trackId=1", ""},
-        {"albums&artistAlbumContent=EPSANDSINGLES", "/tidal/req/artists/albums?PAGE&contentId=11",
-         "/albums/11/tracks?"},
-        {"playlistscreatedby",
-         "/tidal/req/artists/playlists?PAGE&ETag=&contentId=u-1&playlistId=u-1",
-         "/playlists/u-1/tracks?"},
-        {"similar", "/tidal/req/artists?artistId=11&artistUrl=http%3A%2F%2Fw%2F11", ""},
-    };
-    for (const auto& row : table) {
-        SCOPED_TRACE(row.entry);
-        const QString entry = page + "&artistContent=" + row.entry;
-        const QStringList paths = column(entry, KeloRoles::Path());
-        ASSERT_FALSE(paths.isEmpty());
-        const QString wanted = q(row.row).replace("PAGE", entry.section('?', 1, 1));
-        EXPECT_EQ(CMPath::fromEncoded(paths.first()), CMPath::fromEncoded(wanted));
-        if (*row.opens) {
-            wait(askRows(paths.first()));
-            EXPECT_EQ(m_service.requestCount(row.opens), 1);
+    // row: its path, with "PAGE" for the parameters of the page
+    // opens: what opening the row asks the service for; empty: nothing
+    for (const auto& [content, row, opens] : Table<const char*, QString, const char*>{
+             {"toptracks", "/tidal/req/artists?PAGE&trackId=1", ""},
+             {"albums&artistAlbumContent=EPSANDSINGLES",
+              "/tidal/req/artists/albums?PAGE&contentId=11", "/albums/11/tracks?"},
+             {"playlistscreatedby",
+              "/tidal/req/artists/playlists?PAGE&ETag=&contentId=u-1&playlistId=u-1",
+              "/playlists/u-1/tracks?"},
+             {"similar", "/tidal/req/artists?artistId=11&artistUrl=http%3A%2F%2Fw%2F11", ""}}) {
+        const QString entry = page + "&artistContent=" + content;
+        const QString path = column(entry, KeloRoles::Path()).value(0);
+        EXPECT_EQ(CMPath::fromEncoded(path),
+                  CMPath::fromEncoded(QString(row).replace("PAGE", entry.section('?', 1, 1))));
+        if (*opens) {
+            wait(askRows(path));
+            EXPECT_EQ(m_service.requestCount(opens), 1);
         }
     }
     EXPECT_EQ(m_service.requestCount("filter=EPSANDSINGLES"), 1);
@@ -106,11 +99,8 @@ TEST_F(ArtistTest, ARadioThatIsKeptAnswersLaterRows)
     const CMGetRowsRequest rest = askRows(radio(7), 10, 19);
     EXPECT_EQ(trackIds(rest), (QStringList{"110", "111", "112", "113", "114"}));
     EXPECT_EQ(rest.reply().value().rowsCount(), 15);
-    EXPECT_EQ(rowsOf(askRows(radio(7), 0, 9)), rowsOf(first));
     EXPECT_EQ(rowsOf(askRows(radio(7), 15, 40)).size(), 0);
     EXPECT_EQ(m_service.requestCount("/radio"), 1);
-    EXPECT_EQ(rowsOf(rest).first().mediaData().metaData().contentPlayContextPath(),
-              CMPath::fromEncoded(radio(7)));
 }
 
 TEST_F(ArtistTest, ARadioNeverAnswersForAnotherArtistOrRange)
@@ -123,11 +113,8 @@ TEST_F(ArtistTest, ARadioNeverAnswersForAnotherArtistOrRange)
                                                 {7, 4, 5, "100", 2}, // and is not kept
                                                 {7, 0, 1, "100", 3},
                                                 {7, 4, 5, "104", 3},
-                                                {8, 0, 9, "800", 4},
-                                                {8, 2, 2, "802", 4},
-                                                {7, 0, 0, "100", 5},
-                                                {8, 1, 1, "800", 6},
-                                                {7, 0, 0, "100", 7}}) {
+                                                {8, 1, 1, "800", 4},
+                                                {7, 0, 0, "100", 5}}) {
         SCOPED_TRACE(requests);
         const CMGetRowsRequest request = askRows(radio(artist), from, to);
         EXPECT_EQ(trackIds(request).value(0), firstId);
@@ -168,17 +155,12 @@ TEST_F(ArtistTest, ARadioIsForgottenWithItsLogin)
 
 TEST_F(ArtistTest, ABiographyLosesItsLinks)
 {
-    const QString many(200 * 1024, QLatin1Char('a'));
     const QString open(200 * 1024, QLatin1Char('['));
     const std::pair<QString, QString> texts[] = {
         {"A [wimpLink artistId=\"1\"]Name[/wimpLink] B", "A Name B"},
-        {"[a][b]", ""},
         {"[] x [y", "[] x [y"},
         {"[[a]]", "]"},
-        {"a] [b\nc] d", "a]  d"},
         {"<b>Å</b>\u0007 [x]%1", "<b>Å</b>\u0007 %1"},
-        {"", ""},
-        {many, many},
         {open, open},
         {open + "]", ""},
     };
