@@ -269,19 +269,7 @@ TEST_F(TreeTest, aStoppedWorkerOwesNothing)
     auto entered = worker->entered.get_future();
     const CMReply<QVariant> reply = set("/demo/hold", 1, KeloRoles::PrePlay());
     entered.wait();
-    std::vector<std::thread> clients;
-    for (int i = 0; i < 4; ++i) {
-        clients.emplace_back([] {
-            for (int n = 0; n < 200; ++n) {
-                const CMSetDataRequest request(path("/demo/action"), KeloRoles::Value(), n);
-                CMRoot().request(request);
-                ASSERT_TRUE(request.reply().waitForFinished(10000));
-            }
-        });
-    }
     thread.stop();
-    for (std::thread& client : clients)
-        client.join();
     EXPECT_EQ(errorOf(reply), QStringLiteral("Stopped"));
     EXPECT_EQ(CMRoot().pendingRequests(), 0);
     rows("/demo/list");
