@@ -150,12 +150,6 @@ int ScheduledService::heldCount() const
     return int(m_held.size());
 }
 
-std::uint64_t ScheduledService::events() const
-{
-    std::lock_guard<std::mutex> lock(m_mutex);
-    return m_events;
-}
-
 void ScheduledService::happened()
 {
     std::lock_guard<std::mutex> lock(m_mutex);

@@ -1,5 +1,6 @@
 #pragma once
 #include "host/ScriptedServer.h"
+#include <atomic>
 #include <condition_variable>
 #include <cstdint>
 #include <map>
@@ -56,7 +57,7 @@ public:
     int heldCount() const;
 
     /// Counts what happens: requests that come, connections that end, and what others say.
-    std::uint64_t events() const;
+    std::uint64_t events() const { return m_events; }
     void happened();
     /// False when nothing more happens for a while.
     bool waitForEvent(std::uint64_t seen) const;
@@ -104,7 +105,7 @@ private:
     std::set<std::string> m_refused;              ///< tokens that an answer has refused
     std::set<std::string> m_owed;                 ///< those of them that the module has to report
     ServiceMood m_mood;
-    std::uint64_t m_events = 0;
+    std::atomic<std::uint64_t> m_events{0}; ///< grows with the mutex held
     std::string m_wrong;
     ScriptedServer m_server{[this](const std::string& text, int fd) { return take(text, fd); },
                             [this](int fd) { ended(fd); }};

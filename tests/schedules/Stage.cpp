@@ -92,7 +92,6 @@ void Stage::stopWorker()
 
 std::string Stage::play(const Schedule& schedule)
 {
-    m_phase = "beginning";
     const int livingBefore = CMRequestData::living();
     m_service.begin(schedule.mood);
     m_logins = {};
@@ -104,12 +103,10 @@ std::string Stage::play(const Schedule& schedule)
         deadlines.rows = deadlines.data = deadlines.set = std::chrono::milliseconds(1);
     CMRoot().setDeadlines(deadlines);
 
-    m_phase = "playing the steps";
     for (const Step& step : schedule.steps)
         play(step);
     waitForClients();
 
-    m_phase = "waiting for the answers";
     CMRoot().setDeadlines(CMDeadlines());
     m_service.behave();
     settle();
@@ -138,7 +135,6 @@ std::string Stage::play(const Schedule& schedule)
         }
     }
 
-    m_phase = "looking at the answers";
     std::string wrong = verdict(isCalm(schedule));
     for (std::size_t i = last; i < m_asked.size() && wrong.empty(); ++i) {
         if (m_asked[i].request.reply().error().isSet())
@@ -146,7 +142,6 @@ std::string Stage::play(const Schedule& schedule)
                     m_asked[i].request.reply().error().message().toStdString();
     }
     m_asked.clear();
-    m_phase = "stopping";
     logout();
     stopWorker();
     if (wrong.empty() && CMRequestData::living() != livingBefore)

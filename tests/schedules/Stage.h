@@ -15,8 +15,6 @@ public:
 
     /// What went wrong; empty when nothing did.
     std::string play(const Schedule& schedule);
-    /// What the stage is doing, for when it does not come back. Any thread.
-    const char* phase() const { return m_phase; }
 
 private:
     /// What is known about the answer of a request; outlives the schedule if need be.
@@ -68,5 +66,4 @@ private:
     bool m_isLoggedIn = false;
     std::mutex m_mutex; ///< guards the next
     std::vector<Asked> m_asked;
-    std::atomic<const char*> m_phase{""};
 };

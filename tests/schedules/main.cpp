@@ -1,5 +1,5 @@
 // Plays random schedules: --seed=S is the first one's number, --count=N how many follow each other,
-// --print shows them, --log the module's log. The exit status is 1 when something was wrong.
+// --log shows the module's log. The exit status is 1 when something was wrong.
 #include "Stage.h"
 #include <algorithm>
 #include <csignal>
@@ -18,15 +18,13 @@ constexpr unsigned patienceS = 30;
 #endif
 
 std::atomic<std::uint64_t> currentSeed{0};
-Stage* currentStage = nullptr;
 
 /// For a schedule that does not come back, or ends in an assertion: says which one it was.
 void onSignal(int signal)
 {
     char text[256];
-    const int size = std::snprintf(text, sizeof text, "signal %d in schedule --seed=%llu, %s\n",
-                                   signal, static_cast<unsigned long long>(currentSeed.load()),
-                                   currentStage ? currentStage->phase() : "");
+    const int size = std::snprintf(text, sizeof text, "signal %d in schedule --seed=%llu\n", signal,
+                                   static_cast<unsigned long long>(currentSeed.load()));
     if (::write(STDERR_FILENO, text, std::size_t(size)) != size || signal == SIGALRM)
         ::_exit(1);
     std::signal(signal, SIG_DFL);
@@ -74,12 +72,10 @@ int main(int argc, char** argv)
     QCoreApplication app(argc, argv);
     std::uint64_t seed = 1;
     std::uint64_t count = 1;
-    bool isPrinting = false;
     log4cplus::Logger::getRoot().setLogLevel(log4cplus::OFF_LOG_LEVEL);
     for (int i = 1; i < argc; ++i) {
         seed = numberAfter(argv[i], "--seed=", seed);
         count = numberAfter(argv[i], "--count=", count);
-        isPrinting = isPrinting || std::strcmp(argv[i], "--print") == 0;
         if (std::strcmp(argv[i], "--log") == 0) {
             log4cplus::BasicConfigurator(log4cplus::Logger::getDefaultHierarchy(), true)
                 .configure();
@@ -89,13 +85,10 @@ int main(int argc, char** argv)
     std::signal(SIGALRM, onSignal);
     std::signal(SIGABRT, onSignal);
     Stage stage;
-    currentStage = &stage;
     int wrong = 0;
     for (std::uint64_t i = 0; i < count && wrong < 10; ++i) {
         currentSeed = seed + i;
         const Schedule schedule(currentSeed);
-        if (isPrinting)
-            std::fputs(schedule.toString().c_str(), stdout);
         const std::string fault = played(stage, schedule);
         if (fault.empty())
             continue;

@@ -84,12 +84,8 @@ TEST_F(AnswerTest, ACountTellsHowFarAListReaches)
                                         {0, 49, 0, 120, 120},
                                         {most, most, 1, 5, 5},
                                         {most - 1, most, 2, most, most}}) {
-        QByteArray items;
-        for (int i = 0; i < received; ++i)
-            items += i ? ",{}" : "{}";
         const auto request = answered("/tidal/req/albums?contentId=1", from, to,
-                                      "{\"totalNumberOfItems\":" + QByteArray::number(total) +
-                                          ",\"items\":[" + items + "]}");
+                                      pageOf(many("{}", received), total));
         EXPECT_EQ(request.reply().value().rowsCount(), count)
             << from << "-" << to << " received " << received << " of " << total;
         EXPECT_EQ(rowsOf(request).size(), received);

@@ -1,6 +1,7 @@
 #include "ModuleTest.h"
 #include <chrono>
 #include <httplib.h>
+#include <log4cplus/logger.h>
 #include <QJsonDocument>
 
 namespace {
@@ -28,6 +29,24 @@ void PrintTo(const QString& text, std::ostream* stream)
     *stream << '"' << text.toStdString() << '"';
 }
 QT_END_NAMESPACE
+
+QByteArray pageOf(const QByteArray& items, int total)
+{
+    return "{\"totalNumberOfItems\":" + QByteArray::number(total) + ",\"items\":[" + items + "]}";
+}
+
+QByteArray many(const QByteArray& item, int count, int first)
+{
+    QByteArrayList items;
+    for (int i = first; i < first + count; ++i)
+        items << QByteArray(item).replace("%", QByteArray::number(i));
+    return items.join(',');
+}
+
+ModuleTest::ModuleTest()
+{
+    log4cplus::Logger::getRoot().setLogLevel(log4cplus::OFF_LOG_LEVEL);
+}
 
 void ModuleTest::TearDown()
 {
@@ -244,15 +263,15 @@ QStringList SimulatedTest::requestLog()
     return lines;
 }
 
-OpenRows::OpenRows(const QString& path) : m_notices(std::make_shared<Notices>())
+OpenRows::OpenRows(const QString& path)
 {
-    m_id = CMRoot().openRows(CMPath::fromEncoded(path), [notices = m_notices](const auto& notice) {
-        std::lock_guard<std::mutex> lock(notices->mutex);
+    m_id = CMRoot().openRows(CMPath::fromEncoded(path), [this](const auto& notice) {
+        std::lock_guard<std::mutex> lock(m_mutex);
         QString text = notice.change.toStringList().join(' ');
         if (notice.count >= 0)
             text += QString(" of %1").arg(notice.count);
-        notices->texts.append(text);
-        notices->changed.notify_all();
+        m_notices.append(text);
+        m_changed.notify_all();
     });
 }
 
@@ -263,14 +282,14 @@ OpenRows::~OpenRows()
 
 QString OpenRows::next()
 {
-    std::unique_lock<std::mutex> lock(m_notices->mutex);
-    m_notices->changed.wait_for(lock, std::chrono::milliseconds(patienceMs),
-                                [this] { return !m_notices->texts.isEmpty(); });
-    return m_notices->texts.isEmpty() ? QString() : m_notices->texts.takeFirst();
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_changed.wait_for(lock, std::chrono::milliseconds(patienceMs),
+                       [this] { return !m_notices.isEmpty(); });
+    return m_notices.isEmpty() ? QString() : m_notices.takeFirst();
 }
 
 int OpenRows::pending() const
 {
-    std::lock_guard<std::mutex> lock(m_notices->mutex);
-    return m_notices->texts.size();
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_notices.size();
 }

@@ -23,12 +23,18 @@ inline QString q(const char* text)
     return QString::fromUtf8(text);
 }
 
+/// A page of a list as the service sends it.
+QByteArray pageOf(const QByteArray& items, int total);
+/// Items that follow each other, from a text in which % stands for their numbers.
+QByteArray many(const QByteArray& item, int count, int first = 0);
+
 /// Base of the module's tests: requests as clients send them, and their answers. Tests start the
 /// module, which they find logged out or logged in and set up. Each ends with every request
 /// answered.
 class ModuleTest : public testing::Test, protected ModuleBed
 {
 protected:
+    ModuleTest();
     void TearDown() override;
     void startConfigured(const QString& token = "token-1");
 
@@ -114,12 +120,8 @@ public:
     int pending() const;
 
 private:
-    struct Notices
-    {
-        std::mutex mutex;
-        std::condition_variable changed;
-        QStringList texts;
-    };
-    std::shared_ptr<Notices> m_notices;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_changed;
+    QStringList m_notices;
     quint64 m_id;
 };
