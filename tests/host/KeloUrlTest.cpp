@@ -8,11 +8,6 @@ KeloUrl url(const char* text)
 {
     return KeloUrl(QString::fromUtf8(text));
 }
-
-QString text(const char* utf8)
-{
-    return QString::fromUtf8(utf8);
-}
 } // namespace
 
 TEST(KeloUrlTest, whatMayNotStandInAUrlIsEscapedAndWhatIsEscapedStays)
@@ -35,7 +30,7 @@ TEST(KeloUrlTest, whatMayNotStandInAUrlIsEscapedAndWhatIsEscapedStays)
 TEST(KeloUrlTest, queryItemsReplaceTheQueryAndKeepOnlyUnreservedBytes)
 {
     KeloUrl address = url("http://h/p?old=1#part");
-    address.setQueryItems({{text("a b"), text("\xc3\x85&=+#?/%20")}, {text("~-._"), QString()}});
+    address.setQueryItems({{"a b", "\xc3\x85&=+#?/%20"}, {"~-._", QString()}});
     EXPECT_EQ(address.toEncoded(),
               QByteArray("http://h/p?a%20b=%C3%85%26%3D%2B%23%3F%2F%2520&~-._=#part"));
     address.setQueryItems({});

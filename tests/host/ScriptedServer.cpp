@@ -1,20 +1,15 @@
 #include "ScriptedServer.h"
-#include <algorithm>
 #include <arpa/inet.h>
 #include <netinet/in.h>
-#include <strings.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
 std::size_t bodyLength(const std::string& head)
 {
-    const std::string name = "\r\nContent-Length:";
-    const auto at = std::search(head.begin(), head.end(), name.begin(), name.end(),
-                                [](char a, char b) { return std::tolower(a) == std::tolower(b); });
-    if (at == head.end())
-        return 0;
-    return std::stoul(head.substr(std::size_t(at - head.begin()) + name.size()));
+    const std::string name = "\r\nContent-Length: ";
+    const std::size_t at = head.find(name);
+    return at == std::string::npos ? 0 : std::stoul(head.substr(at + name.size()));
 }
 
 /// Takes the next whole request off the buffer, reading more as needed; empty at the end.

@@ -92,29 +92,6 @@ bool ModuleTest::wait(const CMRequest& request)
     return isFinished;
 }
 
-bool ModuleTest::waitForAnswers(const QString& part, int count)
-{
-    HttpCallLog& log = HttpCallLog::instance();
-    std::mutex mutex;
-    std::condition_variable ended;
-    const auto areEnough = [&] {
-        const QVector<HttpCallRecord> calls = log.recordsAfter(m_callsBefore);
-        return count <= std::count_if(calls.begin(), calls.end(), [&](const auto& call) {
-                   return call.address().contains(part);
-               });
-    };
-    const quint64 observer = log.addObserver([&](const HttpCallRecord&) {
-        std::lock_guard<std::mutex> lock(mutex);
-        ended.notify_all();
-    });
-    std::unique_lock<std::mutex> lock(mutex);
-    const bool haveCome = ended.wait_for(lock, std::chrono::milliseconds(patienceMs), areEnough);
-    lock.unlock();
-    log.removeObserver(observer);
-    settle();
-    return haveCome;
-}
-
 CMSetDataRequest ModuleTest::setAndWait(const QString& path, const QVariant& value)
 {
     const CMSetDataRequest request = set(path, value);

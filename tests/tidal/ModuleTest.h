@@ -2,7 +2,6 @@
 #include "ModuleBed.h"
 #include "ScriptedService.h"
 #include <gtest/gtest.h>
-#include <kelo/HttpCallLog.h>
 #include <kelo/KeloActionReply.h>
 #include <kelo/KeloTidalConstants.h>
 #include <kelosim/SimServer.h>
@@ -47,9 +46,6 @@ protected:
                                     const QStringList& roles = {KeloRoles::Title()});
     /// Waits for an answer; false, and a test failure, when none comes.
     static bool wait(const CMRequest& request);
-    /// Waits until so many calls to addresses that contain a text have ended, and the module has
-    /// dealt with them; false when they do not end in time.
-    bool waitForAnswers(const QString& part, int count);
     /// Sends, and waits for the answer.
     static CMSetDataRequest setAndWait(const QString& path, const QVariant& value = 1);
     /// These wait first. The message of the error that a request is answered with; empty for none.
@@ -67,9 +63,6 @@ protected:
                               const QStringList& roles = allRoles());
     /// Where the context menu of a row leads.
     static CMPath menuOf(const KeloRoles& row);
-
-private:
-    const quint64 m_callsBefore = HttpCallLog::instance().lastNumber();
 };
 
 /// With a service that answers what the test says; session and subscription of user 4005 unless it

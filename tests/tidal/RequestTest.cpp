@@ -154,13 +154,9 @@ TEST_F(RequestTest, EditsAreSentStepByStep)
 
 TEST_F(RequestTest, NothingIsSentToAnAddressThatANameWouldChange)
 {
-    const QStringList lists = {
-        "playlists?contentId=", "albums?contentId=", "artists?artistContent=albums&artistId=",
-        "artists?artistId=7&artistContent="};
+    const QStringList lists = {"albums?contentId=", "artists?artistId=7&artistContent="};
     const QStringList edits = {add + "u-1&type=Albums&id=",
-                               add + "u-1&id=1&type=",
                                add,
-                               removal + "type=Playlists&id=",
                                removal + "type=Tracks&rowNum=1&playlistId=",
                                move,
                                "/tidal/context/favorites?type=Tracks&id=",

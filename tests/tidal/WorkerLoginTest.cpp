@@ -132,42 +132,6 @@ TEST_F(WorkerLoginTest, LoggingOutClosesWhatIsOpenAndLoggingInBringsTheMenusBack
     EXPECT_EQ(m_service.requestCount("/sessions"), 2);
 }
 
-TEST_F(WorkerLoginTest, TheNewestLoginsAnswersCountWheneverTheyCome)
-{
-    const std::string sessions = "/sessions";
-    // held: the request of the set-up that is answered out of turn
-    // isOldFirst: the earlier login's answer comes first
-    for (const auto& [held, isOldFirst] :
-         {std::pair(sessions, true), {sessions, false}, {"/users/7/subscription", false}}) {
-        SCOPED_TRACE(held + (isOldFirst ? " old first" : " new first"));
-        // Each login gets the answer that belongs to its token, whatever the order.
-        m_service.script(sessions, {{200, session7}, {200, session8}});
-        const int before = m_service.requestCount(held);
-        m_service.hold(held);
-        start();
-        setLoggedIn(true);
-        const CMGetRowsRequest first = askRows("/tidal");
-        ASSERT_TRUE(m_service.waitForRequests(held, before + 1));
-        setLoggedIn(false);
-        setLoggedIn(true, "token-2");
-        const CMGetRowsRequest second = askRows("/tidal");
-        if (held == sessions) {
-            ASSERT_TRUE(m_service.waitForRequests(held, before + 2));
-            m_service.releaseOne(held, isOldFirst ? 0 : 1);
-            ASSERT_TRUE(waitForAnswers("/sessions", before + 1));
-        }
-        if (!isOldFirst) {
-            EXPECT_EQ(errorOf(second), "") << "without the earlier login's answer";
-            EXPECT_EQ(errorOf(first), "");
-        }
-        m_service.releaseAll(held);
-        EXPECT_EQ(errorOf(first), "");
-        EXPECT_EQ(errorOf(second), "");
-        onWorker([](TidalHandler& handler) { EXPECT_EQ(handler.getAccount().userId(), 8); });
-        logOutAndStop();
-    }
-}
-
 TEST_F(WorkerLoginTest, ATokenIsReportedAsRefusedOnceWhateverCarriedIt)
 {
     startConfigured();

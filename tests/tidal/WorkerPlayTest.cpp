@@ -1,5 +1,6 @@
 #include "ModuleTest.h"
 #include "Table.h"
+#include <kelo/HttpCallLog.h>
 
 namespace {
 const char* const trackPath = "/tracks/12";
@@ -54,6 +55,32 @@ protected:
     {
         return set("/tidal/playId", QVariantHash{{"id", id}});
     }
+    /// Waits until so many calls to addresses that contain a text have ended, and the module has
+    /// dealt with them; false when they do not end in time.
+    bool waitForAnswers(const QString& part, int count)
+    {
+        HttpCallLog& log = HttpCallLog::instance();
+        std::mutex mutex;
+        std::condition_variable ended;
+        const auto areEnough = [&] {
+            const QVector<HttpCallRecord> calls = log.recordsAfter(m_callsBefore);
+            return count <= std::count_if(calls.begin(), calls.end(), [&](const auto& call) {
+                       return call.address().contains(part);
+                   });
+        };
+        const quint64 observer = log.addObserver([&](const HttpCallRecord&) {
+            std::lock_guard<std::mutex> lock(mutex);
+            ended.notify_all();
+        });
+        std::unique_lock<std::mutex> lock(mutex);
+        const bool haveCome = ended.wait_for(lock, std::chrono::seconds(20), areEnough);
+        lock.unlock();
+        log.removeObserver(observer);
+        settle();
+        return haveCome;
+    }
+
+    const quint64 m_callsBefore = HttpCallLog::instance().lastNumber();
 };
 
 TEST_F(WorkerPlayTest, PlaysWhateverAnswerComesFirstAndFailsInOneWay)
