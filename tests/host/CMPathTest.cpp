@@ -14,14 +14,12 @@ CMPath path(const char* encoded)
 
 TEST(CMPathTest, encodedTextBringsEveryPathBackUnchanged)
 {
-    CMPath hostile(QStringLiteral("/a b/ä?#%41/\u4e2d"));
-    hostile.addParam(QStringLiteral("query"),
-                     QStringLiteral("AC/DC & \"x\" = ? # %20 + \U0001F3B5\n"));
-    hostile.addParam(QStringLiteral("k&=ey"), QString());
-    hostile.addParam(QStringLiteral("zz"), QStringLiteral("~-._"));
-    hostile.addParam(QStringLiteral("zero"), QString(1, QChar(0)) + QStringLiteral("x"));
-    const CMPath samples[] = {CMPath(), CMPath(QStringLiteral("/tidal")),
-                              CMPath(QStringLiteral("a//b/")), hostile};
+    CMPath hostile("/a b/ä?#%41/\u4e2d");
+    hostile.addParam("query", "AC/DC & \"x\" = ? # %20 + \U0001F3B5\n");
+    hostile.addParam("k&=ey", QString());
+    hostile.addParam("zz", "~-._");
+    hostile.addParam("zero", QString(1, QChar(0)) + "x");
+    const CMPath samples[] = {CMPath(), CMPath("/tidal"), CMPath("a//b/"), hostile};
     for (const CMPath& sample : samples) {
         bool ok = false;
         EXPECT_EQ(CMPath::fromEncoded(sample.toEncoded(), &ok), sample);
@@ -29,7 +27,7 @@ TEST(CMPathTest, encodedTextBringsEveryPathBackUnchanged)
         for (const QChar c : sample.toEncoded())
             EXPECT_TRUE(c.unicode() > 0x20 && c.unicode() < 0x7f);
     }
-    EXPECT_EQ(path("/x?b=2&a=1").toEncoded(), QStringLiteral("/x?a=1&b=2"));
+    EXPECT_EQ(path("/x?b=2&a=1").toEncoded(), "/x?a=1&b=2");
 }
 
 TEST(CMPathTest, brokenEncodedTextIsRefused)
@@ -44,11 +42,11 @@ TEST(CMPathTest, brokenEncodedTextIsRefused)
 TEST(CMPathTest, theBaseAloneDecidesContainsAndWholeSegmentsDecideStartsWith)
 {
     const CMPath album = path("/tidal/req/albums?contentId=5&query=context");
-    EXPECT_FALSE(album.contains(QStringLiteral("context")));
-    EXPECT_TRUE(album.contains(QStringLiteral("q/alb")));
+    EXPECT_FALSE(album.contains("context"));
+    EXPECT_TRUE(album.contains("q/alb"));
     QString rest;
     EXPECT_TRUE(album.startsWith(path("/tidal/req"), &rest));
-    EXPECT_EQ(rest, QStringLiteral("/albums"));
+    EXPECT_EQ(rest, "/albums");
     EXPECT_TRUE(album.startsWith(path("/tidal/req/?contentId=5")));
     EXPECT_FALSE(album.startsWith(path("/tidal/req?contentId=6")));
     EXPECT_FALSE(album.startsWith(path("/tidal/re")));
@@ -58,21 +56,21 @@ TEST(CMPathTest, theBaseAloneDecidesContainsAndWholeSegmentsDecideStartsWith)
 
 TEST(CMPathTest, joiningAddsOneSlashAndAppendingAddsNone)
 {
-    CMPath joined(QStringLiteral("/tidal/"));
-    joined.appendSubpath(QStringLiteral("/search"));
-    EXPECT_EQ(joined.base(), QStringLiteral("/tidal/search"));
-    joined.appendSubpath(QStringLiteral("x"));
+    CMPath joined("/tidal/");
+    joined.appendSubpath("/search");
+    EXPECT_EQ(joined.base(), "/tidal/search");
+    joined.appendSubpath("x");
     EXPECT_EQ(joined.splitBase(), QStringList({"tidal", "search", "x"}));
-    EXPECT_EQ((path("/a?k=v") + QStringLiteral("//b")).toEncoded(), QStringLiteral("/a//b?k=v"));
+    EXPECT_EQ((path("/a?k=v") + "//b").toEncoded(), "/a//b?k=v");
 }
 
 TEST(CMPathTest, copiesDoNotShareLaterChangesAndEqualPathsHashAlike)
 {
     CMPath first = path("/a?k=v");
     CMPath second = first;
-    second.addParam(QStringLiteral("k"), QStringLiteral("w"));
-    second.setBase(QStringLiteral("/b"));
-    EXPECT_EQ(first.toEncoded(), QStringLiteral("/a?k=v"));
-    EXPECT_EQ(second.toEncoded(), QStringLiteral("/b?k=w"));
+    second.addParam("k", "w");
+    second.setBase("/b");
+    EXPECT_EQ(first.toEncoded(), "/a?k=v");
+    EXPECT_EQ(second.toEncoded(), "/b?k=w");
     EXPECT_EQ((QSet<CMPath>{first, path("/a?k=v"), second}).size(), 2);
 }

@@ -225,10 +225,8 @@ TEST(HttpClientTest, theReadLimitCountsDecodedBytes)
             const auto answer = rig.fetch("/", HttpClientOptions().setReadSizeLimit(limit));
             const bool fits = size == limit;
             EXPECT_EQ(answer.code, fits ? HttpClient::NoFailure : HttpClient::BodyTooLarge);
-            EXPECT_EQ(answer.status, fits ? 200 : 0);
             EXPECT_EQ(answer.body.size(), fits ? size : 0);
-            EXPECT_EQ(rig.fetch("/", HttpClientOptions()).body.size(), size)
-                << "no limit left over";
+            EXPECT_EQ(rig.fetch("/").body.size(), size) << "no limit left over";
         }
     }
 }

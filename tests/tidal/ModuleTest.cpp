@@ -176,8 +176,6 @@ SimulatedTest::SimulatedTest() : m_sim(kelosim::SimOptions())
     setService(m_sim.baseUrl());
     const std::string token = m_sim.issueToken();
     m_client = std::make_unique<httplib::Client>(m_sim.baseUrl());
-    m_client->set_keep_alive(true);
-    m_client->set_tcp_nodelay(true);
     m_client->set_default_headers({{"Authorization", "Bearer " + token}});
     startConfigured(QString::fromStdString(token));
     // The last that the module asks for by itself.

@@ -184,7 +184,6 @@ TEST_F(ResponderRowsTest, SegmentsAndParametersTellItemsAndTheirMenu)
     for (const auto& [path, key, menu] : Table<const char*, QString, const char*>{
              {"/tidal/req/featured/new/albums", album, "context"},
              {"/tidal/req/albums?contentId=1", track, "context"},
-             {"/tidal/req/x/y/tracks", track, "context"},
              {"/tidal/req/genres/Soundtracks/albums", album, "context"},
              {"/tidal/req/playlists", playlist, "context"},
              {"/tidal/search/choose/req/artists?query=albums", artist, "basecontext"},

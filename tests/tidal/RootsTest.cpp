@@ -96,9 +96,8 @@ TEST_F(RootsTest, NewListsCarryTheServicesNames)
 {
     const QStringList built = column("/tidal/new");
     give("featured", R"([{"path":"new","name":"Fresh"}])", 502);
-    for (const char* body : {"[]", R"([{"path":"masters","name":"M"},{"path":"New","name":"N"},
-                                       {"path":"new","name":""},{"name":"x"}])"})
-        give("featured", body);
+    give("featured", R"([{"path":"masters","name":"M"},{"path":"New","name":"N"},
+                         {"path":"new","name":""},{"name":"x"}])");
     EXPECT_EQ(column("/tidal/new"), built);
 
     OpenRows open("/tidal/new");
