@@ -72,15 +72,10 @@ TEST_F(RequestTest, ListsAskForWhatPathAndParametersSay)
               "/albums/a%3Fb%23c%252Fd&e=/tracks?countryCode=NO&offset=0&limit=1"},
              {"/tidal/search/choose/req/tracks?query=AC%2FDC%20%26%20%C3%A5", 0, 0,
               "/search/tracks?query=AC%2FDC%20%26%20%C3%A5&countryCode=NO&offset=0&limit=1"},
-             {"/tidal/myMusic/req/favorites/users/tracks", 2, 51,
-              "/users/4005/favorites/tracks?countryCode=NO&offset=2&orderDirection=ASC&limit=50"
-              "&order=NAME&filter=ALL"},
              // The first two rows of a chooser are the module's own.
              {"/tidal/context/addToPlaylists/req/created/users/playlists", 2, 51,
               "/users/4005/playlists?countryCode=NO&offset=0&orderDirection=ASC&limit=50"
               "&order=NAME&filter=ALL"},
-             {"/tidal/req/artists?artistId=9&artistContent=albums&artistAlbumContent=ALBUMS", 0, 9,
-              "/artists/9/albums?countryCode=NO&offset=0&filter=ALBUMS&limit=10"},
              {"/tidal/req/artists?artistId=9&artistContent=radio", 3, 9,
               "/artists/9/radio?countryCode=NO&offset=3&filter=&limit=50"}}) {
         errorOf(askRows(path, from, to));

@@ -9,10 +9,10 @@ const char* const streamPath = "/tracks/12/playbackinfopostpaywall";
 
 using Answer = ScriptedService::Answer;
 
-Answer track(int id, const std::string& title = "Song")
+Answer track(int id)
 {
-    return {200, "{\"id\":" + std::to_string(id) + ",\"title\":\"" + title +
-                     R"(","artist":{"name":"Her"},"album":{"title":"It","cover":"ab-cd-ef"}})"};
+    return {200, "{\"id\":" + std::to_string(id) + R"(,"title":"Song","artist":{"name":"Her"},
+                     "album":{"title":"It","cover":"ab-cd-ef"}})"};
 }
 
 Answer stream(const std::string& trackId, const QByteArray& manifest,
