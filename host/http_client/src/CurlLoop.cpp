@@ -9,8 +9,6 @@
 namespace {
 /// Most connections kept open for later calls, to all servers together.
 constexpr long maxKeptConnections = 16;
-/// Most connections to one server at a time; further calls wait.
-constexpr long maxHostConnections = 32;
 
 qint64 nowMs()
 {
@@ -52,7 +50,6 @@ CurlLoop::CurlLoop(const Done& done) : m_multi(curl_multi_init()), m_done(done)
     curl_multi_setopt(m_multi, CURLMOPT_SOCKETFUNCTION, &CurlLoop::socketCallback);
     curl_multi_setopt(m_multi, CURLMOPT_SOCKETDATA, this);
     curl_multi_setopt(m_multi, CURLMOPT_MAXCONNECTS, maxKeptConnections);
-    curl_multi_setopt(m_multi, CURLMOPT_MAX_HOST_CONNECTIONS, maxHostConnections);
 }
 
 CurlLoop::~CurlLoop()

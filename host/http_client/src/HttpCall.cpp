@@ -14,6 +14,8 @@ constexpr curl_off_t maxReserve = 1024 * 1024;
 /// Room behind a body, so that a reader that wants padding need not copy it.
 constexpr int bodyPadding = 64;
 constexpr long connectTimeoutMs = 30000;
+/// After this time a call may be one that hangs, and others ask for themselves.
+constexpr std::chrono::seconds longestJoined{3};
 constexpr long receiveBufferBytes = 64 * 1024;
 
 /// What the environment excludes from its proxy, and loopback.
@@ -116,14 +118,39 @@ HttpClient::Failure HttpCall::prepare(quintptr id, Method method, const KeloUrl&
         return HttpClient::TransferFailed;
     curl_easy_setopt(m_easy, CURLOPT_URL, url.toEncoded().constData());
     setMethod(method);
-    setTimeout();
     return HttpClient::NoFailure;
 }
 
-void HttpCall::setReceiver(QObject* receiver, const char* member)
+bool HttpCall::answers(const HttpClientOptions& options) const
 {
-    m_receiver = receiver;
-    m_member = member;
+    return std::chrono::steady_clock::now() - m_started < longestJoined &&
+           m_options.headers().fields() == options.headers().fields() &&
+           m_options.timeoutMs() == options.timeoutMs() &&
+           m_options.readSizeLimit() == options.readSizeLimit() &&
+           m_options.followsRedirects() == options.followsRedirects();
+}
+
+void HttpCall::addRecipient(quintptr id, QObject* receiver, const char* member,
+                            const HttpClientPrivate& userData)
+{
+    m_recipients.push_back({id, receiver, member, userData});
+}
+
+bool HttpCall::abort(quintptr id)
+{
+    const auto found = std::find_if(m_recipients.begin(), m_recipients.end(),
+                                    [id](const Recipient& one) { return one.id == id; });
+    deliver(*found, HttpClient::Aborted, QByteArray(), HttpClientHeaders());
+    m_recipients.erase(found);
+    return !m_recipients.empty();
+}
+
+std::vector<quintptr> HttpCall::recipients() const
+{
+    std::vector<quintptr> ids;
+    for (const Recipient& recipient : m_recipients)
+        ids.push_back(recipient.id);
+    return ids;
 }
 
 bool HttpCall::setHeaders(Method method, const HttpClientHeaders& headers)
@@ -161,7 +188,7 @@ void HttpCall::setMethod(Method method)
     curl_easy_setopt(m_easy, CURLOPT_CUSTOMREQUEST, method == Method::Delete ? "DELETE" : nullptr);
 }
 
-/// What is left of the call's time, at least a moment: curl takes zero for no limit.
+/// At least a moment: curl takes zero for no limit.
 void HttpCall::setTimeout()
 {
     using namespace std::chrono;
@@ -297,16 +324,25 @@ HttpCallRecord HttpCall::record(HttpClient::Failure failure) const
 
 void HttpCall::deliver(HttpClient::Failure failure) const
 {
-    if (!m_receiver)
-        return;
     const bool isWhole = failure == HttpClient::NoFailure;
+    const QByteArray body = isWhole ? m_body : QByteArray();
+    const HttpClientHeaders headers = isWhole ? answerHeaders() : HttpClientHeaders();
+    for (const Recipient& recipient : m_recipients)
+        deliver(recipient, failure, body, headers);
+}
+
+void HttpCall::deliver(const Recipient& recipient, HttpClient::Failure failure,
+                       const QByteArray& body, const HttpClientHeaders& headers) const
+{
+    if (!recipient.receiver)
+        return;
     const bool isInvoked = QMetaObject::invokeMethod(
-        m_receiver.data(), m_member.constData(), Qt::QueuedConnection, Q_ARG(KeloUrl, m_url),
-        Q_ARG(HttpClientPrivate, m_options.userData()), Q_ARG(int, status(failure)),
-        Q_ARG(int, int(failure)), Q_ARG(QByteArray, isWhole ? m_body : QByteArray()),
-        Q_ARG(HttpClientHeaders, isWhole ? answerHeaders() : HttpClientHeaders()));
+        recipient.receiver.data(), recipient.member.constData(), Qt::QueuedConnection,
+        Q_ARG(KeloUrl, m_url), Q_ARG(HttpClientPrivate, recipient.userData),
+        Q_ARG(int, status(failure)), Q_ARG(int, int(failure)), Q_ARG(QByteArray, body),
+        Q_ARG(HttpClientHeaders, headers));
     if (!isInvoked)
-        KELO_LOG("http", ERROR) << "Receiver cannot take an answer: " << m_member;
+        KELO_LOG("http", ERROR) << "Receiver cannot take an answer: " << recipient.member;
 }
 
 void HttpCall::clear()
@@ -317,8 +353,9 @@ void HttpCall::clear()
     m_url = KeloUrl();
     m_requestBody.clear();
     m_options = HttpClientOptions();
-    m_receiver.clear();
+    m_recipients.clear();
     m_body = QByteArray();
     m_headerBlock.clear();
     m_isBodyTooLarge = false;
+    m_isRunning = false;
 }

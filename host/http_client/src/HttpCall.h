@@ -4,9 +4,11 @@
 #include <chrono>
 #include <curl/curl.h>
 #include <QPointer>
+#include <vector>
 
-/// One HTTP call: a curl handle with its request, and what has come of the answer. Owned by the
-/// client, which uses it again when the call has ended. It neither runs the transfer nor delivers.
+/// One HTTP call: a curl handle with its request, and what has come of the answer, which may have
+/// several recipients. Owned by the client, which uses it again when the call has ended. It neither
+/// runs the transfer nor delivers.
 class HttpCall
 {
 public:
@@ -26,7 +28,20 @@ public:
     /// Sets the request; NoFailure when it can be sent.
     HttpClient::Failure prepare(quintptr id, Method method, const KeloUrl& url,
                                 const QByteArray& body, const HttpClientOptions& options);
-    void setReceiver(QObject* receiver, const char* member);
+    /// Whether its answer is also that of a GET with these options.
+    bool answers(const HttpClientOptions& options) const;
+    /// Adds one that the answer is delivered to, by a number of its own.
+    void addRecipient(quintptr id, QObject* receiver, const char* member,
+                      const HttpClientPrivate& userData);
+    /// Takes a recipient out, which is told that its call was aborted; false when nobody is left.
+    bool abort(quintptr id);
+    std::vector<quintptr> recipients() const;
+    /// Before the call is sent, and sent again: how long it may still take.
+    void setTimeout();
+    /// curl has the call; before it waits for others.
+    void setRunning() { m_isRunning = true; }
+    bool isRunning() const { return m_isRunning; }
+    Method method() const { return m_method; }
     void setRecorded(bool isRecorded) { m_isRecorded = isRecorded; }
     /// Whether the HttpCallLog knows of the call.
     bool isRecorded() const { return m_isRecorded; }
@@ -35,7 +50,7 @@ public:
     /// Turns to the address that the answer redirects to, where it may be followed: then the call
     /// is to be sent again.
     bool redirect();
-    /// Queues the invocation of the receiver's member.
+    /// Queues the invocation of each recipient's member.
     void deliver(HttpClient::Failure failure) const;
     /// What may be shown of the call; without a number.
     HttpCallRecord record(HttpClient::Failure failure) const;
@@ -47,8 +62,17 @@ private:
     static size_t writeHeader(char* data, size_t size, size_t count, void* call);
 
     bool setHeaders(Method method, const HttpClientHeaders& headers);
+    struct Recipient
+    {
+        quintptr id;
+        QPointer<QObject> receiver;
+        QByteArray member;
+        HttpClientPrivate userData;
+    };
+
     void setMethod(Method method);
-    void setTimeout();
+    void deliver(const Recipient& recipient, HttpClient::Failure failure, const QByteArray& body,
+                 const HttpClientHeaders& headers) const;
     bool append(const char* data, int size);
     int status(HttpClient::Failure failure) const;
     HttpClientHeaders answerHeaders() const;
@@ -62,8 +86,8 @@ private:
     HttpClientOptions m_options;
     curl_slist* m_headers = nullptr; ///< curl points to it
     bool m_isRecorded = false;
-    QPointer<QObject> m_receiver;
-    QByteArray m_member;
+    bool m_isRunning = false;
+    std::vector<Recipient> m_recipients;
     std::chrono::steady_clock::time_point m_started;
     std::chrono::system_clock::time_point m_startedAt;
     int m_redirects = 0;

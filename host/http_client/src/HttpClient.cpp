@@ -2,12 +2,19 @@
 #include "CurlLoop.h"
 #include "HttpCall.h"
 #include "HttpCallLog.h"
+#include <algorithm>
+#include <deque>
 #include <kelo/KeloLog.h>
+#include <QMultiHash>
 #include <vector>
 
 namespace {
 /// Most calls under way at a time; further ones fail.
 constexpr std::size_t maxCalls = 1024;
+/// Most calls of one kind at a time, so that a part of a service that hangs keeps nobody else from
+/// it; further ones wait, and further ones still fail.
+constexpr int maxOfKind = 6;
+constexpr std::size_t maxWaitingOfKind = 250;
 /// Most ended calls whose curl handle is kept for the next one.
 constexpr std::size_t maxIdleCalls = 8;
 
@@ -22,6 +29,35 @@ void prepareLibrary()
     }();
     Q_UNUSED(isPrepared)
 }
+/// What calls have in common that one part of a service answers: method, host, and the words of
+/// the path, without the numbers and names between them.
+uint kindOf(HttpCall::Method method, const QByteArray& url)
+{
+    uint hash = uint(method);
+    uint segment = 0;
+    bool isWord = true;
+    bool isHost = true;
+    int slashes = 0;
+    const auto endSegment = [&] {
+        hash = hash * 31 + (isWord || isHost ? segment : 1);
+        isHost = slashes < 3;
+        segment = 0;
+        isWord = true;
+    };
+    for (const char c : url) {
+        if (c == '?' || c == '#')
+            break;
+        if (c == '/') {
+            ++slashes;
+            endSegment();
+            continue;
+        }
+        isWord = isWord && ((c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_');
+        segment = segment * 31 + uchar(c);
+    }
+    endSegment();
+    return hash;
+}
 } // namespace
 
 /// The calls of a client, by handle, and the curl loop that runs them.
@@ -34,16 +70,35 @@ public:
     void* start(HttpCall::Method method, const KeloUrl& url, const QByteArray& body,
                 QObject* receiver, const char* member, const HttpClientOptions& options);
     void abort(quintptr id);
-    int size() const { return int(m_calls.size()); }
+    int size() const
+    {
+        return int(std::count_if(m_calls.begin(), m_calls.end(),
+                                 [](const auto& entry) { return entry.second->isRunning(); }));
+    }
     void setRecorded(bool isRecorded) { m_isRecorded = isRecorded; }
 
 private:
     using Call = std::unique_ptr<HttpCall>;
+    /// Calls of one kind.
+    struct Lane
+    {
+        int running = 0;
+        std::deque<quintptr> waiting;
+    };
 
     Call takeCall();
+    /// The call under way whose answer is also this one's, none of them older than what was sent to
+    /// change something; null when there is none.
+    HttpCall* findSame(const KeloUrl& url, const HttpClientOptions& options);
+    /// Sends the call now, or when others of its kind have ended; false when too many wait.
+    bool enqueue(HttpCall& call);
+    void run(HttpCall& call);
+    void runNext(uint kind);
     void done(CURL* easy, CURLcode result);
-    /// Delivers and takes the handle back.
-    void end(Call call, Failure failure);
+    /// Takes the call out of the maps, delivers and takes the handle back; then its kind's next one
+    /// runs.
+    void end(quintptr id, Failure failure);
+    void finish(Call call, Failure failure);
 
     HttpVersion m_version;
     bool m_isKeepAlive;
@@ -51,6 +106,9 @@ private:
     quintptr m_lastId = 0; ///< handles are numbers that do not return, so a stale one hits no call
     CurlLoop m_loop;
     std::unordered_map<quintptr, Call> m_calls;
+    std::unordered_map<quintptr, quintptr> m_callOf; ///< which one answers a handle's call
+    QMultiHash<QByteArray, quintptr> m_reads;        ///< GETs that others may join, by address
+    std::unordered_map<uint, Lane> m_lanes;
     std::vector<Call> m_idle;
 };
 
@@ -82,62 +140,146 @@ HttpClient::Private::Call HttpClient::Private::takeCall()
     return call;
 }
 
+HttpCall* HttpClient::Private::findSame(const KeloUrl& url, const HttpClientOptions& options)
+{
+    const auto range = m_reads.equal_range(url.toEncoded());
+    for (auto read = range.first; read != range.second; ++read) {
+        HttpCall* call = m_calls.at(*read).get();
+        if (call->answers(options))
+            return call;
+    }
+    return nullptr;
+}
+
 void* HttpClient::Private::start(HttpCall::Method method, const KeloUrl& url,
                                  const QByteArray& body, QObject* receiver, const char* member,
                                  const HttpClientOptions& options)
 {
     const quintptr id = ++m_lastId;
+    const bool isRead = method == HttpCall::Method::Get;
+    if (!isRead)
+        m_reads.clear(); // what is asked from here on is to see the change
+    const bool isShared = isRead && options.isShared();
+    if (HttpCall* same = isShared ? findSame(url, options) : nullptr) {
+        same->addRecipient(id, receiver, member, options.userData());
+        m_callOf.emplace(id, same->id());
+        return reinterpret_cast<void*>(id);
+    }
     Call call = takeCall();
-    call->setReceiver(receiver, member);
+    call->addRecipient(id, receiver, member, options.userData());
     call->setRecorded(m_isRecorded);
     if (m_isRecorded)
         HttpCallLog::instance().begin();
     Failure failure = call->prepare(id, method, url, body, options);
-    if (failure == NoFailure && m_calls.size() >= maxCalls) {
-        KELO_LOG("http", ERROR) << "Too many calls under way: " << int(maxCalls);
+    if (failure == NoFailure && m_calls.size() >= maxCalls)
+        failure = TransferFailed;
+    HttpCall& added = *call;
+    if (failure == NoFailure) {
+        m_calls.emplace(id, std::move(call));
+        m_callOf.emplace(id, id);
+        if (isShared)
+            m_reads.insert(url.toEncoded(), id);
+        if (enqueue(added))
+            return reinterpret_cast<void*>(id);
+        call = std::move(m_calls.at(id));
+        m_calls.erase(id);
+        m_callOf.erase(id);
+        m_reads.remove(url.toEncoded(), id);
         failure = TransferFailed;
     }
-    if (failure != NoFailure) {
-        end(std::move(call), failure);
-    } else {
-        CURL* easy = call->easy();
-        m_calls.emplace(id, std::move(call));
-        m_loop.add(easy);
-    }
+    if (failure == TransferFailed)
+        KELO_LOG("http", ERROR) << "Not sent: " << keloUrlForLog(url.toString());
+    finish(std::move(call), failure);
     return reinterpret_cast<void*>(id);
+}
+
+bool HttpClient::Private::enqueue(HttpCall& call)
+{
+    Lane& lane = m_lanes[kindOf(call.method(), call.url().toEncoded())];
+    if (lane.running < maxOfKind) {
+        ++lane.running;
+        run(call);
+        return true;
+    }
+    if (lane.waiting.size() >= maxWaitingOfKind)
+        return false;
+    lane.waiting.push_back(call.id());
+    return true;
+}
+
+void HttpClient::Private::run(HttpCall& call)
+{
+    call.setTimeout();
+    call.setRunning();
+    m_loop.add(call.easy());
 }
 
 void HttpClient::Private::abort(quintptr id)
 {
-    const auto found = m_calls.find(id);
-    if (found == m_calls.end())
+    const auto found = m_callOf.find(id);
+    if (found == m_callOf.end())
         return;
-    Call call = std::move(found->second);
-    m_calls.erase(found);
-    m_loop.remove(call->easy());
-    end(std::move(call), Aborted);
+    const quintptr call = found->second;
+    m_callOf.erase(found);
+    if (!m_calls.at(call)->abort(id))
+        end(call, Aborted);
 }
 
 void HttpClient::Private::done(CURL* easy, CURLcode result)
 {
-    const auto found = m_calls.find(HttpCall::of(easy)->id());
-    if (found == m_calls.end())
-        return;
-    HttpCall& running = *found->second;
-    const Failure failure = running.failure(result);
-    if (failure == NoFailure && running.redirect()) {
+    HttpCall& call = *HttpCall::of(easy);
+    const Failure failure = call.failure(result);
+    if (failure == NoFailure && call.redirect()) {
         m_loop.add(easy);
         return;
     }
-    Call call = std::move(found->second);
-    m_calls.erase(found);
     if (failure != NoFailure)
-        KELO_LOG("http", WARN) << "No answer from " << keloUrlForLog(call->url().toString()) << ": "
+        KELO_LOG("http", WARN) << "No answer from " << keloUrlForLog(call.url().toString()) << ": "
                                << curl_easy_strerror(result);
-    end(std::move(call), failure);
+    end(call.id(), failure);
 }
 
-void HttpClient::Private::end(Call call, Failure failure)
+void HttpClient::Private::end(quintptr id, Failure failure)
+{
+    const auto found = m_calls.find(id);
+    Call call = std::move(found->second);
+    m_calls.erase(found);
+    for (const quintptr recipient : call->recipients())
+        m_callOf.erase(recipient);
+    m_reads.remove(call->url().toEncoded(), id);
+    if (call->method() != HttpCall::Method::Get)
+        m_reads.clear(); // they may have been answered before the change
+    const bool wasRunning = call->isRunning();
+    const uint kind = kindOf(call->method(), call->url().toEncoded());
+    if (wasRunning && failure == Aborted)
+        m_loop.remove(call->easy());
+    finish(std::move(call), failure);
+    if (wasRunning)
+        --m_lanes[kind].running;
+    runNext(kind);
+}
+
+void HttpClient::Private::runNext(uint kind)
+{
+    // A call may end while it is started, and take the lane with it.
+    for (auto lane = m_lanes.find(kind); lane != m_lanes.end(); lane = m_lanes.find(kind)) {
+        if (lane->second.running >= maxOfKind)
+            return;
+        if (lane->second.waiting.empty()) {
+            if (lane->second.running == 0)
+                m_lanes.erase(lane);
+            return;
+        }
+        const auto next = m_calls.find(lane->second.waiting.front());
+        lane->second.waiting.pop_front();
+        if (next == m_calls.end())
+            continue; // aborted while it waited
+        ++lane->second.running;
+        run(*next->second);
+    }
+}
+
+void HttpClient::Private::finish(Call call, Failure failure)
 {
     call->deliver(failure);
     if (call->isRecorded())

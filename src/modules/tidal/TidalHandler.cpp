@@ -116,7 +116,9 @@ HttpClientOptions TidalHandler::requestOptions(HttpClientPrivate userData, int t
     m_sentSetUp = m_worker->setUpNumber();
     headers.insert(QStringLiteral("Authorization"), QStringLiteral("Bearer ") + token);
     userData.setTag(m_sentTag);
+    const CMGetRowsRequest rows = userData.getCMGetRowsRequest();
     return HttpClientOptions()
+        .setShared(!rows.isNull() && !rows.reply().isNull())
         .setUserData(userData)
         .setTimeoutMs(timeoutMs)
         .setReadSizeLimit(readSizeLimit)

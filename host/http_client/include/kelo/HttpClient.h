@@ -49,6 +49,8 @@ public:
 
     /// Ends a call as Aborted; nothing for a handle that is not under way.
     void abort(void* handle);
+    /// Requests that are sent and not answered yet; neither those that wait for others of their kind
+    /// nor those that share an answer.
     int callsUnderWay() const;
     /// Whether calls from now on are recorded in the HttpCallLog; they are unless told otherwise.
     void setRecorded(bool isRecorded);

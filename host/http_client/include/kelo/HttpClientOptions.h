@@ -36,16 +36,26 @@ public:
         return *this;
     }
 
+    /// Whether a GET may be answered by an equal one that is under way and began a moment ago, with
+    /// nothing sent since that changes something.
+    HttpClientOptions& setShared(bool isShared)
+    {
+        m_isShared = isShared;
+        return *this;
+    }
+
     const HttpClientPrivate& userData() const { return m_userData; }
     int timeoutMs() const { return m_timeoutMs; }
     int readSizeLimit() const { return m_readSizeLimit; }
     const HttpClientHeaders& headers() const { return m_headers; }
     bool followsRedirects() const { return m_followsRedirects; }
+    bool isShared() const { return m_isShared; }
 
 private:
     HttpClientPrivate m_userData;
     int m_timeoutMs = 30000;
     int m_readSizeLimit = 0;
     bool m_followsRedirects = true;
+    bool m_isShared = false;
     HttpClientHeaders m_headers;
 };
