@@ -3,6 +3,7 @@
 #include "texts/TextCatalogue.h"
 
 #include <cmath>
+#include <cstring>
 #include <kelo/KeloRoles.h>
 #include <kelo/KeloValue.h>
 #include <kelo/TrString.h>
@@ -12,6 +13,48 @@ namespace {
 
 constexpr int deepest = 64;
 
+/// A UTF-8 byte sequence (RFC 3629) of the character at `from`, which moves behind it.
+char* appendUtf8(char* out, const ushort*& from, const ushort* end)
+{
+    char32_t c = *from++;
+    if (QChar::isSurrogate(c)) {
+        if (QChar::isLowSurrogate(c) || from == end || !QChar::isLowSurrogate(*from)) {
+            *out++ = '?'; // as Qt writes half a character
+            return out;
+        }
+        c = QChar::surrogateToUcs4(ushort(c), *from++);
+        *out++ = char(0xF0 | (c >> 18));
+        *out++ = char(0x80 | ((c >> 12) & 0x3F));
+        *out++ = char(0x80 | ((c >> 6) & 0x3F));
+    } else if (c >= 0x800) {
+        *out++ = char(0xE0 | (c >> 12));
+        *out++ = char(0x80 | ((c >> 6) & 0x3F));
+    } else {
+        *out++ = char(0xC0 | (c >> 6));
+    }
+    *out++ = char(0x80 | (c & 0x3F));
+    return out;
+}
+
+/// A character below blank, a quotation mark or a backslash (RFC 8259 7).
+char* appendEscaped(char* out, ushort c)
+{
+    static const char digits[] = "0123456789ABCDEF";
+    static const char from[] = "\"\\\b\f\n\r\t";
+    static const char to[] = "\"\\bfnrt";
+    *out++ = '\\';
+    if (const char* known = c == 0 ? nullptr : std::strchr(from, c)) {
+        *out++ = to[known - from];
+        return out;
+    }
+    for (const char digit : {'u', '0', '0', digits[c >> 4], digits[c & 15]})
+        *out++ = digit;
+    return out;
+}
+
+/// Room for one UTF-16 unit: an escape.
+constexpr int longestUnit = 6;
+
 } // namespace
 
 JsonText::JsonText(const TextCatalogue* texts)
@@ -19,37 +62,50 @@ JsonText::JsonText(const TextCatalogue* texts)
 {
 }
 
+bool JsonText::Writer::text(const QString& text)
+{
+    Prefix(rapidjson::kStringType);
+    const size_t room = size_t(text.size()) * longestUnit + 2;
+    char* const begin = os_->Push(room);
+    char* out = begin;
+    *out++ = '"';
+    const ushort* from = text.utf16();
+    for (const ushort* const end = from + text.size(); from < end;) {
+        const ushort c = *from;
+        if (c >= 0x80) {
+            out = appendUtf8(out, from, end);
+        } else {
+            ++from;
+            if (c < ' ' || c == '"' || c == '\\')
+                out = appendEscaped(out, c);
+            else
+                *out++ = char(c);
+        }
+    }
+    *out++ = '"';
+    os_->Pop(room - size_t(out - begin));
+    return true;
+}
+
 /// What the host's own types hold inside a variant.
-QVariant JsonText::unwrapped(const QVariant& value) const
+bool JsonText::writeOwnType(const QVariant& value, int depth)
 {
     const int type = value.userType();
-    if (type < QMetaType::User)
-        return value;
     if (type == qMetaTypeId<CMPath>())
-        return value.value<CMPath>().toEncoded();
-    if (type == qMetaTypeId<TrString>())
-        return m_texts ? value.value<TrString>().toString(*m_texts) : value.toString();
-    if (type == qMetaTypeId<KeloHash>())
-        return value.value<KeloHash>().toVariant();
-    if (type == qMetaTypeId<KeloValue>())
-        return value.value<KeloValue>().toVariant();
-    if (type == qMetaTypeId<KeloRoles>())
-        return value.value<KeloRoles>().toVariant();
-    if (type == qMetaTypeId<KeloMediaData>())
-        return value.value<KeloMediaData>().toVariant();
-    return QVariant();
-}
-
-void JsonText::key(const QString& name)
-{
-    const QByteArray utf8 = name.toUtf8();
-    m_writer.Key(utf8.constData(), rapidjson::SizeType(utf8.size()));
-}
-
-void JsonText::string(const QString& text)
-{
-    const QByteArray utf8 = text.toUtf8();
-    m_writer.String(utf8.constData(), rapidjson::SizeType(utf8.size()));
+        string(value.value<CMPath>().toEncoded());
+    else if (type == qMetaTypeId<TrString>())
+        string(m_texts ? value.value<TrString>().toString(*m_texts) : value.toString());
+    else if (type == qMetaTypeId<KeloHash>())
+        writeHash(value.value<KeloHash>().toHash(), depth);
+    else if (type == qMetaTypeId<KeloValue>())
+        writeHash(value.value<KeloValue>().toHash(), depth);
+    else if (type == qMetaTypeId<KeloRoles>())
+        writeHash(value.value<KeloRoles>().toHash(), depth);
+    else if (type == qMetaTypeId<KeloMediaData>())
+        writeHash(value.value<KeloMediaData>().toHash(), depth);
+    else
+        return false;
+    return true;
 }
 
 void JsonText::role(const QString& role, const QVariant& value)
@@ -77,30 +133,57 @@ void JsonText::field(const char* name, const QVariant& value)
     write(value, 0);
 }
 
+const QStringList& JsonText::sorted(const QVariantHash& hash, Fields& values)
+{
+    const auto hasAll = [&](const QStringList& names) {
+        values.clear();
+        for (const QString& name : names) {
+            const auto field = hash.constFind(name);
+            if (field == hash.constEnd())
+                return false;
+            values.push_back(&*field);
+        }
+        return true;
+    };
+    for (const QStringList& names : m_orders) {
+        if (names.size() == hash.size() && hasAll(names))
+            return names;
+    }
+    QStringList names = hash.keys();
+    names.sort();
+    m_orders.push_back(names);
+    hasAll(names);
+    return m_orders.back();
+}
+
 void JsonText::roles(const char* name, const QVariantHash& roles)
 {
-    QStringList names = roles.keys();
-    names.sort();
     m_writer.Key(name);
     beginObject();
-    for (const QString& role : qAsConst(names)) {
-        const QVariant value = roles.value(role);
+    Fields values;
+    const QStringList names = sorted(roles, values);
+    for (int i = 0; i < names.size(); ++i) {
+        const QVariant& value = *values[size_t(i)];
         if (!value.isValid())
             continue;
-        key(role);
-        this->role(role, value);
+        key(names.at(i));
+        role(names.at(i), value);
     }
     endObject();
 }
 
-template <class Map>
-void JsonText::writeMap(const Map& map, QStringList keys, int depth)
+void JsonText::writeHash(const QVariantHash& hash, int depth)
 {
-    keys.sort();
+    if (depth >= deepest) {
+        m_writer.Null();
+        return;
+    }
+    Fields values;
+    const QStringList names = sorted(hash, values);
     m_writer.StartObject();
-    for (const QString& name : qAsConst(keys)) {
-        key(name);
-        write(map.value(name), depth + 1);
+    for (int i = 0; i < names.size(); ++i) {
+        key(names.at(i));
+        write(*values[size_t(i)], depth + 1);
     }
     m_writer.EndObject();
 }
@@ -122,7 +205,6 @@ bool JsonText::writePlain(const QVariant& value)
     case QMetaType::Double:
     case QMetaType::Float:
         return std::isfinite(value.toDouble()) && m_writer.Double(value.toDouble());
-    case QMetaType::QString:
     case QMetaType::QByteArray:
     case QMetaType::QUrl:
         string(value.toString());
@@ -132,18 +214,23 @@ bool JsonText::writePlain(const QVariant& value)
     }
 }
 
-void JsonText::write(const QVariant& wrapped, int depth)
+void JsonText::write(const QVariant& value, int depth)
 {
-    const QVariant value = unwrapped(wrapped);
-    if (writePlain(value))
-        return;
     const int type = value.userType();
-    if (depth < deepest && type == QMetaType::QVariantHash) {
-        const QVariantHash hash = value.toHash();
-        writeMap(hash, hash.keys(), depth);
+    if (type == QMetaType::QString) {
+        string(*static_cast<const QString*>(value.constData()));
+    } else if (type == QMetaType::QVariantHash) {
+        writeHash(*static_cast<const QVariantHash*>(value.constData()), depth);
+    } else if (writePlain(value) || writeOwnType(value, depth)) {
+        return;
     } else if (depth < deepest && type == QMetaType::QVariantMap) {
         const QVariantMap map = value.toMap();
-        writeMap(map, map.keys(), depth);
+        m_writer.StartObject();
+        for (auto field = map.begin(); field != map.end(); ++field) {
+            key(field.key());
+            write(field.value(), depth + 1);
+        }
+        m_writer.EndObject();
     } else if (depth < deepest &&
                (type == QMetaType::QVariantList || type == QMetaType::QStringList)) {
         m_writer.StartArray();

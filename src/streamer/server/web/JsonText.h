@@ -1,9 +1,11 @@
 #pragma once
 #include <QJsonObject>
+#include <QStringList>
 #include <QVariant>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 #include <string>
+#include <vector>
 
 class TextCatalogue;
 
@@ -20,7 +22,7 @@ public:
     void endObject() { m_writer.EndObject(); }
     void beginArray() { m_writer.StartArray(); }
     void endArray() { m_writer.EndArray(); }
-    void key(const QString& name);
+    void key(const QString& name) { m_writer.text(name); }
     /// Any value: paths as their text, hashes and lists in depth; what has no JSON form is null.
     void field(const char* name, const QVariant& value);
     /// A role's value: as a field's, types by their names.
@@ -35,14 +37,25 @@ public:
     static std::string fromObject(const QJsonObject& object);
 
 private:
-    void string(const QString& text);
-    QVariant unwrapped(const QVariant& value) const;
-    void write(const QVariant& value, int depth);
+    void string(const QString& text) { m_writer.text(text); }
+    /// The library's writer for texts in UTF-16, which it would have copied first.
+    class Writer : public rapidjson::Writer<rapidjson::StringBuffer>
+    {
+    public:
+        using rapidjson::Writer<rapidjson::StringBuffer>::Writer;
+        bool text(const QString& text);
+    };
+    using Fields = std::vector<const QVariant*>;
+
+    bool writeOwnType(const QVariant& value, int depth);
     bool writePlain(const QVariant& value);
-    template <class Map>
-    void writeMap(const Map& map, QStringList keys, int depth);
+    void write(const QVariant& value, int depth);
+    void writeHash(const QVariantHash& hash, int depth);
+    /// The names of a hash in order, and its values in the same order.
+    const QStringList& sorted(const QVariantHash& hash, Fields& values);
 
     const TextCatalogue* m_texts;
     rapidjson::StringBuffer m_buffer;
-    rapidjson::Writer<rapidjson::StringBuffer> m_writer{m_buffer};
+    Writer m_writer{m_buffer};
+    std::vector<QStringList> m_orders; ///< names of the hashes so far: most rows have the same ones
 };
