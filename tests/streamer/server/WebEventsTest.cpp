@@ -265,19 +265,23 @@ TEST(WebEventsTest, AClientThatReadsNothingIsDroppedAndOthersGoOn)
 
 TEST(WebEventsTest, OfAStateOnlyTheLatestWaits)
 {
-    using Next = EventClient::Next;
-    const std::chrono::milliseconds soon(0);
+    int wakes = 0;
     EventClient client("id");
-    std::string text;
+    client.setWake([&] { ++wakes; });
     client.push("player", "1", true);
     client.pushFirst("player", "old");
     client.push("player", "2", true);
     client.push("rows", "a", false);
     client.push("rows", "b", false);
-    for (const char* expected :
-         {"event: player\ndata: 2\n\n", "event: rows\ndata: a\n\n", "event: rows\ndata: b\n\n"}) {
-        EXPECT_EQ(client.next(text, soon), Next::Event);
-        EXPECT_EQ(text, expected);
-    }
-    EXPECT_EQ(client.next(text, soon), Next::Nothing);
+    EXPECT_EQ(wakes, 1) << "the others come with the first";
+    EXPECT_EQ(client.take(), "event: player\ndata: 2\n\nevent: rows\ndata: a\n\n"
+                             "event: rows\ndata: b\n\n");
+    EXPECT_EQ(client.take(), "");
+    for (int i = 0; i < 256; ++i)
+        client.push("rows", "x", false);
+    EXPECT_FALSE(client.isDropped());
+    client.push("rows", "one too many", false);
+    EXPECT_TRUE(client.isDropped());
+    EXPECT_TRUE(client.isClosed());
+    EXPECT_EQ(wakes, 3);
 }

@@ -8,8 +8,13 @@ constexpr size_t mostEvents = 256;
 
 void EventClient::push(const std::string& kind, const std::string& data, bool isState)
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    add(kind, data, isState);
+    bool isNew = false;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        isNew = add(kind, data, isState);
+    }
+    if (isNew)
+        wake();
 }
 
 void EventClient::pushFirst(const std::string& kind, const std::string& data)
@@ -19,43 +24,66 @@ void EventClient::pushFirst(const std::string& kind, const std::string& data)
         add(kind, data, true);
 }
 
-void EventClient::add(const std::string& kind, const std::string& data, bool isState)
+bool EventClient::add(const std::string& kind, const std::string& data, bool isState)
 {
     if (m_isClosed)
-        return;
+        return false;
     m_kinds.insert(kind);
     if (isState && !m_events.empty() && m_events.back().kind == kind) {
         m_events.back().data = data;
-        return;
+        return false;
     }
     if (m_events.size() >= mostEvents) {
         m_isClosed = true;
         m_isDropped = true;
         m_events.clear();
-    } else {
-        m_events.push_back({kind, data});
+        return true;
     }
-    m_changed.notify_one();
+    m_events.push_back({kind, data});
+    return m_events.size() == 1;
 }
 
-EventClient::Next EventClient::next(std::string& text, std::chrono::milliseconds patience)
+std::string EventClient::take()
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    m_changed.wait_for(lock, patience, [this] { return m_isClosed || !m_events.empty(); });
-    if (m_isClosed)
-        return Next::End;
-    if (m_events.empty())
-        return Next::Nothing;
-    text = "event: " + m_events.front().kind + "\ndata: " + m_events.front().data + "\n\n";
-    m_events.pop_front();
-    return Next::Event;
+    std::string text;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    for (const Event& event : m_events)
+        text += "event: " + event.kind + "\ndata: " + event.data + "\n\n";
+    m_events.clear();
+    return text;
 }
 
 void EventClient::close()
 {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_isClosed = true;
+        m_events.clear();
+    }
+    wake();
+}
+
+bool EventClient::isClosed() const
+{
     std::lock_guard<std::mutex> lock(m_mutex);
-    m_isClosed = true;
-    m_changed.notify_one();
+    return m_isClosed;
+}
+
+void EventClient::setWake(std::function<void()> wake)
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    m_wake = std::make_shared<const std::function<void()>>(std::move(wake));
+}
+
+void EventClient::wake()
+{
+    std::shared_ptr<const std::function<void()>> wake;
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        wake = m_wake;
+    }
+    if (wake)
+        (*wake)();
 }
 
 bool EventClient::isDropped() const

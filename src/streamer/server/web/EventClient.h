@@ -2,23 +2,21 @@
 #include "OpenPaths.h"
 
 #include <chrono>
-#include <condition_variable>
 #include <deque>
+#include <functional>
+#include <memory>
 #include <mutex>
 #include <set>
 #include <string>
 
 class TextCatalogue;
 
-/// The queue of one event stream: filled by whoever has news, emptied by the thread that writes the
-/// stream. Shared by both. A client that does not keep up is dropped, since a stream with holes
+/// The queue of one event stream: filled by whoever has news, emptied by the connection that writes
+/// the stream. Shared by both. A client that does not keep up is dropped, since a stream with holes
 /// would lie about the rows.
 class EventClient
 {
 public:
-    /// What next() found: an event to write, nothing in time, or the end of the stream.
-    enum class Next { Event, Nothing, End };
-
     /// `id` names the stream in other calls; `texts` are in the client's language; `wantsRequests`:
     /// it gets the module's requests, too.
     explicit EventClient(std::string id, const TextCatalogue* texts = nullptr,
@@ -35,11 +33,16 @@ public:
     void push(const std::string& kind, const std::string& data, bool isState);
     /// Adds a state as it was found when the client came, unless a newer one was faster.
     void pushFirst(const std::string& kind, const std::string& data);
-    /// Takes the next event in its wire form, waiting for it up to the time.
-    Next next(std::string& text, std::chrono::milliseconds patience);
-    /// No more events; next() ends the stream.
+    /// Takes all events in their wire form.
+    std::string take();
+    /// No more events; the stream is to end.
     void close();
+    bool isClosed() const;
     bool isDropped() const;
+
+    /// The callback runs on any thread, with no lock held, when there is something to take or the
+    /// client is closed.
+    void setWake(std::function<void()> wake);
 
     OpenPaths& paths() { return m_paths; }
 
@@ -50,14 +53,16 @@ private:
         std::string data;
     };
 
-    void add(const std::string& kind, const std::string& data, bool isState);
+    /// With the lock held; false when nobody is to be woken.
+    bool add(const std::string& kind, const std::string& data, bool isState);
+    void wake();
 
     const std::string m_id;
     const TextCatalogue* const m_texts;
     const bool m_wantsRequests;
     OpenPaths m_paths;
     mutable std::mutex m_mutex;
-    std::condition_variable m_changed;
+    std::shared_ptr<const std::function<void()>> m_wake;
     std::deque<Event> m_events;
     std::set<std::string> m_kinds; ///< of all events so far
     bool m_isClosed = false;

@@ -5,7 +5,6 @@
 namespace {
 
 constexpr std::chrono::seconds heartbeat{15};
-constexpr std::chrono::seconds longestStep{1};
 
 } // namespace
 
@@ -19,33 +18,24 @@ EventStream::~EventStream()
     m_hub.close(m_client);
 }
 
-EventClient::Next EventStream::next(std::string& text)
+std::string EventStream::take()
 {
     const auto now = std::chrono::steady_clock::now();
-    if (!m_hasBegun) {
-        text = "retry: 3000\n\n";
-        m_lastLook = now;
-    } else if (!tellsLateAnswer(text)) {
-        const EventClient::Next next = m_client->next(text, longestStep);
-        if (next == EventClient::Next::Nothing && now - m_lastWrite >= heartbeat)
-            text = ": still here\n\n";
-        else if (next != EventClient::Next::Event)
-            return next;
-    }
+    std::string text = m_hasBegun ? lateAnswer() : "retry: 3000\n\n";
+    text += m_client->take();
+    if (text.empty() && now - m_lastWrite >= heartbeat)
+        text = ": still here\n\n";
+    if (!text.empty())
+        m_lastWrite = now;
     m_hasBegun = true;
-    m_lastWrite = now;
-    return EventClient::Next::Event;
+    return text;
 }
 
-bool EventStream::tellsLateAnswer(std::string& text)
+std::string EventStream::lateAnswer()
 {
-    const auto now = std::chrono::steady_clock::now();
-    if (now - m_lastLook < longestStep)
-        return false;
-    m_lastLook = now;
     const LateAnswer late = LateAnswer::now();
     if (late == m_late)
-        return false;
+        return {};
     m_late = late;
     JsonText json;
     json.beginObject();
@@ -54,6 +44,5 @@ bool EventStream::tellsLateAnswer(std::string& text)
         json.field("seconds", late.seconds());
     }
     json.endObject();
-    text = "event: waiting\ndata: " + json.text() + "\n\n";
-    return true;
+    return "event: waiting\ndata: " + json.text() + "\n\n";
 }

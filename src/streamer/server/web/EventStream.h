@@ -4,7 +4,7 @@
 
 /// One event stream as it is written: takes a client's events, adds what is waited for when an
 /// answer is late, and keeps the connection alive between them. Made by EventsApi; belongs to the
-/// thread that writes the stream. Its end closes the client.
+/// connection that writes it, whose end closes the client.
 class EventStream
 {
 public:
@@ -13,17 +13,20 @@ public:
     EventStream(const EventStream&) = delete;
     EventStream& operator=(const EventStream&) = delete;
 
-    /// Waits up to a second for an event, or something else to write.
-    EventClient::Next next(std::string& text);
+    /// What is to be written now; empty when there is nothing. To be asked once a second, and when
+    /// woken.
+    std::string take();
+    bool isOver() const { return m_client->isClosed(); }
+    /// The callback runs on any thread when there is something to take, or the stream is over.
+    void setWake(std::function<void()> wake) { m_client->setWake(std::move(wake)); }
 
 private:
-    /// Whether another thing is waited for than the client knows of; looks once a second.
-    bool tellsLateAnswer(std::string& text);
+    /// The event that tells of another thing that is waited for than the client knows of.
+    std::string lateAnswer();
 
     EventHub& m_hub;
     const std::shared_ptr<EventClient> m_client;
     std::chrono::steady_clock::time_point m_lastWrite;
-    std::chrono::steady_clock::time_point m_lastLook;
-    LateAnswer m_late; ///< as the client knows it
-    bool m_hasBegun = false;
+    LateAnswer m_late;       ///< as the client knows it
+    bool m_hasBegun = false; ///< something was written
 };

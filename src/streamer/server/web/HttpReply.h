@@ -20,6 +20,8 @@ struct HttpReply
     std::vector<std::pair<std::string, std::string>> headers = {};
     /// Where set, it is written instead of the body.
     std::shared_ptr<EventStream> stream = {};
+    /// A file of the page.
+    bool isAsset = false;
     /// The tree's error that the body tells of, in English at first.
     std::optional<CMError> treeError = {};
 

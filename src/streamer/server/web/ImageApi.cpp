@@ -12,7 +12,8 @@ ImageApi::ImageApi(const QString& base) : m_base(base) {}
 
 void ImageApi::addRoutes(RouteTable& routes)
 {
-    routes.add("GET", "/api/v1/image", [this](const HttpCall& call) { return image(call); });
+    routes.add("GET", "/api/v1/image",
+               [this](const HttpCall& call, const HttpAnswer& answer) { image(call, answer); });
 }
 
 /// The address is the base, letter by letter, and names of files and folders behind it that no
@@ -29,23 +30,26 @@ bool ImageApi::isAllowed(const QString& url) const
            rest.match(url.mid(m_base.size())).hasMatch();
 }
 
-HttpReply ImageApi::image(const HttpCall& call)
+void ImageApi::image(const HttpCall& call, const HttpAnswer& answer)
 {
     const std::optional<QString> url = call.parameter("url");
     if (!url || url->isEmpty())
-        return HttpReply::badRequest(QStringLiteral("url: is missing"));
+        return answer(HttpReply::badRequest(QStringLiteral("url: is missing")));
     if (!isAllowed(*url))
-        return HttpReply::problem(403, QStringLiteral("url: wanted an address of the service's "
-                                                      "pictures, which begin with %1")
-                                           .arg(m_base));
-    const ImageResult result = m_loader.load(url->toStdString());
-    if (!result.image)
-        return HttpReply::problem(result.status, result.problem);
-    HttpReply reply;
-    reply.contentType = result.image->contentType;
-    reply.body = result.image->body.toStdString();
-    // A page from elsewhere is refused by where it says to come from, so this decides about copies.
-    reply.headers = {{"Cache-Control", "private, max-age=86400"},
-                     {"Vary", "Origin, Sec-Fetch-Site"}};
-    return reply;
+        return answer(
+            HttpReply::problem(403, QStringLiteral("url: wanted an address of the service's "
+                                                   "pictures, which begin with %1")
+                                        .arg(m_base)));
+    m_loader.load(url->toStdString(), [answer](const ImageResult& result) {
+        if (!result.image)
+            return answer(HttpReply::problem(result.status, result.problem));
+        HttpReply reply;
+        reply.contentType = result.image->contentType;
+        reply.body = result.image->body.toStdString();
+        // A page from elsewhere is refused by where it says to come from, so this decides about
+        // copies.
+        reply.headers = {{"Cache-Control", "private, max-age=86400"},
+                         {"Vary", "Origin, Sec-Fetch-Site"}};
+        answer(std::move(reply));
+    });
 }

@@ -16,7 +16,7 @@ public:
     void stop() { m_loader.stop(); }
 
 private:
-    HttpReply image(const HttpCall& call);
+    void image(const HttpCall& call, const HttpAnswer& answer);
     bool isAllowed(const QString& url) const;
 
     const QString m_base;

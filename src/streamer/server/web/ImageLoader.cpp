@@ -1,10 +1,12 @@
 #include "ImageLoader.h"
 
+#include <algorithm>
+#include <QTimer>
+
 namespace {
 
 constexpr int mostFetches = 6;
-/// Who waits holds one of the server's threads, of which enough must be left for other calls.
-constexpr int mostWaiting = 20;
+constexpr int mostWaiting = 64;
 constexpr std::chrono::seconds patience{15};
 
 ImageResult problem(int status, const char* text)
@@ -24,85 +26,79 @@ ImageLoader::ImageLoader()
 
 ImageLoader::~ImageLoader()
 {
-    stop();
     m_thread.stop([this] { delete m_fetcher; });
 }
 
-ImageResult ImageLoader::load(const std::string& url)
+void ImageLoader::load(const std::string& url, Done done)
 {
-    std::unique_lock<std::mutex> lock(m_mutex);
-    if (m_isStopped)
-        return problem(503, "The streamer is stopping.");
-    if (m_waiting >= mostWaiting)
-        return problem(503, "Too many pictures are being fetched.");
-    std::shared_ptr<Flight>& known = m_flights[url];
-    if (!known) {
-        known = std::make_shared<Flight>();
-        m_queue.push_back(url);
-    }
-    const std::shared_ptr<Flight> flight = known;
-    ++m_waiting;
-    ++flight->waiting;
-    const std::vector<std::string> next = takeNext();
-    if (!next.empty()) {
-        lock.unlock();
-        fetch(next);
-        lock.lock();
-    }
-    const bool isOver =
-        m_changed.wait_for(lock, patience, [&] { return flight->isDone || m_isStopped; });
-    --m_waiting;
-    --flight->waiting;
-    if (flight->isDone)
-        return flight->result;
-    return isOver ? problem(503, "The streamer is stopping.")
-                  : problem(504, "the server of the picture did not answer in time");
+    m_thread.post([this, url, done = std::move(done)] { begin(url, done); });
 }
 
-std::vector<std::string> ImageLoader::takeNext()
+void ImageLoader::begin(const std::string& url, Done done)
 {
-    std::vector<std::string> next;
+    if (m_isStopped)
+        return done(problem(503, "The streamer is stopping."));
+    if (m_waiting >= mostWaiting)
+        return done(problem(503, "Too many pictures are being fetched."));
+    ++m_waiting;
+    const auto waiter = std::make_shared<Done>(std::move(done));
+    std::vector<Waiter>& flight = m_flights[url];
+    if (flight.empty())
+        m_queue.push_back(url);
+    flight.push_back(waiter);
+    QTimer::singleShot(patience, m_fetcher, [this, waiter] {
+        finish(waiter, problem(504, "the server of the picture did not answer in time"));
+    });
+    fetchNext();
+}
+
+void ImageLoader::finish(const Waiter& waiter, const ImageResult& result)
+{
+    if (!*waiter)
+        return;
+    --m_waiting;
+    Done done;
+    done.swap(*waiter);
+    done(result);
+}
+
+void ImageLoader::fetchNext()
+{
     while (m_running < mostFetches && !m_queue.empty()) {
         const std::string url = m_queue.front();
         m_queue.pop_front();
-        if (m_flights.at(url)->waiting == 0) {
+        const std::vector<Waiter>& flight = m_flights.at(url);
+        // Nobody is left who waits for it.
+        if (std::none_of(flight.begin(), flight.end(), [](const Waiter& one) { return !!*one; })) {
             m_flights.erase(url);
             continue;
         }
-        next.push_back(url);
         ++m_running;
+        m_fetcher->fetch(url);
     }
-    return next;
-}
-
-void ImageLoader::fetch(const std::vector<std::string>& urls)
-{
-    for (const std::string& url : urls)
-        m_thread.post([this, url] { m_fetcher->fetch(url); });
 }
 
 void ImageLoader::finished(const std::string& url, const ImageResult& result)
 {
-    std::vector<std::string> next;
-    {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        --m_running;
-        const auto flight = m_flights.find(url);
-        if (flight != m_flights.end()) {
-            flight->second->result = result;
-            flight->second->isDone = true;
-            m_flights.erase(flight);
-        }
-        next = takeNext();
+    --m_running;
+    const auto flight = m_flights.find(url);
+    if (flight != m_flights.end()) {
+        const std::vector<Waiter> waiters = std::move(flight->second);
+        m_flights.erase(flight);
+        for (const Waiter& waiter : waiters)
+            finish(waiter, result);
     }
-    m_changed.notify_all();
-    fetch(next);
+    fetchNext();
 }
 
 void ImageLoader::stop()
 {
-    std::lock_guard<std::mutex> lock(m_mutex);
-    m_isStopped = true;
-    m_queue.clear();
-    m_changed.notify_all();
+    m_thread.post([this] {
+        m_isStopped = true;
+        m_queue.clear();
+        for (const auto& [url, waiters] : std::exchange(m_flights, {})) {
+            for (const Waiter& waiter : waiters)
+                finish(waiter, problem(503, "The streamer is stopping."));
+        }
+    });
 }

@@ -2,45 +2,40 @@
 #include "ImageFetcher.h"
 #include <kelo/KeloLoopThread.h>
 
-#include <chrono>
-#include <condition_variable>
 #include <deque>
 #include <map>
-#include <mutex>
 
-/// Fetches pictures by their addresses: each once at a time however many ask, few at once. Keeps
-/// none: clients do, for a day. Owned by the picture call of the HTTP API; any thread asks and
-/// waits. Which addresses may be asked for is not its business.
+/// Fetches pictures by their addresses: each once at a time however many ask, few at once. Owned by
+/// the picture call of the HTTP API; any thread asks. Which addresses may be asked for is not its
+/// business.
 class ImageLoader
 {
 public:
+    using Done = std::function<void(const ImageResult& result)>;
+
     ImageLoader();
     ~ImageLoader();
 
-    /// Waits for the picture, at most 15 s; 503 when too many wait already, or after stop().
-    ImageResult load(const std::string& url);
+    /// `done` is called once, on the loader's thread, within 15 s; with 503 when too many wait
+    /// already, or after stop().
+    void load(const std::string& url, Done done);
     /// Ends all waiting and refuses from now on.
     void stop();
 
 private:
-    /// A picture that is being fetched, or is to be.
-    struct Flight
-    {
-        int waiting = 0; ///< when nobody is left, a fetch that has not begun does not
-        bool isDone = false;
-        ImageResult result;
-    };
+    /// Who waits; empty once it has its answer.
+    using Waiter = std::shared_ptr<Done>;
 
+    void begin(const std::string& url, Done done);
+    void finish(const Waiter& waiter, const ImageResult& result);
     void finished(const std::string& url, const ImageResult& result);
-    /// Takes what is to be fetched now from the queue; the mutex is held.
-    std::vector<std::string> takeNext();
-    void fetch(const std::vector<std::string>& urls);
+    /// Fetches what is in the queue, as long as few are being fetched.
+    void fetchNext();
 
     KeloLoopThread m_thread;
-    ImageFetcher* m_fetcher = nullptr; ///< lives on the thread, which alone uses it
-    std::mutex m_mutex;                ///< guards all below
-    std::condition_variable m_changed;
-    std::map<std::string, std::shared_ptr<Flight>> m_flights;
+    // All below lives on the thread.
+    ImageFetcher* m_fetcher = nullptr;
+    std::map<std::string, std::vector<Waiter>> m_flights; ///< what is or will be fetched
     std::deque<std::string> m_queue; ///< addresses of flights that have not begun
     int m_running = 0;
     int m_waiting = 0;

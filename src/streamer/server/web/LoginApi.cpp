@@ -62,18 +62,22 @@ void LoginApi::addRoutes(RouteTable& routes)
 {
     const std::string path = "/api/v1/login";
     routes.add("GET", path, [this](const HttpCall& call) { return state(call); });
-    routes.add("POST", path,
-               [this](const HttpCall& call) { return answer(m_login.start(), call); });
-    routes.add("DELETE", path,
-               [this](const HttpCall& call) { return answer(m_login.logout(), call); });
+    routes.add("POST", path, [this](const HttpCall& call, const HttpAnswer& answer) {
+        finish(m_login.start(), call, answer);
+    });
+    routes.add("DELETE", path, [this](const HttpCall& call, const HttpAnswer& answer) {
+        finish(m_login.logout(), call, answer);
+    });
     routes.add("GET", path + "/qr", [this](const HttpCall&) { return qrCode(); });
 }
 
-HttpReply LoginApi::answer(const CMReply<QVariant>& reply, const HttpCall& call)
+void LoginApi::finish(const CMReply<QVariant>& reply, const HttpCall& call,
+                      const HttpAnswer& answer)
 {
-    if (const CMError error = m_waiter.wait(reply); error.isSet())
-        return HttpReply::error(error);
-    return state(call);
+    m_waiter.whenFinished(reply, [this, reply, call, answer] {
+        const CMError error = reply.error();
+        answer(error.isSet() ? HttpReply::error(error) : state(call));
+    });
 }
 
 HttpReply LoginApi::state(const HttpCall& call) const

@@ -19,7 +19,8 @@ public:
 
 private:
     HttpReply state(const HttpCall& call) const;
-    HttpReply answer(const CMReply<QVariant>& reply, const HttpCall& call);
+    /// Answers with the state when the reply is finished.
+    void finish(const CMReply<QVariant>& reply, const HttpCall& call, const HttpAnswer& answer);
     /// The address to confirm the login at, as a picture to read with a telephone.
     HttpReply qrCode() const;
 

@@ -34,11 +34,11 @@ bool isChanging(const std::string& method)
 
 /// The user follows a link to the page, which opens for itself. Browsers alone can send these
 /// fields.
-bool isFollowedLink(const httplib::Request& request)
+bool isFollowedLink(const HttpRequest& request)
 {
     return request.method == "GET" && request.path.rfind("/api/", 0) != 0 &&
-           request.get_header_value("Sec-Fetch-Mode") == "navigate" &&
-           request.get_header_value("Sec-Fetch-Dest") == "document";
+           request.field("Sec-Fetch-Mode") == "navigate" &&
+           request.field("Sec-Fetch-Dest") == "document";
 }
 
 } // namespace
@@ -67,23 +67,23 @@ bool OriginGuard::isOwnHost(const std::string& header) const
     return m_names.contains(host) || (m_isBoundToAll && isAddress(host));
 }
 
-std::optional<HttpReply> OriginGuard::check(const httplib::Request& request) const
+std::optional<HttpReply> OriginGuard::check(const HttpRequest& request) const
 {
-    const std::string host = request.get_header_value("Host");
-    if (request.get_header_value_count("Host") != 1 || !isOwnHost(host))
+    const std::string host = request.field("Host");
+    if (request.fieldCount("Host") != 1 || !isOwnHost(host))
         return HttpReply::problem(403, QStringLiteral("the Host header names another server"));
-    if (request.has_header("Origin")) {
+    if (request.fieldCount("Origin") > 0) {
         // The same name and port speaks one protocol, so "https" is our own page behind a proxy.
-        const std::string origin = request.get_header_value("Origin");
+        const std::string origin = request.field("Origin");
         if (origin != "http://" + host && origin != "https://" + host)
             return HttpReply::problem(403, QStringLiteral("the page comes from another origin"));
-        if (isChanging(request.method) && request.get_header_value(sessionHeader()) != m_token) {
+        if (isChanging(request.method) && request.field(sessionHeader()) != m_token) {
             return HttpReply::problem(
                 403, QStringLiteral("the session token is missing or old; see /api/v1/session"));
         }
     } else {
         // Browsers send no Origin with plain GETs, but say where they come from.
-        const std::string site = request.get_header_value("Sec-Fetch-Site");
+        const std::string site = request.field("Sec-Fetch-Site");
         if ((site == "cross-site" || site == "same-site") && !isFollowedLink(request))
             return HttpReply::problem(403, QStringLiteral("the page comes from another origin"));
     }

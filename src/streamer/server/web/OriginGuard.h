@@ -1,7 +1,7 @@
 #pragma once
 #include "HttpReply.h"
+#include "HttpRequest.h"
 
-#include <httplib.h>
 #include <optional>
 #include <QStringList>
 
@@ -15,7 +15,7 @@ public:
     OriginGuard(const QString& boundAddress, const QStringList& names);
 
     /// The refusal; nothing when the request may pass.
-    std::optional<HttpReply> check(const httplib::Request& request) const;
+    std::optional<HttpReply> check(const HttpRequest& request) const;
     /// Made at start; sent back in the header sessionHeader().
     const std::string& sessionToken() const { return m_token; }
     static const char* sessionHeader() { return "X-Kelo-Session"; }

@@ -66,22 +66,24 @@ void PlayerApi::addRoutes(RouteTable& routes)
     routes.add("GET", path, [this](const HttpCall& call) { return state(call); });
     for (const char* name :
          {"play", "pause", "resume", "stop", "next", "previous", "seek", "volume"}) {
-        routes.add("POST", path + "/" + name, [this, name](const HttpCall& call) {
-            return command(QString::fromLatin1(name), call);
-        });
+        routes.add("POST", path + "/" + name,
+                   [this, name](const HttpCall& call, const HttpAnswer& answer) {
+                       command(QString::fromLatin1(name), call, answer);
+                   });
     }
 }
 
-HttpReply PlayerApi::command(const QString& name, const HttpCall& call)
+void PlayerApi::command(const QString& name, const HttpCall& call, const HttpAnswer& answer)
 {
     QString fault;
     const auto arguments = call.object(&fault);
     if (!arguments)
-        return HttpReply::badRequest(fault);
+        return answer(HttpReply::badRequest(fault));
     const CMReply<QVariant> reply = m_player.command(name, arguments->toVariant().toHash());
-    if (const CMError error = m_waiter.wait(reply); error.isSet())
-        return HttpReply::error(error);
-    return state(call);
+    m_waiter.whenFinished(reply, [this, reply, call, answer] {
+        const CMError error = reply.error();
+        answer(error.isSet() ? HttpReply::error(error) : state(call));
+    });
 }
 
 HttpReply PlayerApi::state(const HttpCall& call) const

@@ -17,7 +17,7 @@ public:
 
 private:
     HttpReply state(const HttpCall& call) const;
-    HttpReply command(const QString& name, const HttpCall& call);
+    void command(const QString& name, const HttpCall& call, const HttpAnswer& answer);
 
     PlayerControl& m_player;
     ReplyWaiter& m_waiter;

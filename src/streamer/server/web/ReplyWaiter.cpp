@@ -2,41 +2,53 @@
 
 #include "HttpReply.h"
 
-#include <vector>
+namespace {
 
-CMError ReplyWaiter::wait(const CMVoidReply& reply)
+void giveUp(const CMVoidReply& reply)
 {
-    if (reply.isNull())
-        return {};
-    {
-        std::unique_lock<std::mutex> lock(m_mutex);
-        if (m_isStopped) {
-            lock.unlock();
-            end(reply);
-            return reply.error();
-        }
-        m_waiting.insert(reply.data().get());
+    reply.giveUp(CMError(HttpReply::stoppingName(), QStringLiteral("The streamer is stopping.")));
+}
+
+} // namespace
+
+ReplyWaiter::ReplyWaiter(std::function<void(Then)> run)
+{
+    m_state->run = std::move(run);
+}
+
+void ReplyWaiter::whenFinished(const CMVoidReply& reply, Then then)
+{
+    if (reply.isNull()) {
+        m_state->run(std::move(then));
+        return;
     }
-    reply.waitForFinished(-1);
-    std::lock_guard<std::mutex> lock(m_mutex);
-    m_waiting.erase(m_waiting.find(reply.data().get()));
-    return reply.error();
+    quint64 id = 0;
+    bool isStopped = false;
+    {
+        std::lock_guard<std::mutex> lock(m_state->mutex);
+        id = ++m_state->lastId;
+        m_state->waiting.emplace(id, reply);
+        isStopped = m_state->isStopped;
+    }
+    reply.addWatcher(nullptr, [state = m_state, id, then = std::move(then)] {
+        {
+            std::lock_guard<std::mutex> lock(state->mutex);
+            state->waiting.erase(id);
+        }
+        state->run(then);
+    });
+    if (isStopped)
+        giveUp(reply);
 }
 
 void ReplyWaiter::stop()
 {
-    std::vector<CMVoidReply> waiting;
+    std::map<quint64, CMVoidReply> waiting;
     {
-        std::lock_guard<std::mutex> lock(m_mutex);
-        m_isStopped = true;
-        for (CMVoidReplyData* data : m_waiting)
-            waiting.emplace_back(KeloShared<CMVoidReplyData>(data));
+        std::lock_guard<std::mutex> lock(m_state->mutex);
+        m_state->isStopped = true;
+        waiting = m_state->waiting;
     }
-    for (const CMVoidReply& reply : waiting)
-        end(reply);
-}
-
-void ReplyWaiter::end(const CMVoidReply& reply)
-{
-    reply.giveUp(CMError(HttpReply::stoppingName(), QStringLiteral("The streamer is stopping.")));
+    for (const auto& [id, reply] : waiting)
+        giveUp(reply);
 }

@@ -1,22 +1,32 @@
 #pragma once
 #include <kelo/CMReply.h>
-#include <set>
+#include <map>
 
-/// Lets the server's threads wait for replies of the tree, and ends all waiting when the server
-/// stops. Owned by the web server; any thread.
+/// Tells the server's calls when replies of the tree are finished, and ends all waiting when the
+/// server stops. No thread waits meanwhile. Owned by the web server; any thread.
 class ReplyWaiter
 {
 public:
-    /// Blocks until the reply is finished: by its service, its deadline, or stop(). Returns its
-    /// error.
-    CMError wait(const CMVoidReply& reply);
+    using Then = std::function<void()>;
+
+    /// `run` runs what follows on one of the server's threads.
+    explicit ReplyWaiter(std::function<void(Then)> run);
+
+    /// Runs `then` once, later, when the reply is finished: by its service, its deadline, or
+    /// stop().
+    void whenFinished(const CMVoidReply& reply, Then then);
     /// Finishes what is waited for with an error, now and from now on.
     void stop();
 
 private:
-    static void end(const CMVoidReply& reply);
-
-    std::mutex m_mutex;
-    std::multiset<CMVoidReplyData*> m_waiting; ///< kept alive by the threads that wait
-    bool m_isStopped = false;
+    /// Kept by the replies, too, one of which may finish while the server goes.
+    struct State
+    {
+        std::function<void(Then)> run;
+        std::mutex mutex;
+        std::map<quint64, CMVoidReply> waiting;
+        quint64 lastId = 0;
+        bool isStopped = false;
+    };
+    const std::shared_ptr<State> m_state = std::make_shared<State>();
 };

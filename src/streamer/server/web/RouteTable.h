@@ -1,8 +1,7 @@
 #pragma once
 #include "HttpCall.h"
-#include "HttpReply.h"
+#include "HttpServer.h"
 
-#include <functional>
 #include <map>
 
 /// The calls that the HTTP API answers, by path and method. Owned by the web server; filled before
@@ -10,9 +9,13 @@
 class RouteTable
 {
 public:
-    using Handler = std::function<HttpReply(const HttpCall&)>;
+    /// Answers at once or later, and never waits.
+    using Handler = std::function<void(const HttpCall&, const HttpAnswer&)>;
 
     void add(const char* method, const std::string& path, Handler handler);
+    /// A call that is answered at once.
+    void add(const char* method, const std::string& path,
+             std::function<HttpReply(const HttpCall&)> handler);
     bool hasPath(const std::string& path) const { return m_routes.count(path) != 0; }
     /// The handler of a path of the table (a HEAD is answered as a GET), or one that says 405 when
     /// the path does not take the method.

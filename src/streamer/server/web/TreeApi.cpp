@@ -55,38 +55,53 @@ void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& va
 
 void TreeApi::addRoutes(RouteTable& routes)
 {
-    routes.add("GET", "/api/v1/rows", [this](const HttpCall& call) { return rows(call); });
-    routes.add("GET", "/api/v1/row", [this](const HttpCall& call) { return row(call); });
-    routes.add("GET", "/api/v1/data", [this](const HttpCall& call) { return data(call); });
-    routes.add("POST", "/api/v1/set", [this](const HttpCall& call) { return set(call); });
+    using Call = void (TreeApi::*)(const HttpCall&, const HttpAnswer&);
+    const auto add = [&](const char* method, const char* path, Call function) {
+        routes.add(method, path, [this, function](const HttpCall& call, const HttpAnswer& answer) {
+            (this->*function)(call, answer);
+        });
+    };
+    add("GET", "/api/v1/rows", &TreeApi::rows);
+    add("GET", "/api/v1/row", &TreeApi::row);
+    add("GET", "/api/v1/data", &TreeApi::data);
+    add("POST", "/api/v1/set", &TreeApi::set);
 }
 
-TreeApi::Rows TreeApi::fetch(const CMPath& path, int from, int to, const QStringList& roles)
+template <class Request, class Reply>
+void TreeApi::ask(const Request& request, const HttpAnswer& answer, Reply reply)
 {
-    Rows result;
-    qint64 next = from;
-    bool isDone = false;
-    while (!isDone) {
-        // A range that is no range is the node's to refuse, as it stands.
-        const bool isRange = from >= 0 && from <= to;
-        const int last = isRange ? int(qMin(qint64(to), next + pageSize - 1)) : to;
-        const CMGetRowsRequest request(path, int(next), last, roles);
-        CMRoot().request(request);
-        result.error = m_waiter.wait(request.reply());
-        if (result.error.isSet())
-            return result;
-        result.last = request.reply().value();
-        const QVariantList page = result.last.rows().toList();
-        result.rows += page;
-        const qint64 asked = last - next + 1;
-        next += asked;
-        isDone = !isRange || page.size() < asked || next > to || next >= result.last.rowsCount() ||
-                 result.rows.size() >= mostRows;
-    }
-    return result;
+    CMRoot().request(request);
+    m_waiter.whenFinished(request.reply(), [request, answer, reply = std::move(reply)] {
+        const CMError error = request.reply().error();
+        answer(error.isSet() ? HttpReply::error(error) : reply(request.reply().value()));
+    });
 }
 
-HttpReply TreeApi::rows(const HttpCall& call)
+void TreeApi::fetch(const std::shared_ptr<Range>& range)
+{
+    // A range that is no range is the node's to refuse, as it stands.
+    const bool isRange = range->from >= 0 && range->from <= range->to;
+    const int last = isRange ? int(qMin(qint64(range->to), range->next + pageSize - 1)) : range->to;
+    const CMGetRowsRequest request(range->path, int(range->next), last, range->roles);
+    CMRoot().request(request);
+    m_waiter.whenFinished(request.reply(), [this, request, range, isRange, last] {
+        const CMError error = request.reply().error();
+        if (error.isSet())
+            return range->then(*range, error);
+        range->last = request.reply().value();
+        const QVariantList page = range->last.rows().toList();
+        range->rows += page;
+        const qint64 asked = last - range->next + 1;
+        range->next += asked;
+        if (!isRange || page.size() < asked || range->next > range->to ||
+            range->next >= range->last.rowsCount() || range->rows.size() >= mostRows)
+            range->then(*range, error);
+        else
+            fetch(range);
+    });
+}
+
+void TreeApi::rows(const HttpCall& call, const HttpAnswer& answer)
 {
     QString fault;
     const auto path = call.path(&fault);
@@ -95,103 +110,127 @@ HttpReply TreeApi::rows(const HttpCall& call)
     const auto to = call.integer("to", lastByDefault, &fault);
     const auto roles = call.roles(itemRoles(), &fault);
     if (!path || !from || !to || !roles)
-        return HttpReply::badRequest(fault);
+        return answer(HttpReply::badRequest(fault));
 
     // Whether a row is a heading must be known to translate it.
     QStringList asked = *roles;
     if (!call.texts->isEmpty() && !asked.contains(KeloRoles::Type()))
         asked.append(KeloRoles::Type());
-    const Rows rows = fetch(*path, *from, *to, asked);
-    if (rows.error.isSet())
-        return HttpReply::error(rows.error);
-    const KeloRoles own =
-        rows.last.roles().isEmpty() ? CMRoot().servingRoles(*path) : rows.last.roles();
+    const auto range = std::make_shared<Range>(Range{*path, *from, *to, asked, *from});
+    range->then = [call, answer, roles = *roles](const Range& done, const CMError& error) {
+        answer(error.isSet() ? HttpReply::error(error) : rowsReply(call, done, roles));
+    };
+    fetch(range);
+}
 
+HttpReply TreeApi::rowsReply(const HttpCall& call, const Range& range, const QStringList& roles)
+{
+    const KeloRoles own =
+        range.last.roles().isEmpty() ? CMRoot().servingRoles(range.path) : range.last.roles();
     JsonText json(call.texts);
     json.beginObject();
-    json.field("path", path->toEncoded());
-    json.field("from", *from);
-    json.field("rowsCount", rows.last.rowsCount());
-    json.field("rowsVersion", rows.last.rowsVersion());
+    json.field("path", range.path.toEncoded());
+    json.field("from", range.from);
+    json.field("rowsCount", range.last.rowsCount());
+    json.field("rowsVersion", range.last.rowsVersion());
     json.roles("roles", own.toHash());
     json.key(QStringLiteral("rows"));
     json.beginArray();
-    const int typeAt = asked.indexOf(KeloRoles::Type());
-    for (const QVariant& row : rows.rows)
-        writeRoles(json, *roles, row.toList(), typeAt);
+    const int typeAt = range.roles.indexOf(KeloRoles::Type());
+    for (const QVariant& row : range.rows)
+        writeRoles(json, roles, row.toList(), typeAt);
     json.endArray();
     json.endObject();
     return HttpReply::json(json.text());
 }
 
-HttpReply TreeApi::row(const HttpCall& call)
+struct TreeApi::Lookup
+{
+    HttpCall call;
+    HttpAnswer answer;
+    CMPath path;
+    RowSearch search{path, RowSearch::listsOf(path)};
+    int pages = 0;
+};
+
+void TreeApi::row(const HttpCall& call, const HttpAnswer& answer)
 {
     QString fault;
     const auto path = call.path(&fault);
     if (!path)
-        return HttpReply::badRequest(fault);
-    RowSearch search(*path, RowSearch::listsOf(*path));
-    for (int pages = 0; pages < mostPages && !search.isDone(); ++pages) {
+        return answer(HttpReply::badRequest(fault));
+    lookUp(std::make_shared<Lookup>(Lookup{call, answer, *path}));
+}
+
+void TreeApi::lookUp(const std::shared_ptr<Lookup>& lookup)
+{
+    RowSearch& search = lookup->search;
+    if (!search.isDone() && ++lookup->pages <= mostPages) {
         const CMGetRowsRequest request(search.list(), search.from(), search.from() + pageSize - 1,
                                        itemRoles());
         CMRoot().request(request);
-        const CMError error = m_waiter.wait(request.reply());
-        // Most of the lists do not exist, which is no fault.
-        if (error.name() == CMError::DeadlineName() || error.name() == HttpReply::stoppingName())
-            return HttpReply::error(error);
-        search.take(RowSearch::Page(request.reply()));
+        m_waiter.whenFinished(request.reply(), [this, request, lookup] {
+            const CMError error = request.reply().error();
+            // Most of the lists do not exist, which is no fault.
+            if (error.name() == CMError::DeadlineName() ||
+                error.name() == HttpReply::stoppingName())
+                return lookup->answer(HttpReply::error(error));
+            lookup->search.take(RowSearch::Page(request.reply()));
+            lookUp(lookup);
+        });
+        return;
     }
-    if (!search.hasFound())
-        return HttpReply::problem(
-            404, QStringLiteral("no list has a row with the path %1").arg(path->toEncoded()));
-
-    JsonText json(call.texts);
+    if (!search.hasFound()) {
+        return lookup->answer(HttpReply::problem(
+            404,
+            QStringLiteral("no list has a row with the path %1").arg(lookup->path.toEncoded())));
+    }
+    JsonText json(lookup->call.texts);
     json.beginObject();
     json.field("list", search.list().toEncoded());
     json.field("index", search.index());
     json.roles("row", search.row().toHash());
     json.endObject();
-    return HttpReply::json(json.text());
+    lookup->answer(HttpReply::json(json.text()));
 }
 
-HttpReply TreeApi::data(const HttpCall& call)
+void TreeApi::data(const HttpCall& call, const HttpAnswer& answer)
 {
     QString fault;
     const auto path = call.path(&fault);
     const auto roles = call.roles(dataRoles(), &fault);
     if (!path || !roles)
-        return HttpReply::badRequest(fault);
+        return answer(HttpReply::badRequest(fault));
 
-    const CMGetDataRequest request(*path, *roles);
-    CMRoot().request(request);
-    if (const CMError error = m_waiter.wait(request.reply()); error.isSet())
-        return HttpReply::error(error);
-
-    JsonText json(call.texts);
-    json.beginObject();
-    json.field("path", path->toEncoded());
-    json.key(QStringLiteral("data"));
-    writeRoles(json, *roles, request.reply().value(), roles->indexOf(KeloRoles::Type()));
-    json.endObject();
-    return HttpReply::json(json.text());
+    ask(CMGetDataRequest(*path, *roles), answer,
+        [texts = call.texts, path = *path, roles = *roles](const QVariantList& values) {
+            JsonText json(texts);
+            json.beginObject();
+            json.field("path", path.toEncoded());
+            json.key(QStringLiteral("data"));
+            writeRoles(json, roles, values, roles.indexOf(KeloRoles::Type()));
+            json.endObject();
+            return HttpReply::json(json.text());
+        });
 }
 
-HttpReply TreeApi::set(const HttpCall& call)
+void TreeApi::set(const HttpCall& call, const HttpAnswer& answer)
 {
     QString fault;
     const auto body = call.object(&fault);
     if (!body)
-        return HttpReply::badRequest(fault);
+        return answer(HttpReply::badRequest(fault));
     if (!body->value("path").isString())
-        return HttpReply::badRequest(QStringLiteral("path: wanted a text"));
+        return answer(HttpReply::badRequest(QStringLiteral("path: wanted a text")));
     const auto path = HttpCall::readPath(body->value("path").toString(), &fault);
     if (!path)
-        return HttpReply::badRequest(fault);
+        return answer(HttpReply::badRequest(fault));
     const KeloJson roleText = body->value("role");
     if (!roleText.isNull() && (!roleText.isString() || roleText.toString().isEmpty()))
-        return HttpReply::badRequest(QStringLiteral("role: wanted a role name"));
+        return answer(HttpReply::badRequest(QStringLiteral("role: wanted a role name")));
     if (path->startsWith(KeloOAuth2AddServicePath()))
-        return HttpReply::problem(403, QStringLiteral("login services are added by modules alone"));
+        return answer(
+            HttpReply::problem(403, QStringLiteral("login services are added by modules alone")));
 
     const QString role = roleText.isNull() ? KeloRoles::Value() : roleText.toString();
     QVariant value = body->contains("value") ? body->value("value").toVariant() : QVariant(1);
@@ -200,14 +239,11 @@ HttpReply TreeApi::set(const HttpCall& call)
         if (!wrapped.isEmpty())
             value = wrapped.toVariant();
     }
-    const CMSetDataRequest request(*path, role, value);
-    CMRoot().request(request);
-    if (const CMError error = m_waiter.wait(request.reply()); error.isSet())
-        return HttpReply::error(error);
-
-    JsonText json(call.texts);
-    json.beginObject();
-    json.field("reply", request.reply().value());
-    json.endObject();
-    return HttpReply::json(json.text());
+    ask(CMSetDataRequest(*path, role, value), answer, [texts = call.texts](const QVariant& reply) {
+        JsonText json(texts);
+        json.beginObject();
+        json.field("reply", reply);
+        json.endObject();
+        return HttpReply::json(json.text());
+    });
 }

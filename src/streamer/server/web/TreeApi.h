@@ -5,7 +5,7 @@
 #include <kelo/CMRequest.h>
 
 /// The calls of the HTTP API that read and write the content tree. Owned by the web server; any
-/// thread, which waits for the tree's answer.
+/// thread, and none waits for the tree's answer.
 class TreeApi
 {
 public:
@@ -14,20 +14,31 @@ public:
     void addRoutes(RouteTable& routes);
 
 private:
-    HttpReply rows(const HttpCall& call);
+    void rows(const HttpCall& call, const HttpAnswer& answer);
     /// The row at a path, and in which list it stands.
-    HttpReply row(const HttpCall& call);
-    HttpReply data(const HttpCall& call);
-    HttpReply set(const HttpCall& call);
+    void row(const HttpCall& call, const HttpAnswer& answer);
+    void data(const HttpCall& call, const HttpAnswer& answer);
+    void set(const HttpCall& call, const HttpAnswer& answer);
 
-    /// Rows of a range of any width, fetched in pages.
-    struct Rows
+    /// A range of any width, fetched in pages.
+    struct Range
     {
-        QVariantList rows;
-        KeloRowsRoles last; ///< the last page's answer
-        CMError error;
+        CMPath path;
+        int from;
+        int to;
+        QStringList roles;
+        qint64 next;
+        QVariantList rows = {};
+        KeloRowsRoles last = {}; ///< the last page's answer
+        std::function<void(const Range& range, const CMError& error)> then = {};
     };
-    Rows fetch(const CMPath& path, int from, int to, const QStringList& roles);
+    void fetch(const std::shared_ptr<Range>& range);
+    static HttpReply rowsReply(const HttpCall& call, const Range& range, const QStringList& roles);
+    struct Lookup;
+    void lookUp(const std::shared_ptr<Lookup>& lookup);
+    /// Asks the tree, then answers with the error or what `reply` makes of the answer.
+    template <class Request, class Reply>
+    void ask(const Request& request, const HttpAnswer& answer, Reply reply);
 
     ReplyWaiter& m_waiter;
 };

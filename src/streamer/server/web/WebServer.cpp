@@ -2,8 +2,9 @@
 
 #include "EventsApi.h"
 #include "EventStream.h"
+#include "Gzip.h"
 #include "HealthApi.h"
-#include "HttpListener.h"
+#include "HttpServer.h"
 #include "ImageApi.h"
 #include "LoginApi.h"
 #include "Metrics.h"
@@ -15,19 +16,14 @@
 #include "TreeApi.h"
 #include "WebAssets.h"
 
-#include <cerrno>
-#include <climits>
-#include <cstring>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloLog.h>
 
 namespace {
 
-constexpr size_t largestBody = 1024 * 1024;
-
-const httplib::Headers& defaultHeaders()
+const HttpServer::Fields& commonFields()
 {
-    static const httplib::Headers headers{
+    static const HttpServer::Fields fields{
         {"Cache-Control", "no-store"},
         {"Content-Security-Policy",
          "default-src 'none'; script-src 'self'; style-src 'self'; connect-src 'self'; "
@@ -37,40 +33,35 @@ const httplib::Headers& defaultHeaders()
         {"Referrer-Policy", "no-referrer"},
         {"X-Content-Type-Options", "nosniff"},
         {"X-Frame-Options", "DENY"}};
-    return headers;
+    return fields;
 }
 
-/// One step of an event stream; false when the client is gone.
-bool write(EventStream& stream, httplib::DataSink& sink)
+bool takesGzip(const HttpRequest& request)
 {
-    std::string text;
-    switch (stream.next(text)) {
-    case EventClient::Next::Event:
-        return sink.write(text.data(), text.size());
-    case EventClient::Next::Nothing:
-        return sink.is_writable();
-    case EventClient::Next::End:
-        sink.done();
-        break;
-    }
-    return true;
+    return QString::fromStdString(request.field("Accept-Encoding"))
+        .contains(QLatin1String("gzip"), Qt::CaseInsensitive);
 }
 
-void send(const HttpReply& reply, httplib::Response& response)
+/// Of a kind that a form sends (RFC 7578), which says what a page from anywhere may send.
+bool isForm(const HttpRequest& request)
 {
-    response.status = reply.status;
-    for (const auto& [name, value] : reply.headers)
-        response.headers.erase(name);
-    for (const auto& field : reply.headers)
-        response.headers.insert(field);
-    if (reply.stream) {
-        response.set_chunked_content_provider(
-            "text/event-stream", [stream = reply.stream](size_t, httplib::DataSink& sink) {
-                return write(*stream, sink);
-            });
-    } else if (reply.status != 304) {
-        response.set_content(reply.body, reply.contentType);
-    }
+    return QString::fromStdString(request.field("Content-Type"))
+        .startsWith(QLatin1String("multipart/form-data"), Qt::CaseInsensitive);
+}
+
+/// At a low level: an answer is made while somebody waits for it.
+void compress(HttpReply& reply)
+{
+    constexpr size_t leastSize = 1024;
+    constexpr int level = 1;
+    const bool isText = reply.contentType.rfind("image/", 0) != 0 || reply.isAsset;
+    if (reply.stream || reply.body.size() < leastSize || !isText)
+        return;
+    auto packed = gzip(reply.body, level);
+    if (!packed)
+        return;
+    reply.body = std::move(*packed);
+    reply.headers.emplace_back("Content-Encoding", "gzip");
 }
 
 } // namespace
@@ -91,24 +82,22 @@ struct WebServer::Private
         m_images.addRoutes(m_routes);
         RequestsApi::addRoutes(m_routes);
         addOwnRoutes();
-        setUp(m_listener.server());
     }
 
     void addOwnRoutes();
-    void setUp(httplib::Server& server);
-    /// False when the body was refused; the response says why.
-    static bool readBody(const httplib::Request& request, httplib::Response& response,
-                         const httplib::ContentReader& reader, std::string& body);
-    void serve(const httplib::Request& request, const std::string& body,
-               httplib::Response& response);
-    HttpReply answer(const httplib::Request& request, const std::string& body, std::string* route);
-    HttpReply answerAsset(const httplib::Request& request, std::string* route) const;
+    /// Takes a request: answers it now or later, counts it and logs it.
+    void serve(const HttpRequest& request, const HttpAnswer& answer);
+    void call(const HttpRequest& request, const HttpAnswer& answer);
+    HttpReply answerAsset(const HttpRequest& request) const;
 
     const WebServerOptions m_options;
     const OriginGuard m_guard;
     const WebAssets m_assets;
     const TextCatalogues m_texts;
-    ReplyWaiter m_waiter;
+    HttpServer m_server{
+        [this](const HttpRequest& request, const HttpAnswer& answer) { serve(request, answer); },
+        commonFields(), HttpServer::Limits()};
+    ReplyWaiter m_waiter{m_server.runner()};
     TreeApi m_tree;
     PlayerApi m_player;
     LoginApi m_login;
@@ -118,7 +107,6 @@ struct WebServer::Private
     EventsApi m_events;
     ImageApi m_images;
     RouteTable m_routes;
-    HttpListener m_listener; ///< last: its threads use the others
 };
 
 void WebServer::Private::addOwnRoutes()
@@ -138,104 +126,63 @@ void WebServer::Private::addOwnRoutes()
     });
 }
 
-void WebServer::Private::setUp(httplib::Server& server)
-{
-    const auto plain = [this](const httplib::Request& request, httplib::Response& response) {
-        serve(request, std::string(), response);
-    };
-    const auto withBody = [this](const httplib::Request& request, httplib::Response& response,
-                                 const httplib::ContentReader& reader) {
-        std::string body;
-        if (readBody(request, response, reader, body))
-            serve(request, body, response);
-    };
-    server.Get(".*", plain)
-        .Options(".*", plain)
-        .Post(".*", withBody)
-        .Put(".*", withBody)
-        .Patch(".*", withBody)
-        .Delete(".*", withBody);
-    server.set_payload_max_length(largestBody);
-    server.set_keep_alive_max_count(INT_MAX); // said in a header; connections are not counted
-    server.set_default_headers(defaultHeaders());
-    // What the library refuses by itself: bodies and addresses above the caps, broken requests.
-    server.set_error_handler([](const httplib::Request&, httplib::Response& response) {
-        if (response.body.empty())
-            send(HttpReply::problem(response.status, QStringLiteral("the request was refused")),
-                 response);
-    });
-    server.set_exception_handler(
-        [](const httplib::Request&, httplib::Response& response, std::exception_ptr) {
-            KELO_LOG("Web", ERROR) << "A handler threw";
-            send(HttpReply::problem(500, QStringLiteral("the streamer made a mistake")), response);
-        });
-}
-
-bool WebServer::Private::readBody(const httplib::Request& request, httplib::Response& response,
-                                  const httplib::ContentReader& reader, std::string& body)
-{
-    // RFC 9112 6.3: without either field there is no body; the library would wait for one.
-    if (!request.has_header("Content-Length") && !request.has_header("Transfer-Encoding"))
-        return true;
-    if (request.is_multipart_form_data()) {
-        reader([](const httplib::MultipartFormData&) { return true; },
-               [](const char*, size_t) { return true; });
-        send(HttpReply::problem(415, QStringLiteral("wanted a JSON body")), response);
-        return false;
-    }
-    // On failure the library has set the status.
-    return reader([&body](const char* bytes, size_t size) {
-        body.append(bytes, size);
-        return true;
-    });
-}
-
-void WebServer::Private::serve(const httplib::Request& request, const std::string& body,
-                               httplib::Response& response)
+void WebServer::Private::serve(const HttpRequest& request, const HttpAnswer& answer)
 {
     const auto begin = std::chrono::steady_clock::now();
-    std::string route = "other";
-    send(answer(request, body, &route), response);
-    const auto duration = std::chrono::steady_clock::now() - begin;
-    m_metrics.count(route, response.status, duration);
-    KELO_LOG("Web", DEBUG)
-        << request.method.c_str() << " " << keloUrlForLog(QString::fromStdString(request.target))
-        << ": " << response.status << ", "
-        << qint64(std::chrono::duration_cast<std::chrono::milliseconds>(duration).count()) << " ms";
+    const bool isKnown = m_routes.hasPath(request.path);
+    const bool isCompressible = !request.isFromThisMachine && takesGzip(request);
+    const auto finish =
+        [this, begin, isKnown, isCompressible, answer, method = request.method,
+         target = request.target, path = request.path](HttpReply reply) {
+            if (isCompressible)
+                compress(reply);
+            const std::string route = isKnown ? path : reply.isAsset ? "page" : "other";
+            const auto duration = std::chrono::steady_clock::now() - begin;
+            m_metrics.count(route, reply.status, duration);
+            KELO_LOG("Web", DEBUG)
+                << method.c_str() << " " << keloUrlForLog(QString::fromStdString(target)) << ": "
+                << reply.status << ", "
+                << qint64(std::chrono::duration_cast<std::chrono::milliseconds>(duration).count())
+                << " ms";
+            answer(std::move(reply));
+        };
+    if (auto refusal = m_guard.check(request))
+        finish(std::move(*refusal));
+    else if (!isKnown)
+        finish(answerAsset(request));
+    else
+        call(request, finish);
 }
 
-HttpReply WebServer::Private::answer(const httplib::Request& request, const std::string& body,
-                                     std::string* route)
+void WebServer::Private::call(const HttpRequest& request, const HttpAnswer& answer)
 {
-    if (auto refusal = m_guard.check(request))
-        return *refusal;
-    if (!m_routes.hasPath(request.path))
-        return answerAsset(request, route);
-    *route = request.path;
-
+    if (isForm(request))
+        return answer(HttpReply::problem(415, QStringLiteral("wanted a JSON body")));
     auto query = HttpCall::parseQuery(request.target);
     if (!query)
-        return HttpReply::badRequest(QStringLiteral("the query has a malformed escape"));
+        return answer(HttpReply::badRequest(QStringLiteral("the query has a malformed escape")));
     HttpCall call;
     call.query = std::move(*query);
-    call.body = QByteArray::fromStdString(body);
-    call.ifNoneMatch = request.get_header_value("If-None-Match");
-    call.texts =
-        &m_texts.choose(call.parameter("language").value_or(QString()),
-                        QString::fromStdString(request.get_header_value("Accept-Language")));
-    HttpReply reply = m_routes.find(request.method, request.path)(call);
-    reply.translate(*call.texts);
-    reply.headers.emplace_back("Content-Language", call.texts->language().toStdString());
-    reply.headers.emplace_back("Vary", "Accept-Language");
-    return reply;
+    call.body = QByteArray::fromStdString(request.body);
+    call.ifNoneMatch = request.field("If-None-Match");
+    const TextCatalogue& texts =
+        m_texts.choose(call.parameter("language").value_or(QString()),
+                       QString::fromStdString(request.field("Accept-Language")));
+    call.texts = &texts;
+    m_routes.find(request.method, request.path)(call, [&texts, answer](HttpReply reply) {
+        reply.translate(texts);
+        reply.headers.emplace_back("Content-Language", texts.language().toStdString());
+        reply.headers.emplace_back("Vary", "Accept-Language");
+        answer(std::move(reply));
+    });
 }
 
-HttpReply WebServer::Private::answerAsset(const httplib::Request& request, std::string* route) const
+HttpReply WebServer::Private::answerAsset(const HttpRequest& request) const
 {
-    auto reply = m_assets.find(request.path, request.get_header_value("If-None-Match"));
+    auto reply = m_assets.find(request.path, request.field("If-None-Match"));
     if (!reply)
         return HttpReply::problem(404, QStringLiteral("there is no such address"));
-    *route = "page";
+    reply->isAsset = true;
     if (request.method == "GET" || request.method == "HEAD")
         return std::move(*reply);
     HttpReply refusal = HttpReply::wrongMethod(request.method);
@@ -256,14 +203,13 @@ WebServer::~WebServer()
 bool WebServer::start(QString* error)
 {
     const WebServerOptions& options = d->m_options;
-    if (d->m_listener.start(options.address.toStdString(), options.port))
+    std::string reason;
+    if (d->m_server.start(options.address.toStdString(), options.port, &reason))
         return true;
-    const int number = errno;
     *error = QStringLiteral("cannot listen on %1:%2: %3")
                  .arg(options.address)
                  .arg(options.port)
-                 .arg(number != 0 ? QString::fromLocal8Bit(std::strerror(number))
-                                  : QStringLiteral("no such address"));
+                 .arg(QString::fromStdString(reason));
     return false;
 }
 
@@ -274,7 +220,7 @@ std::vector<std::string> WebServer::routes() const
 
 int WebServer::port() const
 {
-    return d->m_listener.port();
+    return d->m_server.port();
 }
 
 void WebServer::stop()
@@ -282,5 +228,5 @@ void WebServer::stop()
     d->m_hub.stop();
     d->m_waiter.stop();
     d->m_images.stop();
-    d->m_listener.stop();
+    d->m_server.stop();
 }
