@@ -147,6 +147,10 @@ TEST_F(WorkerLoginTest, ATokenIsReportedAsRefusedOnceWhateverCarriedIt)
              {"/tidal/context/favorites?type=Albums&id=7", 1, "/favorites", expired},
              {"/tidal/req/artists?artistContent=bio&artistId=7", 1, "/bio", "<html>"},
              {"/tidal/createPlaylist/accept", 1, "/playlists", expired},
+             {"/tidal/playlistcontext/removeFromPlaylists?type=Playlists&id=p", 1, "/playlists/p",
+              expired},
+             {"/tidal/context/addToPlaylists?type=Albums&id=7&playlistId=p", 1, "/albums/7",
+              expired},
              {"/tidal/playId", QVariantHash{{"id", 12}}, "/playbackinfo", unsold}}) {
         SCOPED_TRACE(path);
         m_service.script(refused, {{401, body}});
@@ -164,6 +168,7 @@ TEST_F(WorkerLoginTest, ATokenIsReportedAsRefusedOnceWhateverCarriedIt)
         m_service.releaseAll(refused);
         wait(late);
         EXPECT_EQ(takeRefusedTokens(), QStringList());
+        m_service.script(refused, {{200, "{}"}});
     }
 }
 
