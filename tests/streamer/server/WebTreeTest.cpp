@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <QElapsedTimer>
 #include <QJsonArray>
+#include <sys/socket.h>
+#include <unistd.h>
 
 namespace {
 
@@ -177,6 +179,52 @@ TEST(WebTreeTest, StoppingAnswersWaitingCallsAndEndsIdleConnectionsAtOnce)
     world.server.stop();
     EXPECT_LT(timer.elapsed(), 1000);
     EXPECT_EQ(waiting.get(), 503);
+}
+
+TEST(WebTreeTest, CallsThatWaitAndIdleConnectionsKeepNobodyFromTheServer)
+{
+    WebWorld world;
+    const std::string head = "POST /api/v1/set HTTP/1.1\r\nHost: localhost\r\n";
+    std::vector<int> sockets;
+    for (int i = 0; i < 200; ++i) {
+        sockets.push_back(
+            world.connectTo(head + "Content-Length: 20\r\n\r\n{\"path\":\"/web/hold\"}"));
+        sockets.push_back(world.connectTo(""));
+        sockets.push_back(world.connectTo(head + "Content-Length: 20\r\n\r\n{\"path"));
+    }
+    EXPECT_EQ(world.get("/api/v1/rows?path=/web/list").status, 200);
+    world.server.stop();
+    std::string end(13, 0);
+    EXPECT_EQ(::recv(sockets.front(), &end[0], 12, MSG_WAITALL), 12);
+    EXPECT_EQ(end.substr(9, 3), "503");
+    for (const int socket : sockets)
+        ::close(socket);
+}
+
+TEST(WebTreeTest, AClientMaySendWithoutWaitingForAnswers)
+{
+    WebWorld world;
+    const std::string get = " /healthz HTTP/1.1\r\nHost: localhost\r\n";
+    const std::string end = get + "Connection: close\r\n\r\n";
+    for (const auto& [sent, answers] : std::vector<std::pair<std::string, int>>{
+             {"GET" + get + "\r\nGET" + get + "\r\nGET" + end, 3},
+             {"HEAD" + get + "\r\nHEAD" + end, 2},
+             {"GET" + get + "Content-Length: 2\r\n\r\n{}GET" + end, 2},
+             {"GET" + get + "Transfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n0\r\n\r\nGET" + end, 2},
+             {"GET" + get + "Content-Length: 2\r\nTransfer-Encoding: chunked\r\n\r\n{}GET" + end,
+              1},
+             {"GET" + get + "Content-Length: x\r\n\r\nGET" + end, 1}}) {
+        const int socket = world.connectTo(sent);
+        std::string text;
+        char part[4096];
+        for (ssize_t size = 0; (size = ::recv(socket, part, sizeof part, 0)) > 0;)
+            text.append(part, size_t(size));
+        ::close(socket);
+        int found = 0;
+        for (size_t at = 0; (at = text.find("HTTP/1.1 ", at)) != std::string::npos; ++at)
+            ++found;
+        EXPECT_EQ(found, answers) << sent << text;
+    }
 }
 
 TEST(WebTreeTest, MetricsCountCallsByTheirOutcome)
