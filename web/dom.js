@@ -35,13 +35,13 @@ export function fill(element, ...children) {
 
 const svg = "http://www.w3.org/2000/svg";
 
-/** A picture of the set in icons.svg; decoration, hidden from screen readers. */
+/** A picture of the set in index.html; decoration, hidden from screen readers. */
 export function icon(name) {
   const picture = document.createElementNS(svg, "svg");
   picture.setAttribute("class", "icon");
   picture.setAttribute("aria-hidden", "true");
   const use = document.createElementNS(svg, "use");
-  use.setAttribute("href", `icons.svg#${name}`);
+  use.setAttribute("href", `#icon-${name}`);
   picture.append(use);
   return picture;
 }
