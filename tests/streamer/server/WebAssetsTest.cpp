@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <regex>
 #include <sstream>
 
 namespace {
@@ -65,4 +66,18 @@ TEST(WebAssetsTest, ServesTheFilesOfAFolderAsTheyStandNow)
     }
     write(page + "/app.js", "changed");
     EXPECT_EQ(world.get("/app.js", {{"If-None-Match", tag}}).body, "changed");
+}
+
+TEST(WebAssetsTest, OfTheBuiltInPageOnlyTheStartIsAskedForAgain)
+{
+    WebWorld world;
+    const auto start = world.get("/");
+    EXPECT_EQ(start.status, 200);
+    EXPECT_EQ(world.get("/", {{"If-None-Match", start.header("ETag")}}).status, 304);
+    std::smatch address;
+    ASSERT_TRUE(std::regex_search(start.body, address, std::regex("src=\"(\\w+/app\\.js)\"")));
+    const auto script = world.get("/" + address.str(1));
+    EXPECT_EQ(script.status, 200);
+    EXPECT_EQ(script.header("Cache-Control"), "public, max-age=31536000, immutable");
+    EXPECT_EQ(world.get("/0123456789abcdef/app.js").status, 404);
 }

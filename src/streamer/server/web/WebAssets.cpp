@@ -1,6 +1,6 @@
 #include "WebAssets.h"
 
-#include <QDirIterator>
+#include <QFileInfo>
 #include <QHash>
 #include <QRegularExpression>
 
@@ -45,34 +45,8 @@ WebAssets::WebAssets(const QString& directory) : m_directory(directory)
     if (!m_directory.isEmpty())
         return;
     loadBuiltIn();
-    const QString root = QStringLiteral(":/web/");
-    QDirIterator files(root, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QString file = files.next();
-        const std::string name = file.mid(root.size()).toStdString();
-        if (auto content = read(file, typeOfName(name)))
-            m_files.emplace(name, std::move(*content));
-    }
-}
-
-std::optional<WebAssets::File> WebAssets::read(const QString& file, const std::string& contentType)
-{
-    QFile input(file);
-    if (!QFileInfo(file).isFile() || !input.open(QIODevice::ReadOnly) || input.size() > largestFile)
-        return std::nullopt;
-    const QByteArray body = input.read(largestFile);
-    return File{contentType, HttpReply::tagOf(body), body.toStdString()};
-}
-
-std::optional<WebAssets::File> WebAssets::file(const std::string& name) const
-{
-    const std::string type = typeOfName(name);
-    if (type.empty())
-        return std::nullopt;
-    if (!m_directory.isEmpty())
-        return read(m_directory + '/' + QString::fromStdString(name), type);
-    const auto found = m_files.find(name);
-    return found == m_files.end() ? std::nullopt : std::optional<File>(found->second);
+    m_directory = QStringLiteral(":/web");
+    m_isBuiltIn = true;
 }
 
 std::optional<HttpReply> WebAssets::find(const std::string& path,
@@ -80,11 +54,19 @@ std::optional<HttpReply> WebAssets::find(const std::string& path,
 {
     if (path.empty() || path.front() != '/')
         return std::nullopt;
-    auto found = file(path == "/" ? startPage : path.substr(1));
-    if (!found)
+    const std::string name = path == "/" ? startPage : path.substr(1);
+    const std::string type = typeOfName(name);
+    if (type.empty())
         return std::nullopt;
-    HttpReply reply{200, found->contentType, std::move(found->body)};
+    QFile file(m_directory + '/' + QString::fromStdString(name));
+    if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > largestFile)
+        return std::nullopt;
+    const QByteArray body = file.read(largestFile);
+    HttpReply reply{200, type, body.toStdString()};
     reply.headers.emplace_back("Vary", "Accept-Encoding");
-    reply.setTag(found->tag, ifNoneMatch);
+    if (m_isBuiltIn && name != startPage)
+        reply.headers.emplace_back("Cache-Control", "public, max-age=31536000, immutable");
+    else
+        reply.setTag(HttpReply::tagOf(body), ifNoneMatch);
     return reply;
 }

@@ -1,11 +1,11 @@
 #pragma once
 #include "HttpReply.h"
 
-#include <map>
 #include <optional>
 
 /// The files of the web page: those built into the program, or, for people who work on the page,
-/// those of a folder, read again at each request. Owned by the web server; any thread. A name is
+/// those of a folder, read again at each request. Of the built-in files a client keeps all but the
+/// start page, whose addresses carry their digest. Owned by the web server; any thread. A name is
 /// checked letter by letter against a strict form, so that no address reaches outside.
 class WebAssets
 {
@@ -18,16 +18,6 @@ public:
     std::optional<HttpReply> find(const std::string& path, const std::string& ifNoneMatch) const;
 
 private:
-    struct File
-    {
-        std::string contentType;
-        std::string tag;
-        std::string body;
-    };
-
-    static std::optional<File> read(const QString& file, const std::string& contentType);
-    std::optional<File> file(const std::string& name) const;
-
-    const QString m_directory;
-    std::map<std::string, File> m_files; ///< the built-in ones, by name
+    QString m_directory; ///< below ":" when built in
+    bool m_isBuiltIn = false;
 };
