@@ -91,24 +91,8 @@ const listRoles =
   "Path,Type,Title,Disabled,MediaData,Icon,Id,AudioType,Context,Description,ContainerType," +
   "ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText";
 
-let ahead = null;
-
-/** Asks for the first rows of a path before the view is there that wants them. */
-export function readAhead(path) {
-  const answer = getRows(path, 0, pageSize - 1);
-  answer.catch(() => {});
-  ahead = { path, answer };
-}
-
-export function getRows(path, from, to, signal) {
-  if (ahead?.path === path && from === 0 && to === pageSize - 1) {
-    const { answer } = ahead;
-    ahead = null;
-    return answer;
-  }
-  return send("GET", address("rows", { path, from, to, roles: listRoles }), { signal });
-}
-
+export const getRows = (path, from, to, signal) =>
+  send("GET", address("rows", { path, from, to, roles: listRoles }), { signal });
 export const getData = (path) => send("GET", address("data", { path }));
 export const setValue = (path, value = 1) => change("POST", "set", { path, value });
 export const player = (command, body = {}) => change("POST", `player/${command}`, body);

@@ -1,6 +1,5 @@
 // The page: puts the parts together and shows the view that the address names.
 
-import { readAhead } from "./api.js";
 import { startBar } from "./bar.js";
 import { BrowseView } from "./browse.js";
 import { Dialog } from "./dialog.js";
@@ -12,7 +11,7 @@ import { currentPath, currentState, go, onPlainClick, nav, replace, setPlaceKeep
 import { home, linkTo, loginPath, settingsPath } from "./path.js";
 import { playback } from "./playback.js";
 import { PlayingView } from "./playing.js";
-import { RowSource } from "./rows.js";
+import { PlaceRows, readAhead } from "./recent.js";
 import { forgetSearchPlace, searchedText, searchPath, SearchView } from "./search.js";
 import { applyTheme, SettingsView } from "./settings.js";
 import { loadTexts, t } from "./text.js";
@@ -123,7 +122,7 @@ function startSidebar() {
       }),
     );
   };
-  const top = new RowSource(home, fillIt);
+  const top = new PlaceRows(home, fillIt);
   top.need(0, 0);
   fillIt();
 }
@@ -192,9 +191,9 @@ async function start() {
   playback.start();
   watchLogin();
   const path = currentPath();
-  const hasRows = !path.startsWith("!") && path !== loginPath;
-  live.connect(hasRows ? [path] : []);
-  if (hasRows) readAhead(path);
+  readAhead(home);
+  if (path !== home && path.startsWith(home)) readAhead(path);
+  live.connect();
   await loadTexts();
   drawer = new Drawer(part("drawer"), (isOpen) => {
     part("drawer-button").setAttribute("aria-expanded", String(isOpen));

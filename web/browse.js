@@ -7,7 +7,7 @@ import { openMenu } from "./menu.js";
 import { goUp } from "./nav.js";
 import { home, linkTo, loginPath, parsePath } from "./path.js";
 import { playback } from "./playback.js";
-import { RowSource } from "./rows.js";
+import { PlaceRows } from "./recent.js";
 import { albumOf } from "./rowtext.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
@@ -34,7 +34,7 @@ export class BrowseView extends View {
     this.#item = known;
     this.#trail = trail;
     this.#place = place;
-    this.#source = new RowSource(path, () => this.#update());
+    this.#source = new PlaceRows(path, () => this.#update());
     const waiting = waitingLine(() => [this.#source]);
     this.element = el("section", { class: "view" }, this.#head, waiting, this.#body);
     this.#list = new VirtualList(

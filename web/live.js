@@ -21,14 +21,14 @@ class Live extends EventTarget {
   #timer = 0;
   #isRefused = false;
 
-  /** Opens a stream, with what the views follow open from its beginning, and paths that one is about to. */
-  connect(paths = []) {
+  /** Opens a stream, with what is followed open from its beginning. */
+  connect() {
     this.disconnect();
     this.isResting = false;
     const query = new URLSearchParams();
     if (this.#wantsRequests) query.append("requests", "1");
     if (chosenLanguage) query.append("language", chosenLanguage);
-    const wanted = [...new Set([...paths, ...this.#wanted()])];
+    const wanted = this.#wanted();
     const isShort = !this.#isRefused && wanted.join("").length < mostPathText;
     if (isShort) for (const path of wanted) query.append("path", path);
     const text = query.toString();
@@ -71,7 +71,7 @@ class Live extends EventTarget {
     this.isConnected = false;
   }
 
-  /** The paths that a view follows, in place of those that it followed before. */
+  /** The paths that an owner follows, in place of those that it followed before. */
   follow(owner, paths) {
     if (paths.length) this.#owners.set(owner, paths);
     else this.#owners.delete(owner);
@@ -86,7 +86,7 @@ class Live extends EventTarget {
   }
 
   #wanted() {
-    return [...new Set([...this.#owners.values()].flat())].slice(0, 64);
+    return [...new Set([...this.#owners.values()].flat())].slice(0, 64).sort();
   }
 
   // One call at a time for a stream, with what is wanted then: of two under way the earlier could arrive

@@ -5,7 +5,7 @@ import { playButton, qualityText, seekBar, volumeBar } from "./bar.js";
 import { item, skeleton } from "./items.js";
 import { VirtualList } from "./list.js";
 import { playback } from "./playback.js";
-import { RowSource } from "./rows.js";
+import { PlaceRows } from "./recent.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
 import { waitingLine } from "./waiting.js";
@@ -75,7 +75,7 @@ export class PlayingView extends View {
     }
     if (this.#source?.path !== path) {
       this.#dropQueue();
-      this.#source = new RowSource(path, () => this.#update());
+      this.#source = new PlaceRows(path, () => this.#update());
       this.#list = new VirtualList(
         this.#scroller,
         t("Queue"),

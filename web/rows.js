@@ -28,15 +28,16 @@ export class RowSource extends EventTarget {
     this.path = path;
     this.addEventListener("changed", onChanged);
     const { signal } = this.#abort;
-    live.addEventListener("rows", ({ detail }) => detail.path === path && this.#reloadSoon(), { signal });
-    live.addEventListener("acted", () => isBelow(path, home) && this.#reloadSoon(), { signal });
-    live.addEventListener("state", ({ detail }) => detail && this.reload(), { signal });
+    live.addEventListener("rows", ({ detail }) => detail.path === path && this.readAgainSoon(), { signal });
+    live.addEventListener("acted", () => isBelow(path, home) && this.readAgainSoon(), { signal });
+    live.addEventListener("state", ({ detail }) => detail && this.#readAgain(), { signal });
     live.follow(this, [path]);
   }
 
   close() {
     live.follow(this, []);
     clearTimeout(this.#timer);
+    ++this.#generation;
     this.#abort.abort();
   }
 
@@ -69,6 +70,10 @@ export class RowSource extends EventTarget {
 
   /** Reads again what is shown; the old rows stay until the new ones are there. */
   reload() {
+    return this.#readAgain();
+  }
+
+  #readAgain() {
     const [from, to] = this.#last;
     const first = Math.floor(Math.max(0, from) / pageSize);
     const last = Math.floor(to / pageSize);
@@ -94,11 +99,15 @@ export class RowSource extends EventTarget {
     return call;
   }
 
+  /** Asks for the rows of a page. */
+  readPage(page, signal) {
+    return getRows(this.path, page * pageSize, (page + 1) * pageSize - 1, signal);
+  }
+
   async #read(page, generation) {
-    const from = page * pageSize;
     const begin = performance.now();
     try {
-      const answer = await getRows(this.path, from, from + pageSize - 1, this.#abort.signal);
+      const answer = await this.readPage(page, this.#abort.signal);
       if (generation !== this.#generation) return;
       this.count = answer.rowsCount;
       this.roles = answer.roles;
@@ -135,10 +144,10 @@ export class RowSource extends EventTarget {
     this.dispatchEvent(new Event("changed"));
   }
 
-  // Notices come in swarms; one reading answers them all.
-  #reloadSoon() {
+  /** Notices come in swarms; one reading answers them all. */
+  readAgainSoon() {
     clearTimeout(this.#timer);
-    this.#timer = setTimeout(() => this.reload(), settleTime);
+    this.#timer = setTimeout(() => this.#readAgain(), settleTime);
   }
 }
 

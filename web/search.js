@@ -5,7 +5,7 @@ import { el, fill, icon } from "./dom.js";
 import { item } from "./items.js";
 import { go } from "./nav.js";
 import { home, parsePath, withParameter } from "./path.js";
-import { RowSource } from "./rows.js";
+import { PlaceRows } from "./recent.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
 import { waitingLine } from "./waiting.js";
@@ -66,7 +66,7 @@ export class SearchView extends View {
       fill(this.#body, el("p", { class: "empty" }, text));
       return;
     }
-    this.#kinds = new RowSource(path, () => this.#show());
+    this.#kinds = new PlaceRows(path, () => this.#show());
     this.#kinds.need(0, 20);
   }
 
@@ -96,7 +96,7 @@ export class SearchView extends View {
     const all = el("button", { type: "button", class: "link", hidden: true, on: { click: showAll } });
     const header = el("header", {}, el("h2", {}, row.Title), all);
     const element = el("section", { class: "search-column" }, header, list);
-    const source = new RowSource(row.Path, () => {
+    const source = new PlaceRows(row.Path, () => {
       const { error } = source;
       if (error) return fill(list, el("li", { class: "problem", role: "alert" }, error.message));
       const hits = source.rows.slice(0, most);

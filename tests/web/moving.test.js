@@ -18,11 +18,28 @@ journey("back, forward, and an address given to somebody else", {}, async (perso
   await person.list("Just In").getByRole("link", { name: deep }).first().click();
   await person.heading(deep);
   const address = page.url();
+  const asked = [];
+  page.on("request", (request) => request.url().includes("/rows?") && asked.push(request.url()));
   await page.goBack();
   await person.heading("Just In");
   await person.until(async () => Math.abs((await scrollOf(person)) - 900) < 300 && (await person.focused()).startsWith(deep), "the place and the focus are back");
   await page.goForward();
   await person.heading(deep);
+  await person.button("Play").waitFor();
+  assert.deepEqual(asked, [], "what was on the screen a moment ago is not asked for again");
+
+  // Unless it has changed meanwhile.
+  await person.visit(myTracks);
+  const [loved] = (await person.streamer.rows(myTracks, 0)).rows;
+  await person.row(loved.Title.split(" - ")[0]).first().waitFor();
+  await page.keyboard.press("q");
+  await person.view.getByRole("heading", { name: "Queue" }).waitFor();
+  const [favorite] = (await person.streamer.rows(loved.Context.Path)).rows;
+  const { length } = asked;
+  await person.streamer.call("set", { path: favorite.Path, value: 1 });
+  await page.goBack();
+  await person.heading("Tracks");
+  await person.until(() => asked.length > length, "the list is read again");
 
   const other = await openWindow(person.streamer, {});
   await other.page.goto(address);

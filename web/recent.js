@@ -1,0 +1,69 @@
+// The rows of recent places, kept so that who goes back sees them at once. They are followed: a notice ends them.
+
+import { getRows, pageSize } from "./api.js";
+import { live } from "./live.js";
+import { RowSource } from "./rows.js";
+
+const mostPlaces = 12;
+const mostPages = 20;
+const freshFor = 60000;
+
+const places = new Map(); // by path its pages, by number: {answer, at}; what was read last stands last
+
+const follow = () => live.follow(places, [...places.keys()]);
+
+function forget(path) {
+  if (places.delete(path)) follow();
+}
+
+function forgetAll() {
+  places.clear();
+  follow();
+}
+
+live.addEventListener("rows", ({ detail }) => forget(detail.path));
+live.addEventListener("acted", forgetAll);
+live.addEventListener("state", forgetAll);
+
+function ask(path, page, signal) {
+  const pages = places.get(path) ?? new Map();
+  places.delete(path);
+  places.set(path, pages);
+  const answer = getRows(path, page * pageSize, (page + 1) * pageSize - 1, signal);
+  pages.set(page, { answer, at: performance.now() });
+  if (pages.size > mostPages) pages.delete(pages.keys().next().value);
+  if (places.size > mostPlaces) places.delete(places.keys().next().value);
+  follow();
+  answer.catch(() => {
+    if (pages.get(page)?.answer === answer) pages.delete(page);
+    if (!pages.size && places.get(path) === pages) forget(path);
+  });
+  return answer;
+}
+
+/** Asks for the first rows of a place before the view is there that wants them. */
+export const readAhead = (path) => void ask(path, 0);
+
+/** The rows of a place, which may be known from an earlier view or another one beside it. */
+export class PlaceRows extends RowSource {
+  async readPage(page, signal) {
+    const known = places.get(this.path)?.get(page);
+    if (!known) return ask(this.path, page, signal);
+    if (performance.now() - known.at > freshFor) {
+      places.get(this.path).delete(page);
+      this.readAgainSoon();
+    }
+    try {
+      return await known.answer;
+    } catch (error) {
+      // Whoever asked has left.
+      if (error.name !== "AbortError" || signal.aborted) throw error;
+      return ask(this.path, page, signal);
+    }
+  }
+
+  reload() {
+    forget(this.path);
+    return super.reload();
+  }
+}
