@@ -91,6 +91,12 @@ QStringList FakeModule::asked()
     return m_asked;
 }
 
+QString FakeModule::rowsAsked()
+{
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return std::exchange(m_rowsAsked, QStringList()).join(' ');
+}
+
 void FakeModule::getDataRequest(const CMGetDataRequest& request)
 {
     request.reply().setError(CMError(CMError::NotFoundName(), TrString(QString("no data"))));
@@ -103,6 +109,7 @@ void FakeModule::getRowsRequest(const CMGetRowsRequest& request)
         m_heldRows = request;
         return;
     }
+    m_rowsAsked << QString("%1-%2").arg(request.from()).arg(request.to());
     const auto found = m_lists.find(request.path().toEncoded());
     if (found == m_lists.end())
         return request.reply().setError(

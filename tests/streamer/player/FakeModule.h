@@ -36,8 +36,11 @@ public:
     void releaseRows() { getRowsRequest(m_heldRows); }
     /// Pre-play requests so far: "ID at OFFSET", in order.
     QStringList asked();
+    /// Requests for rows since the last call: "FROM-TO", in order.
+    QString rowsAsked();
 
     QStringList prefixes() const override { return {"/fake", "/tidal"}; }
+    CMSubscribe* subscription() const override { return &m_subscription; }
     void getDataRequest(const CMGetDataRequest& request) override;
     void setDataRequest(const CMSetDataRequest& request) override;
     void getRowsRequest(const CMGetRowsRequest& request) override;
@@ -50,6 +53,8 @@ private:
     std::map<QString, QList<KeloRoles>> m_lists; ///< by encoded path
     std::map<QString, Answer> m_answers;
     QStringList m_asked;
+    QStringList m_rowsAsked;
+    mutable CMSubscribe m_subscription;
     std::function<void()> m_held; ///< answers it; empty when there is none
     bool m_areRowsHeld = false;
     CMGetRowsRequest m_heldRows;

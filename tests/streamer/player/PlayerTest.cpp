@@ -116,6 +116,38 @@ TEST_F(PlayerTest, NextAndPreviousWalkTheListAndSayWhatTheySkip)
               "open fake:1 0,open fake:3 0,seek 0,open fake:1 0,seek 0,open fake:3 0");
 }
 
+TEST_F(PlayerTest, StepsInTheRowsThatItHasAndAsksAnewAfterANoticeOrATime)
+{
+    QStringList ids;
+    for (int i = 0; i < 120; ++i)
+        ids << QString::number(i);
+    addTracks(ids);
+    ASSERT_EQ(run("play", {{"path", pathOf("70")}, {"list", list.toEncoded()}, {"index", 70}}),
+              "ok");
+    EXPECT_EQ(module->rowsAsked(), "60-109");
+    for (const char* name : {"next", "next", "previous", "previous", "previous"})
+        ASSERT_EQ(run(name), "ok");
+    EXPECT_EQ(waitForTitle("Track 69")["index"], 69);
+    ASSERT_EQ(play(pathOf("60")), "ok");
+    EXPECT_EQ(module->rowsAsked(), "");
+    ASSERT_EQ(run("previous"), "ok");
+    EXPECT_EQ(module->rowsAsked(), "10-59");
+    waitForTitle("Track 59");
+    ASSERT_EQ(run("next"), "ok");
+    EXPECT_EQ(module->rowsAsked(), "60-109");
+    module->subscription()->rowsChanged(list, CMSubscribe::RowsChangeReset(), 120);
+    ASSERT_EQ(run("next"), "ok");
+    EXPECT_EQ(module->rowsAsked(), "61-110");
+    time.advance(300001);
+    ASSERT_EQ(run("next"), "ok");
+    EXPECT_EQ(module->rowsAsked(), "62-111");
+    // A row that is not where the client saw it is looked for.
+    ASSERT_EQ(run("play", {{"path", pathOf("5")}, {"list", list.toEncoded()}, {"index", 30}}),
+              "ok");
+    EXPECT_EQ(module->rowsAsked(), "20-69 0-49");
+    EXPECT_NE(run("play", {{"path", pathOf("5")}, {"list", list.toEncoded()}}), "ok");
+}
+
 TEST_F(PlayerTest, GoesOnWithoutAGapAndStopsAtTheListsEnd)
 {
     addTracks({"1", "2"});

@@ -28,7 +28,19 @@ PlayerCommand parsePlay(const QVariantHash& arguments)
     const CMPath path = CMPath::fromEncoded(text, &isPath);
     if (!isPath || path.base().isEmpty())
         return wrong(QStringLiteral("\"path\" is not well-formed"));
-    return {[path](PlayerEngine& engine, const auto& reply) { engine.play(path, reply); }, {}};
+    RowFinder::Place place;
+    const QVariant list = arguments.value(QStringLiteral("list"));
+    if (list.isValid()) {
+        place.list = CMPath::fromEncoded(list.toString(), &isPath);
+        bool isNumber = false;
+        place.index = arguments.value(QStringLiteral("index")).toInt(&isNumber);
+        if (!isPath || place.list.base().isEmpty() || !isNumber || place.index < 0)
+            return wrong(QStringLiteral("\"list\" and \"index\" must be a list's path and the "
+                                        "number of a row in it"));
+    }
+    return {
+        [path, place](PlayerEngine& engine, const auto& reply) { engine.play(path, place, reply); },
+        {}};
 }
 
 /// A command that takes a whole number from 0 to `largest`.

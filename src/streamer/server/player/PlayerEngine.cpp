@@ -50,14 +50,14 @@ void PlayerEngine::fail(const TrString& text)
     std::exchange(m_reply, Reply()).setError(CMError(text));
 }
 
-void PlayerEngine::play(const CMPath& path, const Reply& reply)
+void PlayerEngine::play(const CMPath& path, const RowFinder::Place& place, const Reply& reply)
 {
     command(reply);
     startChain(Chain::Start, QueueEntry());
     if (m_state == State::Stopped)
         m_state = State::Resolving;
-    m_finder.find(path, [this](const RowFinder::Found& found) { onFound(found); });
     publish();
+    m_finder.find(path, place, [this](const RowFinder::Found& found) { onFound(found); });
 }
 
 void PlayerEngine::playId(const QString& id, const Reply& reply)

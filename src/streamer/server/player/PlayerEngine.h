@@ -27,7 +27,7 @@ public:
     /// Answers a command that still waits, with an error.
     ~PlayerEngine() override;
 
-    void play(const CMPath& path, const Reply& reply);
+    void play(const CMPath& path, const RowFinder::Place& place, const Reply& reply);
     void playId(const QString& id, const Reply& reply);
     void pause(const Reply& reply);
     void resume(const Reply& reply);
@@ -136,7 +136,7 @@ private:
     std::unique_ptr<AudioOutput> m_output;
     Publish m_publish;
     PlayerStore m_store;
-    RowFinder m_finder;
+    RowFinder m_finder{m_clock};
     ItemResolver m_resolver;
 
     State m_state = State::Stopped;

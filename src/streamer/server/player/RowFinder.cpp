@@ -8,6 +8,8 @@
 namespace {
 constexpr int pageSize = RowSearch::pageSize;
 constexpr int maxPages = 40;
+/// Rows before a wanted one that are read with it, for steps back.
+constexpr int rowsBefore = 10;
 const QString trackIdParam = QStringLiteral("trackId");
 
 /// Headers and texts are no items, so that passing over them is not worth a word.
@@ -41,22 +43,42 @@ void RowFinder::fetch(const CMPath& list, int from, int to, std::function<void(c
 {
     if (--m_pagesLeft < 0)
         return finish();
+    m_kept.begin(list);
     const CMGetRowsRequest request(list, from, to, itemRoles());
     CMRoot().request(request);
     const CMReply<KeloRowsRoles> reply = request.reply();
     reply.addWatcher(
         this,
-        [this, reply, generation = m_generation, then] {
-            if (generation == m_generation)
-                then(Page(reply));
+        [this, reply, from, generation = m_generation, then] {
+            if (generation != m_generation)
+                return;
+            const Page page(reply);
+            m_kept.take(from, page);
+            then(page);
         },
         Qt::QueuedConnection);
 }
 
-void RowFinder::find(const CMPath& path, Done done)
+void RowFinder::find(const CMPath& path, const Place& place, Done done)
 {
     cancel();
     m_done = std::move(done);
+    const QueueEntry kept = m_kept.find(path);
+    if (!kept.isEmpty())
+        return finish(kept);
+    if (place.list.isEmpty())
+        return findAnywhere(path);
+    const int from = std::max(0, place.index - rowsBefore);
+    fetch(place.list, from, from + pageSize - 1, [this, path](const Page&) {
+        const QueueEntry found = m_kept.find(path);
+        if (found.isEmpty())
+            return findAnywhere(path);
+        finish(found);
+    });
+}
+
+void RowFinder::findAnywhere(const CMPath& path)
+{
     if (!path.hasParam(trackIdParam)) {
         fetch(path, 0, pageSize - 1, [this, path](const Page& page) { onOwnRows(path, page); });
         return;
@@ -123,6 +145,8 @@ void RowFinder::walk(const CMPath& list, int index, int step)
     const int to = step > 0 ? index + pageSize : index - 1;
     if (to < from)
         return finish();
+    if (const auto kept = m_kept.beside(list, index, step))
+        return walkPage(list, kept->from, step, kept->page);
     fetch(list, from, to,
           [this, list, from, step](const Page& page) { walkPage(list, from, step, page); });
 }

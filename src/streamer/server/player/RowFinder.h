@@ -1,4 +1,5 @@
 #pragma once
+#include "KeptRows.h"
 #include "QueueEntry.h"
 #include "RowSearch.h"
 
@@ -6,7 +7,7 @@
 
 /// Finds rows in the host tree: the row that a path names, and the playable rows before and after
 /// one. Owned by the player's engine, lives on the player's thread. Follows one question at a time,
-/// reads lists a page at a time, keeps nothing of them, and plays nothing.
+/// reads lists a page at a time, keeps the last page, and plays nothing.
 class RowFinder : public QObject
 {
     Q_OBJECT
@@ -20,10 +21,20 @@ public:
     };
     using Done = std::function<void(const Found&)>;
 
+    /// What a client knows of where a row stands.
+    struct Place
+    {
+        CMPath list; ///< empty when it knows nothing
+        int index = 0;
+    };
+
+    explicit RowFinder(Clock& clock) : m_kept(clock) {}
+
     /// Finds the row at a path, or the first playable row when a list stands there. A path that
-    /// names a track below no list is found as that track alone.
-    void find(const CMPath& path, Done done);
-    /// Finds the nearest playable row after (`step` 1) or before (-1) an entry in its list.
+    /// names a track below no list is found as that track alone. `done` may run before the return.
+    void find(const CMPath& path, const Place& place, Done done);
+    /// Finds the nearest playable row after (`step` 1) or before (-1) an entry in its list. `done`
+    /// may run before the return.
     void next(const QueueEntry& entry, int step, Done done);
     /// Drops the question; its `done` does not run.
     void cancel();
@@ -32,6 +43,7 @@ private:
     using Page = RowSearch::Page;
 
     void fetch(const CMPath& list, int from, int to, std::function<void(const Page&)> then);
+    void findAnywhere(const CMPath& path);
     /// Follows a search to its end; `then` gets an empty entry when no list has the row.
     void search(const RowSearch& search, const std::function<void(const QueueEntry&)>& then);
     void walk(const CMPath& list, int index, int step);
@@ -39,6 +51,7 @@ private:
     void onOwnRows(const CMPath& path, const Page& page);
     void finish(const QueueEntry& entry = QueueEntry());
 
+    KeptRows m_kept;
     Done m_done;
     Found m_found;            ///< what is known of the answer so far
     quint64 m_generation = 0; ///< grows with each question; answers for earlier ones are dropped
