@@ -103,7 +103,7 @@ export class BrowseView extends View {
     const row = this.#source.row(index);
     if (!row) return skeleton(kind);
     const showsAlbum = albumOf(row) !== this.title;
-    return item(row, kind, { showsAlbum });
+    return item(row, kind, this.path, index, showsAlbum);
   }
 
   // The title of an item is known from the row that led here; else an album's from its tracks.

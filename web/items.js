@@ -27,20 +27,20 @@ export function skeleton(kind) {
   return el("li", properties, el("span", { class: "cover" }), words);
 }
 
-/** What a click on the row does. */
-export function open(row, anchor = null) {
+/** What a click on the row does; `place` is the {list, index} that it stands at. */
+export function open(row, anchor = null, place = {}) {
   if (row.Disabled) return toast(t("“%1” is not available.", titleOf(row)));
   if (row.Path === loginPath) return go(loginPath);
   if (isDialog(row)) return openContainer(row, anchor);
   if (row.Type === "Container") return go(row.Path, placeOf(row));
-  if (row.Type === "Audio") return playback.play(row.Path);
+  if (row.Type === "Audio") return playback.play(row.Path, place);
   if (row.Type === "Action") return runAction(row);
   return isChoice(row) || isField(row) ? openValue(row, anchor) : null;
 }
 
 const hasMenu = (row) => Boolean(row.Context?.Path) || (isPlayableItem(row) && row.Type !== "Audio");
 
-function mainOf(row) {
+function mainOf(row, place) {
   const missing = row.Disabled ? t("not available") : "";
   const label = [titleOf(row), subtitleOf(row), missing].filter(Boolean).join(", ");
   const shared = { class: "main", "aria-label": label, "aria-disabled": row.Disabled ? "true" : null };
@@ -51,17 +51,18 @@ function mainOf(row) {
   }
   const isDone = ["Container", "Audio", "Action"].includes(row.Type) || isChoice(row) || isField(row);
   if (!row.Path || !isDone) return el("span", { class: "main", tabindex: "-1" });
-  return el("button", { type: "button", ...shared, on: { click: (event) => open(row, boxOf(event)) } });
+  const click = (event) => open(row, boxOf(event), place);
+  return el("button", { type: "button", ...shared, on: { click } });
 }
 
-/** The element of a row. `showsAlbum` tells whether the line below the title names the album. */
-export function item(row, kind, { showsAlbum = true } = {}) {
+/** The element of a row, which has this number in its list; `showsAlbum`: the line below its title does. */
+export function item(row, kind, list, index, showsAlbum = true) {
   if (row.Type === "Header") {
     const heading = { class: "main", tabindex: "-1", role: "heading", "aria-level": "2", text: row.Title };
     return el("li", { class: "item header" }, el("span", heading));
   }
   const isPlaying = row.Type === "Audio" && playback.state.path === row.Path;
-  const main = mainOf(row);
+  const main = mainOf(row, { list, index });
   const value = isChoice(row) || isField(row) || row.Type === "Text" ? valueText(row) : "";
   const subtitle = subtitleOf(row, showsAlbum) || value;
   const isItem = row.Type === "Audio" || Boolean(row.Id && row.Type === "Container");

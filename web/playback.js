@@ -43,8 +43,9 @@ class Playback extends EventTarget {
     }
   }
 
-  play(path) {
-    return this.send("play", { path });
+  /** Plays a row or a list; `place` is the {list, index} where a row was seen. */
+  play(path, place = {}) {
+    return this.send("play", { path, ...place });
   }
 
   toggle() {

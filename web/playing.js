@@ -102,8 +102,9 @@ export class PlayingView extends View {
   }
 
   #make(at) {
-    const row = this.#source.row(at + this.first);
-    return row ? item(row, "rows") : skeleton("rows");
+    const index = at + this.first;
+    const row = this.#source.row(index);
+    return row ? item(row, "rows", this.#source.path, index) : skeleton("rows");
   }
 
   #dropQueue() {

@@ -1,4 +1,4 @@
-// The rows of recent places, kept so that who goes back sees them at once. They are followed: a notice ends them.
+// The rows of recent places, kept for those who go back. The places stay followed: a notice ends their rows.
 
 import { getRows, pageSize } from "./api.js";
 import { live } from "./live.js";

@@ -100,7 +100,7 @@ export class SearchView extends View {
       const { error } = source;
       if (error) return fill(list, el("li", { class: "problem", role: "alert" }, error.message));
       const hits = source.rows.slice(0, most);
-      fill(list, hits.map((hit) => item(hit, "rows")));
+      fill(list, hits.map((hit, index) => item(hit, "rows", row.Path, index)));
       all.hidden = source.count <= most;
       fill(all, t("All %1", source.count), icon("forward"));
       this.dispatchEvent(new Event("loaded"));
