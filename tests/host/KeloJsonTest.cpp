@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <kelo/KeloJson.h>
 #include <limits>
+#include <thread>
 
 namespace {
 QByteArray nested(int depth)
@@ -90,15 +91,18 @@ TEST(KeloJsonTest, theFirstOfEqualKeysCountsAndKeysMayHoldAnything)
     EXPECT_EQ(keys, std::string("a#,a#,#,\0b#,\xc3\xa5*,z#,", 19));
 }
 
-TEST(KeloJsonTest, valuesOutliveTheTextAndTheDocument)
+TEST(KeloJsonTest, valuesOutliveTheTextTheDocumentAndTheThread)
 {
     KeloJson name;
-    {
+    std::thread reader([&name] {
         QByteArray text = "[{\"id\":1,\"name\":\"n\\n1\"},{\"id\":2,\"name\":\"n\\n2\"}]";
         const KeloJson list = KeloJson::parse(text);
         list.forEach([&](const KeloJson& item) { name = item.value("name"); });
         text.fill('x');
-    }
+        EXPECT_EQ(KeloJson::parse("[{\"own\":1}]").size(), 1) << "memory of its own";
+        EXPECT_EQ(list.size(), 2);
+    });
+    reader.join();
     KeloJson::parse("{\"own\":1}");
     EXPECT_EQ(name.toUtf8(), "n\n2");
 }

@@ -8,6 +8,8 @@ namespace {
 constexpr std::size_t maxDepth = 256;
 /// A parser that grew beyond this many bytes is given up after its document.
 constexpr std::size_t maxKeptParser = 4 * 1024 * 1024;
+/// A document of a longer text is not kept for the thread's next text: it takes ten times the text.
+constexpr std::size_t maxKeptDocument = 128 * 1024;
 
 constexpr quint64 payloadMask = 0x00FFFFFFFFFFFFFF;
 constexpr quint32 maxCount = 0xFFFFFF; ///< the tape's counter stops here
@@ -148,9 +150,14 @@ KeloJson KeloJson::parse(const QByteArray& text, KeloError* error)
 {
     if (error)
         *error = KeloError();
-    const KeloShared<Document> document(new Document);
+    thread_local KeloShared<Document> kept;
+    if (!kept.isUnique())
+        kept = KeloShared<Document>(new Document);
+    const KeloShared<Document> document = kept;
     const simdjson::error_code fault =
         text.isEmpty() ? simdjson::EMPTY : readDocument(document->document, text);
+    if (document->document.capacity() > maxKeptDocument)
+        kept = KeloShared<Document>();
     if (fault == simdjson::SUCCESS)
         return KeloJson(document, 1);
     if (error)
