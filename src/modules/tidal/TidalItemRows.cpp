@@ -112,11 +112,7 @@ TidalItemRows::TidalItemRows(const Page& page, const QStringList& pathKeys,
       m_menuPath(CMPath::fromEncoded(page.menu.value(KeloRoles::Path()).toString()), contextKeys),
       m_imageBase(page.settings.imageUrl()), m_imageSize(imageSize), m_imageUrl(QVariant())
 {
-    m_row.share(Row::Title, QString());
-    m_row.share(Row::Id, QString());
     m_row.share(Row::Disabled, false);
-    m_row.share(Row::Description, QString());
-    m_row.share(Row::MediaData, KeloMediaData().toVariant());
     m_row.share(Row::AudioType, KeloRolesAudioType::None());
     m_row.share(Row::ContainerType, KeloRolesContainerType::None());
     m_row.share(Row::Type, KeloRolesType::Container());
@@ -177,6 +173,8 @@ TidalArtistRows::TidalArtistRows(const Page& page)
     : TidalItemRows(page, {QStringLiteral("artistId"), QStringLiteral("artistUrl")}, contextKeys(),
                     page.settings.imageSizeArtist())
 {
+    m_row.share(Row::Description, QString());
+    m_row.share(Row::MediaData, KeloMediaData().toVariant());
 }
 
 QVariantList TidalArtistRows::row(const KeloJson& artist, qint64 number)
@@ -270,6 +268,7 @@ TidalPlaylistRows::TidalPlaylistRows(const Page& page, bool isChooser)
 {
     m_row.share(Row::Type, isChooser ? KeloRolesType::Action() : KeloRolesType::Container());
     m_row.share(Row::ContainerPlayable, !isChooser);
+    m_row.share(Row::MediaData, KeloMediaData().toVariant());
 }
 
 QVariantList TidalPlaylistRows::row(const KeloJson& playlist, qint64 number)
