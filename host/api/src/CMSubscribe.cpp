@@ -2,18 +2,20 @@
 
 #include "CMRoot.h"
 
+#include <algorithm>
+
 quint64 CMSubscribe::openRows(const CMPath& path, RowsListener listener)
 {
     const quint64 id =
-        m_listeners.add([path, listener = std::move(listener)](const IsTouched& isTouched,
-                                                               const QVariant& change, int count) {
-            if (isTouched(path))
-                listener(CMRowsNotice{path, change, count});
+        m_listeners.add([path, listener = std::move(listener)](const QVariant& change, int count) {
+            listener(CMRowsNotice{path, change, count});
         });
     bool isFirst = false;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        m_open.emplace(id, path);
+        m_open[path.base()].emplace(id, path);
+        m_openBases.insert(path.base());
+        m_bases.emplace(id, path.base());
         isFirst = ++m_clients[path] == 1;
     }
     if (isFirst)
@@ -27,11 +29,18 @@ void CMSubscribe::closeRows(quint64 id)
     CMPath path;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        const auto found = m_open.find(id);
-        if (found == m_open.end())
+        const auto base = m_bases.find(id);
+        if (base == m_bases.end())
             return;
-        path = found->second;
-        m_open.erase(found);
+        const auto open = m_open.find(base->second);
+        const auto closed = open->find(id);
+        path = closed->second;
+        open->erase(closed);
+        if (open->empty()) {
+            m_open.erase(open);
+            m_openBases.erase(base->second);
+        }
+        m_bases.erase(base);
         const auto clients = m_clients.find(path);
         if (--clients.value() > 0)
             return;
@@ -40,34 +49,61 @@ void CMSubscribe::closeRows(quint64 id)
     Q_EMIT rowsPathRemoved(path);
 }
 
-void CMSubscribe::tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
-                       const IsTouched& isTouched)
+std::vector<std::pair<quint64, CMPath>> CMSubscribe::touched(const CMPath& path,
+                                                             bool isForAllBelow) const
 {
+    std::vector<std::pair<quint64, CMPath>> result;
+    const auto add = [&](const QString& base) {
+        const auto paths = m_open.constFind(base);
+        if (paths == m_open.constEnd())
+            return;
+        for (const auto& open : *paths) {
+            if (open.second.includesParams(path))
+                result.push_back(open);
+        }
+    };
+    QString base = path.base();
+    while (isForAllBelow && base.endsWith(QLatin1Char('/')))
+        base.chop(1);
+    add(base);
+    if (!isForAllBelow)
+        return result;
+    base += QLatin1Char('/');
+    for (auto below = m_openBases.lower_bound(base);
+         below != m_openBases.end() && below->startsWith(base); ++below)
+        add(*below);
+    std::sort(result.begin(), result.end(),
+              [](const auto& one, const auto& other) { return one.first < other.first; });
+    return result;
+}
+
+void CMSubscribe::tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
+                       bool isForAllBelow)
+{
+    std::vector<quint64> ids;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         int& version = m_versions[path.base()];
         version = rowsVersion >= 0 ? rowsVersion : version + 1;
-        for (const auto& [id, open] : m_open) {
-            if (isTouched(open) && !open.equals(path, CMPath::CompareBase))
+        for (const auto& [id, open] : touched(path, isForAllBelow)) {
+            ids.push_back(id);
+            if (!open.equals(path, CMPath::CompareBase))
                 ++m_versions[open.base()];
         }
     }
-    m_listeners.notify(isTouched, change, count);
+    m_listeners.notifyOnly(ids, change, count);
 }
 
 void CMSubscribe::rowsChanged(const CMPath& path, const QVariant& change, int count,
                               int rowsVersion)
 {
-    tell(path, change, count, rowsVersion, [&path](const CMPath& open) {
-        return open.equals(path, CMPath::CompareBase) && open.includesParams(path);
-    });
+    tell(path, change, count, rowsVersion, false);
 }
 
 void CMSubscribe::changedStartingWith(const CMPath& path, const QString& kind, int count,
                                       int rowsVersion)
 {
-    tell(path, kind, count, rowsVersion,
-         [&path](const CMPath& open) { return open.startsWith(path); });
+    tell(path, kind, count, rowsVersion, true);
 }
 
 int CMSubscribe::rowsVersion(const CMPath& path) const

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <QObject>
 #include <QVariant>
+#include <set>
 
 /// What a client is told about an open rows path.
 struct KELO_EXPORT CMRowsNotice
@@ -59,16 +60,23 @@ Q_SIGNALS:
     void rowsPathRemoved(CMPath const& path);
 
 private:
-    using IsTouched = std::function<bool(const CMPath& open)>;
+    /// The open paths at one base, by the number of their listener.
+    using OpenPaths = std::map<quint64, CMPath>;
 
     /// Counts the version at the path's base up, or sets it, and those of the touched open paths;
-    /// then tells the clients, without the lock.
+    /// then tells the clients, without the lock. Touched are the open paths at its base, or at each
+    /// base below it, too, that include its parameters.
     void tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
-              const IsTouched& isTouched);
+              bool isForAllBelow);
+    /// With the lock held.
+    std::vector<std::pair<quint64, CMPath>> touched(const CMPath& path, bool isForAllBelow) const;
 
-    mutable std::mutex m_mutex;       ///< guards all but the listeners
-    std::map<quint64, CMPath> m_open; ///< by the number of the listener
-    QHash<CMPath, int> m_clients;     ///< open paths by number of clients, never zero
-    QHash<QString, int> m_versions;   ///< by base; absent: 0
-    KeloListeners<IsTouched, QVariant, int> m_listeners;
+    mutable std::mutex m_mutex; ///< guards all but the listeners
+    /// By base, so that a notice looks at no others.
+    QHash<QString, OpenPaths> m_open;
+    std::set<QString> m_openBases;      ///< the same in order, for notices to all below a base
+    std::map<quint64, QString> m_bases; ///< of the open paths, by the number of the listener
+    QHash<CMPath, int> m_clients;       ///< open paths by number of clients, never zero
+    QHash<QString, int> m_versions;     ///< by base; absent: 0
+    KeloListeners<QVariant, int> m_listeners;
 };

@@ -56,11 +56,40 @@ public:
     /// Calls every listener. One that is added meanwhile is not told, one that is removed no more.
     void notify(const Arguments&... arguments)
     {
-        std::vector<std::shared_ptr<Entry>> entries; // released after the lock
+        Entries entries; // released after the lock
         std::unique_lock<std::mutex> lock(m_mutex);
         entries.reserve(m_entries.size());
         for (const auto& entry : m_entries)
             entries.push_back(entry.second);
+        tell(entries, lock, arguments...);
+    }
+
+    /// Calls the listeners of these numbers, those that are known, as notify() does.
+    void notifyOnly(const std::vector<quint64>& ids, const Arguments&... arguments)
+    {
+        Entries entries; // released after the lock
+        std::unique_lock<std::mutex> lock(m_mutex);
+        entries.reserve(ids.size());
+        for (const quint64 id : ids) {
+            const auto found = m_entries.find(id);
+            if (found != m_entries.end())
+                entries.push_back(found->second);
+        }
+        tell(entries, lock, arguments...);
+    }
+
+private:
+    struct Entry
+    {
+        Listener listener;
+        std::vector<std::thread::id> running; ///< threads that are inside the listener
+        bool isRemoved = false;
+    };
+    using Entries = std::vector<std::shared_ptr<Entry>>;
+
+    void tell(const Entries& entries, std::unique_lock<std::mutex>& lock,
+              const Arguments&... arguments)
+    {
         for (const auto& entry : entries) {
             if (entry->isRemoved)
                 continue;
@@ -73,14 +102,6 @@ public:
             m_left.notify_all();
         }
     }
-
-private:
-    struct Entry
-    {
-        Listener listener;
-        std::vector<std::thread::id> running; ///< threads that are inside the listener
-        bool isRemoved = false;
-    };
 
     std::mutex m_mutex;             ///< guards all below, and the entries but for their listeners
     std::condition_variable m_left; ///< a thread has come out of a listener
