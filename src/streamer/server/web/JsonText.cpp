@@ -54,6 +54,42 @@ char* appendEscaped(char* out, ushort c)
 
 /// Room for one UTF-16 unit: an escape.
 constexpr int longestUnit = 6;
+/// Units of a text that are written together, in a vector of the compiler's.
+constexpr int blockSize = 8;
+using Units = ushort __attribute__((vector_size(2 * blockSize)));
+using Bytes = uchar __attribute__((vector_size(blockSize)));
+
+/// Writes a block as it is; false when that is wrong for one of its units.
+bool writeBlock(char* out, const ushort* from)
+{
+    Units units;
+    std::memcpy(&units, from, sizeof units);
+    const Bytes bytes = __builtin_convertvector(units, Bytes);
+    std::memcpy(out, &bytes, sizeof bytes);
+    const auto others = (units - ' ' > 0x7F - ' ') | (units == '"') | (units == '\\');
+    quint64 any[2];
+    static_assert(sizeof any == sizeof others);
+    std::memcpy(any, &others, sizeof any);
+    return (any[0] | any[1]) == 0;
+}
+
+/// The text in UTF-8 as a JSON string has it, up to `stop` or one unit further.
+char* writeUnits(char* out, const ushort*& from, const ushort* stop, const ushort* end)
+{
+    while (from < stop) {
+        const ushort c = *from;
+        if (c >= 0x80) {
+            out = appendUtf8(out, from, end);
+            continue;
+        }
+        ++from;
+        if (c < ' ' || c == '"' || c == '\\')
+            out = appendEscaped(out, c);
+        else
+            *out++ = char(c);
+    }
+    return out;
+}
 
 } // namespace
 
@@ -70,21 +106,36 @@ bool JsonText::Writer::text(const QString& text)
     char* out = begin;
     *out++ = '"';
     const ushort* from = text.utf16();
-    for (const ushort* const end = from + text.size(); from < end;) {
-        const ushort c = *from;
-        if (c >= 0x80) {
-            out = appendUtf8(out, from, end);
+    const ushort* const end = from + text.size();
+    while (end - from >= blockSize) {
+        if (writeBlock(out, from)) {
+            from += blockSize;
+            out += blockSize;
         } else {
-            ++from;
-            if (c < ' ' || c == '"' || c == '\\')
-                out = appendEscaped(out, c);
-            else
-                *out++ = char(c);
+            out = writeUnits(out, from, from + blockSize, end);
         }
     }
+    out = writeUnits(out, from, end, end);
     *out++ = '"';
     os_->Pop(room - size_t(out - begin));
     return true;
+}
+
+void JsonText::Writer::raw(const std::string& string)
+{
+    Prefix(rapidjson::kStringType);
+    std::memcpy(os_->Push(string.size()), string.data(), string.size());
+}
+
+std::vector<std::string> JsonText::encoded(const QStringList& names)
+{
+    std::vector<std::string> all;
+    for (const QString& name : names) {
+        JsonText json;
+        json.key(name);
+        all.push_back(json.text());
+    }
+    return all;
 }
 
 /// What the host's own types hold inside a variant.
@@ -133,7 +184,7 @@ void JsonText::field(const char* name, const QVariant& value)
     write(value, 0);
 }
 
-const QStringList& JsonText::sorted(const QVariantHash& hash, Fields& values)
+const JsonText::Order& JsonText::sorted(const QVariantHash& hash, Fields& values)
 {
     const auto hasAll = [&](const QStringList& names) {
         values.clear();
@@ -145,15 +196,14 @@ const QStringList& JsonText::sorted(const QVariantHash& hash, Fields& values)
         }
         return true;
     };
-    for (const QStringList& names : m_orders) {
-        if (names.size() == hash.size() && hasAll(names))
-            return names;
+    for (const Order& order : m_orders) {
+        if (order.names.size() == hash.size() && hasAll(order.names))
+            return order;
     }
     QStringList names = hash.keys();
     names.sort();
-    m_orders.push_back(names);
     hasAll(names);
-    return m_orders.back();
+    return m_orders.emplace_back(Order{names, encoded(names)});
 }
 
 void JsonText::roles(const char* name, const QVariantHash& roles)
@@ -161,13 +211,12 @@ void JsonText::roles(const char* name, const QVariantHash& roles)
     m_writer.Key(name);
     beginObject();
     Fields values;
-    const QStringList names = sorted(roles, values);
-    for (int i = 0; i < names.size(); ++i) {
-        const QVariant& value = *values[size_t(i)];
-        if (!value.isValid())
+    const Order& order = sorted(roles, values);
+    for (int i = 0; i < values.size(); ++i) {
+        if (!values[i]->isValid())
             continue;
-        key(names.at(i));
-        role(names.at(i), value);
+        key(order.encoded[size_t(i)]);
+        role(order.names.at(i), *values[i]);
     }
     endObject();
 }
@@ -179,11 +228,11 @@ void JsonText::writeHash(const QVariantHash& hash, int depth)
         return;
     }
     Fields values;
-    const QStringList names = sorted(hash, values);
+    const Order& order = sorted(hash, values);
     m_writer.StartObject();
-    for (int i = 0; i < names.size(); ++i) {
-        key(names.at(i));
-        write(*values[size_t(i)], depth + 1);
+    for (int i = 0; i < values.size(); ++i) {
+        key(order.encoded[size_t(i)]);
+        write(*values[i], depth + 1);
     }
     m_writer.EndObject();
 }

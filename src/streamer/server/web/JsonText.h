@@ -1,7 +1,9 @@
 #pragma once
+#include <deque>
 #include <QJsonObject>
 #include <QStringList>
 #include <QVariant>
+#include <QVarLengthArray>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 #include <string>
@@ -23,6 +25,9 @@ public:
     void beginArray() { m_writer.StartArray(); }
     void endArray() { m_writer.EndArray(); }
     void key(const QString& name) { m_writer.text(name); }
+    void key(const std::string& encodedName) { m_writer.raw(encodedName); }
+    /// Names as a document has them, made once for many rows.
+    static std::vector<std::string> encoded(const QStringList& names);
     /// Any value: paths as their text, hashes and lists in depth; what has no JSON form is null.
     void field(const char* name, const QVariant& value);
     /// A role's value: as a field's, types by their names.
@@ -44,18 +49,26 @@ private:
     public:
         using rapidjson::Writer<rapidjson::StringBuffer>::Writer;
         bool text(const QString& text);
+        /// A string as it is to stand in the document.
+        void raw(const std::string& string);
     };
-    using Fields = std::vector<const QVariant*>;
+    using Fields = QVarLengthArray<const QVariant*, 32>;
 
     bool writeOwnType(const QVariant& value, int depth);
     bool writePlain(const QVariant& value);
     void write(const QVariant& value, int depth);
     void writeHash(const QVariantHash& hash, int depth);
-    /// The names of a hash in order, and its values in the same order.
-    const QStringList& sorted(const QVariantHash& hash, Fields& values);
+    /// The names of a hash in order.
+    struct Order
+    {
+        QStringList names;
+        std::vector<std::string> encoded;
+    };
+    /// And its values in the same order.
+    const Order& sorted(const QVariantHash& hash, Fields& values);
 
     const TextCatalogue* m_texts;
     rapidjson::StringBuffer m_buffer;
     Writer m_writer{m_buffer};
-    std::vector<QStringList> m_orders; ///< names of the hashes so far: most rows have the same ones
+    std::deque<Order> m_orders; ///< of the hashes so far: most rows have the same names
 };

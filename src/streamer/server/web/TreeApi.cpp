@@ -33,8 +33,9 @@ bool isHeader(const QVariant& type)
 }
 
 /// The roles of a list of values as an object, those without a value left out; values[typeAt] is
-/// the type.
-void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& values, int typeAt)
+/// the type. `keys` are the roles, encoded.
+void writeRoles(JsonText& json, const QStringList& roles, const std::vector<std::string>& keys,
+                const QVariantList& values, int typeAt)
 {
     json.beginObject();
     const int count = qMin(roles.size(), values.size());
@@ -42,7 +43,7 @@ void writeRoles(JsonText& json, const QStringList& roles, const QVariantList& va
     for (int i = 0; i < count; ++i) {
         if (!values.at(i).isValid())
             continue;
-        json.key(roles.at(i));
+        json.key(keys[size_t(i)]);
         if (isHeading && roles.at(i) == KeloRoles::Title())
             json.heading(values.at(i));
         else
@@ -137,8 +138,9 @@ HttpReply TreeApi::rowsReply(const HttpCall& call, const Range& range, const QSt
     json.key(QStringLiteral("rows"));
     json.beginArray();
     const int typeAt = range.roles.indexOf(KeloRoles::Type());
+    const std::vector<std::string> keys = JsonText::encoded(roles);
     for (const QVariant& row : range.rows)
-        writeRoles(json, roles, row.toList(), typeAt);
+        writeRoles(json, roles, keys, row.toList(), typeAt);
     json.endArray();
     json.endObject();
     return HttpReply::json(json.text());
@@ -208,7 +210,8 @@ void TreeApi::data(const HttpCall& call, const HttpAnswer& answer)
             json.beginObject();
             json.field("path", path.toEncoded());
             json.key(QStringLiteral("data"));
-            writeRoles(json, roles, values, roles.indexOf(KeloRoles::Type()));
+            writeRoles(json, roles, JsonText::encoded(roles), values,
+                       roles.indexOf(KeloRoles::Type()));
             json.endObject();
             return HttpReply::json(json.text());
         });
