@@ -71,7 +71,7 @@ void* TidalHandler::get(QString path, QList<QPair<QString, QString>>& query, QOb
                         int readSizeLimit)
 {
     const KeloUrl url = requestUrl(m_apiUrl, path, query);
-    KELO_LOG("Tidal", INFO) << "Url get request: " << keloUrlForLog(url.toString());
+    KELO_LOG("Tidal", INFO) << "Url get request: " << [&] { return keloUrlForLog(url.toString()); };
     return m_httpClient->get(url, receiver, member,
                              requestOptions(userData, timeoutMs, readSizeLimit));
 }
@@ -81,7 +81,8 @@ void* TidalHandler::post(QString path, QList<QPair<QString, QString>>& query, QS
                          int timeoutMs, HttpClientHeaders const& headers, int readSizeLimit)
 {
     const KeloUrl url = requestUrl(m_apiUrl, path, query);
-    KELO_LOG("Tidal", INFO) << "Url post request: " << keloUrlForLog(url.toString());
+    KELO_LOG("Tidal", INFO) << "Url post request: "
+                            << [&] { return keloUrlForLog(url.toString()); };
     KELO_LOG("Tidal", TRACE) << "Post data: " << body;
     return m_httpClient->post(url, body.toLatin1(), receiver, member,
                               requestOptions(userData, timeoutMs, readSizeLimit, headers));
@@ -94,7 +95,7 @@ void* TidalHandler::deleteCall(QString path, QList<QPair<QString, QString>>& que
 {
     const KeloUrl url = requestUrl(m_apiUrl, path, query);
     // The wording of a GET is deliberate: readers of logs rely on it.
-    KELO_LOG("Tidal", INFO) << "Url get request: " << keloUrlForLog(url.toString());
+    KELO_LOG("Tidal", INFO) << "Url get request: " << [&] { return keloUrlForLog(url.toString()); };
     return m_httpClient->delete_(url, QByteArray(), receiver, member,
                                  requestOptions(userData, timeoutMs, readSizeLimit, headers));
 }

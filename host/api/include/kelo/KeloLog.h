@@ -13,7 +13,7 @@ KELO_EXPORT const log4cplus::Logger& keloLogger(const char* name);
 
 /// One line of a log, built with << and written when it goes out of scope. Texts from outside have
 /// their control characters escaped, so that a line stays one line. When the level is off, nothing
-/// is formatted.
+/// is formatted, and a function that makes a text is not called.
 class KELO_EXPORT KeloLogLine
 {
 public:
@@ -38,6 +38,11 @@ private:
     void append(const QStringList& texts) { append(texts.join(QStringLiteral(", "))); }
     void append(const CMPath& path) { append(path.toEncoded()); }
     void append(const CMRequest& request);
+    template <class Make>
+    auto append(const Make& make) -> decltype(void(make()))
+    {
+        append(make());
+    }
     void append(bool flag) { append(flag ? "true" : "false"); }
     void append(int number) { append(QString::number(number)); }
     void append(qint64 number) { append(QString::number(number)); }

@@ -140,7 +140,8 @@ void WebServer::Private::serve(const HttpRequest& request, const HttpAnswer& ans
             const auto duration = std::chrono::steady_clock::now() - begin;
             m_metrics.count(route, reply.status, duration);
             KELO_LOG("Web", DEBUG)
-                << method.c_str() << " " << keloUrlForLog(QString::fromStdString(target)) << ": "
+                << method.c_str() << " "
+                << [&] { return keloUrlForLog(QString::fromStdString(target)); } << ": "
                 << reply.status << ", "
                 << qint64(std::chrono::duration_cast<std::chrono::milliseconds>(duration).count())
                 << " ms";
