@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 #include <kelo/KeloLog.h>
+#include <kelo/KeloPost.h>
 
 namespace {
 /// Most redirects that one call follows.
@@ -130,7 +131,7 @@ bool HttpCall::answers(const HttpClientOptions& options) const
            m_options.followsRedirects() == options.followsRedirects();
 }
 
-void HttpCall::addRecipient(quintptr id, QObject* receiver, const char* member,
+void HttpCall::addRecipient(quintptr id, QObject* receiver, const QMetaMethod& member,
                             const HttpClientPrivate& userData)
 {
     m_recipients.push_back({id, receiver, member, userData});
@@ -232,24 +233,6 @@ size_t HttpCall::writeHeader(char* data, size_t, size_t count, void* call)
     return count;
 }
 
-HttpClientHeaders HttpCall::answerHeaders() const
-{
-    HttpClientHeaders headers;
-    const char* at = m_headerBlock.constData();
-    const char* end = at + m_headerBlock.size();
-    while (at < end) {
-        const char* lineEnd = std::find(at, end, '\n');
-        const char* colon = std::find(at, lineEnd, ':');
-        if (colon != lineEnd && colon != at) {
-            const QByteArray value =
-                QByteArray::fromRawData(colon + 1, int(lineEnd - colon) - 1).trimmed();
-            headers.append(QString::fromLatin1(at, int(colon - at)), QString::fromLatin1(value));
-        }
-        at = lineEnd + 1;
-    }
-    return headers;
-}
-
 HttpClient::Failure HttpCall::failure(CURLcode result) const
 {
     if (m_isBodyTooLarge)
@@ -326,7 +309,8 @@ void HttpCall::deliver(HttpClient::Failure failure) const
 {
     const bool isWhole = failure == HttpClient::NoFailure;
     const QByteArray body = isWhole ? m_body : QByteArray();
-    const HttpClientHeaders headers = isWhole ? answerHeaders() : HttpClientHeaders();
+    const HttpClientHeaders headers =
+        isWhole ? HttpClientHeaders(m_headerBlock) : HttpClientHeaders();
     for (const Recipient& recipient : m_recipients)
         deliver(recipient, failure, body, headers);
 }
@@ -334,15 +318,18 @@ void HttpCall::deliver(HttpClient::Failure failure) const
 void HttpCall::deliver(const Recipient& recipient, HttpClient::Failure failure,
                        const QByteArray& body, const HttpClientHeaders& headers) const
 {
-    if (!recipient.receiver)
+    QObject* receiver = recipient.receiver.data();
+    if (!receiver || !recipient.member.isValid())
         return;
-    const bool isInvoked = QMetaObject::invokeMethod(
-        recipient.receiver.data(), recipient.member.constData(), Qt::QueuedConnection,
-        Q_ARG(KeloUrl, m_url), Q_ARG(HttpClientPrivate, recipient.userData),
-        Q_ARG(int, status(failure)), Q_ARG(int, int(failure)), Q_ARG(QByteArray, body),
-        Q_ARG(HttpClientHeaders, headers));
-    if (!isInvoked)
-        KELO_LOG("http", ERROR) << "Receiver cannot take an answer: " << recipient.member;
+    // Directly, since a queued call of a method looks up the types of its arguments each time.
+    keloPost(receiver,
+             [receiver, member = recipient.member, url = m_url, userData = recipient.userData,
+              status = status(failure), failure, body, headers] {
+                 member.invoke(receiver, Qt::DirectConnection, Q_ARG(KeloUrl, url),
+                               Q_ARG(HttpClientPrivate, userData), Q_ARG(int, status),
+                               Q_ARG(int, int(failure)), Q_ARG(QByteArray, body),
+                               Q_ARG(HttpClientHeaders, headers));
+             });
 }
 
 void HttpCall::clear()

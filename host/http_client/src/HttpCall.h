@@ -3,6 +3,7 @@
 #include "HttpClient.h"
 #include <chrono>
 #include <curl/curl.h>
+#include <QMetaMethod>
 #include <QPointer>
 #include <vector>
 
@@ -31,7 +32,7 @@ public:
     /// Whether its answer is also that of a GET with these options.
     bool answers(const HttpClientOptions& options) const;
     /// Adds one that the answer is delivered to, by a number of its own.
-    void addRecipient(quintptr id, QObject* receiver, const char* member,
+    void addRecipient(quintptr id, QObject* receiver, const QMetaMethod& member,
                       const HttpClientPrivate& userData);
     /// Takes a recipient out, which is told that its call was aborted; false when nobody is left.
     bool abort(quintptr id);
@@ -66,7 +67,7 @@ private:
     {
         quintptr id;
         QPointer<QObject> receiver;
-        QByteArray member;
+        QMetaMethod member; ///< invalid: the receiver cannot take an answer
         HttpClientPrivate userData;
     };
 
@@ -75,7 +76,6 @@ private:
                  const HttpClientHeaders& headers) const;
     bool append(const char* data, int size);
     int status(HttpClient::Failure failure) const;
-    HttpClientHeaders answerHeaders() const;
 
     CURL* m_easy;
     const bool m_isKeptAlive; ///< connections are kept for the next call

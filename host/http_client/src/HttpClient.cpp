@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <deque>
 #include <kelo/KeloLog.h>
+#include <map>
 #include <QMultiHash>
 #include <vector>
 
@@ -86,6 +87,9 @@ private:
         std::deque<quintptr> waiting;
     };
 
+    /// The method of that bare name, looked up once a class; invalid, with an ERROR log line, when
+    /// the receiver has none for an answer.
+    QMetaMethod methodOf(const QObject* receiver, const char* member);
     Call takeCall();
     /// The call under way whose answer is also this one's, none of them older than what was sent to
     /// change something; null when there is none.
@@ -110,6 +114,8 @@ private:
     QMultiHash<QByteArray, quintptr> m_reads;        ///< GETs that others may join, by address
     std::unordered_map<uint, Lane> m_lanes;
     std::vector<Call> m_idle;
+    /// By class and name.
+    std::map<std::pair<const QMetaObject*, QByteArray>, QMetaMethod> m_methods;
 };
 
 HttpClient::Private::Private(HttpVersion version, bool keepAlive)
@@ -126,6 +132,24 @@ HttpClient::Private::~Private()
         if (entry.second->isRecorded())
             HttpCallLog::instance().end(entry.second->record(Aborted));
     }
+}
+
+QMetaMethod HttpClient::Private::methodOf(const QObject* receiver, const char* member)
+{
+    if (!receiver)
+        return QMetaMethod();
+    const QMetaObject* meta = receiver->metaObject();
+    const auto known =
+        m_methods.find({meta, QByteArray::fromRawData(member, int(qstrlen(member)))});
+    if (known != m_methods.end())
+        return known->second;
+    const int index = meta->indexOfMethod(
+        QByteArray(member) + "(KeloUrl,HttpClientPrivate,int,int,QByteArray,HttpClientHeaders)");
+    if (index < 0) {
+        KELO_LOG("http", ERROR) << "Receiver cannot take an answer: " << member;
+        return QMetaMethod();
+    }
+    return m_methods[{meta, member}] = meta->method(index);
 }
 
 HttpClient::Private::Call HttpClient::Private::takeCall()
@@ -161,12 +185,12 @@ void* HttpClient::Private::start(HttpCall::Method method, const KeloUrl& url,
         m_reads.clear(); // what is asked from here on is to see the change
     const bool isShared = isRead && options.isShared();
     if (HttpCall* same = isShared ? findSame(url, options) : nullptr) {
-        same->addRecipient(id, receiver, member, options.userData());
+        same->addRecipient(id, receiver, methodOf(receiver, member), options.userData());
         m_callOf.emplace(id, same->id());
         return reinterpret_cast<void*>(id);
     }
     Call call = takeCall();
-    call->addRecipient(id, receiver, member, options.userData());
+    call->addRecipient(id, receiver, methodOf(receiver, member), options.userData());
     call->setRecorded(m_isRecorded);
     if (m_isRecorded)
         HttpCallLog::instance().begin();
