@@ -1,7 +1,9 @@
 #include "TidalBrowseNode.h"
 #include "TidalHandler.h"
 #include <kelo/KeloLog.h>
+#include <kelo/KeloPost.h>
 #include <kelo/KeloTidalConstants.h>
+#include <QThread>
 
 bool TidalBrowseNode::getRowsRequest(const CMGetRowsRequest& request)
 {
@@ -12,8 +14,10 @@ bool TidalBrowseNode::getRowsRequest(const CMGetRowsRequest& request)
             CMError(QStringLiteral("Error"), KELO_TR("Bad rows request range")));
         return true;
     }
-    QMetaObject::invokeMethod(this, "on_getRowsRequest", Qt::AutoConnection,
-                              Q_ARG(CMGetRowsRequest, request));
+    if (thread() == QThread::currentThread())
+        on_getRowsRequest(request);
+    else
+        keloPost(this, [this, request] { on_getRowsRequest(request); });
     return true;
 }
 

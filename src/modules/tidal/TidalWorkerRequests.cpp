@@ -3,20 +3,23 @@
 #include "TidalHandler.h"
 #include "TidalWorker.h"
 #include <kelo/KeloLog.h>
+#include <kelo/KeloPost.h>
 #include <kelo/KeloTidalConstants.h>
+#include <QThread>
 
 void TidalWorker::getDataRequest(const CMGetDataRequest& request)
 {
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request;
-    QMetaObject::invokeMethod(this, "on_getData_invoke", Qt::AutoConnection,
-                              Q_ARG(CMGetDataRequest, request));
+    if (thread() == QThread::currentThread())
+        on_getData_invoke(request);
+    else
+        keloPost(this, [this, request] { on_getData_invoke(request); });
 }
 
 void TidalWorker::setDataRequest(const CMSetDataRequest& request)
 {
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request;
-    QMetaObject::invokeMethod(this, "on_setData_invoke", Qt::QueuedConnection,
-                              Q_ARG(CMSetDataRequest, request));
+    keloPost(this, [this, request] { on_setData_invoke(request); });
 }
 
 void TidalWorker::getRowsRequest(const CMGetRowsRequest& request)
@@ -26,8 +29,7 @@ void TidalWorker::getRowsRequest(const CMGetRowsRequest& request)
         CMNodesWorker::getRowsRequest(request);
         return;
     }
-    QMetaObject::invokeMethod(this, "on_getRows_invoke", Qt::QueuedConnection,
-                              Q_ARG(CMGetRowsRequest, request));
+    keloPost(this, [this, request] { on_getRows_invoke(request); });
 }
 
 void TidalWorker::on_getData_invoke(const CMGetDataRequest& request)
