@@ -49,32 +49,18 @@ void CMSubscribe::closeRows(quint64 id)
     Q_EMIT rowsPathRemoved(path);
 }
 
-std::vector<std::pair<quint64, CMPath>> CMSubscribe::touched(const CMPath& path,
-                                                             bool isForAllBelow) const
+void CMSubscribe::addTouched(std::vector<quint64>& ids, const QString& base, const CMPath& path)
 {
-    std::vector<std::pair<quint64, CMPath>> result;
-    const auto add = [&](const QString& base) {
-        const auto paths = m_open.constFind(base);
-        if (paths == m_open.constEnd())
-            return;
-        for (const auto& open : *paths) {
-            if (open.second.includesParams(path))
-                result.push_back(open);
-        }
-    };
-    QString base = path.base();
-    while (isForAllBelow && base.endsWith(QLatin1Char('/')))
-        base.chop(1);
-    add(base);
-    if (!isForAllBelow)
-        return result;
-    base += QLatin1Char('/');
-    for (auto below = m_openBases.lower_bound(base);
-         below != m_openBases.end() && below->startsWith(base); ++below)
-        add(*below);
-    std::sort(result.begin(), result.end(),
-              [](const auto& one, const auto& other) { return one.first < other.first; });
-    return result;
+    const auto paths = m_open.constFind(base);
+    if (paths == m_open.constEnd())
+        return;
+    const std::size_t before = ids.size();
+    for (const auto& [id, open] : *paths) {
+        if (open.includesParams(path))
+            ids.push_back(id);
+    }
+    if (base != path.base())
+        m_versions[base] += int(ids.size() - before);
 }
 
 void CMSubscribe::tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
@@ -85,10 +71,16 @@ void CMSubscribe::tell(const CMPath& path, const QVariant& change, int count, in
         std::lock_guard<std::mutex> lock(m_mutex);
         int& version = m_versions[path.base()];
         version = rowsVersion >= 0 ? rowsVersion : version + 1;
-        for (const auto& [id, open] : touched(path, isForAllBelow)) {
-            ids.push_back(id);
-            if (!open.equals(path, CMPath::CompareBase))
-                ++m_versions[open.base()];
+        QString base = path.base();
+        while (isForAllBelow && base.endsWith(QLatin1Char('/')))
+            base.chop(1);
+        addTouched(ids, base, path);
+        if (isForAllBelow) {
+            base += QLatin1Char('/');
+            for (auto below = m_openBases.lower_bound(base);
+                 below != m_openBases.end() && below->startsWith(base); ++below)
+                addTouched(ids, *below, path);
+            std::sort(ids.begin(), ids.end());
         }
     }
     m_listeners.notifyOnly(ids, change, count);

@@ -68,8 +68,8 @@ private:
     /// base below it, too, that include its parameters.
     void tell(const CMPath& path, const QVariant& change, int count, int rowsVersion,
               bool isForAllBelow);
-    /// With the lock held.
-    std::vector<std::pair<quint64, CMPath>> touched(const CMPath& path, bool isForAllBelow) const;
+    /// The numbers of the touched paths at one base, added to the others; with the lock held.
+    void addTouched(std::vector<quint64>& ids, const QString& base, const CMPath& path);
 
     mutable std::mutex m_mutex; ///< guards all but the listeners
     /// By base, so that a notice looks at no others.
