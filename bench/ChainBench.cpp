@@ -1,9 +1,9 @@
-// One rows request through the whole chain, and a bare libcurl fetch of the same body, for counting
-// instructions. Modes:
-//   kelo-chain-bench service            serves until stdin ends; prints its address and a token
-//   kelo-chain-bench chain URL TOKEN N   N rows requests, from CMRoot::request to the finished
-//   reply kelo-chain-bench curl URL TOKEN N    N fetches with one easy handle that keeps its
-//   connection
+// One rows request through the whole chain, a bare libcurl fetch of the same body, and notices
+// among many open paths, for counting instructions. Modes:
+//   service              serves until stdin ends; prints its address and a token
+//   chain URL TOKEN N    N rows requests, from CMRoot::request to the finished reply
+//   curl URL TOKEN N     N fetches with one easy handle that keeps its connection
+//   notices PATHS N      N notices for one of so many open paths
 #include "ModuleBed.h"
 #include <curl/curl.h>
 #include <iostream>
@@ -87,6 +87,19 @@ int fetch(const std::string& url, const std::string& token, int count)
     curl_easy_cleanup(easy);
     return result;
 }
+
+int notices(int paths, int count)
+{
+    CMSubscribe subscribe;
+    int told = 0;
+    for (int i = 0; i < paths; ++i)
+        subscribe.openRows(CMPath(QStringLiteral("/tidal/list/%1").arg(i)),
+                           [&told](const CMRowsNotice&) { ++told; });
+    const CMPath path(QStringLiteral("/tidal/list/7"));
+    for (int i = 0; i < count; ++i)
+        subscribe.rowsChanged(path, CMSubscribe::RowsChangeReset(), 50);
+    return told == count ? 0 : 1;
+}
 } // namespace
 
 int main(int argc, char** argv)
@@ -102,6 +115,9 @@ int main(int argc, char** argv)
     if (arguments.size() == 5 && arguments.at(1) == QLatin1String("curl"))
         return fetch(arguments.at(2).toStdString(), arguments.at(3).toStdString(),
                      arguments.at(4).toInt());
-    std::cerr << "usage: kelo-chain-bench service| chain URL TOKEN N | curl URL TOKEN N\n";
+    if (arguments.size() == 4 && arguments.at(1) == QLatin1String("notices"))
+        return notices(arguments.at(2).toInt(), arguments.at(3).toInt());
+    std::cerr << "usage: kelo-chain-bench service | chain URL TOKEN N | curl URL TOKEN N | "
+                 "notices PATHS N\n";
     return 2;
 }
