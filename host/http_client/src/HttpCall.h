@@ -72,8 +72,6 @@ private:
     };
 
     void setMethod(Method method);
-    void deliver(const Recipient& recipient, HttpClient::Failure failure, const QByteArray& body,
-                 const HttpClientHeaders& headers) const;
     bool append(const char* data, int size);
     int status(HttpClient::Failure failure) const;
 

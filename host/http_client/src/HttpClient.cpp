@@ -30,6 +30,7 @@ void prepareLibrary()
     }();
     Q_UNUSED(isPrepared)
 }
+
 /// What calls have in common that one part of a service answers: method, host, and the words of
 /// the path, without the numbers and names between them.
 uint kindOf(HttpCall::Method method, const QByteArray& url)
@@ -94,15 +95,12 @@ private:
     /// The call under way whose answer is also this one's, none of them older than what was sent to
     /// change something; null when there is none.
     HttpCall* findSame(const KeloUrl& url, const HttpClientOptions& options);
-    /// Sends the call now, or when others of its kind have ended; false when too many wait.
-    bool enqueue(HttpCall& call);
-    void run(HttpCall& call);
+    /// Sends what waits, as many of the kind as may be under way.
     void runNext(uint kind);
     void done(CURL* easy, CURLcode result);
     /// Takes the call out of the maps, delivers and takes the handle back; then its kind's next one
     /// runs.
     void end(quintptr id, Failure failure);
-    void finish(Call call, Failure failure);
 
     HttpVersion m_version;
     bool m_isKeepAlive;
@@ -195,47 +193,24 @@ void* HttpClient::Private::start(HttpCall::Method method, const KeloUrl& url,
     if (m_isRecorded)
         HttpCallLog::instance().begin();
     Failure failure = call->prepare(id, method, url, body, options);
-    if (failure == NoFailure && m_calls.size() >= maxCalls)
+    m_calls.emplace(id, std::move(call));
+    m_callOf.emplace(id, id);
+    const uint kind = kindOf(method, url.toEncoded());
+    Lane& lane = m_lanes[kind];
+    if (failure == NoFailure &&
+        (m_calls.size() > maxCalls || lane.waiting.size() >= maxWaitingOfKind)) {
+        KELO_LOG("http", ERROR) << "Too many calls under way: " << keloUrlForLog(url.toString());
         failure = TransferFailed;
-    HttpCall& added = *call;
-    if (failure == NoFailure) {
-        m_calls.emplace(id, std::move(call));
-        m_callOf.emplace(id, id);
+    }
+    if (failure != NoFailure) {
+        end(id, failure);
+    } else {
         if (isShared)
             m_reads.insert(url.toEncoded(), id);
-        if (enqueue(added))
-            return reinterpret_cast<void*>(id);
-        call = std::move(m_calls.at(id));
-        m_calls.erase(id);
-        m_callOf.erase(id);
-        m_reads.remove(url.toEncoded(), id);
-        failure = TransferFailed;
+        lane.waiting.push_back(id);
+        runNext(kind);
     }
-    if (failure == TransferFailed)
-        KELO_LOG("http", ERROR) << "Not sent: " << keloUrlForLog(url.toString());
-    finish(std::move(call), failure);
     return reinterpret_cast<void*>(id);
-}
-
-bool HttpClient::Private::enqueue(HttpCall& call)
-{
-    Lane& lane = m_lanes[kindOf(call.method(), call.url().toEncoded())];
-    if (lane.running < maxOfKind) {
-        ++lane.running;
-        run(call);
-        return true;
-    }
-    if (lane.waiting.size() >= maxWaitingOfKind)
-        return false;
-    lane.waiting.push_back(call.id());
-    return true;
-}
-
-void HttpClient::Private::run(HttpCall& call)
-{
-    call.setTimeout();
-    call.setRunning();
-    m_loop.add(call.easy());
 }
 
 void HttpClient::Private::abort(quintptr id)
@@ -277,7 +252,12 @@ void HttpClient::Private::end(quintptr id, Failure failure)
     const uint kind = kindOf(call->method(), call->url().toEncoded());
     if (wasRunning && failure == Aborted)
         m_loop.remove(call->easy());
-    finish(std::move(call), failure);
+    call->deliver(failure);
+    if (call->isRecorded())
+        HttpCallLog::instance().end(call->record(failure));
+    call->clear();
+    if (m_idle.size() < maxIdleCalls)
+        m_idle.push_back(std::move(call));
     if (wasRunning)
         --m_lanes[kind].running;
     runNext(kind);
@@ -299,18 +279,10 @@ void HttpClient::Private::runNext(uint kind)
         if (next == m_calls.end())
             continue; // aborted while it waited
         ++lane->second.running;
-        run(*next->second);
+        next->second->setTimeout();
+        next->second->setRunning();
+        m_loop.add(next->second->easy());
     }
-}
-
-void HttpClient::Private::finish(Call call, Failure failure)
-{
-    call->deliver(failure);
-    if (call->isRecorded())
-        HttpCallLog::instance().end(call->record(failure));
-    call->clear();
-    if (m_idle.size() < maxIdleCalls)
-        m_idle.push_back(std::move(call));
 }
 
 HttpClient::HttpClient(QObject* parent, HttpVersion version, bool keepAlive) : QObject(parent)

@@ -26,8 +26,15 @@ public:
     {
         if (m_isGiven.exchange(true))
             return;
-        if (const auto session = m_session.lock())
-            session->post(std::move(reply));
+        const auto session = m_session.lock();
+        if (!session)
+            return;
+        // Not a strong handle: a server that has stopped runs nothing any more.
+        boost::asio::dispatch(session->executor(),
+                              [weak = m_session, reply = std::move(reply)]() mutable {
+                                  if (const auto again = weak.lock())
+                                      again->answer(std::move(reply));
+                              });
     }
 
 private:
@@ -160,16 +167,6 @@ void HttpSession::close()
     boost::asio::post(m_stream.get_executor(), [self = shared_from_this()] { self->end(); });
 }
 
-void HttpSession::post(HttpReply reply)
-{
-    // Not a strong handle: a server that has stopped runs nothing any more.
-    boost::asio::dispatch(m_stream.get_executor(),
-                          [weak = weak_from_this(), reply = std::move(reply)]() mutable {
-                              if (const auto self = weak.lock())
-                                  self->answer(std::move(reply));
-                          });
-}
-
 void HttpSession::awaitRequest()
 {
     if (m_buffer.size() > 0)
@@ -193,18 +190,21 @@ void HttpSession::readHeader()
     m_parser->body_limit(m_context->limits.body);
     m_stream.expires_after(std::chrono::seconds(m_context->limits.transferSeconds));
     http::async_read_header(
-        m_stream, m_buffer, *m_parser,
-        [self = shared_from_this()](const Error& error, size_t) { self->onHeader(error); });
+        m_stream, m_buffer, *m_parser, [self = shared_from_this()](const Error& error, size_t) {
+            const auto& parser = *self->m_parser;
+            if (error)
+                self->fail(error);
+            else if (parser.get().target().size() > self->m_context->limits.target)
+                self->refuse(414);
+            else if (parser.is_done())
+                self->takeRequest();
+            else
+                self->encourage();
+        });
 }
 
-void HttpSession::onHeader(const Error& error)
+void HttpSession::encourage()
 {
-    if (error)
-        return fail(error);
-    if (m_parser->get().target().size() > m_context->limits.target)
-        return refuse(414);
-    if (m_parser->is_done())
-        return takeRequest();
     if (!boost::beast::iequals(m_parser->get()[http::field::expect], "100-continue"))
         return readBody();
     static const std::string goOn = "HTTP/1.1 100 Continue\r\n\r\n";

@@ -63,15 +63,17 @@ public:
     void start();
     /// Any thread: closes the connection soon.
     void close();
-    /// Any thread: answers the request that is under way.
-    void post(HttpReply reply);
+    /// On the strand: answers the request that is under way.
+    void answer(HttpReply reply);
+    boost::asio::any_io_executor executor() { return m_stream.get_executor(); }
 
 private:
     using Error = boost::beast::error_code;
 
     void awaitRequest();
     void readHeader();
-    void onHeader(const Error& error);
+    /// Says that the body is wanted, where the client asks first (RFC 9110 10.1.1), and reads it.
+    void encourage();
     void readBody();
     void onRead(const Error& error);
     /// Ends the connection, or says what was wrong with the request.
@@ -79,7 +81,6 @@ private:
     /// Answers what no handler is to see, as the last of this connection.
     void refuse(int status);
     void takeRequest();
-    void answer(HttpReply reply);
     void write();
     /// Begins an event stream; writes what it has, and again when it has more.
     void follow();
