@@ -1,5 +1,6 @@
 #include "TidalHandler.h"
 #include "TidalWorker.h"
+#include <algorithm>
 #include <kelo/CMRoot.h>
 #include <kelo/HttpClient.h>
 #include <kelo/KeloLog.h>
@@ -40,6 +41,10 @@ bool isSegment(const QString& text)
 /// What need not be escaped in a segment stays as it is (RFC 3986 3.3).
 QString encodedSegment(const QString& text)
 {
+    // Most are identifiers.
+    const auto isPlain = [](QChar c) { return c < QChar(0x80) && c.isLetterOrNumber(); };
+    if (std::all_of(text.begin(), text.end(), isPlain))
+        return text;
     return QString::fromLatin1(QUrl::toPercentEncoding(text, "!$&'()*+,;=:@"));
 }
 } // namespace
