@@ -1,6 +1,7 @@
 #include "TextCatalogues.h"
 
 #include <kelo/KeloLog.h>
+#include <mutex>
 #include <QFile>
 
 /// Outside of every namespace, as the macro declares a function.
@@ -33,27 +34,41 @@ int qualityOf(const QString& parameters)
 
 } // namespace
 
+struct TextCatalogues::Language
+{
+    explicit Language(const char* tag) : catalogue(QString::fromLatin1(tag)) {}
+
+    const TextCatalogue& read()
+    {
+        std::call_once(isRead, [this] {
+            add(catalogue, QStringLiteral("kelo_tidal"));
+            add(catalogue, QStringLiteral("kelo_page"));
+        });
+        return catalogue;
+    }
+
+    TextCatalogue catalogue;
+    std::once_flag isRead;
+};
+
 TextCatalogues::TextCatalogues()
 {
     loadBuiltIn();
-    m_catalogues.push_back(std::make_unique<TextCatalogue>(QStringLiteral("en")));
-    for (const char* language : {"de", "fr", "ja", "nb"}) {
-        auto catalogue = std::make_unique<TextCatalogue>(QString::fromLatin1(language));
-        add(*catalogue, QStringLiteral("kelo_tidal"));
-        add(*catalogue, QStringLiteral("kelo_page"));
-        m_catalogues.push_back(std::move(catalogue));
-    }
+    for (const char* tag : {"en", "de", "fr", "ja", "nb"})
+        m_languages.push_back(std::make_unique<Language>(tag));
 }
 
-const TextCatalogue* TextCatalogues::find(const QString& tag) const
+TextCatalogues::~TextCatalogues() = default;
+
+TextCatalogues::Language* TextCatalogues::find(const QString& tag) const
 {
     // Whoever reads Norwegian of either kind reads Bokmål.
     QString primary = tag.trimmed().section(QLatin1Char('-'), 0, 0).toLower();
     if (primary == QLatin1String("no") || primary == QLatin1String("nn"))
         primary = QStringLiteral("nb");
-    for (const auto& catalogue : m_catalogues) {
-        if (catalogue->language() == primary)
-            return catalogue.get();
+    for (const auto& language : m_languages) {
+        if (language->catalogue.language() == primary)
+            return language.get();
     }
     return nullptr;
 }
@@ -61,29 +76,21 @@ const TextCatalogue* TextCatalogues::find(const QString& tag) const
 const TextCatalogue& TextCatalogues::choose(const QString& language,
                                             const QString& acceptLanguage) const
 {
-    const TextCatalogue& english = *m_catalogues.front();
+    Language* const english = m_languages.front().get();
+    Language* best = nullptr;
     if (!language.isEmpty()) {
-        const TextCatalogue* named = find(language);
-        return named ? *named : english;
-    }
-    const TextCatalogue* best = nullptr;
-    int bestQuality = 0;
-    const QStringList ranges = acceptLanguage.split(QLatin1Char(','));
-    for (const QString& range : ranges) {
-        const int quality = qualityOf(range.section(QLatin1Char(';'), 1));
-        const TextCatalogue* catalogue = find(range.section(QLatin1Char(';'), 0, 0));
-        if (catalogue && quality > bestQuality) {
-            best = catalogue;
-            bestQuality = quality;
+        best = find(language);
+    } else {
+        int bestQuality = 0;
+        const QStringList ranges = acceptLanguage.split(QLatin1Char(','));
+        for (const QString& range : ranges) {
+            const int quality = qualityOf(range.section(QLatin1Char(';'), 1));
+            Language* found = find(range.section(QLatin1Char(';'), 0, 0));
+            if (found && quality > bestQuality) {
+                best = found;
+                bestQuality = quality;
+            }
         }
     }
-    return best ? *best : english;
-}
-
-QStringList TextCatalogues::languages() const
-{
-    QStringList tags;
-    for (const auto& catalogue : m_catalogues)
-        tags.append(catalogue->language());
-    return tags;
+    return best && best != english ? best->read() : english->catalogue;
 }
