@@ -13,6 +13,15 @@ const QString objectPath = QStringLiteral("/org/mpris/MediaPlayer2");
 const QString busName = QStringLiteral("org.mpris.MediaPlayer2.kelo");
 } // namespace
 
+/// The entry of the library that MprisService loads.
+extern "C" Q_DECL_EXPORT QObject* kelo_mpris_object(PlayerControl& player,
+                                                    const QString& busAddress)
+{
+    auto* object = new MprisObject(player);
+    object->connectTo(busAddress);
+    return object;
+}
+
 MprisObject::MprisObject(PlayerControl& player)
     : m_player(player), m_adaptor(new MprisPlayer(*this)), m_connection(QString())
 {

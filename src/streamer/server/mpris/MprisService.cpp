@@ -1,6 +1,19 @@
 #include "MprisService.h"
-#include "MprisObject.h"
+#include "library/RuntimeLibrary.h"
 #include <kelo/KeloLog.h>
+#include <QObject>
+
+namespace {
+QObject* makeObject(PlayerControl& player, const QString& busAddress)
+{
+    const RuntimeLibrary library(RuntimeLibrary::installedFile(QStringLiteral("libkelo_mpris.so")));
+    using Create = QObject* (*)(PlayerControl&, const QString&);
+    if (const auto create = library.function<Create>("kelo_mpris_object"))
+        return create(player, busAddress);
+    KELO_LOG("mpris", DEBUG) << "cannot use the session bus: " << library.reason();
+    return nullptr;
+}
+} // namespace
 
 MprisService::MprisService(PlayerControl& player) : m_player(player) {}
 
@@ -15,8 +28,8 @@ void MprisService::start(const QString& busAddress)
         KELO_LOG("mpris", DEBUG) << "there is no session bus";
         return;
     }
-    m_thread.start([this] { m_object = std::make_unique<MprisObject>(m_player); });
-    m_thread.post([this, busAddress] { m_object->connectTo(busAddress); });
+    m_thread.start([] {});
+    m_thread.post([this, busAddress] { m_object.reset(makeObject(m_player, busAddress)); });
 }
 
 void MprisService::stop()

@@ -3,13 +3,13 @@
 #include <memory>
 #include <QString>
 
-class MprisObject;
 class PlayerControl;
+class QObject;
 
 /// Offers the player on the session bus in the way of MPRIS 2, for media keys and desktop panels.
 /// Owned by the program, started and stopped on its thread; the work is done on a thread of its
 /// own, since a bus that hangs must hold up nothing. Without a bus, or when it goes, nothing
-/// happens.
+/// happens. What speaks with the bus is loaded when there is one.
 class MprisService
 {
 public:
@@ -23,7 +23,7 @@ public:
     void stop();
 
 private:
-    [[maybe_unused]] PlayerControl& m_player; ///< a build without the bus leaves it alone
+    PlayerControl& m_player;
     KeloLoopThread m_thread;
-    std::unique_ptr<MprisObject> m_object; ///< of the thread
+    std::unique_ptr<QObject> m_object; ///< an MprisObject; of the thread
 };

@@ -76,3 +76,7 @@ protected:
 private:
     Events m_events;
 };
+
+/// What the library with the sound has as "kelo_audio_output": AudioOutput::create() for the thread
+/// that the output may keep waiting.
+using AudioOutputCreate = AudioOutput* (*)(const QString& description, QString* error);

@@ -6,6 +6,7 @@
 
 namespace {
 constexpr const char* logger = "player";
+const QString silentSink = QStringLiteral("fakesink sync=true");
 constexpr unsigned playFlagAudio = 0x2; // of playbin's flags, which no header declares
 constexpr unsigned playFlagSoftVolume = 0x10;
 constexpr unsigned playFlagBuffering = 0x100;
@@ -61,9 +62,21 @@ GstElement* makeAutoSink(TrString* note, QString* error)
         gst_object_unref(sink);
     }
     *note = TrString::in("Player", "no sound device, playing silently");
-    return parseSink(GstOutput::silentSink(), error);
+    return parseSink(silentSink, error);
+}
+
+GstElement* makeSink(const QString& description, TrString* note, QString* error)
+{
+    if (description == QLatin1String("auto"))
+        return makeAutoSink(note, error);
+    return parseSink(description == QLatin1String("null") ? silentSink : description, error);
 }
 } // namespace
+
+extern "C" Q_DECL_EXPORT AudioOutput* kelo_audio_output(const QString& description, QString* error)
+{
+    return GstOutput::create(description, error).release();
+}
 
 std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* error)
 {
@@ -75,8 +88,7 @@ std::unique_ptr<AudioOutput> GstOutput::create(const QString& sink, QString* err
         return nullptr;
     }
     TrString note;
-    GstPtr<GstElement> audioSink(sink == QLatin1String("auto") ? makeAutoSink(&note, error)
-                                                               : parseSink(sink, error));
+    GstPtr<GstElement> audioSink(makeSink(sink, &note, error));
     if (!audioSink)
         return nullptr;
     GstElement* playbin = gst_element_factory_make("playbin", nullptr);

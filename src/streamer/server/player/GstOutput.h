@@ -16,11 +16,9 @@
 class GstOutput : public AudioOutput
 {
 public:
-    /// The description of a sink that plays in real time to nowhere.
-    static QString silentSink() { return QStringLiteral("fakesink sync=true"); }
-    /// "auto" takes the machine's sound device, and without one plays silently in real time;
-    /// anything else is a description of a sink as gst-launch takes it. Null, with a sentence in
-    /// `error`, when the description is none or GStreamer's parts are missing.
+    /// "null" plays silently in real time; "auto" takes the machine's sound device, and without one
+    /// does as "null"; anything else is a description of a sink as gst-launch takes it. Null, with
+    /// a sentence in `error`, when the description is none or GStreamer's parts are missing.
     static std::unique_ptr<AudioOutput> create(const QString& sink, QString* error);
     ~GstOutput() override;
 
