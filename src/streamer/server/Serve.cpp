@@ -1,6 +1,7 @@
 #include "server/Serve.h"
 
 #include "EndSignals.h"
+#include "FreeMemory.h"
 #include "LogSetup.h"
 #include "ServiceManager.h"
 #include "Streamer.h"
@@ -30,6 +31,7 @@ int keloServe(const ServeOptions& options, const Settings& settings)
     static int count = 1;
     QString error;
     QCoreApplication application(count, arguments);
+    const FreeMemory freeMemory;
     EndSignals endSignals([] { QCoreApplication::quit(); });
     if (!setUpLog(settings.log, &error))
         return failed(error);
