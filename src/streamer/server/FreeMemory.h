@@ -12,5 +12,6 @@ private:
     void giveBack();
 
     QTimer m_timer;
-    long m_pagesTouched = 0; ///< when it was given back last
+    long m_pagesTouched = 0; ///< at the last look
+    bool m_wasBusy = false;  ///< many pages were touched before the last look
 };
