@@ -74,35 +74,53 @@ private:
 
 using ApiDocumentTest = ServiceTest;
 
-TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
+/// Asks for what the document describes, and compares.
+class Asker
 {
-    const ApiDocument document;
-    httplib::Client client(streamer.url().toStdString());
-    client.set_read_timeout(60);
-    std::map<std::string, YAML::Node> left;
-    for (const auto& path : document.root["paths"]) {
-        for (const auto& operation : path.second) {
-            const YAML::Node schema = document.schemaOf(operation.second);
-            const QString method = QString::fromStdString(operation.first.as<std::string>());
-            if (schema.IsDefined())
-                left[method.toUpper().toStdString() + ' ' + path.first.as<std::string>()] = schema;
+public:
+    explicit Asker(const std::string& url) : m_client(url)
+    {
+        m_client.set_read_timeout(60);
+        for (const auto& path : document.root["paths"]) {
+            for (const auto& operation : path.second) {
+                const YAML::Node schema = document.schemaOf(operation.second);
+                const QString method = QString::fromStdString(operation.first.as<std::string>());
+                if (schema.IsDefined())
+                    m_all[method.toUpper().toStdString() + ' ' + path.first.as<std::string>()] =
+                        schema;
+            }
         }
+        left = m_all;
     }
-    const auto all = left;
-    const auto ask = [&](const std::string& call, const std::string& query = {},
-                         const std::string& body = {}) {
+
+    QJsonObject operator()(const std::string& call, const std::string& query = {},
+                           const std::string& body = {})
+    {
         httplib::Request request;
         request.method = call.substr(0, call.find(' '));
         request.path = call.substr(call.find(' ') + 1) + query;
         request.body = body;
-        const auto answer = client.send(request);
+        const auto answer = m_client.send(request);
         const QByteArray text = answer ? answer->body.c_str() : "";
         const auto json = QJsonDocument::fromJson(text).object();
         EXPECT_EQ(answer ? answer->status : 0, 200) << call;
-        EXPECT_EQ(document.fault(all.at(call), json), "") << call << text.data();
+        EXPECT_EQ(document.fault(m_all.at(call), json), "") << call << text.data();
         left.erase(call);
         return json;
-    };
+    }
+
+    const ApiDocument document;
+    std::map<std::string, YAML::Node> left; ///< what was not asked for
+
+private:
+    httplib::Client m_client;
+    std::map<std::string, YAML::Node> m_all;
+};
+
+TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
+{
+    Asker ask(streamer.url().toStdString());
+    const ApiDocument& document = ask.document;
 
     const QJsonValue album =
         ask("GET /api/v1/rows", "?path=/tidal/req/featured/new/albums")["rows"].toArray().first();
@@ -151,6 +169,6 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
     EXPECT_EQ(late.get().status, 504);
     const auto problem = streamer.get("/api/v1/rows?path=/nobody");
     EXPECT_EQ(document.fault(document.schema("Problem"), problem.body), "");
-    for (const auto& call : left)
+    for (const auto& call : ask.left)
         ADD_FAILURE() << call.first << " is described and not asked for here";
 }

@@ -128,7 +128,10 @@ TEST_F(RequestTest, EditsAreSentStepByStep)
         setAndWait(path);
         EXPECT_EQ(sent(lines.size()), lines) << path.toStdString();
     }
-    // A favourite is removed once the service has said, by a number, that it is one.
+}
+
+TEST_F(RequestTest, AFavoriteIsRemovedOnceTheServiceSaysByANumberThatItIsOne)
+{
     const QString favorite = "/tidal/context/favorites?type=%1&id=%2";
     for (const auto& [type, id] : {std::pair("Tracks", ""),
                                    {"Tracks", "0"},
