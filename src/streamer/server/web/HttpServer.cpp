@@ -6,6 +6,7 @@
 #include <boost/asio/post.hpp>
 #include <boost/asio/strand.hpp>
 #include <kelo/KeloLog.h>
+#include <sys/resource.h>
 #include <system_error>
 #include <thread>
 
@@ -19,6 +20,23 @@ constexpr size_t threadCount = 4;
 constexpr std::chrono::milliseconds stopPatience{500};
 /// After the system had no connection to give.
 constexpr std::chrono::milliseconds acceptPause{100};
+/// File descriptors for everything but connections.
+constexpr rlim_t otherFiles = 200;
+
+/// Lets the process have as many files open as the wanted connections take, and returns how many
+/// of these it may have.
+size_t allowConnections(size_t wanted)
+{
+    rlimit limit = {};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0)
+        return wanted;
+    const rlim_t files = std::min<rlim_t>(limit.rlim_max, wanted + otherFiles);
+    if (limit.rlim_cur < files) {
+        limit.rlim_cur = files;
+        ::setrlimit(RLIMIT_NOFILE, &limit);
+    }
+    return size_t(files > 2 * otherFiles ? files - otherFiles : otherFiles);
+}
 
 } // namespace
 
@@ -78,6 +96,7 @@ bool HttpServer::Private::start(const std::string& host, int port, std::string* 
         *error = failure.message();
         return false;
     }
+    m_context->limits.connections = allowConnections(m_context->limits.connections);
     accept();
     try {
         while (m_threads.size() < threadCount)

@@ -21,9 +21,10 @@ public:
         size_t header = 64 * 1024;           ///< bytes of all fields
         size_t body = 1024 * 1024;           ///< bytes
         size_t lingering = 16 * 1024 * 1024; ///< bytes that are read of a refused request
-        size_t connections = 4096;           ///< beyond them the longest idle one is closed
-        int idleSeconds = 60;                ///< between two requests
-        int transferSeconds = 5;             ///< without a byte of a request or an answer
+        size_t connections =
+            4096; ///< beyond them, or the system's limit, the longest idle one is closed
+        int idleSeconds = 60;    ///< between two requests
+        int transferSeconds = 5; ///< without a byte of a request or an answer
     };
 
     using Fields = std::vector<std::pair<std::string, std::string>>;
