@@ -141,11 +141,8 @@ bool HttpCall::abort(quintptr id)
 {
     const auto found = std::find_if(m_recipients.begin(), m_recipients.end(),
                                     [id](const Recipient& one) { return one.id == id; });
-    std::vector<Recipient> aborted{*found};
+    deliver(*found, HttpClient::Aborted, QByteArray(), HttpClientHeaders());
     m_recipients.erase(found);
-    aborted.swap(m_recipients);
-    deliver(HttpClient::Aborted);
-    m_recipients.swap(aborted);
     return !m_recipients.empty();
 }
 
@@ -314,20 +311,25 @@ void HttpCall::deliver(HttpClient::Failure failure) const
     const QByteArray body = isWhole ? m_body : QByteArray();
     const HttpClientHeaders headers =
         isWhole ? HttpClientHeaders(m_headerBlock) : HttpClientHeaders();
-    for (const Recipient& recipient : m_recipients) {
-        QObject* receiver = recipient.receiver.data();
-        if (!receiver || !recipient.member.isValid())
-            continue;
-        // Directly, since a queued call of a method looks up the types of its arguments each time.
-        keloPost(receiver,
-                 [receiver, member = recipient.member, url = m_url, userData = recipient.userData,
-                  status = status(failure), failure, body, headers] {
-                     member.invoke(receiver, Qt::DirectConnection, Q_ARG(KeloUrl, url),
-                                   Q_ARG(HttpClientPrivate, userData), Q_ARG(int, status),
-                                   Q_ARG(int, int(failure)), Q_ARG(QByteArray, body),
-                                   Q_ARG(HttpClientHeaders, headers));
-                 });
-    }
+    for (const Recipient& recipient : m_recipients)
+        deliver(recipient, failure, body, headers);
+}
+
+void HttpCall::deliver(const Recipient& recipient, HttpClient::Failure failure,
+                       const QByteArray& body, const HttpClientHeaders& headers) const
+{
+    QObject* receiver = recipient.receiver.data();
+    if (!receiver || !recipient.member.isValid())
+        return;
+    // Directly, since a queued call of a method looks up the types of its arguments each time.
+    keloPost(receiver,
+             [receiver, member = recipient.member, url = m_url, userData = recipient.userData,
+              status = status(failure), failure, body, headers] {
+                 member.invoke(receiver, Qt::DirectConnection, Q_ARG(KeloUrl, url),
+                               Q_ARG(HttpClientPrivate, userData), Q_ARG(int, status),
+                               Q_ARG(int, int(failure)), Q_ARG(QByteArray, body),
+                               Q_ARG(HttpClientHeaders, headers));
+             });
 }
 
 void HttpCall::clear()

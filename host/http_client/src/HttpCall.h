@@ -59,10 +59,6 @@ public:
     void clear();
 
 private:
-    static size_t writeBody(char* data, size_t size, size_t count, void* call);
-    static size_t writeHeader(char* data, size_t size, size_t count, void* call);
-
-    bool setHeaders(Method method, const HttpClientHeaders& headers);
     struct Recipient
     {
         quintptr id;
@@ -71,9 +67,15 @@ private:
         HttpClientPrivate userData;
     };
 
+    static size_t writeBody(char* data, size_t size, size_t count, void* call);
+    static size_t writeHeader(char* data, size_t size, size_t count, void* call);
+
+    bool setHeaders(Method method, const HttpClientHeaders& headers);
     void setMethod(Method method);
     bool append(const char* data, int size);
     int status(HttpClient::Failure failure) const;
+    void deliver(const Recipient& recipient, HttpClient::Failure failure, const QByteArray& body,
+                 const HttpClientHeaders& headers) const;
 
     CURL* m_easy;
     const bool m_isKeptAlive; ///< connections are kept for the next call
