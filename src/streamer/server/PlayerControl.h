@@ -4,6 +4,8 @@
 #include <kelo/CMReply.h>
 #include <QVariantHash>
 
+class KeptRows;
+
 /// What the web API asks of the player. Every operation may be called from any thread.
 class PlayerControl
 {
@@ -23,4 +25,6 @@ public:
     /// while playing). Returns a number for removeListener(), after whose return it does not run.
     virtual quint64 addListener(Listener listener) = 0;
     virtual void removeListener(quint64 id) = 0;
+    /// Where clients' reads leave the rows that may be played next.
+    virtual KeptRows& keptRows() = 0;
 };

@@ -15,12 +15,14 @@ QStringList parentOf(const CMPath& path)
 }
 } // namespace
 
-RowSearch::Page::Page(const CMReply<KeloRowsRoles>& reply) : error(reply.error())
+RowSearch::Page::Page(const CMReply<KeloRowsRoles>& reply)
+    : Page(reply.error().isSet() ? KeloRowsRoles() : reply.value())
 {
-    if (error.isSet())
-        return;
-    const KeloRowsRoles answer = reply.value();
-    count = answer.rowsCount();
+    error = reply.error();
+}
+
+RowSearch::Page::Page(const KeloRowsRoles& answer) : count(answer.rowsCount())
+{
     const QVariantList list = answer.rows().toList();
     rows.reserve(list.size());
     for (const QVariant& row : list) {
@@ -31,6 +33,17 @@ RowSearch::Page::Page(const CMReply<KeloRowsRoles>& reply) : error(reply.error()
                 roles.insert(itemRoles().at(i), values.at(i));
         rows.append(roles);
     }
+}
+
+int RowSearch::Page::indexOf(const CMPath& path, int place) const
+{
+    const auto isIt = [&path](const KeloRoles& row) {
+        return row.type() == KeloRolesType::Audio() && row.path() == path;
+    };
+    if (isIt(rows.value(place)))
+        return place;
+    const auto found = std::find_if(rows.begin(), rows.end(), isIt);
+    return found == rows.end() ? -1 : int(found - rows.begin());
 }
 
 RowSearch::RowSearch(const CMPath& path, QList<CMPath> lists)

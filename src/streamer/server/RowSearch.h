@@ -14,6 +14,10 @@ public:
     struct Page
     {
         explicit Page(const CMReply<KeloRowsRoles>& reply);
+        explicit Page(const KeloRowsRoles& answer);
+
+        /// The place of the track with a path: of several this one, else the first; -1 for none.
+        int indexOf(const CMPath& path, int place) const;
 
         QList<KeloRoles> rows = {};
         int count = 0; ///< rows of the whole list

@@ -1,3 +1,4 @@
+#include "ItemRoles.h"
 #include "PlayerFixture.h"
 #include "PlayerStore.h"
 #include "Table.h"
@@ -134,7 +135,7 @@ TEST_F(PlayerTest, StepsInTheRowsThatItHasAndAsksAnewAfterANoticeOrATime)
     EXPECT_EQ(module->rowsAsked(), "10-59");
     waitForTitle("Track 59");
     ASSERT_EQ(run("next"), "ok");
-    EXPECT_EQ(module->rowsAsked(), "60-109");
+    EXPECT_EQ(module->rowsAsked(), "");
     module->subscription()->rowsChanged(list, CMSubscribe::RowsChangeReset(), 120);
     ASSERT_EQ(run("next"), "ok");
     EXPECT_EQ(module->rowsAsked(), "61-110");
@@ -145,7 +146,45 @@ TEST_F(PlayerTest, StepsInTheRowsThatItHasAndAsksAnewAfterANoticeOrATime)
     ASSERT_EQ(run("play", {{"path", pathOf("5")}, {"list", list.toEncoded()}, {"index", 30}}),
               "ok");
     EXPECT_EQ(module->rowsAsked(), "20-69 0-49");
-    EXPECT_NE(run("play", {{"path", pathOf("5")}, {"list", list.toEncoded()}}), "ok");
+    for (const QVariant& index : {QVariant(), QVariant(-1), QVariant(1.5), QVariant(1e300)})
+        EXPECT_NE(
+            run("play", {{"path", pathOf("5")}, {"list", list.toEncoded()}, {"index", index}}),
+            "ok");
+}
+
+TEST_F(PlayerTest, PlaysFromTheRowsThatAClientHasReadUnlessTheyMayBeOthers)
+{
+    addTracks({"1", "2", "1", "3"});
+    KeptRows& kept = player->keptRows();
+    const auto read = [&](const std::function<void()>& meanwhile = [] {}) {
+        const auto watch = kept.begin(list);
+        const CMGetRowsRequest request(list, 0, 49, itemRoles());
+        CMRoot().request(request);
+        meanwhile();
+        kept.take(watch, 0, request.reply());
+        module->rowsAsked();
+    };
+    const auto notify = [this] {
+        module->subscription()->rowsChanged(list, CMSubscribe::RowsChangeReset(), 4);
+    };
+    const QVariantHash second{{"path", pathOf("1")}, {"list", list.toEncoded()}, {"index", 2}};
+    read();
+    ASSERT_EQ(run("play", second), "ok");
+    ASSERT_EQ(run("next"), "ok");
+    EXPECT_EQ(waitForTitle("Track 3")["index"], 3);
+    ASSERT_EQ(play(list.toEncoded()), "ok");
+    EXPECT_EQ(waitForTitle("Track 1")["index"], 0);
+    EXPECT_EQ(module->rowsAsked(), "");
+    read(notify);
+    ASSERT_EQ(run("play", second), "ok");
+    EXPECT_EQ(module->rowsAsked(), "0-49");
+    read([&] { kept.clear(); });
+    ASSERT_EQ(run("play", second), "ok");
+    EXPECT_EQ(module->rowsAsked(), "0-49");
+    // What cannot be read any more is gone, also for whoever asks later.
+    module->removeList(list);
+    read();
+    EXPECT_NE(play(list.toEncoded()), "ok");
 }
 
 TEST_F(PlayerTest, GoesOnWithoutAGapAndStopsAtTheListsEnd)

@@ -50,6 +50,23 @@ TEST(WebTreeTest, ARowCarriesItsRolesInTheirJsonShapes)
     EXPECT_EQ(rowsOf(few).at(0).toObject().keys(), QStringList{"Title"});
 }
 
+TEST(WebTreeTest, WhatWasReadIsKeptForThePlayerUntilSomethingIsSet)
+{
+    WebWorld world;
+    const auto isKept = [&] {
+        const CMPath track = CMPath::fromEncoded("/web/a%20b?q=x%26y%3Dz");
+        return !world.player.kept.find(track, CMPath("/web/small"), 0).row.isEmpty();
+    };
+    world.get("/api/v1/rows?path=/web/small&roles=Path,Type");
+    EXPECT_FALSE(isKept());
+    for (const char* path : {"/web/echo", "/web/fail"}) {
+        world.get("/api/v1/rows?path=/web/small");
+        EXPECT_TRUE(isKept());
+        world.set(QByteArray("{\"path\":\"") + path + "\"}");
+        EXPECT_FALSE(isKept()) << path;
+    }
+}
+
 TEST(WebTreeTest, ARowIsFoundInTheListThatItStandsIn)
 {
     WebWorld world;

@@ -1,4 +1,5 @@
 #pragma once
+#include "KeptRows.h"
 #include "LoginControl.h"
 #include "PlayerControl.h"
 #include "web/WebServer.h"
@@ -33,7 +34,10 @@ class FakePlayer : public FakeControl<PlayerControl, PlayerStatus>
 public:
     PlayerStatus status() const override { return {}; }
     CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) override;
+    KeptRows& keptRows() override { return kept; }
 
+    SystemClock clock;
+    KeptRows kept{clock};
     std::promise<void> waiting; ///< kept when an endless command has come
 };
 

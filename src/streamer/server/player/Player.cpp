@@ -30,7 +30,7 @@ bool Player::start(QString* error)
         isMade = output != nullptr;
         if (isMade)
             m_engine = std::make_unique<PlayerEngine>(
-                std::move(output), m_clock, m_options.stateDir,
+                std::move(output), m_clock, m_keptRows, m_options.stateDir,
                 [this](const PlayerStatus& status) { publish(status); });
     });
     if (!isMade) {

@@ -1,6 +1,7 @@
 #pragma once
 #include "AudioOutput.h"
 #include "Clock.h"
+#include "KeptRows.h"
 #include "PlayerControl.h"
 #include <kelo/KeloListeners.h>
 #include <kelo/KeloLoopThread.h>
@@ -40,6 +41,7 @@ public:
     CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) override;
     quint64 addListener(Listener listener) override;
     void removeListener(quint64 id) override;
+    KeptRows& keptRows() override { return m_keptRows; }
 
     QVariant play(const KeloRoles& item, int options) override;
 
@@ -50,6 +52,7 @@ private:
     PlayerOptions m_options;
     SystemClock m_systemClock;
     Clock& m_clock;
+    KeptRows m_keptRows{m_clock};
     OutputFactory m_makeOutput;
     KeloListeners<PlayerStatus> m_listeners;
     mutable std::mutex m_statusMutex;

@@ -2,13 +2,28 @@
 #include "PlayerEngine.h"
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 constexpr double largestPosition = 1e12;
+constexpr double largestIndex = 1e9;
 
 PlayerCommand wrong(const QString& text)
 {
     return {nullptr, CMError(CMError::BadRequestName(), TrString(text))};
+}
+
+/// A whole number from 0 to `largest`.
+std::optional<qint64> wholeNumber(const QVariant& value, double largest)
+{
+    const int type = value.userType();
+    const bool isNumber = type == QMetaType::Int || type == QMetaType::UInt ||
+                          type == QMetaType::LongLong || type == QMetaType::ULongLong ||
+                          type == QMetaType::Double;
+    const double number = isNumber ? value.toDouble() : -1;
+    if (!(number >= 0 && number <= largest) || std::floor(number) != number)
+        return std::nullopt;
+    return qint64(number);
 }
 
 PlayerCommand parsePlay(const QVariantHash& arguments)
@@ -32,9 +47,10 @@ PlayerCommand parsePlay(const QVariantHash& arguments)
     const QVariant list = arguments.value(QStringLiteral("list"));
     if (list.isValid()) {
         place.list = CMPath::fromEncoded(list.toString(), &isPath);
-        bool isNumber = false;
-        place.index = arguments.value(QStringLiteral("index")).toInt(&isNumber);
-        if (!isPath || place.list.base().isEmpty() || !isNumber || place.index < 0)
+        const auto index = wholeNumber(arguments.value(QStringLiteral("index")), largestIndex);
+        place.index = int(index.value_or(0));
+        if (list.userType() != QMetaType::QString || !isPath || place.list.base().isEmpty() ||
+            !index)
             return wrong(QStringLiteral("\"list\" and \"index\" must be a list's path and the "
                                         "number of a row in it"));
     }
@@ -49,20 +65,14 @@ PlayerCommand parseNumber(const QVariantHash& arguments, const QString& key, dou
 {
     if (!arguments.contains(key))
         return wrong(QStringLiteral("\"%1\" is missing").arg(key));
-    const QVariant value = arguments.value(key);
-    const int type = value.userType();
-    const bool isNumber = type == QMetaType::Int || type == QMetaType::UInt ||
-                          type == QMetaType::LongLong || type == QMetaType::ULongLong ||
-                          type == QMetaType::Double;
-    const double number = isNumber ? value.toDouble() : -1;
-    if (!(number >= 0 && number <= largest) || std::floor(number) != number)
+    const auto number = wholeNumber(arguments.value(key), largest);
+    if (!number)
         return wrong(QStringLiteral("\"%1\" must be a whole number from 0 to %2")
                          .arg(key)
                          .arg(largest, 0, 'f', 0));
-    return {[run, number](PlayerEngine& engine, const auto& reply) {
-                (engine.*run)(qint64(number), reply);
-            },
-            {}};
+    return {
+        [run, number](PlayerEngine& engine, const auto& reply) { (engine.*run)(*number, reply); },
+        {}};
 }
 } // namespace
 

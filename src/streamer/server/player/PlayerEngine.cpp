@@ -8,9 +8,10 @@ constexpr qint64 restartMs = 3000; ///< from here on "previous" means the item's
 constexpr qint64 saveEveryMs = 5000;
 } // namespace
 
-PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock,
+PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock, KeptRows& keptRows,
                            const QString& stateDir, Publish publish)
-    : m_clock(clock), m_output(std::move(output)), m_publish(std::move(publish)), m_store(stateDir)
+    : m_clock(clock), m_output(std::move(output)), m_publish(std::move(publish)), m_store(stateDir),
+      m_finder(keptRows)
 {
     connectOutput();
     const PlayerStore::Kept kept = m_store.load();

@@ -22,8 +22,8 @@ public:
     using Reply = CMReply<QVariant>;
     using Publish = std::function<void(const PlayerStatus&)>;
 
-    PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock, const QString& stateDir,
-                 Publish publish);
+    PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock, KeptRows& keptRows,
+                 const QString& stateDir, Publish publish);
     /// Answers a command that still waits, with an error.
     ~PlayerEngine() override;
 
@@ -136,7 +136,7 @@ private:
     std::unique_ptr<AudioOutput> m_output;
     Publish m_publish;
     PlayerStore m_store;
-    RowFinder m_finder{m_clock};
+    RowFinder m_finder;
     ItemResolver m_resolver;
 
     State m_state = State::Stopped;

@@ -43,18 +43,16 @@ void RowFinder::fetch(const CMPath& list, int from, int to, std::function<void(c
 {
     if (--m_pagesLeft < 0)
         return finish();
-    m_kept.begin(list);
+    const auto watch = m_kept.begin(list);
     const CMGetRowsRequest request(list, from, to, itemRoles());
     CMRoot().request(request);
     const CMReply<KeloRowsRoles> reply = request.reply();
     reply.addWatcher(
         this,
-        [this, reply, from, generation = m_generation, then] {
-            if (generation != m_generation)
-                return;
-            const Page page(reply);
-            m_kept.take(from, page);
-            then(page);
+        [this, reply, from, watch, generation = m_generation, then] {
+            m_kept.take(watch, from, reply);
+            if (generation == m_generation)
+                then(Page(reply));
         },
         Qt::QueuedConnection);
 }
@@ -63,23 +61,25 @@ void RowFinder::find(const CMPath& path, const Place& place, Done done)
 {
     cancel();
     m_done = std::move(done);
-    const QueueEntry kept = m_kept.find(path);
-    if (!kept.isEmpty())
-        return finish(kept);
+    const KeptRows::Found kept = m_kept.find(path, place.list, place.index);
+    if (!kept.row.isEmpty())
+        return finish({kept.row, {}, kept.list, kept.index});
     if (place.list.isEmpty())
         return findAnywhere(path);
     const int from = std::max(0, place.index - rowsBefore);
-    fetch(place.list, from, from + pageSize - 1, [this, path](const Page&) {
-        const QueueEntry found = m_kept.find(path);
-        if (found.isEmpty())
+    fetch(place.list, from, from + pageSize - 1, [this, path, place, from](const Page& page) {
+        const int at = page.indexOf(path, place.index - from);
+        if (at < 0)
             return findAnywhere(path);
-        finish(found);
+        finish({page.rows.at(at), {}, place.list, from + at});
     });
 }
 
 void RowFinder::findAnywhere(const CMPath& path)
 {
     if (!path.hasParam(trackIdParam)) {
+        if (const auto kept = m_kept.beside(path, -1, 1))
+            return onOwnRows(path, kept->page);
         fetch(path, 0, pageSize - 1, [this, path](const Page& page) { onOwnRows(path, page); });
         return;
     }

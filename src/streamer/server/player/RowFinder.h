@@ -7,7 +7,7 @@
 
 /// Finds rows in the host tree: the row that a path names, and the playable rows before and after
 /// one. Owned by the player's engine, lives on the player's thread. Follows one question at a time,
-/// reads lists a page at a time, keeps the last page, and plays nothing.
+/// reads lists a page at a time, unless they are kept, and plays nothing.
 class RowFinder : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,7 @@ public:
         int index = 0;
     };
 
-    explicit RowFinder(Clock& clock) : m_kept(clock) {}
+    explicit RowFinder(KeptRows& kept) : m_kept(kept) {}
 
     /// Finds the row at a path, or the first playable row when a list stands there. A path that
     /// names a track below no list is found as that track alone. `done` may run before the return.
@@ -51,7 +51,7 @@ private:
     void onOwnRows(const CMPath& path, const Page& page);
     void finish(const QueueEntry& entry = QueueEntry());
 
-    KeptRows m_kept;
+    KeptRows& m_kept;
     Done m_done;
     Found m_found;            ///< what is known of the answer so far
     quint64 m_generation = 0; ///< grows with each question; answers for earlier ones are dropped

@@ -5,6 +5,7 @@
 #include "RowSearch.h"
 #include "texts/TextCatalogue.h"
 
+#include <algorithm>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloOAuth2.h>
 
@@ -30,6 +31,13 @@ bool isHeader(const QVariant& type)
 {
     return type.userType() == QMetaType::Int ? type.toInt() == KeloRolesType::Header_
                                              : type.toString() == KeloRolesType::Header();
+}
+
+/// Whether rows with these roles can be played from.
+bool hasItemRoles(const QStringList& roles)
+{
+    return roles.size() >= itemRoles().size() &&
+           std::equal(itemRoles().begin(), itemRoles().end(), roles.begin());
 }
 
 /// The roles of a list of values as an object, those without a value left out; values[typeAt] is
@@ -83,9 +91,13 @@ void TreeApi::fetch(const std::shared_ptr<Range>& range)
     // A range that is no range is the node's to refuse, as it stands.
     const bool isRange = range->from >= 0 && range->from <= range->to;
     const int last = isRange ? int(qMin(qint64(range->to), range->next + pageSize - 1)) : range->to;
+    const bool isPage = isRange && range->to - range->from < pageSize && hasItemRoles(range->roles);
+    const auto watch = isPage ? m_kept.begin(range->path) : nullptr;
     const CMGetRowsRequest request(range->path, int(range->next), last, range->roles);
     CMRoot().request(request);
-    m_waiter.whenFinished(request.reply(), [this, request, range, isRange, last] {
+    m_waiter.whenFinished(request.reply(), [this, request, range, isRange, last, watch] {
+        if (watch)
+            m_kept.take(watch, range->from, request.reply());
         const CMError error = request.reply().error();
         if (error.isSet())
             return range->then(*range, error);
@@ -242,7 +254,12 @@ void TreeApi::set(const HttpCall& call, const HttpAnswer& answer)
         if (!wrapped.isEmpty())
             value = wrapped.toVariant();
     }
-    ask(CMSetDataRequest(*path, role, value), answer, [texts = call.texts](const QVariant& reply) {
+    // What it changed is not told to every list that shows it.
+    const auto changed = [this, answer](HttpReply reply) {
+        m_kept.clear();
+        answer(std::move(reply));
+    };
+    ask(CMSetDataRequest(*path, role, value), changed, [texts = call.texts](const QVariant& reply) {
         JsonText json(texts);
         json.beginObject();
         json.field("reply", reply);

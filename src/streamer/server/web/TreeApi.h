@@ -1,4 +1,5 @@
 #pragma once
+#include "KeptRows.h"
 #include "ReplyWaiter.h"
 #include "RouteTable.h"
 
@@ -9,7 +10,7 @@
 class TreeApi
 {
 public:
-    explicit TreeApi(ReplyWaiter& waiter) : m_waiter(waiter) {}
+    TreeApi(ReplyWaiter& waiter, KeptRows& kept) : m_waiter(waiter), m_kept(kept) {}
 
     void addRoutes(RouteTable& routes);
 
@@ -41,4 +42,5 @@ private:
     void ask(const Request& request, const HttpAnswer& answer, Reply reply);
 
     ReplyWaiter& m_waiter;
+    KeptRows& m_kept; ///< gets what may be played
 };

@@ -10,6 +10,7 @@
 #include "Metrics.h"
 #include "OriginGuard.h"
 #include "PlayerApi.h"
+#include "PlayerControl.h"
 #include "RequestsApi.h"
 #include "texts/TextCatalogues.h"
 #include "TextsApi.h"
@@ -70,9 +71,9 @@ struct WebServer::Private
 {
     Private(const WebServerOptions& options, PlayerControl& player, LoginControl& login)
         : m_options(options), m_guard(options.address, options.hostNames),
-          m_assets(options.webDirectory), m_tree(m_waiter), m_player(player, m_waiter),
-          m_login(login, m_waiter), m_health(options.moduleFile), m_hub(player, login),
-          m_events(m_hub), m_images(options.imageUrl)
+          m_assets(options.webDirectory), m_tree(m_waiter, player.keptRows()),
+          m_player(player, m_waiter), m_login(login, m_waiter), m_health(options.moduleFile),
+          m_hub(player, login), m_events(m_hub), m_images(options.imageUrl)
     {
         m_tree.addRoutes(m_routes);
         m_player.addRoutes(m_routes);
