@@ -141,5 +141,5 @@ document.addEventListener("visibilitychange", () => {
   else if (live.isResting) live.connect();
 });
 // A page that is kept for the back button gives its stream free, and takes one again.
-addEventListener("pagehide", () => live.disconnect());
-addEventListener("pageshow", (event) => event.persisted && live.connect());
+addEventListener("pagehide", () => live.rest());
+addEventListener("pageshow", () => live.isResting && live.connect());

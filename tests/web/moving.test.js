@@ -40,6 +40,12 @@ journey("back, forward, and an address given to somebody else", {}, async (perso
   await page.goBack();
   await person.heading("Tracks");
   await person.until(() => asked.length > length, "the list is read again");
+  // Also while the browser kept the page for the back button.
+  await page.evaluate(() => dispatchEvent(new PageTransitionEvent("pagehide", { persisted: true })));
+  const before = asked.length;
+  await person.streamer.call("set", { path: favorite.Path, value: 1 });
+  await page.evaluate(() => dispatchEvent(new PageTransitionEvent("pageshow", { persisted: true })));
+  await person.until(() => asked.length > before, "the list is read again");
 
   const other = await openWindow(person.streamer, {});
   await other.page.goto(address);
