@@ -11,7 +11,7 @@ import { currentPath, currentState, go, onPlainClick, nav, replace, setPlaceKeep
 import { home, linkTo, loginPath, settingsPath } from "./path.js";
 import { playback } from "./playback.js";
 import { PlayingView } from "./playing.js";
-import { PlaceRows, readAhead } from "./recent.js";
+import { forgetPlaces, PlaceRows, readAhead } from "./recent.js";
 import { forgetSearchPlace, searchedText, searchPath, SearchView } from "./search.js";
 import { applyTheme, SettingsView } from "./settings.js";
 import { loadTexts, t } from "./text.js";
@@ -181,6 +181,7 @@ function watchLogin() {
     document.body.classList.toggle("logged-out", !detail.loggedIn);
     if (detail.loggedIn === wasLoggedIn) return;
     if (wasLoggedIn !== null || !detail.loggedIn) forgetSearchPlace();
+    if (wasLoggedIn !== null) forgetPlaces();
     wasLoggedIn = detail.loggedIn;
   });
   live.addEventListener("state", ({ detail }) => (part("offline").hidden = detail));

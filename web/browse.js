@@ -152,11 +152,10 @@ export class BrowseView extends View {
     return button([icon(picture), label], (event) => run(boxOf(event)), kind);
   }
 
-  // No notice tells of another order: the list is read again.
   #openOrder(path, box) {
     const { roles } = this.#source;
     const list = { ...roles, Type: "", Path: "", Context: { Path: path } };
-    openMenu(list, box, () => this.#source.reload());
+    openMenu(list, box);
   }
 
   #openItemMenu(box) {

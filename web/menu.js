@@ -5,6 +5,7 @@ import { setValue } from "./api.js";
 import { busy, Dialog, problem, textPage } from "./dialog.js";
 import { cover, el, fill, icon } from "./dom.js";
 import { formPage } from "./form.js";
+import { live } from "./live.js";
 import { currentState, go } from "./nav.js";
 import { baseOf, parsePath } from "./path.js";
 import { playback } from "./playback.js";
@@ -15,11 +16,8 @@ import { toast, toastError } from "./toast.js";
 
 const mostRows = 500;
 
-/**
- * Opens the context menu of a row, with what the page itself can do with it above. `changed` is told when
- * another value was chosen in it.
- */
-export function openMenu(row, anchor, changed = null) {
+/** Opens the context menu of a row, with what the page itself can do with it above. */
+export function openMenu(row, anchor) {
   const dialog = new Dialog(anchor, "menu-dialog");
   const subject = titleOf(row);
   const own = [];
@@ -27,7 +25,7 @@ export function openMenu(row, anchor, changed = null) {
   const visit = () => (dialog.close(), go(row.Path, placeOf(row)));
   if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: play });
   if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: visit });
-  const context = { dialog, subject, changed, places: [placeOf(row), currentState().item] };
+  const context = { dialog, subject, places: [placeOf(row), currentState().item] };
   const menu = row.Context?.Path;
   dialog.push(treePage(context, subject, menu ? new RowSource(menu) : null, own));
   return dialog.finished;
@@ -231,7 +229,8 @@ function choicePage(context, row, above = null) {
     try {
       understand(await setValue(row.Path, choice.Value));
       row.Value = choice.Value;
-      context.changed?.();
+      // No notice tells of another order, which other lists may have, too.
+      live.dispatchEvent(new Event("acted"));
       if (above) await above.reload();
       context.dialog.back();
     } catch (error) {

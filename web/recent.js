@@ -16,14 +16,15 @@ function forget(path) {
   if (places.delete(path)) follow();
 }
 
-function forgetAll() {
+/** Forgets all places: what is there may be another one. */
+export function forgetPlaces() {
   places.clear();
   follow();
 }
 
 live.addEventListener("rows", ({ detail }) => forget(detail.path));
-live.addEventListener("acted", forgetAll);
-live.addEventListener("state", forgetAll);
+live.addEventListener("acted", forgetPlaces);
+live.addEventListener("state", forgetPlaces);
 
 function ask(path, page, signal) {
   const pages = places.get(path) ?? new Map();

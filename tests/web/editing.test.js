@@ -94,6 +94,11 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
 
 journey("a list in another order, a setting with another value", {}, async (person) => {
   const { dialog, page } = person;
+  const albums = "/tidal/myMusic/req/favorites/users/albums";
+  await person.visit(albums);
+  await person.titles("Albums");
+  const asked = [];
+  page.on("request", (request) => request.url().includes(encodeURIComponent(albums)) && asked.push(request.url()));
   await person.visit(myTracks);
   const before = await person.titles("Tracks");
   await person.button("Order").click();
@@ -104,6 +109,10 @@ journey("a list in another order, a setting with another value", {}, async (pers
   await page.keyboard.press("Escape");
   await person.noDialog();
   await person.until(async () => (await person.titles("Tracks")).join() !== before.join(), "the list is in another order");
+  // The order is that of other lists, too, which nobody is told of.
+  await person.visit(albums);
+  await person.titles("Albums");
+  assert.equal(asked.length, 1);
 
   await person.visit("/settings");
   await page.getByRole("button", { name: "Sound quality LOSSLESS" }).click();
