@@ -29,7 +29,7 @@ TEST(CommandLine, ExitStatusTellsWhatWentWrong)
              {{"search", "x"}, 1, "kelo login"},
              {{"stop"}, 1, "status 500"},
              {{"pause"}, 1, "no JSON document"},
-             {{}, 2, "kelo --help"},
+             {{"help", "dance"}, 2, "there is no command \"dance\" (see kelo --help)"},
              {{"dance"}, 2, "there is no command \"dance\" (see kelo --help)"},
              {{"sarch", "x"}, 2, "did you mean \"search\"?"},
              {{"rows", "--form", "3", "/x"}, 2, "no option \"--form\", did you mean \"--from\"?"},
@@ -56,11 +56,16 @@ TEST(CommandLine, ExitStatusTellsWhatWentWrong)
 TEST(CommandLine, HelpShowsExamplesBeforeOptions)
 {
     ScriptedStreamer streamer;
-    for (const std::vector<std::string>& arguments :
-         {std::vector<std::string>{"--help"}, {"rows", "--nonsense", "-h"}, {"serve", "--help"}}) {
+    for (const auto& [arguments, usage] : Table<std::vector<std::string>, const char*>{
+             {std::vector<std::string>(), "kelo [OPTIONS] COMMAND"},
+             {{"--help"}, "kelo [OPTIONS] COMMAND"},
+             {{"rows", "--nonsense", "-h"}, "kelo rows [OPTIONS] PATH"},
+             {{"playlist"}, "kelo playlist [OPTIONS] COMMAND"},
+             {{"help", "playlist", "add"}, "kelo playlist add [OPTIONS] ID PATH..."}}) {
         const auto run = streamer.run(arguments);
         EXPECT_EQ(run.status, 0);
         EXPECT_THAT(run.out, HasSubstr("\n\nExamples:\n  kelo "));
+        EXPECT_THAT(run.out, HasSubstr(std::string("\n\nUsage: ") + usage + '\n'));
         EXPECT_LT(run.out.find("Examples:"), run.out.find("Options:"));
     }
     EXPECT_EQ(streamer.calls().size(), 0u);

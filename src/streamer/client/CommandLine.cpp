@@ -52,11 +52,7 @@ QString missing(const CommandPlace& place)
     const Option* argument = place.nextArgument();
     if (argument && argument->isRequired && place.arguments < place.command->arguments.size())
         return argument->names.first() + " is missing";
-    if (place.command->commands.isEmpty())
-        return {};
-    return place.command->group.isEmpty()
-               ? "wanted a command"
-               : "wanted one of " + place.command->commandNames().join(", ");
+    return {};
 }
 
 } // namespace
@@ -85,7 +81,8 @@ CommandLine::CommandLine(Surroundings surroundings)
           statusCommand()}},
         {"Log in", {loginCommand(), logoutCommand()}},
         {"Run",
-         {serveCommand(m_around.serve), configCommand(), doctorCommand(), completionCommand()}}};
+         {serveCommand(m_around.serve), configCommand(), doctorCommand(), completionCommand(),
+          helpCommand()}}};
     for (const auto& [group, commands] : groups) {
         for (Command command : commands) {
             command.group = group;
@@ -153,22 +150,49 @@ int CommandLine::run(const std::vector<std::string>& arguments)
         if (fault.isEmpty())
             fault = wrong;
     }
-    if (m_wantsHelp) {
-        constexpr int usualWidth = 80;
-        const int width = m_terminal.hasWidth() ? qBound(40, m_terminal.width(), 100) : usualWidth;
-        m_terminal.line(helpText(*place.command, place.words, width).trimmed());
-        return ExitDone;
-    }
+    if (m_wantsHelp)
+        return printHelp(place);
     if (m_wantsVersion) {
         m_terminal.line("kelo " KELO_VERSION);
         return ExitDone;
     }
     if (fault.isEmpty())
         fault = missing(place);
+    const bool isGroup = !place.command->run && !place.command->ask; // "kelo", "kelo playlist"
     if (fault.isEmpty())
-        return runCommand(*place.command);
+        return isGroup ? printHelp(place) : runCommand(*place.command);
     m_terminal.error(QStringLiteral("kelo: %1 (see %2 --help)").arg(shown(fault), place.words));
     return ExitUsage;
+}
+
+int CommandLine::printHelp(const CommandPlace& place)
+{
+    constexpr int usualWidth = 80;
+    const int width = m_terminal.hasWidth() ? qBound(40, m_terminal.width(), 100) : usualWidth;
+    m_terminal.line(helpText(*place.command, place.words, width).trimmed());
+    return ExitDone;
+}
+
+/// `kelo help playlist add` prints what `kelo playlist add --help` does.
+Command CommandLine::helpCommand()
+{
+    const auto words = std::make_shared<QStringList>();
+    Command help("help", "Print help about a command.", "kelo help\nkelo help playlist add");
+    help.option("[COMMAND]", *words, "The command's words").runs([this, words](Terminal&) -> int {
+        CommandPlace place(m_program);
+        for (const QString& word : *words) {
+            const Command* below = place.command->findCommand(word);
+            if (!below) {
+                const QString fault = unknown("command", word, place.command->commandNames());
+                m_terminal.error(
+                    QStringLiteral("kelo: %1 (see %2 --help)").arg(shown(fault), place.words));
+                return ExitUsage;
+            }
+            place.take(word);
+        }
+        return printHelp(place);
+    });
+    return help;
 }
 
 int CommandLine::runCommand(const Command& command)

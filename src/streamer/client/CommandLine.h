@@ -44,6 +44,8 @@ private:
     /// Takes one word; what is wrong with it, empty when nothing is.
     static QString take(CommandPlace& place, const QString& word);
     int runCommand(const Command& command);
+    int printHelp(const CommandPlace& place);
+    Command helpCommand();
 
     const Surroundings m_around;
     Terminal m_terminal;

@@ -16,6 +16,14 @@ Completion::Candidates ofWords(const QStringList& words)
     return result;
 }
 
+Completion::Candidates commandsOf(const Command& command)
+{
+    Completion::Candidates result;
+    for (const Command& below : command.commands)
+        result.append({below.name, below.text});
+    return result;
+}
+
 /// "section.key=" while the key is typed, "section.key=value" after that.
 Completion settings(const QString& prefix)
 {
@@ -33,7 +41,8 @@ Completion settings(const QString& prefix)
 }
 
 /// What a value is called in help says what it is.
-Completion values(const Option& option, const QString& prefix, const QString& server)
+Completion values(const Command& program, const Option& option, const QString& prefix,
+                  const QString& server)
 {
     Completion result;
     const QString& value = option.value;
@@ -50,6 +59,8 @@ Completion values(const Option& option, const QString& prefix, const QString& se
         result.kind = Completion::Kind::Folders;
     else if (value == "KEY=VALUE")
         result = settings(prefix);
+    else if (value == "COMMAND")
+        result.candidates = commandsOf(program);
     else if (value == "LEVEL")
         result.candidates = ofWords(findSettingsKey("log.level")->choices);
     else if (value == "SINK")
@@ -74,22 +85,21 @@ Completion Completion::find(const Command& program, const QStringList& words, QS
     const QString word = words.size() > 1 ? words.last() : QString();
     const bool isOption = !place.hasOptionsEnded && word.startsWith('-');
     if (place.waiting) {
-        result = values(*place.waiting, word, server);
+        result = values(program, *place.waiting, word, server);
     } else if (isOption && word.contains('=')) {
         const QString name = word.section('=', 0, 0);
         if (const Option* option = command.findOption(name)) {
-            result = values(*option, word.mid(name.size() + 1), server);
+            result = values(program, *option, word.mid(name.size() + 1), server);
             for (Candidate& candidate : result.candidates)
                 candidate.text.prepend(name + '=');
         }
     } else if (!isOption && !command.commands.isEmpty()) {
         if (place.arguments > 0)
             return result; // no such command
-        for (const Command& below : command.commands)
-            result.candidates.append({below.name, below.text});
+        result.candidates = commandsOf(command);
     } else if (!isOption && !command.arguments.isEmpty()) {
         const Option* argument = place.nextArgument();
-        return argument ? values(*argument, word, server) : result;
+        return argument ? values(program, *argument, word, server) : result;
     } else if (isOption || word.isEmpty()) {
         for (const Option& option : command.options) {
             if (option.target.isMany || !place.given.contains(&option))
