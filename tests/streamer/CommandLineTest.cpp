@@ -178,6 +178,38 @@ TEST(CommandLine, JsonIsTheDocumentAsItCame)
         EXPECT_EQ(streamer.run(arguments).out, printed);
 }
 
+TEST(CommandLine, JsonFieldsPickFromRowsOrFromTheDocument)
+{
+    ScriptedStreamer streamer;
+    const std::string body = R"({"path":"/tidal","rows":[{"A":1,"B":{"c":2}},{"A":"x","D":0}]})";
+    streamer.answer(tidalRows + std::string("&roles=A%2CB"), {200, body});
+    streamer.answer("GET /api/v1/player", {200, R"({"state":"stopped","volume":9})"});
+    for (const auto& [arguments, expected] : Table<std::vector<std::string>, const char*>{
+             {{"rows", "/tidal", "--json", "A,B"}, R"([{"A":1,"B":{"c":2}},{"A":"x","B":null}])"},
+             {{"rows", "--json=A,B", "/tidal"}, R"([{"A":1,"B":{"c":2}},{"A":"x","B":null}])"},
+             {{"status", "--json", "volume"}, R"({"volume":9})"}})
+        EXPECT_EQ(streamer.run(arguments).out, expected + std::string("\n"));
+}
+
+TEST(CommandLine, WithJsonErrorsAreJsonToo)
+{
+    ScriptedStreamer streamer;
+    for (
+        const auto& [arguments, expected] : Table<std::vector<std::string>, const char*>{
+            {{"rows", "/x", "--json"},
+             R"({"error":"no such node","problem":{"detail":"no such node","title":"Not found"}})"},
+            {{"--json", "rows"}, "{\"error\":\"PATH is missing (see kelo rows --help)\"}"},
+            {{"rows", "/x", "--json=A,"},
+             "{\"error\":\"--json: wanted names with commas between, got \\\"A,\\\" (see kelo "
+             "rows --help)\"}"},
+            {{"config", "--json", "--x"},
+             "{\"error\":\"there is no option \\\"--x\\\" (see kelo config --help)\"}"}}) {
+        const auto run = streamer.run(arguments);
+        EXPECT_EQ(run.err, expected + std::string("\n"));
+        EXPECT_EQ(run.out, "");
+    }
+}
+
 TEST(NodeCommands, PrintDataAndRepliesForPeople)
 {
     ScriptedStreamer streamer;

@@ -44,10 +44,16 @@ std::unique_ptr<httplib::Client> makeClient(const QString& server, time_t readSe
     client->set_write_timeout(connectSeconds);
     client->set_keep_alive(true);
     client->set_tcp_nodelay(true);
-    const std::string language = userLanguage();
-    if (!language.empty())
-        client->set_default_headers({{"Accept-Language", language}});
+    client->set_default_headers({{"Accept-Language", "en"}}); // as the commands' own words are
     return client;
+}
+
+/// What nodes of the tree say is for the user's language.
+httplib::Headers languageFor(const QString& path)
+{
+    static const QStringList ofTree{"rows", "row", "data", "set"};
+    const std::string language = ofTree.contains(path) ? userLanguage() : std::string();
+    return language.empty() ? httplib::Headers() : httplib::Headers{{"Accept-Language", language}};
 }
 
 std::string target(const QString& path, const Query& query)
@@ -134,7 +140,7 @@ bool ApiClient::isServerAddress(const QString& text)
 
 ApiReply ApiClient::get(const QString& path, const Query& query)
 {
-    return fromResult(m_server, m_client->Get(target(path, query)));
+    return fromResult(m_server, m_client->Get(target(path, query), languageFor(path)));
 }
 
 ApiReply ApiClient::rows(const QString& path, int from, int to, const QString& roles)
@@ -152,13 +158,13 @@ ApiReply ApiClient::set(const QString& path, const QByteArray& value)
 
 ApiReply ApiClient::post(const QString& path, const QByteArray& body)
 {
-    return fromResult(m_server,
-                      m_client->Post(target(path, {}), body.toStdString(), "application/json"));
+    return fromResult(m_server, m_client->Post(target(path, {}), languageFor(path),
+                                               body.toStdString(), "application/json"));
 }
 
 ApiReply ApiClient::remove(const QString& path)
 {
-    return fromResult(m_server, m_client->Delete(target(path, {})));
+    return fromResult(m_server, m_client->Delete(target(path, {}), languageFor(path)));
 }
 
 ApiReply ApiClient::probe(const QString& path)

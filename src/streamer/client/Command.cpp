@@ -55,6 +55,8 @@ QString Option::written() const
     if (!names.first().startsWith('-'))
         return names.first();
     const QString all = names.join(", ");
+    if (isValueOptional)
+        return all + " [" + value + ']';
     return hasValue() ? all + ' ' + (target.choices.isEmpty() ? value : target.choices.join('|'))
                       : all;
 }
@@ -67,13 +69,14 @@ Command::Command(const QString& name, const QString& text, const QString& exampl
 Command& Command::option(QString form, OptionTarget target, const QString& text)
 {
     const bool isRequired = !form.startsWith('[');
+    const bool isOptional = isRequired && form.contains('[');
     QStringList words = form.remove('[').remove(']').split(' ');
     const bool isArgument = !words.first().startsWith('-');
     const QString value = isArgument                      ? words.first()
                           : !words.last().startsWith('-') ? words.takeLast()
                                                           : QString();
     (isArgument ? arguments : options)
-        .append({words, value, text, isArgument && isRequired, std::move(target)});
+        .append({words, value, text, isArgument && isRequired, isOptional, std::move(target)});
     return *this;
 }
 

@@ -32,7 +32,8 @@ struct Option
     QStringList names; ///< "-o", "--output"; of an argument its name alone, "PATH"
     QString value;     ///< what the value is called, "FILE"; empty for a flag
     QString text;
-    bool isRequired = false;
+    bool isRequired = false;      ///< of an argument
+    bool isValueOptional = false; ///< of an option: alone it is a flag
     OptionTarget target;
 
     bool hasValue() const { return !value.isEmpty(); }
@@ -48,8 +49,8 @@ struct Command
     /// \p examples are lines.
     Command(const QString& name, const QString& text, const QString& examples);
 
-    /// Adds what \p form says: "--from N", "-o KEY=VALUE", "--follow", of an argument "PATH", or
-    /// "[PATH]" where it may be left out.
+    /// Adds what \p form says: "--from N", "-o KEY=VALUE", "--follow", "--json [FIELDS]", of an
+    /// argument "PATH", or "[PATH]" where it may be left out.
     Command& option(QString form, OptionTarget target, const QString& text);
     /// What runs the command, for one that talks to the streamer.
     Command& asks(std::function<int(const CommandContext&)> ask);

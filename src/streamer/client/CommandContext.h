@@ -27,6 +27,7 @@ struct CommandContext
     ApiClient& api;
     Terminal& terminal;
     bool isJson = false;
+    QStringList fields = {}; ///< the only ones of a JSON document that are wanted; empty: all
     /// Called before following something until interrupted.
     std::function<void()> endOnInterrupt = {};
     /// Waits before something is asked for again; false, or none: it is not to be.
@@ -38,7 +39,10 @@ struct CommandContext
     {
         if (reply.isDone())
             return ExitDone;
-        terminal.error("kelo: " + reply.message);
+        QJsonObject more;
+        if (!reply.document.isEmpty())
+            more.insert("problem", reply.document);
+        terminal.error("kelo: " + reply.message, more);
         return reply.outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
     }
 
@@ -62,7 +66,8 @@ struct CommandContext
 
     void printJson(const QByteArray& document) const
     {
-        terminal.line(QString::fromUtf8(printableJson(document.trimmed())));
+        const QByteArray text = fields.isEmpty() ? document : json(picked(document, fields));
+        terminal.line(QString::fromUtf8(printableJson(text.trimmed())));
     }
 };
 

@@ -109,11 +109,24 @@ void CommandLine::addCommonOptions(Command& command)
     if (&command == &m_program)
         command.option("--version", m_wantsVersion, "Print the version");
     if (command.ask || &command == &m_program) {
-        command.option("--json", m_isJson, "Print one JSON document")
+        command
+            .option("--json [FIELDS]", jsonTarget(),
+                    "Print one JSON document, or of its rows these fields (A,B)")
             .option("--server URL", m_server,
                     "The streamer's address (else KELO_SERVER, else http://127.0.0.1:8095)");
     }
     command.options += own;
+}
+
+OptionTarget CommandLine::jsonTarget()
+{
+    OptionTarget target([this](const QString& given) {
+        m_isJson = given != "false";
+        m_fields = given == "true" || !m_isJson ? QStringList() : given.split(',');
+        return !m_fields.contains(QString());
+    });
+    target.wanted = "names with commas between";
+    return target;
 }
 
 QString CommandLine::take(CommandPlace& place, const QString& word)
@@ -150,6 +163,9 @@ int CommandLine::run(const std::vector<std::string>& arguments)
         if (fault.isEmpty())
             fault = wrong;
     }
+    const auto isJson = [](const Option* option) { return option->names.contains("--json"); };
+    if (m_isJson || std::any_of(place.given.begin(), place.given.end(), isJson))
+        m_terminal.wantJson();
     if (m_wantsHelp)
         return printHelp(place);
     if (m_wantsVersion) {
@@ -206,8 +222,8 @@ int CommandLine::runCommand(const Command& command)
         return ExitUsage;
     }
     ApiClient api(m_server);
-    return command.ask(
-        CommandContext{api, m_terminal, m_isJson, m_around.endOnInterrupt, m_around.waitASecond});
+    return command.ask(CommandContext{api, m_terminal, m_isJson, m_fields, m_around.endOnInterrupt,
+                                      m_around.waitASecond});
 }
 
 } // namespace cli

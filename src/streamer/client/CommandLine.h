@@ -41,6 +41,7 @@ public:
 
 private:
     void addCommonOptions(Command& command);
+    OptionTarget jsonTarget();
     /// Takes one word; what is wrong with it, empty when nothing is.
     static QString take(CommandPlace& place, const QString& word);
     int runCommand(const Command& command);
@@ -52,6 +53,7 @@ private:
     Command m_program;
     QString m_server;
     bool m_isJson = false;
+    QStringList m_fields; ///< the only ones of a JSON document that are wanted
     bool m_wantsHelp = false;
     bool m_wantsVersion = false;
 };

@@ -14,6 +14,7 @@ CommandPlace::Word CommandPlace::take(const QString& word)
 {
     if (waiting)
         return {Word::Kind::Value, std::exchange(waiting, nullptr), word};
+    const Option* before = std::exchange(flag, nullptr);
     const bool mayBeOption = !hasOptionsEnded && word.size() > 1 && word.startsWith('-');
     if (mayBeOption && word == "--") {
         hasOptionsEnded = true;
@@ -28,6 +29,8 @@ CommandPlace::Word CommandPlace::take(const QString& word)
         return {};
     }
     const Option* argument = nextArgument();
+    if (!argument && before && (command->ask || command->run))
+        return {Word::Kind::Value, before, word};
     ++arguments;
     return {argument ? Word::Kind::Value : Word::Kind::TooMuch, argument, word};
 }
@@ -44,7 +47,9 @@ CommandPlace::Word CommandPlace::takeOption(const QString& word)
     given.append(option);
     if (!isWhole)
         return {Word::Kind::Value, option, word.mid(name.size() + (isLong ? 1 : 0))};
-    if (!option->hasValue())
+    if (option->isValueOptional)
+        flag = option;
+    if (!option->hasValue() || option->isValueOptional)
         return {Word::Kind::Value, option, "true"};
     waiting = option;
     return {};

@@ -32,8 +32,10 @@ struct CommandPlace
     const Command* command;
     QString words;                   ///< the command as it is written, "kelo playlist add"
     const Option* waiting = nullptr; ///< the option whose value comes now
-    int arguments = 0;               ///< given so far
-    bool hasOptionsEnded = false;    ///< "--" was there
+    /// An option that is given as a flag: a word that is nothing else is its value.
+    const Option* flag = nullptr;
+    int arguments = 0;            ///< given so far
+    bool hasOptionsEnded = false; ///< "--" was there
     QVector<const Option*> given = {};
 
 private:

@@ -16,7 +16,7 @@ ApiReply follow(const CommandContext& context, const QStringList& paths,
     bool isEnough = false;
     const auto tell = [&terminal](const QString& text) {
         terminal.keep(); // what is drawn stays above the message
-        terminal.error(text);
+        terminal.note(text);
     };
     for (;;) {
         const ApiReply reply = context.api.events(

@@ -68,6 +68,32 @@ int rowsCountIn(const QJsonObject& page)
     return page.value("rowsCount").toInt();
 }
 
+QJsonValue picked(const QByteArray& document, const QStringList& names)
+{
+    const auto membersOf = [&names](const QJsonObject& object) {
+        QJsonObject result;
+        for (const QString& name : names)
+            result.insert(name, object.contains(name) ? object.value(name) : QJsonValue());
+        return result;
+    };
+    const auto rowsOf = [&membersOf](const QJsonObject& page) {
+        QJsonArray result;
+        for (const QJsonObject& row : rowsIn(page))
+            result.append(membersOf(row));
+        return result;
+    };
+    const QJsonObject whole = QJsonDocument::fromJson(document).object();
+    if (whole.contains("rows"))
+        return rowsOf(whole);
+    QJsonObject groups;
+    for (auto it = whole.begin(); it != whole.end(); ++it) {
+        if (it.value().toObject().contains("rows"))
+            groups.insert(it.key(), rowsOf(it.value().toObject()));
+    }
+    const QJsonObject data = objectIn(whole, "data");
+    return groups.isEmpty() ? membersOf(data.isEmpty() ? whole : data) : groups;
+}
+
 std::optional<QJsonValue> parseJsonValue(const QByteArray& text)
 {
     const QJsonDocument document = QJsonDocument::fromJson('[' + text + ']');

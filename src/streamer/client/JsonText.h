@@ -27,6 +27,10 @@ QVector<QJsonObject> rowsIn(const QJsonObject& page);
 /// How many rows the whole list of a page has.
 int rowsCountIn(const QJsonObject& page);
 
+/// The members \p names of each row of a document, or of the document itself where it has no
+/// rows; null for one that is missing. Rows one level deeper are picked in their place.
+QJsonValue picked(const QByteArray& document, const QStringList& names);
+
 /// The value that \p text holds, any kind of JSON value; nothing when it is none.
 std::optional<QJsonValue> parseJsonValue(const QByteArray& text);
 

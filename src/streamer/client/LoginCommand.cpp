@@ -39,10 +39,10 @@ QString adviceFor(const QString& reason)
 
 int refused(Terminal& terminal, const QString& problem, const QString& reason)
 {
-    terminal.error("kelo: not logged in: " + problem);
     const QString advice = adviceFor(reason);
-    if (!advice.isEmpty())
-        terminal.error(advice);
+    terminal.error("kelo: not logged in: " + problem, {{"reason", reason}, {"advice", advice}});
+    if (!advice.isEmpty() && !terminal.isJson())
+        terminal.note(advice);
     return ExitRefused;
 }
 
@@ -118,7 +118,7 @@ void showPending(const CommandContext& context, const QJsonObject& pending)
     const QString address = text("verificationUri");
     const QString complete = text("verificationUriComplete");
     const auto print = [&](const QString& line) {
-        context.isJson ? terminal.error(line) : terminal.line(line);
+        context.isJson ? terminal.note(line) : terminal.line(line);
     };
     print("Open     " + terminal.styled(address, Style::Accent));
     print("Code     " + terminal.styled(text("userCode"), Style::Bold));

@@ -81,7 +81,7 @@ int makeFavorite(const CommandContext& context, const QString& path, const QStri
         return context.finish(walk.reply());
     // Only the first favourites are looked at, so a missing one is no proof that it was refused.
     if (!isConfirmed)
-        context.terminal.error("kelo: sent, but the menu does not show the change yet");
+        context.terminal.note("kelo: sent, but the menu does not show the change yet");
     if (context.isJson) {
         const QJsonObject result{
             {"favorite", isOn}, {"changed", isOn != wasOn}, {"confirmed", isConfirmed}};

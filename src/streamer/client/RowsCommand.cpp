@@ -41,7 +41,8 @@ int RowsCommand::run(const CommandContext& context) const
 
 ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) const
 {
-    const ApiReply reply = context.api.rows(path, from, to, roles);
+    const QString wanted = roles.isEmpty() ? context.fields.join(',') : roles;
+    const ApiReply reply = context.api.rows(path, from, to, wanted);
     if (!reply.isDone() || context.isJson)
         return reply;
     const QJsonObject page = withValues(context.api, reply.document);

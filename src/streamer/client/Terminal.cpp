@@ -1,6 +1,7 @@
 #include "client/Terminal.h"
 
 #include "client/DisplayText.h"
+#include "client/JsonText.h"
 
 #include <climits>
 #include <ostream>
@@ -49,7 +50,17 @@ void Terminal::lines(const QStringList& all)
         line(text);
 }
 
-void Terminal::error(const QString& text)
+void Terminal::error(const QString& text, const QJsonObject& more)
+{
+    if (!m_isJson)
+        return note(text);
+    QJsonObject document = more;
+    const QString prefix = "kelo: ";
+    document.insert("error", text.startsWith(prefix) ? text.mid(prefix.size()) : text);
+    m_err << printableJson(json(document)).toStdString() << '\n' << std::flush;
+}
+
+void Terminal::note(const QString& text)
 {
     const QStringList lines = isInteractive() ? wrapped(text, width()) : QStringList{text};
     m_err << lines.join('\n').toStdString() << '\n' << std::flush;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
@@ -41,8 +42,13 @@ public:
     /// Prints one line and flushes, so that a reader at the other end of a pipe follows.
     void line(const QString& text = QString());
     void lines(const QStringList& all);
-    /// Prints a message, broken between words where a person looks at it.
-    void error(const QString& text);
+    /// Prints what went wrong, "kelo: ...", broken between words where a person looks at it. Where
+    /// JSON is wanted it is one document a line, {"error":TEXT} with \p more beside it.
+    void error(const QString& text, const QJsonObject& more = {});
+    /// Prints a message for people beside the results; it tells of no failure.
+    void note(const QString& text);
+    void wantJson() { m_isJson = true; }
+    bool isJson() const { return m_isJson; }
     /// Draws \p lines over the block that the last call drew; just prints them when nobody looks.
     /// Lines that the height has no room for are left out, with a line that says so; \p last stays.
     void redraw(const QStringList& lines, const QString& last = QString());
@@ -53,13 +59,14 @@ public:
     QString styled(const QString& text, Style style) const;
 
 private:
-    std::ostream& m_out;
-    std::ostream& m_err;
-    Properties m_properties;
     /// Lines of the screen that \p text takes.
     int heightOf(const QString& text) const;
 
-    QStringList m_drawn; ///< the lines above the cursor that redraw() may draw over
+    std::ostream& m_out;
+    std::ostream& m_err;
+    Properties m_properties;
+    bool m_isJson = false; ///< errors are JSON
+    QStringList m_drawn;   ///< the lines above the cursor that redraw() may draw over
 };
 
 } // namespace cli
