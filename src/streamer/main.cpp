@@ -31,6 +31,7 @@ void endSoon()
 int main(int argc, char** argv)
 {
     cli::CommandLine commandLine({std::cout, std::cerr, cli::Terminal::ofStdout(), keloServe,
-                                  endOnInterrupt, waitASecond, endSoon});
+                                  endOnInterrupt, waitASecond, endSoon,
+                                  cli::UserState::ofProcess()});
     return commandLine.run(std::vector<std::string>(argv + 1, argv + argc));
 }

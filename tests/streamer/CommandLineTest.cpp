@@ -146,8 +146,8 @@ TEST(RowsCommand, FitsTheWidthAndNeverCutsPaths)
         {200, R"({"path":"/tidal","from":0,"rowsCount":1,"roles":{},"rows":[{"Title":")" +
                   longText + R"(","Description":")" + longText + R"(","Path":")" + path +
                   R"("}]})"});
-    EXPECT_THAT(streamer.run({"rows", "/tidal"}, {cli::Terminal::unlimited, false, false}).out,
-                HasSubstr("  " + longText + "  " + longText + "  " + path + "\n"));
+    EXPECT_EQ(streamer.run({"rows", "/tidal"}, {cli::Terminal::unlimited, false, false}).out,
+              "0\t\t" + longText + '\t' + longText + '\t' + path + '\n');
     for (const int width : {40, 80, 120, 240}) {
         const auto run = streamer.run({"rows", "/tidal"}, {width, false, false});
         EXPECT_THAT(run.out, HasSubstr(path));

@@ -25,15 +25,18 @@ TEST(WatchCommand, PrintsOneLineForEachNotice)
         stream("event: rows\ndata: {\"path\":\"/a?k=\\u001b\",\"change\":\"reset\",\"count\":6}\n\n"
                "event: player\ndata: {}\n\n: alive\n\n"
                "event: rows\ndata: {\"path\":\"/a\",\"change\":[\"-4\",\"7\"],\"count\":-1}\n\n"
+               "event: acted\ndata: {\"path\":\"/c\",\"action\":\"add\",\"item\":\"/t\"}\n\n"
                "event: rows\ndata: \"\x1b\"\n\n"));
     const auto run = streamer.run({"watch", "/a"});
     EXPECT_EQ(run.status, 0) << run.err;
     const std::string time = "[0-2][0-9]:[0-5][0-9]:[0-5][0-9]";
     EXPECT_TRUE(std::regex_match(run.out, std::regex(time + "  '/a\\?k=\\\\x1b'  reset  6\n" +
-                                                     time + "  /a  -4,7  -1\n" + time + ".*\n")))
+                                                     time + "  /a  -4,7  -1\n" + time +
+                                                     "  /t  add\n" + time + ".*\n")))
         << run.out;
     const auto json = streamer.run({"watch", "/a", "--json"});
     EXPECT_THAT(json.out, HasSubstr("{\"path\":\"/a\",\"change\":[\"-4\",\"7\"],\"count\":-1}\n"
+                                    "{\"path\":\"/c\",\"action\":\"add\",\"item\":\"/t\"}\n"
                                     "\"\\u001b\"\n"));
 }
 

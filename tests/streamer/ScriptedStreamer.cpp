@@ -36,7 +36,7 @@ ScriptedStreamer::Run ScriptedStreamer::run(std::vector<std::string> arguments,
     std::ostringstream out;
     std::ostringstream err;
     arguments.insert(arguments.begin(), {"--server", address()});
-    cli::CommandLine commandLine({out, err, terminal, nullptr, nullptr});
+    cli::CommandLine commandLine({out, err, terminal, nullptr, nullptr, nullptr, nullptr, state});
     const int status = commandLine.run(std::move(arguments));
     return {status, out.str(), err.str()};
 }

@@ -33,6 +33,8 @@ public:
     /// Runs a command line against this streamer.
     Run run(std::vector<std::string> arguments, cli::Terminal::Properties terminal = {});
 
+    cli::UserState state; ///< what the runs remember
+
 private:
     ScriptedServer::Answer respond(const std::string& request);
 

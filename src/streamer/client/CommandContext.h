@@ -3,6 +3,7 @@
 #include "client/ApiClient.h"
 #include "client/JsonText.h"
 #include "client/Terminal.h"
+#include "client/UserState.h"
 
 namespace cli {
 
@@ -26,6 +27,7 @@ struct CommandContext
 {
     ApiClient& api;
     Terminal& terminal;
+    const UserState& state;
     bool isJson = false;
     QStringList fields = {}; ///< the only ones of a JSON document that are wanted; empty: all
     /// Called before following something until interrupted.

@@ -222,8 +222,8 @@ int CommandLine::runCommand(const Command& command)
         return ExitUsage;
     }
     ApiClient api(m_server);
-    return command.ask(CommandContext{api, m_terminal, m_isJson, m_fields, m_around.endOnInterrupt,
-                                      m_around.waitASecond});
+    return command.ask(CommandContext{api, m_terminal, m_around.state, m_isJson, m_fields,
+                                      m_around.endOnInterrupt, m_around.waitASecond});
 }
 
 } // namespace cli

@@ -30,6 +30,7 @@ public:
         /// Called before an answer that is only wanted when it comes at once: ends the program,
         /// in silence, when it takes longer.
         std::function<void()> endSoon = {};
+        UserState state = {};
     };
 
     explicit CommandLine(Surroundings surroundings);

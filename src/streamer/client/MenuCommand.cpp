@@ -1,5 +1,6 @@
 #include "client/Commands.h"
 #include "client/DisplayText.h"
+#include "client/RowNames.h"
 #include "client/RowsTable.h"
 #include "client/TreeWalk.h"
 
@@ -41,6 +42,9 @@ int showMenu(const CommandContext& context, const QString& path)
         context.printJson(json(page));
         return ExitDone;
     }
+    Listing listing{context.api.server()};
+    listing.add(page);
+    context.state.keep(listing);
     context.terminal.lines(RowsTable(context.terminal, page).lines());
     return ExitDone;
 }
@@ -101,7 +105,10 @@ Command menuCommand()
     const auto path = std::make_shared<QString>();
     return Command("menu", "Show the context menu of a row.", "kelo menu PATH")
         .option("PATH", *path, "A row, a list, or a menu's own path")
-        .asks([path](const CommandContext& context) { return showMenu(context, *path); });
+        .asks([path](const CommandContext& context) {
+            return atPath(context, *path,
+                          [&](const QString& found) { return showMenu(context, found); });
+        });
 }
 
 Command favoriteCommand()
@@ -118,7 +125,9 @@ Command favoriteCommand()
         .option("PATH", values->path, "The row")
         .option("[WISH]", {values->wish, wishes}, "on or off (the other one than now)")
         .asks([values](const CommandContext& context) {
-            return makeFavorite(context, values->path, values->wish);
+            return atPath(context, values->path, [&](const QString& path) {
+                return makeFavorite(context, path, values->wish);
+            });
         });
 }
 

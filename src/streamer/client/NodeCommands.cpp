@@ -1,17 +1,22 @@
 #include "client/Commands.h"
 #include "client/DisplayText.h"
+#include "client/RowNames.h"
 
 namespace cli {
 
 namespace {
 
-/// One "name  value" line per entry, names aligned.
+/// One "name  value" line per entry, names aligned; a tab between where no person looks.
 void printEntries(Terminal& terminal, const QJsonObject& entries)
 {
     int widest = 0;
     for (const QString& name : entries.keys())
         widest = qMax(widest, columns(shown(name)));
     for (auto it = entries.begin(); it != entries.end(); ++it) {
+        if (!terminal.hasWidth()) {
+            terminal.line(shown(it.key()) + '\t' + valueText(it.value()));
+            continue;
+        }
         terminal.line(terminal.styled(padded(shown(it.key()), widest), Terminal::Style::Bold) +
                       "  " + valueText(it.value()));
     }
@@ -85,7 +90,12 @@ Command dataCommand()
                    "kelo data /settings/tidal/soundQuality\nkelo data PATH --roles Title")
         .option("PATH", data->path, "The node")
         .option("--roles A,B", data->roles, "Roles wanted, with commas between")
-        .asks([data](const CommandContext& context) { return data->run(context); });
+        .asks([data](const CommandContext& context) {
+            return atPath(context, data->path, [&](const QString& path) {
+                data->path = path;
+                return data->run(context);
+            });
+        });
 }
 
 Command setCommand()
@@ -95,7 +105,12 @@ Command setCommand()
                    "kelo set PATH\nkelo set /settings/tidal/soundQuality 2")
         .option("PATH", set->path, "The node")
         .option("[VALUE]", set->value, "The value as JSON (1)")
-        .asks([set](const CommandContext& context) { return set->run(context); });
+        .asks([set](const CommandContext& context) {
+            return atPath(context, set->path, [&](const QString& path) {
+                set->path = path;
+                return set->run(context);
+            });
+        });
 }
 
 } // namespace cli

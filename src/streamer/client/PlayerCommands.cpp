@@ -1,5 +1,6 @@
 #include "client/Commands.h"
 #include "client/Following.h"
+#include "client/RowNames.h"
 #include "client/StatusView.h"
 
 #include <optional>
@@ -24,6 +25,17 @@ int tell(const CommandContext& context, const QString& action, const QByteArray&
         else
             context.terminal.line(view.oneLine(action != "play")); // which starts an item
     });
+}
+
+/// The list and the row in it go along where they are known, so that the streamer need not look.
+int play(const CommandContext& context, const ListedRow& row)
+{
+    QJsonObject body{{"path", row.path}};
+    if (!row.list.isEmpty() && row.index >= 0) {
+        body.insert("list", row.list);
+        body.insert("index", row.index);
+    }
+    return tell(context, "play", json(body));
 }
 
 /// Reads "90", "1:30", "1:02:03", fractions of the last part allowed, with "+" or "-" in front when
@@ -103,7 +115,8 @@ Command playCommand()
     return Command("play", "Play a row, a list or a track.", "kelo play PATH\nkelo play 12345678")
         .option("PATH", *path, "A row that can play, a list, or a track id")
         .asks([path](const CommandContext& context) {
-            return tell(context, "play", "{\"path\":" + json(*path) + '}');
+            const auto row = namedRow(context, *path);
+            return row ? play(context, *row) : ExitRefused;
         });
 }
 

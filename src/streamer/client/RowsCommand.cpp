@@ -1,6 +1,7 @@
 #include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/Following.h"
+#include "client/RowNames.h"
 #include "client/RowsTable.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace {
 /// `kelo rows`: prints a page of rows and, when told to follow, prints it again after each change.
 struct RowsCommand
 {
-    QString path;
+    QString path; ///< of a container; before run() as it was typed
     int from = 0;
     int to = 49;
     QString roles; ///< names with commas; empty: the streamer's usual ones
@@ -52,6 +53,13 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
     const QString range =
         got == 0 ? QString() : QStringLiteral(", here %1 to %2").arg(first).arg(first + got - 1);
     const Terminal& terminal = context.terminal;
+    Listing listing{context.api.server()};
+    listing.add(page);
+    context.state.keep(listing);
+    if (!terminal.hasWidth()) {
+        lines += RowsTable(terminal, page).lines();
+        return reply;
+    }
     const QString count = QStringLiteral("  %1 rows%2").arg(all).arg(got < all ? range : QString());
     lines.append(
         terminal.styled(cut(RowsTable::heading(page), qMax(8, terminal.width() - columns(count))),
@@ -141,7 +149,12 @@ Command rowsCommand()
         .option("--to N", rows->to, "Last row (49)")
         .option("--roles A,B", rows->roles, "Roles wanted, with commas between")
         .option("--follow", rows->isFollowing, "Show them again whenever they change")
-        .asks([rows](const CommandContext& context) { return rows->run(context); });
+        .asks([rows](const CommandContext& context) {
+            return atPath(context, rows->path, [&](const QString& path) {
+                rows->path = path;
+                return rows->run(context);
+            });
+        });
 }
 
 int showRows(const CommandContext& context, const QString& path)

@@ -11,8 +11,6 @@ namespace {
 constexpr int gap = 2;
 /// Narrower than this for title and description, and paths go below.
 constexpr int leastTextWidth = 32;
-/// Where nothing is cut, longer texts than this move what stands behind them.
-constexpr int mostAligned = 60;
 
 QString roleText(const QJsonObject& row, const char* role)
 {
@@ -35,16 +33,19 @@ QString secondText(const QJsonObject& row)
 
 } // namespace
 
-RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, int limit)
+RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, Options options)
     : m_terminal(terminal)
 {
-    int number = page.value("from").toInt();
-    for (const QJsonObject& row : rowsIn(page).mid(0, limit)) {
-        const QString path = textIn(row, "Path");
+    int number = options.first < 0 ? page.value("from").toInt() : options.first;
+    for (const QJsonObject& row : rowsIn(page).mid(0, options.limit)) {
+        const QString path = shown(textIn(row, "Path"));
+        const bool isShown = !path.isEmpty() && (options.hasPaths || !terminal.hasWidth());
         const bool isDisabledRow = isDisabled(row);
-        m_rows.append({QString::number(number++), mark(row),
+        m_rows.append({QString::number(number++), roleText(row, "Type"), mark(row),
                        title(row) + (isDisabledRow ? " (disabled)" : ""), secondText(row),
-                       path.isEmpty() ? QString() : shellWord(shown(path)),
+                       !isShown              ? QString()
+                       : terminal.hasWidth() ? shellWord(path)
+                                             : path,
                        textIn(row, "Type") == "Header", isDisabledRow});
     }
     measure();
@@ -97,11 +98,6 @@ void RowsTable::measure()
         m_descriptionWidth = qMax(m_descriptionWidth, columns(row.description));
         widestPath = qMax(widestPath, columns(row.path));
     }
-    if (!m_terminal.hasWidth()) {
-        m_titleWidth = qMin(m_titleWidth, mostAligned);
-        m_descriptionWidth = qMin(m_descriptionWidth, mostAligned);
-        return;
-    }
     const int before = m_numberWidth + gap + 1 + 1; // number, gap, mark, blank
     const int between = m_descriptionWidth > 0 ? gap : 0;
     const int wanted = m_titleWidth + between + m_descriptionWidth;
@@ -120,6 +116,11 @@ QStringList RowsTable::lines() const
 {
     QStringList result;
     for (const Row& row : m_rows) {
+        if (!m_terminal.hasWidth()) {
+            result.append(
+                QStringList{row.number, row.type, row.title, row.description, row.path}.join('\t'));
+            continue;
+        }
         if (row.isHeader && !result.isEmpty())
             result.append(QString());
         result += drawn(row);
@@ -131,8 +132,8 @@ QStringList RowsTable::drawn(const Row& row) const
 {
     using Style = Terminal::Style;
     const QString number = QString(m_numberWidth - columns(row.number), ' ') + row.number;
-    const auto fitted = [this](const QString& text, int width) {
-        return padded(m_terminal.hasWidth() ? cut(text, width) : text, width);
+    const auto fitted = [](const QString& text, int width) {
+        return padded(cut(text, width), width);
     };
     const QString title = fitted(row.title, m_titleWidth);
     const QString description =

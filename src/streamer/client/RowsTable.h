@@ -7,15 +7,27 @@
 namespace cli {
 
 /// A page of rows as an aligned table: row number, type mark, title, description or, of a setting,
-/// its value, path. The path is
-/// never cut, since it is what a person copies into the next command; where it does not fit it
-/// takes a line of its own. A value made for one page, used on the main thread. It fetches nothing.
+/// its value, path. The path is never cut, since it is what a person copies into the next command;
+/// where it does not fit it takes a line of its own. A value made for one page, used on the main
+/// thread. It fetches nothing.
 class RowsTable
 {
 public:
-    /// \p page is the answer of `rows`. \p limit is the highest number of rows shown.
-    RowsTable(const Terminal& terminal, const QJsonObject& page, int limit = -1);
+    struct Options
+    {
+        int limit = -1; ///< the highest number of rows shown
+        int first = -1; ///< the number of the first one, where it is not that in its list
+        bool hasPaths = true;
+    };
 
+    /// \p page is the answer of `rows`.
+    RowsTable(const Terminal& terminal, const QJsonObject& page, Options options);
+    RowsTable(const Terminal& terminal, const QJsonObject& page)
+        : RowsTable(terminal, page, Options())
+    {
+    }
+
+    /// Where no person looks: number, type, title, description and path, with tabs between.
     QStringList lines() const;
 
     /// The container's title, or its path where it has none; fit for a terminal.
@@ -30,7 +42,7 @@ public:
 private:
     struct Row
     {
-        QString number, mark, title, description, path;
+        QString number, type, mark, title, description, path;
         bool isHeader = false;
         bool isDisabled = false;
     };

@@ -32,6 +32,8 @@ private:
 
     Lists findLists(TreeWalk& walk) const;
     int printAll(const CommandContext& context, const Lists& lists) const;
+    static void printKind(Terminal& terminal, const QString& word, const QString& list,
+                          const QJsonObject& page, Listing& listing);
 };
 
 /// Top node -> its search container -> the query row -> the lists, one per kind, told apart by the
@@ -72,6 +74,7 @@ int SearchCommand::run(const CommandContext& context) const
 int SearchCommand::printAll(const CommandContext& context, const Lists& lists) const
 {
     QByteArray document = "{\"query\":" + json(text);
+    Listing listing{context.api.server()};
     for (const QString& word : kinds()) {
         if (!lists.contains(word))
             continue;
@@ -79,26 +82,41 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
         if (!reply.isDone())
             return context.finish(reply);
         document += ",\"" + word.toLatin1() + "\":" + reply.body.trimmed();
-        if (context.isJson)
-            continue;
-        Terminal& terminal = context.terminal;
-        if (word != kinds().first())
-            terminal.line();
-        if (textIn(rowsIn(reply.document).value(0), "Path").isEmpty()) {
-            terminal.line(terminal.styled(word, Terminal::Style::Bold) +
-                          terminal.styled("  nothing found", Terminal::Style::Dim));
-            continue;
-        }
-        const QString found = QStringLiteral("  %1 found, all:").arg(rowsCountIn(reply.document));
-        const QString all = "kelo rows " + shellWord(shown(lists.value(word)));
-        const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
-        terminal.line(terminal.styled(word, Terminal::Style::Bold) +
-                      terminal.styled(found + (fits ? " " : "\n  ") + all, Terminal::Style::Dim));
-        terminal.lines(RowsTable(terminal, reply.document, rowsOfEach).lines());
+        if (!context.isJson)
+            printKind(context.terminal, word, lists.value(word), reply.document, listing);
     }
     if (context.isJson)
         context.printJson(document + '}');
+    else
+        context.state.keep(listing);
     return ExitDone;
+}
+
+/// The rows of one kind; their numbers go on from those that are listed already.
+void SearchCommand::printKind(Terminal& terminal, const QString& word, const QString& list,
+                              const QJsonObject& page, Listing& listing)
+{
+    const bool hasFound = !textIn(rowsIn(page).value(0), "Path").isEmpty();
+    const int first = listing.rows.size();
+    const QStringList rows = RowsTable(terminal, page, {rowsOfEach, first}).lines();
+    if (hasFound)
+        listing.add(page, rowsOfEach, first);
+    if (!terminal.hasWidth()) {
+        for (const QString& row : hasFound ? rows : QStringList())
+            terminal.line(word + '\t' + row);
+        return;
+    }
+    if (word != kinds().first())
+        terminal.line();
+    const QString found =
+        hasFound ? QStringLiteral("  %1 found, all:").arg(rowsCountIn(page)) : "  nothing found";
+    const QString all = hasFound ? "kelo rows " + shellWord(shown(list)) : QString();
+    const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
+    const QString rest = fits ? found + ' ' + all : found + "\n  " + all;
+    terminal.line(terminal.styled(word, Terminal::Style::Bold) +
+                  terminal.styled(hasFound ? rest : found, Terminal::Style::Dim));
+    if (hasFound)
+        terminal.lines(rows);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/PathText.h"
+#include "client/RowNames.h"
 #include "client/RowsTable.h"
 #include "client/TreeWalk.h"
 
@@ -43,7 +44,7 @@ int TreeOutline::print(const QString& path, int depth)
     if (!reply.isDone())
         return m_context.finish(reply);
     m_read.insert(path);
-    if (!m_context.isJson)
+    if (!m_context.isJson && m_terminal.hasWidth())
         m_terminal.line(m_terminal.styled(
             cut(RowsTable::heading(reply.document), m_terminal.width()), Terminal::Style::Bold));
     const QJsonArray rows = descend(reply.document, depth, 1);
@@ -91,6 +92,12 @@ void TreeOutline::printRow(const QJsonObject& row, int level) const
     using Style = Terminal::Style;
     const QString indent(2 * level, ' ');
     const QString path = textIn(row, "Path");
+    if (!m_terminal.hasWidth()) {
+        m_terminal.line(QStringList{QString::number(level), textIn(row, "Type"),
+                                    RowsTable::title(row), shown(path)}
+                            .join('\t'));
+        return;
+    }
     const QString place = path.isEmpty() ? QString() : shellWord(shown(path));
     const int left = m_terminal.width() - indent.size() - 4 - columns(place);
     // A path is never cut; where it leaves no room the line grows over the width.
@@ -103,7 +110,7 @@ void TreeOutline::printRow(const QJsonObject& row, int level) const
 
 void TreeOutline::note(int level, const QString& text) const
 {
-    if (!m_context.isJson)
+    if (!m_context.isJson && m_terminal.hasWidth())
         m_terminal.line(QString(2 * level, ' ') + m_terminal.styled(text, Terminal::Style::Dim));
 }
 
@@ -121,7 +128,9 @@ Command treeCommand()
         .option("[PATH]", values->path, "Where to begin (/tidal)")
         .option("--depth N", {values->depth, 1, 16}, "Levels below it (2)")
         .asks([values](const CommandContext& context) {
-            return TreeOutline(context).print(values->path, values->depth);
+            return atPath(context, values->path, [&](const QString& path) {
+                return TreeOutline(context).print(path, values->depth);
+            });
         });
 }
 

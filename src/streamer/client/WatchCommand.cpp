@@ -2,6 +2,7 @@
 #include "client/DisplayText.h"
 #include "client/Following.h"
 #include "client/PathText.h"
+#include "client/RowNames.h"
 
 #include <QJsonDocument>
 #include <QTime>
@@ -10,24 +11,35 @@ namespace cli {
 
 namespace {
 
-/// `kelo watch`: keeps \p paths open and prints each change notice as one line. Waits for a
-/// streamer that goes away. It reads no rows.
+/// `kelo watch`: keeps \p paths open and prints each change notice, and each edit that any client
+/// makes, as one line. Waits for a streamer that goes away. It reads no rows.
 int watch(const CommandContext& context, const QStringList& paths)
 {
-    const QStringList watched = paths.isEmpty() ? QStringList{topPath()} : paths;
+    const auto named = namedPaths(context, paths);
+    if (!named)
+        return ExitRefused;
+    const QStringList watched = named->isEmpty() ? QStringList{topPath()} : *named;
+    const bool hasWidth = context.terminal.hasWidth();
+    const auto pathText = [hasWidth](const QJsonValue& path) {
+        return hasWidth ? shellWord(valueText(path)) : valueText(path);
+    };
     const ApiReply stream = follow(context, watched, nullptr, [&](const ServerEvent& event) {
-        if (event.name != "rows")
+        const bool isEdit = event.name == "acted";
+        if (event.name != "rows" && !isEdit)
             return true;
         if (context.isJson) {
             context.printJson(event.data);
             return true;
         }
         const QJsonObject notice = QJsonDocument::fromJson(event.data).object();
-        const QString path = textIn(notice, "path");
-        context.terminal.line(
-            QStringList{QTime::currentTime().toString("HH:mm:ss"), shellWord(shown(path)),
-                        changeText(notice.value("change")), valueText(notice.value("count"))}
-                .join("  "));
+        QStringList words{QTime::currentTime().toString("HH:mm:ss")};
+        if (isEdit)
+            words << pathText(notice.value(notice.contains("item") ? "item" : "path"))
+                  << valueText(notice.value("action"));
+        else
+            words << pathText(notice.value("path")) << changeText(notice.value("change"))
+                  << valueText(notice.value("count"));
+        context.terminal.line(words.join(hasWidth ? "  " : "\t"));
         return true;
     });
     return context.finish(stream);
@@ -38,7 +50,9 @@ int watch(const CommandContext& context, const QStringList& paths)
 Command watchCommand()
 {
     const auto paths = std::make_shared<QStringList>();
-    return Command("watch", "Print each change notice: time, path, change, count.",
+    return Command("watch",
+                   "Print each change notice (time, path, change, count) and each edit "
+                   "(time, path, what was done).",
                    "kelo watch /tidal\nkelo watch --json PATH PATH")
         .option("[PATH]", *paths, "Paths to keep open (/tidal)")
         .asks([paths](const CommandContext& context) { return watch(context, *paths); });
