@@ -300,6 +300,37 @@ TEST_F(TreeTest, noticesReachTheOpenPathsTheyAreMeantFor)
     CMRoot().closeRows(two);
 }
 
+TEST_F(TreeTest, pathsThatOpenAndCloseOnSeveralThreadsAreToldInTheirOrder)
+{
+    CMSubscribe* subscription = worker->nodes()->subscribe();
+    QObject receiver;
+    std::vector<int> told; // the order in which a queue would get them
+    std::mutex mutex;
+    const auto note = [&](int step) {
+        return [&told, &mutex, step](const CMPath&) {
+            std::lock_guard<std::mutex> lock(mutex);
+            told.push_back(step);
+        };
+    };
+    QObject::connect(subscription, &CMSubscribe::rowsPathAdded, &receiver, note(1),
+                     Qt::DirectConnection);
+    QObject::connect(subscription, &CMSubscribe::rowsPathRemoved, &receiver, note(-1),
+                     Qt::DirectConnection);
+    const auto openAndClose = [] {
+        for (int i = 0; i < 30000; ++i)
+            CMRoot().closeRows(CMRoot().openRows(path("/demo/list"), [](const CMRowsNotice&) {}));
+    };
+    std::thread other(openAndClose);
+    openAndClose();
+    other.join();
+    int open = 0;
+    EXPECT_TRUE(std::all_of(told.begin(), told.end(), [&open](int step) {
+        open += step;
+        return open == 0 || open == 1;
+    }));
+    EXPECT_EQ(open, 0);
+}
+
 namespace {
 class Listener : public QObject
 {

@@ -10,6 +10,7 @@ quint64 CMSubscribe::openRows(const CMPath& path, RowsListener listener)
         m_listeners.add([path, listener = std::move(listener)](const QVariant& change, int count) {
             listener(CMRowsNotice{path, change, count});
         });
+    std::lock_guard<std::recursive_mutex> order(m_orderMutex);
     bool isFirst = false;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
@@ -26,6 +27,7 @@ quint64 CMSubscribe::openRows(const CMPath& path, RowsListener listener)
 void CMSubscribe::closeRows(quint64 id)
 {
     m_listeners.remove(id);
+    std::lock_guard<std::recursive_mutex> order(m_orderMutex);
     CMPath path;
     {
         std::lock_guard<std::mutex> lock(m_mutex);

@@ -71,6 +71,9 @@ private:
     /// The numbers of the touched paths at one base, added to the others; with the lock held.
     void addTouched(std::vector<quint64>& ids, const QString& base, const CMPath& path);
 
+    /// Held while a path opens or closes and its signal is emitted, so that the signals of a path
+    /// come in the order of what they tell; before the other one.
+    std::recursive_mutex m_orderMutex;
     mutable std::mutex m_mutex; ///< guards all but the listeners
     /// By base, so that a notice looks at no others.
     QHash<QString, OpenPaths> m_open;
