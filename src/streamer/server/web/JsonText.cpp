@@ -292,6 +292,12 @@ void JsonText::write(const QVariant& value, int depth)
     }
 }
 
+void JsonText::moveTo(std::string& text)
+{
+    text.append(m_buffer.GetString(), m_buffer.GetSize());
+    m_buffer.Clear();
+}
+
 std::string JsonText::fromObject(const QJsonObject& object)
 {
     return QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString();

@@ -39,6 +39,9 @@ public:
 
     std::string text() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 
+    /// Appends what was written since the last time to a text, and goes on behind it.
+    void moveTo(std::string& text);
+
     static std::string fromObject(const QJsonObject& object);
 
 private:

@@ -16,6 +16,8 @@ constexpr int pageSize = RowSearch::pageSize;
 constexpr int mostRows = 10000;
 /// A row that is not found by then is told to be nowhere.
 constexpr int mostPages = 250;
+/// Bytes of its text; few rows have more.
+constexpr size_t roomOfRow = 1280;
 
 const QStringList& dataRoles()
 {
@@ -86,29 +88,87 @@ void TreeApi::ask(const Request& request, const HttpAnswer& answer, Reply reply)
     });
 }
 
+/// A range of any width, fetched in pages. Each is written as it comes, so that a long range takes
+/// the memory of its text alone.
+struct TreeApi::Range
+{
+    /// Writes the page's rows, and returns how many they are.
+    int take(const KeloRowsRoles& page);
+    HttpReply reply();
+
+    HttpCall call;
+    HttpAnswer answer;
+    CMPath path;
+    int from;
+    int to;
+    QStringList roles;         ///< that are answered
+    QStringList asked;         ///< of the tree: with what it takes to write them
+    qint64 next = from;        ///< row to ask for
+    int count = 0;             ///< of rows so far
+    std::string text = {};     ///< of them
+    KeloRowsRoles last = {};   ///< page, without its rows
+    JsonText json{call.texts}; ///< writes them
+    std::vector<std::string> keys = JsonText::encoded(roles);
+};
+
+int TreeApi::Range::take(const KeloRowsRoles& page)
+{
+    if (count == 0) {
+        json.beginArray();
+        // Room that is not used costs nothing.
+        const qint64 rows = qMin<qint64>(page.rowsCount(), to + 1LL) - from;
+        text.reserve(size_t(qBound<qint64>(0, rows, mostRows)) * roomOfRow);
+    }
+    const QVariantList rows = page.rows().toList();
+    const int typeAt = asked.indexOf(KeloRoles::Type());
+    for (const QVariant& row : rows)
+        writeRoles(json, roles, keys, row.toList(), typeAt);
+    json.moveTo(text);
+    count += rows.size();
+    last = page;
+    last.setRows({});
+    return rows.size();
+}
+
+HttpReply TreeApi::Range::reply()
+{
+    json.endArray();
+    json.moveTo(text);
+    const KeloRoles own = last.roles().isEmpty() ? CMRoot().servingRoles(path) : last.roles();
+    JsonText head(call.texts);
+    head.beginObject();
+    head.field("path", path.toEncoded());
+    head.field("from", from);
+    head.field("rowsCount", last.rowsCount());
+    head.field("rowsVersion", last.rowsVersion());
+    head.roles("roles", own.toHash());
+    head.key(QStringLiteral("rows"));
+    text.insert(0, head.text() + ':');
+    text += '}';
+    return HttpReply::json(std::move(text));
+}
+
 void TreeApi::fetch(const std::shared_ptr<Range>& range)
 {
     // A range that is no range is the node's to refuse, as it stands.
     const bool isRange = range->from >= 0 && range->from <= range->to;
     const int last = isRange ? int(qMin(qint64(range->to), range->next + pageSize - 1)) : range->to;
-    const bool isPage = isRange && range->to - range->from < pageSize && hasItemRoles(range->roles);
+    const bool isPage = isRange && range->to - range->from < pageSize && hasItemRoles(range->asked);
     const auto watch = isPage ? m_kept.begin(range->path) : nullptr;
-    const CMGetRowsRequest request(range->path, int(range->next), last, range->roles);
+    const CMGetRowsRequest request(range->path, int(range->next), last, range->asked);
     CMRoot().request(request);
     m_waiter.whenFinished(request.reply(), [this, request, range, isRange, last, watch] {
         if (watch)
             m_kept.take(watch, range->from, request.reply());
         const CMError error = request.reply().error();
         if (error.isSet())
-            return range->then(*range, error);
-        range->last = request.reply().value();
-        const QVariantList page = range->last.rows().toList();
-        range->rows += page;
+            return range->answer(HttpReply::error(error));
         const qint64 asked = last - range->next + 1;
         range->next += asked;
-        if (!isRange || page.size() < asked || range->next > range->to ||
-            range->next >= range->last.rowsCount() || range->rows.size() >= mostRows)
-            range->then(*range, error);
+        const int size = range->take(request.reply().value());
+        if (!isRange || size < asked || range->next > range->to ||
+            range->next >= range->last.rowsCount() || range->count >= mostRows)
+            range->answer(range->reply());
         else
             fetch(range);
     });
@@ -129,33 +189,7 @@ void TreeApi::rows(const HttpCall& call, const HttpAnswer& answer)
     QStringList asked = *roles;
     if (!call.texts->isEmpty() && !asked.contains(KeloRoles::Type()))
         asked.append(KeloRoles::Type());
-    const auto range = std::make_shared<Range>(Range{*path, *from, *to, asked, *from});
-    range->then = [call, answer, roles = *roles](const Range& done, const CMError& error) {
-        answer(error.isSet() ? HttpReply::error(error) : rowsReply(call, done, roles));
-    };
-    fetch(range);
-}
-
-HttpReply TreeApi::rowsReply(const HttpCall& call, const Range& range, const QStringList& roles)
-{
-    const KeloRoles own =
-        range.last.roles().isEmpty() ? CMRoot().servingRoles(range.path) : range.last.roles();
-    JsonText json(call.texts);
-    json.beginObject();
-    json.field("path", range.path.toEncoded());
-    json.field("from", range.from);
-    json.field("rowsCount", range.last.rowsCount());
-    json.field("rowsVersion", range.last.rowsVersion());
-    json.roles("roles", own.toHash());
-    json.key(QStringLiteral("rows"));
-    json.beginArray();
-    const int typeAt = range.roles.indexOf(KeloRoles::Type());
-    const std::vector<std::string> keys = JsonText::encoded(roles);
-    for (const QVariant& row : range.rows)
-        writeRoles(json, roles, keys, row.toList(), typeAt);
-    json.endArray();
-    json.endObject();
-    return HttpReply::json(json.text());
+    fetch(std::shared_ptr<Range>(new Range{call, answer, *path, *from, *to, *roles, asked}));
 }
 
 struct TreeApi::Lookup

@@ -21,20 +21,9 @@ private:
     void data(const HttpCall& call, const HttpAnswer& answer);
     void set(const HttpCall& call, const HttpAnswer& answer);
 
-    /// A range of any width, fetched in pages.
-    struct Range
-    {
-        CMPath path;
-        int from;
-        int to;
-        QStringList roles;
-        qint64 next;
-        QVariantList rows = {};
-        KeloRowsRoles last = {}; ///< the last page's answer
-        std::function<void(const Range& range, const CMError& error)> then = {};
-    };
+    struct Range;
+    /// Asks for the next page of a range, or answers.
     void fetch(const std::shared_ptr<Range>& range);
-    static HttpReply rowsReply(const HttpCall& call, const Range& range, const QStringList& roles);
     struct Lookup;
     void lookUp(const std::shared_ptr<Lookup>& lookup);
     /// Asks the tree, then answers with the error or what `reply` makes of the answer.
