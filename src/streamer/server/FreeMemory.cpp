@@ -24,6 +24,7 @@ long pagesTouched()
 FreeMemory::FreeMemory()
 {
     ::mallopt(M_ARENA_MAX, arenas);
+    ::mallopt(M_MXFAST, 0);                  // else each large buffer merges what is free at first
     ::mallopt(M_MMAP_THRESHOLD, ownMapping); // stays: it would grow with what is freed
     QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { giveBack(); });
     m_timer.setTimerType(Qt::VeryCoarseTimer);
