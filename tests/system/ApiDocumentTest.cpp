@@ -128,6 +128,16 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
     const QJsonValue track = ask("GET /api/v1/rows", "?path=" + tracks)["rows"].toArray().last();
     EXPECT_EQ(ask("GET /api/v1/row", "?path=" + tracks)["list"].toString(),
               "/tidal/req/featured/new/albums");
+    const QJsonValue further =
+        ask("GET /api/v1/rows", "?path=/tidal/req/featured/new/tracks&to=0&roles=TrackNumber,"
+                                "Duration,ReleaseYear,AlbumPath,ArtistPaths")["rows"]
+            .toArray()
+            .first();
+    EXPECT_GT(further["Duration"].toInt(), 0);
+    for (const QJsonValue& path : {further["AlbumPath"], further["ArtistPaths"][0]["Path"]}) {
+        const std::string leads = QUrl::toPercentEncoding(path.toString()).data();
+        EXPECT_FALSE(ask("GET /api/v1/rows", "?path=" + leads)["rows"].toArray().isEmpty());
+    }
     ask("GET /api/v1/data", "?path=/tidal");
     ask("POST /api/v1/set", "", R"({"path":"/settings/tidal/soundQuality","value":"LOW"})");
     ask("POST /api/v1/player/play", "",

@@ -1,4 +1,5 @@
 // The radio of an artist: it is kept, so that later rows of it need no request.
+#include "TidalFurtherRoles.h"
 #include "TidalHandler.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
@@ -15,11 +16,13 @@ QVariantList TidalNodeResponder::radioRows(const CMGetRowsRequest& request, cons
     TidalItemRows::Page shown = page(request.roles(), radio.path, contextType(radio.path));
     shown.itemPath = m_worker->addPrefix(QStringLiteral("/nowPlay"));
     TidalTrackRows maker(shown);
+    TidalFurtherRoles further(*m_worker, request.roles());
     QVariantList rows;
     const qint64 end = qMin<qint64>(radio.size(), qint64(first) + count);
     for (qint64 index = first; index < end; ++index) {
         const KeloJson& track = radio.tracks[std::size_t(index)].json();
-        rows.append(QVariant(maker.row(track, qint64(request.from()) + rows.size())));
+        const qint64 number = qint64(request.from()) + rows.size();
+        rows.append(QVariant(further.added(maker.row(track, number), track)));
     }
     return rows;
 }

@@ -1,5 +1,6 @@
 #include "TidalActionReply.h"
 #include "TidalBrowseNode.h"
+#include "TidalFurtherRoles.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
 #include <kelo/CMGlobal.h>
@@ -88,6 +89,7 @@ void TidalNodeResponder::replyItems(const CMGetRowsRequest& request, const KeloT
         return;
     }
     const std::vector<KeloJson> items = list.entries();
+    TidalFurtherRoles further(*m_worker, request.roles());
     QVariantList rows;
     rows.reserve(qMin(int(items.size()), requestedCount));
     int length = 0;
@@ -97,7 +99,7 @@ void TidalNodeResponder::replyItems(const CMGetRowsRequest& request, const KeloT
             KELO_LOG("Tidal", WARN)
                 << "Skipping item " << number - request.from() << ", it is not an object";
         else if (length++ < requestedCount)
-            rows.append(QVariant(maker.row(item, number)));
+            rows.append(QVariant(further.added(maker.row(item, number), item)));
         ++number;
     }
     if (requestedCount < length) {

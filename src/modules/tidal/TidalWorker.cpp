@@ -137,3 +137,8 @@ CMPath TidalWorker::artistsPath() const
 {
     return addPrefix(KeloTidalRequest()) + QStringLiteral("/") + KeloTidalArtists().toLower();
 }
+
+CMPath TidalWorker::albumsPath() const
+{
+    return addPrefix(KeloTidalRequest()) + QStringLiteral("/") + KeloTidalAlbums().toLower();
+}

@@ -63,6 +63,8 @@ public:
     CMListRowsNode* myMusicNode() const { return m_tree->myMusic; }
     /// Where the artists' pages stand. Any thread.
     CMPath artistsPath() const;
+    /// Where single albums stand. Any thread.
+    CMPath albumsPath() const;
     /// Where the host's OAuth2 service publishes the login state of this service.
     static CMPath loginPath();
 

@@ -37,6 +37,15 @@ public:
     KELO_NAME(BusyText, "BusyText")
     /// Whether a value can be written.
     KELO_NAME(ReadOnly, "ReadOnly")
+    // Of tracks and albums, for requests that name them.
+    KELO_NAME(TrackNumber, "TrackNumber")
+    /// In milliseconds.
+    KELO_NAME(Duration, "Duration")
+    KELO_NAME(ReleaseYear, "ReleaseYear")
+    /// The album that a track is of, encoded.
+    KELO_NAME(AlbumPath, "AlbumPath")
+    /// A list of hashes with the Title and Path of each artist.
+    KELO_NAME(ArtistPaths, "ArtistPaths")
 
     KeloRoles() = default;
     explicit KeloRoles(const KeloHash& hash) : KeloHash(hash) {}
