@@ -159,6 +159,18 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
             return true;
         }));
     }
+    auto acted = std::async(std::launch::async, [&] {
+        return streamer.waitForEvent("acted", [&](const QJsonObject& edit) {
+            EXPECT_EQ(document.fault(document.schema("Edit"), edit), "");
+            return edit["action"] == "favorite";
+        });
+    });
+    const QString menu = track["Context"]["Path"].toString().replace("?", "/favorites?");
+    do
+        ask("POST /api/v1/set", "",
+            R"({"path":")" + menu.toStdString() + R"(","role":"Favorite","value":true})");
+    while (acted.wait_for(std::chrono::milliseconds(50)) != std::future_status::ready);
+    EXPECT_TRUE(acted.get());
     for (const char* call :
          {"GET /api/v1/player", "GET /api/v1/texts", "GET /api/v1/session", "GET /healthz",
           "GET /readyz", "DELETE /api/v1/login", "POST /api/v1/login", "GET /api/v1/login"})

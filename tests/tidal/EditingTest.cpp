@@ -179,6 +179,66 @@ TEST_F(EditingTest, MovesATrackAndReloadsTheListThatWasOpen)
     EXPECT_EQ(requestLog().count("GET /genres"), 1);
 }
 
+TEST_F(EditingTest, TellsEveryClientWhatHasHappenedAndNothingElse)
+{
+    std::mutex mutex;
+    std::condition_variable changed;
+    QStringList told;
+    const quint64 watch = CMRoot().watchEdits([&](const CMEdit& edit) {
+        std::lock_guard<std::mutex> lock(mutex);
+        EXPECT_TRUE(edit.reply.toHash().contains("events"));
+        told << edit.action + ' ' + edit.path.base() + ' ' + edit.item.toEncoded();
+        changed.notify_all();
+    });
+    const auto isTold = [&](const CMSetDataRequest& edit, const QString& action,
+                            const QString& item) {
+        EXPECT_EQ(errorOf(edit), "");
+        const QString line = action + ' ' + edit.path().base() + ' ' + item;
+        std::unique_lock<std::mutex> lock(mutex);
+        return changed.wait_for(lock, std::chrono::seconds(20),
+                                [&] { return told.contains(line); });
+    };
+    const QString id = newPlaylist("p", tracks.mid(0, 2));
+    const QString favorite = "/tidal/context/favorites?type=Albums&id=500003";
+    const QString item = "/tidal/req/albums?contentId=500003";
+    // Who says what it is to be gets that, whatever was asked about last.
+    setAndWait(favorite, false, KeloRoles::Favorite());
+    told.clear();
+    for (const bool isWanted : {true, false}) {
+        EXPECT_EQ(errorOf(askData("/tidal/context/favorites?type=Artists&id=1")), "");
+        EXPECT_TRUE(isTold(set(favorite, isWanted, KeloRoles::Favorite()),
+                           isWanted ? "favorite" : "unfavorite", item));
+    }
+    EXPECT_TRUE(isTold(set("/tidal/basecontext/favorites?id=900391&type=Artists"), "favorite",
+                       "/tidal/req/artists?artistId=900391"));
+    const QString track = QString::number(tracks[3]);
+    EXPECT_TRUE(isTold(set("/tidal/context/favorites?type=Tracks&id=" + track), "favorite", ""));
+    EXPECT_TRUE(
+        isTold(set("/tidal/context/addToPlaylists?type=Tracks&playlistId=" + id + "&id=" + track),
+               "add", tracksPath(id)));
+    EXPECT_TRUE(isTold(set(moveMenu + "/move?rowNum=1&playlistId=" + id), "move", tracksPath(id)));
+    EXPECT_TRUE(
+        isTold(set(removal + "type=Tracks&rowNum=0&playlistId=" + id), "remove", tracksPath(id)));
+    setAndWait("/tidal/createPlaylist/title", "made");
+    EXPECT_TRUE(isTold(set("/tidal/createPlaylist/accept"), "create", ""));
+    setAndWait("/tidal/updatePlaylists/title", "renamed");
+    EXPECT_TRUE(isTold(set("/tidal/updatePlaylists/accept?id=" + id), "rename", tracksPath(id)));
+    EXPECT_TRUE(isTold(set(removal + "type=Playlists&id=" + id), "delete", tracksPath(id)));
+    const int count = told.size();
+    EXPECT_EQ(count, 10);
+
+    // A refusal, which some edits answer like a success.
+    EXPECT_EQ(m_sim.addFault("status status=500 path=" + userPath.toStdString() + "/favorites"),
+              "");
+    EXPECT_EQ(eventPaths(set(favorite, true, KeloRoles::Favorite())).size(), 1);
+    EXPECT_NE(errorOf(set("/tidal/createPlaylist/accept")), "");
+    EXPECT_EQ(erase("gone").size(), 2);
+    setAndWait("/tidal/trackOrderingcontext/orderDirection", "Asc");
+    settle();
+    CMRoot().unwatch(watch);
+    EXPECT_EQ(told.size(), count) << told.join('\n').toStdString();
+}
+
 TEST_F(EditingTest, BeginsAgainUntilTheTagHolds)
 {
     const QString id = newPlaylist("p", tracks.mid(0, 3));

@@ -92,9 +92,10 @@ bool ModuleTest::wait(const CMRequest& request)
     return isFinished;
 }
 
-CMSetDataRequest ModuleTest::setAndWait(const QString& path, const QVariant& value)
+CMSetDataRequest ModuleTest::setAndWait(const QString& path, const QVariant& value,
+                                        const QString& role)
 {
-    const CMSetDataRequest request = set(path, value);
+    const CMSetDataRequest request = set(path, value, role);
     wait(request);
     return request;
 }

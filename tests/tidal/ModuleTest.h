@@ -47,7 +47,8 @@ protected:
     /// Waits for an answer; false, and a test failure, when none comes.
     static bool wait(const CMRequest& request);
     /// Sends, and waits for the answer.
-    static CMSetDataRequest setAndWait(const QString& path, const QVariant& value = 1);
+    static CMSetDataRequest setAndWait(const QString& path, const QVariant& value = 1,
+                                       const QString& role = KeloRoles::Value());
     /// These wait first. The message of the error that a request is answered with; empty for none.
     static QString errorOf(const CMRequest& request);
     static KeloActionReply actionOf(const CMSetDataRequest& request);

@@ -22,6 +22,7 @@ struct RootState
     CMPendingReplies pending;
     KeloListeners<CMPath, KeloValue, KeloValue> values; ///< told the path and the values
     KeloListeners<CMPath> data;
+    KeloListeners<CMEdit> edits;
 
     /// The route with the longest prefix that the path starts with; null when there is none.
     std::shared_ptr<CMWorkerRoute> find(const CMPath& path)
@@ -252,10 +253,16 @@ quint64 CMRoot::watchData(const CMPath& path, DataListener listener) const
     });
 }
 
+quint64 CMRoot::watchEdits(EditListener listener) const
+{
+    return state().edits.add(std::move(listener));
+}
+
 void CMRoot::unwatch(quint64 id) const
 {
     state().values.remove(id);
     state().data.remove(id);
+    state().edits.remove(id);
 }
 
 void CMRoot::notifyValue(const CMPath& path, const KeloValue& newValue,
@@ -267,6 +274,11 @@ void CMRoot::notifyValue(const CMPath& path, const KeloValue& newValue,
 void CMRoot::notifyData(const CMPath& path) const
 {
     state().data.notify(path);
+}
+
+void CMRoot::notifyEdit(const CMEdit& edit) const
+{
+    state().edits.notify(edit);
 }
 
 QList<CMAbstractWorker*> CMRoot::workers() const

@@ -33,8 +33,11 @@ bool TidalAddRemoveFavouritesNode::getDataRequest(const CMGetDataRequest& reques
 
 void TidalAddRemoveFavouritesNode::on_node_invoke(const CMSetDataRequest& request)
 {
+    // Who says which is not at the mercy of what another client has asked about meanwhile.
+    const bool isWanted =
+        request.role() == KeloRoles::Favorite() ? request.value().toBool() : !m_isFavorite;
     const char* const member =
-        m_isFavorite ? "on_removeFromFavorites_invoke" : "on_addToFavorites_invoke";
+        isWanted ? "on_addToFavorites_invoke" : "on_removeFromFavorites_invoke";
     QMetaObject::invokeMethod(m_worker->getHandler(), member, Qt::QueuedConnection,
                               Q_ARG(CMSetDataRequest, request),
                               Q_ARG(QString, request.path().param(QStringLiteral("type"))),
@@ -70,6 +73,8 @@ QString TidalMoveTrackNode::getRowNum() const
 void TidalMoveTrackNode::movePlaylistTrackFinish(const CMSetDataRequest& request)
 {
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request.path();
-    request.reply().setValue(tidalActionReply({m_worker->playlistPath()}).toVariant());
+    m_worker->finishEdit(request, CMEdit::Move(),
+                         TidalWorker::tracksPath(TidalWorker::playlistIdOf(request.path())),
+                         tidalActionReply({m_worker->playlistPath()}));
     subscribe()->changedStartingWith(path(), CMSubscribe::RowsChangeClose(), -1);
 }

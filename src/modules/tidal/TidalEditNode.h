@@ -8,7 +8,8 @@ class CMValueNode;
 
 /// "Favorite" in a context menu: makes the menu's item a favourite, or none any more. Owned by the
 /// worker's tree; its slots run on the worker's thread. Whether the item is a favorite it knows
-/// only from the last time that its data were asked for: one flag for all items of the menu.
+/// only from the last time that its data were asked for: one flag for all items of the menu. A
+/// request with the role KeloRoles::Favorite() says itself what the item is to be.
 class TidalAddRemoveFavouritesNode : public TidalNode<TidalAddRemoveFavouritesNode, CMActivateNode>
 {
     Q_OBJECT

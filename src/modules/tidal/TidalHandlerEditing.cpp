@@ -16,6 +16,13 @@ HttpClientPrivate::Data repeatable(const CMSetDataRequest& request, const QStrin
     return {request, CMSetDataRequest(path, KeloRoles::Id(), argument, CMVoidReply())};
 }
 
+/// The requests of a change of the favorites: the second one carries whether the item becomes one.
+HttpClientPrivate::Data favoring(const CMSetDataRequest& request, bool isWanted)
+{
+    return {request, CMSetDataRequest(CMPath(KeloTidalApiPathFavorites()), KeloRoles::Favorite(),
+                                      isWanted, CMVoidReply())};
+}
+
 /// The service changes a playlist only for who knows its tag; its name for that header is used in
 /// the sense of If-Match (RFC 9110 13.1.1).
 HttpClientHeaders tagHeaders(QString etag)
@@ -112,14 +119,16 @@ void TidalHandler::on_addToFavorites_invoke(CMSetDataRequest const& request, QSt
     // What no address could take away again is not put there either.
     if (checkFavorite(request, KeloService_Tidal_Id(), kind) && !pathOf(request, {id}).isEmpty())
         sendPost(userPathOf(request, {QStringLiteral("favorites"), kind.toLower()}), countryQuery(),
-                 QLatin1String(favoriteKey(kind)) + formValue(id), answerSlot, request);
+                 QLatin1String(favoriteKey(kind)) + formValue(id), answerSlot,
+                 favoring(request, true));
 }
 
 void TidalHandler::on_removeFromFavorites_invoke(CMSetDataRequest const& request,
                                                  QString const& kind, QString const& id)
 {
     if (checkFavorite(request, KeloService_Tidal_Id(), kind))
-        sendDelete(userPathOf(request, {QStringLiteral("favorites"), kind.toLower(), id}), request);
+        sendDelete(userPathOf(request, {QStringLiteral("favorites"), kind.toLower(), id}),
+                   favoring(request, false));
 }
 
 void TidalHandler::createNewPlaylist(CMSetDataRequest const& request, QString const& title,

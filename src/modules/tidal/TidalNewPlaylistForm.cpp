@@ -88,7 +88,8 @@ void TidalPlaylistForm::addPlaylistFinish(const CMSetDataRequest& request,
     dbglog_scopedFunction(Q_FUNC_INFO, "Tidal") << request.path();
     if (!request.path().params().isEmpty() && !playlistId.isEmpty() && !etag.isEmpty())
         addItem(request.path(), playlistId, etag);
-    request.reply().setValue(tidalActionReply({container()->path()}).toVariant());
+    m_worker->finishEdit(request, CMEdit::Create(), CMPath(),
+                         tidalActionReply({container()->path()}));
     clearFields();
 }
 
@@ -126,5 +127,6 @@ void TidalPlaylistForm::updatePlaylistFinish(const CMSetDataRequest& request)
     result.setPath(m_worker->myMusicNode()->path());
     KeloActionReply reply = tidalActionReply({container()->path()});
     reply.setResult(result);
-    request.reply().setValue(reply.toVariant());
+    m_worker->finishEdit(request, CMEdit::Rename(),
+                         TidalWorker::tracksPath(TidalWorker::playlistIdOf(request.path())), reply);
 }

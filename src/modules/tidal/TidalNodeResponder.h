@@ -81,6 +81,8 @@ public:
 
     /// Request of the tree whose answer is being handed to the worker; null at other times.
     const CMRequest& answeredRequest() const { return m_answered.getCMRequest(); }
+    /// The second of its requests; null when there is none.
+    const CMRequest& answeredSecondary() const { return m_answered.getCMRequestSec(); }
     /// Whether the answer that is being handed to the worker is to what an earlier login asked for.
     bool isOfEarlierLogin() const;
 

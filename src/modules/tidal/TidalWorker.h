@@ -7,6 +7,7 @@
 #include <kelo/KeloTidalTypes.h>
 #include <QSet>
 
+class KeloActionReply;
 class PlayLogicInterface;
 class TidalHandler;
 
@@ -103,6 +104,13 @@ public:
     }
     /// The playlist that an edit is about, by the path of its request.
     static QString playlistIdOf(const CMPath& path);
+    /// Where the tracks of one of the user's playlists are listed.
+    static CMPath tracksPath(const QString& playlistId);
+    /// Answers an edit, and tells all clients of it; one without an action has changed nothing.
+    void finishEdit(const CMSetDataRequest& request, const QString& action, const CMPath& item,
+                    const KeloActionReply& reply);
+    /// Where a single album, artist or playlist stands; empty for a track.
+    CMPath itemPath(const QString& kind, const QString& id) const;
     /// Tells clients that rows under a path changed.
     void changeRowsSubscribe(const CMPath& path, QStringList changes, int count)
     {

@@ -6,6 +6,7 @@
 #include "TidalNewPlaylistForm.h"
 #include <algorithm>
 #include <kelo/CMListRowsNode.h>
+#include <kelo/CMRoot.h>
 #include <kelo/CMSubscribe.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
@@ -47,14 +48,6 @@ bool areRowNumbers(const QString& text)
     return std::all_of(rows.begin(), rows.end(), isRowNumber);
 }
 
-/// Where the tracks of one of the user's playlists are listed.
-CMPath tracksPath(const QString& playlistId)
-{
-    CMPath path = KeloTidalMyPlaylistsPath();
-    path.addParam(QStringLiteral("contentId"), playlistId);
-    return path;
-}
-
 /// The menu of a playlist's tracks counts as the menu of playlists; deliberate.
 bool isPlaylistMenu(KeloTidalContextVariation::Enum variation)
 {
@@ -67,6 +60,13 @@ CMError noRowError()
     return tidalError(KELO_TR("Which row of the playlist is not said"));
 }
 } // namespace
+
+CMPath TidalWorker::tracksPath(const QString& playlistId)
+{
+    CMPath path = KeloTidalMyPlaylistsPath();
+    path.addParam(QStringLiteral("contentId"), playlistId);
+    return path;
+}
 
 QString TidalWorker::playlistIdOf(const CMPath& path)
 {
@@ -150,7 +150,37 @@ void TidalWorker::on_tidalHandler_finishedPlaylists(CMSetDataRequest request,
     QList<CMPath> reloads = {listPath, menu->path()};
     if (variation == KeloTidalContextVariation::Playlist)
         reloads.append(m_playlistPath);
-    request.reply().setValue(tidalActionReply(reloads).toVariant());
+    const bool isAdded = requestType == KeloTidalRequestType::AddToPlaylists;
+    const bool isRemoved = !isAdded && !value.toString().isEmpty();
+    const QString id = playlistId.isEmpty() ? playlistIdOf(request.path()) : playlistId;
+    finishEdit(request,
+               !error.isEmpty() ? QString()
+               : isAdded        ? CMEdit::Add()
+               : isRemoved      ? CMEdit::Remove()
+                                : CMEdit::Delete(),
+               tracksPath(id), tidalActionReply(reloads));
+}
+
+void TidalWorker::finishEdit(const CMSetDataRequest& request, const QString& action,
+                             const CMPath& item, const KeloActionReply& reply)
+{
+    request.reply().setValue(reply.toVariant());
+    if (!action.isEmpty() && !m_handler->responder()->isOfEarlierLogin())
+        CMRoot().notifyEdit({request.path(), action, item, reply.toVariant()});
+}
+
+CMPath TidalWorker::itemPath(const QString& kind, const QString& id) const
+{
+    CMPath path = kind == KeloTidalArtists() ? artistsPath() : albumsPath();
+    if (kind == KeloTidalPlaylists()) {
+        path = addPrefix(KeloTidalRequest()) + QStringLiteral("/") + kind.toLower();
+        path.addParam(QStringLiteral("playlistId"), id);
+    } else if (kind == KeloTidalTracks()) {
+        return CMPath();
+    }
+    path.addParam(
+        kind == KeloTidalArtists() ? QStringLiteral("artistId") : QStringLiteral("contentId"), id);
+    return path;
 }
 
 void TidalWorker::notifyRemoved(const QString& playlistId, const QString& places)
@@ -200,7 +230,13 @@ void TidalWorker::on_tidalHandler_finishedFavorites(CMSetDataRequest request,
         menu = m_tree->playlistContext;
     else if (variation == KeloTidalContextVariation::Browse)
         menu = m_tree->browserContext;
-    request.reply().setValue(tidalActionReply({menu->path()}).toVariant());
+    const CMSetDataRequest wish(m_handler->responder()->answeredSecondary());
+    const QString action =
+        !wish.isNull() && wish.value().toBool() ? CMEdit::Favorite() : CMEdit::Unfavorite();
+    finishEdit(request, error.isEmpty() ? action : QString(),
+               itemPath(request.path().param(QStringLiteral("type")),
+                        request.path().param(QStringLiteral("id"))),
+               tidalActionReply({menu->path()}));
 
     // The variation names the list, whatever the item is; deliberate.
     if (variation > KeloTidalContextVariation::Playlist)

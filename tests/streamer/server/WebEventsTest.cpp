@@ -124,6 +124,27 @@ data: {"loggedIn":true}
               std::string::npos);
 }
 
+TEST(WebEventsTest, EveryStreamTellsOfEditsInTheirOrderAndLanguage)
+{
+    WebWorld world;
+    Follower follower(world.server.port(), "?path=/web/list");
+    Follower german(world.server.port(), "?language=de");
+    follower.waitForId();
+    german.waitForId();
+    const QVariantHash reply = {
+        {"title", QVariant::fromValue(TrString(TrCharData{"TIDAL", "Unexpected error", nullptr}))}};
+    CMRoot().notifyEdit({CMPath("/web/add", {{"id", "1"}}), CMEdit::Add(), CMPath(), true});
+    CMRoot().notifyEdit({CMPath("/web/go"), CMEdit::Delete(), CMPath("/web/list"), reply});
+    const std::string added =
+        "event: acted\ndata: {\"path\":\"/web/add?id=1\",\"action\":\"add\",\"reply\":true}\n\n";
+    const std::string deleted = R"(event: acted
+data: {"path":"/web/go","action":"delete","item":"/web/list","reply":{"title":)";
+    EXPECT_NE(follower.waitFor("delete").find(added + deleted + R"("Unexpected error"}})"),
+              std::string::npos);
+    EXPECT_NE(german.waitFor("delete").find(added + deleted + R"("Unerwarteter Fehler"}})"),
+              std::string::npos);
+}
+
 TEST(WebEventsTest, ALateAnswerThatNoServiceOwesIsTheStreamersOwn)
 {
     WebWorld world;

@@ -1,4 +1,5 @@
 #pragma once
+#include "CMEdit.h"
 #include "CMRequest.h"
 #include "CMSubscribe.h"
 #include "KeloRoles.h"
@@ -63,6 +64,10 @@ public:
     quint64 watchValue(const CMPath& path, ValueListener listener) const;
     using DataListener = std::function<void(const CMPath& path)>;
     quint64 watchData(const CMPath& path, DataListener listener) const;
+    using EditListener = std::function<void(const CMEdit& edit)>;
+    /// Watches the edits of all workers, whoever made them. The listener is called on the worker's
+    /// thread, without locks held.
+    quint64 watchEdits(EditListener listener) const;
     /// Ends a watch; after the return the listener does not run any more, unless this is called
     /// from within it.
     void unwatch(quint64 id) const;
@@ -71,6 +76,9 @@ public:
     void notifyValue(const CMPath& path, const KeloValue& newValue,
                      const KeloValue& oldValue) const;
     void notifyData(const CMPath& path) const;
+
+    /// For workers: tells of an edit that has happened. One that failed is not told of.
+    void notifyEdit(const CMEdit& edit) const;
 
     /// The workers that are there now; for health checks.
     QList<CMAbstractWorker*> workers() const;

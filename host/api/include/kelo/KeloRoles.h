@@ -37,6 +37,8 @@ public:
     KELO_NAME(BusyText, "BusyText")
     /// Whether a value can be written.
     KELO_NAME(ReadOnly, "ReadOnly")
+    /// Sent to an action that makes a favourite: whether it is to be one.
+    KELO_NAME(Favorite, "Favorite")
     // Of tracks and albums, for requests that name them.
     KELO_NAME(TrackNumber, "TrackNumber")
     /// In milliseconds.

@@ -8,6 +8,7 @@
 #include "RandomToken.h"
 #include "RequestsApi.h"
 
+#include <kelo/CMRoot.h>
 #include <kelo/HttpCallLog.h>
 
 namespace {
@@ -25,22 +26,39 @@ std::string noticeText(const CMRowsNotice& notice)
     return json.text();
 }
 
+std::string editText(const CMEdit& edit, const TextCatalogue* texts)
+{
+    JsonText json(texts);
+    json.beginObject();
+    json.field("path", edit.path.toEncoded());
+    json.field("action", edit.action);
+    if (!edit.item.isEmpty())
+        json.field("item", edit.item.toEncoded());
+    json.field("reply", edit.reply);
+    json.endObject();
+    return json.text();
+}
+
 } // namespace
 
 EventHub::EventHub(PlayerControl& player, LoginControl& login) : m_player(player), m_login(login)
 {
     m_playerListener = player.addListener([this](const PlayerStatus& status) {
-        broadcast("player", [&](auto* texts) { return PlayerApi::text(status, texts); });
+        broadcast("player", true, [&](auto* texts) { return PlayerApi::text(status, texts); });
     });
     m_loginListener = login.addListener([this](const KeloOAuth2Info& status) {
-        broadcast("login", [&](auto* texts) { return LoginApi::text(status, texts); });
+        broadcast("login", true, [&](auto* texts) { return LoginApi::text(status, texts); });
     });
     m_requestObserver = HttpCallLog::instance().addObserver(
         [this](const HttpCallRecord& record) { tellRequest(record); });
+    m_editWatch = CMRoot().watchEdits([this](const CMEdit& edit) {
+        broadcast("acted", false, [&](auto* texts) { return editText(edit, texts); });
+    });
 }
 
 EventHub::~EventHub()
 {
+    CMRoot().unwatch(m_editWatch);
     HttpCallLog::instance().removeObserver(m_requestObserver);
     m_player.removeListener(m_playerListener);
     m_login.removeListener(m_loginListener);
@@ -126,7 +144,7 @@ int EventHub::clients() const
     return int(m_clients.size());
 }
 
-void EventHub::broadcast(const std::string& kind,
+void EventHub::broadcast(const std::string& kind, bool isState,
                          const std::function<std::string(const TextCatalogue*)>& text)
 {
     std::map<const TextCatalogue*, std::string> byLanguage;
@@ -136,7 +154,7 @@ void EventHub::broadcast(const std::string& kind,
         std::string& data = byLanguage[texts];
         if (data.empty())
             data = text(texts);
-        client.second->push(kind, data, true);
+        client.second->push(kind, data, isState);
     }
 }
 

@@ -12,8 +12,9 @@ class HttpCallRecord;
 class LoginControl;
 class PlayerControl;
 
-/// Hands news of the tree, the player, the login and the module's requests to the clients that
-/// follow them. Owned by the web server; any thread. It neither reads nor writes connections.
+/// Hands news of the tree, its edits, the player, the login and the module's requests to the
+/// clients that follow them. Owned by the web server; any thread. It neither reads nor writes
+/// connections.
 class EventHub
 {
 public:
@@ -40,8 +41,8 @@ public:
     int dropped() const { return m_dropped; }
 
 private:
-    /// `text` makes the event's data in a language.
-    void broadcast(const std::string& kind,
+    /// `text` makes the event's data in a language; of a state only the latest counts.
+    void broadcast(const std::string& kind, bool isState,
                    const std::function<std::string(const TextCatalogue*)>& text);
 
     void tellRequest(const HttpCallRecord& record);
@@ -53,6 +54,7 @@ private:
     quint64 m_playerListener;
     quint64 m_loginListener;
     quint64 m_requestObserver;
+    quint64 m_editWatch;
     mutable std::mutex m_mutex;
     /// By their names; guarded by the mutex, as the next.
     std::map<std::string, std::shared_ptr<EventClient>> m_clients;
