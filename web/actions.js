@@ -2,7 +2,6 @@
 
 import { getData, setValue } from "./api.js";
 import { ask } from "./dialog.js";
-import { live } from "./live.js";
 import { parsePath } from "./path.js";
 import { plainText } from "./rowtext.js";
 import { t } from "./text.js";
@@ -32,10 +31,8 @@ export async function activate(row, subject, begun = () => {}) {
   return understand(await setValue(row.Path), row.Title);
 }
 
-/** Passes on that a reply tells of a change; gives the text that it brought. */
+/** The text that a reply brought. */
 export function understand({ reply }, title) {
-  // What it changed is not told to every list that shows it, so that all of the service's are read again.
-  if (reply?.events?.length) live.dispatchEvent(new Event("acted"));
   const text = reply?.result?.Description;
   if (text) return plainText(text);
   if (title) toast(t("Done: %1", title));

@@ -1,6 +1,6 @@
 // The one event stream of the page. It keeps the paths that views have open, and heals by itself.
-// Events: "rows", "player", "login", "request", "waiting" with the data as `detail`; "state" with a boolean:
-// connected or not; "acted" when an action of this page has changed something.
+// Events: "rows", "acted", "player", "login", "request", "waiting" with the data as `detail`; "state" with a
+// boolean: connected or not.
 
 import { forgetSession, openPaths } from "./api.js";
 import { chosenLanguage } from "./text.js";
@@ -41,7 +41,7 @@ class Live extends EventTarget {
       this.#setConnected(true);
       this.#send();
     });
-    for (const kind of ["rows", "player", "login", "request", "waiting"])
+    for (const kind of ["rows", "acted", "player", "login", "request", "waiting"])
       source.addEventListener(kind, (event) => this.#tell(kind, JSON.parse(event.data)));
     source.addEventListener("error", () => {
       if (source !== this.#source) return;

@@ -1,6 +1,7 @@
 // The rows of recent places, kept for those who go back. The places stay followed: a notice ends their rows.
 
 import { getRows, pageSize } from "./api.js";
+import { isTouched } from "./edits.js";
 import { live } from "./live.js";
 import { RowSource } from "./rows.js";
 
@@ -23,7 +24,9 @@ export function forgetPlaces() {
 }
 
 live.addEventListener("rows", ({ detail }) => forget(detail.path));
-live.addEventListener("acted", forgetPlaces);
+live.addEventListener("acted", ({ detail }) => {
+  for (const path of [...places.keys()]) if (isTouched(path, detail)) forget(path);
+});
 live.addEventListener("state", forgetPlaces);
 
 function ask(path, page, signal) {

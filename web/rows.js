@@ -1,8 +1,8 @@
 // The rows of one path, read in pages of fifty as they are needed, and read again when they change.
 
 import { getRows, pageSize } from "./api.js";
+import { isTouched } from "./edits.js";
 import { live } from "./live.js";
-import { baseOf, home } from "./path.js";
 import { lookForWaiting } from "./waiting.js";
 
 const mostPages = 60;
@@ -29,7 +29,8 @@ export class RowSource extends EventTarget {
     this.addEventListener("changed", onChanged);
     const { signal } = this.#abort;
     live.addEventListener("rows", ({ detail }) => detail.path === path && this.readAgainSoon(), { signal });
-    live.addEventListener("acted", () => isBelow(path, home) && this.readAgainSoon(), { signal });
+    const follow = ({ detail }) => isTouched(path, detail) && this.readAgainSoon();
+    live.addEventListener("acted", follow, { signal });
     live.addEventListener("state", ({ detail }) => detail && this.#readAgain(), { signal });
     live.follow(this, [path]);
   }
@@ -149,11 +150,4 @@ export class RowSource extends EventTarget {
     clearTimeout(this.#timer);
     this.#timer = setTimeout(() => this.#readAgain(), settleTime);
   }
-}
-
-// Whether a path stands at another one or below it; parameters do not count.
-function isBelow(path, top) {
-  const base = baseOf(path);
-  const above = baseOf(top);
-  return base === above || base.startsWith(`${above}/`);
 }
