@@ -535,5 +535,33 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>Warten auf den Streamer, %1 s</translation>
     </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>Zu den Favoriten hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>Aus den Favoriten entfernt</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>Zu den Favoriten hinzufügen: %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>Aus den Favoriten entfernen: %1</translation>
+    </message>
+    <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>Favorit: die Zeile oder was spielt</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>Der Dienst hat das abgelehnt.</translation>
+    </message>
 </context>
 </TS>

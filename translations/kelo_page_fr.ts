@@ -535,5 +535,33 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>En attente du streamer, %1 s</translation>
     </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>Ajouté aux favoris</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>Retiré des favoris</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>Ajouter aux favoris : %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>Retirer des favoris : %1</translation>
+    </message>
+    <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>Favori : la ligne, ou ce qui est joué</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>Le service a refusé.</translation>
+    </message>
 </context>
 </TS>

@@ -535,5 +535,33 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>ストリーマーの応答を待っています（%1 秒）</translation>
     </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>お気に入りに追加しました</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>お気に入りから削除しました</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>お気に入りに追加: %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>お気に入りから削除: %1</translation>
+    </message>
+    <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>お気に入り: その行、または再生中の曲</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>サービスに拒否されました。</translation>
+    </message>
 </context>
 </TS>

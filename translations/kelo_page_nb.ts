@@ -535,5 +535,33 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>Venter på streameren, %1 s</translation>
     </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>Lagt til i favoritter</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>Fjernet fra favoritter</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Angre</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>Legg til i favoritter: %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>Fjern fra favoritter: %1</translation>
+    </message>
+    <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>Favoritt: raden, eller det som spilles</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>Tjenesten avviste dette.</translation>
+    </message>
 </context>
 </TS>

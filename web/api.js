@@ -93,8 +93,10 @@ const listRoles =
 
 export const getRows = (path, from, to, signal) =>
   send("GET", address("rows", { path, from, to, roles: listRoles }), { signal });
+export const getIds = (path, from, to) => send("GET", address("rows", { path, from, to, roles: "Id" }));
 export const getData = (path) => send("GET", address("data", { path }));
 export const setValue = (path, value = 1) => change("POST", "set", { path, value });
+export const setFavorite = (path, value) => change("POST", "set", { path, role: "Favorite", value });
 export const player = (command, body = {}) => change("POST", `player/${command}`, body);
 export const getLogin = () => send("GET", address("login"));
 export const startLogin = () => change("POST", "login", {});

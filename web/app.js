@@ -132,6 +132,7 @@ const keys = () => [
   ["↑ ↓", t("Move through the rows")],
   [t("Enter"), t("Open or play")],
   ["M", t("Menu of the row")],
+  ["L", t("Favorite: the row, or what plays")],
   [t("Space"), t("Play or pause")],
   ["N, P", t("Next, previous")],
   ["Q", t("Now playing and queue")],
@@ -148,6 +149,8 @@ function showHelp() {
   const element = el("div", { class: "reading" }, el("table", { class: "keys" }, el("tbody", {}, rows)));
   dialog.push({ title: t("Keys"), element });
 }
+
+const heartIn = (element) => element?.querySelector(".heart");
 
 function onKey(event) {
   if (event.defaultPrevented || event.ctrlKey || event.metaKey || event.altKey) return;
@@ -167,6 +170,7 @@ function onKey(event) {
     q: () => go("!playing", null, true),
     d: () => drawer.toggle(),
     m: () => target.closest(".item")?.querySelector(".more")?.click(),
+    l: () => (heartIn(target.closest(".item")) ?? heartIn(part("bar")))?.click(),
     "?": showHelp,
     Backspace: () => history.length > 1 && history.back(),
   };

@@ -1,6 +1,7 @@
 // The bar at the page's foot: what plays, and the controls that one needs all the time.
 
 import { cover, el, fill, icon, iconButton, setIconButton, twoLines } from "./dom.js";
+import { heartOfPlaying } from "./favorites.js";
 import { go } from "./nav.js";
 import { linkTo } from "./path.js";
 import { playback } from "./playback.js";
@@ -115,7 +116,8 @@ export function startBar(bar) {
   const queue = iconButton("queue", t("Now playing and queue"), showQueue, properties);
   const buttons = el("div", { class: "bar-buttons" }, previous, playButton(), next);
   const side = el("div", { class: "bar-side" }, volumeBar(), queue);
-  const row = el("div", { class: "bar-row" }, link, buttons, side);
+  const now = el("div", { class: "bar-now" }, link, heartOfPlaying());
+  const row = el("div", { class: "bar-row" }, now, buttons, side);
   fill(bar, waitingLine(() => [playback]), note, seekBar(), row);
   let shown = "";
   const show = () => {

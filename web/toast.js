@@ -2,11 +2,15 @@
 
 import { el, fill } from "./dom.js";
 
-function show(place, kind, text, time) {
+function show(place, kind, text, time, action) {
   const message = el("div", { class: `toast ${kind}` }, text);
+  const click = () => (message.remove(), action.run());
+  const button = action && el("button", { type: "button", class: "link", on: { click } }, action.title);
+  if (button) message.append(" · ", button);
   fill(document.getElementById(place), message);
   setTimeout(() => message.remove(), time);
 }
 
-export const toast = (text) => show("notes", "note", text, 4000);
+/** `action`: what can be done about it, {title, run}. */
+export const toast = (text, action = null) => show("notes", "note", text, action ? 8000 : 4000, action);
 export const toastError = (error) => show("errors", "error", error.message ?? String(error), 9000);

@@ -1,5 +1,6 @@
 import assert from "node:assert/strict";
 import { journey } from "./harness/journey.js";
+import { openWindow } from "./harness/window.js";
 
 journey("from the first visit to sound", {}, async (person) => {
   const { page, player, view } = person;
@@ -101,4 +102,39 @@ journey("a menu by a long press", { width: 390, height: 844, hasTouch: true, isM
   assert.equal((await person.streamer.call("player")).state, "stopped", "a long press plays nothing");
   await person.row(title).first().getByRole("button").first().tap();
   await person.player.getByRole("button", { name: "Pause" }).waitFor();
+});
+
+journey("a favourite is one in every window, until it is taken back", {}, async (person) => {
+  const { page, player } = person;
+  const tracks = "/tidal/myMusic/req/favorites/users/tracks";
+  const { rows, rowsCount } = await person.streamer.rows(tracks, 999);
+  const [track] = (await person.streamer.rows("/tidal/req/featured/new/tracks")).rows.filter(({ Id, Disabled }) => !Disabled && rows.every((row) => row.Id !== Id));
+  const other = await openWindow(person.streamer, {});
+  await other.visit(tracks);
+  const lists = (count) => other.until(async () => (await other.list("Tracks").getByRole("listitem").first().getAttribute("aria-setsize")) === String(count), `${count} favorites`);
+  await lists(rowsCount);
+  await person.visit("/tidal/req/featured/new/tracks");
+  await person.row(track.Title.split(" - ")[0]).first().getByRole("button").first().click();
+  const [own, others] = [player, other.player].map((bar) => bar.getByRole("button", { name: /favorites: / }));
+  const reads = (heart, words) => person.until(async () => (await heart.getAttribute("aria-label"))?.startsWith(words), () => words);
+  await others.waitFor();
+  await reads(others, "Add to");
+
+  await page.keyboard.press("l");
+  await reads(own, "Remove from");
+  await reads(others, "Remove from");
+  await lists(rowsCount + 1);
+  const note = page.getByRole("status").filter({ hasText: "Added to favorites" });
+  await note.getByRole("button", { name: "Undo" }).click();
+  await reads(own, "Add to");
+  await reads(others, "Add to");
+  await lists(rowsCount);
+
+  // A refusal is answered like a success.
+  await person.streamer.fault("status status=500 path=/users/770011/favorites count=1");
+  await own.click();
+  await page.getByText("The service has refused this.").waitFor();
+  await reads(own, "Add to");
+  other.assertNothingWentWrong();
+  await other.leave();
 });
