@@ -3,6 +3,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <QProcess>
 #include <unistd.h>
 
 namespace {
@@ -19,6 +20,14 @@ bool waitASecond()
     return true;
 }
 
+/// The desktop's own way, where there is a desktop.
+bool openAddress(const QString& address)
+{
+    const bool hasDesktop =
+        !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    return hasDesktop && QProcess::startDetached("xdg-open", {address});
+}
+
 /// A signal, since a name that does not resolve or a streamer that drips holds a call up anywhere.
 void endSoon()
 {
@@ -31,7 +40,7 @@ void endSoon()
 int main(int argc, char** argv)
 {
     cli::CommandLine commandLine({std::cout, std::cerr, cli::Terminal::ofStdout(), keloServe,
-                                  endOnInterrupt, waitASecond, endSoon,
-                                  cli::UserState::ofProcess()});
+                                  endOnInterrupt, waitASecond, endSoon, cli::UserState::ofProcess(),
+                                  openAddress});
     return commandLine.run(std::vector<std::string>(argv + 1, argv + argc));
 }

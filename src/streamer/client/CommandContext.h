@@ -34,6 +34,8 @@ struct CommandContext
     std::function<void()> endOnInterrupt = {};
     /// Waits before something is asked for again; false, or none: it is not to be.
     std::function<bool()> waitASecond = {};
+    /// Opens an address in the desktop's browser; false, or none: there is no desktop.
+    std::function<bool(const QString&)> openAddress = {};
 
     /// Prints what went wrong and gives the exit status for it; 0 and nothing printed when nothing
     /// did.

@@ -63,22 +63,22 @@ CommandLine::CommandLine(Surroundings surroundings)
                 "Plays and browses a music service: a streamer, and commands that talk to it.",
                 "kelo serve --demo                  a streamer with a simulated service\n"
                 "kelo tree                          what there is\n"
-                "kelo search 'blue train'           find something\n"
-                "kelo play PATH                     play a row, a list or a track id\n"
+                "kelo search 'silver station'       find something\n"
+                "kelo play 0                        play row 0 of what was listed last\n"
                 "kelo status --follow               see it play"),
       m_server(qEnvironmentVariable("KELO_SERVER", "http://127.0.0.1:8095"))
 {
     const QVector<QPair<QString, QVector<Command>>> groups{
         {"Browse",
          {rowsCommand(), dataCommand(), setCommand(), watchCommand(), searchCommand(),
-          treeCommand()}},
+          treeCommand(), bioCommand(), openCommand()}},
         {"Change the library", {menuCommand(), favoriteCommand(), playlistCommand()}},
         {"Play",
          {playCommand(), playerCommand("pause", "Pause."),
-          playerCommand("resume", "Go on after a pause."), playerCommand("stop", "Stop."),
-          playerCommand("next", "Play the next item."),
+          playerCommand("resume", "Go on after a pause."), toggleCommand(),
+          playerCommand("stop", "Stop."), playerCommand("next", "Play the next item."),
           playerCommand("previous", "Play the previous item."), seekCommand(), volumeCommand(),
-          statusCommand()}},
+          muteCommand(), statusCommand()}},
         {"Log in", {loginCommand(), logoutCommand()}},
         {"Run",
          {serveCommand(m_around.serve), configCommand(), doctorCommand(), completionCommand(),
@@ -223,7 +223,8 @@ int CommandLine::runCommand(const Command& command)
     }
     ApiClient api(m_server);
     return command.ask(CommandContext{api, m_terminal, m_around.state, m_isJson, m_fields,
-                                      m_around.endOnInterrupt, m_around.waitASecond});
+                                      m_around.endOnInterrupt, m_around.waitASecond,
+                                      m_around.openAddress});
 }
 
 } // namespace cli

@@ -31,6 +31,8 @@ public:
         /// in silence, when it takes longer.
         std::function<void()> endSoon = {};
         UserState state = {};
+        /// Opens an address in the desktop's browser; false, or none: there is no desktop.
+        std::function<bool(const QString&)> openAddress = {};
     };
 
     explicit CommandLine(Surroundings surroundings);

@@ -16,6 +16,8 @@ Command setCommand();
 Command watchCommand();
 Command searchCommand();
 Command treeCommand();
+Command bioCommand();
+Command openCommand();
 
 Command menuCommand();
 Command favoriteCommand();
@@ -25,7 +27,10 @@ Command playCommand();
 /// pause, resume, stop, next, previous.
 Command playerCommand(const QString& name, const QString& text);
 Command seekCommand();
+/// Pauses, or goes on.
+Command toggleCommand();
 Command volumeCommand();
+Command muteCommand();
 Command statusCommand();
 
 Command loginCommand();

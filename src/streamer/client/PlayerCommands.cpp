@@ -1,6 +1,6 @@
 #include "client/Commands.h"
 #include "client/Following.h"
-#include "client/RowNames.h"
+#include "client/PlayerCall.h"
 #include "client/StatusView.h"
 
 #include <optional>
@@ -10,33 +10,6 @@
 namespace cli {
 
 namespace {
-
-/// Tells the player something and prints what it does then. \p action is the last segment of the
-/// call's path, \p body what goes with it, JSON.
-int tell(const CommandContext& context, const QString& action, const QByteArray& body = "{}")
-{
-    const ApiReply reply = context.api.post("player/" + action, body);
-    return context.show(reply, [&] {
-        const StatusView view(context.terminal, reply.document);
-        if (action == "volume" && !view.volume().isEmpty())
-            context.terminal.line("volume  " + view.volume());
-        else if (!reply.document.contains("state"))
-            context.terminal.line("done");
-        else
-            context.terminal.line(view.oneLine(action != "play")); // which starts an item
-    });
-}
-
-/// The list and the row in it go along where they are known, so that the streamer need not look.
-int play(const CommandContext& context, const ListedRow& row)
-{
-    QJsonObject body{{"path", row.path}};
-    if (!row.list.isEmpty() && row.index >= 0) {
-        body.insert("list", row.list);
-        body.insert("index", row.index);
-    }
-    return tell(context, "play", json(body));
-}
 
 /// Reads "90", "1:30", "1:02:03", fractions of the last part allowed, with "+" or "-" in front when
 /// \p isRelative. Milliseconds; nothing when the text is no such time.
@@ -73,7 +46,7 @@ int seek(const CommandContext& context, const QString& place)
         position += now.document.value("positionMs").toVariant().toLongLong();
         position = qMax<qint64>(0, position);
     }
-    return tell(context, "seek", "{\"positionMs\":" + QByteArray::number(position) + '}');
+    return tellPlayer(context, "seek", "{\"positionMs\":" + QByteArray::number(position) + '}');
 }
 
 int showStatus(const CommandContext& context)
@@ -109,41 +82,33 @@ int followStatus(const CommandContext& context)
 
 } // namespace
 
-Command playCommand()
-{
-    const auto path = std::make_shared<QString>();
-    return Command("play", "Play a row, a list or a track.", "kelo play PATH\nkelo play 12345678")
-        .option("PATH", *path, "A row that can play, a list, or a track id")
-        .asks([path](const CommandContext& context) {
-            const auto row = namedRow(context, *path);
-            return row ? play(context, *row) : ExitRefused;
-        });
-}
-
 Command playerCommand(const QString& name, const QString& text)
 {
     return Command(name, text, "kelo " + name).asks([name](const CommandContext& context) {
-        return tell(context, name);
+        return tellPlayer(context, name);
     });
+}
+
+Command toggleCommand()
+{
+    return Command("toggle", "Pause, or go on.", "kelo toggle")
+        .asks([](const CommandContext& context) {
+            const ApiReply now = context.api.get("player");
+            if (!now.isDone())
+                return context.finish(now);
+            const QString state = textIn(now.document, "state");
+            const bool isPlaying = state == "playing" || state == "resolving";
+            return tellPlayer(context, isPlaying ? "pause" : "resume");
+        });
 }
 
 Command seekCommand()
 {
     const auto place = std::make_shared<QString>();
     return Command("seek", "Go to a place in the track.",
-                   "kelo seek 1:30\nkelo seek +15\nkelo seek -- -15")
+                   "kelo seek 1:30\nkelo seek +15\nkelo seek -15")
         .option("TIME", *place, "Seconds, m:ss or h:mm:ss; with + or - from where it is")
         .asks([place](const CommandContext& context) { return seek(context, *place); });
-}
-
-Command volumeCommand()
-{
-    const auto percent = std::make_shared<int>();
-    return Command("volume", "Set the volume.", "kelo volume 40")
-        .option("PERCENT", {*percent, 0, 100}, "0 to 100")
-        .asks([percent](const CommandContext& context) {
-            return tell(context, "volume", "{\"percent\":" + QByteArray::number(*percent) + '}');
-        });
 }
 
 Command statusCommand()

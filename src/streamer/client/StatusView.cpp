@@ -33,6 +33,11 @@ StatusView::StatusView(const Terminal& terminal, const QJsonObject& player) : m_
     m_position = number("positionMs");
     m_duration = number("durationMs");
     m_volume = player.value("volume").toInt(-1);
+    if (player.contains("shuffle"))
+        m_modes.insert("shuffle", player.value("shuffle").toBool() ? "on" : "off");
+    if (player.contains("repeat"))
+        m_modes.insert("repeat", shown(textIn(player, "repeat")));
+    m_list = shown(textIn(player, "listTitle"));
 }
 
 QString StatusView::styledState() const
@@ -75,8 +80,16 @@ QString StatusView::volume() const
     return m_volume < 0 ? QString() : QStringLiteral("%1 %").arg(m_volume);
 }
 
+QString StatusView::named(const QString& name) const
+{
+    const QString text = name == "volume" ? volume() : m_modes.value(name);
+    return text.isEmpty() ? QString() : joined(name, "  ", text);
+}
+
 QStringList StatusView::block() const
 {
+    if (!m_terminal.hasWidth())
+        return pairs();
     const int width = m_terminal.width();
     const int left = qMax(8, width - columns(m_state) - 2);
     QStringList lines{
@@ -92,11 +105,37 @@ QStringList StatusView::block() const
     };
     add(cut(joined(m_artist, " · ", m_album), qMax(8, width - 2)));
     add(joined(bar(), "  ", times()));
+    addNamed("from", m_list);
     addNamed("quality", quality());
     addNamed("volume", volume());
+    for (auto it = m_modes.begin(); it != m_modes.end(); ++it)
+        addNamed(it.key(), it.value() == "off" ? QString() : it.value());
     addNamed("note", m_note);
     if (!m_path.isEmpty()) // for pasting, so never cut
         add(m_terminal.styled("path     ", Terminal::Style::Dim) + shellWord(m_path));
+    return lines;
+}
+
+QStringList StatusView::pairs() const
+{
+    QStringList lines;
+    const auto add = [&lines](const QString& name, const QString& text) {
+        if (!text.isEmpty())
+            lines.append(name + '\t' + text);
+    };
+    add("state", m_state);
+    add("title", m_title);
+    add("artist", m_artist);
+    add("album", m_album);
+    add("position", m_path.isEmpty() ? QString() : clockTime(m_position));
+    add("duration", m_duration > 0 ? clockTime(m_duration) : QString());
+    add("from", m_list);
+    add("quality", m_delivered);
+    add("volume", m_volume < 0 ? QString() : QString::number(m_volume));
+    for (auto it = m_modes.begin(); it != m_modes.end(); ++it)
+        add(it.key(), it.value());
+    add("note", m_note);
+    add("path", m_path);
     return lines;
 }
 

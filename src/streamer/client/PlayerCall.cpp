@@ -1,0 +1,22 @@
+#include "client/PlayerCall.h"
+
+#include "client/StatusView.h"
+
+namespace cli {
+
+int tellPlayer(const CommandContext& context, const QString& action, const QByteArray& body)
+{
+    const ApiReply reply = context.api.post("player/" + action, body);
+    return context.show(reply, [&] {
+        const StatusView view(context.terminal, reply.document);
+        const QString told = view.named(action); // what a call like "volume" changes
+        if (!told.isEmpty())
+            context.terminal.line(told);
+        else if (!reply.document.contains("state"))
+            context.terminal.line("done");
+        else
+            context.terminal.line(view.oneLine(action != "play")); // which starts an item
+    });
+}
+
+} // namespace cli

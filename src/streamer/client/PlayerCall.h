@@ -1,0 +1,11 @@
+#pragma once
+
+#include "client/CommandContext.h"
+
+namespace cli {
+
+/// Tells the player something and prints what it does then. \p action is the last segment of the
+/// call's path, \p body what goes with it, JSON.
+int tellPlayer(const CommandContext& context, const QString& action, const QByteArray& body = "{}");
+
+} // namespace cli

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "client/Listing.h"
+#include "client/TreeWalk.h"
+
+#include <QMap>
+
+/// What the service can be searched for, found by walking the tree from its top node.
+namespace cli {
+
+/// albums, tracks, artists, playlists.
+QStringList searchKinds();
+
+/// Kind -> encoded path of its list of what \p text finds.
+QMap<QString, QString> searchLists(TreeWalk& walk, const QString& text);
+
+/// The row that \p text most likely means, of one kind or of all: first what is called so, artists
+/// before tracks, albums and playlists; then what begins with it, then what holds it.
+ListedRow bestHit(TreeWalk& walk, const QString& text, const QString& kind = QString());
+
+} // namespace cli
