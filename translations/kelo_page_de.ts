@@ -176,10 +176,6 @@
         <translation>Aktueller Ort</translation>
     </message>
     <message>
-        <source>List</source>
-        <translation>Liste</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>Schließen</translation>
     </message>
@@ -562,6 +558,28 @@
     <message>
         <source>The service has refused this.</source>
         <translation>Der Dienst hat das abgelehnt.</translation>
+        <source>1 track</source>
+        <translation>1 Titel</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1 Titel</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Playlist</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 Min.</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 Std. %2 Min.</translation>
     </message>
 </context>
 </TS>

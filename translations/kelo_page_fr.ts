@@ -176,10 +176,6 @@
         <translation>Emplacement actuel</translation>
     </message>
     <message>
-        <source>List</source>
-        <translation>Liste</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>Fermer</translation>
     </message>
@@ -562,6 +558,28 @@
     <message>
         <source>The service has refused this.</source>
         <translation>Le service a refusé.</translation>
+        <source>1 track</source>
+        <translation>1 titre</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1 titres</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Playlist</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 h %2 min</translation>
     </message>
 </context>
 </TS>

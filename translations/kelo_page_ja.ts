@@ -176,10 +176,6 @@
         <translation>現在の場所</translation>
     </message>
     <message>
-        <source>List</source>
-        <translation>リスト</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>閉じる</translation>
     </message>
@@ -562,6 +558,28 @@
     <message>
         <source>The service has refused this.</source>
         <translation>サービスに拒否されました。</translation>
+        <source>1 track</source>
+        <translation>1曲</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1曲</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>アルバム</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>プレイリスト</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1分</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1時間%2分</translation>
     </message>
 </context>
 </TS>

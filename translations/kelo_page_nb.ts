@@ -176,10 +176,6 @@
         <translation>Her er du</translation>
     </message>
     <message>
-        <source>List</source>
-        <translation>Liste</translation>
-    </message>
-    <message>
         <source>Close</source>
         <translation>Lukk</translation>
     </message>
@@ -562,6 +558,28 @@
     <message>
         <source>The service has refused this.</source>
         <translation>Tjenesten avviste dette.</translation>
+        <source>1 track</source>
+        <translation>1 spor</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1 spor</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Playlist</source>
+        <translation>Spilleliste</translation>
+    </message>
+    <message>
+        <source>%1 min</source>
+        <translation>%1 min</translation>
+    </message>
+    <message>
+        <source>%1 h %2 min</source>
+        <translation>%1 t %2 min</translation>
     </message>
 </context>
 </TS>

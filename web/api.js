@@ -89,7 +89,8 @@ export const pageSize = 50;
 
 const listRoles =
   "Path,Type,Title,Disabled,MediaData,Icon,Id,AudioType,Context,Description,ContainerType," +
-  "ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText";
+  "ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText," +
+  "TrackNumber,Duration,ReleaseYear,AlbumPath,ArtistPaths";
 
 export const getRows = (path, from, to, signal) =>
   send("GET", address("rows", { path, from, to, roles: listRoles }), { signal });

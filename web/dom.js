@@ -91,7 +91,7 @@ export function cover(address, title) {
   const box = el("span", { class: "cover", "aria-hidden": "true" }, standIn);
   box.style.setProperty("--hue", hueOf(title));
   if (address) {
-    const picture = el("img", { alt: "", decoding: "async", draggable: "false" });
+    const picture = el("img", { alt: "", decoding: "async", loading: "lazy", draggable: "false" });
     picture.addEventListener("load", () => picture.classList.add("loaded"));
     picture.addEventListener("error", () => picture.remove());
     picture.src = `api/v1/image?url=${encodeURIComponent(address)}`;

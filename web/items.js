@@ -1,11 +1,14 @@
 // One row of a list as an element: what it shows, and what a click, a key or a long press on it does.
 
 import { openContainer, openMenu, openValue, runAction } from "./menu.js";
-import { boxOf, cover, el, icon, iconButton, twoLines } from "./dom.js";
+import { boxOf, cover, el, icon, iconButton } from "./dom.js";
+import { kindOf } from "./kinds.js";
+import { artistLinks, trackLinks } from "./links.js";
 import { go, onPlainClick } from "./nav.js";
 import { linkTo, loginPath } from "./path.js";
 import { playback } from "./playback.js";
 import {
+  artistOf,
   isChoice,
   isDialog,
   isField,
@@ -15,7 +18,7 @@ import {
   subtitleOf,
   titleOf,
 } from "./rowtext.js";
-import { t } from "./text.js";
+import { clock, t } from "./text.js";
 import { toast } from "./toast.js";
 
 const longPress = 500;
@@ -40,45 +43,64 @@ export function open(row, anchor = null, place = {}) {
 
 const hasMenu = (row) => Boolean(row.Context?.Path) || (isPlayableItem(row) && row.Type !== "Audio");
 
+// What a click anywhere in the item does: a link, a button, or nothing.
 function mainOf(row, place) {
+  const title = el("span", { class: "title", text: titleOf(row) });
   const missing = row.Disabled ? t("not available") : "";
   const label = [titleOf(row), subtitleOf(row), missing].filter(Boolean).join(", ");
   const shared = { class: "main", "aria-label": label, "aria-disabled": row.Disabled ? "true" : null };
   if (row.Type === "Container" && !isDialog(row) && row.Path) {
-    const link = el("a", { href: linkTo(row.Path), draggable: "false", ...shared });
+    const link = el("a", { href: linkTo(row.Path), draggable: "false", ...shared }, title);
     onPlainClick(link, () => open(row));
     return link;
   }
   const isDone = ["Container", "Audio", "Action"].includes(row.Type) || isChoice(row) || isField(row);
-  if (!row.Path || !isDone) return el("span", { class: "main", tabindex: "-1" });
-  const click = (event) => open(row, boxOf(event), place);
-  return el("button", { type: "button", ...shared, on: { click } });
+  if (!row.Path || !isDone) return el("span", { class: "main", tabindex: "-1" }, title);
+  const click = ({ currentTarget }) => open(row, currentTarget.closest("li").getBoundingClientRect(), place);
+  return el("button", { type: "button", ...shared, on: { click } }, title);
 }
 
-/** The element of a row, which has this number in its list; `showsAlbum`: the line below its title does. */
-export function item(row, kind, list, index, showsAlbum = true) {
+function pictureOf(row, kind, index) {
+  if (kind === "tracks")
+    return el("span", { class: "number", "aria-hidden": "true" }, String(row.TrackNumber ?? index + 1), icon("play"));
+  const isItem = row.Type === "Audio" || Boolean(row.Id && row.Type === "Container");
+  if (kind === "grid" || row.Icon || isItem) return cover(row.Icon, titleOf(row));
+  const glyph = { Container: isDialog(row) ? "plus" : "list", Action: "text" }[row.Type];
+  return glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
+}
+
+// The line below the title, with links to what it names; on an album's page only what is not its own.
+function lineOf(row, kind, { artist = "" }) {
+  const isOwn = kind === "tracks" && `${artist}, `.startsWith(`${artistOf(row)}, `);
+  if (isOwn) return [];
+  if (row.Type === "Audio") return trackLinks(row, kind !== "tracks");
+  if (row.ArtistPaths?.length) return artistLinks(row.ArtistPaths);
+  const value = isChoice(row) || isField(row) || row.Type === "Text" ? valueText(row) : "";
+  return [subtitleOf(row) || value];
+}
+
+/**
+ * The element of a row, which has this number in its list, as one of "rows", "tracks" (of an album) or "grid";
+ * `page` holds what stands above all of them: {artist}.
+ */
+export function item(row, kind, list, index, page = {}) {
   if (row.Type === "Header") {
     const heading = { class: "main", tabindex: "-1", role: "heading", "aria-level": "2", text: row.Title };
     return el("li", { class: "item header" }, el("span", heading));
   }
   const isPlaying = row.Type === "Audio" && playback.state.path === row.Path;
-  const main = mainOf(row, { list, index });
-  const value = isChoice(row) || isField(row) || row.Type === "Text" ? valueText(row) : "";
-  const subtitle = subtitleOf(row, showsAlbum) || value;
-  const isItem = row.Type === "Audio" || Boolean(row.Id && row.Type === "Container");
-  const hasCover = kind === "grid" || row.Icon || isItem;
-  const glyph = { Container: isDialog(row) ? "plus" : "list", Action: "text" }[row.Type];
-  const sign = glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
-  const picture = hasCover ? cover(row.Icon, titleOf(row)) : sign;
-  if (picture) main.append(picture);
-  main.append(twoLines(titleOf(row), subtitle));
+  const picture = pictureOf(row, kind, index);
+  const line = el("span", { class: "subtitle" }, lineOf(row, kind, page));
+  const words = el("span", { class: "words" }, mainOf(row, { list, index }), " ", line);
   const moving = playback.isPlaying ? "moving" : "";
   if (isPlaying) picture.append(el("span", { class: `playing ${moving}` }, el("i"), el("i"), el("i")));
   const current = isPlaying ? "true" : null;
-  const data = { type: row.Type ?? "" };
-  const element = el("li", { class: `item ${kind}`, "aria-current": current, data }, main);
+  const data = { type: row.Type ?? "", kind: kindOf(row.Path ?? "") };
+  const element = el("li", { class: `item ${kind}`, "aria-current": current, data }, picture, words);
   if (row.Disabled) element.classList.add("disabled");
-  if (kind === "grid" && isPlayableItem(row) && !row.Disabled) {
+  if (row.Type === "Audio" && row.Duration && kind !== "grid")
+    element.append(el("span", { class: "length" }, clock(row.Duration)));
+  if (kind === "grid" && (isPlayableItem(row) || row.isPlayed) && !row.Disabled) {
     const properties = { class: "icon-button cover-play", tabindex: "-1" };
     const play = () => playback.play(row.Path);
     element.append(iconButton("play", t("Play %1", titleOf(row)), play, properties));

@@ -2,10 +2,11 @@
 
 import { el } from "./dom.js";
 
-const overscan = { rows: 6, grid: 1 };
+const overscan = { rows: 6, tracks: 8, grid: 1 };
+const heights = { rows: 64, tracks: 48 };
 
 /**
- * Shows items by number, as "rows" or as a "grid". `make(index, kind)` gives an item's element,
+ * Shows items by number, as "rows", "tracks" or as a "grid". `make(index, kind)` gives an item's element,
  * `content(index)` what it is made from: an item is made anew when that is another one. `onRange(from, to)`
  * tells what is in sight. One item at a time takes part in the tab order; arrow keys move along.
  */
@@ -82,7 +83,7 @@ export class VirtualList {
       this.#height = Math.floor(width / this.#columns) + 58;
     } else {
       this.#columns = 1;
-      this.#height = 64;
+      this.#height = heights[this.#kind];
     }
     const lines = Math.ceil(this.#count / this.#columns);
     this.element.style.height = `${lines * this.#height}px`;
@@ -165,7 +166,7 @@ export class VirtualList {
   #tabOrder() {
     const stop = this.#items.has(this.#current) ? this.#current : Math.min(...this.#items.keys());
     for (const [index, item] of this.#items)
-      for (const target of item.querySelectorAll(".main, .more")) target.tabIndex = index === stop ? 0 : -1;
+      for (const target of item.querySelectorAll(".main, .more, .subtitle a")) target.tabIndex = index === stop ? 0 : -1;
   }
 
   #focused(event) {

@@ -31,12 +31,17 @@ function move(path, state) {
   nav.dispatchEvent(new Event("moved"));
 }
 
-/** Goes to a path. With `isTop` it begins a new trail. */
-export function go(path, item = null, isTop = false) {
+/** Notes what is found to stand here, for whoever comes back. */
+export function nameHere(item) {
+  history.replaceState({ ...history.state, item }, "");
+}
+
+/** Goes to a path, to a `place` in it. With `isTop` it begins a new trail. */
+export function go(path, item = null, isTop = false, place = null) {
   const title = document.querySelector("main h1")?.textContent ?? "";
   const here = { path: currentPath(), title, item: history.state?.item };
   const trail = isTop || here.path.startsWith("!") ? [] : [...(history.state?.trail ?? []), here];
-  move(path, { item, trail: trail.slice(-12) });
+  move(path, { item, trail: trail.slice(-12), place });
 }
 
 /** Goes back along the trail to a place on it; `trail` is what stands before that. */

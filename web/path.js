@@ -30,11 +30,20 @@ function encode(text) {
   return encodeURIComponent(text).replace(/[!'()*]/g, escape);
 }
 
+function made(base, parameters) {
+  const pairs = [...parameters.keys()].sort().map((name) => `${encode(name)}=${encode(parameters.get(name))}`);
+  return pairs.length ? `${base}?${pairs.join("&")}` : base;
+}
+
 export function withParameter(text, key, value) {
   const { base, parameters } = parsePath(text);
-  parameters.set(key, value);
-  const keys = [...parameters.keys()].sort();
-  return `${base}?${keys.map((name) => `${encode(name)}=${encode(parameters.get(name))}`).join("&")}`;
+  return made(base, parameters.set(key, value));
+}
+
+export function withoutParameters(text, names) {
+  const { base, parameters } = parsePath(text);
+  for (const name of names) parameters.delete(name);
+  return made(base, parameters);
 }
 
 export const baseOf = (text) => text.split("?")[0];

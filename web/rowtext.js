@@ -1,5 +1,7 @@
 // What a row says of itself, in the words that are shown.
 
+import { kindOf } from "./kinds.js";
+
 /** The title; a track's without the artist that it ends with, which stands in the line below. */
 export function titleOf(row) {
   const title = row.Title ?? "";
@@ -16,7 +18,7 @@ export function withoutArtist(title, artists) {
 
 const metaData = (row) => row.MediaData?.metaData ?? {};
 
-const artistOf = (row) => row.Description || metaData(row).artist || "";
+export const artistOf = (row) => row.Description || metaData(row).artist || "";
 export const albumOf = (row) => metaData(row).album || "";
 
 /** The line below the title. */
@@ -36,6 +38,9 @@ export function placeOf(row) {
     menu: row.Context?.Path ?? "",
     playable: isPlayableItem(row),
     id: row.Id ?? "",
+    artists: row.ArtistPaths,
+    year: row.ReleaseYear,
+    length: row.Duration,
   };
 }
 
@@ -45,7 +50,7 @@ export const isPlayableItem = (row) =>
   (row.Type === "Container" &&
     Boolean(row.Id) &&
     row.ContainerPlayable === true &&
-    /[?&](contentId|playlistId)=/.test(row.Path));
+    ["album", "playlist"].includes(kindOf(row.Path)));
 
 /** Whether a row leads to a menu or a form, which open over the list. */
 export const isDialog = (row) => row.Type === "Container" && row.ContainerType === "List";

@@ -42,3 +42,10 @@ export function clock(milliseconds) {
   const minutes = Math.floor(seconds / 60) % 60;
   return hours ? `${hours}:${two(minutes)}:${two(seconds % 60)}` : `${minutes}:${two(seconds % 60)}`;
 }
+
+/** A length in hours and minutes, in words; empty when it is not known. */
+export function lengthText(milliseconds) {
+  const minutes = Math.round(milliseconds / 60000);
+  if (!milliseconds) return "";
+  return minutes < 60 ? t("%1 min", minutes || 1) : t("%1 h %2 min", Math.floor(minutes / 60), minutes % 60);
+}

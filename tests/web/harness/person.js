@@ -76,7 +76,7 @@ export class Person {
 
   /** What the bar says that it plays: title and artist. */
   async playing() {
-    const label = await this.player.getByRole("link").getAttribute("aria-label");
+    const label = await this.player.getByRole("link", { name: /^(Now playing: |Nothing plays)/ }).getAttribute("aria-label");
     return label.replace(/^Now playing: /, "");
   }
 
