@@ -581,5 +581,17 @@
         <source>%1 h %2 min</source>
         <translation>%1 Std. %2 Min.</translation>
     </message>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+    <message>
+        <source>Read more</source>
+        <translation>Weiterlesen</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Weiter</translation>
+    </message>
 </context>
 </TS>

@@ -581,5 +581,17 @@
         <source>%1 h %2 min</source>
         <translation>%1時間%2分</translation>
     </message>
+    <message>
+        <source>Radio</source>
+        <translation>ラジオ</translation>
+    </message>
+    <message>
+        <source>Read more</source>
+        <translation>続きを読む</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
 </context>
 </TS>

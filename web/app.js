@@ -1,10 +1,12 @@
 // The page: puts the parts together and shows the view that the address names.
 
+import { ArtistView } from "./artist.js";
 import { startBar } from "./bar.js";
 import { BrowseView } from "./browse.js";
 import { Dialog } from "./dialog.js";
 import { Drawer } from "./drawer.js";
 import { el, fill, icon } from "./dom.js";
+import { kindOf } from "./kinds.js";
 import { live } from "./live.js";
 import { LoginView } from "./login.js";
 import { currentPath, currentState, go, onPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
@@ -32,7 +34,8 @@ function makeView(path) {
   if (path === settingsPath) return new SettingsView();
   const text = searchedText(path);
   if (text !== null) return new SearchView(path, text);
-  return new BrowseView(path, state, part("view"));
+  const PlaceView = kindOf(path) === "artist" ? ArtistView : BrowseView;
+  return new PlaceView(path, state, part("view"));
 }
 
 function show() {

@@ -19,6 +19,10 @@ const views = {
     await person.button("More").waitFor();
     await ready(person);
   },
+  artist: async (person) => {
+    await person.visit("/tidal/req/artists?artistId=900391");
+    await person.list("Albums").getByRole("link").first().waitFor();
+  },
   menu: async (person) => {
     await person.view.getByRole("button", { name: "Menu of" }).first().click();
     await person.dialog.getByRole("menuitem", { name: "Add to playlist" }).waitFor();
