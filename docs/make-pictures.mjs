@@ -17,7 +17,7 @@ const album = async (person) => {
 
 /** How each screen is reached. They follow each other in one window. */
 const screens = {
-  home: (person) => person.visit("/tidal").then(() => person.row("My Music").waitFor()),
+  home: (person) => person.visit("/tidal").then(() => person.list("Favorite albums").getByRole("link").first().waitFor()),
   new: (person) => person.visit("/tidal/new").then(() => person.row("Most Played").first().waitFor()),
   albums: (person) => person.visit(newAlbums).then(() => person.row("Second Signal").waitFor()),
   album: async (person) => {
@@ -60,10 +60,10 @@ const screens = {
   },
   artist: async (person) => {
     await person.list("Artists").getByRole("link").nth(1).click();
-    await person.row("Radio").waitFor();
+    await person.list("Top tracks").getByRole("button").first().waitFor();
   },
   playing: async (person) => {
-    await person.player.getByRole("link").click();
+    await person.player.getByRole("link", { name: /^Now playing/ }).click();
     await person.list("Queue").getByRole("button").first().waitFor();
   },
   settings: (person) => person.visit("/settings").then(() => person.page.getByRole("button", { name: /^Sound quality/ }).waitFor()),
@@ -88,7 +88,7 @@ const screens = {
 };
 
 // Pictures in sight are there, and nothing turns.
-const settled = () => [...document.images].every((image) => image.complete) && !document.querySelector(".skeleton, .spinner") && document.getAnimations().every((one) => one.playState !== "running");
+const settled = () => [...document.images].every((image) => image.complete || image.getBoundingClientRect().top > innerHeight || image.getBoundingClientRect().left > innerWidth) && !document.querySelector(".skeleton:not(.grid), .spinner") && document.getAnimations().every((one) => one.playState !== "running");
 
 const windows = [
   ["wide-light", { width: 1280, height: 800, colorScheme: "light" }, Object.keys(screens)],

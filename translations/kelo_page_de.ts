@@ -593,5 +593,49 @@
         <source>Forward</source>
         <translation>Weiter</translation>
     </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>Lieblingsalben</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>Eigene Playlists</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>Lieblingsplaylists</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>Neu eingetroffen</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>Empfohlen</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>Empfohlene Playlists</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>Stimmungen</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>Zuletzt gehört</translation>
+    </message>
+    <message>
+        <source>Continue with %1</source>
+        <translation>Weiter mit %1</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiterhören</translation>
+    </message>
+    <message>
+        <source>Top tracks</source>
+        <translation>Top-Titel</translation>
+    </message>
 </context>
 </TS>

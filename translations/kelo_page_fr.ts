@@ -593,5 +593,49 @@
         <source>Forward</source>
         <translation>Suivant</translation>
     </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>Albums favoris</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>Vos playlists</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>Playlists favorites</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>Nouveautés</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>Recommandations</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>Playlists recommandées</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>Ambiances</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>Écoutés récemment</translation>
+    </message>
+    <message>
+        <source>Continue with %1</source>
+        <translation>Continuer avec %1</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Continuer</translation>
+    </message>
+    <message>
+        <source>Top tracks</source>
+        <translation>Titres populaires</translation>
+    </message>
 </context>
 </TS>

@@ -593,5 +593,49 @@
         <source>Forward</source>
         <translation>進む</translation>
     </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>お気に入りのアルバム</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>自分のプレイリスト</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>お気に入りのプレイリスト</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>新着</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>おすすめ</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>おすすめのプレイリスト</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>ムード</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>最近再生した項目</translation>
+    </message>
+    <message>
+        <source>Continue with %1</source>
+        <translation>%1の続きを再生</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>続きを聴く</translation>
+    </message>
+    <message>
+        <source>Top tracks</source>
+        <translation>人気トラック</translation>
+    </message>
 </context>
 </TS>

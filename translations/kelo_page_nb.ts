@@ -593,5 +593,49 @@
         <source>Forward</source>
         <translation>Fremover</translation>
     </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>Favorittalbum</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>Dine spillelister</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>Favorittspillelister</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>Nytt</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>Anbefalt</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>Anbefalte spillelister</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>Stemninger</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>Nylig spilt</translation>
+    </message>
+    <message>
+        <source>Continue with %1</source>
+        <translation>Fortsett med %1</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortsett</translation>
+    </message>
+    <message>
+        <source>Top tracks</source>
+        <translation>Populære spor</translation>
+    </message>
 </context>
 </TS>

@@ -6,12 +6,14 @@ import { BrowseView } from "./browse.js";
 import { Dialog } from "./dialog.js";
 import { Drawer } from "./drawer.js";
 import { el, fill, icon } from "./dom.js";
+import { HomeView } from "./home.js";
 import { kindOf } from "./kinds.js";
 import { live } from "./live.js";
 import { LoginView } from "./login.js";
 import { currentPath, currentState, go, onPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
 import { home, linkTo, loginPath, settingsPath } from "./path.js";
 import { playback } from "./playback.js";
+import { played } from "./played.js";
 import { PlayingView } from "./playing.js";
 import { forgetPlaces, PlaceRows, readAhead } from "./recent.js";
 import { forgetSearchPlace, searchedText, searchPath, SearchView } from "./search.js";
@@ -34,6 +36,7 @@ function makeView(path) {
   if (path === settingsPath) return new SettingsView();
   const text = searchedText(path);
   if (text !== null) return new SearchView(path, text);
+  if (path === home) return new HomeView(state, part("view"));
   const PlaceView = kindOf(path) === "artist" ? ArtistView : BrowseView;
   return new PlaceView(path, state, part("view"));
 }
@@ -197,6 +200,7 @@ function watchLogin() {
 async function start() {
   applyTheme();
   playback.start();
+  played.start();
   watchLogin();
   const path = currentPath();
   readAhead(home);

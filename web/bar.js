@@ -1,10 +1,12 @@
 // The bar at the page's foot: what plays, and the controls that one needs all the time.
 
-import { cover, el, fill, icon, iconButton, setIconButton, twoLines } from "./dom.js";
+import { cover, el, fill, icon, iconButton, setIconButton } from "./dom.js";
 import { heartOfPlaying } from "./favorites.js";
-import { go } from "./nav.js";
+import { albumLink, artistLinks, placeLink } from "./links.js";
+import { go, onPlainClick } from "./nav.js";
 import { linkTo } from "./path.js";
 import { playback } from "./playback.js";
+import { played } from "./played.js";
 import { clock, t } from "./text.js";
 import { waitingLine } from "./waiting.js";
 
@@ -103,12 +105,26 @@ export function qualityText({ quality } = {}) {
   return asked && asked !== delivered ? t("%1, asked for %2", delivered, asked) : delivered;
 }
 
+/** What plays, as links: its title leads to its row in the list that plays. */
+export function playingLinks() {
+  const { title = "", artist = "", album = "", list, index = -1 } = playback.state;
+  const { row } = played;
+  const place = { current: index, to: index, hadFocus: true, scroll: 0 };
+  const hasList = title && list && index >= 0;
+  return {
+    title: hasList ? placeLink(list, title, played.list?.item ?? null, {}, place) : title,
+    artist: artistLinks(row?.ArtistPaths, artist),
+    album: row?.AlbumPath ? albumLink(row) : album,
+  };
+}
+
 /** Fills the bar's element. */
 export function startBar(bar) {
-  const words = twoLines("", "");
+  const [title, line] = ["title", "subtitle"].map((name) => el("span", { class: name }));
   const showQueue = () => go("!playing", null, true);
-  const link = el("a", { class: "bar-item", href: linkTo("!playing") });
-  link.addEventListener("click", (event) => (event.preventDefault(), showQueue()));
+  const link = el("a", { href: linkTo("!playing") });
+  onPlainClick(link, showQueue);
+  const item = el("div", { class: "bar-item" }, link, el("span", { class: "words" }, title, line));
   const note = el("div", { class: "bar-note", role: "status" });
   const previous = iconButton("previous", t("Previous"), () => playback.send("previous"));
   const next = iconButton("next", t("Next"), () => playback.send("next"));
@@ -116,24 +132,26 @@ export function startBar(bar) {
   const queue = iconButton("queue", t("Now playing and queue"), showQueue, properties);
   const buttons = el("div", { class: "bar-buttons" }, previous, playButton(), next);
   const side = el("div", { class: "bar-side" }, volumeBar(), queue);
-  const now = el("div", { class: "bar-now" }, link, heartOfPlaying());
+  const now = el("div", { class: "bar-now" }, item, heartOfPlaying());
   const row = el("div", { class: "bar-row" }, now, buttons, side);
   fill(bar, waitingLine(() => [playback]), note, seekBar(), row);
   let shown = "";
   const show = () => {
-    const { path = "", title = "", artist = "", album = "" } = playback.state;
+    const { path = "", title: name = "", artist = "", album = "", list = "", index } = playback.state;
     const { icon: picture = "", note: text = "" } = playback.state;
     bar.classList.toggle("idle", !playback.isActive);
     previous.disabled = next.disabled = !playback.isActive;
     if (note.textContent !== text) note.textContent = text;
-    const key = [path, title, artist, album, picture].join("\n");
-    if (key === shown && link.childElementCount) return;
+    const key = JSON.stringify([path, name, artist, album, picture, list, index, played.row, played.list]);
+    if (key === shown) return;
     shown = key;
-    words.firstChild.textContent = title || t("Nothing plays");
-    words.lastChild.textContent = [artist, album].filter(Boolean).join(" · ");
-    fill(link, cover(picture, title || "♪"), words);
-    const said = [title, artist, album].filter(Boolean).join(", ");
-    link.setAttribute("aria-label", title ? t("Now playing: %1", said) : t("Nothing plays"));
+    const links = playingLinks();
+    fill(title, links.title || t("Nothing plays"));
+    fill(line, links.artist, artist && album ? " · " : "", links.album);
+    fill(link, cover(picture, name || "♪"));
+    const said = [name, artist, album].filter(Boolean).join(", ");
+    link.setAttribute("aria-label", name ? t("Now playing: %1", said) : t("Nothing plays"));
   };
+  played.addEventListener("changed", show);
   follow(show);
 }

@@ -1,10 +1,11 @@
 // What plays, large, and the queue: the rows that follow in the list which is played.
 
 import { iconButton, cover, el, fill } from "./dom.js";
-import { playButton, qualityText, seekBar, volumeBar } from "./bar.js";
+import { playButton, playingLinks, qualityText, seekBar, volumeBar } from "./bar.js";
 import { item, skeleton } from "./items.js";
 import { VirtualList } from "./list.js";
 import { playback } from "./playback.js";
+import { played } from "./played.js";
 import { PlaceRows } from "./recent.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
@@ -20,6 +21,7 @@ export class PlayingView extends View {
   #source = null;
   #list = null;
   #shown = "";
+  #shownLinks = "";
   #scroller;
 
   constructor(scroller) {
@@ -36,7 +38,8 @@ export class PlayingView extends View {
     const waiting = waitingLine(() => (this.#source ? [this.#source] : []));
     const queue = el("section", { class: "queue-part" }, el("h2", {}, t("Queue")), waiting, this.#queue);
     this.element = el("section", { class: "view playing-view" }, playing, queue);
-    playback.addEventListener("changed", () => this.#show(), { signal: this.ended });
+    for (const what of [playback, played])
+      what.addEventListener("changed", () => this.#show(), { signal: this.ended });
     this.#show();
   }
 
@@ -54,17 +57,23 @@ export class PlayingView extends View {
   }
 
   #show() {
-    const { title = "", artist = "", album = "", icon: picture = "" } = playback.state;
-    const { path = "", list = "", index = -1 } = playback.state;
-    this.heading.textContent = title || t("Nothing plays");
-    this.#artist.textContent = artist;
-    this.#album.textContent = album;
+    const { title = "", icon: picture = "", path = "", list = "", index = -1 } = playback.state;
     this.#quality.textContent = qualityText(playback.state);
+    const links = JSON.stringify([title, list, index, played.row, played.list]);
+    if (links !== this.#shownLinks) this.#showLinks();
+    this.#shownLinks = links;
     const key = [path, picture, list, index, playback.isPlaying].join("\n");
     if (key === this.#shown) return;
     this.#shown = key;
     fill(this.#cover, cover(picture, title || "♪"));
     this.#showQueue(list, index);
+  }
+
+  #showLinks() {
+    const { title, artist, album } = playingLinks();
+    fill(this.heading, title || t("Nothing plays"));
+    fill(this.#artist, artist);
+    fill(this.#album, album);
   }
 
   #showQueue(path, index) {

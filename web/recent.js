@@ -5,7 +5,7 @@ import { isTouched } from "./edits.js";
 import { live } from "./live.js";
 import { RowSource } from "./rows.js";
 
-const mostPlaces = 12;
+const mostPlaces = 24;
 const mostPages = 20;
 const freshFor = 60000;
 
@@ -44,6 +44,9 @@ function ask(path, page, signal) {
   });
   return answer;
 }
+
+/** The answer with a page of a place's rows, asked for unless it is kept. */
+export const pageAt = (path, page) => places.get(path)?.get(page)?.answer ?? ask(path, page);
 
 /** Asks for the first rows of a place before the view is there that wants them. */
 export const readAhead = (path) => void ask(path, 0);

@@ -11,7 +11,7 @@ const ready = (person) => person.view.getByRole("button", { name: "Menu of" }).f
 
 // How each view is reached; what is opened in one is closed with Escape.
 const views = {
-  top: (person) => person.visit("/tidal"),
+  top: (person) => person.visit("/tidal").then(() => person.list("Favorite albums").getByRole("link").first().waitFor()),
   "lists below headers": (person) => person.visit("/tidal/new").then(() => person.row("Most Played").first().waitFor()),
   covers: (person) => person.visit("/tidal/req/featured/new/albums").then(() => ready(person)),
   album: async (person) => {
@@ -59,7 +59,7 @@ const views = {
   playing: async (person) => {
     await person.list("Tracks").getByRole("button").first().click();
     await person.player.getByRole("button", { name: "Pause" }).waitFor();
-    await person.player.getByRole("link").click();
+    await person.player.getByRole("link", { name: /^Now playing/ }).click();
     await person.list("Queue").getByRole("button").first().waitFor();
   },
   settings: (person) => person.visit("/settings").then(() => person.page.getByRole("button", { name: /^Sound quality/ }).waitFor()),

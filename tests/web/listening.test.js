@@ -5,8 +5,8 @@ import { openWindow } from "./harness/window.js";
 journey("from the first visit to sound", {}, async (person) => {
   const { page, player, view } = person;
   await page.goto("/");
-  await person.heading("TIDAL");
-  await person.open("New");
+  await person.heading("Home");
+  await page.getByRole("navigation", { name: "Music" }).getByRole("link", { name: "New" }).click();
   await person.open("Just In");
   const album = view.getByRole("list", { name: "Just In" }).getByRole("link").first();
   const name = await album.getAttribute("aria-label");

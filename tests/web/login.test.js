@@ -12,7 +12,7 @@ journey("logging out, being refused, and logging in again", { allowed }, async (
   await person.visit("/tidal/new");
   await view.getByRole("alert").getByRole("link", { name: "Log in" }).waitFor();
   await page.getByRole("banner").getByRole("link", { name: "kelo" }).click();
-  await view.getByRole("button", { name: "Log in to Tidal" }).click();
+  await view.getByRole("link", { name: "Log in to Tidal" }).click();
 
   const answerWith = async (name) => {
     const code = view.locator(".code");
@@ -34,7 +34,7 @@ journey("logging out, being refused, and logging in again", { allowed }, async (
   await answerWith(/Confirm/);
   await person.heading("You are logged in");
   await page.keyboard.press("Enter");
-  await person.row("My Music").waitFor();
-  await person.open("New");
+  await person.list("Favorite albums").getByRole("link").first().waitFor();
+  await page.getByRole("navigation", { name: "Music" }).getByRole("link", { name: "New" }).click();
   await person.row("Most Played").first().waitFor();
 });

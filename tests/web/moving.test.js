@@ -106,10 +106,13 @@ journey("the keyboard alone", {}, async (person) => {
     }
   };
   await page.goto("/");
-  await person.row("My Music").waitFor();
+  await person.list("Favorite albums").getByRole("link").first().waitFor();
   await keyboard.press("Tab");
   await reaches("Skip to the rows");
   await press("Enter", "Tab");
+  await tabTo((await person.titles("Favorite albums"))[0]);
+  await page.reload();
+  await person.list("Favorite albums").getByRole("link").first().waitFor();
   await tabTo("New");
   await press("Enter");
   await person.heading("New");

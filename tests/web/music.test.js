@@ -1,0 +1,122 @@
+import assert from "node:assert/strict";
+import { journey } from "./harness/journey.js";
+import { openWindow } from "./harness/window.js";
+
+const newTracks = "/tidal/req/featured/new/tracks";
+const mine = "/tidal/myMusic/req/created/users/playlists";
+
+// A list that the service refuses is answered with 502, which the browser notes on its console.
+journey("home: shelves of music", { allowed: [/status (of )?502/] }, async (person) => {
+  const { page, view, player, streamer } = person;
+  let arrived = 0;
+  const depths = new Map();
+  page.on("request", (request) => request.url().includes("/rows?") && depths.set(new URL(request.url()).searchParams.get("path"), arrived + 1));
+  page.on("response", (response) => response.url().includes("/api/v1/") && ++arrived);
+  // The first request makes the simulated service known.
+  await streamer.rows("/tidal/req/featured/top/albums", 0);
+  await streamer.fault("status status=500 path=/featured/recommended/albums");
+  const shelf = (name) => person.list(name).getByRole("link");
+  await person.visit();
+  await shelf("Favorite albums").first().waitFor();
+  assert.ok(depths.has("/tidal/myMusic/req/favorites/users/albums"));
+  const last = "/tidal/playlists";
+  assert.ok(!depths.has(last), "what is out of sight is not asked for");
+
+  const refused = view.getByRole("list", { name: "Recommended", exact: true });
+  await refused.scrollIntoViewIfNeeded();
+  await refused.getByRole("alert").waitFor();
+  await person.list("Moods").scrollIntoViewIfNeeded();
+  await shelf("Moods").first().waitFor();
+  assert.ok(depths.has(last));
+  await shelf("Recommended playlists").first().waitFor();
+
+  const cover = shelf("Just in").first();
+  const album = (await cover.getAttribute("aria-label")).split(",")[0];
+  await cover.focus();
+  await page.keyboard.press("ArrowRight");
+  assert.notEqual((await person.focused()).split(",")[0], album, "arrows lead along a shelf");
+  await person.list("Just in").getByRole("button", { name: `Play ${album}` }).first().click({ force: true });
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+  const [title] = (await person.playing()).split(",");
+  await person.list("Recently played").getByRole("link", { name: album }).waitFor();
+  await player.getByRole("button", { name: "Next" }).click();
+  await person.until(async () => !(await person.playing()).startsWith(title), "the next track plays");
+  const [next] = (await person.playing()).split(",");
+  await player.getByRole("button", { name: "Pause" }).click();
+  await person.button(`Continue with ${next}`).click();
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+
+  await view.getByRole("link", { name: "All 64" }).click();
+  await person.heading("Favorite albums");
+  await page.goBack();
+  await shelf("Recently played").first().click();
+  await person.heading(album);
+});
+
+journey("from a track to its artist, its album, and on", {}, async (person) => {
+  const { page, view, player } = person;
+  const [track] = (await person.streamer.call(`rows?path=${newTracks}&from=0&to=0&roles=Title,Description,MediaData,ArtistPaths`)).rows;
+  const [artist] = track.ArtistPaths;
+  await person.visit(newTracks);
+  await person.row(track.MediaData.metaData.album).first().getByRole("link", { name: artist.Title }).click();
+  await person.heading(artist.Title);
+  await person.list("Top tracks").getByRole("button", { name: /^Menu of/ }).nth(4).waitFor();
+  assert.equal(await person.list("Top tracks").getByRole("listitem").count(), 5);
+  await view.locator(".hero-row img.loaded").waitFor();
+  await person.button("Read more").click();
+  assert.ok((await person.dialog.textContent()).length > 100, "the biography can be read");
+  await page.keyboard.press("Escape");
+  await person.button("Radio").waitFor();
+  await person.list("Similar artists").scrollIntoViewIfNeeded();
+  await person.list("Similar artists").getByRole("link").first().waitFor();
+  await person.list("Albums").scrollIntoViewIfNeeded();
+  const cover = person.list("Albums").getByRole("link", { name: artist.Title }).first();
+  const album = (await cover.getAttribute("aria-label")).split(",")[0];
+  await cover.click();
+  await person.heading(album);
+
+  const tracks = person.list(album).getByRole("listitem");
+  await tracks.nth(1).waitFor();
+  assert.match(await tracks.nth(1).textContent(), /^2.*\d:\d\d$/s, "a number and a time");
+  assert.equal(await person.list(album).locator(".cover").count(), 0, "one cover is enough");
+  assert.match(await view.locator(".hero-words").textContent(), /\d{4} · \d+ tracks · \d+ min/);
+  await tracks.nth(1).getByRole("button").first().click();
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+  const [second] = (await person.playing()).split(",");
+
+  // The bar leads to the artist and the album, and back to what plays in its list.
+  await player.getByRole("link", { name: artist.Title, exact: true }).click();
+  await person.heading(artist.Title);
+  await player.getByRole("link", { name: album, exact: true }).click();
+  await person.heading(album);
+  await view.getByRole("link", { name: artist.Title, exact: true }).first().waitFor();
+  await page.keyboard.press("q");
+  await view.getByRole("heading", { level: 1 }).getByRole("link", { name: second, exact: true }).click();
+  await person.heading(album);
+  await person.until(async () => (await person.focused()).startsWith(second), "the track that plays has the focus");
+});
+
+journey("a link given to somebody else", {}, async (person) => {
+  const { page, view, streamer } = person;
+  const playlist = (await streamer.rows(mine)).rows.find((row) => row.Title === "Morning commute");
+  await person.visit(playlist.Path);
+  await person.heading("Morning commute");
+  assert.equal(await page.title(), "Morning commute – kelo");
+  await view.locator(".hero-row img.loaded").waitFor();
+  await view.getByText(/^\d+ tracks · \d+ (min|h)/).waitFor();
+  await person.button("More").click();
+  await person.dialog.getByRole("menuitem", { name: "Update playlist" }).waitFor();
+
+  // Nothing above names it: an artist by the number alone.
+  const other = await openWindow(streamer, { colorScheme: "dark", width: 390, height: 844 });
+  await other.visit("/tidal/req/artists?artistId=900391");
+  await other.heading("Clara Marlowe");
+  await other.view.locator(".hero-row img.loaded").waitFor();
+  await other.until(async () => (await other.page.title()) === "Clara Marlowe – kelo", "the window is named");
+  await other.view.getByRole("list", { name: "Albums" }).getByRole("link").first().click();
+  const album = await other.view.getByRole("heading", { level: 1 }).textContent();
+  await other.page.reload();
+  await other.heading(album);
+  other.assertNothingWentWrong();
+  await other.leave();
+});
