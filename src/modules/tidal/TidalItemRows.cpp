@@ -97,20 +97,30 @@ QStringList trackContextKeys(bool isPlaylist)
 }
 } // namespace
 
-QString tidalImageUrl(const QString& base, const QString& size, QString id)
+TidalImageUrl::TidalImageUrl(const QString& base, const QString& size)
+    : m_text(base.toStdString()), m_tail('/' + size.toStdString() + ".jpg")
 {
-    if (id.isEmpty())
+    if (!base.endsWith(QLatin1Char('/')))
+        m_text += '/';
+    m_baseSize = m_text.size();
+}
+
+QString TidalImageUrl::text(std::string_view id)
+{
+    if (id.empty())
         return QString();
-    const QLatin1String slash(base.endsWith(QLatin1Char('/')) ? "" : "/");
-    return base % slash % id.replace(QLatin1Char('-'), QLatin1Char('/')) % QLatin1Char('/') % size %
-           QLatin1String(".jpg");
+    m_text.resize(m_baseSize);
+    m_text += id;
+    std::replace(m_text.begin() + std::ptrdiff_t(m_baseSize), m_text.end(), '-', '/');
+    m_text += m_tail;
+    return toText(m_text);
 }
 
 TidalItemRows::TidalItemRows(const Page& page, const QStringList& pathKeys,
                              const QStringList& contextKeys, const QString& imageSize)
     : m_row(page.roles), m_path(page.itemPath, pathKeys), m_menu(page.menu),
       m_menuPath(CMPath::fromEncoded(page.menu.value(KeloRoles::Path()).toString()), contextKeys),
-      m_imageBase(page.settings.imageUrl()), m_imageSize(imageSize), m_imageUrl(QVariant())
+      m_imageUrl(page.settings.imageUrl(), imageSize), m_image(QVariant())
 {
     m_row.share(Row::Disabled, false);
     m_row.share(Row::AudioType, KeloRolesAudioType::None());
@@ -121,8 +131,8 @@ TidalItemRows::TidalItemRows(const Page& page, const QStringList& pathKeys,
 
 QVariant TidalItemRows::imageUrl(const KeloJson& image)
 {
-    return m_imageUrl.value(image.toUtf8(), [this](std::string_view id) {
-        return id.empty() ? QVariant() : tidalImageUrl(m_imageBase, m_imageSize, toText(id));
+    return m_image.value(image.toUtf8(), [this](std::string_view id) {
+        return id.empty() ? QVariant() : m_imageUrl.text(id);
     });
 }
 

@@ -7,9 +7,20 @@
 
 class CMWorker;
 
-/// The address of an image of the service: `base`, the identifier with its groups as folders, and
-/// the size. Empty for an item without an image.
-QString tidalImageUrl(const QString& base, const QString& size, QString id);
+/// Addresses of images of the service, of one size: the base, the identifier with its groups as
+/// folders, and the size. A value type of one thread.
+class TidalImageUrl
+{
+public:
+    TidalImageUrl(const QString& base, const QString& size);
+    /// Empty for an item without an image.
+    QString text(std::string_view id);
+
+private:
+    std::string m_text; ///< begins with the base
+    std::size_t m_baseSize;
+    std::string m_tail;
+};
 
 /// A value that is likely to be the one before again, as the album of its tracks is: it is made
 /// once for a text, and kept until another text comes. A value type of one thread.
@@ -73,9 +84,8 @@ protected:
 private:
     QVariantHash m_menu;
     TidalEncodedPath m_menuPath;
-    QString m_imageBase;
-    QString m_imageSize;
-    TidalRepeated m_imageUrl;
+    TidalImageUrl m_imageUrl;
+    TidalRepeated m_image;
 };
 
 class TidalAlbumRows : public TidalItemRows

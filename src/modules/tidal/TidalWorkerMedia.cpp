@@ -74,7 +74,7 @@ void TidalWorker::completeMetaData(const KeloTidalApiTrackResponse& track)
     const QString cover = track.album().cover();
     if (!cover.isEmpty())
         m_play.itemRoles.setIcon(
-            tidalImageUrl(m_settings.imageUrl(), m_settings.imageSize(), cover));
+            TidalImageUrl(m_settings.imageUrl(), m_settings.imageSize()).text(cover.toStdString()));
 }
 
 bool TidalWorker::completeResource(const KeloTidalApiStreamUrlResponse& stream)

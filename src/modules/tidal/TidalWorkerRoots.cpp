@@ -101,7 +101,8 @@ void TidalWorker::addGenre(const KeloTidalApiContentRoots& root)
     const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
     CMListRowsNode* genre = CMListRowsNode::create(nodes(), path);
     genre->setTitle(root.name());
-    genre->setIcon(tidalImageUrl(settings.imageUrl(), settings.imageSizeGenre(), root.image()));
+    genre->setIcon(TidalImageUrl(settings.imageUrl(), settings.imageSizeGenre())
+                       .text(root.image().toStdString()));
     const CMPath lists = addPrefix(KeloTidalRequest() + KeloTidalApiPathGenres() +
                                    QLatin1Char('/') + root.path() + QLatin1Char('/'));
     for (const QString& kind : {KeloTidalPlaylists(), KeloTidalAlbums(), KeloTidalTracks()})
@@ -120,7 +121,8 @@ void TidalWorker::addMood(const KeloTidalApiContentRoots& root)
     const KeloTidalSettings settings = m_settingsItem->value().tidalSettings();
     TidalBrowseNode* mood = m_tree->createPlayable(path, root.name(), KeloTidalPlaylists());
     mood->setProperty("category", KeloTidalApiPathMoods());
-    mood->setIcon(tidalImageUrl(settings.imageUrl(), settings.imageSizeMood(), root.image()));
+    mood->setIcon(TidalImageUrl(settings.imageUrl(), settings.imageSizeMood())
+                      .text(root.image().toStdString()));
     addMoodsNode(mood);
     m_tree->playlists->rowsAppend(path);
 }
