@@ -1,5 +1,6 @@
 #include "TidalFurtherRoles.h"
 
+#include "TidalRow.h"
 #include "TidalWorker.h"
 #include <algorithm>
 #include <kelo/KeloRoles.h>
@@ -47,6 +48,12 @@ TidalFurtherRoles::TidalFurtherRoles(const TidalWorker& worker, const QStringLis
         return;
     m_albumPath.emplace(worker.albumsPath(), QStringList(QStringLiteral("contentId")));
     m_artistPath.emplace(worker.artistsPath(), QStringList(QStringLiteral("artistId")));
+}
+
+void TidalFurtherRoles::make(const KeloJson& item, TidalRow& row)
+{
+    for (const Place& place : m_places)
+        row.set(place.index, (this->*place.value)(item));
 }
 
 QVariant TidalFurtherRoles::trackNumber(const KeloJson& item)

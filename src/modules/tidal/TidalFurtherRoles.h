@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QVariant>
 
+class TidalRow;
 class TidalWorker;
 
 /// The roles of a track or album that only clients get which name them: number, duration, year, and
@@ -16,19 +17,14 @@ class TidalFurtherRoles
 public:
     TidalFurtherRoles(const TidalWorker& worker, const QStringList& roles);
 
-    /// The row of an item with them.
-    QVariantList added(QVariantList&& row, const KeloJson& item)
-    {
-        for (const Place& place : m_places)
-            row[place.index] = (this->*place.value)(item);
-        return std::move(row);
-    }
+    /// Sets them in the row of an item.
+    void make(const KeloJson& item, TidalRow& row);
 
 private:
     using Value = QVariant (TidalFurtherRoles::*)(const KeloJson& item);
     struct Place
     {
-        int index; ///< in the row
+        int index; ///< among the roles
         Value value;
     };
 

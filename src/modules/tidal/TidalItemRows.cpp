@@ -1,7 +1,8 @@
 #include "TidalItemRows.h"
+
+#include "TidalWorker.h"
 #include <algorithm>
 #include <charconv>
-#include <kelo/CMWorker.h>
 #include <kelo/KeloMediaData.h>
 #include <kelo/KeloMimeTypes.h>
 #include <kelo/KeloRoles.h>
@@ -118,10 +119,13 @@ QString TidalImageUrl::text(std::string_view id)
 
 TidalItemRows::TidalItemRows(const Page& page, const QStringList& pathKeys,
                              const QStringList& contextKeys, const QString& imageSize)
-    : m_row(page.roles), m_path(page.itemPath, pathKeys), m_menu(page.menu),
+    : m_row(page.roles), m_path(page.itemPath, pathKeys), m_further(*page.worker, page.roles),
+      m_menu(KeloRowBlock::hash(page.menu)),
       m_menuPath(CMPath::fromEncoded(page.menu.value(KeloRoles::Path()).toString()), contextKeys),
       m_imageUrl(page.settings.imageUrl(), imageSize), m_image(QVariant())
 {
+    if (!page.menu.isEmpty())
+        m_menu.field(KeloRoles::Path()).own = 0;
     m_row.share(Row::Disabled, false);
     m_row.share(Row::AudioType, KeloRolesAudioType::None());
     m_row.share(Row::ContainerType, KeloRolesContainerType::None());
@@ -136,21 +140,23 @@ QVariant TidalItemRows::imageUrl(const KeloJson& image)
     });
 }
 
-QVariant TidalItemRows::context(std::initializer_list<std::string_view> values)
+void TidalItemRows::makeContext(std::initializer_list<std::string_view> values)
 {
-    if (m_menu.isEmpty())
-        return QVariant();
-    QVariantHash roles = m_menu;
-    roles[KeloRoles::Path()] = m_menuPath.text(values);
-    return roles;
+    if (!m_menu.hash.empty())
+        m_row.makeHash(Row::Context, m_menu,
+                       [&] { return std::array{QVariant(m_menuPath.text(values))}; });
 }
 
 TidalAlbumRows::TidalAlbumRows(const Page& page)
     : TidalItemRows(page, {QStringLiteral("contentId")}, contextKeys(), page.settings.imageSize())
 {
+    KeloRowBlock::Value metaData =
+        KeloRowBlock::hash({{KeloMetaData::ServiceID(), KeloService_Tidal_Id()}});
+    metaData.field(KeloMetaData::Artist()).own = 0;
+    m_mediaData.field(KeloMediaData::MetaData()) = metaData;
 }
 
-QVariantList TidalAlbumRows::row(const KeloJson& album, qint64 number)
+void TidalAlbumRows::make(const KeloJson& album, qint64 number)
 {
     static const std::string type = KeloTidalAlbums().toStdString();
     const Decimal id(album.value("id"));
@@ -170,13 +176,8 @@ QVariantList TidalAlbumRows::row(const KeloJson& album, qint64 number)
     m_row.make(Row::Disabled, [&] { return isForbidden(album); });
     m_row.make(Row::Description, [&] { return description; });
     m_row.make(Row::Icon, [&] { return imageUrl(album.value("cover")); });
-    m_row.make(Row::MediaData, [&] {
-        const QVariantHash metaData = {{KeloMetaData::ServiceID(), KeloService_Tidal_Id()},
-                                       {KeloMetaData::Artist(), description}};
-        return QVariantHash{{KeloMediaData::MetaData(), metaData}};
-    });
-    m_row.make(Row::Context, [&] { return context({id.view(), type, Decimal(number).view()}); });
-    return m_row.take();
+    m_row.makeHash(Row::MediaData, m_mediaData, [&] { return std::array{QVariant(description)}; });
+    makeContext({id.view(), type, Decimal(number).view()});
 }
 
 TidalArtistRows::TidalArtistRows(const Page& page)
@@ -187,7 +188,7 @@ TidalArtistRows::TidalArtistRows(const Page& page)
     m_row.share(Row::MediaData, KeloMediaData().toVariant());
 }
 
-QVariantList TidalArtistRows::row(const KeloJson& artist, qint64 number)
+void TidalArtistRows::make(const KeloJson& artist, qint64 number)
 {
     static const std::string type = KeloTidalArtists().toStdString();
     const Decimal id(artist.value("id"));
@@ -195,8 +196,7 @@ QVariantList TidalArtistRows::row(const KeloJson& artist, qint64 number)
     m_row.make(Row::Title, [&] { return artist.value("name").toString(); });
     m_row.make(Row::Id, [&] { return id.toString(); });
     m_row.make(Row::Icon, [&] { return imageUrl(artist.value("picture")); });
-    m_row.make(Row::Context, [&] { return context({id.view(), type, Decimal(number).view()}); });
-    return m_row.take();
+    makeContext({id.view(), type, Decimal(number).view()});
 }
 
 TidalTrackRows::TidalTrackRows(const Page& page) : TidalTrackRows(page, playlistOf(page.path)) {}
@@ -211,29 +211,22 @@ TidalTrackRows::TidalTrackRows(const Page& page, const QString& playlist)
     m_row.share(Row::Type, KeloRolesType::Audio());
     m_row.share(Row::AudioType, KeloRolesAudioType::MusicTrack());
     m_row.share(Row::ContainerPlayable, false);
-    KeloMetaData metaData;
-    metaData.setServiceID(KeloService_Tidal_Id());
-    metaData.setContentPlayContextPath(page.path);
-    m_metaData = metaData.toHash();
+    KeloMetaData shared;
+    shared.setServiceID(KeloService_Tidal_Id());
+    shared.setContentPlayContextPath(page.path);
+    KeloRowBlock::Value metaData = KeloRowBlock::hash(shared.toHash());
+    metaData.field(KeloMetaData::Artist()).own = 0;
+    metaData.field(KeloMetaData::Album()).own = 1;
+    metaData.field(KeloMetaData::PrePlayPath()).own = 2;
     KeloResource resource;
     resource.setMimeType(MimeTypes::Audio::unknown());
     KeloMediaData mediaData;
     mediaData.setResources({resource});
-    m_mediaData = mediaData.toHash();
+    m_mediaData = KeloRowBlock::hash(mediaData.toHash());
+    m_mediaData.field(KeloMediaData::MetaData()) = metaData;
 }
 
-QVariant TidalTrackRows::mediaData(const KeloJson& album, const QVariant& artist,
-                                   std::string_view id)
-{
-    const QString prePlayPath = m_prePlayPath % QLatin1String(id.data(), int(id.size()));
-    m_metaData[KeloMetaData::PrePlayPath()] = prePlayPath;
-    m_metaData[KeloMetaData::Album()] = m_albumTitle.value(album.value("title").toUtf8(), toText);
-    m_metaData[KeloMetaData::Artist()] = artist;
-    m_mediaData[KeloMediaData::MetaData()] = m_metaData;
-    return m_mediaData;
-}
-
-QVariantList TidalTrackRows::row(const KeloJson& track, qint64 number)
+void TidalTrackRows::make(const KeloJson& track, qint64 number)
 {
     static const std::string type = KeloTidalTracks().toStdString();
     const Decimal id(track.value("id"));
@@ -256,17 +249,20 @@ QVariantList TidalTrackRows::row(const KeloJson& track, qint64 number)
     m_row.make(Row::Disabled, [&] { return isForbidden(track); });
     m_row.make(Row::Description, [&] { return names; });
     m_row.make(Row::Icon, [&] { return imageUrl(album.value("cover")); });
-    m_row.make(Row::MediaData, [&] { return mediaData(album, names, id.view()); });
-    m_row.make(Row::Context, [&] {
+    m_row.makeHash(Row::MediaData, m_mediaData, [&] {
+        const QString path = m_prePlayPath % QLatin1String(id.view().data(), int(id.view().size()));
+        return std::array<QVariant, 3>{
+            names, m_albumTitle.value(album.value("title").toUtf8(), toText), path};
+    });
+    if (m_row.wants(Row::Context)) {
         joinPairs(m_scratch, artists);
         // Edits name an item of a playlist by its place there, which the service says beside it: in
         // another order the row is not the place.
         const KeloJson place = m_playlist.empty() ? KeloJson() : track.value("index");
         const Decimal shown(place.toInt64(number));
         // Where no playlist is listed there is no key for the last value.
-        return context({id.view(), type, shown.view(), m_scratch, m_playlist});
-    });
-    return m_row.take();
+        makeContext({id.view(), type, shown.view(), m_scratch, m_playlist});
+    }
 }
 
 TidalPlaylistRows::TidalPlaylistRows(const Page& page, bool isChooser)
@@ -281,7 +277,7 @@ TidalPlaylistRows::TidalPlaylistRows(const Page& page, bool isChooser)
     m_row.share(Row::MediaData, KeloMediaData().toVariant());
 }
 
-QVariantList TidalPlaylistRows::row(const KeloJson& playlist, qint64 number)
+void TidalPlaylistRows::make(const KeloJson& playlist, qint64 number)
 {
     static const std::string type = KeloTidalPlaylists().toStdString();
     const std::string_view uuid = playlist.value("uuid").toUtf8();
@@ -293,6 +289,5 @@ QVariantList TidalPlaylistRows::row(const KeloJson& playlist, qint64 number)
         joinNames(m_scratch, playlist.value("promotedArtists"));
         return toText(m_scratch);
     });
-    m_row.make(Row::Context, [&] { return context({uuid, type, Decimal(number).view()}); });
-    return m_row.take();
+    makeContext({uuid, type, Decimal(number).view()});
 }

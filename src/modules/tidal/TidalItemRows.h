@@ -1,11 +1,12 @@
 #pragma once
 #include "TidalEncodedPath.h"
+#include "TidalFurtherRoles.h"
 #include "TidalRow.h"
 #include <kelo/KeloJson.h>
 #include <kelo/KeloTidalTypes.h>
 #include <string>
 
-class CMWorker;
+class TidalWorker;
 
 /// Addresses of images of the service, of one size: the base, the identifier with its groups as
 /// folders, and the size. A value type of one thread.
@@ -59,12 +60,20 @@ public:
         CMPath itemPath;   ///< the items' paths are this one and parameters of theirs
         QVariantHash menu; ///< context roles of an item without parameters; empty where it has none
         KeloTidalSettings settings;
-        const CMWorker* worker; ///< for paths under the module's prefix
+        const TidalWorker* worker; ///< for paths under the module's prefix
     };
 
     virtual ~TidalItemRows() = default;
-    /// The row of an item, which has a number in the list.
-    virtual QVariantList row(const KeloJson& item, qint64 number) = 0;
+    /// Adds the row of an item, which has a number in the list.
+    void row(const KeloJson& item, qint64 number)
+    {
+        make(item, number);
+        m_further.make(item, m_row);
+        m_row.end();
+    }
+    void reserve(int rows) { m_row.reserve(rows); }
+    /// The rows; there is no further one.
+    KeloShared<KeloRowBlock> take() { return m_row.take(); }
 
 protected:
     /// `pathKeys` and `contextKeys`: the parameters that tell the items' paths and context paths
@@ -72,17 +81,20 @@ protected:
     TidalItemRows(const Page& page, const QStringList& pathKeys, const QStringList& contextKeys,
                   const QString& imageSize);
 
+    /// Sets the columns of the row.
+    virtual void make(const KeloJson& item, qint64 number) = 0;
     /// The address of an image; an invalid variant for an item without one.
     QVariant imageUrl(const KeloJson& image);
-    /// The context roles of the item whose parameters these are.
-    QVariant context(std::initializer_list<std::string_view> values);
+    /// Makes the context roles of the item whose parameters these are.
+    void makeContext(std::initializer_list<std::string_view> values);
 
     TidalRow m_row;
     TidalEncodedPath m_path;
     std::string m_scratch; ///< kept for its memory
 
 private:
-    QVariantHash m_menu;
+    TidalFurtherRoles m_further;
+    KeloRowBlock::Value m_menu;
     TidalEncodedPath m_menuPath;
     TidalImageUrl m_imageUrl;
     TidalRepeated m_image;
@@ -92,30 +104,34 @@ class TidalAlbumRows : public TidalItemRows
 {
 public:
     explicit TidalAlbumRows(const Page& page);
-    QVariantList row(const KeloJson& album, qint64 number) override;
+
+private:
+    void make(const KeloJson& album, qint64 number) override;
+
+    KeloRowBlock::Value m_mediaData;
 };
 
 class TidalArtistRows : public TidalItemRows
 {
 public:
     explicit TidalArtistRows(const Page& page);
-    QVariantList row(const KeloJson& artist, qint64 number) override;
+
+private:
+    void make(const KeloJson& artist, qint64 number) override;
 };
 
 class TidalTrackRows : public TidalItemRows
 {
 public:
     explicit TidalTrackRows(const Page& page);
-    QVariantList row(const KeloJson& track, qint64 number) override;
 
 private:
     TidalTrackRows(const Page& page, const QString& playlist);
-    QVariant mediaData(const KeloJson& album, const QVariant& artist, std::string_view id);
+    void make(const KeloJson& track, qint64 number) override;
 
-    std::string m_playlist;  ///< identifier of the playlist that is listed; empty for other lists
-    QString m_prePlayPath;   ///< encoded, without the track's id
-    QVariantHash m_metaData; ///< of the row made last
-    QVariantHash m_mediaData;
+    std::string m_playlist; ///< identifier of the playlist that is listed; empty for other lists
+    QString m_prePlayPath;  ///< encoded, without the track's id
+    KeloRowBlock::Value m_mediaData;
     TidalRepeated m_names;
     TidalRepeated m_albumTitle;
 };
@@ -126,5 +142,7 @@ public:
     /// Rows of a list of playlists to open, or of one to choose a playlist from: each of these is
     /// an action.
     TidalPlaylistRows(const Page& page, bool isChooser);
-    QVariantList row(const KeloJson& playlist, qint64 number) override;
+
+private:
+    void make(const KeloJson& playlist, qint64 number) override;
 };

@@ -241,7 +241,8 @@ QVariantList TidalNodeResponder::getVariantRole(QStringList const& roles, CMPath
     row.share(Row::Description, description);
     row.share(Row::ContainerType, containerType);
     row.share(Row::ContainerPlayable, type == KeloRolesType::Container());
-    return row.take();
+    row.end();
+    return row.take()->toList().constFirst().toList();
 }
 
 void TidalNodeResponder::on_response_invoke(KeloUrl const&, HttpClientPrivate const& priv,

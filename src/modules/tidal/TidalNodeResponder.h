@@ -189,16 +189,17 @@ private:
     /// exactRows() where the total may promise too much.
     void replyItems(const CMGetRowsRequest& request, const KeloTidalApiPage& list,
                     int requestedCount, TidalItemRows&& maker, bool isTotalTrue);
-    /// Rows that a list of the tree has of its own, behind the service's.
-    void addStoredRows(const CMGetRowsRequest& request, QVariantList& rows, int& count);
+    /// Rows that a list of the tree has of its own, behind the service's, of which `shown` are
+    /// answered with; the list's count grows by them.
+    QVariantList storedRows(const CMGetRowsRequest& request, int shown, int& count);
     /// Answers with the playlists of a context menu, to choose one from, behind two lead rows.
     void replyChooser(const CMGetRowsRequest& request, TidalItemRows::Page page,
                       const QString& etag, const KeloTidalApiPlaylistsResponse& list);
     QVariantList chooserLeadRow(const CMGetRowsRequest& request, const CMPath& path, int index);
-    void replyRows(const CMGetRowsRequest& request, const QVariantList& rows, int count);
+    void replyRows(const CMGetRowsRequest& request, KeloRowsRoles answer, int count);
     /// Rows of a radio's tracks from one on, for the rows of the request from its first on.
-    QVariantList radioRows(const CMGetRowsRequest& request, const Radio& radio, int first,
-                           int count);
+    KeloRowsRoles radioRows(const CMGetRowsRequest& request, const Radio& radio, int first,
+                            int count);
     /// Tells clients of rows that an edit has added to the list, when the marker says so.
     void notifyAdded(const HttpClientPrivate& priv, const QByteArray& body, const CMPath& path);
 

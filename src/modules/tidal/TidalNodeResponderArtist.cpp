@@ -72,7 +72,9 @@ void TidalNodeResponder::createArtistContent(CMGetRowsRequest const& request,
                                     isBio ? KeloRolesType::Action() : KeloRolesType::Container(),
                                     entry.title, QString(), context, isBio ? url : QString())));
     }
-    replyRows(request, rows, count);
+    KeloRowsRoles answer;
+    answer.setRows(rows);
+    replyRows(request, answer, count);
 }
 
 bool TidalNodeResponder::isArtistFailure(const HttpClientPrivate& priv, int status,

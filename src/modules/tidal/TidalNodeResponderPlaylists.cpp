@@ -59,11 +59,14 @@ void TidalNodeResponder::replyChooser(const CMGetRowsRequest& request, TidalItem
             logMissingPlaylist();
             break;
         } else {
-            rows.append(QVariant(maker.row(playlists[position].json(), index)));
+            maker.row(playlists[position].json(), index);
         }
     }
+    rows += maker.take()->toList();
     const qint64 count = total > 0 ? qint64(total) + leadRows : leadRows + 1;
-    replyRows(request, rows, int(qMin<qint64>(count, std::numeric_limits<int>::max())));
+    KeloRowsRoles answer;
+    answer.setRows(rows);
+    replyRows(request, answer, int(qMin<qint64>(count, std::numeric_limits<int>::max())));
 }
 
 QVariantList TidalNodeResponder::chooserLeadRow(const CMGetRowsRequest& request, const CMPath& path,

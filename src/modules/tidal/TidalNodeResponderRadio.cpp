@@ -1,5 +1,4 @@
 // The radio of an artist: it is kept, so that later rows of it need no request.
-#include "TidalFurtherRoles.h"
 #include "TidalHandler.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
@@ -10,20 +9,18 @@ void TidalNodeResponder::forgetRadio()
     m_radio = Radio();
 }
 
-QVariantList TidalNodeResponder::radioRows(const CMGetRowsRequest& request, const Radio& radio,
-                                           int first, int count)
+KeloRowsRoles TidalNodeResponder::radioRows(const CMGetRowsRequest& request, const Radio& radio,
+                                            int first, int count)
 {
     TidalItemRows::Page shown = page(request.roles(), radio.path, contextType(radio.path));
     shown.itemPath = m_worker->addPrefix(QStringLiteral("/nowPlay"));
     TidalTrackRows maker(shown);
-    TidalFurtherRoles further(*m_worker, request.roles());
-    QVariantList rows;
+    qint64 number = request.from();
     const qint64 end = qMin<qint64>(radio.size(), qint64(first) + count);
-    for (qint64 index = first; index < end; ++index) {
-        const KeloJson& track = radio.tracks[std::size_t(index)].json();
-        const qint64 number = qint64(request.from()) + rows.size();
-        rows.append(QVariant(further.added(maker.row(track, number), track)));
-    }
+    for (qint64 index = first; index < end; ++index)
+        maker.row(radio.tracks[std::size_t(index)].json(), number++);
+    KeloRowsRoles rows;
+    rows.setBlock(maker.take());
     return rows;
 }
 
@@ -40,7 +37,7 @@ void TidalNodeResponder::replyRadioTracks(HttpClientPrivate const& priv, QByteAr
         return;
     }
     const Radio radio = {path.param(QStringLiteral("artistId")), path, list.items()};
-    const QVariantList rows = radioRows(request, radio, 0, requestedCount);
+    const KeloRowsRoles rows = radioRows(request, radio, 0, requestedCount);
     if (request.from() == 0 && !m_handler->isOfEarlierLogin(priv))
         m_radio = radio;
     KELO_LOG("Tidal", DEBUG) << "New radio list is created, new size: " << m_radio.size();

@@ -1,6 +1,5 @@
 #include "TidalActionReply.h"
 #include "TidalBrowseNode.h"
-#include "TidalFurtherRoles.h"
 #include "TidalNodeResponder.h"
 #include "TidalWorker.h"
 #include <kelo/CMGlobal.h>
@@ -89,9 +88,7 @@ void TidalNodeResponder::replyItems(const CMGetRowsRequest& request, const KeloT
         return;
     }
     const std::vector<KeloJson> items = list.entries();
-    TidalFurtherRoles further(*m_worker, request.roles());
-    QVariantList rows;
-    rows.reserve(qMin(int(items.size()), requestedCount));
+    maker.reserve(qBound(0, requestedCount, int(items.size())));
     int length = 0;
     qint64 number = request.from();
     for (const KeloJson& item : items) {
@@ -99,7 +96,7 @@ void TidalNodeResponder::replyItems(const CMGetRowsRequest& request, const KeloT
             KELO_LOG("Tidal", WARN)
                 << "Skipping item " << number - request.from() << ", it is not an object";
         else if (length++ < requestedCount)
-            rows.append(QVariant(further.added(maker.row(item, number), item)));
+            maker.row(item, number);
         ++number;
     }
     if (requestedCount < length) {
@@ -107,9 +104,15 @@ void TidalNodeResponder::replyItems(const CMGetRowsRequest& request, const KeloT
         KELO_LOG("Tidal", TRACE) << "Truncating: requestedCount: " << requestedCount
                                  << "' rows.length: " << length;
     }
-    int count = isTotalTrue ? total : exactRows(request, requestedCount, rows.size(), total);
-    addStoredRows(request, rows, count);
-    replyRows(request, rows, count);
+    const KeloShared<KeloRowBlock> rows = maker.take();
+    int count = isTotalTrue ? total : exactRows(request, requestedCount, rows->size(), total);
+    const QVariantList stored = storedRows(request, rows->size(), count);
+    KeloRowsRoles answer;
+    if (stored.isEmpty())
+        answer.setBlock(rows);
+    else
+        answer.setRows(rows->toList() + stored);
+    replyRows(request, answer, count);
 }
 
 void TidalNodeResponder::replyTracks(HttpClientPrivate const& priv, QByteArray const& body,
@@ -151,16 +154,16 @@ void TidalNodeResponder::replyArtists(HttpClientPrivate const& priv, QByteArray 
                TidalArtistRows(page(request.roles(), path, variation)), false);
 }
 
-void TidalNodeResponder::addStoredRows(const CMGetRowsRequest& request, QVariantList& rows,
-                                       int& count)
+QVariantList TidalNodeResponder::storedRows(const CMGetRowsRequest& request, int shown, int& count)
 {
+    QVariantList rows;
     const CMPath& path = request.path();
     auto* list = qobject_cast<TidalBrowseNode*>(m_worker->nodes()->find(path));
     const bool isListItself = path.param(QStringLiteral("artistId")).isEmpty() &&
                               path.param(QStringLiteral("contentId")).isEmpty();
     // They stand behind the last row of the service, so they count once that row is known.
-    if (!list || !isListItself || qint64(request.from()) + rows.size() < count)
-        return;
+    if (!list || !isListItself || qint64(request.from()) + shown < count)
+        return rows;
     for (const CMRow& stored : list->rows()) {
         const int index = count++;
         if (index < request.from() || index > request.to())
@@ -172,14 +175,12 @@ void TidalNodeResponder::addStoredRows(const CMGetRowsRequest& request, QVariant
         }
         rows.append(QVariant(CMGlobal::itemRolesToList(roles, request.roles())));
     }
+    return rows;
 }
 
-void TidalNodeResponder::replyRows(const CMGetRowsRequest& request, const QVariantList& rows,
-                                   int count)
+void TidalNodeResponder::replyRows(const CMGetRowsRequest& request, KeloRowsRoles answer, int count)
 {
-    KeloRowsRoles answer;
     answer.setRowsCount(count);
-    answer.setRows(rows);
     answer.setRowsVersion(qMax(0, request.rowsVersion()));
     request.reply().setValue(answer);
 }

@@ -19,13 +19,20 @@ const QHash<QString, TidalRow::Column>& columnsByRole()
         {KeloRoles::ContainerPlayable(), TidalRow::ContainerPlayable}};
     return columns;
 }
+
+void moveOwn(KeloRowBlock::Value& value, int by)
+{
+    if (value.own >= 0)
+        value.own += by;
+    for (KeloRowBlock::Field& field : value.hash)
+        moveOwn(field.value, by);
+}
 } // namespace
 
-TidalRow::TidalRow(const QStringList& roles)
+TidalRow::TidalRow(const QStringList& roles) : m_block(new KeloRowBlock(roles.size()))
 {
     m_places.fill(-1);
     for (int place = 0; place < roles.size(); ++place) {
-        m_shared.append(QVariant());
         const auto column = columnsByRole().constFind(roles.at(place));
         if (column == columnsByRole().constEnd())
             continue;
@@ -39,13 +46,19 @@ TidalRow::TidalRow(const QStringList& roles)
 void TidalRow::share(Column column, const QVariant& value)
 {
     if (wants(column))
-        m_shared[m_places[column]] = value;
+        m_block->column(m_places[column]).shared = value;
 }
 
-QVariantList TidalRow::take()
+void TidalRow::setHash(Column column, const KeloRowBlock::Value& hash, int firstOwn)
 {
-    QVariantList row = std::exchange(begun(), QVariantList());
+    KeloRowBlock::Value& value = m_block->column(m_places[column]);
+    value = hash;
+    moveOwn(value, firstOwn);
+}
+
+KeloShared<KeloRowBlock> TidalRow::take()
+{
     for (const auto& [from, to] : m_repeats)
-        row[to] = row.at(from);
-    return row;
+        m_block->column(to) = m_block->column(from);
+    return std::move(m_block);
 }
