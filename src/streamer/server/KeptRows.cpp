@@ -13,6 +13,8 @@ constexpr std::size_t mostPages = 4;
 bool hasTracks(const KeloRowsRoles& answer)
 {
     static const int typeAt = itemRoles().indexOf(KeloRoles::Type());
+    if (answer.block())
+        return answer.block()->columns()[std::size_t(typeAt)].shared == KeloRolesType::Audio();
     const QVariantList rows = answer.rows().toList();
     return std::any_of(rows.begin(), rows.end(), [](const QVariant& row) {
         return row.toList().value(typeAt) == KeloRolesType::Audio();
@@ -118,7 +120,7 @@ std::optional<KeptRows::Slice> KeptRows::beside(const CMPath& list, int index, i
         if (!isValid(kept) || !(list == kept.watch->list()))
             continue;
         const int place = index - kept.from; // may be just outside
-        const int size = kept.answer.rows().toList().size();
+        const int size = kept.answer.size();
         const bool isAtEnd = kept.from + size >= kept.answer.rowsCount();
         const int last = isAtEnd ? size - 1 : size - 2;
         if (step > 0 ? place < -1 || place > last : place < 1 || place > size)

@@ -1,4 +1,5 @@
 #include "Table.h"
+#include "web/JsonRows.h"
 #include "WebWorld.h"
 
 #include <gtest/gtest.h>
@@ -65,6 +66,40 @@ TEST(WebTreeTest, WhatWasReadIsKeptForThePlayerUntilSomethingIsSet)
         world.set(QByteArray("{\"path\":\"") + path + "\"}");
         EXPECT_FALSE(isKept()) << path;
     }
+}
+
+TEST(WebTreeTest, ABlockOfRowsReadsLikeTheListOfItsRows)
+{
+    // Shared and own fields at each place of a hash, an own value that one row lacks, a column
+    // without a value, one more than there are roles.
+    KeloRowBlock block(5);
+    block.column(0).own = 0;
+    KeloRowBlock::Value inner = KeloRowBlock::hash({{"a", "x\"y"}, {"z", QVariant()}});
+    inner.field("m").own = 1;
+    KeloRowBlock::Value& outer = block.column(1) = KeloRowBlock::hash({{"b", 1}, {"c", 2}});
+    outer.field("a").own = 2;
+    outer.field("d") = inner;
+    block.column(2).shared = QVariantHash{{"k", true}};
+    block.column(4).shared = "hidden";
+    for (const QVariantList& own :
+         {QVariantList{"one", "p", 3}, QVariantList{QVariant(), "q", 4}}) {
+        for (const QVariant& value : own)
+            block.add(value);
+        block.endRow();
+    }
+    const QStringList roles{"Title", "MediaData", "Value", "Icon"};
+    JsonText compact;
+    compact.beginArray();
+    JsonRows(block, roles, nullptr).write(compact);
+    compact.endArray();
+    EXPECT_EQ(
+        compact.text(),
+        R"([{"Title":"one","MediaData":{"a":3,"b":1,"c":2,"d":{"a":"x\"y","m":"p","z":null}},)"
+        R"("Value":{"k":true}},{"MediaData":{"a":4,"b":1,"c":2,"d":{"a":"x\"y","m":"q",)"
+        R"("z":null}},"Value":{"k":true}}])");
+    JsonText list;
+    list.role(QString(), block.toList().at(0).toList().at(1));
+    EXPECT_NE(compact.text().find(list.text()), std::string::npos) << list.text();
 }
 
 TEST(WebTreeTest, ARowIsFoundInTheListThatItStandsIn)

@@ -26,6 +26,8 @@ public:
     void endArray() { m_writer.EndArray(); }
     void key(const QString& name) { m_writer.text(name); }
     void key(const std::string& encodedName) { m_writer.raw(encodedName); }
+    /// A value that another document has encoded.
+    void encodedValue(const std::string& value) { m_writer.raw(value); }
     /// Names as a document has them, made once for many rows.
     static std::vector<std::string> encoded(const QStringList& names);
     /// Any value: paths as their text, hashes and lists in depth; what has no JSON form is null.

@@ -1,7 +1,7 @@
 #include "TreeApi.h"
 
 #include "ItemRoles.h"
-#include "JsonText.h"
+#include "JsonRows.h"
 #include "RowSearch.h"
 #include "texts/TextCatalogue.h"
 
@@ -108,7 +108,9 @@ struct TreeApi::Range
     std::string text = {};     ///< of them
     KeloRowsRoles last = {};   ///< page, without its rows
     JsonText json{call.texts}; ///< writes them
-    std::vector<std::string> keys = JsonText::encoded(roles);
+
+private:
+    void writeList(const QVariantList& rows);
 };
 
 int TreeApi::Range::take(const KeloRowsRoles& page)
@@ -119,15 +121,23 @@ int TreeApi::Range::take(const KeloRowsRoles& page)
         const qint64 rows = qMin<qint64>(page.rowsCount(), to + 1LL) - from;
         text.reserve(size_t(qBound<qint64>(0, rows, mostRows)) * roomOfRow);
     }
-    const QVariantList rows = page.rows().toList();
-    const int typeAt = asked.indexOf(KeloRoles::Type());
-    for (const QVariant& row : rows)
-        writeRoles(json, roles, keys, row.toList(), typeAt);
+    if (page.block())
+        JsonRows(*page.block(), roles, call.texts).write(json);
+    else
+        writeList(page.rows().toList());
     json.moveTo(text);
-    count += rows.size();
+    count += page.size();
     last = page;
     last.setRows({});
-    return rows.size();
+    return page.size();
+}
+
+void TreeApi::Range::writeList(const QVariantList& rows)
+{
+    const int typeAt = asked.indexOf(KeloRoles::Type());
+    const std::vector<std::string> keys = JsonText::encoded(roles);
+    for (const QVariant& row : rows)
+        writeRoles(json, roles, keys, row.toList(), typeAt);
 }
 
 HttpReply TreeApi::Range::reply()

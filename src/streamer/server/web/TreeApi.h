@@ -5,6 +5,8 @@
 
 #include <kelo/CMRequest.h>
 
+class JsonText;
+
 /// The calls of the HTTP API that read and write the content tree. Owned by the web server; any
 /// thread, and none waits for the tree's answer.
 class TreeApi
