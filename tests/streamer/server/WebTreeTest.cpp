@@ -211,7 +211,9 @@ TEST(WebTreeTest, BodiesOfEveryFramingAreReadOrRefused)
               "200"},
              {head + "Content-Type: multipart/form-data; boundary=b\r\nContent-Length: 7\r\n\r\n"
                      "--b--\r\n",
-              "415"}}) {
+              "415"},
+             {head + "Transfer-Encoding: identity\r\n\r\n" + body, "400"},
+             {head + "Transfer-Encoding: chunked\r\n\r\n1;" + std::string(200000, 'a'), "400"}}) {
         EXPECT_EQ(world.statusOf(request), status) << request;
     }
 }
@@ -261,6 +263,7 @@ TEST(WebTreeTest, AClientMaySendWithoutWaitingForAnswers)
     for (const auto& [sent, answers] : std::vector<std::pair<std::string, int>>{
              {"GET" + get + "\r\nGET" + get + "\r\nGET" + end, 3},
              {"HEAD" + get + "\r\nHEAD" + end, 2},
+             {"HEAD /api/v1/events HTTP/1.1\r\nHost: localhost\r\n\r\nGET" + end, 2},
              {"GET" + get + "Content-Length: 2\r\n\r\n{}GET" + end, 2},
              {"GET" + get + "Transfer-Encoding: chunked\r\n\r\n2\r\n{}\r\n0\r\n\r\nGET" + end, 2},
              {"GET" + get + "Content-Length: 2\r\nTransfer-Encoding: chunked\r\n\r\n{}GET" + end,

@@ -24,7 +24,9 @@ public:
         size_t connections =
             4096; ///< beyond them, or the system's limit, the longest idle one is closed
         int idleSeconds = 60;    ///< between two requests
-        int transferSeconds = 5; ///< without a byte of a request or an answer
+        int transferSeconds = 5; ///< for a request's header, and without a byte of its body
+        int bodySeconds = 60;    ///< for all of it
+        int answerSeconds = 30;  ///< without a byte that is taken
     };
 
     using Fields = std::vector<std::pair<std::string, std::string>>;

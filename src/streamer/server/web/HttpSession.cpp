@@ -9,6 +9,7 @@
 #include <kelo/KeloLog.h>
 
 namespace http = boost::beast::http;
+using Clock = std::chrono::steady_clock;
 
 namespace {
 
@@ -76,7 +77,8 @@ std::string decodedPath(const std::string& target)
 
 HttpSession::HttpSession(boost::asio::ip::tcp::socket&& socket,
                          std::shared_ptr<HttpContext> context)
-    : m_context(std::move(context)), m_stream(std::move(socket)), m_tick(m_stream.get_executor())
+    : m_context(std::move(context)), m_stream(std::move(socket)),
+      m_buffer(2 * m_context->limits.header), m_tick(m_stream.get_executor())
 {
 }
 
@@ -124,6 +126,8 @@ void HttpSession::readHeader()
                 self->fail(error);
             else if (parser.get().target().size() > self->m_context->limits.target)
                 self->refuse(414);
+            else if (!self->isFramed())
+                self->refuse(400);
             else if (parser.is_done())
                 self->takeRequest();
             else
@@ -131,8 +135,14 @@ void HttpSession::readHeader()
         });
 }
 
+bool HttpSession::isFramed() const
+{
+    return m_parser->chunked() || m_parser->get().count(http::field::transfer_encoding) == 0;
+}
+
 void HttpSession::encourage()
 {
+    m_bodyEnd = Clock::now() + std::chrono::seconds(m_context->limits.bodySeconds);
     if (!boost::beast::iequals(m_parser->get()[http::field::expect], "100-continue"))
         return readBody();
     static const std::string goOn = "HTTP/1.1 100 Continue\r\n\r\n";
@@ -146,7 +156,8 @@ void HttpSession::encourage()
 
 void HttpSession::readBody()
 {
-    m_stream.expires_after(std::chrono::seconds(m_context->limits.transferSeconds));
+    const std::chrono::seconds patience(m_context->limits.transferSeconds);
+    m_stream.expires_at(std::min(m_bodyEnd, Clock::now() + patience));
     http::async_read_some(
         m_stream, m_buffer, *m_parser,
         [self = shared_from_this()](const Error& error, size_t) { self->onRead(error); });
@@ -175,6 +186,7 @@ void HttpSession::fail(const Error& error)
 
 void HttpSession::refuse(int status)
 {
+    m_request.method.clear(); // it may be that of the request before
     m_isLast = true;
     m_isUnread = true;
     m_isAnswered = false;
@@ -211,7 +223,8 @@ void HttpSession::answer(HttpReply reply)
     if (m_isEnded || m_isAnswered)
         return;
     m_isAnswered = true;
-    m_events = reply.stream;
+    const bool isHead = m_request.method == "HEAD";
+    m_events = isHead ? nullptr : reply.stream;
     m_head = "HTTP/1.1 " + std::to_string(reply.status) + ' ' + reasonPhrase(reply.status) + "\r\n";
     for (const auto& [name, value] : reply.headers)
         appendField(m_head, name, value);
@@ -232,7 +245,7 @@ void HttpSession::answer(HttpReply reply)
     }
     m_head += "\r\n";
     m_body.clear();
-    if (m_request.method != "HEAD" && reply.status != 304 && !m_events)
+    if (!isHead && reply.status != 304 && !m_events)
         m_body = std::move(reply.body);
     m_written = 0;
     write();
@@ -245,7 +258,7 @@ void HttpSession::write()
     const std::array<boost::asio::const_buffer, 2> rest{
         boost::asio::buffer(m_head.data() + m_head.size() - headLeft, headLeft),
         boost::asio::buffer(m_body.data() + bodyDone, m_body.size() - bodyDone)};
-    m_stream.expires_after(std::chrono::seconds(m_context->limits.transferSeconds));
+    m_stream.expires_after(std::chrono::seconds(m_context->limits.answerSeconds));
     m_stream.async_write_some(rest, [self = shared_from_this()](const Error& error, size_t size) {
         self->m_written += size;
         if (error)

@@ -40,6 +40,8 @@ private:
 
     void awaitRequest();
     void readHeader();
+    /// Whether the end of the body is known (RFC 9112 6.3).
+    bool isFramed() const;
     /// Says that the body is wanted, where the client asks first (RFC 9110 10.1.1), and reads it.
     void encourage();
     void readBody();
@@ -62,8 +64,9 @@ private:
 
     const std::shared_ptr<HttpContext> m_context;
     boost::beast::tcp_stream m_stream;
-    boost::beast::flat_buffer m_buffer;
+    boost::beast::flat_buffer m_buffer; ///< bounds what stands between the parts of a body
     std::optional<boost::beast::http::request_parser<boost::beast::http::string_body>> m_parser;
+    std::chrono::steady_clock::time_point m_bodyEnd; ///< when all of it is to be there
     HttpRequest m_request;
     bool m_isLast = false;   ///< the connection ends with this answer
     bool m_isUnread = false; ///< the client may still be sending the request
