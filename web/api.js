@@ -102,6 +102,5 @@ export const player = (command, body = {}) => change("POST", `player/${command}`
 export const getLogin = () => send("GET", address("login"));
 export const startLogin = () => change("POST", "login", {});
 export const logOut = () => change("DELETE", "login");
-export const openPaths = (stream, paths) => change("POST", "events/paths", { stream, paths });
 export const getRequests = (after) => send("GET", address("requests", { after }));
 export const getHealth = () => send("GET", "healthz");

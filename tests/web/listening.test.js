@@ -1,5 +1,6 @@
 import assert from "node:assert/strict";
 import { journey } from "./harness/journey.js";
+import { Person } from "./harness/person.js";
 import { openWindow } from "./harness/window.js";
 
 journey("from the first visit to sound", {}, async (person) => {
@@ -135,4 +136,46 @@ journey("a favourite is one in every window, until it is taken back", {}, async 
   await reads(own, "Add to");
   other.assertNothingWentWrong();
   await other.leave();
+});
+
+journey("eight tabs share one stream, and a tab that nobody sees rests", {}, async (person) => {
+  const context = person.page.context();
+  const path = "/tidal/myMusic";
+  const { rows } = await person.streamer.rows("/tidal/req/featured/new/tracks");
+  const track = rows.find((row) => !row.Disabled);
+  await person.streamer.call("player/play", { path: track.Path });
+  const favorite = { path: track.Context.Path.replace("?", "/favorites?"), role: "Favorite" };
+  await person.streamer.call("set", { ...favorite, value: false });
+  const tabs = [person];
+  while (tabs.length < 8) tabs.push(new Person(await context.newPage(), person.streamer, []));
+  const heartOf = ({ player }) => player.getByRole("button", { name: /favorites: / });
+  await Promise.all(tabs.map((tab) => tab.visit(path)));
+  for (const tab of tabs) await heartOf(tab).waitFor();
+  const streams = async () => (await (await fetch(`${person.streamer.address}/metrics`)).text()).match(/^kelo_event_clients (\d+)$/m)[1];
+  assert.equal(await streams(), "1");
+
+  // By the clock of the machine, which all share.
+  const note = (heart) => ({ change: new Promise((done) => new MutationObserver(() => done(Date.now())).observe(heart, { attributeFilter: ["class"] })) });
+  const follows = async (some, value, time) => {
+    const changes = await Promise.all(some.map((tab) => heartOf(tab).evaluateHandle(note)));
+    const begin = Date.now();
+    await person.streamer.call("set", { ...favorite, value });
+    const ends = await Promise.all(changes.map((change) => change.evaluate((one) => one.change)));
+    assert.ok(Math.max(...ends) - begin < time, `told within ${Math.max(...ends) - begin} ms`);
+  };
+  await follows(tabs, true, 1000);
+  // Who opened the stream leaves.
+  await tabs.shift().page.close();
+  await follows(tabs, false, 1000);
+
+  const hidden = new Person(await context.newPage(), person.streamer, []);
+  const show = (isHidden) => (Object.defineProperty(document, "hidden", { value: isHidden, configurable: true }), document.dispatchEvent(new Event("visibilitychange")));
+  await hidden.page.addInitScript(show, true);
+  await hidden.visit(path);
+  await hidden.row("Artists").waitFor();
+  assert.equal(await heartOf(hidden).count(), 0, "it has not been told what plays");
+  await hidden.page.evaluate(show, false);
+  await heartOf(hidden).waitFor();
+  assert.equal(await streams(), "1");
+  for (const tab of [...tabs, hidden]) tab.assertNothingWentWrong();
 });

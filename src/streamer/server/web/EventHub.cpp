@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr size_t mostClients = 32;
+constexpr size_t mostClients = 256;
 
 std::string noticeText(const CMRowsNotice& notice)
 {

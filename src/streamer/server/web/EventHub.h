@@ -18,7 +18,7 @@ class PlayerControl;
 class EventHub
 {
 public:
-    static constexpr int mostPaths = 64; ///< of one stream
+    static constexpr int mostPaths = 256; ///< of one stream, which many views may share
 
     EventHub(PlayerControl& player, LoginControl& login);
     ~EventHub();
