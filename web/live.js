@@ -16,6 +16,7 @@ class Live extends EventTarget {
   #port = null;
   #wantsRequests = false;
   #isSaying = false;
+  #hasMissed = false; // what was told while the page rested
 
   /** Takes part in the stream, or has a lost one opened at once; while nobody sees the page, it rests. */
   connect() {
@@ -28,8 +29,9 @@ class Live extends EventTarget {
   /** Takes no part until the next connect(); what was missed is read again then. */
   rest() {
     this.#port?.postMessage({});
-    this.isResting = true;
-    this.isConnected = false;
+    this.#port?.close();
+    this.#port = null;
+    this.isResting = this.#hasMissed = true;
     this.#tell("waiting", {});
   }
 
@@ -91,8 +93,9 @@ class Live extends EventTarget {
 
   #setConnected(isConnected) {
     if (!isConnected) forgetSession();
-    if (isConnected === this.isConnected) return;
+    if (isConnected === this.isConnected && !this.#hasMissed) return;
     this.isConnected = isConnected;
+    this.#hasMissed = false;
     this.#tell("state", isConnected);
   }
 

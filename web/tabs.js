@@ -1,6 +1,6 @@
 // The one event stream that all tabs of a browser share: a browser has few connections to one host. Runs as a
-// shared worker; where a browser has none, each page runs it for itself. It tells every tab that takes part what
-// the stream tells, and "state" with a boolean: connected or not.
+// shared worker; where a browser has none, each page runs it for itself. It tells every tab that takes part
+// what the stream tells, and "state" with a boolean: connected or not.
 
 const retryAfter = 2000;
 const mostPathText = 2000;
@@ -8,7 +8,7 @@ const mostPaths = 256;
 
 // By port what the tab wants: {paths, requests, language, base}; which has asked last stands last.
 const tabs = new Map();
-const present = new Map(); // by kind what was told last, for tabs that come later
+const present = new Map(); // by kind {detail, at}: what was told last and when, for tabs that come later
 let source = null;
 let stream = "";
 let query = ""; // of the stream, but for its paths
@@ -30,9 +30,15 @@ function take(port, wants) {
   tabs.delete(port);
   if (wants.paths) tabs.set(port, wants);
   if (!tabs.size) return close();
-  if (!source || queryOf() !== query) return connect();
-  if (isNew) for (const [kind, detail] of present) port.postMessage({ kind, detail });
-  return send();
+  if (isNew) for (const [kind, told] of present) port.postMessage({ kind, detail: untilNow(told) });
+  return !source || queryOf() !== query ? connect() : send();
+}
+
+// What was told, as it would be told now: time runs on.
+function untilNow({ detail, at }) {
+  const elapsed = performance.now() - at;
+  if (detail.state === "playing") return { ...detail, positionMs: (detail.positionMs ?? 0) + elapsed };
+  return detail.seconds ? { ...detail, seconds: detail.seconds + Math.round(elapsed / 1000) } : detail;
 }
 
 const newest = () => [...tabs.values()].at(-1);
@@ -50,8 +56,8 @@ function queryOf() {
 }
 
 function tell(kind, detail) {
-  if (kind === "state" && detail === present.get(kind)) return;
-  if (!["rows", "acted", "request"].includes(kind)) present.set(kind, detail);
+  if (kind === "state" && detail === present.get(kind)?.detail) return;
+  if (!["rows", "acted", "request"].includes(kind)) present.set(kind, { detail, at: performance.now() });
   for (const [port, { requests }] of tabs)
     if (kind !== "request" || requests) port.postMessage({ kind, detail });
 }

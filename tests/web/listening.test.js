@@ -176,6 +176,17 @@ journey("eight tabs share one stream, and a tab that nobody sees rests", {}, asy
   assert.equal(await heartOf(hidden).count(), 0, "it has not been told what plays");
   await hidden.page.evaluate(show, false);
   await heartOf(hidden).waitFor();
+  const position = Number(await hidden.player.getByRole("slider", { name: "Position" }).inputValue());
+  const { positionMs } = await person.streamer.call("player");
+  assert.ok(Math.abs(positionMs - position) < 5000, `a late tab knows the time: ${position} of ${positionMs}`);
   assert.equal(await streams(), "1");
-  for (const tab of [...tabs, hidden]) tab.assertNothingWentWrong();
+
+  // A browser without shared workers has a stream for each page.
+  const alone = await openWindow(person.streamer, {});
+  await alone.page.addInitScript(() => delete window.SharedWorker);
+  await alone.visit(path);
+  await heartOf(alone).waitFor();
+  assert.equal(await streams(), "2");
+  for (const tab of [...tabs, hidden, alone]) tab.assertNothingWentWrong();
+  await alone.leave();
 });
