@@ -626,10 +626,6 @@
         <translation>Zuletzt gehört</translation>
     </message>
     <message>
-        <source>Continue with %1</source>
-        <translation>Weiter mit %1</translation>
-    </message>
-    <message>
         <source>Continue</source>
         <translation>Weiterhören</translation>
     </message>

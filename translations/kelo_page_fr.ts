@@ -626,10 +626,6 @@
         <translation>Écoutés récemment</translation>
     </message>
     <message>
-        <source>Continue with %1</source>
-        <translation>Continuer avec %1</translation>
-    </message>
-    <message>
         <source>Continue</source>
         <translation>Continuer</translation>
     </message>

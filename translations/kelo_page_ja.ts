@@ -626,10 +626,6 @@
         <translation>最近再生した項目</translation>
     </message>
     <message>
-        <source>Continue with %1</source>
-        <translation>%1の続きを再生</translation>
-    </message>
-    <message>
         <source>Continue</source>
         <translation>続きを聴く</translation>
     </message>

@@ -626,10 +626,6 @@
         <translation>Nylig spilt</translation>
     </message>
     <message>
-        <source>Continue with %1</source>
-        <translation>Fortsett med %1</translation>
-    </message>
-    <message>
         <source>Continue</source>
         <translation>Fortsett</translation>
     </message>

@@ -4,34 +4,21 @@ import { setValue } from "./api.js";
 import { Dialog, textPage } from "./dialog.js";
 import { button, el, fill } from "./dom.js";
 import { artistPart } from "./kinds.js";
-import { pictureButton, PlaceView } from "./place.js";
+import { pictureButton } from "./place.js";
 import { playback } from "./playback.js";
 import { plainText } from "./rowtext.js";
-import { Shelf } from "./shelf.js";
+import { Shelf, ShelfView } from "./shelf.js";
 import { t } from "./text.js";
 
 const topTracks = 5;
 
-export class ArtistView extends PlaceView {
-  #shelves = [];
-  #place;
+export class ArtistView extends ShelfView {
   #bio = el("div", { class: "bio", hidden: true });
   #shown = "";
 
   constructor(path, state, scroller) {
     super(path, state, scroller);
-    this.#place = state.place;
-    this.showHead();
-    this.source.need(0, 0);
-  }
-
-  close() {
-    super.close();
-    for (const shelf of this.#shelves) shelf.close();
-  }
-
-  get place() {
-    return { scroll: this.scroller.scrollTop };
+    this.begin();
   }
 
   headParts() {
@@ -50,15 +37,10 @@ export class ArtistView extends PlaceView {
   showRows() {
     const { rows } = this.source;
     const paths = rows.map((row) => row.Path).join();
-    if (paths === this.#shown) return;
+    if (paths === this.#shown && this.#bio.isConnected) return;
     this.#shown = paths;
-    for (const shelf of this.#shelves) shelf.close();
     const lists = rows.filter((row) => row.Type === "Container" && artistPart(row.Path) !== "radio");
-    this.#shelves = lists.map((row) => this.#shelf(row));
-    fill(this.body, this.#bio, this.#shelves.map((shelf) => shelf.element));
-    for (const shelf of this.#shelves) shelf.watch(this.scroller);
-    this.scroller.scrollTop = this.#place?.scroll ?? this.scroller.scrollTop;
-    this.#place = null;
+    this.put(lists.map((row) => this.#shelf(row)), this.#bio);
     const bio = rows.find((row) => artistPart(row.Path) === "bio");
     if (bio) this.#readBio(bio);
   }
@@ -66,9 +48,7 @@ export class ArtistView extends PlaceView {
   #shelf(row) {
     const isTracks = artistPart(row.Path) === "toptracks";
     const rows = isTracks ? { kind: "rows", most: topTracks } : {};
-    const shelf = new Shelf(row.Title, { path: row.Path, ...rows });
-    shelf.tellTo(this);
-    return shelf;
+    return new Shelf(row.Title, { path: row.Path, ...rows });
   }
 
   // Without an answer the page is as good without it.

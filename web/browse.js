@@ -32,11 +32,10 @@ export class BrowseView extends PlaceView {
     );
     this.#list.element.addEventListener("current", (event) => this.tellRow(source.row(event.detail)));
     playback.addEventListener("changed", () => this.#markPlaying(), { signal: this.ended });
-    this.showHead();
     const kind = this.kind === "album" ? "tracks" : "rows";
     const unread = Array.from({ length: 8 }, () => skeleton(kind));
     fill(this.body, el("ul", { class: "list loading", "aria-hidden": "true" }, unread));
-    source.need(0, (this.#place?.to ?? 0) + 1);
+    this.begin((this.#place?.to ?? 0) + 1);
   }
 
   close() {

@@ -40,7 +40,7 @@ export class PlaceView extends View {
     this.#trail = trail;
     this.source = new PlaceRows(path, () => this.#update());
     this.source.addEventListener("call", (event) => this.tell("call", event.detail));
-    const waiting = waitingLine(() => [this.source]);
+    const waiting = waitingLine(() => this.awaited);
     this.element = el("section", { class: "view", data: { kind: this.kind } }, this.#head, waiting, this.body);
     if (this.kind && !this.item.menu) this.#lookUp();
   }
@@ -48,6 +48,17 @@ export class PlaceView extends View {
   close() {
     super.close();
     this.source.close();
+  }
+
+  /** What the view waits for, as waitingLine() takes it. */
+  get awaited() {
+    return [this.source];
+  }
+
+  /** Shows the head and asks for the first rows; for the constructors of subclasses, at their end. */
+  begin(to = 0) {
+    this.showHead();
+    this.source.need(0, to);
   }
 
   async #lookUp() {

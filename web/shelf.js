@@ -1,8 +1,9 @@
-// A shelf: a heading and a few rows of a list below it, read when they come into sight.
+// Shelves: a heading and a few rows of a list below it, read when they come into sight.
 
 import { button, el, fill, icon, iconButton } from "./dom.js";
 import { item, skeleton } from "./items.js";
 import { placeLink } from "./links.js";
+import { PlaceView } from "./place.js";
 import { playback } from "./playback.js";
 import { PlaceRows } from "./recent.js";
 import { t } from "./text.js";
@@ -13,7 +14,7 @@ const isShown = (row) => ["Container", "Audio"].includes(row.Type) && row.Path;
 
 /**
  * Covers side by side ("grid"), or rows one below the other. It is gone when there is nothing on it, and
- * says itself what it could not load. Events: "current" with {row}, "call", as a view has them.
+ * says itself what it could not load. Events: "current" with {row}, "call", as a view has them; "shown".
  */
 export class Shelf extends EventTarget {
   source = null;
@@ -67,11 +68,6 @@ export class Shelf extends EventTarget {
     this.#show();
   }
 
-  /** Tells a view what happens on it. */
-  tellTo(view) {
-    for (const type of ["current", "call"]) this.addEventListener(type, ({ detail }) => view.tell(type, detail));
-  }
-
   #read() {
     this.source = new PlaceRows(this.path, () => this.#update());
     this.source.addEventListener("call", ({ detail }) => this.#tell("call", detail));
@@ -106,6 +102,7 @@ export class Shelf extends EventTarget {
     this.element.classList.toggle("fits", this.#list.scrollWidth <= this.#list.clientWidth);
     this.#stopAt(Math.max(0, at));
     if (at >= 0) this.#focus(at);
+    this.#tell("shown");
   }
 
   // One of its items takes part in the tab order.
@@ -140,5 +137,53 @@ export class Shelf extends EventTarget {
 
   #tell(type, detail) {
     this.dispatchEvent(new CustomEvent(type, { detail }));
+  }
+}
+
+/** A place of which the view is shelves. Who comes back to it finds the scroll and the focus where they were. */
+export class ShelfView extends PlaceView {
+  #shelves = [];
+  #place;
+
+  constructor(path, state, scroller) {
+    super(path, state, scroller);
+    this.#place = state.place;
+    this.element.classList.add("wide");
+  }
+
+  close() {
+    super.close();
+    for (const shelf of this.#shelves) shelf.close();
+  }
+
+  get awaited() {
+    return [this.source, ...this.#shelves.map((shelf) => shelf.source).filter(Boolean)];
+  }
+
+  get place() {
+    const { activeElement } = document;
+    const focus = this.body.contains(activeElement) ? activeElement.getAttribute("href") : null;
+    return { scroll: this.scroller.scrollTop, focus };
+  }
+
+  /** Puts shelves in place of what is there, below the elements `above`. */
+  put(shelves, ...above) {
+    for (const shelf of this.#shelves) shelf.close();
+    this.#shelves = shelves;
+    fill(this.body, above, shelves.map((shelf) => shelf.element));
+    for (const shelf of shelves) {
+      for (const type of ["current", "call"])
+        shelf.addEventListener(type, ({ detail }) => this.tell(type, detail));
+      shelf.addEventListener("shown", () => this.#giveFocusBack());
+      if (shelf.path) shelf.watch(this.scroller);
+    }
+    if (shelves.length && this.#place) this.scroller.scrollTop = this.#place.scroll;
+    this.#giveFocusBack();
+  }
+
+  #giveFocusBack() {
+    const href = this.#place?.focus;
+    if (!href || document.activeElement !== this.heading) return;
+    this.body.querySelector(`.main[href=${JSON.stringify(href)}]`)?.focus({ preventScroll: true });
   }
 }
