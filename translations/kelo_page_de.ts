@@ -558,6 +558,8 @@
     <message>
         <source>The service has refused this.</source>
         <translation>Der Dienst hat das abgelehnt.</translation>
+    </message>
+    <message>
         <source>1 track</source>
         <translation>1 Titel</translation>
     </message>

@@ -558,6 +558,8 @@
     <message>
         <source>The service has refused this.</source>
         <translation>Le service a refusé.</translation>
+    </message>
+    <message>
         <source>1 track</source>
         <translation>1 titre</translation>
     </message>

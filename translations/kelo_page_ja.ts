@@ -558,6 +558,8 @@
     <message>
         <source>The service has refused this.</source>
         <translation>サービスに拒否されました。</translation>
+    </message>
+    <message>
         <source>1 track</source>
         <translation>1曲</translation>
     </message>

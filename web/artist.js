@@ -29,7 +29,7 @@ export class ArtistView extends ShelfView {
       path && buttons.push(pictureButton(name, label, () => playback.play(path), kind));
     play("play", t("Play"), tracks, "primary");
     play("queue", t("Radio"), radio);
-    if (this.item.menu) buttons.push(this.menuButton());
+    buttons.push(...this.itemButtons());
     const { title, icon: picture } = this.item;
     return { title, picture, buttons, key: [tracks, radio, this.item.menu] };
   }

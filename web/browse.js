@@ -107,7 +107,7 @@ export class BrowseView extends PlaceView {
     const canPlay = isTracks && rows.some((row) => !row.Disabled);
     const buttons = [];
     if (canPlay) buttons.push(pictureButton("play", t("Play"), () => playback.play(this.path), "primary"));
-    if (known.menu) buttons.push(this.menuButton());
+    buttons.push(...this.itemButtons());
     if (own && own !== known.menu)
       buttons.push(pictureButton("sort", t("Order"), (box) => this.#openOrder(own, box)));
     const facts = isTracks ? [year, count === 1 ? t("1 track") : t("%1 tracks", count), this.#length()] : [];

@@ -2,6 +2,7 @@
 
 import { openContainer, openMenu, openValue, runAction } from "./menu.js";
 import { boxOf, cover, el, icon, iconButton } from "./dom.js";
+import { heart } from "./favorites.js";
 import { kindOf } from "./kinds.js";
 import { artistLinks, trackLinks } from "./links.js";
 import { go, onPlainClick } from "./nav.js";
@@ -98,6 +99,8 @@ export function item(row, kind, list, index, page = {}) {
   const data = { type: row.Type ?? "", kind: kindOf(row.Path ?? "") };
   const element = el("li", { class: `item ${kind}`, "aria-current": current, data }, picture, words);
   if (row.Disabled) element.classList.add("disabled");
+  const loved = kind === "grid" ? null : heart(row, { tabindex: "-1" });
+  if (loved) element.append(loved);
   if (row.Type === "Audio" && row.Duration && kind !== "grid")
     element.append(el("span", { class: "length" }, clock(row.Duration)));
   if (kind === "grid" && (isPlayableItem(row) || row.isPlayed) && !row.Disabled) {

@@ -1,6 +1,7 @@
 // What the views of a place in the tree have in common: its head, the way there, and its rows.
 
 import { boxOf, button, buttonRow, cover, el, fill, icon } from "./dom.js";
+import { heart } from "./favorites.js";
 import { idOf, kindOf } from "./kinds.js";
 import { artistLinks } from "./links.js";
 import { lookUp } from "./lookup.js";
@@ -107,9 +108,12 @@ export class PlaceView extends View {
     (same ?? this.heading).focus({ preventScroll: true });
   }
 
-  /** The button of the item's own menu. */
-  menuButton() {
-    return pictureButton("more", t("More"), (box) => this.#openItemMenu(box));
+  /** The heart of the item and the button of its menu, as far as it has them. */
+  itemButtons() {
+    const { title, menu } = this.item;
+    const loved = menu && this.kind ? heart({ Title: title, Context: { Path: menu } }) : null;
+    const more = menu ? pictureButton("more", t("More"), (box) => this.#openItemMenu(box)) : null;
+    return [loved, more].filter(Boolean);
   }
 
   #openItemMenu(box) {

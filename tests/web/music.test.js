@@ -79,6 +79,12 @@ journey("from a track to its artist, its album, and on", {}, async (person) => {
   assert.match(await tracks.nth(1).textContent(), /^2.*\d:\d\d$/s, "a number and a time");
   assert.equal(await person.list(album).locator(".cover").count(), 0, "one cover is enough");
   assert.match(await view.locator(".hero-words").textContent(), /\d{4} · \d+ tracks · \d+ min/);
+  await tracks.first().getByRole("button").first().focus();
+  await page.keyboard.press("l");
+  await tracks.first().getByRole("button", { name: /^Remove from favorites/ }).waitFor();
+  await page.getByRole("button", { name: "Undo" }).click();
+  await tracks.first().getByRole("button", { name: /^Add to favorites/ }).waitFor({ state: "attached" });
+  await view.locator(".hero").getByRole("button", { name: `Add to favorites: ${album}` }).waitFor();
   await tracks.nth(1).getByRole("button").first().click();
   await player.getByRole("button", { name: "Pause" }).waitFor();
   const [second] = (await person.playing()).split(",");
