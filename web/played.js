@@ -3,6 +3,7 @@
 
 import { pageSize } from "./api.js";
 import { artistAt, artistPart, idOf, kindOf, menuOf } from "./kinds.js";
+import { live } from "./live.js";
 import { lookUp } from "./lookup.js";
 import { playback } from "./playback.js";
 import { pageAt } from "./recent.js";
@@ -41,9 +42,14 @@ class Played extends EventTarget {
   /** Its list: {path, item}; null while it is not known. */
   list = null;
   #seen = "";
+  #isLoggedIn = false;
 
   start() {
     playback.addEventListener("changed", () => this.#follow());
+    live.addEventListener("login", ({ detail }) => {
+      this.#isLoggedIn = detail.loggedIn;
+      this.#follow();
+    });
   }
 
   /** Lists as rows, with what played last in them: [{row, at: {path, list, index, title, artist, icon}}]. */
@@ -54,13 +60,13 @@ class Played extends EventTarget {
   async #follow() {
     const { state } = playback;
     const { path, list, index = -1, title = "", artist = "", icon = "" } = state;
-    const seen = [path, list, index].join("\n");
+    const seen = [path, list, index, this.#isLoggedIn].join("\n");
     if (seen === this.#seen) return;
     this.#seen = seen;
     this.row = null;
     if (this.list?.path !== list) this.list = null;
     this.#tell();
-    if (!path || !list || index < 0) return;
+    if (!path || !list || index < 0 || !this.#isLoggedIn) return;
     const { rows = [], roles = {} } = await pageAt(list, Math.floor(index / pageSize)).catch(() => ({}));
     const row = rows.find((one) => one.Path === path) ?? null;
     const item = this.list?.item ?? (await itemOf(list, state, roles, row));
