@@ -631,9 +631,5 @@
         <source>Continue</source>
         <translation>Weiterhören</translation>
     </message>
-    <message>
-        <source>Top tracks</source>
-        <translation>Top-Titel</translation>
-    </message>
 </context>
 </TS>

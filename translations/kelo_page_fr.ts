@@ -631,9 +631,5 @@
         <source>Continue</source>
         <translation>Continuer</translation>
     </message>
-    <message>
-        <source>Top tracks</source>
-        <translation>Titres populaires</translation>
-    </message>
 </context>
 </TS>

@@ -631,9 +631,5 @@
         <source>Continue</source>
         <translation>続きを聴く</translation>
     </message>
-    <message>
-        <source>Top tracks</source>
-        <translation>人気トラック</translation>
-    </message>
 </context>
 </TS>

@@ -631,9 +631,5 @@
         <source>Continue</source>
         <translation>Fortsett</translation>
     </message>
-    <message>
-        <source>Top tracks</source>
-        <translation>Populære spor</translation>
-    </message>
 </context>
 </TS>

@@ -1,7 +1,7 @@
 // What is known of the item at a path when nobody came there by its row: an address from elsewhere, a link.
 
 import { getRows, pageSize } from "./api.js";
-import { artistSearch, idOf, kindOf, listAbove, menuOf, places, topTracksOf } from "./kinds.js";
+import { artistAt, artistSearch, idOf, kindOf, listAbove, menuOf, places, topTracksOf } from "./kinds.js";
 import { live } from "./live.js";
 import { placeOf } from "./rowtext.js";
 
@@ -30,7 +30,17 @@ async function findArtist(path) {
   return title && ((await find(artistSearch(title), id)) ?? { title });
 }
 
+// The entries of an artist's page are titled on it alone.
+async function findPart(path, above) {
+  const [{ rows }, artist] = await Promise.all([getRows(above, 0, pageSize - 1), lookUp(above)]);
+  const { title: name, icon } = artist;
+  const artists = name ? [{ Title: name, Path: above }] : [];
+  return { title: rows.find((row) => row.Path === path)?.Title, subtitle: name, icon, artists };
+}
+
 async function search(path) {
+  const above = artistAt(path);
+  if (!kindOf(path) && above) return findPart(path, above).catch(() => ({}));
   const kind = kindOf(path);
   const lists = kind === "playlist" ? [places.myPlaylists, places.lovedPlaylists] : [];
   for (const list of new Set([listAbove(path), ...lists])) {
@@ -40,6 +50,9 @@ async function search(path) {
   const found = kind === "artist" ? await findArtist(path).catch(() => null) : null;
   return { menu: menuOf(path), id: idOf(path), ...found };
 }
+
+/** Whether there is something to look up at a path. */
+export const isLookedUp = (path) => Boolean(kindOf(path) || artistAt(path));
 
 /**
  * Looks for an item in the list that it was found in, and else where its kind is listed: {title, subtitle,

@@ -4,7 +4,7 @@ import { boxOf, button, buttonRow, cover, el, fill, icon } from "./dom.js";
 import { heart } from "./favorites.js";
 import { idOf, kindOf } from "./kinds.js";
 import { artistLinks } from "./links.js";
-import { lookUp } from "./lookup.js";
+import { isLookedUp, lookUp } from "./lookup.js";
 import { openMenu } from "./menu.js";
 import { goUp, nameHere } from "./nav.js";
 import { home, linkTo, loginPath, parsePath } from "./path.js";
@@ -43,7 +43,7 @@ export class PlaceView extends View {
     this.source.addEventListener("call", (event) => this.tell("call", event.detail));
     const waiting = waitingLine(() => this.awaited);
     this.element = el("section", { class: "view", data: { kind: this.kind } }, this.#head, waiting, this.body);
-    if (this.kind && !this.item.menu) this.#lookUp();
+    if (isLookedUp(path) && !(this.kind ? this.item.menu : this.item.title)) this.#lookUp();
   }
 
   close() {

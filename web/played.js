@@ -2,12 +2,11 @@
 // this browser, which is to say for this streamer.
 
 import { pageSize } from "./api.js";
-import { artistAt, artistPart, idOf, kindOf, menuOf } from "./kinds.js";
+import { idOf, kindOf, menuOf } from "./kinds.js";
 import { live } from "./live.js";
-import { lookUp } from "./lookup.js";
+import { isLookedUp, lookUp } from "./lookup.js";
 import { playback } from "./playback.js";
 import { pageAt } from "./recent.js";
-import { t } from "./text.js";
 
 const key = "played";
 const most = 24;
@@ -25,13 +24,12 @@ const nameOf = (path) => (idOf(path) ? `${kindOf(path)} ${idOf(path)}` : path);
 
 // What is known of a list that plays: an album by its track, else what the lists above say.
 async function itemOf(path, { album, artist, icon, listTitle }, roles, row) {
-  const kind = kindOf(path);
-  const menu = menuOf(path);
-  if (kind === "album") return { title: album, subtitle: artist, icon, artists: row?.ArtistPaths, menu };
-  if (kind) return { icon, ...(await lookUp(path)) };
-  const [part, above] = [artistPart(path), artistAt(path)];
-  const subtitle = { radio: t("Radio"), toptracks: t("Top tracks") }[part] ?? "";
-  if (part && above) return { icon, title: artist, ...(await lookUp(above)), subtitle, menu };
+  const artists = row?.ArtistPaths;
+  if (kindOf(path) === "album") return { title: album, subtitle: artist, icon, artists, menu: menuOf(path) };
+  if (isLookedUp(path)) {
+    const found = await lookUp(path);
+    return { ...found, icon: found.icon || icon };
+  }
   return { title: listTitle || roles.Title || artist, icon };
 }
 

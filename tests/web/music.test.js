@@ -14,6 +14,8 @@ journey("home: shelves of music", { allowed: [/status (of )?502/] }, async (pers
   await streamer.rows("/tidal/req/featured/top/albums", 0);
   await streamer.fault("status status=500 path=/featured/recommended/albums");
   const shelf = (name) => person.list(name).getByRole("link");
+  // What an earlier visit has kept can be anything.
+  await page.addInitScript(() => localStorage.getItem("played") ?? localStorage.setItem("played", '[{"row":'));
   await person.visit();
   await shelf("Favorite albums").first().waitFor();
   const last = "/tidal/playlists";
@@ -118,6 +120,10 @@ journey("a link given to somebody else", {}, async (person) => {
   await other.heading("Clara Marlowe");
   await other.view.locator(".hero-row img.loaded").waitFor();
   await other.until(async () => (await other.page.title()) === "Clara Marlowe – kelo", "the window is named");
+  await other.visit("/tidal/req/artists?artistContent=similar&artistId=900391");
+  await other.heading("Similar artists");
+  await other.view.getByRole("link", { name: "Clara Marlowe", exact: true }).click();
+  await other.heading("Clara Marlowe");
   await other.view.getByRole("list", { name: "Albums" }).getByRole("link").first().click();
   const album = await other.view.getByRole("heading", { level: 1 }).textContent();
   await other.page.reload();
