@@ -22,7 +22,7 @@ const screens = {
   albums: (person) => person.visit(newAlbums).then(() => person.row("Second Signal").waitFor()),
   album: async (person) => {
     await album(person);
-    await person.list("Second Signal").getByRole("button").nth(2).click();
+    await person.list("Second Signal").getByRole("listitem").nth(1).getByRole("button").first().click();
     await person.player.getByRole("button", { name: "Pause" }).waitFor();
     await person.until(async () => (await person.streamer.call("player")).state === "playing", "it plays");
   },
