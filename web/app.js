@@ -19,7 +19,7 @@ import { forgetPlaces, PlaceRows, readAhead } from "./recent.js";
 import { forgetSearchPlace, searchedText, searchPath, SearchView } from "./search.js";
 import { applyTheme, SettingsView } from "./settings.js";
 import { loadTexts, t } from "./text.js";
-import { toastError } from "./toast.js";
+import { clearToasts, toastError } from "./toast.js";
 
 const typingPause = 250;
 
@@ -192,6 +192,7 @@ function watchLogin() {
     if (detail.loggedIn === wasLoggedIn) return;
     if (wasLoggedIn !== null || !detail.loggedIn) forgetSearchPlace();
     if (wasLoggedIn !== null) forgetPlaces();
+    if (wasLoggedIn !== null) clearToasts();
     wasLoggedIn = detail.loggedIn;
   });
   live.addEventListener("state", ({ detail }) => (part("offline").hidden = detail));

@@ -125,7 +125,6 @@ export function startBar(bar) {
   const link = el("a", { href: linkTo("!playing") });
   onPlainClick(link, showQueue);
   const item = el("div", { class: "bar-item" }, link, el("span", { class: "words" }, title, line));
-  const note = el("div", { class: "bar-note", role: "status" });
   const previous = iconButton("previous", t("Previous"), () => playback.send("previous"));
   const next = iconButton("next", t("Next"), () => playback.send("next"));
   const properties = { class: "icon-button queue-button" };
@@ -134,14 +133,13 @@ export function startBar(bar) {
   const side = el("div", { class: "bar-side" }, volumeBar(), queue);
   const now = el("div", { class: "bar-now" }, item, heartOfPlaying());
   const row = el("div", { class: "bar-row" }, now, buttons, side);
-  fill(bar, waitingLine(() => [playback]), note, seekBar(), row);
+  fill(bar, waitingLine(() => [playback]), seekBar(), row);
   let shown = "";
   const show = () => {
     const { path = "", title: name = "", artist = "", album = "", list = "", index } = playback.state;
-    const { icon: picture = "", note: text = "" } = playback.state;
+    const { icon: picture = "" } = playback.state;
     bar.classList.toggle("idle", !playback.isActive);
     previous.disabled = next.disabled = !playback.isActive;
-    if (note.textContent !== text) note.textContent = text;
     const key = JSON.stringify([path, name, artist, album, picture, list, index, played.row, played.list]);
     if (key === shown) return;
     shown = key;

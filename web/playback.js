@@ -3,8 +3,10 @@
 import * as api from "./api.js";
 import { live } from "./live.js";
 import { withoutArtist } from "./rowtext.js";
-import { toastError } from "./toast.js";
+import { clearToasts, toast, toastError } from "./toast.js";
 import { lookForWaiting } from "./waiting.js";
+
+const endsNotes = ["play", "resume", "stop"];
 
 /** Events: "changed" when the state is another one. */
 class Playback extends EventTarget {
@@ -34,6 +36,7 @@ class Playback extends EventTarget {
 
   /** Sends a command; a refusal is shown. True when it was done. */
   async send(command, body) {
+    if (endsNotes.includes(command)) clearToasts();
     try {
       this.#take(await api.player(command, body));
       return true;
@@ -54,6 +57,8 @@ class Playback extends EventTarget {
   }
 
   #take(state) {
+    // What was said before this page came is not news.
+    if (state.note && this.state.volume !== undefined && state.note !== this.state.note) toast(state.note);
     this.state = state.title ? { ...state, title: withoutArtist(state.title, state.artist ?? "") } : state;
     this.#at = performance.now();
     this.awaitedSince = state.state === "resolving" ? (this.awaitedSince ?? this.#at) : null;

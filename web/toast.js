@@ -1,16 +1,23 @@
-// Short messages at the page's foot, read out by screen readers. Errors stay longer.
+// Short messages at the page's foot, read out by screen readers, with something to do about it where there is.
 
-import { el, fill } from "./dom.js";
+import { button, el, fill } from "./dom.js";
 
-function show(place, kind, text, time, action) {
-  const message = el("div", { class: `toast ${kind}` }, text);
-  const click = () => (message.remove(), action.run());
-  const button = action && el("button", { type: "button", class: "link", on: { click } }, action.title);
-  if (button) message.append(" · ", button);
+const shownFor = 8000;
+
+function show(place, kind, text, action) {
+  const act = action && button(action.title, () => (message.remove(), action.run()), "small");
+  const message = el("div", { class: `toast ${kind}` }, el("span", {}, text), act);
   fill(document.getElementById(place), message);
-  setTimeout(() => message.remove(), time);
+  // Who is about to press its button is given the time.
+  const end = () => (message.matches(":hover, :focus-within") ? setTimeout(end, shownFor) : message.remove());
+  setTimeout(end, shownFor);
 }
 
-/** `action`: what can be done about it, {title, run}. */
-export const toast = (text, action = null) => show("notes", "note", text, action ? 8000 : 4000, action);
-export const toastError = (error) => show("errors", "error", error.message ?? String(error), 9000);
+/** Shows a note; `action` is {title, run}. */
+export const toast = (text, action = null) => show("notes", "note", text, action);
+export const toastError = (error) => show("errors", "error", error.message ?? String(error));
+
+/** Takes away what was said of something that is over. */
+export function clearToasts() {
+  for (const place of ["notes", "errors"]) fill(document.getElementById(place));
+}
