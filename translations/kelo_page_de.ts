@@ -260,18 +260,6 @@
         <translation>Speichern</translation>
     </message>
     <message>
-        <source>The first row has the number 0.</source>
-        <translation>Die erste Zeile hat die Nummer 0.</translation>
-    </message>
-    <message>
-        <source>What is left empty stays as it is.</source>
-        <translation>Was leer bleibt, wird nicht geändert.</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Zu den Zeilen springen</translation>
-    </message>
-    <message>
         <source>The streamer does not answer. Trying again…</source>
         <translation>Der Streamer antwortet nicht. Neuer Versuch …</translation>
     </message>
@@ -630,6 +618,98 @@
     <message>
         <source>Continue</source>
         <translation>Weiterhören</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>Zu „%1“ hinzugefügt</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>Neue Playlist…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>Angaben bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>Angaben der Playlist bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Gespeichert</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>An Stelle verschieben…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>Zum Künstler</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>Zum Album</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>Playlist löschen…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>Aus dieser Playlist entfernen</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>Aus der Playlist entfernt</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>Hinzugefügt am</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>Reihenfolge der Playlist</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>Erscheinungsdatum</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>Niedrig, AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>Hoch, AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>Verlustfrei, FLAC 16 Bit 44,1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>Hi-Res, bis 24 Bit 96 kHz</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>An den Anfang verschoben</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>An den Anfang</translation>
     </message>
 </context>
 </TS>

@@ -260,18 +260,6 @@
         <translation>Enregistrer</translation>
     </message>
     <message>
-        <source>The first row has the number 0.</source>
-        <translation>La première ligne porte le numéro 0.</translation>
-    </message>
-    <message>
-        <source>What is left empty stays as it is.</source>
-        <translation>Un champ laissé vide reste inchangé.</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Aller aux lignes</translation>
-    </message>
-    <message>
         <source>The streamer does not answer. Trying again…</source>
         <translation>Le streamer ne répond pas. Nouvelle tentative…</translation>
     </message>
@@ -630,6 +618,98 @@
     <message>
         <source>Continue</source>
         <translation>Continuer</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>Ajouté à « %1 »</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>Nouvelle playlist…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>Modifier les détails…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>Modifier les détails de la playlist…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Enregistré</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>Déplacer à la position…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>Aller à l’artiste</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>Aller à l’album</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>Supprimer la playlist…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Supprimé</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>Retirer de cette playlist</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>Retiré de la playlist</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>Date d’ajout</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>Ordre de la playlist</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>Date de sortie</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>Basse, AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>Élevée, AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>Sans perte, FLAC 16 bits 44,1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>Hi-Res, jusqu’à 24 bits 96 kHz</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>Déplacé en tête</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>Déplacer en tête</translation>
     </message>
 </context>
 </TS>

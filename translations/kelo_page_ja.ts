@@ -260,18 +260,6 @@
         <translation>保存</translation>
     </message>
     <message>
-        <source>The first row has the number 0.</source>
-        <translation>最初の行の番号は 0 です。</translation>
-    </message>
-    <message>
-        <source>What is left empty stays as it is.</source>
-        <translation>空欄の項目は変更されません。</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>一覧へ移動</translation>
-    </message>
-    <message>
         <source>The streamer does not answer. Trying again…</source>
         <translation>ストリーマーが応答しません。再試行しています…</translation>
     </message>
@@ -630,6 +618,98 @@
     <message>
         <source>Continue</source>
         <translation>続きを聴く</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>「%1」に追加しました</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>新しいプレイリスト…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>詳細を編集…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>プレイリストの詳細を編集…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>保存しました</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>位置を指定して移動…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>アーティストを表示</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>アルバムを表示</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>プレイリストを削除…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>削除しました</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>このプレイリストから削除</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>プレイリストから削除しました</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>追加日</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>プレイリストの順</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>発売日</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>低、AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>高、AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>ロスレス、FLAC 16 bit 44.1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>ハイレゾ、最大 24 bit 96 kHz</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>先頭に移動しました</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>先頭に移動</translation>
     </message>
 </context>
 </TS>

@@ -260,18 +260,6 @@
         <translation>Lagre</translation>
     </message>
     <message>
-        <source>The first row has the number 0.</source>
-        <translation>Den første raden har nummer 0.</translation>
-    </message>
-    <message>
-        <source>What is left empty stays as it is.</source>
-        <translation>Felt som står tomme, endres ikke.</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Hopp til radene</translation>
-    </message>
-    <message>
         <source>The streamer does not answer. Trying again…</source>
         <translation>Streameren svarer ikke. Prøver igjen …</translation>
     </message>
@@ -630,6 +618,98 @@
     <message>
         <source>Continue</source>
         <translation>Fortsett</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>Lagt til i «%1»</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>Ny spilleliste…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>Rediger detaljer…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>Rediger spillelistens detaljer…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Lagret</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>Flytt til plass…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Flytt</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>Gå til artist</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>Gå til album</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>Slett spilleliste…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Slettet</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>Fjern fra denne spillelisten</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>Fjernet fra spillelisten</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>Dato lagt til</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Lengde</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>Spillelistens rekkefølge</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>Utgivelsesdato</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>Lav, AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>Høy, AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>Tapsfri, FLAC 16 bit 44,1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>Hi-Res, inntil 24 bit 96 kHz</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>Flyttet øverst</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>Flytt øverst</translation>
     </message>
 </context>
 </TS>

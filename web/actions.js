@@ -28,13 +28,13 @@ export async function activate(row, subject, begun = () => {}) {
     if (!yes) return null;
   }
   begun();
-  return understand(await setValue(row.Path), row.Title);
+  return understand(await setValue(row.Path), row.Title, row.done);
 }
 
 /** The text that a reply brought. */
-export function understand({ reply }, title) {
+export function understand({ reply }, title, done = "") {
   const text = reply?.result?.Description;
   if (text) return plainText(text);
-  if (title) toast(t("Done: %1", title));
+  if (done || title) toast(done || t("Done: %1", title));
   return "";
 }

@@ -2,6 +2,7 @@
 
 import { qualityText } from "./bar.js";
 import { el, fill } from "./dom.js";
+import { orderMenuOf } from "./entries.js";
 import { item, skeleton } from "./items.js";
 import { VirtualList } from "./list.js";
 import { openMenu } from "./menu.js";
@@ -103,7 +104,7 @@ export class BrowseView extends PlaceView {
     const title = names.title || (this.kind ? "" : roles.Title);
     const isTracks = count > 0 && rows.every((row) => row.Type === "Audio");
     this.#list?.element.setAttribute("aria-label", title || t("Rows"));
-    const own = roles.Context?.Path;
+    const own = orderMenuOf(this.path, roles.Context?.Path);
     const canPlay = isTracks && rows.some((row) => !row.Disabled);
     const buttons = [];
     if (canPlay) buttons.push(pictureButton("play", t("Play"), () => playback.play(this.path), "primary"));

@@ -6,6 +6,8 @@ import { button, buttonRow, el, icon, iconButton } from "./dom.js";
 import { t } from "./text.js";
 import { lookForWaiting, waitingLine } from "./waiting.js";
 
+const edge = 8;
+
 let lastId = 0;
 
 /**
@@ -77,15 +79,21 @@ export class Dialog {
     if (!this.element.contains(document.activeElement)) this.#heading.focus();
   }
 
-  /** Beside the anchor, inside the window; for a page that has got what it shows. */
+  /**
+   * Beside the anchor, inside the window; for a page that has got what it shows. At a point it stands to the
+   * lower right, below a button in line with its end; where there is no room, on the other side.
+   */
   place() {
     lookForWaiting();
     if (!this.anchor || innerWidth < 640) return;
     this.element.classList.add("anchored");
     const { width, height } = this.element.getBoundingClientRect();
-    const { style } = this.element;
-    style.left = `${Math.max(8, Math.min(this.anchor.right - width, innerWidth - width - 8))}px`;
-    style.top = `${Math.max(8, Math.min(this.anchor.bottom + 4, innerHeight - height - 8))}px`;
+    const { left, right, top, bottom, width: isBox } = this.anchor;
+    const [endX, endY] = [innerWidth - width - edge, innerHeight - height - edge];
+    const x = isBox || left > endX ? right - width : left;
+    const y = bottom > endY ? top - height : bottom;
+    this.element.style.left = `${Math.max(edge, Math.min(x, endX))}px`;
+    this.element.style.top = `${Math.max(edge, Math.min(y, endY))}px`;
   }
 
   #closed() {

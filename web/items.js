@@ -3,6 +3,7 @@
 import { openContainer, openMenu, openValue, runAction } from "./menu.js";
 import { boxOf, cover, el, icon, iconButton } from "./dom.js";
 import { heart } from "./favorites.js";
+import { menuOfRow } from "./entries.js";
 import { kindOf } from "./kinds.js";
 import { artistLinks, trackLinks } from "./links.js";
 import { go, onPlainClick } from "./nav.js";
@@ -42,7 +43,7 @@ export function open(row, anchor = null, place = {}) {
   return isChoice(row) || isField(row) ? openValue(row, anchor) : null;
 }
 
-const hasMenu = (row) => Boolean(row.Context?.Path) || (isPlayableItem(row) && row.Type !== "Audio");
+const hasMenu = (row) => Boolean(menuOfRow(row)) || (isPlayableItem(row) && row.Type !== "Audio");
 
 // What a click anywhere in the item does: a link, a button, or nothing.
 function mainOf(row, place) {

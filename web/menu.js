@@ -1,16 +1,26 @@
 // Menus over the page: a row's context menu, the lists, choices and forms that it leads to.
 
 import { activate, titleNow, understand } from "./actions.js";
-import { setValue } from "./api.js";
+import { getRows, setValue } from "./api.js";
 import { busy, Dialog, problem, textPage } from "./dialog.js";
 import { cover, el, fill, icon } from "./dom.js";
+import { choicesOf, entryOf, inOrder, isUseful } from "./entries.js";
 import { formPage } from "./form.js";
 import { live } from "./live.js";
-import { currentState, go } from "./nav.js";
+import { currentPath, currentState, go } from "./nav.js";
 import { baseOf, parsePath } from "./path.js";
 import { playback } from "./playback.js";
 import { RowSource } from "./rows.js";
-import { isChoice, isField, isPlayableItem, placeOf, plainValue, sameValue, titleOf } from "./rowtext.js";
+import {
+  albumOf,
+  isChoice,
+  isField,
+  isPlayableItem,
+  placeOf,
+  plainValue,
+  sameValue,
+  titleOf,
+} from "./rowtext.js";
 import { t } from "./text.js";
 import { toast, toastError } from "./toast.js";
 
@@ -25,8 +35,10 @@ export function openMenu(row, anchor) {
   const visit = () => (dialog.close(), go(row.Path, placeOf(row)));
   if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: play });
   if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: visit });
-  const context = { dialog, subject, places: [placeOf(row), currentState().item] };
+  const context = { dialog, subject, places: [placeOf(row), currentState().item], list: currentPath() };
   const menu = row.Context?.Path;
+  const album = { Type: "Container", Path: row.AlbumPath, Title: albumOf(row), Icon: row.Icon };
+  context.further = row.AlbumPath ? [album] : [];
   dialog.push(treePage(context, subject, menu ? new RowSource(menu) : null, own));
   return dialog.finished;
 }
@@ -62,7 +74,7 @@ function changedBy(path, places) {
   const { parameters } = parsePath(path);
   const id = parameters.get("playlistId") ?? parameters.get("id");
   const place = places.find((one) => id && one?.id === id);
-  return { title: place?.title ?? "", description: place?.subtitle ?? "" };
+  return { title: place?.title ?? "", description: place?.summary ?? "" };
 }
 
 const valuePage = (context, row, above) =>
@@ -73,7 +85,9 @@ const valuePage = (context, row, above) =>
 function containerPage(context, row) {
   const source = new RowSource(row.Path, () => update());
   const body = el("div", { class: "menu" }, busy(t("Loading…")));
-  const page = { title: titleOf(row), element: body, close: () => source.close() };
+  const { title: words, done } = entryOf(row);
+  const title = words.replace(/…$/, "");
+  const page = { title, element: body, close: () => source.close() };
   let inner = null;
   const update = () => {
     if (!source.isLoaded || inner) return;
@@ -81,13 +95,12 @@ function containerPage(context, row) {
     const { rows, roles } = source;
     if (roles.AcceptPath || rows.some(isField)) {
       const changes = changedBy(row.Path, context.places);
-      const form = { path: row.Path, rows, accept: roles.AcceptPath, changes };
-      inner = formPage(context, { title: titleOf(row), ...form });
+      inner = formPage(context, { title, done, path: row.Path, rows, accept: roles.AcceptPath, changes });
     } else if (roles.ContainerType !== "List" && row.ContainerType !== "List") {
       context.dialog.close();
       return go(row.Path, placeOf(row));
     } else {
-      inner = treePage({ ...context, places: null }, titleOf(row), source);
+      inner = treePage({ ...context, places: null, further: [] }, title, source);
     }
     fill(body, inner.element);
     context.dialog.place();
@@ -121,8 +134,12 @@ function listPage(context, title, source, make, own = []) {
 
 const itemsIn = (list) => [...list.querySelectorAll("[role^=menuitem]")];
 
-const treePage = (context, title, source, own) =>
-  listPage(context, title, source, (rows) => inGroups(rows, (row) => treeItem(context, row, source)), own);
+function treePage(context, title, source, own) {
+  const useful = (row) => isUseful(row, context.list);
+  const shown = (rows) => inOrder([...rows, ...(context.further ?? [])].filter(useful));
+  const make = (rows) => inGroups(shown(rows), (row) => treeItems(context, row, source));
+  return listPage(context, title, source, make, own);
+}
 
 function menuItem(title, { picture, mark, role = "menuitem", disabled = false, detail = "" }, run) {
   const click = (event) => !disabled && run(event.currentTarget);
@@ -137,8 +154,9 @@ function menuItem(title, { picture, mark, role = "menuitem", disabled = false, d
   );
 }
 
-const ownItem = ({ title, icon: name, run }) =>
-  menuItem(title, { picture: el("span", { class: "menu-mark" }, icon(name)) }, run);
+const signOf = (name) => name && el("span", { class: "menu-mark" }, icon(name));
+
+const ownItem = ({ title, icon: name, run }) => menuItem(title, { picture: signOf(name) }, run);
 
 // What stands below a header is a group with its name.
 function inGroups(rows, make) {
@@ -149,32 +167,58 @@ function inGroups(rows, make) {
       const header = el("div", { class: "menu-header", "aria-hidden": "true" }, row.Title);
       group = el("div", { class: "menu-group", role: "group", "aria-label": row.Title }, header);
       elements.push(group);
-    } else if (group) group.append(make(row));
-    else elements.push(make(row));
+    } else if (group) group.append(...make(row));
+    else elements.push(...make(row));
   }
   return elements;
 }
 
-function treeItem(context, row, source) {
-  const disabled = row.Disabled === true;
-  const picture = row.Icon || (row.Type === "Action" && row.Id) ? cover(row.Icon, row.Title) : null;
+function treeItems(context, row, source) {
+  const { title, icon: sign, detail, done, leadsAway } = entryOf(row);
+  const { dialog } = context;
+  const isDisabled = row.Disabled === true;
+  const isItem = row.Icon || (row.Type === "Action" && row.Id);
+  const picture = signOf(sign) ?? (isItem ? cover(row.Icon, row.Title) : null);
+  const shared = { picture, disabled: isDisabled };
+  const visit = () => (dialog.close(), go(row.Path, placeOf(row)));
+  if (leadsAway) return [menuItem(title, { ...shared, detail }, visit)];
   if (row.Type === "Container") {
-    const open = () => context.dialog.push(containerPage(context, row));
-    return menuItem(row.Title, { picture, disabled, mark: icon("forward") }, open);
+    const open = () => dialog.push(containerPage(context, row));
+    return [...topItem(context, row), menuItem(title, { ...shared, mark: icon("forward") }, open)];
   }
   if (row.Type === "Action") {
-    const item = menuItem(row.Title, { picture, disabled }, (button) => act(context, row, button));
+    row.done = done;
+    const item = menuItem(title, shared, (button) => act(context, row, button));
     nameAction(row, item.querySelector(".menu-title"));
-    return item;
+    return [item];
   }
   if (isChoice(row) || isField(row)) {
-    const detail = String(plainValue(row.Value) ?? "");
-    const open = () => context.dialog.push(valuePage(context, row, source));
-    const item = menuItem(row.Title, { disabled, detail, mark: icon("forward") }, open);
+    const value = String(plainValue(row.Value) ?? "");
+    const open = () => dialog.push(valuePage(context, row, source));
+    const item = menuItem(row.Title, { disabled: isDisabled, detail: value, mark: icon("forward") }, open);
     if (isChoice(row)) presentChoice(row, item.querySelector(".menu-detail"));
-    return item;
+    return [item];
   }
-  return el("p", { class: "menu-text", text: row.Title });
+  return [el("p", { class: "menu-text", text: row.Title })];
+}
+
+// The form that moves a track, filled in for the place that is wanted most.
+function topItem(context, row) {
+  const { base, parameters } = parsePath(row.Path);
+  if (!base.endsWith("/moveTrack") || parameters.get("rowNum") === "0") return [];
+  const run = async (button) => {
+    button.setAttribute("aria-busy", "true");
+    try {
+      const { rows } = await getRows(row.Path, 0, 9);
+      await setValue(rows.find(isField).Path, 0);
+      understand(await setValue(rows.find(({ Type }) => Type === "Action").Path), "", t("Moved to the top"));
+      context.dialog.close(true);
+    } catch (error) {
+      button.removeAttribute("aria-busy");
+      button.after(problem(error.message));
+    }
+  };
+  return [menuItem(t("Move to top"), { picture: signOf("top") }, run)];
 }
 
 // Such an action says in its own data what it would do now: "Add to favorites" or "Remove from favorites".
@@ -218,7 +262,7 @@ export async function presentChoice(row, place) {
   if (!place) return;
   const source = new RowSource(row.Edit.enumPath);
   await source.need(0, mostRows);
-  const present = source.rows.find((choice) => sameValue(choice.Value, row.Value));
+  const present = choicesOf(row, source.rows).find((choice) => sameValue(choice.Value, row.Value));
   if (present) place.textContent = present.Title;
   source.close();
 }
@@ -246,7 +290,8 @@ function choicePage(context, row, above = null) {
     item.setAttribute("aria-checked", String(isPresent));
     return item;
   };
-  return listPage(context, row.Title, new RowSource(row.Edit.enumPath), (rows) => rows.map(choiceItem));
+  const make = (rows) => choicesOf(row, rows, context.list).map(choiceItem);
+  return listPage(context, row.Title, new RowSource(row.Edit.enumPath), make);
 }
 
 function moveInMenu(event) {

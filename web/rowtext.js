@@ -41,6 +41,7 @@ export function placeOf(row) {
     artists: row.ArtistPaths,
     year: row.ReleaseYear,
     length: row.Duration,
+    summary: row.Summary,
   };
 }
 

@@ -25,7 +25,7 @@ const views = {
   },
   menu: async (person) => {
     await person.view.getByRole("button", { name: "Menu of" }).first().click();
-    await person.dialog.getByRole("menuitem", { name: "Add to playlist" }).waitFor();
+    await person.dialog.getByRole("menuitem", { name: "Add to playlist…" }).waitFor();
   },
   choices: async (person) => {
     await person.page.keyboard.press("Escape");
@@ -44,7 +44,7 @@ const views = {
     await person.page.keyboard.press("Escape");
     await person.visit("/tidal/myMusic/req/created/users/playlists");
     await person.menu("Empty one");
-    await person.choose("remove");
+    await person.choose("Delete playlist…");
     await person.page.getByRole("dialog", { name: "Delete the playlist?" }).waitFor();
   },
   "an empty list": async (person) => {

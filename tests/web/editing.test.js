@@ -30,14 +30,14 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
   await person.visit(myTracks);
   const tracks = await person.titles("Tracks");
   await person.menu(tracks[0]);
-  await person.choose("Add to playlist", "Create playlist");
+  await person.choose("Add to playlist…", "New playlist…");
   await person.submit({ Title: "" }, "Create");
   await dialog.getByRole("alert").waitFor();
   await person.submit({ Title: "Rainy evenings", Description: "For the window seat" }, "Create");
   await person.noDialog();
   for (const track of tracks.slice(1, 3)) {
     await person.menu(track);
-    await person.choose("Add to playlist", "Rainy evenings");
+    await person.choose("Add to playlist…", "Rainy evenings");
     await person.noDialog();
   }
 
@@ -47,13 +47,17 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
   const list = () => person.titles("Rainy evenings");
   await person.until(async () => (await list()).join() === tracks.slice(0, 3).join(), "the three tracks are there");
   await person.menu(tracks[0]);
-  await person.choose("Move to index");
-  assert.equal(await dialog.getByRole("spinbutton").inputValue(), "0", "the form starts where the row is");
-  await person.submit({ "Row number": "2" }, "Move to row");
+  await person.choose("Move to position…");
+  assert.equal(await dialog.getByRole("spinbutton").inputValue(), "1", "the form starts where the row is");
+  await person.submit({ Position: "3" }, "Move");
   await person.noDialog();
   await person.until(async () => (await list()).join() === [tracks[1], tracks[2], tracks[0]].join(), "the first is the last");
   await person.menu(tracks[2]);
-  await person.choose("remove");
+  await person.choose("Move to top");
+  await person.noDialog();
+  await person.until(async () => (await list()).join() === [tracks[2], tracks[1], tracks[0]].join(), "the middle one is the first");
+  await person.menu(tracks[2]);
+  await person.choose("Remove from this playlist");
   await person.noDialog();
   await person.until(async () => (await list()).join() === [tracks[1], tracks[0]].join(), "the middle one is gone");
 
@@ -62,7 +66,7 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
   await person.streamer.call("set", { path: menu.find((row) => row.Title === "remove").Path, value: 1 });
   await person.until(async () => (await list()).join() === tracks[1], "what another client removed is gone");
   await person.menu(tracks[1]);
-  await person.choose("Update playlist");
+  await person.choose("Edit playlist details…");
   assert.equal(await dialog.getByLabel("Title").inputValue(), "Rainy evenings", "a track's menu knows its playlist");
   await page.keyboard.press("Escape");
   await page.keyboard.press("Escape");
@@ -73,12 +77,12 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
   await person.visit(address);
   await person.heading("Rainy evenings");
   await person.menu(tracks[1]);
-  await person.choose("Update playlist");
+  await person.choose("Edit playlist details…");
   assert.equal(await dialog.getByLabel("Title").inputValue(), "Rainy evenings", "the list's title is not the playlist's");
 
   await person.visit(mine);
   await person.menu("Rainy evenings");
-  await person.choose("Update playlist");
+  await person.choose("Edit details…");
   assert.equal(await dialog.getByLabel("Title").inputValue(), "Rainy evenings", "the form starts from the present title");
   await person.submit({ Title: "Dry evenings" }, "Update");
   await person.noDialog();
@@ -86,9 +90,9 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
   await person.row("Rainy evenings").waitFor({ state: "detached" });
 
   await person.menu("Dry evenings");
-  await person.choose("remove");
+  await person.choose("Delete playlist…");
   await page.getByRole("dialog", { name: "Delete the playlist?" }).getByRole("button", { name: "Cancel" }).click();
-  await person.choose("remove");
+  await person.choose("Delete playlist…");
   await page.getByRole("dialog", { name: "Delete the playlist?" }).getByRole("button", { name: "Delete" }).click();
   await person.noDialog();
   await person.row("Dry evenings").waitFor({ state: "detached" });
@@ -117,12 +121,12 @@ journey("a list in another order, a setting with another value", {}, async (pers
   assert.equal(asked.length, 1);
 
   await person.visit("/settings");
-  await page.getByRole("button", { name: "Sound quality LOSSLESS" }).click();
-  await person.choose("HIGH");
-  await page.getByRole("button", { name: "Sound quality HIGH" }).waitFor();
+  await page.getByRole("button", { name: "Sound quality Lossless, FLAC 16 bit 44.1 kHz" }).click();
+  await person.choose("High, AAC 320 kbit/s");
+  await page.getByRole("button", { name: "Sound quality High, AAC 320 kbit/s" }).waitFor();
   await page.getByLabel("Colours").selectOption("Dark");
   await page.reload();
-  await page.getByRole("button", { name: "Sound quality HIGH" }).waitFor();
+  await page.getByRole("button", { name: "Sound quality High, AAC 320 kbit/s" }).waitFor();
   assert.equal(await page.locator("html").evaluate((html) => getComputedStyle(html).colorScheme), "dark");
 });
 

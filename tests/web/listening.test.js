@@ -84,6 +84,7 @@ journey("what cannot be played says so and is passed over", {}, async (person) =
   await person.button("Play").click();
   await person.player.getByRole("button", { name: "Pause" }).waitFor();
   assert.notEqual((await streamer.call("player")).title, "Tower");
+  await page.getByRole("status").filter({ hasText: "“Tower” is not available." }).waitFor({ state: "detached" });
 });
 
 journey("a menu by a long press", { width: 390, height: 844, hasTouch: true, isMobile: true }, async (person) => {
@@ -94,7 +95,7 @@ journey("a menu by a long press", { width: 390, height: 844, hasTouch: true, isM
   const finger = await page.context().newCDPSession(page);
   const [x, y] = [box.x + 80, box.y + box.height / 2];
   await finger.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: [{ x, y }] });
-  await page.getByRole("dialog", { name: title }).getByRole("menuitem", { name: "Add to playlist" }).waitFor();
+  await page.getByRole("dialog", { name: title }).getByRole("menuitem", { name: "Add to playlist…" }).waitFor();
   await finger.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [] });
   await page.getByRole("dialog", { name: title }).getByRole("button", { name: "Close" }).tap();
   await person.noDialog();

@@ -135,9 +135,9 @@ journey("the keyboard alone", {}, async (person) => {
   await person.noDialog();
   await reaches(title);
   await press("m");
-  await person.dialog.getByRole("menuitem", { name: "Add to playlist" }).waitFor();
+  await person.dialog.getByRole("menuitem", { name: "Add to playlist…" }).waitFor();
   await press("ArrowDown", "ArrowDown", "Enter");
-  await reaches("Create playlist");
+  await reaches("New playlist…");
   await press("Enter");
   await person.until(() => page.evaluate(() => document.activeElement.matches("input")), "the title can be typed");
   await keyboard.type("By keys");
