@@ -20,6 +20,14 @@ bool waitASecond()
     return true;
 }
 
+bool confirm(const QString& question)
+{
+    std::cerr << "kelo: " << question.toStdString() << " [y/N] " << std::flush;
+    std::string answer;
+    std::getline(std::cin, answer);
+    return answer == "y" || answer == "Y" || answer == "yes";
+}
+
 /// The desktop's own way, where there is a desktop.
 bool openAddress(const QString& address)
 {
@@ -39,8 +47,10 @@ void endSoon()
 
 int main(int argc, char** argv)
 {
+    const bool canAsk = isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
     cli::CommandLine commandLine({std::cout, std::cerr, cli::Terminal::ofStdout(), keloServe,
                                   endOnInterrupt, waitASecond, endSoon, cli::UserState::ofProcess(),
+                                  canAsk ? confirm : std::function<bool(const QString&)>(),
                                   openAddress});
     return commandLine.run(std::vector<std::string>(argv + 1, argv + argc));
 }

@@ -63,7 +63,7 @@ TEST(CommandLine, HelpShowsExamplesBeforeOptions)
              {{"--help"}, "kelo [OPTIONS] COMMAND"},
              {{"rows", "--nonsense", "-h"}, "kelo rows [OPTIONS] PATH"},
              {{"playlist"}, "kelo playlist [OPTIONS] COMMAND"},
-             {{"help", "playlist", "add"}, "kelo playlist add [OPTIONS] ID PATH..."}}) {
+             {{"help", "playlist", "add"}, "kelo playlist add [OPTIONS] PLAYLIST PATH..."}}) {
         const auto run = streamer.run(arguments);
         EXPECT_EQ(run.status, 0);
         EXPECT_THAT(run.out, HasSubstr("\n\nExamples:\n  kelo "));

@@ -25,8 +25,8 @@ TEST(Completion, FollowsTheCommandStructureAndTheTree)
     addTree(streamer);
     const std::string albums = "/tidal/req/new/albums";
     for (const auto& [line, expected] : Table<std::string, std::string>{
-             {"kelo pl",
-              "words|playlist\tMake and change playlists.|play\tPlay a row, a list or a track."},
+             {"kelo pl", "words|playlist\tShow, make and change playlists.|play\tPlay a row, a "
+                         "list or a track."},
              {"kelo --json playlist ren", "words|rename\tGive a playlist another title; without a "
                                           "description it keeps its own."},
              {"kelo rows --from 3 --f", "words|--follow\tShow them again whenever they change"},

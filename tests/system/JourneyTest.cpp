@@ -115,7 +115,7 @@ TEST_F(JourneyServiceTest, anEditThatDoesNotHappenIsSaid)
         EXPECT_EQ(edit.out.toStdString(), "");
         EXPECT_TRUE(edit.err.contains(reason)) << edit.err.toStdString();
     };
-    isRefused({"delete", "p2"}, "none of your playlists has the id p2");
+    isRefused({"delete", "p2"}, "none of your playlists has the title or id p2");
     isRefused({"add", id, offered[2], "/tidal/nowhere"}, "nothing at /tidal/nowhere");
     isRefused({"remove", id, "2"}, "there is no row 2, the last one is 1"); // none was added
     for (const char* fault : {"status=200 body=none method=POST path=/playlists",

@@ -34,6 +34,8 @@ struct CommandContext
     std::function<void()> endOnInterrupt = {};
     /// Waits before something is asked for again; false, or none: it is not to be.
     std::function<bool()> waitASecond = {};
+    /// Asks a person who can say no; none: nobody is there.
+    std::function<bool(const QString&)> confirm = {};
     /// Opens an address in the desktop's browser; false, or none: there is no desktop.
     std::function<bool(const QString&)> openAddress = {};
 

@@ -91,7 +91,7 @@ CommandLine::CommandLine(Surroundings surroundings)
             m_program.commands.append(command);
         }
     }
-    m_program.hidden = {completeCommand(m_program, m_server, m_around.endSoon),
+    m_program.hidden = {completeCommand(m_program, m_server, m_around.state, m_around.endSoon),
                         manualCommand(m_program)};
     addCommonOptions(m_program);
 }
@@ -224,7 +224,7 @@ int CommandLine::runCommand(const Command& command)
     ApiClient api(m_server);
     return command.ask(CommandContext{api, m_terminal, m_around.state, m_isJson, m_fields,
                                       m_around.endOnInterrupt, m_around.waitASecond,
-                                      m_around.openAddress});
+                                      m_around.confirm, m_around.openAddress});
 }
 
 } // namespace cli

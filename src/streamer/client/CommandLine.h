@@ -31,6 +31,8 @@ public:
         /// in silence, when it takes longer.
         std::function<void()> endSoon = {};
         UserState state = {};
+        /// Asks a person who can say no; none: nobody is there.
+        std::function<bool(const QString&)> confirm = {};
         /// Opens an address in the desktop's browser; false, or none: there is no desktop.
         std::function<bool(const QString&)> openAddress = {};
     };

@@ -9,8 +9,9 @@
 namespace cli {
 
 Command rowsCommand();
-/// Prints the first page of a list, as `kelo rows` does.
-int showRows(const CommandContext& context, const QString& path);
+/// Prints the first page of a list, as `kelo rows` does; where a person looks without the paths,
+/// unless \p hasPaths.
+int showRows(const CommandContext& context, const QString& path, bool hasPaths = true);
 Command dataCommand();
 Command setCommand();
 Command watchCommand();
@@ -43,7 +44,7 @@ Command doctorCommand();
 Command completionCommand();
 /// What the completion scripts call: the line that is typed (bash), or its words (zsh). \p endSoon
 /// is called before the streamer at \p server is asked, if it is set.
-Command completeCommand(const Command& program, const QString& server,
+Command completeCommand(const Command& program, const QString& server, const UserState& state,
                         std::function<void()> endSoon);
 /// Prints a manual page, for installing.
 Command manualCommand(const Command& program);

@@ -11,21 +11,30 @@ namespace {
 const char* const bashScript = R"(# Completion of kelo's command line for bash.
 _kelo()
 {
-    local kind= line
+    local kind= line notes=()
     COMPREPLY=()
     {
         IFS= read -r kind
         while IFS= read -r line; do
             COMPREPLY+=("${line%%$'\t'*}")
+            line=${line#*$'\t'}
+            notes+=("${line:+  (${line//\//∕})}")
         done
     } < <("${1/#\~/$HOME}" complete --line "${COMP_LINE:0:COMP_POINT}" \
         --breaks "$COMP_WORDBREAKS" 2>/dev/null)
     case $kind in
         parts) compopt -o nospace -o nosort -o filenames ;; # quotes what a shell would act on
+        titles) compopt -o nosort -o filenames ;;
         files) compopt -o default ;;
         folders) compopt -o dirnames ;;
         *) compopt -o nosort ;;
     esac
+    # A list that is only shown says what each is.
+    if [[ ${COMP_TYPE-} == 63 && ${#COMPREPLY[@]} -gt 1 ]]; then
+        for line in "${!COMPREPLY[@]}"; do
+            COMPREPLY[line]+=${notes[line]}
+        done
+    fi
 } && complete -F _kelo kelo
 )";
 
@@ -49,7 +58,7 @@ _kelo()
         folders) _files -/ ;;
         # Rows below what is typed need not begin with it, so these replace the word.
         parts) compadd -U -S '' -V kelo -l -d notes -a matches ;;
-        words) compadd -V kelo -l -d notes -a matches ;;
+        words | titles) compadd -V kelo -l -d notes -a matches ;;
     esac
 }
 
@@ -68,12 +77,13 @@ struct CompleteCommand
     QString breaks;
     QStringList words;
 
-    int run(Terminal& terminal, const Command& program, const QString& server) const
+    int run(Terminal& terminal, const Command& program, const QString& server,
+            const UserState& state) const
     {
         const ShellLine typed =
             words.isEmpty() ? ShellLine::parse(line, breaks) : ShellLine{words, 0};
-        const Completion found = Completion::find(program, typed.words, server);
-        static const char* const kinds[] = {"words", "parts", "files", "folders"};
+        const Completion found = Completion::find(program, typed.words, server, state);
+        static const char* const kinds[] = {"words", "parts", "titles", "files", "folders"};
         terminal.line(kinds[static_cast<int>(found.kind)]);
         const QString fixed = typed.words.last().left(typed.fixed);
         for (const Completion::Candidate& candidate : keepStarting(found.candidates, fixed))
@@ -96,7 +106,7 @@ Command completionCommand()
         });
 }
 
-Command completeCommand(const Command& program, const QString& server,
+Command completeCommand(const Command& program, const QString& server, const UserState& state,
                         std::function<void()> endSoon)
 {
     const auto command = std::make_shared<CompleteCommand>();
@@ -104,11 +114,12 @@ Command completeCommand(const Command& program, const QString& server,
         .option("--line LINE", command->line, "")
         .option("--breaks CHARACTERS", command->breaks, "")
         .option("[WORD]", command->words, "")
-        .runs([command, &program, &server, endSoon = std::move(endSoon)](Terminal& terminal) {
-            if (endSoon)
-                endSoon();
-            return command->run(terminal, program, server);
-        });
+        .runs(
+            [command, &program, &server, &state, endSoon = std::move(endSoon)](Terminal& terminal) {
+                if (endSoon)
+                    endSoon();
+                return command->run(terminal, program, server, state);
+            });
 }
 
 } // namespace cli

@@ -1,6 +1,7 @@
 #include "client/Completion.h"
 
 #include "client/CommandPlace.h"
+#include "client/DisplayText.h"
 #include "client/TreePaths.h"
 #include "settings/SettingsKeys.h"
 
@@ -40,19 +41,38 @@ Completion settings(const QString& prefix)
     return result;
 }
 
+/// The rows that the terminal listed last: all by their numbers while nothing is typed, then by
+/// their titles.
+Completion listedRows(const UserState& state, const QString& server, const QString& prefix)
+{
+    Completion result;
+    const Listing listing = state.listing(server).value_or(Listing());
+    for (const ListedRow& row : listing.rows) {
+        const QString title = shown(row.title);
+        if (row.path.isEmpty())
+            continue;
+        if (prefix.isEmpty())
+            result.candidates.append({QString::number(row.number), title});
+        else if (listing.called(row.title).size() == 1)
+            result.candidates.append({title, {}});
+    }
+    result.kind = prefix.isEmpty() ? Completion::Kind::Words : Completion::Kind::Titles;
+    return result;
+}
+
 /// What a value is called in help says what it is.
 Completion values(const Command& program, const Option& option, const QString& prefix,
-                  const QString& server)
+                  const QString& server, const UserState& state)
 {
     Completion result;
     const QString& value = option.value;
     const bool hasStreamer = ApiClient::isServerAddress(server);
     if (!option.target.choices.isEmpty())
         result.candidates = ofWords(option.target.choices);
-    else if (value == "PATH" && hasStreamer)
-        return {treePaths(server, prefix), Completion::Kind::Parts};
-    else if (value == "ID" && hasStreamer)
-        result.candidates = playlistIds(server);
+    else if (value == "PATH" && !prefix.startsWith('/'))
+        result = listedRows(state, server, prefix);
+    else if (value == "PLAYLIST" && hasStreamer)
+        result = {playlistNames(server, prefix), Completion::Kind::Titles};
     else if (value == "FILE")
         result.kind = Completion::Kind::Files;
     else if (value == "FOLDER")
@@ -67,12 +87,14 @@ Completion values(const Command& program, const Option& option, const QString& p
         result.candidates =
             ofWords({"auto", "null", "alsasink", "jackaudiosink", "pipewiresink", "pulsesink"});
     result.candidates = keepStarting(result.candidates, prefix);
-    return result;
+    const bool isPath = value == "PATH" && hasStreamer && result.candidates.isEmpty();
+    return isPath ? Completion{treePaths(server, prefix), Completion::Kind::Parts} : result;
 }
 
 } // namespace
 
-Completion Completion::find(const Command& program, const QStringList& words, QString server)
+Completion Completion::find(const Command& program, const QStringList& words, QString server,
+                            const UserState& state)
 {
     CommandPlace place(program);
     for (int i = 1; i + 1 < words.size(); ++i) {
@@ -85,11 +107,11 @@ Completion Completion::find(const Command& program, const QStringList& words, QS
     const QString word = words.size() > 1 ? words.last() : QString();
     const bool isOption = !place.hasOptionsEnded && word.startsWith('-');
     if (place.waiting) {
-        result = values(program, *place.waiting, word, server);
+        result = values(program, *place.waiting, word, server, state);
     } else if (isOption && word.contains('=')) {
         const QString name = word.section('=', 0, 0);
         if (const Option* option = command.findOption(name)) {
-            result = values(program, *option, word.mid(name.size() + 1), server);
+            result = values(program, *option, word.mid(name.size() + 1), server, state);
             for (Candidate& candidate : result.candidates)
                 candidate.text.prepend(name + '=');
         }
@@ -99,7 +121,7 @@ Completion Completion::find(const Command& program, const QStringList& words, QS
         result.candidates = commandsOf(command);
     } else if (!isOption && !command.arguments.isEmpty()) {
         const Option* argument = place.nextArgument();
-        return argument ? values(program, *argument, word, server) : result;
+        return argument ? values(program, *argument, word, server, state) : result;
     } else if (isOption || word.isEmpty()) {
         for (const Option& option : command.options) {
             if (option.target.isMany || !place.given.contains(&option))

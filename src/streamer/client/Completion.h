@@ -18,6 +18,7 @@ struct Completion
     enum class Kind {
         Words,   ///< a blank follows
         Parts,   ///< more may follow without a blank
+        Titles,  ///< a blank follows; they hold what a shell acts on
         Files,   ///< the shell completes names of files
         Folders, ///< and of folders
     };
@@ -26,8 +27,9 @@ struct Completion
     Kind kind = Kind::Words;
 
     /// \p words begin with the program's name; the last one is being typed. \p server is asked
-    /// where the words name no other.
-    static Completion find(const Command& program, const QStringList& words, QString server);
+    /// where the words name no other. \p state has the rows that go by numbers and titles.
+    static Completion find(const Command& program, const QStringList& words, QString server,
+                           const UserState& state);
 };
 
 /// The candidates that begin with \p prefix.

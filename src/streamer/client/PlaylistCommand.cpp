@@ -1,6 +1,7 @@
 #include "client/Commands.h"
 #include "client/DisplayText.h"
 #include "client/PathText.h"
+#include "client/RowNames.h"
 #include "client/TreeWalk.h"
 
 namespace cli {
@@ -72,14 +73,17 @@ QString quotedTitle(const QJsonObject& row)
 /// looked at afterwards.
 struct PlaylistCommand
 {
-    QString id; ///< the playlist's, or the path of its row
+    QString name; ///< what a person calls the playlist by, see findPlaylist()
     QString title;
     QString description;
     QStringList paths; ///< rows to add
     int row = 0;
     int target = 0;
     bool isDryRun = false;
+    bool isSure = false; ///< nothing is asked
 
+    int list(const CommandContext& context) const;
+    int show(const CommandContext& context) const;
     int create(const CommandContext& context) const;
     int rename(const CommandContext& context) const;
     int destroy(const CommandContext& context) const;
@@ -89,7 +93,7 @@ struct PlaylistCommand
     int move(const CommandContext& context) const;
 
 private:
-    QJsonObject findPlaylist(TreeWalk& walk) const;
+    QJsonObject findPlaylist(const CommandContext& context, TreeWalk& walk) const;
     EditSteps fillForm(TreeWalk& walk, const QString& form) const;
     /// Sends the steps if everything was found, and has \p check refuse when the edit has not
     /// happened.
@@ -97,15 +101,37 @@ private:
                const QString& done, const std::function<void()>& check = nullptr) const;
 };
 
-QJsonObject PlaylistCommand::findPlaylist(TreeWalk& walk) const
+/// By id, path, title, or number in what the terminal listed last.
+QJsonObject PlaylistCommand::findPlaylist(const CommandContext& context, TreeWalk& walk) const
 {
-    return walk.need(
-        walk.ownPlaylists(),
-        [this](const QJsonObject& row) {
-            return isOfType(row, "Container") &&
-                   (textIn(row, "Id") == id || textIn(row, "Path") == id);
-        },
-        QStringLiteral("none of your playlists has the id %1").arg(shown(id)));
+    const auto listing = context.state.listing(context.api.server());
+    bool isNumber = false;
+    const int number = name.toInt(&isNumber);
+    const ListedRow* listed = isNumber && listing ? listing->at(number) : nullptr;
+    const QString wanted = listed ? listed->path : name;
+
+    QVector<QJsonObject> own;
+    Listing titles;
+    const QJsonObject found = walk.find(walk.ownPlaylists(), [&](const QJsonObject& row) {
+        if (!isOfType(row, "Container"))
+            return false;
+        titles.rows.append({own.size(), textIn(row, "Title"), textIn(row, "Path")});
+        own.append(row);
+        return textIn(row, "Id") == wanted || textIn(row, "Path") == wanted;
+    });
+    if (!found.isEmpty())
+        return found;
+    const QVector<ListedRow> named = titles.called(wanted);
+    if (named.isEmpty())
+        walk.refuse(QStringLiteral("none of your playlists has the title or id %1 (kelo playlist "
+                                   "list)")
+                        .arg(shown(wanted)));
+    else if (named.size() > 1)
+        walk.refuse(QStringLiteral("%1 of your playlists may be \"%2\"; take a number of kelo "
+                                   "playlist list")
+                        .arg(named.size())
+                        .arg(shown(wanted)));
+    return named.isEmpty() ? QJsonObject() : own.at(named.first().number);
 }
 
 /// Both fields are filled, so that nothing of an earlier, failed submission is sent along.
@@ -144,6 +170,20 @@ int PlaylistCommand::finish(const CommandContext& context, TreeWalk& walk, const
     return context.finish(walk.reply());
 }
 
+int PlaylistCommand::list(const CommandContext& context) const
+{
+    TreeWalk walk(context.api);
+    const QString all = walk.ownPlaylists();
+    return walk.isDone() ? showRows(context, all, false) : context.finish(walk.reply());
+}
+
+int PlaylistCommand::show(const CommandContext& context) const
+{
+    TreeWalk walk(context.api);
+    const QString path = textIn(findPlaylist(context, walk), "Path");
+    return walk.isDone() ? showRows(context, path, false) : context.finish(walk.reply());
+}
+
 int PlaylistCommand::create(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
@@ -169,7 +209,7 @@ int PlaylistCommand::create(const CommandContext& context) const
 int PlaylistCommand::rename(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
-    const QJsonObject playlist = findPlaylist(walk);
+    const QJsonObject playlist = findPlaylist(context, walk);
     const QJsonObject form = walk.inMenu(contextPath(playlist), "Container", "updatePlaylists");
     return finish(context, walk, fillForm(walk, textIn(form, "Path")),
                   QStringLiteral("renamed %1 to \"%2\"").arg(quotedTitle(playlist), shown(title)));
@@ -178,8 +218,12 @@ int PlaylistCommand::rename(const CommandContext& context) const
 int PlaylistCommand::destroy(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
-    const QJsonObject playlist = findPlaylist(walk);
+    const QJsonObject playlist = findPlaylist(context, walk);
     const QJsonObject action = walk.inMenu(contextPath(playlist), "Action", "removeFromPlaylists");
+    const bool isAsked = walk.isDone() && !isDryRun && !isSure && context.confirm;
+    if (isAsked &&
+        !context.confirm(QStringLiteral("delete the playlist %1?").arg(quotedTitle(playlist))))
+        return context.finish(ApiReply::refusal("not deleted"));
     return finish(context, walk, {{textIn(action, "Path")}},
                   QStringLiteral("deleted %1").arg(quotedTitle(playlist)), [&] {
                       const TreeWalk::Match isIt = hasId(textIn(playlist, "Id"));
@@ -192,12 +236,15 @@ int PlaylistCommand::destroy(const CommandContext& context) const
 int PlaylistCommand::add(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
-    const QJsonObject playlist = findPlaylist(walk);
+    const QJsonObject playlist = findPlaylist(context, walk);
     const QString list = textIn(playlist, "Path");
     const int before = walk.count(list);
     const TreeWalk::Match isWanted = hasId(textIn(playlist, "Id"));
     EditSteps steps;
-    for (const QString& path : paths) {
+    const auto named = namedPaths(context, paths);
+    if (!named)
+        return ExitRefused;
+    for (const QString& path : *named) {
         const QJsonObject chooser = walk.inMenu(walk.menuOf(path), "Container", "addToPlaylists");
         const QJsonObject action = walk.need(
             textIn(chooser, "Path"),
@@ -221,7 +268,7 @@ int PlaylistCommand::add(const CommandContext& context) const
 int PlaylistCommand::remove(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
-    const QString list = textIn(findPlaylist(walk), "Path");
+    const QString list = textIn(findPlaylist(context, walk), "Path");
     const QJsonObject item = walk.rowAt(list, row);
     const QString path = textIn(item, "Path");
     const QJsonObject action = walk.inMenu(contextPath(item), "Action", "removeFromPlaylists");
@@ -240,7 +287,7 @@ int PlaylistCommand::remove(const CommandContext& context) const
 int PlaylistCommand::move(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
-    const QJsonObject item = walk.rowAt(textIn(findPlaylist(walk), "Path"), row);
+    const QJsonObject item = walk.rowAt(textIn(findPlaylist(context, walk), "Path"), row);
     const QString menu = textIn(walk.inMenu(contextPath(item), "Container", "moveTrack"), "Path");
     const QJsonObject field = walk.inMenu(menu, "Text", "moveTrack");
     const QJsonObject action = walk.inMenu(menu, "Action", "moveTrack");
@@ -253,46 +300,59 @@ int PlaylistCommand::move(const CommandContext& context) const
 
 Command playlistCommand()
 {
+    using Run = int (PlaylistCommand::*)(const CommandContext&) const;
     const auto values = std::make_shared<PlaylistCommand>();
-    Command all("playlist", "Make and change playlists.",
+    Command all("playlist", "Show, make and change playlists.",
+                "kelo playlist list\n"
+                "kelo playlist show 'Morning commute'\n"
                 "kelo playlist create 'Late evening' --description 'quiet ones'\n"
-                "kelo playlist add ID PATH PATH\n"
-                "kelo playlist move ID 3 0 --dry-run");
+                "kelo playlist add 'Late evening' 0 1    rows of what was listed last");
     const auto add = [&](const QString& name, const QString& text, const QString& examples,
-                         int (PlaylistCommand::*run)(const CommandContext&) const) -> Command& {
+                         Run run) -> Command& {
         all.commands.append(
-            Command(name, text, examples)
-                .option("--dry-run", values->isDryRun, "Only say what would be sent")
-                .asks([values, run](const CommandContext& context) {
-                    return (*values.*run)(context);
-                }));
+            Command(name, text, examples).asks([values, run](const CommandContext& context) {
+                return (*values.*run)(context);
+            }));
         return all.commands.last();
+    };
+    const auto addEdit = [&](const QString& name, const QString& text, const QString& examples,
+                             Run run) -> Command& {
+        return add(name, text, examples, run)
+            .option("--dry-run", values->isDryRun, "Only say what would be sent");
     };
     const auto addTitle = [&](Command& command) {
         command.option("TITLE", values->title, "Its title")
             .option("--description TEXT", values->description, "Its description");
     };
-    const auto addId = [&](Command& command) -> Command& {
-        return command.option("ID", values->id, "The playlist's id, or its row's path");
+    const auto addName = [&](Command& command) -> Command& {
+        return command.option("PLAYLIST", values->name,
+                              "The playlist's title or id, or its number in what was listed last");
     };
-    addTitle(add("create", "Make a playlist and print its id.",
-                 "kelo playlist create 'Late evening'\n"
-                 "kelo playlist create -- '-1-'",
-                 &PlaylistCommand::create));
-    addTitle(addId(add("rename",
-                       "Give a playlist another title; without a description it keeps its own.",
-                       "kelo playlist rename ID 'Early morning'", &PlaylistCommand::rename)));
-    addId(
-        add("delete", "Delete a playlist.", "kelo playlist delete ID", &PlaylistCommand::destroy));
-    addId(add("add", "Add tracks, albums or other playlists at the end of a playlist.",
-              "kelo playlist add ID PATH PATH", &PlaylistCommand::add))
+    add("list", "List your playlists.", "kelo playlist list", &PlaylistCommand::list);
+    addName(add("show", "List what is in a playlist.", "kelo playlist show 'Morning commute'",
+                &PlaylistCommand::show));
+    addTitle(addEdit("create", "Make a playlist and print its id.",
+                     "kelo playlist create 'Late evening'\n"
+                     "kelo playlist create -- '-1-'",
+                     &PlaylistCommand::create));
+    addTitle(addName(addEdit(
+        "rename", "Give a playlist another title; without a description it keeps its own.",
+        "kelo playlist rename 'Morning commute' 'Early morning'", &PlaylistCommand::rename)));
+    addName(addEdit("delete", "Delete a playlist, once you have said yes where a terminal can ask.",
+                    "kelo playlist delete 'Films only'\n"
+                    "kelo playlist delete 'Films only' --yes",
+                    &PlaylistCommand::destroy))
+        .option("-y --yes", values->isSure, "Ask nothing");
+    addName(addEdit("add", "Add tracks, albums or other playlists at the end of a playlist.",
+                    "kelo playlist add 'Morning commute' 0 1    rows of what was listed last",
+                    &PlaylistCommand::add))
         .option("PATH", values->paths, "Rows, or their menus");
     const char* const number = "The row's number, from 0 on";
-    addId(add("remove", "Remove one row of a playlist.", "kelo playlist remove ID 4",
-              &PlaylistCommand::remove))
+    addName(addEdit("remove", "Remove one row of a playlist.",
+                    "kelo playlist remove 'Morning commute' 4", &PlaylistCommand::remove))
         .option("ROW", {values->row, 0, INT_MAX}, number);
-    addId(add("move", "Move one row of a playlist.", "kelo playlist move ID 3 0",
-              &PlaylistCommand::move))
+    addName(addEdit("move", "Move one row of a playlist.",
+                    "kelo playlist move 'Morning commute' 3 0", &PlaylistCommand::move))
         .option("FROM", {values->row, 0, INT_MAX}, number)
         .option("TO", {values->target, 0, INT_MAX}, "The number it gets");
     return all;

@@ -20,6 +20,7 @@ struct RowsCommand
     int to = 49;
     QString roles; ///< names with commas; empty: the streamer's usual ones
     bool isFollowing = false;
+    bool hasPaths = true;
 
     int run(const CommandContext& context) const;
 
@@ -65,7 +66,7 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
         terminal.styled(cut(RowsTable::heading(page), qMax(8, terminal.width() - columns(count))),
                         Terminal::Style::Bold) +
         terminal.styled(count, Terminal::Style::Dim));
-    lines += RowsTable(terminal, page).lines();
+    lines += RowsTable(terminal, page, {-1, -1, hasPaths}).lines();
     return reply;
 }
 
@@ -157,9 +158,10 @@ Command rowsCommand()
         });
 }
 
-int showRows(const CommandContext& context, const QString& path)
+int showRows(const CommandContext& context, const QString& path, bool hasPaths)
 {
     RowsCommand rows;
+    rows.hasPaths = hasPaths;
     rows.path = path;
     return rows.run(context);
 }

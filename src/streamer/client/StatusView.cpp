@@ -83,7 +83,7 @@ QString StatusView::volume() const
 QString StatusView::named(const QString& name) const
 {
     const QString text = name == "volume" ? volume() : m_modes.value(name);
-    return text.isEmpty() ? QString() : joined(name, "  ", text);
+    return text.isEmpty() ? QString() : joined(name, m_terminal.hasWidth() ? "  " : "\t", text);
 }
 
 QStringList StatusView::block() const

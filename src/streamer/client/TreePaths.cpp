@@ -73,14 +73,24 @@ Completion::Candidates treePaths(const QString& server, const QString& prefix)
     return prefix.endsWith('/') && !below.isEmpty() ? below : searched(api, prefix);
 }
 
-Completion::Candidates playlistIds(const QString& server)
+Completion::Candidates playlistNames(const QString& server, const QString& prefix)
 {
     ApiClient api(server);
-    Candidates result;
     TreeWalk walk(api);
-    for (const QJsonObject& row : rowsIn(walk.page(walk.ownPlaylists()))) {
-        if (isOfType(row, "Container") && !textIn(row, "Id").isEmpty())
-            result.append({shown(textIn(row, "Id")), shown(textIn(row, "Title"))});
+    const QJsonObject page = walk.page(walk.ownPlaylists());
+    Listing titles;
+    titles.add(page);
+    Candidates result;
+    for (const QJsonObject& row : rowsIn(page)) {
+        const QString title = shown(textIn(row, "Title"));
+        const QString id = shown(textIn(row, "Id"));
+        if (!isOfType(row, "Container") || id.isEmpty())
+            continue;
+        const bool isUnique = titles.called(textIn(row, "Title")).size() == 1;
+        if (isUnique)
+            result.append({title, shown(textIn(row, "Description"))});
+        if (!isUnique || (!prefix.isEmpty() && !title.startsWith(prefix)))
+            result.append({id, title});
     }
     return result;
 }

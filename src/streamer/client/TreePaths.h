@@ -11,7 +11,8 @@ namespace cli {
 /// path, else found from the top on. Behind a slash all rows below, since their paths need not
 /// begin with their parent's.
 Completion::Candidates treePaths(const QString& server, const QString& prefix);
-/// The user's own playlists: ids, with the titles as notes.
-Completion::Candidates playlistIds(const QString& server);
+/// The user's own playlists: their titles, or the ids, with the titles as notes, of those that
+/// share a title or where \p prefix begins one.
+Completion::Candidates playlistNames(const QString& server, const QString& prefix);
 
 } // namespace cli
