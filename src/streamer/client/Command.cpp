@@ -137,7 +137,7 @@ QString Command::usage() const
         words.append(argument.isRequired ? name : '[' + name + ']');
     }
     if (!commands.isEmpty())
-        words.append("COMMAND");
+        words.append(ask ? "[COMMAND]" : "COMMAND");
     return words.join(' ');
 }
 

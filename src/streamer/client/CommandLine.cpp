@@ -78,7 +78,7 @@ CommandLine::CommandLine(Surroundings surroundings)
           playerCommand("resume", "Go on after a pause."), toggleCommand(),
           playerCommand("stop", "Stop."), playerCommand("next", "Play the next item."),
           playerCommand("previous", "Play the previous item."), seekCommand(), volumeCommand(),
-          muteCommand(), statusCommand()}},
+          muteCommand(), statusCommand(), queueCommand(), shuffleCommand(), repeatCommand()}},
         {"Log in", {loginCommand(), logoutCommand()}},
         {"Run",
          {serveCommand(m_around.serve), configCommand(), doctorCommand(), completionCommand(),

@@ -33,6 +33,14 @@ Command toggleCommand();
 Command volumeCommand();
 Command muteCommand();
 Command statusCommand();
+Command queueCommand();
+/// The version of the queue that the positions a person types are of: what this terminal listed
+/// last, else the present one; nothing when it cannot be had, which is printed.
+std::optional<qint64> queueVersion(const CommandContext& context);
+/// Plays what stands at a position of the queue.
+int jumpInQueue(const CommandContext& context, int position, qint64 version);
+Command shuffleCommand();
+Command repeatCommand();
 
 Command loginCommand();
 Command logoutCommand();

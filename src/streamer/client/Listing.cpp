@@ -14,8 +14,11 @@ void Listing::add(const QJsonObject& page, int limit, int first)
     for (const QJsonObject& row : rowsIn(page).mid(0, limit)) {
         if (rows.size() >= mostRows)
             return;
-        rows.append(
-            {number++, textIn(row, "Title"), textIn(row, "Path"), textIn(page, "path"), index++});
+        const bool isOfQueue = row.contains("List"); // whose rows are of many lists
+        rows.append({number++, textIn(row, "Title"), textIn(row, "Path"),
+                     isOfQueue ? textIn(row, "List") : textIn(page, "path"),
+                     isOfQueue ? row.value("Index").toInt(-1) : index, queueVersion});
+        ++index;
     }
 }
 
@@ -69,8 +72,8 @@ Listing Listing::fromJson(const QByteArray& text)
     result.queueVersion = document.value("queueVersion").toVariant().toLongLong();
     for (const QJsonObject& row : rowsIn(document))
         result.rows.append({row.value("number").toInt(-1), textIn(row, "title"),
-                            textIn(row, "path"), textIn(row, "list"),
-                            row.value("index").toInt(-1)});
+                            textIn(row, "path"), textIn(row, "list"), row.value("index").toInt(-1),
+                            result.queueVersion});
     return result;
 }
 

@@ -15,6 +15,7 @@ struct ListedRow
     QString path = {};
     QString list = {}; ///< the list that it stood in, and where; empty for a path that was typed
     int index = -1;
+    qint64 queueVersion = -1; ///< where the number is a position in the player's queue
 };
 
 /// The numbered rows that a terminal showed last. A plain value, kept by UserState.

@@ -39,10 +39,12 @@ QVector<Option> ownOptions(const Command& command, const Command& program)
 void addCommand(ManualText& page, const Command& command, const QString& words,
                 const Command& program)
 {
-    for (const Command& below : command.commands)
-        addCommand(page, below, words + ' ' + below.name, program);
-    if (!command.commands.isEmpty())
-        return;
+    const auto addBelow = [&] {
+        for (const Command& below : command.commands)
+            addCommand(page, below, words + ' ' + below.name, program);
+    };
+    if (!command.ask && !command.run)
+        return addBelow();
     const QVector<Option> options = ownOptions(command, program);
     QString usage = words;
     if (!options.isEmpty())
@@ -55,6 +57,7 @@ void addCommand(ManualText& page, const Command& command, const QString& words,
     addOptions(page, options);
     page.lines(command.examples);
     page.end();
+    addBelow();
 }
 
 const Tagged exitStatuses{
@@ -66,8 +69,11 @@ const Tagged exitStatuses{
 
 const Tagged environment{
     {"KELO_SERVER", "The address of the streamer, where `--server` does not say it."},
+    {"LANG", "The language of rows; `LC_ALL` and `LC_MESSAGES` go first."},
     {"NO_COLOR", "Not empty: no colours. Pipes and dumb terminals get none anyway."},
     {"COLUMNS", "The width to print for, where the terminal is not to decide."},
+    {"XDG_RUNTIME_DIR",
+     "Where what each terminal listed last is kept, else in XDG_CACHE_HOME, else in `~/.cache`."},
     {"XDG_CONFIG_HOME", "Where the user's settings are; `~/.config` when it is not set."},
     {"XDG_STATE_HOME", "Where logins and the queue are kept; `~/.local/state` when it is not set."},
     {"STATE_DIRECTORY", "The same, as a service manager says it; it goes first."},
@@ -97,9 +103,19 @@ QString commandManual(const Command& program, const QString& date)
         "--demo` starts one with a simulated service inside, which needs no account.");
     page.paragraph(
         "A path is one word and names a node of the tree. It may hold characters that a shell acts "
-        "on, so put it in quotes; the commands print paths ready to paste. With `--json` a command "
-        "prints one JSON document, for scripts; a command that follows something prints one a "
-        "line. Where one end of a pipe is no terminal there are no colours.");
+        "on, so put it in quotes; the commands print paths ready to paste. Wherever a path is "
+        "wanted, the number of a row will do that this terminal listed last (by `rows`, `search`, "
+        "`menu`, `playlist` or `queue`), or its title, or the beginning of it, where only one row "
+        "there has it. Numbers begin with 0.");
+    page.paragraph(
+        "With `--json` a command prints one JSON document, for scripts; a command that follows "
+        "something prints one a line. `--json` FIELDS, or `--json=`FIELDS where the command still "
+        "takes words, prints of each row the named fields alone. An error is then a JSON document, "
+        "too, on the standard error: its text is `error`, what the streamer said is `problem`. "
+        "Without it what goes into a pipe has tabs between its columns and no colours: number, "
+        "type, title, description and path of a row; of a search the kind comes first.");
+    page.paragraph("Rows are in the language that the environment asks for, as far as the streamer "
+                   "has it; help, errors and what the player and the login say are in English.");
     page.heading("Options");
     addOptions(page, program.options);
     page.heading("Commands");

@@ -103,7 +103,8 @@ int makeFavorite(const CommandContext& context, const QString& path, const QStri
 Command menuCommand()
 {
     const auto path = std::make_shared<QString>();
-    return Command("menu", "Show the context menu of a row.", "kelo menu PATH")
+    return Command("menu", "Show the context menu of a row.",
+                   "kelo menu 3        of row 3 of what was listed last")
         .option("PATH", *path, "A row, a list, or a menu's own path")
         .asks([path](const CommandContext& context) {
             return atPath(context, *path,
@@ -121,7 +122,7 @@ Command favoriteCommand()
     const auto values = std::make_shared<Values>();
     const QStringList wishes{"on", "off"};
     return Command("favorite", "Make a row a favorite, or take that back.",
-                   "kelo favorite PATH\nkelo favorite PATH off")
+                   "kelo favorite 3\nkelo favorite 3 off")
         .option("PATH", values->path, "The row")
         .option("[WISH]", {values->wish, wishes}, "on or off (the other one than now)")
         .asks([values](const CommandContext& context) {

@@ -87,7 +87,7 @@ Command dataCommand()
 {
     const auto data = std::make_shared<DataCommand>();
     return Command("data", "Show a node's data.",
-                   "kelo data /settings/tidal/soundQuality\nkelo data PATH --roles Title")
+                   "kelo data /settings/tidal/soundQuality\nkelo data 0 --roles Title")
         .option("PATH", data->path, "The node")
         .option("--roles A,B", data->roles, "Roles wanted, with commas between")
         .asks([data](const CommandContext& context) {
@@ -102,7 +102,7 @@ Command setCommand()
 {
     const auto set = std::make_shared<SetCommand>();
     return Command("set", "Send a value to a node: activate, store, submit.",
-                   "kelo set PATH\nkelo set /settings/tidal/soundQuality 2")
+                   "kelo set /settings/tidal/soundQuality 2\nkelo set 0")
         .option("PATH", set->path, "The node")
         .option("[VALUE]", set->value, "The value as JSON (1)")
         .asks([set](const CommandContext& context) {

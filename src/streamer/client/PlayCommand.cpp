@@ -64,6 +64,8 @@ int PlayCommand::run(const CommandContext& context) const
     if (name.isEmpty())
         return tellPlayer(context, "resume");
     const auto row = namedRow(context, name);
+    if (row && row->queueVersion >= 0)
+        return jumpInQueue(context, row->number, row->queueVersion);
     return row ? play(context, *row) : ExitRefused;
 }
 

@@ -1,7 +1,5 @@
 #include "client/PlayerCall.h"
 
-#include "client/StatusView.h"
-
 namespace cli {
 
 int tellPlayer(const CommandContext& context, const QString& action, const QByteArray& body)
@@ -17,6 +15,13 @@ int tellPlayer(const CommandContext& context, const QString& action, const QByte
         else
             context.terminal.line(view.oneLine(action != "play")); // which starts an item
     });
+}
+
+int showPlayer(const CommandContext& context, const std::function<QString(const StatusView&)>& line)
+{
+    const ApiReply reply = context.api.get("player");
+    return context.show(
+        reply, [&] { context.terminal.line(line(StatusView(context.terminal, reply.document))); });
 }
 
 } // namespace cli

@@ -144,7 +144,9 @@ Command rowsCommand()
 {
     const auto rows = std::make_shared<RowsCommand>();
     return Command("rows", "Show a page of a container's rows.",
-                   "kelo rows /tidal\nkelo rows PATH --from 50 --to 99\nkelo rows PATH --follow")
+                   "kelo rows /tidal\nkelo rows 0\nkelo rows /tidal/req/featured/new/albums --from "
+                   "50 --to 99\n"
+                   "kelo rows /tidal/myMusic --json Title,Path")
         .option("PATH", rows->path, "The container")
         .option("--from N", rows->from, "First row (0)")
         .option("--to N", rows->to, "Last row (49)")

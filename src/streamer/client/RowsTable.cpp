@@ -17,6 +17,12 @@ QString roleText(const QJsonObject& row, const char* role)
     return shown(row.value(role).toVariant().toString());
 }
 
+/// In the player's queue: whether it was put in by hand.
+bool isQueued(const QJsonObject& row)
+{
+    return row.value("Queued").toBool();
+}
+
 /// The description, or else the value if it is a text, a number or a truth.
 QString secondText(const QJsonObject& row)
 {
@@ -41,7 +47,8 @@ RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, Options 
         const QString path = shown(textIn(row, "Path"));
         const bool isShown = !path.isEmpty() && (options.hasPaths || !terminal.hasWidth());
         const bool isDisabledRow = isDisabled(row);
-        m_rows.append({QString::number(number++), roleText(row, "Type"), mark(row),
+        m_rows.append({QString::number(number++),
+                       isQueued(row) ? QStringLiteral("Queued") : roleText(row, "Type"), mark(row),
                        title(row) + (isDisabledRow ? " (disabled)" : ""), secondText(row),
                        !isShown              ? QString()
                        : terminal.hasWidth() ? shellWord(path)
@@ -60,6 +67,8 @@ QString RowsTable::heading(const QJsonObject& page)
 QString RowsTable::mark(const QJsonObject& row)
 {
     const QString type = textIn(row, "Type");
+    if (isQueued(row))
+        return "+";
     if (type == "Container")
         return "▸";
     if (type == "Audio")

@@ -53,7 +53,7 @@ Command watchCommand()
     return Command("watch",
                    "Print each change notice (time, path, change, count) and each edit "
                    "(time, path, what was done).",
-                   "kelo watch /tidal\nkelo watch --json PATH PATH")
+                   "kelo watch /tidal\nkelo watch --json /tidal/myMusic /tidal/new")
         .option("[PATH]", *paths, "Paths to keep open (/tidal)")
         .asks([paths](const CommandContext& context) { return watch(context, *paths); });
 }
