@@ -9,9 +9,9 @@
 namespace cli {
 
 Command rowsCommand();
-/// Prints the first page of a list, as `kelo rows` does; where a person looks without the paths,
-/// unless \p hasPaths.
-int showRows(const CommandContext& context, const QString& path, bool hasPaths = true);
+/// Prints the first page of a list, as `kelo rows` does. With a title of its own a person sees no
+/// paths.
+int showRows(const CommandContext& context, const QString& path, const QString& title = QString());
 Command dataCommand();
 Command setCommand();
 Command watchCommand();

@@ -106,7 +106,8 @@ QString commandManual(const Command& program, const QString& date)
         "on, so put it in quotes; the commands print paths ready to paste. Wherever a path is "
         "wanted, the number of a row will do that this terminal listed last (by `rows`, `search`, "
         "`menu`, `playlist` or `queue`), or its title, or the beginning of it, where only one row "
-        "there has it. Numbers begin with 0.");
+        "there has it. Numbers begin with 0. At a terminal the paths that do not fit beside "
+        "their rows are left out; `--paths` shows them.");
     page.paragraph(
         "With `--json` a command prints one JSON document, for scripts; a command that follows "
         "something prints one a line. `--json` FIELDS, or `--json=`FIELDS where the command still "

@@ -24,7 +24,7 @@ bool addData(TreeWalk& walk, QJsonObject& row)
 
 /// `kelo menu`: prints the context menu of the row, list or menu at \p path, its actions with the
 /// titles that they have now. It activates nothing.
-int showMenu(const CommandContext& context, const QString& path)
+int showMenu(const CommandContext& context, const QString& path, bool hasPaths)
 {
     TreeWalk walk(context.api);
     QJsonObject page = walk.page(walk.menuOf(path));
@@ -45,7 +45,9 @@ int showMenu(const CommandContext& context, const QString& path)
     Listing listing{context.api.server()};
     listing.add(page);
     context.state.keep(listing);
-    context.terminal.lines(RowsTable(context.terminal, page).lines());
+    using Paths = RowsTable::Options::Paths;
+    const Paths paths = hasPaths ? Paths::Always : Paths::Usual;
+    context.terminal.lines(RowsTable(context.terminal, page, {-1, -1, paths}).lines());
     return ExitDone;
 }
 
@@ -102,13 +104,21 @@ int makeFavorite(const CommandContext& context, const QString& path, const QStri
 
 Command menuCommand()
 {
-    const auto path = std::make_shared<QString>();
+    struct Values
+    {
+        QString name;
+        bool hasPaths = false;
+    };
+    const auto values = std::make_shared<Values>();
     return Command("menu", "Show the context menu of a row.",
-                   "kelo menu 3        of row 3 of what was listed last")
-        .option("PATH", *path, "A row, a list, or a menu's own path")
-        .asks([path](const CommandContext& context) {
-            return atPath(context, *path,
-                          [&](const QString& found) { return showMenu(context, found); });
+                   "kelo menu 3        of row 3 of what was listed last\n"
+                   "kelo set 0         then does what row 0 of the menu says")
+        .option("PATH", values->name, "A row, a list, or a menu's own path")
+        .option("--paths", values->hasPaths, "Show all paths")
+        .asks([values](const CommandContext& context) {
+            return atPath(context, values->name, [&](const QString& path) {
+                return showMenu(context, path, values->hasPaths);
+            });
         });
 }
 

@@ -174,14 +174,16 @@ int PlaylistCommand::list(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
     const QString all = walk.ownPlaylists();
-    return walk.isDone() ? showRows(context, all, false) : context.finish(walk.reply());
+    return walk.isDone() ? showRows(context, all, "My playlists") : context.finish(walk.reply());
 }
 
 int PlaylistCommand::show(const CommandContext& context) const
 {
     TreeWalk walk(context.api);
-    const QString path = textIn(findPlaylist(context, walk), "Path");
-    return walk.isDone() ? showRows(context, path, false) : context.finish(walk.reply());
+    const QJsonObject playlist = findPlaylist(context, walk);
+    const QString path = textIn(playlist, "Path");
+    return walk.isDone() ? showRows(context, path, textIn(playlist, "Title"))
+                         : context.finish(walk.reply());
 }
 
 int PlaylistCommand::create(const CommandContext& context) const

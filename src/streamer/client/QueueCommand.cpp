@@ -58,7 +58,9 @@ int QueueCommand::show(const CommandContext& context) const
         context.state.keep(listing);
         if (terminal.hasWidth())
             terminal.line(heading(terminal, reply.document));
-        terminal.lines(RowsTable(terminal, reply.document, {-1, -1, false}).lines());
+        terminal.lines(
+            RowsTable(terminal, reply.document, {-1, -1, RowsTable::Options::Paths::Never})
+                .lines());
     });
 }
 

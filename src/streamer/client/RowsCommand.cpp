@@ -20,7 +20,8 @@ struct RowsCommand
     int to = 49;
     QString roles; ///< names with commas; empty: the streamer's usual ones
     bool isFollowing = false;
-    bool hasPaths = true;
+    bool hasPaths = false; ///< also where they take lines of their own
+    QString title;         ///< that of the list, where it does not say it itself
 
     int run(const CommandContext& context) const;
 
@@ -62,11 +63,13 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
         return reply;
     }
     const QString count = QStringLiteral("  %1 rows%2").arg(all).arg(got < all ? range : QString());
-    lines.append(
-        terminal.styled(cut(RowsTable::heading(page), qMax(8, terminal.width() - columns(count))),
-                        Terminal::Style::Bold) +
-        terminal.styled(count, Terminal::Style::Dim));
-    lines += RowsTable(terminal, page, {-1, -1, hasPaths}).lines();
+    lines.append(terminal.styled(cut(title.isEmpty() ? RowsTable::heading(page) : shown(title),
+                                     qMax(8, terminal.width() - columns(count))),
+                                 Terminal::Style::Bold) +
+                 terminal.styled(count, Terminal::Style::Dim));
+    using Paths = RowsTable::Options::Paths;
+    const Paths paths = hasPaths ? Paths::Always : title.isEmpty() ? Paths::Usual : Paths::Never;
+    lines += RowsTable(terminal, page, {-1, -1, paths}).lines();
     return reply;
 }
 
@@ -151,6 +154,7 @@ Command rowsCommand()
         .option("--from N", rows->from, "First row (0)")
         .option("--to N", rows->to, "Last row (49)")
         .option("--roles A,B", rows->roles, "Roles wanted, with commas between")
+        .option("--paths", rows->hasPaths, "Show all paths")
         .option("--follow", rows->isFollowing, "Show them again whenever they change")
         .asks([rows](const CommandContext& context) {
             return atPath(context, rows->path, [&](const QString& path) {
@@ -160,10 +164,10 @@ Command rowsCommand()
         });
 }
 
-int showRows(const CommandContext& context, const QString& path, bool hasPaths)
+int showRows(const CommandContext& context, const QString& path, const QString& title)
 {
     RowsCommand rows;
-    rows.hasPaths = hasPaths;
+    rows.title = title;
     rows.path = path;
     return rows.run(context);
 }

@@ -3,6 +3,7 @@
 #include "client/DisplayText.h"
 #include "client/JsonText.h"
 #include "client/PathText.h"
+#include "TrackTitle.h"
 
 namespace cli {
 
@@ -37,6 +38,15 @@ QString secondText(const QJsonObject& row)
     return value.isObject() || value.isArray() || value.isNull() ? QString() : valueText(value);
 }
 
+/// A track's title ends with its first artist, who stands beside it in a table.
+QString titleOf(const QJsonObject& row, const Terminal& terminal)
+{
+    const QString artist = roleText(row, "Description");
+    const QString title = RowsTable::title(row);
+    return terminal.hasWidth() && textIn(row, "Type") == "Audio" ? titleWithoutArtist(title, artist)
+                                                                 : title;
+}
+
 } // namespace
 
 RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, Options options)
@@ -45,17 +55,25 @@ RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, Options 
     int number = options.first < 0 ? page.value("from").toInt() : options.first;
     for (const QJsonObject& row : rowsIn(page).mid(0, options.limit)) {
         const QString path = shown(textIn(row, "Path"));
-        const bool isShown = !path.isEmpty() && (options.hasPaths || !terminal.hasWidth());
+        const bool isShown =
+            !path.isEmpty() && (options.paths != Options::Paths::Never || !terminal.hasWidth());
         const bool isDisabledRow = isDisabled(row);
         m_rows.append({QString::number(number++),
                        isQueued(row) ? QStringLiteral("Queued") : roleText(row, "Type"), mark(row),
-                       title(row) + (isDisabledRow ? " (disabled)" : ""), secondText(row),
+                       titleOf(row, terminal) + (isDisabledRow ? " (disabled)" : ""),
+                       secondText(row),
                        !isShown              ? QString()
                        : terminal.hasWidth() ? shellWord(path)
                                              : path,
                        textIn(row, "Type") == "Header", isDisabledRow});
     }
     measure();
+    if (m_pathsBelow && terminal.isInteractive() && options.paths == Options::Paths::Usual) {
+        for (Row& row : m_rows)
+            row.path.clear();
+        m_titleWidth = m_descriptionWidth = 0;
+        measure();
+    }
 }
 
 QString RowsTable::heading(const QJsonObject& page)

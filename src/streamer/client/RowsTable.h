@@ -7,9 +7,9 @@
 namespace cli {
 
 /// A page of rows as an aligned table: row number, type mark, title, description or, of a setting,
-/// its value, path. The path is never cut, since it is what a person copies into the next command;
-/// where it does not fit it takes a line of its own. A value made for one page, used on the main
-/// thread. It fetches nothing.
+/// its value, path. A path is never cut, since it is what a person copies into the next command;
+/// where it does not fit it takes a line of its own, or is left out. A value made for one page,
+/// used on the main thread. It fetches nothing.
 class RowsTable
 {
 public:
@@ -17,7 +17,8 @@ public:
     {
         int limit = -1; ///< the highest number of rows shown
         int first = -1; ///< the number of the first one, where it is not that in its list
-        bool hasPaths = true;
+        /// Usual: a person at a terminal, where numbers do, gets those that fit beside.
+        enum class Paths { Usual, Never, Always } paths = Paths::Usual;
     };
 
     /// \p page is the answer of `rows`.

@@ -23,8 +23,8 @@ private:
     using Lists = QMap<QString, QString>;
 
     int printAll(const CommandContext& context, const Lists& lists) const;
-    static void printKind(Terminal& terminal, const QString& word, const QString& list,
-                          const QJsonObject& page, Listing& listing);
+    void printKind(Terminal& terminal, const QString& word, const QJsonObject& page,
+                   Listing& listing) const;
 };
 
 int SearchCommand::run(const CommandContext& context) const
@@ -50,7 +50,7 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
             return context.finish(reply);
         document += ",\"" + word.toLatin1() + "\":" + reply.body.trimmed();
         if (!context.isJson)
-            printKind(context.terminal, word, lists.value(word), reply.document, listing);
+            printKind(context.terminal, word, reply.document, listing);
     }
     if (context.isJson)
         context.printJson(document + '}');
@@ -60,8 +60,8 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
 }
 
 /// The rows of one kind; their numbers go on from those that are listed already.
-void SearchCommand::printKind(Terminal& terminal, const QString& word, const QString& list,
-                              const QJsonObject& page, Listing& listing)
+void SearchCommand::printKind(Terminal& terminal, const QString& word, const QJsonObject& page,
+                              Listing& listing) const
 {
     const bool hasFound = !textIn(rowsIn(page).value(0), "Path").isEmpty();
     const int first = listing.rows.size();
@@ -77,7 +77,8 @@ void SearchCommand::printKind(Terminal& terminal, const QString& word, const QSt
         terminal.line();
     const QString found =
         hasFound ? QStringLiteral("  %1 found, all:").arg(rowsCountIn(page)) : "  nothing found";
-    const QString all = hasFound ? "kelo rows " + shellWord(shown(list)) : QString();
+    const QString all =
+        hasFound ? "kelo search " + shellWord(shown(text)) + " --in " + word : QString();
     const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
     const QString rest = fits ? found + ' ' + all : found + "\n  " + all;
     terminal.line(terminal.styled(word, Terminal::Style::Bold) +
