@@ -83,18 +83,41 @@ function hueOf(text) {
   return sum;
 }
 
-/** A cover that loads when it is shown, over a stand-in drawn from the title. */
-export function cover(address, title) {
+// The sizes that the service keeps of a kind's pictures.
+const sizes = {
+  album: ["80x80", "160x160", "320x320", "640x640", "1280x1280"],
+  artist: ["160x160", "320x320", "480x480", "750x750"],
+  playlist: ["160x107", "320x214", "480x320", "750x500", "1080x720"],
+};
+const pictureAt = (address) => `api/v1/image?url=${encodeURIComponent(address)}`;
+
+// The browser takes the one that is as high as the place is wide, by the screen's resolution.
+function sizesOf(address, kind) {
+  const size = address.match(/[^/]+(?=\.jpg$)/)?.[0];
+  const known = sizes[kind] ?? [];
+  const other = (name) => pictureAt(address.replace(`${size}.jpg`, `${name}.jpg`));
+  const one = (name) => `${other(name)} ${name.split("x")[1]}w`;
+  return known.includes(size) ? { srcset: known.map(one).join(", "), sizes: "auto, 320px" } : {};
+}
+
+/**
+ * A cover that loads when it is shown, over a stand-in drawn from the title. Of an "album", an "artist" or a
+ * "playlist" it is as sharp as the screen.
+ */
+export function cover(address, title, kind = "") {
   const words = title.split(/[^\p{L}\p{N}]+/u).filter(Boolean);
   const initials = words.slice(0, 2).map((word) => [...word][0]).join("") || "♪";
   const standIn = el("span", { class: "initials", data: { initials: initials.toUpperCase() } });
   const box = el("span", { class: "cover", "aria-hidden": "true" }, standIn);
   box.style.setProperty("--hue", hueOf(title));
   if (address) {
-    const picture = el("img", { alt: "", decoding: "async", loading: "lazy", draggable: "false" });
+    const shared = { alt: "", decoding: "async", loading: "lazy", draggable: "false" };
+    const picture = el("img", { ...shared, ...sizesOf(address, kind) });
     picture.addEventListener("load", () => picture.classList.add("loaded"));
-    picture.addEventListener("error", () => picture.remove());
-    picture.src = `api/v1/image?url=${encodeURIComponent(address)}`;
+    // A size that is missing after all leaves the one of the row.
+    const giveUp = () => (picture.srcset ? picture.removeAttribute("srcset") : picture.remove());
+    picture.addEventListener("error", giveUp);
+    picture.src = pictureAt(address);
     box.append(picture);
   }
   return box;

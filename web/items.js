@@ -66,7 +66,8 @@ function pictureOf(row, kind, index) {
   if (kind === "tracks")
     return el("span", { class: "number", "aria-hidden": "true" }, String(row.TrackNumber ?? index + 1), icon("play"));
   const isItem = row.Type === "Audio" || Boolean(row.Id && row.Type === "Container");
-  if (kind === "grid" || row.Icon || isItem) return cover(row.Icon, titleOf(row));
+  const pictured = row.Type === "Audio" ? "album" : kindOf(row.Path ?? "");
+  if (kind === "grid" || row.Icon || isItem) return cover(row.Icon, titleOf(row), pictured);
   const glyph = { Container: isDialog(row) ? "plus" : "list", Action: "text" }[row.Type];
   return glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
 }

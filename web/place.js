@@ -100,7 +100,7 @@ export class PlaceView extends View {
     const said = facts.filter(Boolean).join(" · ");
     const about = el("div", { class: "hero-words" }, this.kind ? kind : null, this.heading, line);
     about.append(said ? el("p", { class: "hint" }, said) : "", buttons.length ? buttonRow(...buttons) : "");
-    const row = el("div", { class: "hero-row" }, picture || this.kind ? cover(picture, words) : null, about);
+    const row = el("div", { class: "hero-row" }, picture || this.kind ? cover(picture, words, this.kind) : null, about);
     fill(this.#head, this.#crumbs(title), row);
     if (!focused) return;
     const before = focused.textContent;
