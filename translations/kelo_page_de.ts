@@ -711,5 +711,21 @@
         <source>Move to top</source>
         <translation>An den Anfang</translation>
     </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10 Sekunden zurück, vor</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>Leiser, lauter</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>Ton an</translation>
+    </message>
 </context>
 </TS>

@@ -711,5 +711,21 @@
         <source>Move to top</source>
         <translation>Déplacer en tête</translation>
     </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10 secondes en arrière, en avant</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>Moins fort, plus fort</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Couper le son</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>Rétablir le son</translation>
+    </message>
 </context>
 </TS>

@@ -711,5 +711,21 @@
         <source>Move to top</source>
         <translation>先頭に移動</translation>
     </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10秒戻る、進む</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>音量を下げる、上げる</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>ミュート解除</translation>
+    </message>
 </context>
 </TS>

@@ -711,5 +711,21 @@
         <source>Move to top</source>
         <translation>Flytt øverst</translation>
     </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10 sekunder tilbake, fram</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>Lavere, høyere</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Demp</translation>
+    </message>
+    <message>
+        <source>Unmute</source>
+        <translation>Lyd på</translation>
+    </message>
 </context>
 </TS>

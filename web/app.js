@@ -22,6 +22,8 @@ import { loadTexts, t } from "./text.js";
 import { clearToasts, toastError } from "./toast.js";
 
 const typingPause = 250;
+const seekStep = 10000;
+const volumeStep = 5;
 
 const part = (id) => document.getElementById(id);
 let view = null;
@@ -141,6 +143,9 @@ const keys = () => [
   ["L", t("Favorite: the row, or what plays")],
   [t("Space"), t("Play or pause")],
   ["N, P", t("Next, previous")],
+  [", .", t("10 seconds back, on")],
+  ["− +", t("Less loud, louder")],
+  ["0", t("Mute")],
   ["Q", t("Now playing and queue")],
   [t("Backspace"), t("Back")],
   ["D", t("Developer’s drawer")],
@@ -171,9 +176,14 @@ function onKey(event) {
   const actions = {
     "/": () => part("search").focus(),
     " ": () => !isControl && playback.isActive && playback.toggle(),
-    n: () => playback.send("next"),
-    p: () => playback.send("previous"),
+    n: () => playback.isActive && playback.send("next"),
+    p: () => playback.isActive && playback.send("previous"),
     q: () => go("!playing", null, true),
+    ",": () => playback.seekBy(-seekStep),
+    ".": () => playback.seekBy(seekStep),
+    "-": () => playback.setVolume(playback.volume - volumeStep),
+    "+": () => playback.setVolume(playback.volume + volumeStep),
+    0: () => playback.toggleMute(),
     d: () => drawer.toggle(),
     m: () => target.closest(".item")?.querySelector(".more")?.click(),
     l: () => (heartIn(target.closest(".item")) ?? heartIn(part("bar")))?.click(),

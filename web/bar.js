@@ -47,38 +47,20 @@ export function seekBar(signal) {
   return el("div", { class: "seek-bar" }, now, input, whole);
 }
 
-/** A slider for the volume. */
+/** A slider for the volume, and a button that takes it to nothing and back. */
 export function volumeBar(signal) {
   const input = slider({ max: "100", class: "volume", "aria-label": t("Volume") });
-  let isHeld = false;
-  let wanted = null;
-  let isSending = false;
+  const mute = iconButton("volume", t("Mute"), () => playback.toggleMute());
   const show = () => {
-    if (!isHeld && !isSending) input.value = String(playback.state.volume ?? 100);
-    input.style.setProperty("--share", `${input.value}%`);
-    input.setAttribute("aria-valuetext", `${input.value} %`);
+    const { volume } = playback;
+    input.value = String(volume);
+    input.style.setProperty("--share", `${volume}%`);
+    input.setAttribute("aria-valuetext", `${volume} %`);
+    setIconButton(mute, volume ? "volume" : "muted", volume ? t("Mute") : t("Unmute"));
   };
-  // One call at a time; of what is dragged meanwhile only the latest counts.
-  const send = async () => {
-    if (isSending) return;
-    isSending = true;
-    while (wanted !== null) {
-      const percent = wanted;
-      wanted = null;
-      if (!(await playback.send("volume", { percent }))) break;
-    }
-    isSending = false;
-    show();
-  };
-  input.addEventListener("input", () => {
-    isHeld = true;
-    wanted = Number(input.value);
-    show();
-    send();
-  });
-  input.addEventListener("change", () => ((isHeld = false), show()));
+  input.addEventListener("input", () => playback.setVolume(Number(input.value)));
   follow(show, signal);
-  return el("div", { class: "volume-bar" }, icon("volume"), input);
+  return el("div", { class: "volume-bar" }, mute, input);
 }
 
 export function playButton(signal) {
@@ -121,14 +103,13 @@ export function playingLinks() {
 /** Fills the bar's element. */
 export function startBar(bar) {
   const [title, line] = ["title", "subtitle"].map((name) => el("span", { class: name }));
-  const showQueue = () => go("!playing", null, true);
   const link = el("a", { href: linkTo("!playing") });
-  onPlainClick(link, showQueue);
+  onPlainClick(link, () => go("!playing", null, true));
   const item = el("div", { class: "bar-item" }, link, el("span", { class: "words" }, title, line));
   const previous = iconButton("previous", t("Previous"), () => playback.send("previous"));
   const next = iconButton("next", t("Next"), () => playback.send("next"));
   const properties = { class: "icon-button queue-button" };
-  const queue = iconButton("queue", t("Now playing and queue"), showQueue, properties);
+  const queue = iconButton("queue", t("Now playing and queue"), () => go("!playing", null, true), properties);
   const buttons = el("div", { class: "bar-buttons" }, previous, playButton(), next);
   const side = el("div", { class: "bar-side" }, volumeBar(), queue);
   const now = el("div", { class: "bar-now" }, item, heartOfPlaying());

@@ -7,11 +7,14 @@ import { clearToasts, toast, toastError } from "./toast.js";
 import { lookForWaiting } from "./waiting.js";
 
 const endsNotes = ["play", "resume", "stop"];
+const quiet = 30;
 
 /** Events: "changed" when the state is another one. */
 class Playback extends EventTarget {
   state = { state: "stopped" };
   #at = performance.now();
+  #wantedVolume = null;
+  #loud = quiet; // the volume before it was muted
   /** Since when the item's address is awaited; null while none is. */
   awaitedSince = null;
 
@@ -32,6 +35,11 @@ class Playback extends EventTarget {
     const { positionMs = 0, durationMs = 0 } = this.state;
     const position = positionMs + (this.isPlaying ? performance.now() - this.#at : 0);
     return durationMs ? Math.min(position, durationMs) : position;
+  }
+
+  /** What the volume is, or will be as soon as the streamer has heard of it. */
+  get volume() {
+    return this.#wantedVolume ?? this.state.volume ?? 100;
   }
 
   /** Sends a command; a refusal is shown. True when it was done. */
@@ -56,6 +64,35 @@ class Playback extends EventTarget {
     return this.send("resume");
   }
 
+  /** Goes so many milliseconds on in the item, or back. */
+  seekBy(milliseconds) {
+    const { durationMs = 0 } = this.state;
+    if (!durationMs) return false;
+    const positionMs = Math.round(Math.max(0, Math.min(this.position + milliseconds, durationMs - 1000)));
+    this.#take({ ...this.state, positionMs });
+    return this.send("seek", { positionMs });
+  }
+
+  /** Sets the volume. One call at a time; of what is wanted meanwhile only the latest counts. */
+  async setVolume(percent) {
+    const isSending = this.#wantedVolume !== null;
+    this.#wantedVolume = Math.max(0, Math.min(100, percent));
+    this.#tell();
+    if (isSending) return;
+    for (let sent = null; sent !== this.#wantedVolume; ) {
+      sent = this.#wantedVolume;
+      if (!(await this.send("volume", { percent: sent }))) break;
+    }
+    this.#wantedVolume = null;
+    this.#tell();
+  }
+
+  toggleMute() {
+    const { volume } = this;
+    if (volume) this.#loud = volume;
+    return this.setVolume(volume ? 0 : this.#loud);
+  }
+
   #take(state) {
     // What was said before this page came is not news.
     if (state.note && this.state.volume !== undefined && state.note !== this.state.note) toast(state.note);
@@ -63,6 +100,10 @@ class Playback extends EventTarget {
     this.#at = performance.now();
     this.awaitedSince = state.state === "resolving" ? (this.awaitedSince ?? this.#at) : null;
     if (!this.awaitedSince) lookForWaiting();
+    this.#tell();
+  }
+
+  #tell() {
     this.dispatchEvent(new Event("changed"));
   }
 }

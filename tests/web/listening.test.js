@@ -7,6 +7,8 @@ journey("from the first visit to sound", {}, async (person) => {
   const { page, player, view } = person;
   await page.goto("/");
   await person.heading("Home");
+  // While nothing plays these keys ask for nothing.
+  for (const key of ["n", "p", "."]) await page.keyboard.press(key);
   await page.getByRole("navigation", { name: "Music" }).getByRole("link", { name: "New" }).click();
   await person.open("Just In");
   const album = view.getByRole("list", { name: "Just In" }).getByRole("link").first();
@@ -29,6 +31,13 @@ journey("from the first visit to sound", {}, async (person) => {
   await person.until(async () => (await person.streamer.call("player")).volume === 40, "the streamer is less loud");
   await player.getByRole("button", { name: "Pause" }).click();
   await player.getByRole("button", { name: "Play", exact: true }).waitFor();
+  const told = (name) => async () => (await person.streamer.call("player"))[name];
+  for (const [key, name, value] of [[",", "positionMs", 80000], [".", "positionMs", 90000], ["-", "volume", 35], ["0", "volume", 0], ["0", "volume", 35]]) {
+    const before = await told(name)();
+    await page.keyboard.press(key);
+    await person.until(async () => (await told(name)()) !== before, key);
+    assert.ok(Math.abs((await told(name)()) - value) < 5000, `${key} makes ${name} ${value}`);
+  }
 
   await player.getByRole("button", { name: "Now playing and queue" }).click();
   await view.getByRole("list", { name: "Queue" }).getByRole("button", { name: "Menu of" }).nth(1).waitFor();
