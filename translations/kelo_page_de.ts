@@ -727,5 +727,17 @@
         <source>Unmute</source>
         <translation>Ton an</translation>
     </message>
+    <message>
+        <source>Main</source>
+        <translation>Hauptbereiche</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>Meine Musik</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Wiedergabe</translation>
+    </message>
 </context>
 </TS>

@@ -727,5 +727,17 @@
         <source>Unmute</source>
         <translation>Rétablir le son</translation>
     </message>
+    <message>
+        <source>Main</source>
+        <translation>Navigation principale</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>Ma musique</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Lecture</translation>
+    </message>
 </context>
 </TS>

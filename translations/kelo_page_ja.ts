@@ -727,5 +727,17 @@
         <source>Unmute</source>
         <translation>ミュート解除</translation>
     </message>
+    <message>
+        <source>Main</source>
+        <translation>メイン</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>マイミュージック</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>再生中</translation>
+    </message>
 </context>
 </TS>

@@ -727,5 +727,17 @@
         <source>Unmute</source>
         <translation>Lyd på</translation>
     </message>
+    <message>
+        <source>Main</source>
+        <translation>Hovedområder</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>Min musikk</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Spilles</translation>
+    </message>
 </context>
 </TS>

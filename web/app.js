@@ -10,7 +10,7 @@ import { HomeView } from "./home.js";
 import { kindOf } from "./kinds.js";
 import { live } from "./live.js";
 import { LoginView } from "./login.js";
-import { currentPath, currentState, go, onPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
+import { currentPath, currentState, go, leave, onPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
 import { home, linkTo, loginPath, settingsPath } from "./path.js";
 import { playback } from "./playback.js";
 import { played } from "./played.js";
@@ -31,9 +31,14 @@ let shown = "";
 let drawer = null;
 let isFirst = true;
 
+const isPlaying = (path) => path === "!playing" || path === "!queue";
+
+// What the links that lead to a whole view are compared with.
+const presentPath = () => (isPlaying(currentPath()) ? "!playing" : currentPath());
+
 function makeView(path) {
   const state = currentState();
-  if (path === "!playing") return new PlayingView(part("view"));
+  if (isPlaying(path)) return new PlayingView(path, part("view"));
   if (path === loginPath) return new LoginView();
   if (path === settingsPath) return new SettingsView();
   const text = searchedText(path);
@@ -61,8 +66,9 @@ function show() {
   if (!isTyping || text === null) part("search").value = text ?? "";
   if (!isTyping && !isFirst) view.focus();
   isFirst = false;
-  for (const link of part("sidebar").querySelectorAll("a")) {
-    if (link.getAttribute("href") === linkTo(path)) link.setAttribute("aria-current", "page");
+  const present = linkTo(presentPath());
+  for (const link of document.querySelectorAll(".sidebar a, .tabs a")) {
+    if (link.getAttribute("href") === present) link.setAttribute("aria-current", "page");
     else link.removeAttribute("aria-current");
   }
   nameDocument();
@@ -123,7 +129,7 @@ function startSidebar() {
     fill(
       list,
       entries.map(({ Path, Title, picture = "list" }) => {
-        const current = Path === currentPath() ? "page" : null;
+        const current = Path === presentPath() ? "page" : null;
         const link = el("a", { href: linkTo(Path), "aria-current": current }, icon(picture), Title);
         leadTo(link, Path);
         return el("li", {}, link);
@@ -178,7 +184,7 @@ function onKey(event) {
     " ": () => !isControl && playback.isActive && playback.toggle(),
     n: () => playback.isActive && playback.send("next"),
     p: () => playback.isActive && playback.send("previous"),
-    q: () => go("!playing", null, true),
+    q: () => (isPlaying(currentPath()) ? leave() : go("!queue", null, true)),
     ",": () => playback.seekBy(-seekStep),
     ".": () => playback.seekBy(seekStep),
     "-": () => playback.setVolume(playback.volume - volumeStep),
@@ -229,6 +235,8 @@ async function start() {
   playback.addEventListener("changed", nameDocument);
   addEventListener("keydown", onKey);
   leadTo(part("brand"), home);
+  for (const link of part("tabs").querySelectorAll("a")) leadTo(link, link.hash.slice(1));
+  part("search-tab").addEventListener("click", () => part("search").focus());
   // The address bar holds the path: a link into the page would be taken for one.
   document.querySelector(".skip").addEventListener("click", (event) => {
     event.preventDefault();
@@ -238,6 +246,7 @@ async function start() {
   part("help-button").addEventListener("click", showHelp);
   part("offline-retry").addEventListener("click", () => live.connect());
   show();
+  if (location.search === "?search") part("search").focus();
   startSidebar();
 }
 

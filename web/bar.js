@@ -109,7 +109,7 @@ export function startBar(bar) {
   const previous = iconButton("previous", t("Previous"), () => playback.send("previous"));
   const next = iconButton("next", t("Next"), () => playback.send("next"));
   const properties = { class: "icon-button queue-button" };
-  const queue = iconButton("queue", t("Now playing and queue"), () => go("!playing", null, true), properties);
+  const queue = iconButton("queue", t("Now playing and queue"), () => go("!queue", null, true), properties);
   const buttons = el("div", { class: "bar-buttons" }, previous, playButton(), next);
   const side = el("div", { class: "bar-side" }, volumeBar(), queue);
   const now = el("div", { class: "bar-now" }, item, heartOfPlaying());
@@ -127,7 +127,7 @@ export function startBar(bar) {
     const links = playingLinks();
     fill(title, links.title || t("Nothing plays"));
     fill(line, links.artist, artist && album ? " · " : "", links.album);
-    fill(link, cover(picture, name || "♪"));
+    fill(link, cover(picture, name || "♪", "album"));
     const said = [name, artist, album].filter(Boolean).join(", ");
     link.setAttribute("aria-label", name ? t("Now playing: %1", said) : t("Nothing plays"));
   };

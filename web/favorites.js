@@ -111,8 +111,8 @@ export function heart(row, properties = {}) {
   return button;
 }
 
-/** The heart of what plays, which is another one with each track. */
-export function heartOfPlaying() {
+/** The heart of what plays, which is another one with each track; it follows the player until the signal. */
+export function heartOfPlaying(signal) {
   const place = el("span", { class: "playing-heart" });
   let shown = "";
   const show = () => {
@@ -123,7 +123,7 @@ export function heartOfPlaying() {
     const menu = `${home}/context?id=${id}&type=Tracks`;
     fill(place, id ? heart({ Title: title, Context: { Path: menu } }) : null);
   };
-  playback.addEventListener("changed", show);
+  playback.addEventListener("changed", show, { signal });
   show();
   return place;
 }

@@ -47,6 +47,9 @@ export function go(path, item = null, isTop = false, place = null) {
 /** Goes back along the trail to a place on it; `trail` is what stands before that. */
 export const goUp = ({ path, item = null }, trail) => move(path, { item, trail });
 
+/** Goes back to where one came from; who came by the address goes to the top. */
+export const leave = () => (history.state?.trail ? history.back() : go(home, null, true));
+
 addEventListener("popstate", () => nav.dispatchEvent(new Event("moved")));
 addEventListener("pagehide", rememberPlace);
 

@@ -1,9 +1,13 @@
-// What plays, large, and the queue: the rows that follow in the list which is played.
+// What plays, large, and the queue. On a phone or tablet it is a sheet over all, with the queue as its second
+// page.
 
-import { iconButton, cover, el, fill } from "./dom.js";
+import { boxOf, cover, el, fill, iconButton } from "./dom.js";
 import { playButton, playingLinks, qualityText, seekBar, volumeBar } from "./bar.js";
+import { heartOfPlaying } from "./favorites.js";
 import { item, skeleton } from "./items.js";
 import { VirtualList } from "./list.js";
+import { openMenu } from "./menu.js";
+import { leave, replace } from "./nav.js";
 import { playback } from "./playback.js";
 import { played } from "./played.js";
 import { PlaceRows } from "./recent.js";
@@ -17,27 +21,38 @@ export class PlayingView extends View {
   #album = el("p", { class: "subtitle" });
   #quality = el("p", { class: "quality" });
   #cover = el("div", { class: "playing-cover" });
+  #from = el("p", { class: "playing-from" });
+  #more = iconButton("more", t("More"), (event) => openMenu(played.row, boxOf(event)));
+  #queueHeading = el("h2", { tabindex: "-1" }, t("Queue"));
   #queue = el("div", { class: "queue" });
   #source = null;
   #list = null;
+  #isQueue;
+  #commands;
   #shown = "";
   #shownLinks = "";
   #scroller;
 
-  constructor(scroller) {
+  /** The path is "!playing" or "!queue": the page that a phone shows. */
+  constructor(path, scroller) {
     super();
     this.#scroller = scroller;
+    this.#isQueue = path === "!queue";
     const command = (name, label) => iconButton(name, label, () => playback.send(name));
     const [previous, next] = [command("previous", t("Previous")), command("next", t("Next"))];
     const stop = command("stop", t("Stop"));
-    const buttons = el("div", { class: "playing-buttons" }, previous, playButton(this.ended), next, stop);
-    const about = [this.heading, this.#artist, this.#album, this.#quality];
-    const controls = [seekBar(this.ended), buttons, volumeBar(this.ended)];
-    const words = el("div", { class: "playing-words" }, about, controls);
+    this.#commands = [previous, next, stop];
+    const play = playButton(this.ended);
+    const buttons = el("div", { class: "playing-buttons" }, previous, play, next);
+    const side = el("div", { class: "playing-side" }, stop, volumeBar(this.ended), this.#more);
+    const lines = el("div", {}, this.heading, this.#artist, this.#album, this.#quality);
+    const about = el("div", { class: "playing-about" }, lines, heartOfPlaying(this.ended));
+    const awaited = waitingLine(() => [playback, ...(this.#source ? [this.#source] : [])]);
+    const words = el("div", { class: "playing-words" }, about, awaited, seekBar(this.ended), buttons, side);
     const playing = el("div", { class: "playing-item" }, this.#cover, words);
-    const waiting = waitingLine(() => (this.#source ? [this.#source] : []));
-    const queue = el("section", { class: "queue-part" }, el("h2", {}, t("Queue")), waiting, this.#queue);
-    this.element = el("section", { class: "view playing-view" }, playing, queue);
+    const queue = el("section", { class: "queue-part" }, this.#queueHeading, this.#queue);
+    const data = { page: this.#isQueue ? "queue" : "playing" };
+    this.element = el("section", { class: "view playing-view", data }, this.#head(), playing, queue);
     for (const what of [playback, played])
       what.addEventListener("changed", () => this.#show(), { signal: this.ended });
     this.#show();
@@ -46,6 +61,20 @@ export class PlayingView extends View {
   close() {
     super.close();
     this.#dropQueue();
+  }
+
+  focus() {
+    super.focus();
+    if (document.activeElement !== this.heading) this.#queueHeading.focus({ preventScroll: true });
+  }
+
+  // What leads out of the sheet and to its other page.
+  #head() {
+    const [name, label, path] = this.#isQueue
+      ? ["playing", t("Now playing"), "!playing"]
+      : ["queue", t("Queue"), "!queue"];
+    const other = iconButton(name, label, () => replace(path));
+    return el("header", { class: "sheet-head" }, iconButton("down", t("Close"), leave), this.#from, other);
   }
 
   get title() {
@@ -58,6 +87,7 @@ export class PlayingView extends View {
 
   #show() {
     const { title = "", icon: picture = "", path = "", list = "", index = -1 } = playback.state;
+    for (const button of this.#commands) button.disabled = !playback.isActive;
     this.#quality.textContent = qualityText(playback.state);
     const links = JSON.stringify([title, list, index, played.row, played.list]);
     if (links !== this.#shownLinks) this.#showLinks();
@@ -65,7 +95,7 @@ export class PlayingView extends View {
     const key = [path, picture, list, index, playback.isPlaying].join("\n");
     if (key === this.#shown) return;
     this.#shown = key;
-    fill(this.#cover, cover(picture, title || "♪"));
+    fill(this.#cover, cover(picture, title || "♪", "album"));
     this.#showQueue(list, index);
   }
 
@@ -74,6 +104,7 @@ export class PlayingView extends View {
     fill(this.heading, title || t("Nothing plays"));
     fill(this.#artist, artist);
     fill(this.#album, album);
+    this.#more.hidden = !played.row?.Context;
   }
 
   #showQueue(path, index) {

@@ -60,6 +60,10 @@ const views = {
     await person.list("Tracks").getByRole("button").first().click();
     await person.player.getByRole("button", { name: "Pause" }).waitFor();
     await person.player.getByRole("link", { name: /^Now playing/ }).click();
+    await person.button("Stop").waitFor();
+  },
+  queue: async (person) => {
+    await person.page.goto("/#!queue");
     await person.list("Queue").getByRole("button").first().waitFor();
   },
   settings: (person) => person.visit("/settings").then(() => person.page.getByRole("button", { name: /^Sound quality/ }).waitFor()),
@@ -107,6 +111,49 @@ journey("a phone has room for every view", { width: 390, height: 844, hasTouch: 
     if (width > 390) wide.push(`${name}: ${width}`);
   }
   assert.deepEqual(wide, []);
+});
+
+journey("a phone has the main places at its foot, and what plays over all", { width: 390, height: 844, hasTouch: true, isMobile: true, deviceScaleFactor: 3 }, async (person) => {
+  const { page, player, view } = person;
+  const places = page.getByRole("navigation", { name: "Main" });
+  await person.visit("/tidal");
+  await places.getByRole("link", { name: "My Music" }).tap();
+  await person.heading("My Music");
+  assert.equal(await player.isVisible(), false, "nothing plays");
+  await places.getByRole("button", { name: "Search" }).tap();
+  assert.equal(await person.focused(), "Search");
+  await person.visit("/tidal/req/featured/new/tracks");
+  await person.list("Just In").getByRole("button").first().tap();
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+  const foot = await places.boundingBox();
+  assert.ok(foot.width === 390 && foot.y + foot.height === 844, "they stand at the foot");
+  await page.setViewportSize({ width: 768, height: 1024 });
+  await person.until(async () => (await places.boundingBox()).width < 100, "on a tablet they stand at the side");
+
+  await places.getByRole("link", { name: "Playing" }).tap();
+  for (const [width, height] of [[390, 844], [844, 390], [768, 1024], [320, 568]]) {
+    await page.setViewportSize({ width, height });
+    for (const name of ["Close", "Queue", "Pause", "Next", "Stop", "Mute"]) {
+      const { x, y, width: wide, height: high } = await person.button(name).boundingBox();
+      assert.ok(x >= 0 && y >= 0 && x + wide <= width && y + high <= height, `${name} is in sight at ${width}x${height}`);
+    }
+    assert.deepEqual([await player.isVisible(), await places.isVisible()], [false, false], "nothing stands behind it");
+  }
+  await page.setViewportSize({ width: 390, height: 844 });
+  const cover = () => page.evaluate(() => decodeURIComponent(document.querySelector(".playing-cover img").currentSrc));
+  await person.until(async () => (await cover()).endsWith("/1280x1280.jpg"), cover);
+  await person.button("Queue").tap();
+  await person.list("Queue").getByRole("button").first().waitFor();
+  assert.equal(await person.button("Stop").isVisible(), false, "the queue is a page of its own");
+  await person.button("Close").tap();
+  await person.heading("Just In");
+
+  const inspector = await page.context().newCDPSession(page);
+  const { errors, data, url } = await inspector.send("Page.getAppManifest");
+  assert.deepEqual(errors, []);
+  const { icons, shortcuts } = JSON.parse(data);
+  for (const { src } of icons) assert.ok((await page.request.get(new URL(src, url).href)).ok(), src);
+  assert.ok(icons.some(({ purpose }) => purpose === "maskable") && shortcuts.length > 0);
 });
 
 journey("who wants no motion gets none", { reducedMotion: "reduce" }, async (person) => {
