@@ -739,5 +739,37 @@
         <source>Playing</source>
         <translation>Wiedergabe</translation>
     </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>Das hat nicht geklappt</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>Unter dieser Adresse ist nichts.</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>Der Musikdienst hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>Der Musikdienst ist nicht erreichbar. Prüfen Sie das Netzwerk des Streamers.</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>Der Musikdienst hat ein Problem (%1).</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>Das gibt es beim Musikdienst nicht.</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>Neuer Versuch in %1 s</translation>
+    </message>
 </context>
 </TS>

@@ -739,5 +739,37 @@
         <source>Playing</source>
         <translation>Lecture</translation>
     </message>
+    <message>
+        <source>Not found</source>
+        <translation>Introuvable</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>Cela n’a pas fonctionné</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>Il n’y a rien à cette adresse.</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>Le service de musique n’a pas répondu à temps.</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>Le service de musique est injoignable. Vérifiez le réseau du streamer.</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>Le service de musique a un problème (%1).</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>Le service de musique ne propose pas cela.</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>Nouvel essai dans %1 s</translation>
+    </message>
 </context>
 </TS>

@@ -739,5 +739,37 @@
         <source>Playing</source>
         <translation>再生中</translation>
     </message>
+    <message>
+        <source>Not found</source>
+        <translation>見つかりません</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>うまくいきませんでした</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>このアドレスには何もありません。</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>音楽サービスが時間内に応答しませんでした。</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>音楽サービスに接続できません。ストリーマーのネットワークを確認してください。</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>音楽サービスに問題があります（%1）。</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>音楽サービスにはこれがありません。</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>%1 秒後に再試行します</translation>
+    </message>
 </context>
 </TS>

@@ -739,5 +739,37 @@
         <source>Playing</source>
         <translation>Spilles</translation>
     </message>
+    <message>
+        <source>Not found</source>
+        <translation>Ikke funnet</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>Dette gikk ikke</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>Det finnes ikke noe på denne adressen.</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>Musikktjenesten svarte ikke i tide.</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>Musikktjenesten kan ikke nås. Sjekk streamerens nettverk.</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>Musikktjenesten har et problem (%1).</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>Musikktjenesten har ikke dette.</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>Prøver igjen om %1 s</translation>
+    </message>
 </context>
 </TS>

@@ -29,7 +29,8 @@ function fieldOf(row, value) {
     return value && row.mayBeBlank ? input.value || " " : input.value;
   };
   const label = el("label", { for: id, text: first ? t("Position") : row.Title });
-  return { row, input, read, element: el("div", { class: `field ${kind === "checkbox" ? kind : ""}` }, label, input) };
+  const properties = { class: `field ${kind === "checkbox" ? kind : ""}` };
+  return { row, input, read, element: el("div", properties, label, input) };
 }
 
 const nameOf = (row) => baseOf(row.Path).split("/").pop();

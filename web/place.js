@@ -1,13 +1,14 @@
 // What the views of a place in the tree have in common: its head, the way there, and its rows.
 
 import { boxOf, button, buttonRow, cover, el, fill, icon } from "./dom.js";
+import { failure, failureTitle } from "./failure.js";
 import { heart } from "./favorites.js";
 import { idOf, kindOf } from "./kinds.js";
 import { artistLinks } from "./links.js";
 import { isLookedUp, lookUp } from "./lookup.js";
 import { openMenu } from "./menu.js";
 import { goUp, nameHere } from "./nav.js";
-import { home, linkTo, loginPath, parsePath } from "./path.js";
+import { home, linkTo, parsePath } from "./path.js";
 import { PlaceRows } from "./recent.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
@@ -77,19 +78,14 @@ export class PlaceView extends View {
     const { source } = this;
     if (!source.isLoaded) return;
     this.showHead();
-    if (source.error && !source.count) {
-      const isLoggedOut = document.body.classList.contains("logged-out");
-      const login = isLoggedOut ? el("a", { class: "button", href: linkTo(loginPath) }, t("Log in")) : null;
-      const again = button(t("Try again"), () => source.reload());
-      const text = el("p", {}, source.error.message);
-      fill(this.body, el("div", { class: "empty", role: "alert" }, text, buttonRow(again, login)));
-    } else this.showRows();
+    if (source.error && !source.count) fill(this.body, failure(source));
+    else this.showRows();
   }
 
   /** Made anew only when it says another thing, and then with the focus where it was. */
   showHead() {
     const { title, picture, artists, subtitle, facts = [], buttons, key } = this.headParts();
-    const words = title || (this.source.isLoaded ? kindNames()[this.kind] || this.path : " ");
+    const words = title || (this.source.isLoaded ? kindNames()[this.kind] || this.#untitled() : " ");
     if (this.heading.textContent !== words) this.heading.textContent = words;
     const all = JSON.stringify([title, picture, artists, subtitle, facts, this.source.roles.Title, key]);
     if (all === this.#shownHead) return;
@@ -106,6 +102,11 @@ export class PlaceView extends View {
     const before = focused.textContent;
     const same = [...this.#head.querySelectorAll("a, button")].find((one) => one.textContent === before);
     (same ?? this.heading).focus({ preventScroll: true });
+  }
+
+  #untitled() {
+    const { error } = this.source;
+    return error ? failureTitle(error) : t("Rows");
   }
 
   /** The heart of the item and the button of its menu, as far as it has them. */

@@ -1,6 +1,7 @@
-// Short messages at the page's foot, read out by screen readers, with something to do about it where there is.
+// Short messages at the page's foot, read out by screen readers; some with something to do about them.
 
 import { button, el, fill } from "./dom.js";
+import { explain } from "./failure.js";
 
 const shownFor = 8000;
 
@@ -15,7 +16,10 @@ function show(place, kind, text, action) {
 
 /** Shows a note; `action` is {title, run}. */
 export const toast = (text, action = null) => show("notes", "note", text, action);
-export const toastError = (error) => show("errors", "error", error.message ?? String(error));
+
+export async function toastError(error) {
+  show("errors", "error", error.status ? (await explain(error)).text : (error.message ?? String(error)));
+}
 
 /** Takes away what was said of something that is over. */
 export function clearToasts() {
