@@ -193,17 +193,15 @@ TEST_F(EditingTest, TellsEveryClientWhatHasHappenedAndNothingElse)
     const auto isTold = [&](const CMSetDataRequest& edit, const QString& action,
                             const QString& item) {
         EXPECT_EQ(errorOf(edit), "");
-        const QString line = action + ' ' + edit.path().base() + ' ' + item;
         std::unique_lock<std::mutex> lock(mutex);
-        return changed.wait_for(lock, std::chrono::seconds(20),
-                                [&] { return told.contains(line); });
+        // The answer may be faster.
+        return changed.wait_for(lock, std::chrono::seconds(20), [&] { return !told.isEmpty(); }) &&
+               told.takeFirst() == action + ' ' + edit.path().base() + ' ' + item;
     };
     const QString id = newPlaylist("p", tracks.mid(0, 2));
     const QString favorite = "/tidal/context/favorites?type=Albums&id=500003";
     const QString item = "/tidal/req/albums?contentId=500003";
     // Who says what it is to be gets that, whatever was asked about last.
-    setAndWait(favorite, false, KeloRoles::Favorite());
-    told.clear();
     for (const bool isWanted : {true, false}) {
         EXPECT_EQ(errorOf(askData("/tidal/context/favorites?type=Artists&id=1")), "");
         EXPECT_TRUE(isTold(set(favorite, isWanted, KeloRoles::Favorite()),
@@ -224,8 +222,6 @@ TEST_F(EditingTest, TellsEveryClientWhatHasHappenedAndNothingElse)
     setAndWait("/tidal/updatePlaylists/title", "renamed");
     EXPECT_TRUE(isTold(set("/tidal/updatePlaylists/accept?id=" + id), "rename", tracksPath(id)));
     EXPECT_TRUE(isTold(set(removal + "type=Playlists&id=" + id), "delete", tracksPath(id)));
-    const int count = told.size();
-    EXPECT_EQ(count, 10);
 
     // A refusal, which some edits answer like a success.
     EXPECT_EQ(m_sim.addFault("status status=500 path=" + userPath.toStdString() + "/favorites"),
@@ -236,7 +232,7 @@ TEST_F(EditingTest, TellsEveryClientWhatHasHappenedAndNothingElse)
     setAndWait("/tidal/trackOrderingcontext/orderDirection", "Asc");
     settle();
     CMRoot().unwatch(watch);
-    EXPECT_EQ(told.size(), count) << told.join('\n').toStdString();
+    EXPECT_EQ(told.join('\n'), "");
 }
 
 TEST_F(EditingTest, BeginsAgainUntilTheTagHolds)
