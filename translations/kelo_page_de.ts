@@ -771,5 +771,9 @@
         <source>Trying again in %1 s</source>
         <translation>Neuer Versuch in %1 s</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Zu den Zeilen springen</translation>
+    </message>
 </context>
 </TS>

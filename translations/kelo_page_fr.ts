@@ -771,5 +771,9 @@
         <source>Trying again in %1 s</source>
         <translation>Nouvel essai dans %1 s</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Aller aux lignes</translation>
+    </message>
 </context>
 </TS>

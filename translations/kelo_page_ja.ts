@@ -771,5 +771,9 @@
         <source>Trying again in %1 s</source>
         <translation>%1 秒後に再試行します</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>一覧へ移動</translation>
+    </message>
 </context>
 </TS>

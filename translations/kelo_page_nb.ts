@@ -771,5 +771,9 @@
         <source>Trying again in %1 s</source>
         <translation>Prøver igjen om %1 s</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Hopp til radene</translation>
+    </message>
 </context>
 </TS>
