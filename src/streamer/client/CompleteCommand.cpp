@@ -24,17 +24,18 @@ _kelo()
         --breaks "$COMP_WORDBREAKS" 2>/dev/null)
     case $kind in
         parts) compopt -o nospace -o nosort -o filenames ;; # quotes what a shell would act on
-        titles) compopt -o nosort -o filenames ;;
+        titles) compopt -o nosort ;;
         files) compopt -o default ;;
         folders) compopt -o dirnames ;;
         *) compopt -o nosort ;;
     esac
-    # A list that is only shown says what each is.
-    if [[ ${COMP_TYPE-} == 63 && ${#COMPREPLY[@]} -gt 1 ]]; then
-        for line in "${!COMPREPLY[@]}"; do
-            COMPREPLY[line]+=${notes[line]}
-        done
-    fi
+    for line in "${!COMPREPLY[@]}"; do
+        if [[ ${COMP_TYPE-} == 63 && ${#COMPREPLY[@]} -gt 1 ]]; then
+            COMPREPLY[line]+=${notes[line]} # only shown
+        elif [[ $kind == titles && ${COMP_WORDS[COMP_CWORD]-} != [\'\"]* ]]; then
+            printf -v "COMPREPLY[$line]" %q "${COMPREPLY[line]}"
+        fi
+    done
 } && complete -F _kelo kelo
 )";
 

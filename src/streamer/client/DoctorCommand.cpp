@@ -186,7 +186,7 @@ Command doctorCommand()
 {
     const auto doctor = std::make_shared<DoctorCommand>();
     Command result("doctor", "Check what playing needs on this machine.",
-                   "kelo doctor\nkelo doctor --server http://music:8095");
+                   "kelo doctor\nkelo doctor --json");
     doctor->options.addTo(result);
     return result
         .option("--state-dir FOLDER", doctor->stateDirectory, "Where logins and the queue are kept")

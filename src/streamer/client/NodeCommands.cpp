@@ -102,7 +102,7 @@ Command setCommand()
 {
     const auto set = std::make_shared<SetCommand>();
     return Command("set", "Send a value to a node: activate, store, submit.",
-                   "kelo set /settings/tidal/soundQuality 2\nkelo set 0")
+                   "kelo set /settings/tidal/soundQuality 2")
         .option("PATH", set->path, "The node")
         .option("[VALUE]", set->value, "The value as JSON (1)")
         .asks([set](const CommandContext& context) {

@@ -337,12 +337,12 @@ Command playlistCommand()
                      "kelo playlist create 'Late evening'\n"
                      "kelo playlist create -- '-1-'",
                      &PlaylistCommand::create));
-    addTitle(addName(addEdit(
-        "rename", "Give a playlist another title; without a description it keeps its own.",
-        "kelo playlist rename 'Morning commute' 'Early morning'", &PlaylistCommand::rename)));
+    addTitle(addName(
+        addEdit("rename", "Give a playlist another title; without a description it keeps its own.",
+                "kelo playlist rename 'Empty one' 'Rainy days'", &PlaylistCommand::rename)));
     addName(addEdit("delete", "Delete a playlist, once you have said yes where a terminal can ask.",
                     "kelo playlist delete 'Films only'\n"
-                    "kelo playlist delete 'Films only' --yes",
+                    "kelo playlist delete 'Late evening' --yes",
                     &PlaylistCommand::destroy))
         .option("-y --yes", values->isSure, "Ask nothing");
     addName(addEdit("add", "Add tracks, albums or other playlists at the end of a playlist.",
