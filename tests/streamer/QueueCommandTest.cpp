@@ -37,6 +37,7 @@ TEST(QueueCommand, EditsTheVersionThatTheTerminalSawLast)
     streamer.answer(post, {200, R"({"version":18,"queued":2,"rowsCount":131})"});
     streamer.answer("GET /api/v1/player/queue?from=0&to=0", {200, R"({"version":3,"rows":[]})"});
     streamer.answer(getQueue, {200, queue});
+    streamer.answer("GET /api/v1/player/queue?from=0&to=9", {200, queue});
     streamer.answer("GET /api/v1/player", {200, R"({"state":"playing","title":"T"})"});
     const auto sent = [&](std::vector<std::string> arguments) {
         const size_t before = streamer.calls().size();

@@ -115,8 +115,10 @@ QString commandManual(const Command& program, const QString& date)
         "too, on the standard error: its text is `error`, what the streamer said is `problem`. "
         "Without it what goes into a pipe has tabs between its columns and no colours: number, "
         "type, title, description and path of a row; of a search the kind comes first.");
-    page.paragraph("Rows are in the language that the environment asks for, as far as the streamer "
-                   "has it; help, errors and what the player and the login say are in English.");
+    page.paragraph(
+        "Help and status, and what the player and the login say, are in English. Rows, and what "
+        "stands at their paths or is refused there, are in the language that the environment asks "
+        "for, as far as the streamer has it.");
     page.heading("Options");
     addOptions(page, program.options);
     page.heading("Commands");

@@ -19,7 +19,7 @@ struct QueueCommand
     QStringList names; ///< rows to add, as they were typed
     bool isNext = false;
     int position = 0;
-    int target = 0;
+    int target = INT_MAX; ///< of a move
     int count = 1;
 
     int show(const CommandContext& context) const;
@@ -29,7 +29,8 @@ struct QueueCommand
     int clear(const CommandContext& context) const;
 
 private:
-    /// An edit of positions, which are those of one version of the queue. Shows it afterwards.
+    /// An edit of positions, which are those of one version of the queue. Shows the rows around
+    /// them afterwards.
     int edit(const CommandContext& context, QJsonObject body) const;
 };
 
@@ -37,7 +38,9 @@ QString heading(const Terminal& terminal, const QJsonObject& page)
 {
     const QString list = shown(textIn(page, "listTitle"));
     const int queued = page.value("queued").toInt();
-    QString count = QStringLiteral("  %1 to come").arg(rowsCountIn(page));
+    const int rows = rowsCountIn(page);
+    QString count =
+        rows == 0 ? QStringLiteral("  nothing to come") : QStringLiteral("  %1 to come").arg(rows);
     if (queued > 0)
         count += QStringLiteral(", %1 queued").arg(queued);
     const QString name = list.isEmpty() ? QStringLiteral("Queue") : "Playing from " + list;
@@ -100,9 +103,13 @@ int QueueCommand::edit(const CommandContext& context, QJsonObject body) const
         return ExitRefused;
     body.insert("version", *version);
     const ApiReply reply = context.api.post(queuePath, json(body));
-    if (!reply.isDone() || context.isJson || !context.terminal.hasWidth())
-        return context.show(reply, [&] { context.terminal.line("done"); });
-    return show(context);
+    if (!reply.isDone() || context.isJson)
+        return context.printJson(reply);
+    constexpr int rowsAround = 10;
+    QueueCommand around;
+    around.from = qMax(0, qMin(position, target) - 2);
+    around.to = around.from + rowsAround - 1;
+    return around.show(context);
 }
 
 int QueueCommand::move(const CommandContext& context) const
@@ -129,9 +136,9 @@ Command queueCommand()
     const auto values = std::make_shared<QueueCommand>();
     Command all("queue", "Show what plays next, and change it.",
                 "kelo queue\n"
-                "kelo queue add 0 3 --next        rows of what was listed last\n"
                 "kelo queue move 2 0\n"
-                "kelo play 2                      go on there, when the queue was listed last");
+                "kelo play 3                      go on there, when the queue was listed last\n"
+                "kelo queue add 0 3 --next        rows of what was listed last");
     all.option("--from N", values->from, "First position (0)")
         .option("--to N", values->to, "Last position (49)")
         .asks([values](const CommandContext& context) { return values->show(context); });
