@@ -1,6 +1,6 @@
 // What the views of a place in the tree have in common: its head, the way there, and its rows.
 
-import { boxOf, button, buttonRow, cover, el, fill, icon } from "./dom.js";
+import { boxOf, button, buttonRow, cover, el, fill, icon, iconButton } from "./dom.js";
 import { failure, failureTitle } from "./failure.js";
 import { heart } from "./favorites.js";
 import { idOf, kindOf } from "./kinds.js";
@@ -99,8 +99,8 @@ export class PlaceView extends View {
     const row = el("div", { class: "hero-row" }, picture || this.kind ? cover(picture, words, this.kind) : null, about);
     fill(this.#head, this.#crumbs(title), row);
     if (!focused) return;
-    const before = focused.textContent;
-    const same = [...this.#head.querySelectorAll("a, button")].find((one) => one.textContent === before);
+    const nameOf = (one) => one.title || one.textContent;
+    const same = [...this.#head.querySelectorAll("a, button")].find((one) => nameOf(one) === nameOf(focused));
     (same ?? this.heading).focus({ preventScroll: true });
   }
 
@@ -113,7 +113,8 @@ export class PlaceView extends View {
   itemButtons() {
     const { title, menu } = this.item;
     const loved = menu && this.kind ? heart({ Title: title, Context: { Path: menu } }) : null;
-    const more = menu ? pictureButton("more", t("More"), (box) => this.#openItemMenu(box)) : null;
+    const open = (event) => this.#openItemMenu(boxOf(event));
+    const more = menu ? iconButton("more", t("More"), open, { "aria-haspopup": "dialog" }) : null;
     return [loved, more].filter(Boolean);
   }
 

@@ -73,7 +73,6 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
   const address = await page.evaluate(() => location.hash.slice(1));
   await page.goBack();
   // By its address alone the page looks for its title.
-  await page.goto("about:blank");
   await person.visit(address);
   await person.heading("Rainy evenings");
   await person.menu(tracks[1]);
