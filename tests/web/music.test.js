@@ -112,7 +112,7 @@ journey("a link given to somebody else", {}, async (person) => {
   await view.locator(".hero-row img.loaded").waitFor();
   await view.getByText(/^\d+ tracks · \d+ (min|h)/).waitFor();
   await person.button("More").click();
-  await person.dialog.getByRole("menuitem", { name: "Update playlist" }).waitFor();
+  await person.dialog.getByRole("menuitem", { name: "Edit details…" }).waitFor();
 
   // Nothing above names it: an artist by the number alone.
   const other = await openWindow(streamer, { colorScheme: "dark", width: 390, height: 844 });
