@@ -111,6 +111,10 @@
         <translation>Methode nicht erlaubt</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Konflikt</translation>
+    </message>
+    <message>
         <source>Body too large</source>
         <translation>Inhalt zu groß</translation>
     </message>
@@ -283,6 +287,10 @@
         <translation>%1 brach ab: %2</translation>
     </message>
     <message>
+        <source>skipped: %1: %2</source>
+        <translation>übersprungen: %1: %2</translation>
+    </message>
+    <message>
         <source>skipped: %1 cannot be played</source>
         <translation>übersprungen: %1 lässt sich nicht abspielen</translation>
     </message>
@@ -311,16 +319,32 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>skipped: %1: %2</source>
-        <translation>übersprungen: %1: %2</translation>
-    </message>
-    <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>nach %1 nicht abspielbaren Titeln in Folge angehalten</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>die Audioausgabe ist nicht innerhalb von %1 Sekunden angelaufen und wurde neu aufgebaut</translation>
+    </message>
+    <message>
+        <source>the queue has changed; look at it again</source>
+        <translation>die Warteschlange hat sich geändert; bitte neu ansehen</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>die gespeicherte Warteschlange ist nicht lesbar; sie liegt jetzt als %1 beiseite</translation>
+    </message>
+    <message>
+        <source>the queue has %1 rows, none at this position</source>
+        <translation>die Warteschlange hat %1 Einträge, keinen an dieser Stelle</translation>
+    </message>
+    <message>
+        <source>the queue is full: it holds %1 rows</source>
+        <translation>die Warteschlange ist voll: sie fasst %1 Einträge</translation>
+    </message>
+    <message>
+        <source>too much is being added at once</source>
+        <translation>es wird zu viel auf einmal hinzugefügt</translation>
     </message>
 </context>
 <context>

@@ -111,6 +111,10 @@
         <translation>Méthode non autorisée</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Conflit</translation>
+    </message>
+    <message>
         <source>Body too large</source>
         <translation>Contenu trop volumineux</translation>
     </message>
@@ -283,6 +287,10 @@
         <translation>%1 s’est interrompu : %2</translation>
     </message>
     <message>
+        <source>skipped: %1: %2</source>
+        <translation>ignoré : %1 : %2</translation>
+    </message>
+    <message>
         <source>skipped: %1 cannot be played</source>
         <translation>ignoré : %1 ne peut pas être lu</translation>
     </message>
@@ -311,16 +319,32 @@
         <translation>%1 : %2</translation>
     </message>
     <message>
-        <source>skipped: %1: %2</source>
-        <translation>ignoré : %1 : %2</translation>
-    </message>
-    <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>arrêté après %1 éléments de suite impossibles à lire</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>la sortie audio n’a pas démarré en %1 secondes et a été recréée</translation>
+    </message>
+    <message>
+        <source>the queue has changed; look at it again</source>
+        <translation>la file d’attente a changé ; consultez-la à nouveau</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>la file d’attente enregistrée est illisible ; elle a été mise de côté sous %1</translation>
+    </message>
+    <message>
+        <source>the queue has %1 rows, none at this position</source>
+        <translation>la file d’attente a %1 entrées, aucune à cette position</translation>
+    </message>
+    <message>
+        <source>the queue is full: it holds %1 rows</source>
+        <translation>la file d’attente est pleine : elle contient %1 entrées</translation>
+    </message>
+    <message>
+        <source>too much is being added at once</source>
+        <translation>trop d’ajouts à la fois</translation>
     </message>
 </context>
 <context>

@@ -111,6 +111,10 @@
         <translation>許可されていないメソッドです</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>競合</translation>
+    </message>
+    <message>
         <source>Body too large</source>
         <translation>内容が大きすぎます</translation>
     </message>
@@ -283,6 +287,10 @@
         <translation>%1の再生が途切れました: %2</translation>
     </message>
     <message>
+        <source>skipped: %1: %2</source>
+        <translation>スキップしました: %1: %2</translation>
+    </message>
+    <message>
         <source>skipped: %1 cannot be played</source>
         <translation>スキップしました: %1 は再生できません</translation>
     </message>
@@ -311,16 +319,32 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>skipped: %1: %2</source>
-        <translation>スキップしました: %1: %2</translation>
-    </message>
-    <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>再生できない項目が%1件続いたため停止しました</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>オーディオ出力が%1秒以内に開始しなかったため、作り直しました</translation>
+    </message>
+    <message>
+        <source>the queue has changed; look at it again</source>
+        <translation>再生キューが変更されました。もう一度確認してください</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>保存された再生キューを読み込めません。%1 として退避しました</translation>
+    </message>
+    <message>
+        <source>the queue has %1 rows, none at this position</source>
+        <translation>再生キューは %1 件で、この位置には何もありません</translation>
+    </message>
+    <message>
+        <source>the queue is full: it holds %1 rows</source>
+        <translation>再生キューがいっぱいです（上限 %1 件）</translation>
+    </message>
+    <message>
+        <source>too much is being added at once</source>
+        <translation>一度に追加する数が多すぎます</translation>
     </message>
 </context>
 <context>

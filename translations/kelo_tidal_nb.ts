@@ -111,6 +111,10 @@
         <translation>Metoden er ikke tillatt</translation>
     </message>
     <message>
+        <source>Conflict</source>
+        <translation>Konflikt</translation>
+    </message>
+    <message>
         <source>Body too large</source>
         <translation>Innholdet er for stort</translation>
     </message>
@@ -283,6 +287,10 @@
         <translation>%1 ble avbrutt: %2</translation>
     </message>
     <message>
+        <source>skipped: %1: %2</source>
+        <translation>hoppet over: %1: %2</translation>
+    </message>
+    <message>
         <source>skipped: %1 cannot be played</source>
         <translation>hoppet over: %1 kan ikke spilles av</translation>
     </message>
@@ -311,16 +319,32 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>skipped: %1: %2</source>
-        <translation>hoppet over: %1: %2</translation>
-    </message>
-    <message>
         <source>stopped after %1 items in a row that cannot be played</source>
         <translation>stoppet etter %1 elementer på rad som ikke kan spilles av</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>
         <translation>lydutgangen startet ikke innen %1 sekunder og ble satt opp på nytt</translation>
+    </message>
+    <message>
+        <source>the queue has changed; look at it again</source>
+        <translation>køen er endret; se på den på nytt</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>den lagrede køen kan ikke leses; den er lagt til side som %1</translation>
+    </message>
+    <message>
+        <source>the queue has %1 rows, none at this position</source>
+        <translation>køen har %1 oppføringer, ingen på denne plassen</translation>
+    </message>
+    <message>
+        <source>the queue is full: it holds %1 rows</source>
+        <translation>køen er full: den rommer %1 oppføringer</translation>
+    </message>
+    <message>
+        <source>too much is being added at once</source>
+        <translation>for mye legges til på en gang</translation>
     </message>
 </context>
 <context>

@@ -144,6 +144,19 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
         R"({"path":")" + track["Path"].toString().toStdString() + R"("})");
     ask("POST /api/v1/player/seek", "", R"({"positionMs":0})");
     ask("POST /api/v1/player/volume", "", R"({"percent":50})");
+    ask("POST /api/v1/player/shuffle", "", R"({"on":true})");
+    ask("POST /api/v1/player/repeat", "", R"({"mode":"all"})");
+    const std::string albumPath = album["Path"].toString().toStdString();
+    ask("POST /api/v1/player/queue", "", R"({"action":"add","path":")" + albumPath + R"("})");
+    const QJsonObject queue = ask("GET /api/v1/player/queue", "?from=1&to=3");
+    EXPECT_EQ(queue["rows"].toArray().size(), 3);
+    EXPECT_EQ(queue["rows"][0]["List"], album["Path"]);
+    const QByteArray stale = QByteArray::number(queue["version"].toInt() - 1);
+    EXPECT_EQ(streamer
+                  .post("/api/v1/player/queue",
+                        "{\"action\":\"jump\",\"position\":0,\"version\":" + stale + "}")
+                  .status,
+              409);
     for (const char* name : {"pause", "resume", "next", "previous", "stop"})
         ask(std::string("POST /api/v1/player/") + name);
     EXPECT_FALSE(ask("GET /api/v1/requests")["requests"].toArray().isEmpty());

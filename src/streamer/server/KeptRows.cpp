@@ -8,7 +8,7 @@
 
 namespace {
 constexpr qint64 keptForMs = 300000;
-constexpr std::size_t mostPages = 4;
+constexpr std::size_t mostPages = 8;
 
 bool hasTracks(const KeloRowsRoles& answer)
 {
@@ -113,21 +113,17 @@ KeptRows::Found KeptRows::find(const CMPath& path, const CMPath& list, int index
     return {};
 }
 
-std::optional<KeptRows::Slice> KeptRows::beside(const CMPath& list, int index, int step) const
+std::optional<KeptRows::Slice> KeptRows::at(const CMPath& list, int index) const
 {
     std::lock_guard<std::mutex> lock(m_mutex);
     for (const Kept& kept : m_kept) {
         if (!isValid(kept) || !(list == kept.watch->list()))
             continue;
-        const int place = index - kept.from; // may be just outside
+        const int place = index - kept.from;
         const int size = kept.answer.size();
         const bool isAtEnd = kept.from + size >= kept.answer.rowsCount();
-        const int last = isAtEnd ? size - 1 : size - 2;
-        if (step > 0 ? place < -1 || place > last : place < 1 || place > size)
-            continue;
-        Slice slice{Page(kept.answer), step > 0 ? index + 1 : kept.from};
-        slice.page.rows = step > 0 ? slice.page.rows.mid(place + 1) : slice.page.rows.mid(0, place);
-        return slice;
+        if (place >= 0 && (place < size || isAtEnd))
+            return Slice{Page(kept.answer), kept.from};
     }
     return std::nullopt;
 }

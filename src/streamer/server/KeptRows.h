@@ -41,10 +41,9 @@ public:
     /// The track at a path, in the page that holds this row of a list; in any, if the list is
     /// empty.
     Found find(const CMPath& path, const CMPath& list, int index) const;
-    /// The kept rows right after (`step` 1) or before (-1) a row of a list, of which -1 stands
-    /// before the first: none, where the list is known to end. Nothing when they are to be asked
-    /// for.
-    std::optional<Slice> beside(const CMPath& list, int index, int step) const;
+    /// A kept page with a row of a list, or with the list's end before it. Nothing when it is to be
+    /// asked for.
+    std::optional<Slice> at(const CMPath& list, int index) const;
 
 private:
     struct Kept

@@ -21,7 +21,9 @@ RowSearch::Page::Page(const CMReply<KeloRowsRoles>& reply)
     error = reply.error();
 }
 
-RowSearch::Page::Page(const KeloRowsRoles& answer) : count(answer.rowsCount())
+RowSearch::Page::Page(const KeloRowsRoles& answer)
+    : count(answer.rowsCount()),
+      title(TrString::fromVariant(answer.roles().toHash().value(KeloRoles::Title())))
 {
     const QVariantList list = answer.rows().toList();
     rows.reserve(list.size());

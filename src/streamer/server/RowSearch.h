@@ -20,7 +20,8 @@ public:
         int indexOf(const CMPath& path, int place) const;
 
         QList<KeloRoles> rows = {};
-        int count = 0; ///< rows of the whole list
+        int count = 0;  ///< rows of the whole list
+        TrString title; ///< of the list; empty where the answer leaves it out
         CMError error;
     };
     using Match = std::function<bool(const KeloRoles&)>;

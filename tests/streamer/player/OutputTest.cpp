@@ -23,9 +23,15 @@ protected:
             events.started = [this] { add("started"); };
             events.aboutToFinish = [this] {
                 add("aboutToFinish");
-                output->setNext(std::exchange(next, OutputItem()));
+                if (other.uri.isEmpty() || !next.uri.isEmpty())
+                    output->setNext(std::exchange(next, OutputItem()));
+                if (!other.uri.isEmpty())
+                    output->setNext(other);
             };
-            events.itemChanged = [this] { add("itemChanged"); };
+            events.itemChanged = [this](const QString& uri) {
+                add(uri == other.uri ? "itemChanged to another" : "itemChanged");
+                other = OutputItem();
+            };
             events.finished = [this] { add("finished"); };
             events.error = [this](const OutputError& error) {
                 add(QString("error %1%2").arg(error.kind).arg(error.isOfNext ? " of next" : ""));
@@ -69,7 +75,8 @@ protected:
     }
 
     SimStreams sim;
-    OutputItem next; ///< handed over when the output asks for it; of the output's thread
+    OutputItem next;  ///< handed over when the output asks for it; of the output's thread
+    OutputItem other; ///< named instead, once the output has taken the next
     QString problem;
     KeloLoopThread thread;
     std::unique_ptr<AudioOutput> output;
@@ -107,6 +114,16 @@ TEST_F(OutputTest, PlaysTwoItemsWithoutAGap)
     open(sim.address(0));
     EXPECT_EQ(waitFor("finished").split(',').filter(QRegularExpression("start|Changed|fini")),
               QStringList({"started", "itemChanged", "finished"}));
+}
+
+TEST_F(OutputTest, PlaysAnotherNextItemThanTheOneItHasTakenAlready)
+{
+    make("null");
+    next.uri = sim.address(1);
+    other.uri = sim.address(2);
+    open(sim.address(0));
+    EXPECT_EQ(waitFor("finished").split(',').filter(QRegularExpression("Changed|fini")),
+              QStringList({"itemChanged to another", "finished"}));
 }
 
 TEST_F(OutputTest, StartsAtAPositionPausesAndSeeks)

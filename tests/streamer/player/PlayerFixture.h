@@ -56,6 +56,16 @@ protected:
     }
     QJsonObject status() const { return json(player->status()); }
 
+    /// The status while there is nothing.
+    QJsonObject idle() const
+    {
+        return {{"state", "stopped"},
+                {"volume", 100},
+                {"shuffle", false},
+                {"repeat", "off"},
+                {"queueVersion", status()["queueVersion"]}};
+    }
+
     /// A list of tracks with these ids.
     void addTracks(const QStringList& ids)
     {

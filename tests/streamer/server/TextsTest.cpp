@@ -115,7 +115,8 @@ TEST(TextCatalogueTest, NotesAreTranslatedWithTheReasonsInsideButNotTheTitles)
     EXPECT_EQ(
         PlayerApi::text(status, &german),
         R"({"note":"übersprungen: Albums: die Adresse wurde abgelehnt (403); )"
-        R"(Not found lässt sich nicht abspielen","state":"stopped","title":"Albums","volume":100})");
+        R"(Not found lässt sich nicht abspielen","queueVersion":0,"repeat":"off","shuffle":false,)"
+        R"("state":"stopped","title":"Albums","volume":100})");
     KeloOAuth2Info login;
     login.setProblem(
         TrString::in("Login", "No client id is set for %1; see the settings.", {title}));

@@ -104,7 +104,7 @@ TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
     const std::string expected = "retry: 3000\n\nevent: stream\ndata: {\"id\":\"" + id + R"("}
 
 event: player
-data: {"state":"stopped","volume":100}
+data: {"queueVersion":0,"repeat":"off","shuffle":false,"state":"stopped","volume":100}
 
 event: login
 data: {"loggedIn":false}
@@ -113,7 +113,7 @@ event: rows
 data: {"path":"/web/list?a=1","change":["-4"],"count":119}
 
 event: player
-data: {"positionMs":0,"state":"playing","volume":100}
+data: {"positionMs":0,"queueVersion":0,"repeat":"off","shuffle":false,"state":"playing","volume":100}
 
 event: login
 data: {"loggedIn":true}

@@ -39,8 +39,9 @@ public:
     {
         std::function<void()> started;       ///< the opened item sounds, or would if not paused
         std::function<void()> aboutToFinish; ///< the last moment for setNext() to be gap-free
-        std::function<void()> itemChanged;   ///< the item of setNext() has taken over
-        std::function<void()> finished;      ///< the item ended and nothing follows it
+        /// The item of setNext() with this address has taken over.
+        std::function<void(const QString& uri)> itemChanged;
+        std::function<void()> finished;                ///< the item ended and nothing follows it
         std::function<void(const OutputError&)> error; ///< the output is stopped
     };
 
@@ -49,7 +50,8 @@ public:
 
     /// Plays an item in place of what plays now; ends in started or error.
     virtual void open(const OutputItem& item) = 0;
-    /// Names the item that follows without a gap; one with an empty address says that none does.
+    /// Names the item that follows without a gap, in place of one that was named before; one with
+    /// an empty address says that none does.
     virtual void setNext(const OutputItem& item) = 0;
     virtual void pause() = 0;
     virtual void resume() = 0;

@@ -154,8 +154,23 @@ void GstOutput::halt()
 
 void GstOutput::setNext(const OutputItem& item)
 {
+    const bool isTaken = m_isNextGiven && item.uri != m_next.uri;
     m_next = item;
-    answer(true, item.uri);
+    if (isTaken)
+        beginAgain(positionMs());
+    else
+        answer(true, item.uri);
+}
+
+/// The pipeline reads the next item already, or nothing yet.
+void GstOutput::beginAgain(qint64 positionMs)
+{
+    OutputItem item = m_item;
+    const OutputItem next = m_next;
+    item.startMs = positionMs;
+    begin(item);
+    if (!next.uri.isEmpty())
+        setNext(next);
 }
 
 void GstOutput::answer(bool isAnswered, const QString& uri)
@@ -191,13 +206,7 @@ void GstOutput::seek(qint64 positionMs)
     if (!m_isOpen)
         return;
     if (m_isNextGiven || !m_hasStarted) {
-        // The pipeline reads the next item already, or nothing yet: begin again at the position.
-        OutputItem item = m_item;
-        const OutputItem next = m_next;
-        item.startMs = positionMs;
-        begin(item);
-        if (!next.uri.isEmpty())
-            setNext(next);
+        beginAgain(positionMs);
         return;
     }
     answer(true, m_next.uri);
@@ -286,7 +295,7 @@ void GstOutput::onStreamStart(guint group)
     m_next = OutputItem();
     m_isNextGiven = false;
     answer(false, QString());
-    events().itemChanged();
+    events().itemChanged(m_item.uri);
 }
 
 void GstOutput::onEnd()
@@ -298,12 +307,14 @@ void GstOutput::onEnd()
     }
     // The address came too late for the pipeline: a short gap.
     begin(next);
-    events().itemChanged();
+    events().itemChanged(m_item.uri);
     m_hasStarted = true;
 }
 
-void GstOutput::onNextTaken()
+void GstOutput::onNextTaken(const QString& uri)
 {
+    if (uri != m_next.uri)
+        return beginAgain(positionMs());  // another was named meanwhile
     m_item.durationHintMs = durationMs(); // from now on the pipeline tells the next item's
     m_isNextGiven = true;
 }

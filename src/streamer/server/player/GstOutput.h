@@ -59,12 +59,13 @@ private:
     void answer(bool isAnswered, const QString& uri);
 
     void begin(const OutputItem& item);
+    void beginAgain(qint64 positionMs);
     void halt();
     void onPrerolled();
     void onPlaying();
     void onStreamStart(guint group);
     void onEnd();
-    void onNextTaken();
+    void onNextTaken(const QString& uri);
     void onBuffering(int percent);
     void onError(OutputError error);
     /// Brings the pipeline into the state that the flags ask for.

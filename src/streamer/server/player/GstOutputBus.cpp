@@ -157,7 +157,7 @@ void GstOutput::waitForNext()
     }
     if (uri.empty())
         return;
-    post([this] { onNextTaken(); });
+    post([this, taken = QString::fromStdString(uri)] { onNextTaken(taken); });
     g_object_set(m_playbin, "uri", uri.c_str(), nullptr);
 }
 

@@ -31,7 +31,9 @@ bool OutputStage::make(QString* error)
     Events events;
     events.started = [this] { raise([](const Events& to) { to.started(); }); };
     events.aboutToFinish = [this] { raise([](const Events& to) { to.aboutToFinish(); }); };
-    events.itemChanged = [this] { raise([](const Events& to) { to.itemChanged(); }); };
+    events.itemChanged = [this](const QString& uri) {
+        raise([uri](const Events& to) { to.itemChanged(uri); });
+    };
     events.finished = [this] { raise([](const Events& to) { to.finished(); }); };
     events.error = [this](const OutputError& failure) {
         raise([failure](const Events& to) { to.error(failure); });

@@ -66,10 +66,8 @@ PlayItem PlayItem::completed(const KeloRoles& roles, const QueueEntry& entry)
     item.durationMs = metaData.value(KeloMetaData::Duration()).toLongLong();
     item.qualityDelivered = deliveredQuality(resource);
     const CMPath context = metaData.contentPlayContextPath();
-    if (!context.isEmpty() && context != item.entry.list) {
+    if (item.entry.list.isEmpty())
         item.entry.list = context;
-        item.entry.index = -1;
-    }
     return item;
 }
 

@@ -11,13 +11,17 @@ constexpr qint64 saveEveryMs = 5000;
 PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock, KeptRows& keptRows,
                            const QString& stateDir, Publish publish)
     : m_clock(clock), m_output(std::move(output)), m_publish(std::move(publish)), m_store(stateDir),
-      m_finder(keptRows)
+      m_queueStore(stateDir), m_rows(keptRows), m_reader(m_queue, m_rows, [this] {
+          queueEdited();
+          this->publish();
+      })
 {
     connectOutput();
     const PlayerStore::Kept kept = m_store.load();
     m_volume = kept.volume;
     m_item = kept.item;
     m_resumeMs = kept.positionMs;
+    loadQueue();
     m_output->setVolume(m_volume);
     this->publish();
 }
@@ -25,7 +29,11 @@ PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock, Ke
 PlayerEngine::~PlayerEngine()
 {
     save();
+    if (m_isQueueUnsaved)
+        m_queueStore.save(m_queue);
     fail(TrString::in("Player", "the player ends"));
+    endChain();
+    m_reader.end(CMError(TrString::in("Player", "the player ends")));
     m_output->stop();
 }
 
@@ -39,11 +47,12 @@ void PlayerEngine::command(const Reply& reply)
     m_broken = Broken();
     m_isPauseWanted = false;
     m_notes.clear();
+    forgetBefore();
 }
 
 void PlayerEngine::succeed()
 {
-    std::exchange(m_reply, Reply()).setValue(QVariant(true));
+    std::exchange(m_reply, Reply()).setValue(queueState());
 }
 
 void PlayerEngine::fail(const TrString& text)
@@ -64,9 +73,10 @@ void PlayerEngine::play(const CMPath& path, const RowFinder::Place& place, const
 void PlayerEngine::playId(const QString& id, const Reply& reply)
 {
     command(reply);
-    QueueEntry entry;
-    entry.id = id;
-    startChain(Chain::Start, entry);
+    RowFinder::Found found;
+    found.entry.id = id;
+    startChain(Chain::Start, found.entry);
+    m_chain.begins = found;
     resolve();
 }
 
@@ -97,6 +107,8 @@ void PlayerEngine::resume(const Reply& reply)
                                m_clock.steadyMs() - m_pausedAtMs > m_item.maxIdleMs &&
                                m_item.entry.canResolve();
     if (m_state == State::Stopped || (m_state == State::Paused && isIdleTooLong)) {
+        if (m_item.entry.isEmpty())
+            return next(reply); // what was put into the queue, if anything
         if (!m_item.entry.canResolve())
             return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
         const qint64 position = positionMs();
@@ -137,6 +149,7 @@ void PlayerEngine::halt(qint64 resumeMs)
 
 void PlayerEngine::haltAtBreak()
 {
+    restore(true);
     const Broken broken = std::exchange(m_broken, Broken());
     if (!broken.item.entry.isEmpty()) {
         m_item = broken.item;
@@ -149,15 +162,16 @@ void PlayerEngine::haltAtBreak()
 
 void PlayerEngine::next(const Reply& reply)
 {
-    if (m_item.entry.isEmpty())
+    if (m_item.entry.isEmpty() && m_queue.size() == 0)
         return reply.setError(CMError(TrString::in("Player", "there is nothing to play")));
     const Next next = m_next;
     // What was passed over on the way to the next item is still to be read when that plays.
     const PlayerNotes notes = m_notes.fresh();
     command(reply);
-    if (next.state == Next::Given) {
+    if (next.state == Next::Given && !next.isSame) {
         m_notes = notes;
         endChain();
+        takeNext();
         return openItem(next.item);
     }
     startChain(Chain::Start, m_item.entry);
@@ -175,6 +189,7 @@ void PlayerEngine::previous(const Reply& reply)
     startChain(Chain::Start, m_item.entry);
     m_chain.skips = true;
     m_chain.step = -1;
+    m_chain.backFrom = m_queue.indexInList();
     walk();
 }
 
@@ -214,6 +229,12 @@ void PlayerEngine::accept(const KeloRoles& roles)
     }
     command(Reply());
     endChain();
+    RowFinder::Found found;
+    found.entry = item.entry;
+    KeloMediaData mediaData = roles.mediaData();
+    mediaData.setResources({}); // an address is nothing to keep
+    found.entry.row.setMediaData(mediaData);
+    begin(found);
     openItem(item);
 }
 
@@ -259,6 +280,14 @@ void PlayerEngine::publish()
     status.item = m_item;
     status.list = m_item.entry.list;
     status.index = m_item.entry.index;
+    if (m_queue.listOf(m_queue.present().slot) == status.list) {
+        status.listTitle = m_queue.titleOf(m_queue.present().slot);
+        status.index = m_queue.indexOf(m_queue.present().slot);
+    }
+    status.isShuffled = m_queue.isShuffled();
+    status.repeat = PlayQueue::nameOf(m_queue.repeat());
+    status.queueVersion = m_queue.version();
+    status.queueRows = m_queue.size();
     status.volume = m_volume;
     status.notes = m_notes.texts();
     if (status.notes.isEmpty() && !m_output->note().isEmpty())

@@ -3,6 +3,13 @@
 
 namespace {
 constexpr int maxFailures = 10;
+/// So many rows of the queue are passed over, and no more, to find one that can be played.
+constexpr int mostPassed = 2000;
+
+bool isPlayable(const QueueEntry& entry)
+{
+    return !entry.id.isEmpty() || entry.isPlayable();
+}
 
 TrString textOf(const CMError& error)
 {
@@ -15,6 +22,7 @@ void PlayerEngine::startChain(Chain::Aim aim, const QueueEntry& at)
     endChain();
     m_chain.aim = aim;
     m_chain.at = at;
+    m_chain.number = ++m_chains;
 }
 
 void PlayerEngine::endChain()
@@ -26,21 +34,157 @@ void PlayerEngine::endChain()
 
 void PlayerEngine::walk()
 {
-    m_finder.next(m_chain.at, m_chain.step,
-                  [this](const RowFinder::Found& found) { onFound(found); });
+    m_chain.slot = PlayQueue::Slot();
+    m_chain.position = 0;
+    m_chain.isTaken = false;
+    m_chain.begins.reset();
+    if (m_chain.step < 0 && !m_queue.wanted())
+        return walkBack();
+    readFront();
 }
 
-void PlayerEngine::onFound(const RowFinder::Found& found)
+void PlayerEngine::readFront()
+{
+    // Before the way back, too, the list may have to be looked at.
+    const int position = m_chain.step > 0 ? m_chain.position : m_queue.queued();
+    m_reader.read(position, position,
+                  [this, number = m_chain.number](const QueueReader::Rows& rows) {
+                      if (number != m_chain.number)
+                          return;
+                      if (m_chain.step > 0)
+                          return onFront(rows);
+                      m_chain.backFrom = m_queue.indexInList();
+                      walkBack();
+                  });
+}
+
+void PlayerEngine::onFront(const QueueReader::Rows& rows)
+{
+    if (rows.rows.empty() && !rows.error.isSet())
+        return onQueueEnd();
+    RowFinder::Found end;
+    end.error = rows.error;
+    if (rows.rows.empty() || m_chain.passed > mostPassed)
+        return onListEnd(end);
+    const auto [slot, entry] = rows.rows.front();
+    if (isPlayable(entry)) {
+        m_chain.at = entry;
+        m_chain.slot = slot;
+        return resolve();
+    }
+    if (entry.isEmpty() && rows.error.isSet() && m_queue.isOfList(slot))
+        return onListEnd(end);
+    remember();
+    ++m_chain.passed;
+    if (entry.isEmpty() && rows.error.isSet()) {
+        addNote(
+            TrString::in("Player", "skipped: %1: %2", {m_queue.titleOf(slot), textOf(rows.error)}));
+        m_queue.drop(slot.origin);
+    } else {
+        if (!entry.isEmpty())
+            addNote(TrString::in("Player", "skipped: %1 cannot be played", {entry.row.title()}));
+        m_queue.pass(m_chain.position);
+    }
+    queueChanged();
+    readFront();
+}
+
+void PlayerEngine::onQueueEnd()
+{
+    const bool isRepeated =
+        m_queue.repeat() == PlayQueue::Repeat::All && !std::exchange(m_chain.hasWrapped, true);
+    if (!isRepeated)
+        return onListEnd(RowFinder::Found());
+    remember();
+    if (m_queue.beginRound()) {
+        queueChanged();
+        return walk();
+    }
+    if (!m_item.entry.canResolve())
+        return onListEnd(RowFinder::Found());
+    m_chain.at = m_item.entry;
+    m_chain.of = Chain::Present;
+    resolve();
+}
+
+void PlayerEngine::walkBack()
+{
+    const auto found = [this, number = m_chain.number](const QueueReader::Row& row) {
+        if (number != m_chain.number)
+            return;
+        if (!isPlayable(row.entry)) {
+            m_queue.dropLast();
+            return walkBack();
+        }
+        m_chain.at = row.entry;
+        m_chain.slot = row.slot;
+        m_chain.isOfHistory = true;
+        resolve();
+    };
+    m_chain.isOfHistory = false;
+    if (m_queue.last().origin >= 0)
+        return m_reader.find({m_queue.last(), m_queue.lastKey()}, found);
+    if (m_queue.isShuffled() || m_chain.backFrom <= 0)
+        return onListEnd(RowFinder::Found());
+    m_finder.findBefore(m_queue.list(), m_chain.backFrom,
+                        [this](const RowFinder::Found& before) { onFoundBefore(before); });
+}
+
+void PlayerEngine::onFoundBefore(const RowFinder::Found& found)
 {
     for (const QString& title : found.skipped)
         addNote(TrString::in("Player", "skipped: %1 cannot be played", {title}));
     if (found.entry.isEmpty())
         return onListEnd(found);
     m_chain.at = found.entry;
-    m_chain.skips = m_chain.skips || found.isList;
-    if (found.entry.id.isEmpty() && !found.entry.isPlayable())
-        return refuse(TrString::in("Player", "%1 cannot be played", {found.entry.row.title()}));
+    m_chain.backFrom = found.entry.index;
     resolve();
+}
+
+void PlayerEngine::onFound(const RowFinder::Found& found)
+{
+    const bool isShuffledList = found.isList && m_queue.isShuffled();
+    for (const QString& title : isShuffledList ? QStringList() : found.skipped)
+        addNote(TrString::in("Player", "skipped: %1 cannot be played", {title}));
+    if (found.entry.isEmpty())
+        return onListEnd(found);
+    m_chain.at = found.entry;
+    m_chain.skips = m_chain.skips || found.isList;
+    if (!isPlayable(found.entry))
+        return refuse(TrString::in("Player", "%1 cannot be played", {found.entry.row.title()}));
+    m_chain.begins = found;
+    if (!isShuffledList)
+        return resolve();
+    remember();
+    m_queue.begin(QueueAdder::listOf(found.entry.list, found), -1, 0);
+    queueChanged();
+    m_chain.begins.reset();
+    m_chain.position = m_queue.queued();
+    readFront();
+}
+
+void PlayerEngine::commit()
+{
+    if (m_chain.of != Chain::Another || std::exchange(m_chain.isTaken, true))
+        return;
+    remember();
+    const quint64 key = PlayQueue::keyOf(m_chain.at);
+    if (m_chain.begins)
+        return begin(*m_chain.begins);
+    if (m_chain.step > 0)
+        m_queue.take(m_chain.position, key);
+    else if (m_chain.isOfHistory)
+        m_queue.goBack(m_chain.slot);
+    else
+        m_queue.backTo(m_chain.at.index, key);
+    queueChanged();
+}
+
+void PlayerEngine::takeNext()
+{
+    remember();
+    m_queue.take(0, PlayQueue::keyOf(m_next.item.entry));
+    queueChanged();
 }
 
 void PlayerEngine::onListEnd(const RowFinder::Found& found)
@@ -82,6 +226,7 @@ void PlayerEngine::resolve()
 {
     if (m_chain.aim == Chain::Start) {
         m_output->stop();
+        commit();
         m_next = Next();
         if (m_chain.of == Chain::Another) {
             m_item = PlayItem::ofEntry(m_chain.at);
@@ -107,11 +252,16 @@ void PlayerEngine::onResolved(const CMError& error, const KeloRoles& completed)
         item.durationMs = m_item.durationMs;
     item.isRetry = m_chain.of == Chain::Retry;
     item.isSkipped = m_chain.skips;
-    const bool isOpened = m_chain.aim == Chain::Start;
+    const Chain chain = m_chain;
     endChain();
-    if (isOpened)
+    if (chain.begins && chain.begins->entry.list.isEmpty() && !item.entry.list.isEmpty()) {
+        RowFinder::Found found;
+        found.entry = {completed, QString(), item.entry.list, -1};
+        begin(found); // the module knows its list
+    }
+    if (chain.aim == Chain::Start)
         return openItem(item);
-    m_next = {Next::Given, item};
+    m_next = {Next::Given, item, chain.slot, chain.of != Chain::Another};
     m_output->setNext(item.forOutput());
     publish();
 }
@@ -137,6 +287,13 @@ void PlayerEngine::onItemFailed(const TrString& text)
         return fail(text);
     }
     addNote(TrString::in("Player", "skipped: %1: %2", {name, text}));
+    if (m_chain.of == Chain::Another && m_chain.isTaken) {
+        m_queue.dropPresent();
+    } else if (m_chain.of == Chain::Another) {
+        remember();
+        m_queue.pass(0);
+        queueChanged();
+    }
     m_chain.offsetMs = 0;
     m_chain.of = Chain::Another;
     if (++m_failures < maxFailures) {
@@ -152,6 +309,7 @@ void PlayerEngine::onItemFailed(const TrString& text)
         haltAtBreak();
         return fail(reason);
     }
+    restore(false);
     endChain();
     endList();
 }
@@ -169,5 +327,13 @@ void PlayerEngine::prefetch()
         return;
     startChain(Chain::Prefetch, m_item.entry);
     m_chain.skips = true;
-    walk();
+    goOn();
+}
+
+void PlayerEngine::goOn()
+{
+    if (m_queue.repeat() != PlayQueue::Repeat::One || !m_item.entry.canResolve())
+        return walk();
+    m_chain.of = Chain::Present;
+    resolve();
 }

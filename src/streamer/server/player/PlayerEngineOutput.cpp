@@ -12,7 +12,7 @@ void PlayerEngine::connectOutput()
     AudioOutput::Events events;
     events.started = [this] { onStarted(); };
     events.aboutToFinish = [this] { onAboutToFinish(); };
-    events.itemChanged = [this] { onItemChanged(); };
+    events.itemChanged = [this](const QString& uri) { onItemChanged(uri); };
     events.finished = [this] { onFinished(); };
     events.error = [this](const OutputError& error) { onError(error); };
     m_output->setEvents(events);
@@ -29,6 +29,7 @@ void PlayerEngine::onStarted()
         return publish(); // a command is leading elsewhere already, and is not answered by this
     }
     m_broken = Broken();
+    forgetBefore();
     m_notes.started();
     if (std::exchange(m_isPauseWanted, false))
         pauseOutput();
@@ -45,13 +46,24 @@ void PlayerEngine::onAboutToFinish()
         prefetch();
 }
 
-void PlayerEngine::onItemChanged()
+void PlayerEngine::onItemChanged(const QString& uri)
 {
-    if (m_next.state != Next::Given)
+    if (m_chain.aim == Chain::Start)
         return;
+    m_failures = 0;
+    if (m_next.state != Next::Given || m_next.item.uri != uri) {
+        // The queue was edited when the output had begun what was to come next before.
+        startChain(Chain::Start, m_item.entry);
+        m_chain.skips = true;
+        m_state = State::Resolving;
+        walk();
+        return publish();
+    }
+    if (!m_next.isSame)
+        takeNext();
     m_item = m_next.item;
     m_next = Next();
-    m_failures = 0;
+    forgetBefore();
     m_notes.started();
     save();
     publish();
@@ -64,17 +76,22 @@ void PlayerEngine::onFinished()
     if (m_chain.aim != Chain::None) {
         // What a command leads to, or the next item, is opened when it is resolved.
         m_chain.aim = Chain::Start;
+        if (m_chain.slot.origin >= 0)
+            commit();
         m_state = State::Resolving;
         return publish();
     }
-    if (m_next.state == Next::Given)
+    if (m_next.state == Next::Given) {
+        if (!m_next.isSame)
+            takeNext();
         return openItem(PlayItem(m_next.item));
+    }
     if (m_next.state == Next::Nothing)
         return halt();
     startChain(Chain::Start, m_item.entry);
     m_chain.skips = true;
     m_state = State::Resolving;
-    walk();
+    goOn();
     publish();
 }
 
@@ -101,6 +118,7 @@ void PlayerEngine::onError(const OutputError& error)
     startChain(Chain::Start, m_item.entry);
     m_chain.skips = m_item.isSkipped || !isWaitedFor;
     m_chain.offsetMs = position;
+    m_chain.of = Chain::Present;
     m_state = State::Resolving;
     if (!again)
         return onItemFailed(error.text);

@@ -1,23 +1,17 @@
 #include "RowFinder.h"
 
-#include "ItemRoles.h"
-
 #include <algorithm>
-#include <kelo/CMRoot.h>
 
 namespace {
 constexpr int pageSize = RowSearch::pageSize;
 constexpr int maxPages = 40;
-/// Rows before a wanted one that are read with it, for steps back.
-constexpr int rowsBefore = 10;
 const QString trackIdParam = QStringLiteral("trackId");
+} // namespace
 
-/// Headers and texts are no items, so that passing over them is not worth a word.
-bool isItem(const KeloRoles& row)
+bool isItemRow(const KeloRoles& row)
 {
     return row.type() == KeloRolesType::Audio() || row.type() == KeloRolesType::Container();
 }
-} // namespace
 
 void RowFinder::cancel()
 {
@@ -25,6 +19,12 @@ void RowFinder::cancel()
     m_done = nullptr;
     m_found = Found();
     m_pagesLeft = maxPages;
+}
+
+void RowFinder::note(const Page& page)
+{
+    m_found.count = page.count;
+    m_found.title = page.title;
 }
 
 void RowFinder::finish(const QueueEntry& entry)
@@ -39,35 +39,33 @@ void RowFinder::finish(const QueueEntry& entry)
         done(found);
 }
 
-void RowFinder::fetch(const CMPath& list, int from, int to, std::function<void(const Page&)> then)
+void RowFinder::fetch(const CMPath& list, int from, std::function<void(const Page&)> then)
 {
     if (--m_pagesLeft < 0)
         return finish();
-    const auto watch = m_kept.begin(list);
-    const CMGetRowsRequest request(list, from, to, itemRoles());
-    CMRoot().request(request);
-    const CMReply<KeloRowsRoles> reply = request.reply();
-    reply.addWatcher(
-        this,
-        [this, reply, from, watch, generation = m_generation, then] {
-            m_kept.take(watch, from, reply);
-            if (generation == m_generation)
-                then(Page(reply));
-        },
-        Qt::QueuedConnection);
+    m_rows.fetch(list, from,
+                 [this, generation = m_generation, then = std::move(then)](const Page& page) {
+                     if (generation != m_generation)
+                         return;
+                     note(page);
+                     then(page);
+                 });
 }
 
 void RowFinder::find(const CMPath& path, const Place& place, Done done)
 {
     cancel();
     m_done = std::move(done);
-    const KeptRows::Found kept = m_kept.find(path, place.list, place.index);
-    if (!kept.row.isEmpty())
+    const KeptRows::Found kept = m_rows.find(path, place.list, place.index);
+    if (!kept.row.isEmpty()) {
+        if (const auto page = m_rows.page(kept.list, kept.index))
+            note(*page);
         return finish({kept.row, {}, kept.list, kept.index});
+    }
     if (place.list.isEmpty())
         return findAnywhere(path);
-    const int from = std::max(0, place.index - rowsBefore);
-    fetch(place.list, from, from + pageSize - 1, [this, path, place, from](const Page& page) {
+    const int from = ListRows::pageOf(place.index);
+    fetch(place.list, from, [this, path, place, from](const Page& page) {
         const int at = page.indexOf(path, place.index - from);
         if (at < 0)
             return findAnywhere(path);
@@ -78,10 +76,11 @@ void RowFinder::find(const CMPath& path, const Place& place, Done done)
 void RowFinder::findAnywhere(const CMPath& path)
 {
     if (!path.hasParam(trackIdParam)) {
-        if (const auto kept = m_kept.beside(path, -1, 1))
-            return onOwnRows(path, kept->page);
-        fetch(path, 0, pageSize - 1, [this, path](const Page& page) { onOwnRows(path, page); });
-        return;
+        if (const auto page = m_rows.page(path, 0)) {
+            note(*page);
+            return onOwnRows(path, *page);
+        }
+        return fetch(path, 0, [this, path](const Page& page) { onOwnRows(path, page); });
     }
     search(RowSearch(path, RowSearch::listsOf(path).mid(0, 1)),
            [this, id = path.param(trackIdParam)](const QueueEntry& entry) {
@@ -108,66 +107,50 @@ void RowFinder::search(const RowSearch& search, const std::function<void(const Q
         return then(search.hasFound()
                         ? QueueEntry{search.row(), QString(), search.list(), search.index()}
                         : QueueEntry());
-    fetch(search.list(), search.from(), search.from() + pageSize - 1,
-          [this, search, then](const Page& page) {
-              if (page.error.isSet() && !m_found.error.isSet())
-                  m_found.error = page.error;
-              RowSearch rest = search;
-              rest.take(page);
-              this->search(rest, then);
-          });
-}
-
-void RowFinder::next(const QueueEntry& entry, int step, Done done)
-{
-    cancel();
-    m_done = std::move(done);
-    if (entry.index >= 0 && !entry.list.isEmpty())
-        return walk(entry.list, entry.index, step);
-    QList<CMPath> lists;
-    if (!entry.list.isEmpty() && !entry.row.isEmpty())
-        lists.append(entry.list);
-    const CMPath prePlay = entry.prePlayPath();
-    const auto isEntry = [prePlay, id = entry.row.id()](const KeloRoles& row) {
-        const CMPath own = row.mediaData().metaData().prePlayPath();
-        return prePlay.isEmpty() ? !id.isEmpty() && row.id() == id : own == prePlay;
-    };
-    search(RowSearch(lists, isEntry), [this, step](const QueueEntry& found) {
-        if (found.isEmpty())
-            return finish();
-        walk(found.list, found.index, step);
+    fetch(search.list(), search.from(), [this, search, then](const Page& page) {
+        if (page.error.isSet() && !m_found.error.isSet())
+            m_found.error = page.error;
+        RowSearch rest = search;
+        rest.take(page);
+        this->search(rest, then);
     });
 }
 
-void RowFinder::walk(const CMPath& list, int index, int step)
+void RowFinder::findBefore(const CMPath& list, int index, Done done)
 {
-    const int from = step > 0 ? index + 1 : std::max(0, index - pageSize);
-    const int to = step > 0 ? index + pageSize : index - 1;
-    if (to < from)
-        return finish();
-    if (const auto kept = m_kept.beside(list, index, step))
-        return walkPage(list, kept->from, step, kept->page);
-    fetch(list, from, to,
-          [this, list, from, step](const Page& page) { walkPage(list, from, step, page); });
+    cancel();
+    m_done = std::move(done);
+    walk(list, index - 1, -1);
 }
 
-void RowFinder::walkPage(const CMPath& list, int from, int step, const Page& page)
+/// From a row on, which may stand outside the list.
+void RowFinder::walk(const CMPath& list, int index, int step)
+{
+    if (index < 0)
+        return finish();
+    if (const auto page = m_rows.page(list, index)) {
+        note(*page);
+        return walkPage(list, index, step, *page);
+    }
+    fetch(list, ListRows::pageOf(index),
+          [this, list, index, step](const Page& page) { walkPage(list, index, step, page); });
+}
+
+void RowFinder::walkPage(const CMPath& list, int index, int step, const Page& page)
 {
     if (page.error.isSet()) {
         m_found.error = page.error;
         return finish();
     }
-    const int size = page.rows.size();
-    for (int k = 0; k < size; ++k) {
-        const int i = step > 0 ? k : size - 1 - k;
-        const QueueEntry entry{page.rows.at(i), QString(), list, from + i};
+    int i = step > 0 ? index : std::min(index, page.from + page.rows.size() - 1);
+    for (; const KeloRoles* row = page.row(i); i += step) {
+        const QueueEntry entry{*row, QString(), list, i};
         if (entry.isPlayable())
             return finish(entry);
-        if (isItem(entry.row))
-            m_found.skipped.append(entry.row.title());
+        if (isItemRow(*row))
+            m_found.skipped.append(row->title());
     }
-    const bool isAtEnd = step > 0 ? size == 0 || from + size >= page.count : from == 0;
-    if (isAtEnd)
+    if (step > 0 ? page.rows.isEmpty() || i >= page.count : i < 0)
         return finish();
-    walk(list, step > 0 ? from + size - 1 : from, step);
+    walk(list, step > 0 ? i : page.from - 1, step);
 }

@@ -1,6 +1,7 @@
 #include "HttpReply.h"
 
 #include "JsonText.h"
+#include "PlayerControl.h"
 #include "texts/TextCatalogue.h"
 
 #include <algorithm>
@@ -17,6 +18,7 @@ QString reason(int status)
         {403, QT_TRANSLATE_NOOP("HttpReply", "Forbidden")},
         {404, QT_TRANSLATE_NOOP("HttpReply", "Not found")},
         {405, QT_TRANSLATE_NOOP("HttpReply", "Method not allowed")},
+        {409, QT_TRANSLATE_NOOP("HttpReply", "Conflict")},
         {413, QT_TRANSLATE_NOOP("HttpReply", "Body too large")},
         {414, QT_TRANSLATE_NOOP("HttpReply", "Address too long")},
         {415, QT_TRANSLATE_NOOP("HttpReply", "Wrong content type")},
@@ -77,6 +79,8 @@ HttpReply HttpReply::error(const CMError& error)
         status = 404;
     else if (error.name() == CMError::BadRequestName())
         status = 400;
+    else if (error.name() == PlayerControl::staleName())
+        status = 409;
     else if (error.name() == CMError::DeadlineName())
         status = 504;
     else if (error.name() == stoppingName())

@@ -209,6 +209,11 @@ const JsonText::Order& JsonText::sorted(const QVariantHash& hash, Fields& values
 void JsonText::roles(const char* name, const QVariantHash& roles)
 {
     m_writer.Key(name);
+    rowRoles(roles);
+}
+
+void JsonText::rowRoles(const QVariantHash& roles)
+{
     beginObject();
     Fields values;
     const Order& order = sorted(roles, values);

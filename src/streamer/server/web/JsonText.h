@@ -38,6 +38,8 @@ public:
     void heading(const QVariant& title);
     /// A hash of roles as an object.
     void roles(const char* name, const QVariantHash& roles);
+    /// The same where no name goes before it.
+    void rowRoles(const QVariantHash& roles);
 
     std::string text() const { return {m_buffer.GetString(), m_buffer.GetSize()}; }
 

@@ -37,7 +37,10 @@ std::string PlayerApi::text(const PlayerStatus& status, const TextCatalogue* tex
         notes.append(texts ? note.toString(*texts) : note.source());
     const ShownItem& item = status.item;
     QJsonObject json{{QStringLiteral("state"), nameOf(status.state)},
-                     {QStringLiteral("volume"), status.volume}};
+                     {QStringLiteral("volume"), status.volume},
+                     {QStringLiteral("shuffle"), status.isShuffled},
+                     {QStringLiteral("repeat"), status.repeat},
+                     {QStringLiteral("queueVersion"), qint64(status.queueVersion)}};
     insertText(json, "path", item.path.toEncoded());
     insertText(json, "title", item.title);
     insertText(json, "artist", item.artist);
@@ -45,6 +48,9 @@ std::string PlayerApi::text(const PlayerStatus& status, const TextCatalogue* tex
     insertText(json, "icon", item.icon);
     insertText(json, "note", notes.join(QStringLiteral("; ")));
     insertText(json, "list", status.list.toEncoded());
+    if (!status.list.isEmpty())
+        insertText(json, "listTitle",
+                   texts ? status.listTitle.toString(*texts) : status.listTitle.source());
     if (!status.list.isEmpty() && status.index >= 0)
         json.insert(QStringLiteral("index"), status.index);
     QJsonObject quality;
@@ -64,13 +70,17 @@ void PlayerApi::addRoutes(RouteTable& routes)
 {
     const std::string path = "/api/v1/player";
     routes.add("GET", path, [this](const HttpCall& call) { return state(call); });
-    for (const char* name :
-         {"play", "pause", "resume", "stop", "next", "previous", "seek", "volume"}) {
+    for (const char* name : {"play", "pause", "resume", "stop", "next", "previous", "seek",
+                             "volume", "shuffle", "repeat"}) {
         routes.add("POST", path + "/" + name,
                    [this, name](const HttpCall& call, const HttpAnswer& answer) {
                        command(QString::fromLatin1(name), call, answer);
                    });
     }
+    routes.add("GET", path + "/queue",
+               [this](const HttpCall& call, const HttpAnswer& answer) { queue(call, answer); });
+    routes.add("POST", path + "/queue",
+               [this](const HttpCall& call, const HttpAnswer& answer) { editQueue(call, answer); });
 }
 
 void PlayerApi::command(const QString& name, const HttpCall& call, const HttpAnswer& answer)
@@ -79,11 +89,57 @@ void PlayerApi::command(const QString& name, const HttpCall& call, const HttpAns
     const auto arguments = call.object(&fault);
     if (!arguments)
         return answer(HttpReply::badRequest(fault));
-    const CMReply<QVariant> reply = m_player.command(name, arguments->toVariant().toHash());
-    m_waiter.whenFinished(reply, [this, reply, call, answer] {
+    run(name, arguments->toVariant().toHash(), answer,
+        [this, call](const QVariant&) { return state(call); });
+}
+
+void PlayerApi::run(const QString& name, const QVariantHash& arguments, const HttpAnswer& answer,
+                    std::function<HttpReply(const QVariant&)> then)
+{
+    const CMReply<QVariant> reply = m_player.command(name, arguments);
+    m_waiter.whenFinished(reply, [reply, answer, then = std::move(then)] {
         const CMError error = reply.error();
-        answer(error.isSet() ? HttpReply::error(error) : state(call));
+        answer(error.isSet() ? HttpReply::error(error) : then(reply.value()));
     });
+}
+
+void PlayerApi::queue(const HttpCall& call, const HttpAnswer& answer)
+{
+    QString fault;
+    const auto from = call.integer("from", 0, &fault);
+    const auto to =
+        call.integer("to", int(qMin(qint64(from.value_or(0)) + 49, qint64(INT_MAX))), &fault);
+    if (!from || !to)
+        return answer(HttpReply::badRequest(fault));
+    run(QStringLiteral("queueRows"), {{QStringLiteral("from"), *from}, {QStringLiteral("to"), *to}},
+        answer, [texts = call.texts](const QVariant& value) {
+            const QVariantHash queue = value.toHash();
+            JsonText json(texts);
+            json.beginObject();
+            for (const char* name : {"version", "list", "listTitle", "queued", "rowsCount", "from"})
+                if (queue.contains(QLatin1String(name)))
+                    json.field(name, queue.value(QLatin1String(name)));
+            json.key(QStringLiteral("rows"));
+            json.beginArray();
+            const QVariantList rows = queue.value(QStringLiteral("rows")).toList();
+            for (const QVariant& row : rows)
+                json.rowRoles(row.toHash());
+            json.endArray();
+            json.endObject();
+            return HttpReply::json(json.text());
+        });
+}
+
+void PlayerApi::editQueue(const HttpCall& call, const HttpAnswer& answer)
+{
+    QString fault;
+    const auto arguments = call.object(&fault);
+    if (!arguments)
+        return answer(HttpReply::badRequest(fault));
+    run(QStringLiteral("queue"), arguments->toVariant().toHash(), answer,
+        [](const QVariant& value) {
+            return HttpReply::json(QJsonObject::fromVariantHash(value.toHash()));
+        });
 }
 
 HttpReply PlayerApi::state(const HttpCall& call) const

@@ -18,6 +18,11 @@ public:
 private:
     HttpReply state(const HttpCall& call) const;
     void command(const QString& name, const HttpCall& call, const HttpAnswer& answer);
+    void queue(const HttpCall& call, const HttpAnswer& answer);
+    void editQueue(const HttpCall& call, const HttpAnswer& answer);
+    /// Runs a command of the player; `then` makes an answer of its outcome.
+    void run(const QString& name, const QVariantHash& arguments, const HttpAnswer& answer,
+             std::function<HttpReply(const QVariant&)> then);
 
     PlayerControl& m_player;
     ReplyWaiter& m_waiter;

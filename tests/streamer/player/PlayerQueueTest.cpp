@@ -1,0 +1,397 @@
+#include "ItemRoles.h"
+#include "PlayerControl.h"
+#include "PlayerFixture.h"
+
+#include <QJsonArray>
+
+namespace {
+/// The player's queue as clients see it.
+class PlayerQueueTest : public PlayerFixture
+{
+protected:
+    static QStringList numbers(int count)
+    {
+        QStringList all;
+        for (int i = 0; i < count; ++i)
+            all << QString::number(i);
+        return all;
+    }
+    QVariantHash rows(int from = 0, int to = 49)
+    {
+        const auto reply = begin("queueRows", {{"from", from}, {"to", to}});
+        EXPECT_EQ(outcome(reply), "ok");
+        return reply.value().toHash();
+    }
+    /// The titles of what comes, those put in by hand before a bar.
+    QString titles(int from = 0, int to = 49)
+    {
+        const QVariantHash answer = rows(from, to);
+        QString text;
+        int position = from;
+        const QVariantList all = answer["rows"].toList();
+        for (const QVariant& row : all) {
+            const QVariantHash roles = row.toHash();
+            EXPECT_EQ(roles.value("Queued").toBool(), position < answer["queued"].toInt());
+            text += (position++ == answer["queued"].toInt() ? "| " : "") +
+                    roles.value("Title").toString().remove("Track ") + ' ';
+        }
+        return text;
+    }
+    QString edit(const QVariantHash& arguments) { return run("queue", arguments); }
+    QString editNow(const QString& action, int position, QVariantHash more = {})
+    {
+        more.insert("action", action);
+        more.insert("version", rows(0, 0)["version"]);
+        more.insert("position", position);
+        return edit(more);
+    }
+    QString add(const QString& path, const char* at = "end")
+    {
+        return edit({{"action", "add"}, {"path", path}, {"at", at}});
+    }
+    QString title() { return status()["title"].toString().remove("Track "); }
+    QString next()
+    {
+        EXPECT_EQ(run("next"), "ok");
+        return title();
+    }
+    QString previous()
+    {
+        script.setPosition(0);
+        EXPECT_EQ(run("previous"), "ok");
+        return title();
+    }
+    /// The titles after so many steps.
+    QString forward(int steps)
+    {
+        QString all;
+        for (int i = 0; i < steps; ++i)
+            all += next() + ' ';
+        return all;
+    }
+    QString back(int steps)
+    {
+        QString all;
+        for (int i = 0; i < steps; ++i)
+            all += previous() + ' ';
+        return all;
+    }
+    void notify() { module->subscription()->rowsChanged(list, "reset", -1); }
+    void restart()
+    {
+        player.reset();
+        startPlayer();
+    }
+    QString queueFile() const { return stateDir.filePath("queue.json"); }
+};
+
+TEST_F(PlayerQueueTest, PlaysAListFromARowBehindWhatWasPutInByHand)
+{
+    addTracks(numbers(130));
+    const CMPath other("/fake/other");
+    module->addList(other,
+                    {FakeModule::track(other, "a"), FakeModule::row(KeloRolesType::Header_, "Head"),
+                     FakeModule::track(other, "b")});
+    ASSERT_EQ(run("play", {{"path", pathOf("99")}, {"list", list.toEncoded()}, {"index", 99}}),
+              "ok");
+    EXPECT_EQ(module->rowsAsked(), "50-99");
+    EXPECT_EQ(rows()["rowsCount"], 30);
+    EXPECT_EQ(titles(0, 1), "| 100 101 ");
+    EXPECT_EQ(module->rowsAsked(), "100-149");
+    ASSERT_EQ(add(pathOf("3")), "ok");
+    ASSERT_EQ(add(other.toEncoded()), "ok");
+    ASSERT_EQ(add("4711", "next"), "ok");
+    EXPECT_EQ(titles(0, 5), "4711 3 a b | 100 101 ");
+    EXPECT_EQ(titles(2, 4), "a b | 100 ");
+    EXPECT_EQ(rows()["list"], list.toEncoded());
+    ASSERT_EQ(run("play", {{"path", pathOf("7")}}), "ok");
+    EXPECT_EQ(titles(0, 5), "4711 3 a b | 8 9 ");
+    EXPECT_EQ(forward(5), "4711 3 a b 8 ");
+    EXPECT_EQ(back(3), "b a 3 ");
+    EXPECT_EQ(forward(4), "a b 8 9 ");
+    ASSERT_EQ(edit({{"action", "clear"}}), "ok");
+    EXPECT_EQ(titles(), "");
+    EXPECT_EQ(status()["state"], "playing");
+}
+
+TEST_F(PlayerQueueTest, ATrackThatStandsTwiceIsPlayedWhereTheClientSawIt)
+{
+    QStringList ids = numbers(3000);
+    ids[2900] = "1";
+    addTracks(ids);
+    ASSERT_EQ(run("play", {{"path", pathOf("1")}, {"list", list.toEncoded()}, {"index", 2900}}),
+              "ok");
+    EXPECT_EQ(module->rowsAsked(), "2900-2949");
+    EXPECT_EQ(status()["index"], 2900);
+    EXPECT_EQ(next(), "2901");
+    EXPECT_EQ(module->rowsAsked(), "");
+}
+
+TEST_F(PlayerQueueTest, EditsBelongToAVersion)
+{
+    addTracks(numbers(6));
+    ASSERT_EQ(play(pathOf("0")), "ok");
+    ASSERT_EQ(add(pathOf("5")), "ok");
+    const QVariant version = rows()["version"];
+    EXPECT_EQ(status()["queueVersion"].toVariant().toULongLong(), version.toULongLong());
+    const auto move =
+        begin("queue", {{"action", "move"}, {"version", version}, {"position", 4}, {"to", 1}});
+    const auto late =
+        begin("queue", {{"action", "move"}, {"version", version}, {"position", 4}, {"to", 0}});
+    EXPECT_EQ(outcome(move), "ok");
+    EXPECT_EQ(move.value().toHash()["queued"], 2);
+    ASSERT_TRUE(late.waitForFinished(waitMs));
+    EXPECT_EQ(late.error().name(), PlayerControl::staleName());
+    EXPECT_EQ(titles(), "5 4 | 1 2 3 5 ");
+    for (const QVariantHash& wrong :
+         {QVariantHash{{"action", "dance"}},
+          QVariantHash{{"action", "move"}, {"position", 0}, {"to", 1}},
+          QVariantHash{{"action", "move"}, {"version", 1}, {"position", 0}},
+          QVariantHash{{"action", "remove"}, {"version", 1}, {"position", -1}},
+          QVariantHash{{"action", "remove"}, {"version", rows()["version"]}, {"position", 6}},
+          QVariantHash{
+              {"action", "remove"}, {"version", rows()["version"]}, {"position", 5}, {"count", 2}},
+          QVariantHash{{"action", "jump"}, {"version", rows()["version"]}, {"position", 6}},
+          QVariantHash{
+              {"action", "move"}, {"version", rows()["version"]}, {"position", 0}, {"to", 6}},
+          QVariantHash{{"action", "add"}},
+          QVariantHash{{"action", "add"}, {"path", "1"}, {"at", "front"}},
+          QVariantHash{{"action", "add"}, {"paths", QVariantList{"1", 2}}},
+          QVariantHash{{"action", "add"}, {"paths", QVariantList{}}},
+          QVariantHash{
+              {"action", "add"}, {"path", pathOf("1")}, {"list", "/fake/%zz"}, {"index", 0}}}) {
+        const auto reply = begin("queue", wrong);
+        ASSERT_TRUE(reply.waitForFinished(waitMs));
+        EXPECT_EQ(reply.error().name(), CMError::BadRequestName())
+            << reply.error().message().toStdString();
+    }
+    EXPECT_EQ(edit({{"action", "add"}, {"paths", QVariantList{pathOf("1"), "/fake/nowhere"}}}),
+              "no such list");
+    EXPECT_EQ(titles(), "5 4 | 1 2 3 5 ");
+    EXPECT_EQ(editNow("remove", 1, {{"count", 2}}), "ok");
+    EXPECT_EQ(
+        edit(
+            {{"action", "add"}, {"paths", QVariantList{pathOf("3"), pathOf("0")}}, {"at", "next"}}),
+        "ok");
+    EXPECT_EQ(titles(), "3 0 5 | 2 3 5 ");
+    EXPECT_EQ(editNow("jump", 4), "ok");
+    EXPECT_EQ(titles(), "3 0 5 | 5 ");
+    EXPECT_EQ(editNow("jump", 1), "ok");
+    EXPECT_EQ(title(), "0");
+    EXPECT_EQ(titles(), "5 | 5 ");
+    EXPECT_EQ(back(2), "3 0 ");
+}
+
+TEST_F(PlayerQueueTest, TheNextItemIsLookedForAgainWhenItIsAnother)
+{
+    addTracks(numbers(6));
+    ASSERT_EQ(play(pathOf("0")), "ok");
+    nearEnd();
+    waitForOperation("next fake:1");
+    ASSERT_EQ(add(pathOf("4"), "next"), "ok");
+    waitForOperation("next fake:4");
+    script.raise([](const auto& events) { events.itemChanged("fake:4"); });
+    waitForTitle("Track 4");
+    EXPECT_EQ(titles(0, 0), "| 1 ");
+    nearEnd();
+    waitForOperation("next fake:1");
+    ASSERT_EQ(editNow("remove", 0), "ok");
+    waitForOperation("next fake:2");
+    // The output was quicker: what was removed does not play.
+    script.raise([](const auto& events) { events.itemChanged("fake:1"); });
+    waitForTitle("Track 2");
+    EXPECT_EQ(opened().last(), "open fake:2 0");
+    // At the end, too.
+    ASSERT_EQ(play(pathOf("5")), "ok");
+    nearEnd();
+    waitForOperation("next ");
+    ASSERT_EQ(add(pathOf("3")), "ok");
+    waitForOperation("next fake:3");
+}
+
+TEST_F(PlayerQueueTest, RepeatsTheItemOrTheListAndEndsWhenNothingPlays)
+{
+    addTracks(numbers(2));
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    ASSERT_EQ(run("repeat", {{"mode", "one"}}), "ok");
+    nearEnd();
+    waitForOperation("next fake:1");
+    script.raise([](const auto& events) { events.itemChanged("fake:1"); });
+    script.raise([](const auto& events) { events.finished(); });
+    waitForOperation("open fake:1 0");
+    EXPECT_EQ(status()["repeat"], "one");
+    ASSERT_EQ(run("repeat", {{"mode", "all"}}), "ok");
+    EXPECT_EQ(forward(3), "0 1 0 ");
+    ASSERT_EQ(run("next"), "ok");
+    nearEnd();
+    waitForOperation("next fake:0");
+    EXPECT_EQ(titles(), "| 0 1 ");
+    ASSERT_EQ(run("repeat", {{"mode", "off"}}), "ok");
+    EXPECT_EQ(titles(), "");
+    EXPECT_NE(run("repeat", {{"mode", "some"}}), "ok");
+    EXPECT_NE(run("shuffle", {{"on", 1}}), "ok");
+
+    ASSERT_EQ(play(pathOf("0")), "ok");
+    ASSERT_EQ(run("repeat", {{"mode", "all"}}), "ok");
+    for (int i = 0; i < 2; ++i)
+        module->setAnswer(QString::number(i), {"not available"});
+    EXPECT_EQ(run("next"), "ok");
+    EXPECT_EQ(waitForState("stopped")["note"].toString().count("skipped"), 3);
+    KeloRoles disabled = FakeModule::track(list, "9");
+    disabled.setDisabled(true);
+    module->addList(list, {disabled, disabled});
+    notify();
+    EXPECT_EQ(run("next"), "ok");
+    waitForState("stopped");
+}
+
+TEST_F(PlayerQueueTest, ShuffleOfAListInPagesComesByEachTrackOnce)
+{
+    addTracks(numbers(120));
+    ASSERT_EQ(run("shuffle", {{"on", true}}), "ok");
+    ASSERT_EQ(play(list.toEncoded()), "ok");
+    QStringList played{title()};
+    for (int i = 1; i < 60; ++i)
+        played << next();
+    EXPECT_NE(played.mid(0, 4), numbers(4));
+    EXPECT_EQ(previous(), played.at(58));
+    EXPECT_EQ(next(), played.at(59));
+    // The list loses some and gets some, and its rows are asked for when others are under way.
+    QStringList ids = numbers(110);
+    ids.prepend("200");
+    addTracks(ids);
+    module->holdRows();
+    notify();
+    const auto late = begin("queueRows", {{"from", 0}, {"to", 20}});
+    notify();
+    module->releaseRows();
+    EXPECT_EQ(outcome(late), "ok");
+    while (waitFor([](const auto&) { return true; })["state"] != "stopped") {
+        played << next();
+        ASSERT_LE(played.size(), 200);
+        if (status()["state"] == "stopped")
+            played.removeLast();
+    }
+    QStringList all = numbers(110) << "200";
+    std::sort(played.begin(), played.end());
+    EXPECT_EQ(std::unique(played.begin(), played.end()), played.end());
+    for (const QString& id : qAsConst(all))
+        EXPECT_TRUE(played.contains(id)) << id.toStdString();
+}
+
+TEST_F(PlayerQueueTest, ComesBackWholeWhenNothingElsePlays)
+{
+    addTracks(numbers(30));
+    ASSERT_EQ(play(pathOf("0")), "ok");
+    ASSERT_EQ(add(pathOf("20")), "ok");
+    const QString before = titles();
+    for (int i = 1; i < 30; ++i)
+        module->setAnswer(QString::number(i), {"no network"});
+    EXPECT_NE(run("next"), "ok");
+    EXPECT_EQ(titles(), before);
+    EXPECT_EQ(title(), "0");
+    ASSERT_EQ(run("resume"), "ok");
+    nearEnd();
+    waitForOperation("next ");
+    EXPECT_EQ(titles(), before);
+    // A list that is gone does not keep the others from playing.
+    ASSERT_EQ(run("stop"), "ok");
+    const CMPath other("/fake/other");
+    module->addList(other, {FakeModule::track(other, "a")});
+    ASSERT_EQ(add(other.toEncoded(), "next"), "ok");
+    module->removeList(other);
+    player->keptRows().clear();
+    module->setAnswer("20", {});
+    EXPECT_EQ(next(), "20");
+}
+
+TEST_F(PlayerQueueTest, IsKeptOverRestarts)
+{
+    addTracks(numbers(130));
+    ASSERT_EQ(run("shuffle", {{"on", true}}), "ok");
+    ASSERT_EQ(run("repeat", {{"mode", "all"}}), "ok");
+    ASSERT_EQ(play(pathOf("5")), "ok");
+    const QString second = next();
+    ASSERT_EQ(add(pathOf("3")), "ok");
+    ASSERT_EQ(add("4711"), "ok");
+    const QString before = titles();
+    const quint64 version = rows()["version"].toULongLong();
+    restart();
+    EXPECT_EQ(titles(), before);
+    EXPECT_GT(rows()["version"].toULongLong(), version);
+    EXPECT_EQ(status()["shuffle"], true);
+    EXPECT_EQ(status()["repeat"], "all");
+    EXPECT_EQ(previous(), "5");
+    EXPECT_EQ(forward(2), second + " 3 ");
+
+    // It is not written at each change, and a crash loses little.
+    const auto written = [this] { return QFileInfo(queueFile()).lastModified(); };
+    QFile::remove(queueFile());
+    next();
+    time.advance(1999);
+    ASSERT_EQ(run("volume", {{"percent", 50}}), "ok");
+    EXPECT_FALSE(QFile::exists(queueFile()));
+    time.advance(1);
+    ASSERT_EQ(run("volume", {{"percent", 51}}), "ok");
+    ASSERT_TRUE(QFile::exists(queueFile()));
+    const QDateTime once = written();
+    time.advance(10000);
+    ASSERT_EQ(run("volume", {{"percent", 52}}), "ok");
+    EXPECT_EQ(written(), once);
+}
+
+TEST_F(PlayerQueueTest, AFileThatIsNoQueueIsPutAside)
+{
+    addTracks(numbers(3));
+    for (const char* text : {"", "{", "[1]", R"({"version":2})", R"({"version":1,"origins":7})"}) {
+        SCOPED_TRACE(text);
+        ASSERT_EQ(play(pathOf("0")), "ok");
+        ASSERT_EQ(add(pathOf("2")), "ok");
+        const quint64 version = rows()["version"].toULongLong();
+        time.advance(1000);
+        player.reset();
+        QFile file(queueFile());
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) >= 0);
+        file.close();
+        startPlayer();
+        EXPECT_TRUE(status()["note"].toString().contains(queueFile() + ".unreadable"));
+        QFile aside(queueFile() + ".unreadable");
+        ASSERT_TRUE(aside.open(QIODevice::ReadOnly));
+        EXPECT_EQ(aside.readAll(), text);
+        EXPECT_EQ(titles(), "| 1 2 "); // what follows the item that is kept elsewhere
+        EXPECT_GT(rows()["version"].toULongLong(), version);
+        restart();
+        EXPECT_EQ(status()["note"], QJsonValue());
+    }
+}
+
+TEST_F(PlayerQueueTest, TenThousandCallsAreAnsweredAndLeaveItSmall)
+{
+    addTracks(numbers(50));
+    ASSERT_EQ(play(pathOf("0")), "ok");
+    std::vector<CMReply<QVariant>> replies;
+    for (int i = 0; i < 10000; ++i) {
+        replies.push_back(
+            begin("queue", {{"action", i % 7 ? "add" : "clear"}, {"path", list.toEncoded()}}));
+        if (i % 400 == 0)
+            replies.back().waitForFinished(waitMs);
+    }
+    int refused = 0;
+    for (const auto& reply : replies) {
+        ASSERT_TRUE(reply.waitForFinished(waitMs));
+        refused += reply.error().isSet() ? 1 : 0;
+    }
+    EXPECT_GT(refused, 0);
+    EXPECT_LE(rows()["rowsCount"].toInt(), 20050);
+}
+
+TEST_F(PlayerQueueTest, StartsWithWhatWasPutInWhenNothingPlays)
+{
+    addTracks(numbers(3));
+    EXPECT_NE(run("resume"), "ok");
+    ASSERT_EQ(add(pathOf("2")), "ok");
+    ASSERT_EQ(run("resume"), "ok");
+    EXPECT_EQ(title(), "2");
+    EXPECT_EQ(titles(), "");
+}
+} // namespace
