@@ -150,6 +150,21 @@ TEST_F(MprisTest, APanelSeesAndDrivesThePlayer)
               "ok");
     waitForProperty("Volume", 0.25);
     EXPECT_EQ(notices, QStringList({"PlaybackStatus", "PlaybackStatus", "Volume"}));
+    const auto set = [this](const QString& property, const QVariant& value) {
+        return call("Set", {playerInterface, property, QVariant::fromValue(QDBusVariant(value))},
+                    propertiesInterface);
+    };
+    EXPECT_EQ(get("LoopStatus"), "None");
+    EXPECT_EQ(set("Shuffle", true), "ok");
+    waitForProperty("Shuffle", true);
+    EXPECT_EQ(set("LoopStatus", "Sometimes"), "ok"); // without effect
+    EXPECT_EQ(set("LoopStatus", "Playlist"), "ok");
+    waitForProperty("LoopStatus", "Playlist");
+    EXPECT_EQ(set("LoopStatus", "Track"), "ok");
+    waitForProperty("LoopStatus", "Track");
+    EXPECT_EQ(status()["repeat"], "one");
+    EXPECT_EQ(set("Shuffle", false), "ok");
+    waitForProperty("Shuffle", false);
 
     script.setPosition(40000);
     EXPECT_EQ(call("SetPosition", {QVariant::fromValue(QDBusObjectPath("/other")), 1LL}), "ok");

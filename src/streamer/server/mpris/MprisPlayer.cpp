@@ -15,6 +15,20 @@ qint64 MprisPlayer::length() const
     return metadata().value(QStringLiteral("mpris:length")).toLongLong();
 }
 
+void MprisPlayer::setLoopStatus(const QString& status)
+{
+    static const QHash<QString, QString> modes{{QStringLiteral("None"), QStringLiteral("off")},
+                                               {QStringLiteral("Track"), QStringLiteral("one")},
+                                               {QStringLiteral("Playlist"), QStringLiteral("all")}};
+    if (modes.contains(status))
+        m_object.command(QStringLiteral("repeat"), {{QStringLiteral("mode"), modes.value(status)}});
+}
+
+void MprisPlayer::setShuffle(bool on)
+{
+    m_object.command(QStringLiteral("shuffle"), {{QStringLiteral("on"), on}});
+}
+
 void MprisPlayer::setRate(double rate)
 {
     if (rate == 0)

@@ -30,6 +30,8 @@ class MprisPlayer : public QDBusAbstractAdaptor
 "    <method name='OpenUri'><arg direction='in' name='Uri' type='s'/></method>\n"
 "    <signal name='Seeked'><arg name='Position' type='x'/></signal>\n"
 "    <property name='PlaybackStatus' type='s' access='read'/>\n"
+"    <property name='LoopStatus' type='s' access='readwrite'/>\n"
+"    <property name='Shuffle' type='b' access='readwrite'/>\n"
 "    <property name='Rate' type='d' access='readwrite'/>\n"
 "    <property name='MinimumRate' type='d' access='read'/>\n"
 "    <property name='MaximumRate' type='d' access='read'/>\n"
@@ -51,6 +53,8 @@ class MprisPlayer : public QDBusAbstractAdaptor
 "  </interface>\n")
     // clang-format on
     Q_PROPERTY(QString PlaybackStatus READ playbackStatus)
+    Q_PROPERTY(QString LoopStatus READ loopStatus WRITE setLoopStatus)
+    Q_PROPERTY(bool Shuffle READ shuffle WRITE setShuffle)
     Q_PROPERTY(double Rate READ rate WRITE setRate)
     Q_PROPERTY(double MinimumRate READ rate)
     Q_PROPERTY(double MaximumRate READ rate)
@@ -67,6 +71,11 @@ public:
     explicit MprisPlayer(MprisObject& object);
 
     QString playbackStatus() const { return value("PlaybackStatus").toString(); }
+    QString loopStatus() const { return value("LoopStatus").toString(); }
+    /// None, Track or Playlist; anything else is ignored.
+    void setLoopStatus(const QString& status);
+    bool shuffle() const { return value("Shuffle").toBool(); }
+    void setShuffle(bool on);
     double rate() const { return 1; }
     /// The only rate is 1; 0 means a pause.
     void setRate(double rate);

@@ -18,6 +18,13 @@ QString trackOf(const PlayerStatus& status)
     return status.item.path.toEncoded() + QLatin1Char('\n') + place;
 }
 
+QString loopStatusOf(const QString& repeat)
+{
+    return repeat == QLatin1String("one")   ? QStringLiteral("Track")
+           : repeat == QLatin1String("all") ? QStringLiteral("Playlist")
+                                            : QStringLiteral("None");
+}
+
 /// An item that is still being resolved counts as playing: what one may do with it is the same.
 QString playbackStatusOf(PlayerStatus::State state)
 {
@@ -42,13 +49,16 @@ MprisState::Change MprisState::update(const PlayerStatus& status, qint64 nowMs)
     }
     const bool hasItem = !track.isEmpty();
     const bool hasList = !status.list.isEmpty();
+    const bool hasNext = hasList || status.queueRows > 0;
     const QVariantMap properties{
         {QStringLiteral("PlaybackStatus"), playbackStatusOf(status.state)},
         {QStringLiteral("Metadata"), metadataOf(status)},
         {QStringLiteral("Volume"), double(status.volume) / 100},
-        {QStringLiteral("CanGoNext"), hasList},
+        {QStringLiteral("Shuffle"), status.isShuffled},
+        {QStringLiteral("LoopStatus"), loopStatusOf(status.repeat)},
+        {QStringLiteral("CanGoNext"), hasNext},
         {QStringLiteral("CanGoPrevious"), hasList},
-        {QStringLiteral("CanPlay"), hasItem},
+        {QStringLiteral("CanPlay"), hasItem || hasNext},
         {QStringLiteral("CanPause"), hasItem},
         {QStringLiteral("CanSeek"), hasItem && status.state != PlayerStatus::State::Resolving},
     };
