@@ -452,14 +452,6 @@
         <translation>Suchbegriff eingeben: Interpret, Album, Titel oder Playlist.</translation>
     </message>
     <message>
-        <source>Searching…</source>
-        <translation>Suche läuft …</translation>
-    </message>
-    <message>
-        <source>%1: “%2”</source>
-        <translation>%1: „%2“</translation>
-    </message>
-    <message>
         <source>All %1</source>
         <translation>Alle %1</translation>
     </message>
@@ -774,6 +766,34 @@
     <message>
         <source>Skip to the rows</source>
         <translation>Zu den Zeilen springen</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>Letzte Suchen</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>Arten</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>Bester Treffer</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>Für „%1“ wurde nichts gefunden.</translation>
     </message>
 </context>
 </TS>

@@ -452,14 +452,6 @@
         <translation>Saisissez ce que vous cherchez : un artiste, un album, un titre, une playlist.</translation>
     </message>
     <message>
-        <source>Searching…</source>
-        <translation>Recherche…</translation>
-    </message>
-    <message>
-        <source>%1: “%2”</source>
-        <translation>%1 : « %2 »</translation>
-    </message>
-    <message>
         <source>All %1</source>
         <translation>Tout afficher (%1)</translation>
     </message>
@@ -774,6 +766,34 @@
     <message>
         <source>Skip to the rows</source>
         <translation>Aller aux lignes</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>Recherches récentes</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>Types</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Tout</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>Meilleur résultat</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>Rien n’a été trouvé pour « %1 ».</translation>
     </message>
 </context>
 </TS>

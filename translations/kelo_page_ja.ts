@@ -452,14 +452,6 @@
         <translation>探しているアーティスト、アルバム、トラック、プレイリストを入力してください。</translation>
     </message>
     <message>
-        <source>Searching…</source>
-        <translation>検索中…</translation>
-    </message>
-    <message>
-        <source>%1: “%2”</source>
-        <translation>%1: 「%2」</translation>
-    </message>
-    <message>
         <source>All %1</source>
         <translation>すべて表示（%1）</translation>
     </message>
@@ -774,6 +766,34 @@
     <message>
         <source>Skip to the rows</source>
         <translation>一覧へ移動</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>消去</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>最近の検索</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>種類</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>トップの結果</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>トラック</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>「%1」は見つかりませんでした。</translation>
     </message>
 </context>
 </TS>

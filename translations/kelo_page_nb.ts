@@ -452,14 +452,6 @@
         <translation>Skriv det du leter etter: artist, album, spor eller spilleliste.</translation>
     </message>
     <message>
-        <source>Searching…</source>
-        <translation>Søker …</translation>
-    </message>
-    <message>
-        <source>%1: “%2”</source>
-        <translation>%1: «%2»</translation>
-    </message>
-    <message>
         <source>All %1</source>
         <translation>Alle %1</translation>
     </message>
@@ -774,6 +766,34 @@
     <message>
         <source>Skip to the rows</source>
         <translation>Hopp til radene</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Tøm</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>Siste søk</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>Typer</translation>
+    </message>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>Beste treff</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Spor</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>Ingenting ble funnet for «%1».</translation>
     </message>
 </context>
 </TS>

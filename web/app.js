@@ -16,12 +16,19 @@ import { playback } from "./playback.js";
 import { played } from "./played.js";
 import { PlayingView } from "./playing.js";
 import { forgetPlaces, PlaceRows, readAhead } from "./recent.js";
-import { forgetSearchPlace, searchedText, searchPath, SearchView } from "./search.js";
+import {
+  forgetSearchPlace,
+  recentList,
+  rememberSearch,
+  searchedText,
+  searchPath,
+  SearchView,
+} from "./search.js";
 import { applyTheme, SettingsView } from "./settings.js";
 import { loadTexts, t } from "./text.js";
 import { clearToasts, toastError } from "./toast.js";
 
-const typingPause = 250;
+const typingPause = 120;
 const seekStep = 10000;
 const volumeStep = 5;
 
@@ -42,7 +49,7 @@ function makeView(path) {
   if (path === loginPath) return new LoginView();
   if (path === settingsPath) return new SettingsView();
   const text = searchedText(path);
-  if (text !== null) return new SearchView(path, text);
+  if (text !== null) return new SearchView(path, text, part("view"));
   if (path === home) return new HomeView(state, part("view"));
   const PlaceView = kindOf(path) === "artist" ? ArtistView : BrowseView;
   return new PlaceView(path, state, part("view"));
@@ -52,18 +59,23 @@ function show() {
   const path = currentPath();
   if (path === shown && view && !history.state?.place) return;
   shown = path;
+  const text = searchedText(path);
+  const isTyping = document.activeElement === part("search");
+  if (!isTyping || text === null) part("search").value = text ?? "";
+  if (text !== null && view instanceof SearchView) {
+    view.look(path, text);
+    return nameDocument();
+  }
   // A menu belongs to the view that it was opened in.
   for (const dialog of document.querySelectorAll("dialog[open]")) dialog.close();
   view?.close();
-  const isTyping = document.activeElement === part("search");
   view = makeView(path);
   part("view").scrollTop = 0;
   fill(part("view"), view.element);
   view.addEventListener("current", ({ detail }) => drawer.isOpen && drawer.showRow(detail.row));
   view.addEventListener("call", ({ detail }) => drawer.showReply(detail));
   view.addEventListener("loaded", nameDocument);
-  const text = searchedText(path);
-  if (!isTyping || text === null) part("search").value = text ?? "";
+  view.addEventListener("search", ({ detail }) => searchFor(detail));
   if (!isTyping && !isFirst) view.focus();
   isFirst = false;
   const present = linkTo(presentPath());
@@ -79,6 +91,8 @@ function nameDocument() {
   const playing = playback.isPlaying && playback.state.title;
   document.title = playing ? `▶ ${playing} – kelo` : title ? `${title} – kelo` : "kelo";
 }
+
+let searchFor = () => {};
 
 function startSearch() {
   const input = part("search");
@@ -100,15 +114,37 @@ function startSearch() {
     clearTimeout(timer);
     timer = setTimeout(search, typingPause);
   });
-  part("search-form").addEventListener("submit", (event) => {
+  const form = part("search-form");
+  form.addEventListener("submit", (event) => {
     event.preventDefault();
     clearTimeout(timer);
+    if (input.value.trim()) rememberSearch(input.value.trim());
     search();
   });
+  // What was searched for before stands below the field while that is empty.
+  let recent = null;
+  const drop = () => {
+    const old = recent;
+    recent = null;
+    old?.remove();
+  };
+  const offer = () => {
+    drop();
+    recent = input.value || searchedText(currentPath()) === "" ? null : recentList(searchFor);
+    if (recent) form.append(recent);
+  };
+  input.addEventListener("focus", () => (offer(), searchPath("").catch(() => {})));
+  input.addEventListener("input", offer);
+  form.addEventListener("focusout", ({ relatedTarget }) => form.contains(relatedTarget) || drop());
+  searchFor = (text) => {
+    input.value = text;
+    offer();
+    search();
+  };
   input.addEventListener("keydown", (event) => {
     if (event.key !== "ArrowDown") return;
     event.preventDefault();
-    part("view").querySelector(".main")?.focus();
+    (recent?.querySelector("button") ?? part("view").querySelector(".main"))?.focus();
   });
 }
 

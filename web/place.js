@@ -14,7 +14,7 @@ import { t } from "./text.js";
 import { View } from "./view.js";
 import { waitingLine } from "./waiting.js";
 
-const kindNames = () => ({ album: t("Album"), artist: t("Artist"), playlist: t("Playlist") });
+export const kindNames = () => ({ album: t("Album"), artist: t("Artist"), playlist: t("Playlist") });
 
 /** A button with a picture, which is told where it stands. */
 export const pictureButton = (picture, label, run, kind = "") =>

@@ -49,7 +49,7 @@ export class Shelf extends EventTarget {
     const look = (entries) => {
       if (!entries.some((entry) => entry.isIntersecting)) return;
       observer.disconnect();
-      this.#read();
+      this.read();
     };
     const observer = new IntersectionObserver(look, { root: scroller, rootMargin: ahead });
     observer.observe(this.element);
@@ -68,7 +68,8 @@ export class Shelf extends EventTarget {
     this.#show();
   }
 
-  #read() {
+  /** Reads its rows. */
+  read() {
     this.source = new PlaceRows(this.path, () => this.#update());
     this.source.addEventListener("call", ({ detail }) => this.#tell("call", detail));
     this.source.need(0, this.most - 1);
