@@ -1,6 +1,7 @@
 # Run as a script: makes the resources of the page from the FILES of a FOLDER, in the folder TARGET. All files but the
 # start page stand below a folder named by the digest of all, which the start page's addresses lead through. So such
-# an address never means other content, and a browser need not ask again.
+# an address never means other content, and a browser need not ask again. Beside the start page: API, the API's own
+# description.
 cmake_minimum_required(VERSION 3.16)
 
 set(short_files "")
@@ -32,5 +33,6 @@ string(REGEX REPLACE "(href|src)=\"([a-z0-9_-]+\\.[a-z0-9]+)" "\\1=\"${digest}/\
 file(WRITE "${TARGET}/index.html" "${page}")
 
 string(REPLACE "@DIGEST@" "${digest}" entries "${entries}")
-string(PREPEND entries "<file alias=\"index.html\">${TARGET}/index.html</file>\n")
+string(PREPEND entries "<file alias=\"index.html\">${TARGET}/index.html</file>\n"
+    "<file alias=\"openapi.yaml\">${API}</file>\n")
 file(WRITE "${TARGET}/web.qrc" "<RCC><qresource prefix=\"/web\">\n${entries}</qresource></RCC>\n")

@@ -795,5 +795,25 @@
         <source>Nothing was found for “%1”.</source>
         <translation>Für „%1“ wurde nichts gefunden.</translation>
     </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
+        <source>The description of the HTTP API</source>
+        <translation>Die Beschreibung der HTTP-API</translation>
+    </message>
+    <message>
+        <source>Copy as curl</source>
+        <translation>Als curl kopieren</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>Als kelo kopieren</translation>
+    </message>
 </context>
 </TS>

@@ -795,5 +795,25 @@
         <source>Nothing was found for “%1”.</source>
         <translation>Rien n’a été trouvé pour « %1 ».</translation>
     </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtrer</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
+        <source>The description of the HTTP API</source>
+        <translation>La description de l’API HTTP</translation>
+    </message>
+    <message>
+        <source>Copy as curl</source>
+        <translation>Copier en curl</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>Copier en kelo</translation>
+    </message>
 </context>
 </TS>

@@ -795,5 +795,25 @@
         <source>Nothing was found for “%1”.</source>
         <translation>「%1」は見つかりませんでした。</translation>
     </message>
+    <message>
+        <source>Filter</source>
+        <translation>絞り込み</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
+        <source>The description of the HTTP API</source>
+        <translation>HTTP API の説明</translation>
+    </message>
+    <message>
+        <source>Copy as curl</source>
+        <translation>curl としてコピー</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>kelo としてコピー</translation>
+    </message>
 </context>
 </TS>

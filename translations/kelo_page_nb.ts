@@ -795,5 +795,25 @@
         <source>Nothing was found for “%1”.</source>
         <translation>Ingenting ble funnet for «%1».</translation>
     </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
+        <source>The description of the HTTP API</source>
+        <translation>Beskrivelsen av HTTP-API-et</translation>
+    </message>
+    <message>
+        <source>Copy as curl</source>
+        <translation>Kopier som curl</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>Kopier som kelo</translation>
+    </message>
 </context>
 </TS>

@@ -15,7 +15,7 @@ let watch = () => {};
 const underWay = new Set(); // oldest first
 let session = null;
 
-/** Has a function told of every call: {method, target, status, milliseconds}. */
+/** Has a function told of every call: {method, target, body, status, text, milliseconds}. */
 export function watchCalls(watcher) {
   watch = watcher;
 }
@@ -29,11 +29,13 @@ export function callSince(begin) {
 async function send(method, target, options) {
   const call = { begin: performance.now() };
   underWay.add(call);
-  const report = (status) => watch({ method, target, status, milliseconds: performance.now() - call.begin });
+  const { body } = options ?? {};
+  const report = (status, text = "") =>
+    watch({ method, target, body, status, text, milliseconds: performance.now() - call.begin });
   try {
     const answer = await fetch(target, { method, cache: "no-store", ...options });
     const text = await answer.text();
-    report(answer.status);
+    report(answer.status, target.endsWith("/session") ? "" : text);
     return understood(answer, text);
   } catch (error) {
     if (error.name === "AbortError" || error instanceof ApiError) throw error;
@@ -90,7 +92,7 @@ export const pageSize = 50;
 const listRoles =
   "Path,Type,Title,Disabled,MediaData,Icon,Id,AudioType,Context,Description,ContainerType," +
   "ContainerPlayable,Value,Edit,ReadOnly,SearchPath,AcceptPath,Query,QueryPath,BusyText," +
-  "TrackNumber,Duration,ReleaseYear,AlbumPath,ArtistPaths";
+  "TrackNumber,Duration,ReleaseYear,AlbumPath,ArtistPaths,Summary";
 
 export const getRows = (path, from, to, signal) =>
   send("GET", address("rows", { path, from, to, roles: listRoles }), { signal });

@@ -122,3 +122,14 @@ export function cover(address, title, kind = "") {
   }
   return box;
 }
+
+const rows = new WeakMap();
+
+/** Keeps the row of the tree that an element was made from, for the developer's drawer. */
+export const madeFrom = (element, row) => (rows.set(element, row), element);
+
+/** The row that an element, or what it stands in, was made from. */
+export function rowAt(element) {
+  for (let at = element; at; at = at.parentElement) if (rows.has(at)) return rows.get(at);
+  return null;
+}

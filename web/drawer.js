@@ -2,12 +2,22 @@
 // the notices as they arrive, and the requests that the module makes to the service.
 
 import { getData, getRequests, watchCalls } from "./api.js";
-import { button, buttonRow, el, fill, iconButton } from "./dom.js";
+import { button, buttonRow, el, fill, iconButton, rowAt } from "./dom.js";
 import { live } from "./live.js";
 import { t } from "./text.js";
 import { toast } from "./toast.js";
 
 const mostLines = 200;
+const mostText = 20000;
+const rest = 150;
+
+function indented(text) {
+  try {
+    return JSON.stringify(JSON.parse(text), null, 1);
+  } catch {
+    return text;
+  }
+}
 
 function timeOf(date) {
   const thousandths = String(date.getMilliseconds()).padStart(3, "0");
@@ -35,19 +45,60 @@ async function copy(text) {
   }
 }
 
-/** A log of lines, newest first, of which a bounded number is kept. */
+/** A log of lines, newest first, of which a bounded number is kept; those are shown that have a text. */
 class Log {
-  element = el("ol", { class: "log", tabindex: "0" });
+  #list = el("ol", { class: "log", tabindex: "0" });
+  #wanted = "";
 
   constructor(label, empty) {
-    this.element.setAttribute("aria-label", label);
-    this.element.dataset.empty = empty;
+    this.#list.setAttribute("aria-label", label);
+    this.#list.dataset.empty = empty;
+    const filter = (event) => {
+      this.#wanted = event.target.value.toLowerCase();
+      for (const line of this.#list.children) this.#look(line);
+    };
+    const properties = { type: "search", "aria-label": t("Filter"), placeholder: t("Filter") };
+    const input = el("input", { ...properties, on: { input: filter } });
+    const clear = button(t("Clear"), () => fill(this.#list), "small");
+    this.element = [el("div", { class: "log-tools" }, input, clear), this.#list];
   }
 
   add(...children) {
-    this.element.prepend(el("li", {}, children));
-    if (this.element.childElementCount > mostLines) this.element.lastChild.remove();
+    const line = el("li", {}, children);
+    this.#look(line);
+    this.#list.prepend(line);
+    if (this.#list.childElementCount > mostLines) this.#list.lastChild.remove();
   }
+
+  #look(line) {
+    line.hidden = !line.textContent.toLowerCase().includes(this.#wanted);
+  }
+}
+
+const quoted = (text) => `'${text.replaceAll("'", "'\\''")}'`;
+
+// What does the same in a shell.
+function asCurl({ method, target, body }) {
+  const address = quoted(new URL(target, document.baseURI).href);
+  const sent = body ? ` -H 'Content-Type: application/json' -d ${quoted(body)}` : "";
+  return `curl ${method === "GET" ? "" : `-X ${method} `}${address}${sent}`;
+}
+
+// The same as a command; empty for calls that no command makes.
+function asCommand({ method, target, body }) {
+  const { pathname, searchParams: query } = new URL(target, document.baseURI);
+  const name = pathname.split("/api/v1/")[1] ?? "";
+  const { path, value } = JSON.parse(body ?? "{}");
+  const rows = () => `${quoted(query.get("path"))} --from ${query.get("from")} --to ${query.get("to")}`;
+  const words = {
+    rows: () => `rows ${rows()}`,
+    data: () => `data ${quoted(query.get("path"))}`,
+    set: () => `set ${quoted(path)} ${quoted(JSON.stringify(value))}`,
+    "player/play": () => `play ${quoted(path)}`,
+    login: () => ({ GET: "login --status", POST: "login", DELETE: "logout" })[method],
+  }[name]?.();
+  const simple = /^player\/(pause|resume|stop|next|previous)$/.exec(name)?.[1];
+  return words || simple ? `kelo --server ${location.origin} ${words || simple}` : "";
 }
 
 export class Drawer {
@@ -84,7 +135,9 @@ export class Drawer {
     const move = { keydown: (event) => this.#moveTab(event) };
     const list = { role: "tablist", "aria-label": t("Developer’s drawer"), on: move };
     const close = iconButton("close", t("Close the drawer"), () => this.toggle(false));
-    const header = el("header", {}, el("div", list, Object.values(this.#tabs)), close);
+    const shared = { class: "link", target: "_blank", href: "openapi.yaml" };
+    const api = el("a", { ...shared, title: t("The description of the HTTP API") }, t("API"));
+    const header = el("header", {}, el("div", list, Object.values(this.#tabs)), api, close);
     fill(element, header, Object.values(this.#panels));
     this.#choose("node");
     this.showRow(null);
@@ -100,6 +153,14 @@ export class Drawer {
       if (detail && this.isOpen) this.#readRequests();
     });
     watchCalls((call) => this.#call(call));
+    // The row under the pointer, as soon as that rests, and the one that has the focus.
+    let timer = 0;
+    const look = ({ target }) => this.isOpen && this.showRow(rowAt(target) ?? this.#row);
+    addEventListener("focusin", look);
+    addEventListener("pointerover", (event) => {
+      clearTimeout(timer);
+      timer = setTimeout(look, rest, event);
+    });
     if (localStorage.getItem("drawer") === "open") this.toggle(true);
   }
 
@@ -117,6 +178,7 @@ export class Drawer {
 
   /** Shows what the tree says of a row. */
   showRow(row) {
+    if (row && row === this.#row) return;
     this.#row = row;
     if (!row) {
       const hint = t("Move to a row: its path, roles and data stand here.");
@@ -170,9 +232,21 @@ export class Drawer {
     );
   }
 
-  #call({ method, target, status, milliseconds: time }) {
-    const address = decodeURI(target.replace(/^api\/v1\//, "").replace(/&roles=[^&]*/, ""));
-    this.#calls.add(...exchangeLine(new Date(), method, address, status, status || t("failed"), time));
+  #call(call) {
+    const { method, target, body, status, text, milliseconds: time } = call;
+    const address = decodeURIComponent(target.replace(/^api\/v1\//, "").replace(/&roles=[^&]*/, ""));
+    const line = exchangeLine(new Date(), method, address, status, status || t("failed"), time);
+    const details = el("details", {}, el("summary", {}, line));
+    // Made when somebody looks.
+    const show = () => {
+      const command = asCommand(call);
+      const copies = [button(t("Copy as curl"), () => copy(asCurl(call)), "small")];
+      if (command) copies.unshift(button(t("Copy as kelo"), () => copy(command), "small"));
+      const texts = [body, text.slice(0, mostText)].filter(Boolean);
+      details.append(buttonRow(copies), ...texts.map((one) => el("pre", { tabindex: "0" }, indented(one))));
+    };
+    details.addEventListener("toggle", show, { once: true });
+    this.#calls.add(details);
   }
 
   #request({ id, time, method, address, status, error, durationMs }) {

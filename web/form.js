@@ -3,7 +3,7 @@
 import { titleNow, understand } from "./actions.js";
 import { setValue } from "./api.js";
 import { problem, textPage } from "./dialog.js";
-import { el } from "./dom.js";
+import { el, madeFrom } from "./dom.js";
 import { entryOf } from "./entries.js";
 import { baseOf, parsePath } from "./path.js";
 import { isChoice, isField, plainValue } from "./rowtext.js";
@@ -30,7 +30,7 @@ function fieldOf(row, value) {
   };
   const label = el("label", { for: id, text: first ? t("Position") : row.Title });
   const properties = { class: `field ${kind === "checkbox" ? kind : ""}` };
-  return { row, input, read, element: el("div", properties, label, input) };
+  return { row, input, read, element: madeFrom(el("div", properties, label, input), row) };
 }
 
 const nameOf = (row) => baseOf(row.Path).split("/").pop();

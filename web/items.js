@@ -1,7 +1,7 @@
 // One row of a list as an element: what it shows, and what a click, a key or a long press on it does.
 
 import { openContainer, openMenu, openValue, runAction } from "./menu.js";
-import { boxOf, cover, el, icon, iconButton } from "./dom.js";
+import { boxOf, cover, el, icon, iconButton, madeFrom } from "./dom.js";
 import { heart } from "./favorites.js";
 import { menuOfRow } from "./entries.js";
 import { kindOf } from "./kinds.js";
@@ -117,7 +117,7 @@ export function item(row, kind, list, index, page = {}) {
     element.append(iconButton("more", more, (event) => show(boxOf(event)), properties));
     listenForMenu(element, show);
   }
-  return element;
+  return madeFrom(element, row);
 }
 
 /** A plain value in words; empty where there is none. */

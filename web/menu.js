@@ -3,7 +3,7 @@
 import { activate, titleNow, understand } from "./actions.js";
 import { getRows, setValue } from "./api.js";
 import { busy, Dialog, problem, textPage } from "./dialog.js";
-import { cover, el, fill, icon } from "./dom.js";
+import { cover, el, fill, icon, madeFrom } from "./dom.js";
 import { choicesOf, entryOf, inOrder, isUseful } from "./entries.js";
 import { formPage } from "./form.js";
 import { live } from "./live.js";
@@ -137,7 +137,8 @@ const itemsIn = (list) => [...list.querySelectorAll("[role^=menuitem]")];
 function treePage(context, title, source, own) {
   const useful = (row) => isUseful(row, context.list);
   const shown = (rows) => inOrder([...rows, ...(context.further ?? [])].filter(useful));
-  const make = (rows) => inGroups(shown(rows), (row) => treeItems(context, row, source));
+  const itemsOf = (row) => treeItems(context, row, source).map((item) => madeFrom(item, row));
+  const make = (rows) => inGroups(shown(rows), itemsOf);
   return listPage(context, title, source, make, own);
 }
 
@@ -290,7 +291,8 @@ function choicePage(context, row, above = null) {
     item.setAttribute("aria-checked", String(isPresent));
     return item;
   };
-  const make = (rows) => choicesOf(row, rows, context.list).map(choiceItem);
+  const make = (rows) =>
+    choicesOf(row, rows, context.list).map((choice) => madeFrom(choiceItem(choice), choice));
   return listPage(context, row.Title, new RowSource(row.Edit.enumPath), make);
 }
 

@@ -1,7 +1,7 @@
 // Settings: what the tree offers, and how this page looks in this browser.
 
 import { getHealth } from "./api.js";
-import { boxOf, el, fill } from "./dom.js";
+import { boxOf, el, fill, madeFrom } from "./dom.js";
 import { valueText } from "./items.js";
 import { openValue, presentChoice } from "./menu.js";
 import { linkTo, loginPath, settingsPath } from "./path.js";
@@ -88,9 +88,10 @@ export class SettingsView extends View {
     const inside = [el("span", {}, row.Title), value];
     if (isChoice(row)) presentChoice(row, value);
     const tell = () => this.tellRow(row);
-    if (!canChange(row)) return el("div", { class: "setting fixed" }, inside);
+    if (!canChange(row)) return madeFrom(el("div", { class: "setting fixed" }, inside), row);
     const open = (event) => openValue(row, boxOf(event)).then(() => this.#source.reload());
-    return el("button", { type: "button", class: "setting", on: { click: open, focus: tell } }, inside);
+    const shared = { type: "button", class: "setting", on: { click: open, focus: tell } };
+    return madeFrom(el("button", shared, inside), row);
   }
 }
 

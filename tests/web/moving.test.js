@@ -184,7 +184,7 @@ journey("the streamer goes and comes back", { allowed: [/ERR_CONNECTION_REFUSED|
   await player.getByRole("button", { name: "Pause" }).waitFor();
 });
 
-journey("what a developer sees", {}, async (person) => {
+journey("what a developer sees", { permissions: ["clipboard-read", "clipboard-write"] }, async (person) => {
   const { page, streamer } = person;
   const drawer = page.getByRole("complementary", { name: "Developer’s drawer" });
   const tab = (name) => drawer.getByRole("tab", { name, exact: true }).click();
@@ -195,6 +195,12 @@ journey("what a developer sees", {}, async (person) => {
   await drawer.getByRole("definition").filter({ hasText: /^Audio$/ }).waitFor();
   await drawer.getByRole("button", { name: "Read its data" }).click();
   await drawer.getByText(/^Answered in/).waitFor();
+  // The pointer tells the row, too, also that of a menu.
+  await person.menu(title);
+  await person.dialog.getByRole("menuitem", { name: "Add to playlist…" }).hover();
+  await page.getByText("/tidal/context/addToPlaylists/").first().waitFor();
+  await page.keyboard.press("Escape");
+  assert.equal((await person.list("Tracks").boundingBox()).width > 900, true, "the list is as wide as before");
   await tab("Notices");
   const [row] = (await streamer.rows(myTracks, 0)).rows;
   const [favorite] = (await streamer.rows(row.Context.Path)).rows;
@@ -207,7 +213,21 @@ journey("what a developer sees", {}, async (person) => {
   const shown = await page.content();
   assert.ok(accessToken && !shown.includes(accessToken) && !shown.includes(refreshToken), "no token is shown");
   await tab("Calls");
-  await drawer.getByRole("list", { name: "Calls" }).getByRole("listitem").filter({ hasText: "rows?path=" }).first().waitFor();
+  const calls = drawer.getByRole("list", { name: "Calls" }).getByRole("listitem");
+  await calls.filter({ hasText: "data?path=" }).first().waitFor();
+  await drawer.getByRole("searchbox", { name: "Filter" }).last().fill("rows?path=/tidal/mymusic");
+  assert.equal(await calls.filter({ hasText: "data?path=", visible: true }).count(), 0);
+  const call = calls.filter({ hasText: `rows?path=${myTracks}`, visible: true }).first();
+  await call.locator("summary").click();
+  await call.getByText('"rowsCount"').waitFor();
+  for (const [name, text] of [["Copy as kelo", `kelo --server ${streamer.address} rows '${myTracks}' --from 0 --to 49`], ["Copy as curl", "curl 'http"]]) {
+    await call.getByRole("button", { name }).click();
+    await person.until(async () => (await page.evaluate(() => navigator.clipboard.readText())).startsWith(text), `${name}: ${text}`);
+  }
+  const api = await drawer.getByRole("link", { name: "API" }).getAttribute("href");
+  assert.ok((await (await fetch(new URL(api, streamer.address))).text()).startsWith("openapi: 3"));
+  await drawer.getByRole("button", { name: "Clear" }).last().click();
+  await calls.first().waitFor({ state: "detached" });
 });
 
 journey("an answer that is late", {}, async (person) => {

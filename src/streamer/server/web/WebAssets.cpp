@@ -15,6 +15,8 @@ namespace {
 constexpr qint64 largestFile = 4 * 1024 * 1024;
 constexpr size_t longestName = 128;
 constexpr char startPage[] = "index.html";
+constexpr char builtIn[] = ":/web";
+constexpr char apiDescription[] = "openapi.yaml";
 
 /// Of "WORD.EXTENSION" and "WORD/WORD.EXTENSION" the content type; empty for any other name.
 std::string typeOfName(const std::string& name)
@@ -29,6 +31,7 @@ std::string typeOfName(const std::string& name)
         {QStringLiteral("svg"), "image/svg+xml"},
         {QStringLiteral("png"), "image/png"},
         {QStringLiteral("ico"), "image/x-icon"},
+        {QStringLiteral("yaml"), "application/yaml"},
         {QStringLiteral("woff2"), "font/woff2"}};
     static const QRegularExpression form(
         QStringLiteral("\\A(?:[a-z0-9_-]+/)?[a-z0-9_-]+\\.([a-z0-9]+)\\z"));
@@ -42,10 +45,10 @@ std::string typeOfName(const std::string& name)
 
 WebAssets::WebAssets(const QString& directory) : m_directory(directory)
 {
+    loadBuiltIn();
     if (!m_directory.isEmpty())
         return;
-    loadBuiltIn();
-    m_directory = QStringLiteral(":/web");
+    m_directory = QLatin1String(builtIn);
     m_isBuiltIn = true;
 }
 
@@ -58,13 +61,15 @@ std::optional<HttpReply> WebAssets::find(const std::string& path,
     const std::string type = typeOfName(name);
     if (type.empty())
         return std::nullopt;
-    QFile file(m_directory + '/' + QString::fromStdString(name));
+    // It belongs to the program, whatever page is served.
+    const QString folder = name == apiDescription ? QString(QLatin1String(builtIn)) : m_directory;
+    QFile file(folder + '/' + QString::fromStdString(name));
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > largestFile)
         return std::nullopt;
     const QByteArray body = file.read(largestFile);
     HttpReply reply{200, type, body.toStdString()};
     reply.headers.emplace_back("Vary", "Accept-Encoding");
-    if (m_isBuiltIn && name != startPage)
+    if (m_isBuiltIn && name != startPage && name != apiDescription)
         reply.headers.emplace_back("Cache-Control", "public, max-age=31536000, immutable");
     else
         reply.setTag(HttpReply::tagOf(body), ifNoneMatch);
