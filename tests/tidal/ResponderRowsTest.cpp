@@ -218,7 +218,7 @@ TEST_F(ResponderRowsTest, FurtherRolesAreForThoseWhoNameThem)
 {
     const QStringList further = {KeloRoles::TrackNumber(), KeloRoles::Duration(),
                                  KeloRoles::ReleaseYear(), KeloRoles::AlbumPath(),
-                                 KeloRoles::ArtistPaths()};
+                                 KeloRoles::ArtistPaths(), KeloRoles::Summary()};
     const auto artist = [](const char* name, const char* id) {
         return QVariantHash{{KeloRoles::Title(), q(name)},
                             {KeloRoles::Path(), q("/tidal/req/artists?artistId=") + id}};
@@ -231,16 +231,17 @@ TEST_F(ResponderRowsTest, FurtherRolesAreForThoseWhoNameThem)
     for (const auto& [item, values] : Table<const char*, QVariantList>{
              {R"({"id":7,"trackNumber":3,"duration":201,"artist":{"id":1,"name":"A"},
                   "artists":[{"id":1,"name":"A"},{"id":2,"name":"B"}],
-                  "album":{"id":4005000000,"title":"L","releaseDate":"2019-03-15"}})",
-              {number(3), number(201000), number(2019), album, QVariant(two)}},
+                  "album":{"id":4005000000,"title":"L","releaseDate":"2019-03-15"},
+                  "description":"Slow"})",
+              {number(3), number(201000), number(2019), album, QVariant(two), "Slow"}},
              {R"({"id":7,"releaseDate":"1999","duration":4000000000,"artist":{"id":1,"name":"A"}})",
-              {none, number(1000000000000), number(1999), none, QVariant(one)}},
+              {none, number(1000000000000), number(1999), none, QVariant(one), none}},
              {R"({"id":7,"trackNumber":0,"duration":null,"releaseDate":null,"album":null,
-                  "artists":[{"id":"x","name":"A"},{"id":2},null],"artist":{"name":"A"}})",
-              {none, none, none, none, none}},
+                  "artists":[{"id":"x","name":"A"},{"id":2},null],"artist":{"name":"A"},"description":""})",
+              {none, none, none, none, none, none}},
              {R"({"id":7,"trackNumber":"3","duration":-1,"releaseDate":"20190315","artists":{},
                   "album":{"title":"L","releaseDate":"soon"}})",
-              {none, none, none, none, none}}}) {
+              {none, none, none, none, none, none}}}) {
         for (const char* list : {"/tidal/req/x/y/tracks", "/tidal/req/featured/new/albums",
                                  "/tidal/search/choose/req/tracks?query=q"}) {
             const QStringList roles = further + QStringList{KeloRoles::Id(), further.first()};

@@ -39,7 +39,8 @@ TidalFurtherRoles::TidalFurtherRoles(const TidalWorker& worker, const QStringLis
         {KeloRoles::Duration(), &TidalFurtherRoles::duration},
         {KeloRoles::ReleaseYear(), &TidalFurtherRoles::releaseYear},
         {KeloRoles::AlbumPath(), &TidalFurtherRoles::albumPath},
-        {KeloRoles::ArtistPaths(), &TidalFurtherRoles::artistPaths}};
+        {KeloRoles::ArtistPaths(), &TidalFurtherRoles::artistPaths},
+        {KeloRoles::Summary(), &TidalFurtherRoles::summary}};
     for (int index = 0; index < roles.size(); ++index) {
         if (const Value value = values.value(roles.at(index)))
             m_places.push_back({index, value});
@@ -92,4 +93,10 @@ QVariant TidalFurtherRoles::artistPaths(const KeloJson& item)
     if (paths.isEmpty())
         add(item.value("artist"));
     return paths.isEmpty() ? QVariant() : paths;
+}
+
+QVariant TidalFurtherRoles::summary(const KeloJson& item)
+{
+    const QString text = item.value("description").toString();
+    return text.isEmpty() ? QVariant() : text;
 }

@@ -33,6 +33,7 @@ private:
     QVariant releaseYear(const KeloJson& item);
     QVariant albumPath(const KeloJson& item);
     QVariant artistPaths(const KeloJson& item);
+    QVariant summary(const KeloJson& item);
 
     std::vector<Place> m_places;
     std::optional<TidalEncodedPath> m_albumPath; ///< as the next one, set when there are places

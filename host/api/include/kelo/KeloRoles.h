@@ -48,6 +48,8 @@ public:
     KELO_NAME(AlbumPath, "AlbumPath")
     /// A list of hashes with the Title and Path of each artist.
     KELO_NAME(ArtistPaths, "ArtistPaths")
+    /// What a playlist says of itself; for requests that name it.
+    KELO_NAME(Summary, "Summary")
 
     KeloRoles() = default;
     explicit KeloRoles(const KeloHash& hash) : KeloHash(hash) {}
