@@ -815,5 +815,9 @@
         <source>Copy as kelo</source>
         <translation>Als kelo kopieren</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Zu den Zeilen springen</translation>
+    </message>
 </context>
 </TS>

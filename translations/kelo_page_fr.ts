@@ -815,5 +815,9 @@
         <source>Copy as kelo</source>
         <translation>Copier en kelo</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Aller aux lignes</translation>
+    </message>
 </context>
 </TS>

@@ -815,5 +815,9 @@
         <source>Copy as kelo</source>
         <translation>kelo としてコピー</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>一覧へ移動</translation>
+    </message>
 </context>
 </TS>

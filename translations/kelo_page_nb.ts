@@ -815,5 +815,9 @@
         <source>Copy as kelo</source>
         <translation>Kopier som kelo</translation>
     </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Hopp til radene</translation>
+    </message>
 </context>
 </TS>
