@@ -4,6 +4,7 @@ import { qualityText } from "./bar.js";
 import { el, fill } from "./dom.js";
 import { orderMenuOf } from "./entries.js";
 import { item, skeleton } from "./items.js";
+import { lookOf } from "./kinds.js";
 import { VirtualList } from "./list.js";
 import { openMenu } from "./menu.js";
 import { pictureButton, PlaceView } from "./place.js";
@@ -33,9 +34,9 @@ export class BrowseView extends PlaceView {
     );
     this.#list.element.addEventListener("current", (event) => this.tellRow(source.row(event.detail)));
     playback.addEventListener("changed", () => this.#markPlaying(), { signal: this.ended });
-    const kind = this.kind === "album" ? "tracks" : "rows";
-    const unread = Array.from({ length: 8 }, () => skeleton(kind));
-    fill(this.body, el("ul", { class: "list loading", "aria-hidden": "true" }, unread));
+    const kind = lookOf(path);
+    const unread = Array.from({ length: 12 }, () => skeleton(kind));
+    fill(this.body, el("ul", { class: `list loading ${kind}`, "aria-hidden": "true" }, unread));
     this.begin((this.#place?.to ?? 0) + 1);
   }
 

@@ -27,6 +27,14 @@ export function kindOf(path) {
   return parameters.has("artistId") && !parameters.has("artistContent") ? "artist" : "";
 }
 
+/** How the rows of a path will be shown, as far as the path tells: as "tracks" of an album, "grid" or "rows". */
+export function lookOf(path) {
+  const kind = kindOf(path);
+  if (kind) return kind === "album" ? "tracks" : "rows";
+  const last = artistPart(path) || parsePath(path).base.split("/").pop();
+  return /^(albums|artists|playlists|genres|similar|playlistscreatedby)$/.test(last) ? "grid" : "rows";
+}
+
 const idParameters = { album: "contentId", playlist: "playlistId", artist: "artistId" };
 
 /** The service's id of the item at a path; empty for a list. */

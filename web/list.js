@@ -79,8 +79,8 @@ export class VirtualList {
     const width = this.element.clientWidth;
     this.element.classList.toggle("grid", this.#kind === "grid");
     if (this.#kind === "grid") {
-      this.#columns = Math.max(2, Math.floor(width / 185));
-      this.#height = Math.floor(width / this.#columns) + 58;
+      this.#columns = Math.max(2, Math.floor(width / 203));
+      this.#height = Math.floor(width / this.#columns) + 80;
     } else {
       this.#columns = 1;
       this.#height = heights[this.#kind];

@@ -103,7 +103,7 @@ export class SearchView extends View {
     this.heading.className = "visually-hidden";
     const sources = () => [this.#source, ...this.#shelves.map((shelf) => shelf.source)].filter(Boolean);
     const parts = [this.heading, this.#chips, waitingLine(sources), this.#body];
-    this.element = el("section", { class: "view search" }, parts);
+    this.element = el("section", { class: "view search wide" }, parts);
     this.#body.addEventListener("click", (event) => {
       if (event.target.closest("li, .link")) rememberSearch(this.text);
     });

@@ -18,6 +18,7 @@ public:
 private:
     void image(const HttpCall& call, const HttpAnswer& answer);
     bool isAllowed(const QString& url) const;
+    QString present(const QString& url) const;
 
     const QString m_base;
     ImageLoader m_loader;
