@@ -819,5 +819,61 @@
         <source>Skip to the rows</source>
         <translation>Zu den Zeilen springen</translation>
     </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>Zufall, Wiederholen</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Zufällige Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>Wiederholen: aus</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>Wiederholen: alles</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>Wiederholen: dieser Titel</translation>
+    </message>
+    <message>
+        <source>Play next</source>
+        <translation>Als Nächstes spielen</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>Zur Warteschlange hinzufügen</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>Spielt als Nächstes: %1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>In die Warteschlange gestellt: %1</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>Spielt aus %1</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>Danach aus %1</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>Als Nächstes in der Warteschlange</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>Danach in der Liste</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
 </context>
 </TS>

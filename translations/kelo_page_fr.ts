@@ -819,5 +819,61 @@
         <source>Skip to the rows</source>
         <translation>Aller aux lignes</translation>
     </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>Aléatoire, répétition</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Lecture aléatoire</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>Répétition : non</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>Répétition : tout</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>Répétition : ce titre</translation>
+    </message>
+    <message>
+        <source>Play next</source>
+        <translation>Lire ensuite</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>Ajouter à la file d’attente</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>À suivre : %1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>Ajouté à la file d’attente : %1</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>Lecture depuis %1</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>Ensuite depuis %1</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>Ensuite dans la file d’attente</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>Ensuite dans la liste</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>Retirer %1</translation>
+    </message>
 </context>
 </TS>

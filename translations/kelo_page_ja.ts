@@ -819,5 +819,61 @@
         <source>Skip to the rows</source>
         <translation>一覧へ移動</translation>
     </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>シャッフル、リピート</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>シャッフル</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>リピート：オフ</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>リピート：すべて</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>リピート：この曲</translation>
+    </message>
+    <message>
+        <source>Play next</source>
+        <translation>次に再生</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>キューに追加</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>次に再生：%1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>キューに追加しました：%1</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>再生中：%1</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>次の曲：%1</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>次に再生する曲</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>リストの次の曲</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1を削除</translation>
+    </message>
 </context>
 </TS>

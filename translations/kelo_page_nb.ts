@@ -819,5 +819,61 @@
         <source>Skip to the rows</source>
         <translation>Hopp til radene</translation>
     </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>Tilfeldig, gjenta</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Tilfeldig rekkefølge</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>Gjenta: av</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>Gjenta: alt</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>Gjenta: dette sporet</translation>
+    </message>
+    <message>
+        <source>Play next</source>
+        <translation>Spill som neste</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>Legg til i køen</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>Spilles som neste: %1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>Lagt til i køen: %1</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>Spiller fra %1</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>Neste fra %1</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>Neste i køen</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>Neste i listen</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>Fjern %1</translation>
+    </message>
 </context>
 </TS>

@@ -100,6 +100,7 @@ export const getIds = (path, from, to) => send("GET", address("rows", { path, fr
 export const getData = (path) => send("GET", address("data", { path }));
 export const setValue = (path, value = 1) => change("POST", "set", { path, value });
 export const setFavorite = (path, value) => change("POST", "set", { path, role: "Favorite", value });
+export const getQueue = (from, to, signal) => send("GET", address("player/queue", { from, to }), { signal });
 export const player = (command, body = {}) => change("POST", `player/${command}`, body);
 export const getLogin = () => send("GET", address("login"));
 export const startLogin = () => change("POST", "login", {});

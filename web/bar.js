@@ -63,6 +63,22 @@ export function volumeBar(signal) {
   return el("div", { class: "volume-bar" }, mute, input);
 }
 
+/** The buttons for shuffling and repeating. */
+export function orderButtons(signal) {
+  const properties = { class: "icon-button order" };
+  const shuffle = iconButton("shuffle", t("Shuffle"), () => playback.shuffle(), properties);
+  const repeat = iconButton("repeat", "", () => playback.repeat(), properties);
+  const show = () => {
+    const { shuffle: isShuffled = false, repeat: mode = "off" } = playback.state;
+    shuffle.setAttribute("aria-pressed", isShuffled);
+    const label = { off: t("Repeat: off"), all: t("Repeat: all"), one: t("Repeat: this track") }[mode];
+    setIconButton(repeat, mode === "one" ? "one" : "repeat", label);
+    repeat.classList.toggle("on", mode !== "off");
+  };
+  follow(show, signal);
+  return [shuffle, repeat];
+}
+
 export function playButton(signal) {
   const properties = { class: "icon-button play-button" };
   const button = iconButton("play", t("Play"), () => playback.toggle(), properties);
@@ -110,7 +126,8 @@ export function startBar(bar) {
   const next = iconButton("next", t("Next"), () => playback.send("next"));
   const properties = { class: "icon-button queue-button" };
   const queue = iconButton("queue", t("Now playing and queue"), () => go("!queue", null, true), properties);
-  const buttons = el("div", { class: "bar-buttons" }, previous, playButton(), next);
+  const [shuffle, repeat] = orderButtons();
+  const buttons = el("div", { class: "bar-buttons" }, shuffle, previous, playButton(), next, repeat);
   const side = el("div", { class: "bar-side" }, volumeBar(), queue);
   const now = el("div", { class: "bar-now" }, item, heartOfPlaying());
   const row = el("div", { class: "bar-row" }, now, buttons, side);

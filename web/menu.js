@@ -31,9 +31,15 @@ export function openMenu(row, anchor) {
   const dialog = new Dialog(anchor, "menu-dialog");
   const subject = titleOf(row);
   const own = [];
+  const add = (at) => () => (dialog.close(), playback.add(row.Path, subject, at));
   const play = () => (dialog.close(), playback.play(row.Path));
   const visit = () => (dialog.close(), go(row.Path, placeOf(row)));
-  if (isPlayableItem(row) && !row.Disabled) own.push({ title: t("Play"), icon: "play", run: play });
+  if (isPlayableItem(row) && !row.Disabled)
+    own.push(
+      { title: t("Play next"), icon: "play-next", run: add("next") },
+      { title: t("Add to queue"), icon: "queue", run: add("end") },
+      { title: t("Play"), icon: "play", run: play },
+    );
   if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: visit });
   const context = { dialog, subject, places: [placeOf(row), currentState().item], list: currentPath() };
   const menu = row.Context?.Path;

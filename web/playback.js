@@ -3,10 +3,12 @@
 import * as api from "./api.js";
 import { live } from "./live.js";
 import { withoutArtist } from "./rowtext.js";
+import { t } from "./text.js";
 import { clearToasts, toast, toastError } from "./toast.js";
 import { lookForWaiting } from "./waiting.js";
 
 const endsNotes = ["play", "resume", "stop"];
+const repeats = ["off", "all", "one"];
 const quiet = 30;
 
 /** Events: "changed" when the state is another one. */
@@ -59,9 +61,30 @@ class Playback extends EventTarget {
     return this.send("play", { path, ...place });
   }
 
+  /** Puts a row, or all of a list, into the queue: "next", or at the "end" of what was put in before. */
+  async add(path, title, at) {
+    try {
+      await api.player("queue", { action: "add", path, at });
+      const text = at === "next" ? t("Plays next: %1", title) : t("Added to the queue: %1", title);
+      toast(text, this.isActive ? null : { title: t("Play"), run: () => this.toggle() });
+    } catch (error) {
+      toastError(error);
+    }
+  }
+
   toggle() {
     if (this.state.state === "playing") return this.send("pause");
     return this.send("resume");
+  }
+
+  shuffle() {
+    return this.send("shuffle", { on: !this.state.shuffle });
+  }
+
+  /** From off to all, to one, to off. */
+  repeat() {
+    const next = repeats[(repeats.indexOf(this.state.repeat) + 1) % repeats.length];
+    return this.send("repeat", { mode: next });
   }
 
   /** Goes so many milliseconds on in the item, or back. */

@@ -107,6 +107,71 @@ journey("what cannot be played says so and is passed over", {}, async (person) =
   await page.getByRole("status").filter({ hasText: "“Tower” is not available." }).waitFor({ state: "detached" });
 });
 
+journey("what plays next is put in order", {}, async (person) => {
+  const { page, player, view, streamer } = person;
+  const list = "/tidal/req/featured/new/tracks";
+  const { rows } = await streamer.rows(list);
+  await person.visit(list);
+  const playable = (await person.titles("Just In")).filter((_, index) => !rows[index].Disabled);
+  const [first, one, two, three] = playable;
+  await person.list("Just In").getByRole("button", { name: first }).first().click();
+  await player.getByRole("button", { name: "Pause" }).waitFor();
+  for (const [title, entry] of [[one, "Add to queue"], [two, "Add to queue"], [three, "Play next"]]) {
+    await person.menu(title);
+    const entries = await person.dialog.getByRole("menuitem").allTextContents();
+    assert.deepEqual(entries.slice(0, 2), ["Play next", "Add to queue"]);
+    await person.choose(entry);
+    await person.noDialog();
+  }
+  await page.keyboard.press("q");
+  await view.getByRole("heading", { name: "Next in the queue" }).waitFor();
+  await view.getByRole("heading", { name: "Next from Just In" }).getByRole("link", { name: "Just In" }).waitFor();
+  let said = [];
+  const begins = (...titles) =>
+    person.until(
+      async () => (said = (await person.titles("Queue")).slice(0, titles.length)).join() === titles.join(),
+      () => `${titles}; it is ${said}`,
+    );
+  await begins(three, one, two);
+
+  const row = (title) => person.list("Queue").getByRole("button", { name: title }).first();
+  await row(three).focus();
+  await page.keyboard.press("Alt+ArrowDown");
+  await begins(one, three, two);
+  await person.until(async () => (await person.focused()).startsWith(three), "the row keeps the focus");
+  await page.keyboard.press("Delete");
+  await begins(one, two);
+  // What another client does is seen.
+  await streamer.call("player/queue", { action: "add", path: rows.find((each) => each.Title.startsWith(three)).Path, at: "next" });
+  await begins(three, one, two);
+  const handle = await person.row(two).first().locator(".handle").boundingBox();
+  const target = await person.row(three).first().boundingBox();
+  await page.mouse.move(handle.x + 8, handle.y + 8);
+  await page.mouse.down();
+  await page.mouse.move(handle.x + 8, target.y + 20, { steps: 4 });
+  await page.locator(".dragged").waitFor();
+  await person.until(async () => (await page.locator(".drop-line").boundingBox()).y < target.y + 8, "the line is above");
+  await page.mouse.up();
+  await begins(two, three, one);
+  await person.row(three).getByRole("button", { name: `Remove ${three}` }).first().click();
+  await begins(two, one);
+
+  await row(two).click();
+  await person.until(async () => (await person.playing()).startsWith(two), "a click goes there");
+  await begins(one);
+  await view.getByRole("button", { name: "Clear" }).click();
+  await view.getByRole("heading", { name: "Next in the queue" }).waitFor({ state: "detached" });
+  const told = async (name) => (await streamer.call("player"))[name];
+  await page.keyboard.press("s");
+  await view.getByRole("button", { name: "Shuffle", pressed: true }).waitFor();
+  assert.equal(await told("shuffle"), true);
+  for (const [label, mode] of [["all", "all"], ["this track", "one"], ["off", "off"]]) {
+    await page.keyboard.press("r");
+    await view.getByRole("button", { name: `Repeat: ${label}` }).waitFor();
+    assert.equal(await told("repeat"), mode);
+  }
+});
+
 journey("a menu by a long press", { width: 390, height: 844, hasTouch: true, isMobile: true }, async (person) => {
   const { page } = person;
   await person.visit("/tidal/req/featured/new/tracks");
