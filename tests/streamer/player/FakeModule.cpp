@@ -85,6 +85,17 @@ void FakeModule::holdRows()
     m_areRowsHeld = true;
 }
 
+void FakeModule::releaseRows()
+{
+    CMGetRowsRequest held;
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_changed.wait_for(lock, std::chrono::seconds(20), [this] { return !m_heldRows.isNull(); });
+        held = std::exchange(m_heldRows, CMGetRowsRequest());
+    }
+    getRowsRequest(held);
+}
+
 QStringList FakeModule::asked()
 {
     std::lock_guard<std::mutex> lock(m_mutex);
@@ -107,6 +118,7 @@ void FakeModule::getRowsRequest(const CMGetRowsRequest& request)
     std::lock_guard<std::mutex> lock(m_mutex);
     if (std::exchange(m_areRowsHeld, false)) {
         m_heldRows = request;
+        m_changed.notify_all();
         return;
     }
     m_rowsAsked << QString("%1-%2").arg(request.from()).arg(request.to());

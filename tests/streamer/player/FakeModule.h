@@ -33,7 +33,8 @@ public:
     void release();
     /// The next request for rows is not answered before releaseRows().
     void holdRows();
-    void releaseRows() { getRowsRequest(m_heldRows); }
+    /// Waits until it is there, and has it answered.
+    void releaseRows();
     /// Pre-play requests so far: "ID at OFFSET", in order.
     QStringList asked();
     /// Requests for rows since the last call: "FROM-TO", in order.

@@ -1,4 +1,3 @@
-#include "ItemRoles.h"
 #include "PlayerControl.h"
 #include "PlayerFixture.h"
 
@@ -50,32 +49,19 @@ protected:
         return edit({{"action", "add"}, {"path", path}, {"at", at}});
     }
     QString title() { return status()["title"].toString().remove("Track "); }
-    QString next()
-    {
-        EXPECT_EQ(run("next"), "ok");
-        return title();
-    }
-    QString previous()
-    {
-        script.setPosition(0);
-        EXPECT_EQ(run("previous"), "ok");
-        return title();
-    }
     /// The titles after so many steps.
-    QString forward(int steps)
+    QString steps(const char* name, int count)
     {
-        QString all;
-        for (int i = 0; i < steps; ++i)
-            all += next() + ' ';
-        return all;
+        QStringList all;
+        for (int i = 0; i < count; ++i) {
+            script.setPosition(0);
+            EXPECT_EQ(run(name), "ok");
+            all << title();
+        }
+        return all.join(' ');
     }
-    QString back(int steps)
-    {
-        QString all;
-        for (int i = 0; i < steps; ++i)
-            all += previous() + ' ';
-        return all;
-    }
+    QString next(int count = 1) { return steps("next", count); }
+    QString previous(int count = 1) { return steps("previous", count); }
     void notify() { module->subscription()->rowsChanged(list, "reset", -1); }
     void restart()
     {
@@ -106,9 +92,9 @@ TEST_F(PlayerQueueTest, PlaysAListFromARowBehindWhatWasPutInByHand)
     EXPECT_EQ(rows()["list"], list.toEncoded());
     ASSERT_EQ(run("play", {{"path", pathOf("7")}}), "ok");
     EXPECT_EQ(titles(0, 5), "4711 3 a b | 8 9 ");
-    EXPECT_EQ(forward(5), "4711 3 a b 8 ");
-    EXPECT_EQ(back(3), "b a 3 ");
-    EXPECT_EQ(forward(4), "a b 8 9 ");
+    EXPECT_EQ(next(5), "4711 3 a b 8");
+    EXPECT_EQ(previous(3), "b a 3");
+    EXPECT_EQ(next(4), "a b 8 9");
     ASSERT_EQ(edit({{"action", "clear"}}), "ok");
     EXPECT_EQ(titles(), "");
     EXPECT_EQ(status()["state"], "playing");
@@ -143,27 +129,26 @@ TEST_F(PlayerQueueTest, EditsBelongToAVersion)
     ASSERT_TRUE(late.waitForFinished(waitMs));
     EXPECT_EQ(late.error().name(), PlayerControl::staleName());
     EXPECT_EQ(titles(), "5 4 | 1 2 3 5 ");
-    for (const QVariantHash& wrong :
-         {QVariantHash{{"action", "dance"}},
-          QVariantHash{{"action", "move"}, {"position", 0}, {"to", 1}},
-          QVariantHash{{"action", "move"}, {"version", 1}, {"position", 0}},
-          QVariantHash{{"action", "remove"}, {"version", 1}, {"position", -1}},
-          QVariantHash{{"action", "remove"}, {"version", rows()["version"]}, {"position", 6}},
-          QVariantHash{
-              {"action", "remove"}, {"version", rows()["version"]}, {"position", 5}, {"count", 2}},
-          QVariantHash{{"action", "jump"}, {"version", rows()["version"]}, {"position", 6}},
-          QVariantHash{
-              {"action", "move"}, {"version", rows()["version"]}, {"position", 0}, {"to", 6}},
-          QVariantHash{{"action", "add"}},
-          QVariantHash{{"action", "add"}, {"path", "1"}, {"at", "front"}},
-          QVariantHash{{"action", "add"}, {"paths", QVariantList{"1", 2}}},
-          QVariantHash{{"action", "add"}, {"paths", QVariantList{}}},
-          QVariantHash{
-              {"action", "add"}, {"path", pathOf("1")}, {"list", "/fake/%zz"}, {"index", 0}}}) {
-        const auto reply = begin("queue", wrong);
+    for (QByteArray wrong : {
+             R"({"action":"dance"})",
+             R"({"action":"add"})",
+             R"({"action":"add","path":"1","at":"front"})",
+             R"({"action":"add","paths":["1",2]})",
+             R"({"action":"add","paths":[]})",
+             R"({"action":"add","path":"1","list":"/fake/%zz","index":0})",
+             R"({"action":"move","position":0,"to":1})",
+             R"({"action":"move","version":NOW,"position":0})",
+             R"({"action":"move","version":NOW,"position":0,"to":6})",
+             R"({"action":"remove","version":NOW,"position":-1})",
+             R"({"action":"remove","version":NOW,"position":6})",
+             R"({"action":"remove","version":NOW,"position":5,"count":2})",
+             R"({"action":"jump","version":NOW,"position":6})",
+         }) {
+        SCOPED_TRACE(wrong.data());
+        wrong.replace("NOW", rows()["version"].toByteArray());
+        const auto reply = begin("queue", QJsonDocument::fromJson(wrong).object().toVariantHash());
         ASSERT_TRUE(reply.waitForFinished(waitMs));
-        EXPECT_EQ(reply.error().name(), CMError::BadRequestName())
-            << reply.error().message().toStdString();
+        EXPECT_EQ(reply.error().name(), CMError::BadRequestName());
     }
     EXPECT_EQ(edit({{"action", "add"}, {"paths", QVariantList{pathOf("1"), "/fake/nowhere"}}}),
               "no such list");
@@ -179,7 +164,7 @@ TEST_F(PlayerQueueTest, EditsBelongToAVersion)
     EXPECT_EQ(editNow("jump", 1), "ok");
     EXPECT_EQ(title(), "0");
     EXPECT_EQ(titles(), "5 | 5 ");
-    EXPECT_EQ(back(2), "3 0 ");
+    EXPECT_EQ(previous(2), "3 0");
 }
 
 TEST_F(PlayerQueueTest, TheNextItemIsLookedForAgainWhenItIsAnother)
@@ -221,7 +206,7 @@ TEST_F(PlayerQueueTest, RepeatsTheItemOrTheListAndEndsWhenNothingPlays)
     waitForOperation("open fake:1 0");
     EXPECT_EQ(status()["repeat"], "one");
     ASSERT_EQ(run("repeat", {{"mode", "all"}}), "ok");
-    EXPECT_EQ(forward(3), "0 1 0 ");
+    EXPECT_EQ(next(3), "0 1 0");
     ASSERT_EQ(run("next"), "ok");
     nearEnd();
     waitForOperation("next fake:0");
@@ -322,7 +307,7 @@ TEST_F(PlayerQueueTest, IsKeptOverRestarts)
     EXPECT_EQ(status()["shuffle"], true);
     EXPECT_EQ(status()["repeat"], "all");
     EXPECT_EQ(previous(), "5");
-    EXPECT_EQ(forward(2), second + " 3 ");
+    EXPECT_EQ(next(2), second + " 3");
 
     // It is not written at each change, and a crash loses little.
     const auto written = [this] { return QFileInfo(queueFile()).lastModified(); };
@@ -383,6 +368,24 @@ TEST_F(PlayerQueueTest, TenThousandCallsAreAnsweredAndLeaveItSmall)
     }
     EXPECT_GT(refused, 0);
     EXPECT_LE(rows()["rowsCount"].toInt(), 20050);
+}
+
+TEST_F(PlayerQueueTest, AnEditOvertakesRowsThatAreAskedForAndAnEndAnswersThem)
+{
+    addTracks(numbers(60));
+    ASSERT_EQ(play(pathOf("49")), "ok");
+    module->holdRows();
+    const auto next = begin("next");
+    ASSERT_EQ(add("4711", "next"), "ok");
+    module->releaseRows();
+    EXPECT_EQ(outcome(next), "ok");
+    EXPECT_EQ(title(), "4711");
+    player->keptRows().clear();
+    module->holdRows();
+    const auto rows = begin("queueRows", {{"from", 0}, {"to", 9}});
+    player->stop();
+    EXPECT_TRUE(rows.isFinished());
+    module->releaseRows();
 }
 
 TEST_F(PlayerQueueTest, StartsWithWhatWasPutInWhenNothingPlays)
