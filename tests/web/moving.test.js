@@ -131,12 +131,12 @@ journey("the keyboard alone", {}, async (person) => {
   await reaches(title);
   await press("ContextMenu");
   await person.dialog.getByRole("menuitem", { name: "Add to favorites" }).waitFor();
-  await press("ArrowDown", "Enter");
+  await press("ArrowDown", "ArrowDown", "ArrowDown", "Enter");
   await person.noDialog();
   await reaches(title);
   await press("m");
   await person.dialog.getByRole("menuitem", { name: "Add to playlist…" }).waitFor();
-  await press("ArrowDown", "ArrowDown", "Enter");
+  await press("ArrowDown", "ArrowDown", "ArrowDown", "ArrowDown", "Enter");
   await reaches("New playlist…");
   await press("Enter");
   await person.until(() => page.evaluate(() => document.activeElement.matches("input")), "the title can be typed");
