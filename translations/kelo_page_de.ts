@@ -875,5 +875,49 @@
         <source>Remove %1</source>
         <translation>%1 entfernen</translation>
     </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>Zeilen filtern</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>Mehrere Zeilen auswählen</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>%1 Alben</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>%1 Künstler</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>%1 Playlists</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>Ausgewählte Zeilen</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 zur Warteschlange hinzugefügt</translation>
+    </message>
 </context>
 </TS>

@@ -875,5 +875,49 @@
         <source>Remove %1</source>
         <translation>Retirer %1</translation>
     </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>Filtrer les lignes</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Maj</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>Sélectionner plusieurs lignes</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>%1 albums</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>%1 artistes</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>%1 playlists</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Sélectionner</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 sélectionnés</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>Lignes sélectionnées</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>Tout désélectionner</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 ajoutés à la file d’attente</translation>
+    </message>
 </context>
 </TS>

@@ -875,5 +875,49 @@
         <source>Remove %1</source>
         <translation>%1を削除</translation>
     </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>行を絞り込む</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Shift</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>複数の行を選択</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>アルバム %1 枚</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>アーティスト %1 組</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>プレイリスト %1 件</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 件を選択中</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>選択した行</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>選択を解除</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 件を再生待ちに追加しました</translation>
+    </message>
 </context>
 </TS>

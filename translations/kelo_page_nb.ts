@@ -875,5 +875,49 @@
         <source>Remove %1</source>
         <translation>Fjern %1</translation>
     </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>Filtrer radene</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Skift</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>Velg flere rader</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>%1 album</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>%1 artister</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>%1 spillelister</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Velg</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 valgt</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>Valgte rader</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>Velg ingenting</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 lagt til i køen</translation>
+    </message>
 </context>
 </TS>

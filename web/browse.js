@@ -3,19 +3,33 @@
 import { qualityText } from "./bar.js";
 import { el, fill } from "./dom.js";
 import { orderMenuOf } from "./entries.js";
+import { RowFilter } from "./filter.js";
 import { item, skeleton } from "./items.js";
-import { lookOf } from "./kinds.js";
+import { kindOf, lookOf } from "./kinds.js";
 import { VirtualList } from "./list.js";
 import { openMenu } from "./menu.js";
 import { pictureButton, PlaceView } from "./place.js";
 import { playback } from "./playback.js";
 import { albumOf, artistOf } from "./rowtext.js";
+import { Selection } from "./select.js";
 import { lengthText, t } from "./text.js";
 
 const pictureShare = 0.5;
 
+// How many there are of what a list holds.
+function countText(rows, count) {
+  const [row] = rows;
+  if (row?.Type === "Audio") return count === 1 ? t("1 track") : t("%1 tracks", count);
+  const kind = count > 1 ? kindOf(row?.Path ?? "") : "";
+  if (kind === "album") return t("%1 albums", count);
+  if (kind === "artist") return t("%1 artists", count);
+  return kind ? t("%1 playlists", count) : "";
+}
+
 export class BrowseView extends PlaceView {
   #list;
+  #filter;
+  #selection;
   #place;
   #kind = "rows";
   #playingPath = playback.state.path;
@@ -25,14 +39,19 @@ export class BrowseView extends PlaceView {
     super(path, state, scroller);
     this.#place = state.place;
     const { source } = this;
+    this.#filter = new RowFilter(source, () => this.showRows());
     this.#list = new VirtualList(
       scroller,
       this.item.title || t("Rows"),
       (index, kind) => this.#make(index, kind),
-      (index) => [source.row(index), this.item.subtitle],
-      (from, to) => source.need(from, to),
+      (index) => [this.#row(index), this.item.subtitle, this.#filter.at(index)],
+      (from, to) => source.need(this.#filter.at(from) ?? 0, this.#filter.at(to) ?? 0),
     );
-    this.#list.element.addEventListener("current", (event) => this.tellRow(source.row(event.detail)));
+    const { element } = this.#list;
+    element.addEventListener("current", (event) => this.tellRow(this.#row(event.detail)));
+    const numberOf = (index) => this.#filter.at(index);
+    this.#selection = new Selection(element, (index) => this.#row(index), numberOf);
+    this.body.before(this.#filter.element);
     playback.addEventListener("changed", () => this.#markPlaying(), { signal: this.ended });
     const kind = lookOf(path);
     const unread = Array.from({ length: 12 }, () => skeleton(kind));
@@ -43,6 +62,16 @@ export class BrowseView extends PlaceView {
   close() {
     super.close();
     this.#list.close();
+    this.#selection.close();
+  }
+
+  /** Leads to the field that looks for rows. */
+  filter() {
+    this.#filter.focus();
+  }
+
+  #row(index) {
+    return this.source.row(this.#filter.at(index));
   }
 
   get place() {
@@ -62,7 +91,9 @@ export class BrowseView extends PlaceView {
     const isAlbum = this.kind === "album" && rows.every((row) => row.Type === "Audio");
     this.#kind = isAlbum ? "tracks" : pictures > rows.length * pictureShare ? "grid" : "rows";
     if (!this.#list.element.isConnected) fill(this.body, this.#list.element);
-    this.#list.update(this.#kind, source.count);
+    this.#filter.update();
+    this.#selection.update((number) => source.row(number));
+    this.#list.update(this.#kind, this.#filter.count);
     this.#restorePlace();
     this.dispatchEvent(new Event("loaded"));
   }
@@ -76,8 +107,9 @@ export class BrowseView extends PlaceView {
   }
 
   #make(index, kind) {
-    const row = this.source.row(index);
-    return row ? item(row, kind, this.path, index, this.#names()) : skeleton(kind);
+    const row = this.#row(index);
+    if (!row) return skeleton(kind);
+    return this.#selection.mark(item(row, kind, this.path, this.#filter.at(index), this.#names()), index);
   }
 
   // What the head of an album names, from the row that led here or else from its tracks.
@@ -112,7 +144,7 @@ export class BrowseView extends PlaceView {
     buttons.push(...this.itemButtons());
     if (own && own !== known.menu)
       buttons.push(pictureButton("sort", t("Order"), (box) => this.#openOrder(own, box)));
-    const facts = isTracks ? [year, count === 1 ? t("1 track") : t("%1 tracks", count), this.#length()] : [];
+    const facts = isTracks ? [year, countText(rows, count), this.#length()] : [countText(rows, count)];
     if (playback.state.list === this.path) facts.push(qualityText(playback.state));
     return { title, picture, artists, subtitle, facts, buttons, key: [canPlay, own, known.menu] };
   }
@@ -138,7 +170,7 @@ export class BrowseView extends PlaceView {
     this.#wasPlaying = playback.isPlaying;
     for (const element of this.#list.element.querySelectorAll("li[data-index]")) {
       const index = Number(element.dataset.index);
-      if (touched.has(this.source.row(index)?.Path)) this.#list.refresh(index);
+      if (touched.has(this.#row(index)?.Path)) this.#list.refresh(index);
     }
   }
 }

@@ -2,16 +2,18 @@
 // short names for screens of every kind. Entries are known by where they stand.
 
 import { idOf, kindOf, places } from "./kinds.js";
-import { home, parsePath } from "./path.js";
+import { home, parsePath, withoutParameters, withParameter } from "./path.js";
 import { plainValue } from "./rowtext.js";
 import { t } from "./text.js";
 
 const isOfPlaylist = ({ parameters }) => parameters.get("type") === "Playlists";
 
+const isForSeveral = true;
+
 const known = [
   [/\/favorites$/, () => ({ icon: "heart" })],
-  [/\/addToPlaylists\//, () => ({ title: t("Add to playlist…"), icon: "plus" })],
-  [/\/addToPlaylists$/, (at, row) => ({ done: t("Added to “%1”", row.Title) })],
+  [/\/addToPlaylists\//, () => ({ title: t("Add to playlist…"), icon: "plus", isForSeveral })],
+  [/\/addToPlaylists$/, (at, row) => ({ done: t("Added to “%1”", row.Title), isForSeveral })],
   [/\/createPlaylist$/, () => ({ title: t("New playlist…"), icon: "plus" })],
   [/\/removeFromPlaylists$/, (at) => (isOfPlaylist(at) ? deletion() : removal())],
   [/\/updatePlaylists$/, (at) => ({
@@ -19,7 +21,7 @@ const known = [
     icon: "pen",
     done: t("Saved"),
   })],
-  [/\/moveTrack$/, () => ({ title: t("Move to position…"), icon: "move" })],
+  [/\/moveTrack$/, () => ({ title: t("Move to position…"), icon: "move", isForSeveral })],
   [/\/moveTrack\/move$/, () => ({ title: t("Move") })],
   [/\/req\/artists$/, (at, row) => ({ title: t("Go to artist"), icon: "person", ...leading(row) })],
   [/\/req\/albums$/, (at, row) => ({ title: t("Go to album"), icon: "album", ...leading(row) })],
@@ -32,11 +34,12 @@ const removal = () => ({
   icon: "trash",
   done: t("Removed from the playlist"),
   isLast: true,
+  isForSeveral,
 });
 
 /**
  * What is said of an entry: {title, icon, detail, done}, `done` when it has been done. With `leadsAway` it is
- * a place to go to.
+ * a place to go to; what `isForSeveral` can be done with several rows.
  */
 export function entryOf(row) {
   const at = parsePath(row.Path ?? "");
@@ -108,4 +111,23 @@ export function choicesOf(row, choices, path = "") {
   const wordsOf = (value) => names[value] ?? qualityNames()[value?.soundQuality];
   const useful = choices.filter(({ Value }) => !orders || orders.includes(plainValue(Value)));
   return useful.map((choice) => ({ ...choice, Title: wordsOf(plainValue(choice.Value)) ?? choice.Title }));
+}
+
+/**
+ * Where an entry stands for each of several rows of a list, in the order in which to take them: what goes from
+ * further down leaves the places above as they are, and what has moved to the top shifts them by one.
+ */
+export function entryForEach(path, rows) {
+  const { base } = parsePath(path);
+  const isMove = base.endsWith("/moveTrack");
+  const inTurn = isMove || base.endsWith("/removeFromPlaylists") ? [...rows].reverse() : rows;
+  return inTurn.map((row, moved) => {
+    const { parameters } = parsePath(row.Context.Path);
+    let own = withoutParameters(path, ["artists"]);
+    for (const name of ["artists", "id", "rowNum", "type"]) {
+      const value = parameters.get(name);
+      if (value) own = withParameter(own, name, name === "rowNum" && isMove ? Number(value) + moved : value);
+    }
+    return own;
+  });
 }

@@ -111,7 +111,9 @@ export function item(row, kind, list, index, page = {}) {
     element.append(iconButton("play", t("Play %1", titleOf(row)), play, properties));
   }
   if (hasMenu(row)) {
-    const show = (rectangle) => openMenu(row, rectangle);
+    const pick = () => element.dispatchEvent(new Event("pick", { bubbles: true }));
+    const canPick = () => element.closest("[data-selectable]");
+    const show = (rectangle) => openMenu(row, rectangle, canPick() && pick);
     const properties = { class: "icon-button more", "aria-haspopup": "dialog" };
     const more = t("Menu of %1", titleOf(row));
     element.append(iconButton("more", more, (event) => show(boxOf(event)), properties));

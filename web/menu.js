@@ -4,7 +4,7 @@ import { activate, titleNow, understand } from "./actions.js";
 import { getRows, setValue } from "./api.js";
 import { busy, Dialog, problem, textPage } from "./dialog.js";
 import { cover, el, fill, icon, madeFrom } from "./dom.js";
-import { choicesOf, entryOf, inOrder, isUseful } from "./entries.js";
+import { choicesOf, entryForEach, entryOf, inOrder, isUseful } from "./entries.js";
 import { formPage } from "./form.js";
 import { live } from "./live.js";
 import { currentPath, currentState, go } from "./nav.js";
@@ -27,7 +27,7 @@ import { toast, toastError } from "./toast.js";
 const mostRows = 500;
 
 /** Opens the context menu of a row, with what the page itself can do with it above. */
-export function openMenu(row, anchor) {
+export function openMenu(row, anchor, select = null) {
   const dialog = new Dialog(anchor, "menu-dialog");
   const subject = titleOf(row);
   const own = [];
@@ -41,11 +41,22 @@ export function openMenu(row, anchor) {
       { title: t("Play"), icon: "play", run: play },
     );
   if (row.Type === "Container" && row.Path) own.push({ title: t("Open"), icon: "list", run: visit });
+  const pick = () => (dialog.close(), select());
+  if (select && row.Id) own.push({ title: t("Select"), icon: "check", run: pick });
   const context = { dialog, subject, places: [placeOf(row), currentState().item], list: currentPath() };
   const menu = row.Context?.Path;
   const album = { Type: "Container", Path: row.AlbumPath, Title: albumOf(row), Icon: row.Icon };
   context.further = row.AlbumPath ? [album] : [];
   dialog.push(treePage(context, subject, menu ? new RowSource(menu) : null, own));
+  return dialog.finished;
+}
+
+/** Opens what can be done with several rows of a list; true when it was done. */
+export function openMenuOfSeveral(rows, anchor) {
+  const dialog = new Dialog(anchor, "menu-dialog");
+  const subject = t("%1 selected", rows.length);
+  const context = { dialog, subject, several: rows, list: currentPath() };
+  dialog.push(treePage(context, subject, new RowSource(rows[0].Context.Path)));
   return dialog.finished;
 }
 
@@ -141,7 +152,8 @@ function listPage(context, title, source, make, own = []) {
 const itemsIn = (list) => [...list.querySelectorAll("[role^=menuitem]")];
 
 function treePage(context, title, source, own) {
-  const useful = (row) => isUseful(row, context.list);
+  const isMeant = (row) => !context.several || entryOf(row).isForSeveral;
+  const useful = (row) => isMeant(row) && isUseful(row, context.list);
   const shown = (rows) => inOrder([...rows, ...(context.further ?? [])].filter(useful));
   const itemsOf = (row) => treeItems(context, row, source).map((item) => madeFrom(item, row));
   const make = (rows) => inGroups(shown(rows), itemsOf);
@@ -191,7 +203,9 @@ function treeItems(context, row, source) {
   if (leadsAway) return [menuItem(title, { ...shared, detail }, visit)];
   if (row.Type === "Container") {
     const open = () => dialog.push(containerPage(context, row));
-    return [...topItem(context, row), menuItem(title, { ...shared, mark: icon("forward") }, open)];
+    const top = topItem(context, row);
+    if (top.length && context.several) return top;
+    return [...top, menuItem(title, { ...shared, mark: icon("forward") }, open)];
   }
   if (row.Type === "Action") {
     row.done = done;
@@ -212,13 +226,17 @@ function treeItems(context, row, source) {
 // The form that moves a track, filled in for the place that is wanted most.
 function topItem(context, row) {
   const { base, parameters } = parsePath(row.Path);
-  if (!base.endsWith("/moveTrack") || parameters.get("rowNum") === "0") return [];
+  const { several } = context;
+  if (!base.endsWith("/moveTrack") || (!several && parameters.get("rowNum") === "0")) return [];
   const run = async (button) => {
     button.setAttribute("aria-busy", "true");
     try {
-      const { rows } = await getRows(row.Path, 0, 9);
-      await setValue(rows.find(isField).Path, 0);
-      understand(await setValue(rows.find(({ Type }) => Type === "Action").Path), "", t("Moved to the top"));
+      for (const path of several ? entryForEach(row.Path, several) : [row.Path]) {
+        const { rows } = await getRows(path, 0, 9);
+        await setValue(rows.find(isField).Path, 0);
+        await setValue(rows.find(({ Type }) => Type === "Action").Path);
+      }
+      toast(t("Moved to the top"));
       context.dialog.close(true);
     } catch (error) {
       button.removeAttribute("aria-busy");
@@ -252,7 +270,7 @@ async function act(context, row, button) {
   }
   try {
     const begun = () => (place.textContent = row.BusyText || t("Working…"));
-    const text = await activate(row, context.subject, begun);
+    const text = context.several ? await actOnAll(context, row) : await activate(row, context.subject, begun);
     if (text) context.dialog.push(textPage(row.Title, text));
     else if (text === "") context.dialog.close(true);
     place.textContent = "";
@@ -262,6 +280,12 @@ async function act(context, row, button) {
   }
   button.removeAttribute("aria-busy");
   return undefined;
+}
+
+async function actOnAll({ several }, row) {
+  for (const path of entryForEach(row.Path, several)) await setValue(path);
+  toast(row.done);
+  return "";
 }
 
 /** Says in a place the title of the choice that is made. */

@@ -3,6 +3,7 @@
 import { getData, getRows } from "./api.js";
 import { el, fill } from "./dom.js";
 import { failure } from "./failure.js";
+import { plain } from "./filter.js";
 import { item, skeleton } from "./items.js";
 import { kindOf } from "./kinds.js";
 import { VirtualList } from "./list.js";
@@ -76,8 +77,6 @@ export function recentList(run) {
   const list = el("ul", { class: "recent", "aria-label": t("Recent searches") }, entries, end);
   return list;
 }
-
-const plain = (text) => text.normalize("NFKD").replace(/\p{M}/gu, "").toLowerCase();
 
 // How well a title fits: whole, from its beginning, from the beginning of a word, or anyhow.
 function fitOf(row, text) {

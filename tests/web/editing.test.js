@@ -52,10 +52,15 @@ journey("a playlist from a track to its end", { allowed: [/status (of )?502/] },
   await person.submit({ Position: "3" }, "Move");
   await person.noDialog();
   await person.until(async () => (await list()).join() === [tracks[1], tracks[2], tracks[0]].join(), "the first is the last");
-  await person.menu(tracks[2]);
+  await person.menu(tracks[0]);
   await person.choose("Move to top");
   await person.noDialog();
-  await person.until(async () => (await list()).join() === [tracks[2], tracks[1], tracks[0]].join(), "the middle one is the first");
+  await person.until(async () => (await list()).join() === tracks.slice(0, 3).join(), "it is the first again");
+  await person.menu(tracks[0]);
+  await person.choose("Move to position…");
+  await person.submit({ Position: "3" }, "Move");
+  await person.noDialog();
+  await person.until(async () => (await list()).join() === [tracks[1], tracks[2], tracks[0]].join(), "and the last");
   await person.menu(tracks[2]);
   await person.choose("Remove from this playlist");
   await person.noDialog();
@@ -127,6 +132,53 @@ journey("a list in another order, a setting with another value", {}, async (pers
   await page.reload();
   await page.getByRole("button", { name: "Sound quality High, AAC 320 kbit/s" }).waitFor();
   assert.equal(await page.locator("html").evaluate((html) => getComputedStyle(html).colorScheme), "dark");
+});
+
+journey("several rows at once, and few of many", {}, async (person) => {
+  const { page, view } = person;
+  await person.visit(mine);
+  await person.open("Morning commute");
+  await person.heading("Morning commute");
+  const first = async () => (await person.titles("Morning commute")).slice(0, 4).join();
+  const [a, b, c, d] = await person.titles("Morning commute");
+  const pick = (index) => view.getByRole("listitem").locator(".main").nth(index).click({ modifiers: ["Shift"] });
+  const bar = page.getByRole("toolbar", { name: "Selected rows" });
+  await pick(1);
+  await pick(2);
+  await bar.getByText("2 selected").waitFor();
+  await bar.getByRole("button", { name: "More" }).click();
+  await person.choose("Move to top");
+  await person.noDialog();
+  await person.until(async () => (await first()) === [b, c, a, d].join(), "both are first, in their order");
+  await pick(0);
+  await page.keyboard.press("Shift+ArrowDown");
+  await bar.getByRole("button", { name: "Add to queue" }).click();
+  await bar.waitFor({ state: "hidden" });
+  assert.equal((await person.streamer.call("player/queue?from=0&to=9")).queued, 2);
+  await pick(0);
+  await page.keyboard.press("Shift+ArrowDown");
+  await bar.getByRole("button", { name: "More" }).click();
+  await person.choose("Add to playlist…", "Empty one");
+  await person.noDialog();
+  await bar.waitFor({ state: "hidden" });
+  await pick(1);
+  await pick(0);
+  await bar.getByRole("button", { name: "More" }).click();
+  await person.choose("Remove from this playlist");
+  await person.noDialog();
+  await person.until(async () => (await first()).startsWith([a, d].join()), "both are gone");
+  await person.visit(mine);
+  await person.open("Empty one");
+  await person.until(async () => (await person.titles("Empty one")).join() === [b, c].join(), "both are in the other playlist");
+
+  await person.visit(myTracks);
+  await person.titles("Tracks");
+  await view.getByText(/^132 tracks/).waitFor();
+  await page.keyboard.press("f");
+  await page.keyboard.type("islánd");
+  await view.getByRole("status").filter({ hasText: "15 of 132" }).waitFor();
+  await person.titles("Tracks").then((titles) => assert.equal(titles.length <= 15, true));
+  await page.keyboard.press("Escape");
 });
 
 journey("titles that want to be more than titles", {}, async (person) => {
