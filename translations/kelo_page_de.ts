@@ -488,10 +488,6 @@
         <translation>Der Streamer</translation>
     </message>
     <message>
-        <source>Log in or out</source>
-        <translation>An- oder abmelden</translation>
-    </message>
-    <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
     </message>
@@ -918,6 +914,18 @@
     <message>
         <source>%1 added to the queue</source>
         <translation>%1 zur Warteschlange hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Not logged in</source>
+        <translation>Nicht angemeldet</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>Angemeldet</translation>
+    </message>
+    <message>
+        <source>Whole tracks, not previews</source>
+        <translation>Ganze Titel statt Hörproben</translation>
     </message>
 </context>
 </TS>

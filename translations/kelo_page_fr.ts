@@ -488,10 +488,6 @@
         <translation>Le streamer</translation>
     </message>
     <message>
-        <source>Log in or out</source>
-        <translation>Connexion ou déconnexion</translation>
-    </message>
-    <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
     </message>
@@ -918,6 +914,18 @@
     <message>
         <source>%1 added to the queue</source>
         <translation>%1 ajoutés à la file d’attente</translation>
+    </message>
+    <message>
+        <source>Not logged in</source>
+        <translation>Non connecté</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
+        <source>Whole tracks, not previews</source>
+        <translation>Titres entiers, pas d’extraits</translation>
     </message>
 </context>
 </TS>

@@ -488,10 +488,6 @@
         <translation>ストリーマー</translation>
     </message>
     <message>
-        <source>Log in or out</source>
-        <translation>ログイン／ログアウト</translation>
-    </message>
-    <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
     </message>
@@ -918,6 +914,18 @@
     <message>
         <source>%1 added to the queue</source>
         <translation>%1 件を再生待ちに追加しました</translation>
+    </message>
+    <message>
+        <source>Not logged in</source>
+        <translation>ログインしていません</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>ログイン中</translation>
+    </message>
+    <message>
+        <source>Whole tracks, not previews</source>
+        <translation>試聴ではなく全曲</translation>
     </message>
 </context>
 </TS>

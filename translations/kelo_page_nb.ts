@@ -488,10 +488,6 @@
         <translation>Streameren</translation>
     </message>
     <message>
-        <source>Log in or out</source>
-        <translation>Logg inn eller ut</translation>
-    </message>
-    <message>
         <source>kelo %1</source>
         <translation>kelo %1</translation>
     </message>
@@ -918,6 +914,18 @@
     <message>
         <source>%1 added to the queue</source>
         <translation>%1 lagt til i køen</translation>
+    </message>
+    <message>
+        <source>Not logged in</source>
+        <translation>Ikke logget inn</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>Logget inn</translation>
+    </message>
+    <message>
+        <source>Whole tracks, not previews</source>
+        <translation>Hele spor, ikke smakebiter</translation>
     </message>
 </context>
 </TS>

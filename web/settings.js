@@ -18,6 +18,7 @@ const languages = {
   nb: () => "Norsk",
   ja: () => "日本語",
 };
+const wholeTracks = `${settingsPath}/tidal/usePostPaywall`;
 const themes = { "": () => t("As the system"), light: () => t("Light"), dark: () => t("Dark") };
 
 /** Puts the chosen colours into force. */
@@ -50,7 +51,9 @@ export class SettingsView extends View {
     this.path = settingsPath;
     this.heading.textContent = t("Settings");
     const account = el("a", { class: "setting", href: linkTo(loginPath) });
-    fill(account, el("span", {}, t("Account")), el("span", { class: "value" }, t("Log in or out")));
+    const isOut = document.body.classList.contains("logged-out");
+    const login = isOut ? t("Not logged in") : t("Logged in");
+    fill(account, el("span", {}, t("Account")), el("span", { class: "value" }, login));
     const language = chooser(t("Language"), languages, "language", () => location.reload());
     const colours = chooser(t("Colours"), themes, "theme", applyTheme);
     const page = el("div", { class: "settings-rows" }, language, colours);
@@ -85,7 +88,8 @@ export class SettingsView extends View {
   #row(row) {
     const text = plainValue(row.Value) === "" ? t("(empty)") : valueText(row);
     const value = el("span", { class: "value" }, text);
-    const inside = [el("span", {}, row.Title), value];
+    const title = row.Path === wholeTracks ? t("Whole tracks, not previews") : row.Title;
+    const inside = [el("span", {}, title), value];
     if (isChoice(row)) presentChoice(row, value);
     const tell = () => this.tellRow(row);
     if (!canChange(row)) return madeFrom(el("div", { class: "setting fixed" }, inside), row);
