@@ -210,6 +210,20 @@ TEST_F(PlayerFailureTest, AWrongPathDoesNotEndWhatPlays)
     EXPECT_EQ(waitForTitle("Track 1")["note"], "no such list");
 }
 
+TEST_F(PlayerFailureTest, AListThatCannotBeReadForAWhileKeepsTheWayBack)
+{
+    addTracks({"1", "2"});
+    ASSERT_EQ(play(pathOf("1")), "ok");
+    ASSERT_EQ(run("next"), "ok");
+    module->removeList(list);
+    player->keptRows().clear();
+    EXPECT_EQ(run("previous"), "no such list");
+    EXPECT_EQ(waitForState("playing")["title"], "Track 2");
+    addTracks({"1", "2"});
+    ASSERT_EQ(run("previous"), "ok");
+    waitForTitle("Track 1");
+}
+
 TEST_F(PlayerFailureTest, AnswersWhatWaitsWhenThePlayerEnds)
 {
     addTracks({"1"});

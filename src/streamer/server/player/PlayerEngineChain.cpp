@@ -109,15 +109,21 @@ void PlayerEngine::onQueueEnd()
 
 void PlayerEngine::walkBack()
 {
-    const auto found = [this, number = m_chain.number](const QueueReader::Row& row) {
+    const auto found = [this, number = m_chain.number](const QueueReader::Rows& rows) {
         if (number != m_chain.number)
             return;
-        if (!isPlayable(row.entry)) {
+        if (rows.error.isSet()) {
+            RowFinder::Found end;
+            end.error = rows.error;
+            return onListEnd(end);
+        }
+        const auto& [slot, entry] = rows.rows.front();
+        if (!isPlayable(entry)) {
             m_queue.dropLast();
             return walkBack();
         }
-        m_chain.at = row.entry;
-        m_chain.slot = row.slot;
+        m_chain.at = entry;
+        m_chain.slot = slot;
         m_chain.isOfHistory = true;
         resolve();
     };

@@ -152,11 +152,11 @@ void QueueReader::finish(const JobPtr& job)
     job->done(rows);
 }
 
-void QueueReader::find(const PlayQueue::Played& played, const std::function<void(const Row&)>& done)
+void QueueReader::find(const PlayQueue::Played& played, const Done& done)
 {
     const PlayQueue::Slot slot = played.slot;
     if (!m_queue.isRead(slot))
-        return done({slot, m_queue.entry(slot)});
+        return done({{{slot, m_queue.entry(slot)}}, CMError()});
     const CMPath list = m_queue.listOf(slot);
     const auto look = [slot, list, key = played.key, done](const ListRows::Page& page) {
         const auto isIt = [&](int index) {
@@ -166,9 +166,10 @@ void QueueReader::find(const PlayQueue::Played& played, const std::function<void
         int index = slot.index;
         for (int i = page.from; i < page.from + page.rows.size() && !isIt(index); ++i)
             index = i;
-        if (!isIt(index))
-            return done({slot, {}});
-        done({{slot.origin, index}, {*page.row(index), {}, list, index}});
+        Row found{slot, {}};
+        if (isIt(index))
+            found = {{slot.origin, index}, {*page.row(index), {}, list, index}};
+        done({{found}, page.error});
     };
     if (const auto page = m_rows.page(list, slot.index))
         return look(*page);

@@ -34,8 +34,9 @@ public:
     void read(int from, int to, const Done& done);
     /// Answers what is under way with an error.
     void end(const CMError& error);
-    /// Finds a row that played, where it stands now, and what it is.
-    void find(const PlayQueue::Played& played, const std::function<void(const Row&)>& done);
+    /// Finds a row that played, where it stands now, and what it is. `done` gets one row, of an
+    /// empty entry when it is gone.
+    void find(const PlayQueue::Played& played, const Done& done);
 
 private:
     struct Job
