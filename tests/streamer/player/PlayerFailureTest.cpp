@@ -193,6 +193,7 @@ TEST_F(PlayerFailureTest, TheStartOfAnEarlierItemDoesNotAnswerANewerPlay)
     script.setStart(OutputScript::Never);
     const auto first = begin("play", {{"path", pathOf("1")}});
     waitForOperation("open fake:1 0");
+    player->keptRows().clear();
     module->holdRows();
     const auto second = begin("play", {{"path", pathOf("2")}});
     EXPECT_EQ(outcome(first), "superseded by another command");
