@@ -10,7 +10,7 @@ journey("logging out, being refused, and logging in again", { allowed }, async (
   await person.button("Log out").click();
   await person.button("Get a code").waitFor();
   await person.visit("/tidal/new");
-  await view.getByRole("alert").getByRole("link", { name: "Log in" }).waitFor();
+  await view.getByRole("link", { name: "Log in", exact: true }).waitFor();
   await page.getByRole("banner").getByRole("link", { name: "kelo" }).click();
   await view.getByRole("link", { name: "Log in to Tidal" }).click();
 

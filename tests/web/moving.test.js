@@ -100,12 +100,13 @@ journey("the keyboard alone", {}, async (person) => {
   };
   let heard = "";
   const reaches = (name) => person.until(async () => (heard = await person.focused()).startsWith(name), () => `the focus is at ${name}, not ${heard}`);
-  const tabTo = async (name) => {
+  const pressTo = async (name, key) => {
     for (let presses = 0; !(await person.focused()).startsWith(name); ++presses) {
-      assert.ok(presses < 40, `Tab reaches ${name}`);
-      await press("Tab");
+      assert.ok(presses < 40, `${key} reaches ${name}`);
+      await press(key);
     }
   };
+  const tabTo = (name) => pressTo(name, "Tab");
   await page.goto("/");
   await person.list("Favorite albums").getByRole("link").first().waitFor();
   await keyboard.press("Tab");
@@ -131,12 +132,14 @@ journey("the keyboard alone", {}, async (person) => {
   await reaches(title);
   await press("ContextMenu");
   await person.dialog.getByRole("menuitem", { name: "Add to favorites" }).waitFor();
-  await press("ArrowDown", "ArrowDown", "ArrowDown", "Enter");
+  await pressTo("Add to favorites", "ArrowDown");
+  await press("Enter");
   await person.noDialog();
   await reaches(title);
   await press("m");
   await person.dialog.getByRole("menuitem", { name: "Add to playlist…" }).waitFor();
-  await press("ArrowDown", "ArrowDown", "ArrowDown", "ArrowDown", "Enter");
+  await pressTo("Add to playlist…", "ArrowDown");
+  await press("Enter");
   await reaches("New playlist…");
   await press("Enter");
   await person.until(() => page.evaluate(() => document.activeElement.matches("input")), "the title can be typed");
