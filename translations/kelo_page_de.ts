@@ -861,7 +861,7 @@
     </message>
     <message>
         <source>Next in the queue</source>
-        <translation>Als Nächstes in der Warteschlange</translation>
+        <translation>Als Nächstes</translation>
     </message>
     <message>
         <source>Next in the list</source>

@@ -861,7 +861,7 @@
     </message>
     <message>
         <source>Next in the queue</source>
-        <translation>Ensuite dans la file d’attente</translation>
+        <translation>À suivre</translation>
     </message>
     <message>
         <source>Next in the list</source>
