@@ -72,6 +72,9 @@ export function orderMenuOf(path, menu = "") {
   return orderMenus.test(menu) && !ordersOf[path] ? "" : menu;
 }
 
+/** Whether a row of a list does nothing, and is left out. */
+export const isIdle = ({ Path = "" }) => Path.startsWith(`${myArtists}/www`);
+
 /** The menu of a row; empty where it would do nothing for it. */
 export function menuOfRow(row) {
   const menu = row.Context?.Path ?? "";

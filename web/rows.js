@@ -2,6 +2,7 @@
 
 import { getRows, pageSize } from "./api.js";
 import { isTouched } from "./edits.js";
+import { isIdle } from "./entries.js";
 import { live } from "./live.js";
 import { lookForWaiting } from "./waiting.js";
 
@@ -110,10 +111,11 @@ export class RowSource extends EventTarget {
     try {
       const answer = await this.readPage(page, this.#abort.signal);
       if (generation !== this.#generation) return;
-      this.count = answer.rowsCount;
+      const rows = answer.rows.filter((row) => !isIdle(row));
+      this.count = answer.rowsCount - answer.rows.length + rows.length;
       this.roles = answer.roles;
       this.error = null;
-      this.#keep(page, answer.rows);
+      this.#keep(page, rows);
       const detail = { answer, milliseconds: performance.now() - begin };
       this.dispatchEvent(new CustomEvent("call", { detail }));
     } catch (error) {

@@ -1,6 +1,7 @@
 // Shelves: a heading and a few rows of a list below it, read when they come into sight.
 
 import { button, el, fill, icon, iconButton } from "./dom.js";
+import { explain } from "./failure.js";
 import { item, skeleton } from "./items.js";
 import { placeLink } from "./links.js";
 import { PlaceView } from "./place.js";
@@ -81,7 +82,9 @@ export class Shelf extends EventTarget {
     if (!error || rows.length) return this.show(rows);
     this.#shown = "";
     const again = button(t("Try again"), () => this.source.reload(), "small");
-    fill(this.#list, el("li", { class: "problem", role: "alert" }, error.message, again));
+    const words = el("span", {}, error.message);
+    explain(error).then(({ text }) => (words.textContent = text));
+    fill(this.#list, el("li", { class: "problem", role: "alert" }, words, again));
   }
 
   #show() {

@@ -124,6 +124,14 @@ journey("a list in another order, a setting with another value", {}, async (pers
   await person.titles("Albums");
   assert.equal(asked.length, 1);
 
+  // What orders nothing there is not offered, and what does nothing is not shown.
+  await person.visit("/tidal/myMusic/req/favorites/users/artists");
+  await person.view.getByText("23 artists").waitFor();
+  await person.button("Order").click();
+  await dialog.getByRole("menuitem", { name: "Order Name" }).click();
+  await dialog.getByRole("menuitemradio").first().waitFor();
+  assert.deepEqual(await dialog.getByRole("menuitemradio").allTextContents(), ["Date added", "Name"]);
+
   await person.visit("/settings");
   await page.getByRole("button", { name: "Sound quality Lossless, FLAC 16 bit 44.1 kHz" }).click();
   await person.choose("High, AAC 320 kbit/s");
