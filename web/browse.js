@@ -140,13 +140,17 @@ export class BrowseView extends PlaceView {
     const own = orderMenuOf(this.path, roles.Context?.Path);
     const canPlay = isTracks && rows.some((row) => !row.Disabled);
     const buttons = [];
-    if (canPlay) buttons.push(pictureButton("play", t("Play"), () => playback.play(this.path), "primary"));
+    const isHere = playback.state.list === this.path && playback.isActive;
+    const isPlaying = isHere && playback.isPlaying;
+    const [sign, label] = isPlaying ? ["pause", t("Pause")] : ["play", t("Play")];
+    const play = () => (isHere ? playback.toggle() : playback.play(this.path));
+    if (canPlay) buttons.push(pictureButton(sign, label, play, "primary"));
     buttons.push(...this.itemButtons());
     if (own && own !== known.menu)
       buttons.push(pictureButton("sort", t("Order"), (box) => this.#openOrder(own, box)));
     const facts = isTracks ? [year, countText(rows, count), this.#length()] : [countText(rows, count)];
     if (playback.state.list === this.path) facts.push(qualityText(playback.state));
-    return { title, picture, artists, subtitle, facts, buttons, key: [canPlay, own, known.menu] };
+    return { title, picture, artists, subtitle, facts, buttons, key: [canPlay, isHere, isPlaying, own, known.menu] };
   }
 
   // How long all of it is; empty while that is not known.

@@ -38,7 +38,8 @@ export function open(row, anchor = null, place = {}) {
   if (row.Path === loginPath) return go(loginPath);
   if (isDialog(row)) return openContainer(row, anchor);
   if (row.Type === "Container") return go(row.Path, placeOf(row));
-  if (row.Type === "Audio") return playback.play(row.Path, place);
+  if (row.Type === "Audio")
+    return playback.isAt(row.Path, place) ? playback.toggle() : playback.play(row.Path, place);
   if (row.Type === "Action") return runAction(row);
   return isChoice(row) || isField(row) ? openValue(row, anchor) : null;
 }

@@ -97,10 +97,12 @@ export class PlaceView extends View {
     const about = el("div", { class: "hero-words" }, this.kind ? kind : null, this.heading, line);
     about.append(said ? el("p", { class: "hint" }, said) : "", buttons.length ? buttonRow(...buttons) : "");
     const row = el("div", { class: "hero-row" }, picture || this.kind ? cover(picture, words, this.kind) : null, about);
+    const place = [...this.#head.querySelectorAll("a, button")].indexOf(focused);
     fill(this.#head, this.#crumbs(title), row);
     if (!focused) return;
     const nameOf = (one) => one.title || one.textContent;
-    const same = [...this.#head.querySelectorAll("a, button")].find((one) => nameOf(one) === nameOf(focused));
+    const now = [...this.#head.querySelectorAll("a, button")];
+    const same = now.find((one) => nameOf(one) === nameOf(focused)) ?? now[place];
     (same ?? this.heading).focus({ preventScroll: true });
   }
 

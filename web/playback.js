@@ -56,6 +56,12 @@ class Playback extends EventTarget {
     }
   }
 
+  /** Whether it is this row that plays or pauses, where it was seen. */
+  isAt(path, { list, index }) {
+    const { state } = this;
+    return this.isActive && state.path === path && state.list === list && (state.index ?? index) === index;
+  }
+
   /** Plays a row or a list; `place` is the {list, index} where a row was seen. */
   play(path, place = {}) {
     return this.send("play", { path, ...place });

@@ -29,7 +29,7 @@ journey("from the first visit to sound", {}, async (person) => {
   await person.until(async () => (await person.streamer.call("player")).positionMs >= 90000, "the streamer seeks");
   await player.getByRole("slider", { name: "Volume" }).fill("40");
   await person.until(async () => (await person.streamer.call("player")).volume === 40, "the streamer is less loud");
-  await player.getByRole("button", { name: "Pause" }).click();
+  await view.getByRole("button", { name: "Pause", exact: true }).click();
   await player.getByRole("button", { name: "Play", exact: true }).waitFor();
   const told = (name) => async () => (await person.streamer.call("player"))[name];
   for (const [key, name, value] of [[",", "positionMs", 80000], [".", "positionMs", 90000], ["-", "volume", 35], ["0", "volume", 0], ["0", "volume", 35]]) {
