@@ -50,7 +50,7 @@ int chain(const QString& url, const QString& token, int count)
                                        ModuleBed::allRoles());
         CMRoot().request(request);
         request.reply().waitForFinished(-1);
-        if (request.reply().value().rows().toList().size() != 50) {
+        if (request.reply().value().size() != 50) {
             std::cerr << request.reply().error().message().toStdString() << "\n";
             return 1;
         }
