@@ -202,7 +202,7 @@ function showHelp() {
   const rows = keys().map(([key, what]) =>
     el("tr", {}, el("th", { scope: "row" }, el("kbd", {}, key)), el("td", {}, what)),
   );
-  const element = el("div", { class: "reading" }, el("table", { class: "keys" }, el("tbody", {}, rows)));
+  const element = el("div", { class: "reading", tabindex: "0" }, el("table", { class: "keys" }, el("tbody", {}, rows)));
   dialog.push({ title: t("Keys"), element });
 }
 
