@@ -53,4 +53,5 @@ void KeloRowBlock::endRow()
     if (m_size++ == 0)
         m_ownCount = m_own.size();
     Q_ASSERT(m_own.size() == std::size_t(m_size) * m_ownCount);
+    m_own.resize(std::size_t(m_size) * m_ownCount); // of a maker that counts wrongly
 }

@@ -14,7 +14,8 @@ bool hasTracks(const KeloRowsRoles& answer)
 {
     static const int typeAt = itemRoles().indexOf(KeloRoles::Type());
     if (answer.block())
-        return answer.block()->columns()[std::size_t(typeAt)].shared == KeloRolesType::Audio();
+        return answer.size() > 0 &&
+               answer.block()->columns()[std::size_t(typeAt)].shared == KeloRolesType::Audio();
     const QVariantList rows = answer.rows().toList();
     return std::any_of(rows.begin(), rows.end(), [](const QVariant& row) {
         return row.toList().value(typeAt) == KeloRolesType::Audio();

@@ -64,7 +64,7 @@ QueueEntry PlayQueue::entry(Slot slot) const
     return {KeloRoles(KeloHash(row)), origin.id, origin.list, origin.index};
 }
 
-void PlayQueue::begin(const List& list, int index, quint64 key)
+void PlayQueue::endList()
 {
     m_upcoming.resize(size_t(m_queued));
     m_history.clear();
@@ -72,6 +72,11 @@ void PlayQueue::begin(const List& list, int index, quint64 key)
     m_present = Played();
     m_source = -1;
     sweep();
+}
+
+void PlayQueue::begin(const List& list, int index, quint64 key)
+{
+    endList();
     Origin origin;
     origin.list = list.path;
     origin.title = list.title;
@@ -88,12 +93,7 @@ void PlayQueue::begin(const List& list, int index, quint64 key)
 
 void PlayQueue::beginAlone(const QueueEntry& entry)
 {
-    m_upcoming.resize(size_t(m_queued));
-    m_history.clear();
-    m_played.clear();
-    m_present = Played();
-    m_source = -1;
-    sweep();
+    endList();
     makePresent({{originOf({entry, {}}), 0}, keyOf(entry)}, true);
     touched();
 }

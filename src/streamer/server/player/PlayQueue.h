@@ -171,6 +171,8 @@ private:
     bool readSlots(const QJsonObject& json);
     qint32 originOf(const Item& item);
     qint32 addOrigin(const Origin& origin);
+    /// Forgets the list, what played and what plays; what was put in by hand stays.
+    void endList();
     /// Forgets origins that nothing comes from any more.
     void sweep();
     template <class Function>
