@@ -191,8 +191,8 @@ TEST(JourneyTest, aServeThatCannotServeSaysWhy)
          Table<const char*, QStringList, int, const char*>{
              {"[server]\nlistn = \"x\"\n", {}, 2, "listn"},
              {"", {"--module", "/nowhere/libx.so"}, 1, "there is no such file"},
-             {"", {"--module", KELO_OPENAPI}, 1, "cannot load the module"},
-             {"", {"--module", noModule}, 1, "it has no symbol \"worker_create\""}}) {
+             {"", {"--module", KELO_OPENAPI}, 1, "it is no shared library"},
+             {"", {"--module", noModule}, 1, "it has no symbol \"kelo_module_interface\""}}) {
         Streamer streamer;
         EXPECT_FALSE(streamer.start(settings, arguments)) << said;
         EXPECT_EQ(streamer.stop(), status) << said;

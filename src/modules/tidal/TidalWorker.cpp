@@ -36,6 +36,8 @@ KeloOAuth2ServiceInfo serviceInfo()
 }
 } // namespace
 
+KELO_MODULE_INTERFACE
+
 /// The module's entry; see KeloWorkerCreate.
 extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
 {

@@ -1,5 +1,6 @@
 #include "ModuleLoader.h"
 
+#include "library/LibraryFile.h"
 #include "library/RuntimeLibrary.h"
 
 #include <kelo/CMAbstractWorker.h>
@@ -8,6 +9,29 @@
 namespace {
 
 constexpr char entryName[] = "worker_create";
+constexpr char interfaceName[] = "kelo_module_interface";
+
+QString without(const char* symbol)
+{
+    return QStringLiteral("it has no symbol \"%1\"").arg(QLatin1String(symbol));
+}
+
+/// Why the file is none that fits this program, as the end of a sentence; empty when it fits. The
+/// file is only read: loading it would run its first code.
+QString misfit(const QString& file)
+{
+    const LibraryFile library(file);
+    if (!library.reason().isEmpty())
+        return library.reason();
+    const QByteArray version = library.text(interfaceName);
+    if (version.isNull())
+        return without(interfaceName);
+    if (version != KELO_INTERFACE_VERSION) {
+        return QStringLiteral("it was built for version %1 of the interface, this is %2")
+            .arg(QString::fromLatin1(version), QLatin1String(KELO_INTERFACE_VERSION));
+    }
+    return QString();
+}
 
 } // namespace
 
@@ -18,16 +42,19 @@ QString ModuleLoader::installedFile()
 
 KeloWorkerCreate ModuleLoader::load(const QString& file, QString* error)
 {
+    const QString refusal = QStringLiteral("cannot use the module %1: %2").arg(file);
+    if (const QString reason = misfit(file); !reason.isEmpty()) {
+        *error = refusal.arg(reason);
+        return nullptr;
+    }
     const RuntimeLibrary library(file);
     if (!library.isLoaded()) {
         *error = QStringLiteral("cannot load the module %1: %2").arg(file, library.reason());
         return nullptr;
     }
     const auto create = library.function<KeloWorkerCreate>(entryName);
-    if (!create) {
-        *error = QStringLiteral("cannot use the module %1: it has no symbol \"%2\"")
-                     .arg(file, QLatin1String(entryName));
-    }
+    if (!create)
+        *error = refusal.arg(without(entryName));
     return create;
 }
 
