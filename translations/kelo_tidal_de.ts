@@ -584,6 +584,10 @@
         <translation>Erfolgreich</translation>
     </message>
     <message>
+        <source>Subscription</source>
+        <translation>Abonnement</translation>
+    </message>
+    <message>
         <source>TIDAL</source>
         <translation>TIDAL</translation>
     </message>

@@ -584,6 +584,10 @@
         <translation>完了しました</translation>
     </message>
     <message>
+        <source>Subscription</source>
+        <translation>契約プラン</translation>
+    </message>
+    <message>
         <source>TIDAL</source>
         <translation>TIDAL</translation>
     </message>

@@ -584,6 +584,10 @@
         <translation>Utført</translation>
     </message>
     <message>
+        <source>Subscription</source>
+        <translation>Abonnement</translation>
+    </message>
+    <message>
         <source>TIDAL</source>
         <translation>TIDAL</translation>
     </message>

@@ -149,6 +149,8 @@ void ModuleBed::setLoginState(bool loggedIn)
 {
     KeloOAuth2Info info;
     info.setLoggedIn(loggedIn);
+    if (loggedIn)
+        info.setLoginNumber(++m_logins);
     KeloValue value;
     value.setOauth2Info(info);
     m_login->setValue(value);

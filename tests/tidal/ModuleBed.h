@@ -51,6 +51,7 @@ private:
     CMValueNode* m_settings = nullptr;
     CMValueNode* m_login = nullptr;
     CMValueNode* m_token = nullptr;
+    int m_logins = 0;
     mutable std::mutex m_mutex;
     QStringList m_refusedTokens;
     QList<KeloRoles> m_played;

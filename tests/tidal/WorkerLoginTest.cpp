@@ -232,4 +232,33 @@ TEST_F(WorkerLoginTest, AnAnswerAfterTheLogoutAnswersWhatWaited)
     EXPECT_EQ(errorOf(request), "User was logged out");
 }
 
+TEST_F(WorkerLoginTest, TheSubscriptionIsToldWithTheLoginThatItWasAskedForAlone)
+{
+    QStringList told;
+    const quint64 watch = CMRoot().watchValue(
+        KeloTidalSubscriptionPath(), [&told](const KeloValue& value, const KeloValue&) {
+            const KeloOAuth2Info login = value.oauth2Info();
+            told << QString::number(login.loginNumber()) + ' ' + login.subscription();
+        });
+    m_service.script("/subscription", {{200, R"({"subscription":{"type":"FREE"}})"},
+                                       {200, R"({"subscription":{"type":"PREMIUM_PLUS"}})"},
+                                       {200, R"({"subscription":null})"}});
+    m_service.hold("/subscription");
+    start();
+    setLoggedIn(true);
+    const CMGetRowsRequest request = askRows("/tidal/new");
+    ASSERT_TRUE(m_service.waitForRequests("/subscription", 1));
+    setLoggedIn(false);
+    setLoggedIn(true);
+    m_service.releaseAll("/subscription");
+    EXPECT_EQ(errorOf(request), "");
+    EXPECT_EQ(told, QStringList({"0 ", "2 Premium Plus"})) << "the answer for the first came late";
+    setLoggedIn(false);
+    EXPECT_EQ(errorOf(askData(KeloTidalSubscriptionPath().toEncoded())), "Not logged into TIDAL!");
+    setLoggedIn(true);
+    EXPECT_EQ(errorOf(askRows("/tidal/new")), "");
+    EXPECT_EQ(told.mid(2), QStringList({"0 ", "3 "})) << "the service does not say";
+    CMRoot().unwatch(watch);
+}
+
 } // namespace

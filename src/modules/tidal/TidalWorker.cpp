@@ -4,6 +4,7 @@
 #include <kelo/CMActivateNode.h>
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMSlot.h>
+#include <kelo/CMValueNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloModule.h>
 #include <kelo/KeloOAuth2.h>
@@ -87,6 +88,9 @@ TidalWorker::TidalWorker(const QVariantHash& settings)
     KeloRoles successful;
     successful.setTitle(KELO_TR("Successful"));
     message->rowsAppend(successful);
+    m_subscription = CMValueNode::create(nodes(), KeloTidalSubscriptionPath());
+    m_subscription->setTitle(KELO_TR("Subscription"));
+    m_subscription->setReadOnly(true);
     m_top = CMListRowsNode::create(nodes(), addPrefix(QString()));
     m_top->setTitle(KELO_TR("TIDAL"));
 

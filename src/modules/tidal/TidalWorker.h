@@ -7,6 +7,7 @@
 #include <kelo/KeloTidalTypes.h>
 #include <QSet>
 
+class CMValueNode;
 class KeloActionReply;
 class PlayLogicInterface;
 class TidalHandler;
@@ -289,6 +290,7 @@ private:
     KeloTidalBrowseSetting m_playlistTracksSetting;
 
     CMListRowsNode* m_top = nullptr;
+    CMValueNode* m_subscription = nullptr;   ///< of the login that is set up; empty while none is
     std::unique_ptr<const TidalTree> m_tree; ///< null until the static tree is built
     QList<CMListRowsNode*> m_genreNodes;
     QList<TidalBrowseNode*> m_moodNodes;

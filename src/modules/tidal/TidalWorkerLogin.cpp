@@ -3,9 +3,22 @@
 #include "TidalHandler.h"
 #include "TidalNode.h"
 #include <kelo/CMListRowsNode.h>
+#include <kelo/CMValueNode.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloOAuth2.h>
 #include <kelo/KeloPost.h>
+
+namespace {
+/// A subscription's type as people write it: PREMIUM_PLUS is "Premium Plus".
+QString subscriptionName(const QString& type)
+{
+    QStringList words = type.split('_', Qt::SkipEmptyParts);
+    for (QString& word : words)
+        word = word == QLatin1String("HIFI") ? QStringLiteral("HiFi")
+                                             : word.left(1).toUpper() + word.mid(1).toLower();
+    return words.join(' ');
+}
+} // namespace
 
 bool TidalWorker::isLoggedIn() const
 {
@@ -134,6 +147,8 @@ void TidalWorker::on_tidalHandler_sessionsFinished(KeloTidalApiSessionsResponse 
 void TidalWorker::on_tidalHandler_subscriptionFinished(
     KeloTidalApiSubscriptionResponse subscription, KeloTidalApiErrorResponse error)
 {
+    // Read before the check, which then says that it is the login that was asked for.
+    KeloOAuth2Info login = m_oauthItem->value().oauth2Info();
     if (!isExpectedAnswer(UserConfigState::SubscriptionPending))
         return;
     if (!isLoggedIn()) {
@@ -143,6 +158,10 @@ void TidalWorker::on_tidalHandler_subscriptionFinished(
     } else {
         m_handler->setAccountSoundQuality(
             KeloTidalSoundQualities::fromString(subscription.highestSoundQuality()));
+        login.setSubscription(subscriptionName(subscription.type()));
+        KeloValue value;
+        value.setOauth2Info(login);
+        m_subscription->setValue(value);
         configureUser();
     }
 }
@@ -157,6 +176,7 @@ void TidalWorker::on_serviceOAuth_changed(const KeloValue& newValue, const KeloV
         m_session.state = UserConfigState::NotConfigured;
         ++m_session.number;
         m_handler->resetAccount();
+        m_subscription->setValue(KeloValue());
         m_playlistPath = CMPath();
         // A copy: clients that are told may close their paths at once.
         const QSet<CMPath> entered = m_open.entered;

@@ -16,6 +16,17 @@ bool isLoggedIn(const QJsonObject& login)
     return login.value("loggedIn").toBool();
 }
 
+/// "logged in", with whose login it is, as far as the streamer knows.
+QString loginText(const QJsonObject& login)
+{
+    QStringList known;
+    for (const char* name : {"user", "subscription"}) {
+        if (const QString text = shown(textIn(login, name)); !text.isEmpty())
+            known.append(text);
+    }
+    return "logged in" + (known.isEmpty() ? QString() : ": " + known.join(", "));
+}
+
 QString problemOf(const QJsonObject& login)
 {
     const QJsonValue problem = login.value("problem");
@@ -53,7 +64,7 @@ int finished(const CommandContext& context, const ApiReply& reply)
         if (context.isJson)
             context.printJson(reply.body);
         else
-            context.terminal.line(context.terminal.styled("logged in", Style::Good));
+            context.terminal.line(context.terminal.styled(loginText(reply.document), Style::Good));
         return ExitDone;
     }
     const QString problem = problemOf(reply.document);
@@ -173,8 +184,9 @@ int showLogin(const CommandContext& context)
         return status;
     }
     Terminal& terminal = context.terminal;
-    terminal.line(isLoggedIn(reply.document) ? terminal.styled("logged in", Style::Good)
-                                             : terminal.styled("not logged in", Style::Warning));
+    terminal.line(isLoggedIn(reply.document)
+                      ? terminal.styled(loginText(reply.document), Style::Good)
+                      : terminal.styled("not logged in", Style::Warning));
     const QJsonObject pending = objectIn(reply.document, "pending");
     if (!pending.isEmpty()) {
         terminal.line(QStringLiteral("waiting for code %1 at %2")

@@ -168,7 +168,7 @@ bool Streamer::startModule(QString* error)
     if (!m_module.start(m_moduleFile, settings, error))
         return false;
     // Watches are told in their order: a client that hears of a login asks after the module knows.
-    m_login = std::make_unique<TreeLogin>(KeloTidalName());
+    m_login = std::make_unique<TreeLogin>(KeloTidalName(), KeloTidalSubscriptionPath());
     return true;
 }
 

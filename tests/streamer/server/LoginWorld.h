@@ -65,4 +65,5 @@ constexpr char deviceAnswer[] =
     R"({"deviceCode":"DEVICE","userCode":"QWERT","verificationUri":"link.example.invalid",)"
     R"("verificationUriComplete":"link.example.invalid/QWERT","expiresIn":300,"interval":2})";
 constexpr char tokenAnswer[] =
-    R"({"access_token":"A1","refresh_token":"R1","expires_in":3600,"token_type":"Bearer"})";
+    R"({"access_token":"A1","refresh_token":"R1","expires_in":3600,"token_type":"Bearer",)"
+    R"("user":{"fullName":null,"username":"x@example.invalid"}})";

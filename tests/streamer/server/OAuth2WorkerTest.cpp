@@ -5,6 +5,7 @@
 #include "web/LoginApi.h"
 #include <gtest/gtest.h>
 #include <kelo/CMRoot.h>
+#include <kelo/CMValueNode.h>
 #include <kelo/CMWorkerThread.h>
 
 namespace {
@@ -62,7 +63,7 @@ TEST_F(OAuth2WorkerTest, ADescriptionThatCannotWorkIsRefusedWithTheKeyThatIsWron
 
 TEST_F(OAuth2WorkerTest, ALoginThatCannotBeginSaysWhy)
 {
-    TreeLogin login("tidal");
+    TreeLogin login("tidal", CMPath("/some/subscription"));
     const auto problem = [&login] {
         CMReply<QVariant> reply = login.start();
         reply.waitForFinished(-1);
@@ -76,4 +77,38 @@ TEST_F(OAuth2WorkerTest, ALoginThatCannotBeginSaysWhy)
     EXPECT_EQ(LoginApi::text(login.status(), nullptr),
               R"({"loggedIn":false,"problem":"No client id is set for Tidal; see the settings.",)"
               R"("reason":"client"})");
+}
+
+TEST(TreeLoginTest, TellsWhoIsLoggedInAndNeverWithTheSubscriptionOfAnother)
+{
+    CMNodes nodes;
+    CMValueNode* state = CMValueNode::create(&nodes, CMPath("/oauth2/services/tidal"));
+    CMValueNode* subscription = CMValueNode::create(&nodes, CMPath("/tidal/subscription"));
+    TreeLogin login("tidal", subscription->path());
+    std::vector<std::string> told;
+    login.addListener(
+        [&told](const KeloOAuth2Info& info) { told.push_back(LoginApi::text(info, nullptr)); });
+    const auto publish = [](CMValueNode* node, int number, const char* user, const char* name) {
+        KeloOAuth2Info info;
+        info.setLoggedIn(number > 0);
+        info.setLoginNumber(number);
+        info.setUser(user);
+        info.setSubscription(name);
+        KeloValue value;
+        value.setOauth2Info(info);
+        node->setValue(value);
+    };
+    publish(state, 1, "Kari", "");
+    publish(subscription, 1, "Kari", "HiFi");
+    publish(state, 0, "", "");
+    publish(state, 2, "Ola", "");
+    publish(subscription, 1, "Kari", "HiFi"); // told late
+    subscription->setValue(KeloValue());
+    publish(subscription, 2, "Ola", "Free");
+    EXPECT_EQ(told, (std::vector<std::string>{
+                        R"({"loggedIn":true,"user":"Kari"})",
+                        R"({"loggedIn":true,"subscription":"HiFi","user":"Kari"})",
+                        R"({"loggedIn":false})", R"({"loggedIn":true,"user":"Ola"})",
+                        R"({"loggedIn":true,"subscription":"Free","user":"Ola"})"}));
+    EXPECT_EQ(LoginApi::text(login.status(), nullptr), told.back());
 }

@@ -125,6 +125,7 @@ TEST(TokenRefreshTest, AStoredLoginComesBackAndAnExpiredOneIsRefreshedFirst)
     {
         LoginWorld world(folder.path());
         world.logIn(tokenAnswer);
+        EXPECT_EQ(world.state().user(), "x@example.invalid");
     }
     EXPECT_EQ(LoginWorld(folder.path(), 100).log,
               (QStringList{"token ", "logged out", "token A1", "logged in"}));
@@ -138,4 +139,5 @@ TEST(TokenRefreshTest, AStoredLoginComesBackAndAnExpiredOneIsRefreshedFirst)
     late.clock.step();
     late.answer(200, rotated);
     EXPECT_EQ(late.log.mid(late.log.size() - 2), (QStringList{"token A2", "logged in"}));
+    EXPECT_EQ(late.state().user(), "x@example.invalid") << "kept, and not said again";
 }

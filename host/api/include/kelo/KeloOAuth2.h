@@ -74,6 +74,12 @@ public:
     void setProblem(const TrString& problem) { insert(Problem(), problem.toVariant()); }
     /// One of KeloOAuth2Reason's when there is a problem.
     KELO_FIELD(QString, reason, Reason)
+    /// Grows with each login, so that what is known of one is not taken for another's.
+    KELO_FIELD(int, loginNumber, LoginNumber)
+    /// Who is logged in, as the service names them; empty where it does not say.
+    KELO_FIELD(QString, user, User)
+    /// What they subscribe to, in words; empty until a module has asked the service.
+    KELO_FIELD(QString, subscription, Subscription)
 };
 
 /// Where the login states of the services stand, each at its name.

@@ -75,6 +75,8 @@ class KELO_EXPORT KeloTidalApiSubscriptionResponse : public KeloTidalApiObject
 public:
     using KeloTidalApiObject::KeloTidalApiObject;
     QString highestSoundQuality() const { return text("highestSoundQuality"); }
+    /// The service's word for what the user pays for, such as PREMIUM_PLUS.
+    QString type() const { return json().value("subscription").value("type").toString(); }
 };
 
 /// An artist.

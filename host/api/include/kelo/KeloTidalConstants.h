@@ -66,6 +66,8 @@ KELO_PATH(KeloTidalPlayIdPath, "/tidal/playId")
 KELO_PATH(KeloTidalGetMediaPath, "/tidal/getMedia")
 KELO_PATH(KeloTidalPlayMediaPath, "/tidal/playMedia")
 KELO_PATH(KeloTidalMessagePath, "/tidal/message")
+/// The login that the session was set up for, as a KeloOAuth2Info with its subscription.
+KELO_PATH(KeloTidalSubscriptionPath, "/tidal/subscription")
 KELO_PATH(KeloTidalMyPlaylistsPath, "/tidal/myMusic/req/created/users/playlists")
 
 /// The TIDAL settings value, and the values below it.

@@ -118,6 +118,18 @@ KeloJson OAuth2Answer::field(const char* camelCase, const char* standard) const
     return value.isNull() ? m_json.value(standard) : value;
 }
 
+QString OAuth2Answer::user() const
+{
+    constexpr int longestName = 100;
+    const KeloJson user = m_json.value("user");
+    for (const char* field : {"fullName", "nickname", "username"}) {
+        const QString name = user.value(field).toString().simplified();
+        if (!name.isEmpty())
+            return name.left(longestName);
+    }
+    return QString();
+}
+
 QString OAuth2Answer::text(const char* camelCase, const char* standard) const
 {
     return field(camelCase, standard).toString();

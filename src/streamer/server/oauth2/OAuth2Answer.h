@@ -25,6 +25,8 @@ public:
     /// comes first, then a wrong clock.
     QString reason() const;
 
+    /// Who the answer says has logged in, by the name that a person knows best; empty when nobody.
+    QString user() const;
     QString text(const char* camelCase, const char* standard) const;
     /// A number, also when it stands there as text; the fallback when it is missing or not
     /// positive.

@@ -94,7 +94,7 @@ void OAuth2Service::loadTokens()
     const bool isAlive = tokens.isAlive(m_clock.wallMs());
     if (isAlive) {
         publishToken(tokens.access.reveal());
-        publish(plainInfo(true));
+        publishLogin(tokens.user);
     }
     if (isAlive || !tokens.refresh.isEmpty())
         m_refresh.setTokens(m_info, tokens);
@@ -182,7 +182,7 @@ void OAuth2Service::adopt(const TokenSet& tokens)
     publishToken(tokens.access.reveal());
     if (!m_state.loggedIn())
         KELO_LOG("OAuth2", INFO) << "Logged in to " << m_info.displayName();
-    publish(plainInfo(true));
+    publishLogin(tokens.user);
     answerLogins(CMError());
 }
 
@@ -232,6 +232,16 @@ KeloOAuth2Info OAuth2Service::plainInfo(bool isLoggedIn) const
     info.setLoggedIn(isLoggedIn);
     info.setDisplayName(m_info.displayName());
     return info;
+}
+
+void OAuth2Service::publishLogin(const QString& user)
+{
+    m_logins += m_state.loggedIn() ? 0 : 1;
+    KeloOAuth2Info info = plainInfo(true);
+    info.setLoginNumber(m_logins);
+    if (!user.isEmpty())
+        info.setUser(user);
+    publish(info);
 }
 
 void OAuth2Service::publishProblem(const LoginProblem& problem)

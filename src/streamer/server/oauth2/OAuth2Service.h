@@ -38,6 +38,8 @@ private:
     void onRefreshFailed(const LoginProblem& problem);
     /// An empty problem: the user wants it so.
     void endLogin(const LoginProblem& problem);
+    /// The state of a login that stands; another one than before where none stood.
+    void publishLogin(const QString& user);
     void publishProblem(const LoginProblem& problem);
     void publish(const KeloOAuth2Info& info);
     /// The state without code and problem.
@@ -53,6 +55,7 @@ private:
     DeviceLogin m_login;
     TokenRefresh m_refresh;
     KeloOAuth2Info m_state;
+    int m_logins = 0;                               ///< that have been published
     QString m_accessToken;                          ///< as published
     std::vector<CMReply<QVariant>> m_waitingLogins; ///< answered when there is a code or none
 };

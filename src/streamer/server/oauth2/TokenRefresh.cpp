@@ -83,6 +83,8 @@ void TokenRefresh::onAnswer(const OAuth2Answer& answer)
         // RFC 6749 6: without a new refresh token the old one stays good.
         if (tokens.refresh.isEmpty())
             tokens.refresh = m_tokens.refresh;
+        if (tokens.user.isEmpty())
+            tokens.user = m_tokens.user;
         m_listener.refreshed(tokens);
     } else if (answer.error() == QLatin1String("invalid_grant")) {
         reset();

@@ -38,5 +38,6 @@ TokenSet TokenSet::fromAnswer(const OAuth2Answer& answer, qint64 wallMs)
     tokens.obtainedAtMs = wallMs;
     tokens.lifetimeMs =
         secondMs * qMin(longestLifetimeS, answer.number("expiresIn", "expires_in", usualLifetimeS));
+    tokens.user = answer.user();
     return tokens;
 }

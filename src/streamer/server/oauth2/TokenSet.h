@@ -11,6 +11,7 @@ struct TokenSet
     Secret refresh;          ///< empty when the service gave none
     qint64 obtainedAtMs = 0; ///< wall clock
     qint64 lifetimeMs = 0;   ///< of the access token
+    QString user;            ///< whose they are; empty when the service did not say
 
     bool isEmpty() const { return access.isEmpty() && refresh.isEmpty(); }
     /// Whether the access token may still be used. A time of making that lies in the future says

@@ -55,6 +55,7 @@ TokenSet TokenStore::load(const KeloOAuth2ServiceInfo& info) const
     tokens.refresh = Secret(json.value("refreshToken").toString());
     tokens.obtainedAtMs = json.value("obtainedAtMs").toInt64();
     tokens.lifetimeMs = json.value("lifetimeMs").toInt64();
+    tokens.user = json.value("user").toString();
     if (tokens.isEmpty())
         KELO_LOG("OAuth2", WARN) << file.fileName() << " holds no token; a new login is needed";
     return tokens;
@@ -84,6 +85,7 @@ bool TokenStore::save(const KeloOAuth2ServiceInfo& info, const TokenSet& tokens)
     fields.insert(QStringLiteral("refreshToken"), tokens.refresh.reveal());
     fields.insert(QStringLiteral("obtainedAtMs"), tokens.obtainedAtMs);
     fields.insert(QStringLiteral("lifetimeMs"), tokens.lifetimeMs);
+    fields.insert(QStringLiteral("user"), tokens.user);
 
     const QByteArray text =
         QJsonDocument(QJsonObject::fromVariantHash(fields)).toJson(QJsonDocument::Compact);

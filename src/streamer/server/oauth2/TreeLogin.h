@@ -1,6 +1,8 @@
 #pragma once
 #include "LoginControl.h"
 
+#include <deque>
+#include <functional>
 #include <kelo/CMPath.h>
 #include <kelo/KeloListeners.h>
 #include <mutex>
@@ -10,7 +12,8 @@
 class TreeLogin : public LoginControl
 {
 public:
-    explicit TreeLogin(const QString& serviceName);
+    /// A module says at `subscription` which login it has set up, and what that one subscribes to.
+    TreeLogin(const QString& serviceName, const CMPath& subscription);
     ~TreeLogin() override;
 
     KeloOAuth2Info status() const override;
@@ -20,12 +23,19 @@ public:
     void removeListener(quint64 id) override;
 
 private:
-    void onValue(const KeloOAuth2Info& info);
+    /// Takes a change over, and tells the listeners of each, one after the other.
+    void take(const std::function<void()>& change);
+    /// The state with what is known of this very login. With the mutex.
+    KeloOAuth2Info present() const;
 
     CMPath m_path;
     quint64 m_watch = 0;
+    quint64 m_subscriptionWatch = 0;
     mutable std::mutex m_mutex;
-    KeloOAuth2Info m_info;      ///< the latest; guarded by the mutex
-    qint64 m_publishedAtMs = 0; ///< steady time of m_info; guarded by the mutex
+    KeloOAuth2Info m_info;               ///< the latest; guarded by the mutex
+    KeloOAuth2Info m_setUp;              ///< a login, this or an earlier one; guarded by the mutex
+    qint64 m_publishedAtMs = 0;          ///< steady time of m_info; guarded by the mutex
+    std::deque<KeloOAuth2Info> m_untold; ///< while a thread tells; guarded by the mutex
+    bool m_isTelling = false;            ///< guarded by the mutex
     KeloListeners<KeloOAuth2Info> m_listeners;
 };

@@ -18,6 +18,11 @@ std::string LoginApi::text(const KeloOAuth2Info& info, const TextCatalogue* text
                            info.verificationUriComplete());
         json.insert(QStringLiteral("pending"), pending);
     }
+    for (const auto& [name, text] : {std::pair(KeloOAuth2Info::User(), info.user()),
+                                     {KeloOAuth2Info::Subscription(), info.subscription()}}) {
+        if (info.loggedIn() && !text.isEmpty())
+            json.insert(name, text);
+    }
     const TrString problem = info.problem();
     if (!problem.isEmpty()) {
         json.insert(KeloOAuth2Info::Problem(), texts ? problem.toString(*texts) : problem.source());
