@@ -376,10 +376,6 @@
         <translation>Zur Musik</translation>
     </message>
     <message>
-        <source>The streamer is logged in to the service.</source>
-        <translation>Der Streamer ist beim Dienst angemeldet.</translation>
-    </message>
-    <message>
         <source>Log out</source>
         <translation>Abmelden</translation>
     </message>
@@ -926,6 +922,10 @@
     <message>
         <source>Whole tracks, not previews</source>
         <translation>Ganze Titel statt Hörproben</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>Angemeldet als %1</translation>
     </message>
 </context>
 </TS>

@@ -376,10 +376,6 @@
         <translation>Vers la musique</translation>
     </message>
     <message>
-        <source>The streamer is logged in to the service.</source>
-        <translation>Le streamer est connecté au service.</translation>
-    </message>
-    <message>
         <source>Log out</source>
         <translation>Se déconnecter</translation>
     </message>
@@ -926,6 +922,10 @@
     <message>
         <source>Whole tracks, not previews</source>
         <translation>Titres entiers, pas d’extraits</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>Connecté en tant que %1</translation>
     </message>
 </context>
 </TS>

@@ -376,10 +376,6 @@
         <translation>音楽へ</translation>
     </message>
     <message>
-        <source>The streamer is logged in to the service.</source>
-        <translation>ストリーマーはサービスにログインしています。</translation>
-    </message>
-    <message>
         <source>Log out</source>
         <translation>ログアウト</translation>
     </message>
@@ -926,6 +922,10 @@
     <message>
         <source>Whole tracks, not previews</source>
         <translation>試聴ではなく全曲</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>%1 としてログイン中</translation>
     </message>
 </context>
 </TS>

@@ -376,10 +376,6 @@
         <translation>Til musikken</translation>
     </message>
     <message>
-        <source>The streamer is logged in to the service.</source>
-        <translation>Streameren er logget inn på tjenesten.</translation>
-    </message>
-    <message>
         <source>Log out</source>
         <translation>Logg ut</translation>
     </message>
@@ -926,6 +922,10 @@
     <message>
         <source>Whole tracks, not previews</source>
         <translation>Hele spor, ikke smakebiter</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>Logget inn som %1</translation>
     </message>
 </context>
 </TS>

@@ -30,35 +30,51 @@ const advice = () => ({
   service: [t("The service did not answer as it should."), t("Try again in a few minutes.")],
 });
 
+/**
+ * Tells `take` the state of the login now and whenever it is another one, until the signal. Returns a function
+ * that reads it again; an answer that news have overtaken is dropped.
+ */
+export function followLogin(take, fail, signal) {
+  let news = 0;
+  const read = () => {
+    const seen = news;
+    const unlessOld = (call) => (result) => seen === news && call(result);
+    return api.getLogin().then(unlessOld(take), unlessOld(fail));
+  };
+  live.addEventListener("login", ({ detail }) => (++news, take(detail)), { signal });
+  live.addEventListener("state", ({ detail }) => detail && read(), { signal });
+  read();
+  return read;
+}
+
+/** Who is logged in, as far as it is known. */
+export function accountText({ loggedIn, user, subscription }) {
+  if (!loggedIn) return t("Not logged in");
+  return [user ? t("Logged in as %1", user) : t("Logged in"), subscription].filter(Boolean).join(" · ");
+}
+
 export class LoginView extends View {
   #body = el("div", { class: "login" });
   #state = null;
   #timer = 0;
   #time = el("strong");
+  #who = el("p");
   #code = "";
   #isAsking = false;
+  #read;
 
   constructor() {
     super();
     this.heading.textContent = t("Log in");
     this.element = el("section", { class: "view" }, this.heading, this.#body);
-    live.addEventListener("login", ({ detail }) => this.#take(detail), { signal: this.ended });
-    live.addEventListener("state", ({ detail }) => detail && this.#read(), { signal: this.ended });
     fill(this.#body, busy(t("Loading…")));
-    this.#read();
+    const [take, fail] = [(state) => this.#take(state), (error) => this.#showError(error)];
+    this.#read = followLogin(take, fail, this.ended);
   }
 
   close() {
     super.close();
     clearInterval(this.#timer);
-  }
-
-  async #read() {
-    try {
-      this.#take(await api.getLogin());
-    } catch (error) {
-      this.#showError(error);
-    }
   }
 
   async #ask(call) {
@@ -80,14 +96,16 @@ export class LoginView extends View {
 
   #take(state) {
     if (this.#isAsking) return;
-    const wasPending = Boolean(this.#state?.pending);
+    const { pending: wasPending, loggedIn: wasLoggedIn } = this.#state ?? {};
     this.#state = state;
     clearInterval(this.#timer);
     if (state.loggedIn) {
+      this.#who.textContent = accountText(state);
+      if (wasLoggedIn && this.#who.isConnected) return;
       this.heading.textContent = wasPending ? t("You are logged in") : t("Account");
       const music = button(t("To the music"), () => go(home, null, true), "primary");
       const out = button(t("Log out"), () => this.#ask(api.logOut));
-      fill(this.#body, el("p", {}, t("The streamer is logged in to the service.")), buttonRow(music, out));
+      fill(this.#body, this.#who, buttonRow(music, out));
       if (wasPending) music.focus();
       return;
     }

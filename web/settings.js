@@ -3,6 +3,7 @@
 import { getHealth } from "./api.js";
 import { boxOf, el, fill, madeFrom } from "./dom.js";
 import { valueText } from "./items.js";
+import { accountText, followLogin } from "./login.js";
 import { openValue, presentChoice } from "./menu.js";
 import { linkTo, loginPath, settingsPath } from "./path.js";
 import { RowSource } from "./rows.js";
@@ -51,9 +52,10 @@ export class SettingsView extends View {
     this.path = settingsPath;
     this.heading.textContent = t("Settings");
     const account = el("a", { class: "setting", href: linkTo(loginPath) });
-    const isOut = document.body.classList.contains("logged-out");
-    const login = isOut ? t("Not logged in") : t("Logged in");
-    fill(account, el("span", {}, t("Account")), el("span", { class: "value" }, login));
+    const who = el("span", { class: "value" });
+    fill(account, el("span", {}, t("Account")), who);
+    const showLogin = (state) => (who.textContent = accountText(state));
+    followLogin(showLogin, () => {}, this.ended);
     const language = chooser(t("Language"), languages, "language", () => location.reload());
     const colours = chooser(t("Colours"), themes, "theme", applyTheme);
     const page = el("div", { class: "settings-rows" }, language, colours);

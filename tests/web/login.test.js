@@ -6,7 +6,9 @@ const allowed = [/status of 502|status 502/];
 journey("logging out, being refused, and logging in again", { allowed }, async (person) => {
   const { page, view } = person;
   await person.visit("/settings");
+  await view.getByText("Logged in as x@example.invalid · HiFi").waitFor();
   await person.open("Account");
+  await view.getByText("Logged in as x@example.invalid · HiFi").waitFor();
   await person.button("Log out").click();
   await person.button("Get a code").waitFor();
   await person.visit("/tidal/new");
