@@ -29,6 +29,27 @@ void addPlaylists(ScriptedStreamer& streamer)
     streamer.answer("POST /api/v1/set", {200, "{}"});
 }
 
+TEST(FavoriteCommand, SaysWhatTheRowIsToBe)
+{
+    ScriptedStreamer streamer;
+    const std::string data = "GET /api/v1/data?path=%2Fm";
+    streamer.answer(data, {200, R"({"data":{"ContainerType":"List"}})"});
+    streamer.answer("GET /api/v1/rows?path=%2Fm&from=0&to=49",
+                    {200, R"({"rows":[{"Type":"Action","Path":"/m/favorites"}]})"});
+    // Of many favourites it sees the first alone, so it may be wrong.
+    streamer.answer(data + "%2Ffavorites&language=en",
+                    {200, R"({"data":{"Title":"Add to favorites"}})"});
+    streamer.answer("POST /api/v1/set", {200, R"({"reply":null})"});
+    for (const char* wish : {"on", "off"}) {
+        EXPECT_EQ(streamer.run({"favorite", "/m", wish}).status, 0);
+        const std::string value = wish == std::string("on") ? "true" : "false";
+        EXPECT_THAT(streamer.calls(),
+                    testing::Contains(
+                        R"(POST /api/v1/set {"path":"/m/favorites","role":"Favorite","value":)" +
+                        value + '}'));
+    }
+}
+
 TEST(PlaylistCommand, GoesByTitleWhereThatIsTheOnlyOne)
 {
     ScriptedStreamer streamer;

@@ -151,9 +151,10 @@ ApiReply ApiClient::rows(const QString& path, int from, int to, const QString& r
     return get("rows", query);
 }
 
-ApiReply ApiClient::set(const QString& path, const QByteArray& value)
+ApiReply ApiClient::set(const QString& path, const QByteArray& value, const QString& role)
 {
-    return post("set", "{\"path\":" + json(path) + ",\"value\":" + value + '}');
+    const QByteArray what = role.isEmpty() ? QByteArray() : ",\"role\":" + json(role);
+    return post("set", "{\"path\":" + json(path) + what + ",\"value\":" + value + '}');
 }
 
 ApiReply ApiClient::post(const QString& path, const QByteArray& body)

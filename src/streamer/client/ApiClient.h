@@ -57,8 +57,9 @@ public:
     /// A page of rows; \p roles are names with commas, empty: the streamer's usual ones.
     [[nodiscard]] ApiReply rows(const QString& path, int from, int to,
                                 const QString& roles = QString());
-    /// Sends a JSON value to a node.
-    [[nodiscard]] ApiReply set(const QString& path, const QByteArray& value);
+    /// Sends a JSON value to a node; \p role says what it is for, where that is not its value.
+    [[nodiscard]] ApiReply set(const QString& path, const QByteArray& value,
+                               const QString& role = QString());
     [[nodiscard]] ApiReply post(const QString& path, const QByteArray& body = "{}");
     [[nodiscard]] ApiReply remove(const QString& path);
     /// A path beside the API, "/healthz"; its body need not be JSON.

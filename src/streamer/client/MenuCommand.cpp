@@ -64,7 +64,8 @@ bool isFavorite(TreeWalk& walk, const QString& action)
 }
 
 /// `kelo favorite`: makes the row at \p path a favourite or takes that back, by the action of its
-/// context menu. \p wish is "on", "off" or empty: the other one than now.
+/// context menu, which is told what the row is to be. \p wish is "on", "off" or empty: the other
+/// one than now.
 int makeFavorite(const CommandContext& context, const QString& path, const QString& wish)
 {
     TreeWalk walk(context.api);
@@ -79,13 +80,14 @@ int makeFavorite(const CommandContext& context, const QString& path, const QStri
     const bool wasOn = isFavorite(walk, action);
     const bool isOn = wish.isEmpty() ? !wasOn : wish == "on";
     bool isConfirmed = true;
-    if (isOn != wasOn) {
-        walk.set(action);
+    // Only the first favourites are looked at, so a row that is not among them may be one, and a
+    // missing one is no proof that it was refused.
+    if (isOn != wasOn || !isOn) {
+        walk.set(action, isOn ? "true" : "false", "Favorite");
         isConfirmed = isFavorite(walk, action) == isOn;
     }
     if (!walk.isDone())
         return context.finish(walk.reply());
-    // Only the first favourites are looked at, so a missing one is no proof that it was refused.
     if (!isConfirmed)
         context.terminal.note("kelo: sent, but the menu does not show the change yet");
     if (context.isJson) {
@@ -134,7 +136,7 @@ Command favoriteCommand()
     return Command("favorite", "Make a row a favorite, or take that back.",
                    "kelo favorite 3\nkelo favorite 3 off")
         .option("PATH", values->path, "The row")
-        .option("[WISH]", {values->wish, wishes}, "on or off (the other one than now)")
+        .option("[on|off]", {values->wish, wishes}, "What it is to be (the other one than now)")
         .asks([values](const CommandContext& context) {
             return atPath(context, values->path, [&](const QString& path) {
                 return makeFavorite(context, path, values->wish);

@@ -122,7 +122,12 @@ QJsonObject PlaylistCommand::findPlaylist(const CommandContext& context, TreeWal
     if (!found.isEmpty())
         return found;
     const QVector<ListedRow> named = titles.called(wanted);
-    if (named.isEmpty())
+    if (named.isEmpty() && listed)
+        walk.refuse(QStringLiteral("row %1 of the last listing, \"%2\", is none of your playlists "
+                                   "(kelo playlist list)")
+                        .arg(number)
+                        .arg(shown(listed->title)));
+    else if (named.isEmpty())
         walk.refuse(QStringLiteral("none of your playlists has the title or id %1 (kelo playlist "
                                    "list)")
                         .arg(shown(wanted)));
@@ -247,7 +252,9 @@ int PlaylistCommand::add(const CommandContext& context) const
     if (!named)
         return ExitRefused;
     for (const QString& path : *named) {
-        const QJsonObject chooser = walk.inMenu(walk.menuOf(path), "Container", "addToPlaylists");
+        const QJsonObject chooser =
+            walk.inMenu(walk.menuOf(path), "Container", "addToPlaylists",
+                        QStringLiteral("%1 cannot be added to a playlist").arg(shown(path)));
         const QJsonObject action = walk.need(
             textIn(chooser, "Path"),
             [&](const QJsonObject& one) { return isOfType(one, "Action") && isWanted(one); },

@@ -66,14 +66,15 @@ QJsonObject TreeWalk::need(const QString& list, const Match& match, const QStrin
     return row;
 }
 
-QJsonObject TreeWalk::inMenu(const QString& menu, const char* type, const char* segment)
+QJsonObject TreeWalk::inMenu(const QString& menu, const char* type, const char* segment,
+                             const QString& missing)
 {
     if (menu.isEmpty())
         refuse("this row has no context menu");
     return need(
         menu,
         [&](const QJsonObject& row) { return isOfType(row, type) && hasSegment(row, segment); },
-        QStringLiteral("the menu %1 does not offer this").arg(shown(menu)));
+        missing);
 }
 
 QJsonObject TreeWalk::rowAt(const QString& list, int number)
@@ -145,9 +146,9 @@ QString TreeWalk::ownPlaylists()
     return textIn(row, "Path");
 }
 
-void TreeWalk::set(const QString& path, const QByteArray& value)
+void TreeWalk::set(const QString& path, const QByteArray& value, const QString& role)
 {
-    take([&] { return m_api.set(path, value); });
+    take([&] { return m_api.set(path, value, role); });
 }
 
 } // namespace cli

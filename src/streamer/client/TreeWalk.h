@@ -34,8 +34,11 @@ public:
     QJsonObject find(const QString& list, const Match& match);
     /// The same, where a missing row is a failure: \p missing says so.
     QJsonObject need(const QString& list, const Match& match, const QString& missing);
-    /// The row of a context menu that is of a type and has \p segment in its path.
-    QJsonObject inMenu(const QString& menu, const char* type, const char* segment);
+    /// The row of a context menu that is of a type and has \p segment in its path; \p missing says
+    /// what it means that there is none.
+    QJsonObject inMenu(const QString& menu, const char* type, const char* segment,
+                       const QString& missing = QStringLiteral("the menu of this row does not "
+                                                               "offer this (kelo menu)"));
     /// The row at a number; a number behind the last one is a failure.
     QJsonObject rowAt(const QString& list, int number);
     /// How many items a list has; a row that only says that there are none is no item.
@@ -49,7 +52,7 @@ public:
     /// The path of the user's collection, and of the list of the user's own playlists in it.
     QString ownCollection();
     QString ownPlaylists();
-    void set(const QString& path, const QByteArray& value = "1");
+    void set(const QString& path, const QByteArray& value = "1", const QString& role = QString());
 
 private:
     static constexpr int pageSize = 50;
