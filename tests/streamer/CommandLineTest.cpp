@@ -162,6 +162,33 @@ TEST(RowsCommand, FitsTheWidthAndNeverCutsPaths)
     EXPECT_THAT(streamer.run({"rows", "/tidal"}, {80, true, true}).out, HasSubstr("\033[2m"));
 }
 
+TEST(RowsCommand, AtATerminalPathsGiveWayAndFewLongTitlesAreCut)
+{
+    ScriptedStreamer streamer;
+    const auto answer = [&](const char* more, const std::string& body) {
+        streamer.answer(std::string("GET /api/v1/rows?path=%2Fa%3Fid%3D1&from=0&to=49") + more,
+                        {200, R"({"roles":{"Title":"Albums"},"rowsCount":11,"rows":[)" + body});
+    };
+    std::string rows;
+    std::string lengths;
+    for (int i = 0; i < 10; ++i) {
+        rows += R"({"Title":"Song","Description":"Somebody","Type":"Audio","Path":"/s"},)";
+        lengths += R"({"Duration":65000},)";
+    }
+    answer("", rows + R"({"Title":")" + std::string(90, 'x') + R"(","Type":"Container"}]})");
+    answer("&roles=Duration", lengths + "{}]}");
+    streamer.answer("GET /api/v1/row?path=%2Fa%3Fid%3D1", {200, R"({"row":{"Title":"Blue"}})"});
+    const auto lines = [&](int width) {
+        const auto run = streamer.run({"rows", "/a?id=1"}, {width, true, false});
+        return QString::fromStdString(run.out).split('\n');
+    };
+    const QString gaps(29, ' ');
+    EXPECT_EQ(lines(80).value(0), "Blue  11 rows");
+    EXPECT_EQ(lines(80).value(1), " 0  ♪ Song" + gaps + "  Somebody  1:05");
+    EXPECT_EQ(lines(80).value(11), "10  ▸ " + QString(32, 'x') + "…");
+    EXPECT_TRUE(lines(140).value(1).endsWith("1:05  /s"));
+}
+
 TEST(CommandLine, JsonIsTheDocumentAsItCame)
 {
     ScriptedStreamer streamer;

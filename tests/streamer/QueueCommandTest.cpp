@@ -21,8 +21,9 @@ TEST(QueueCommand, ShowsWhatComesAndWhereItComesFrom)
 {
     ScriptedStreamer streamer;
     streamer.answer(getQueue, {200, queue});
-    EXPECT_EQ(streamer.run({"queue"}).out, "Playing from Just In  130 to come, 1 queued\n"
-                                           "0  + By hand      Ann\n1  ♪ Of the list  Bob\n");
+    EXPECT_EQ(streamer.run({"queue"}).out,
+              "Playing from Just In  130 to come, 1 queued, here 0 to 1\n"
+              "0  + By hand      Ann\n1  ♪ Of the list  Bob\n");
     EXPECT_EQ(streamer.run({"queue"}, {cli::Terminal::unlimited, false, false}).out,
               "0\tQueued\tBy hand\tAnn\t/h\n1\tAudio\tOf the list\tBob\t/b\n");
     EXPECT_EQ(streamer.run({"queue", "--json", "Title"}).out,

@@ -5,7 +5,7 @@ namespace cli {
 
 namespace {
 
-/// A mode of the player: shown without a wish, else set by \p body.
+/// A mode of the player: shown when none is given, else set by \p body.
 int setMode(const CommandContext& context, const QString& name, const QString& wish,
             const QJsonObject& body)
 {
@@ -22,9 +22,10 @@ int setMode(const CommandContext& context, const QString& name, const QString& w
 Command shuffleCommand()
 {
     const auto wish = std::make_shared<QString>();
-    return Command("shuffle", "Play the list in random order; without a wish, say whether it does.",
+    return Command("shuffle", "Play the list in random order or not; or say which.",
                    "kelo shuffle\nkelo shuffle on")
-        .option("[WISH]", {*wish, QStringList{"on", "off"}}, "on or off")
+        .option("[on|off]", {*wish, QStringList{"on", "off"}},
+                "What it is to be (it says what it is)")
         .asks([wish](const CommandContext& context) {
             return setMode(context, "shuffle", *wish, {{"on", *wish == "on"}});
         });
@@ -33,9 +34,10 @@ Command shuffleCommand()
 Command repeatCommand()
 {
     const auto mode = std::make_shared<QString>();
-    return Command("repeat", "Repeat the list or one item; without a mode, say which it is.",
+    return Command("repeat", "Repeat the list, one item or nothing; or say which.",
                    "kelo repeat\nkelo repeat all")
-        .option("[MODE]", {*mode, QStringList{"off", "all", "one"}}, "off, all or one")
+        .option("[off|all|one]", {*mode, QStringList{"off", "all", "one"}},
+                "What it is to be (it says what it is)")
         .asks([mode](const CommandContext& context) {
             return setMode(context, "repeat", *mode, {{"mode", *mode}});
         });

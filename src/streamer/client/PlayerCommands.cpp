@@ -1,11 +1,13 @@
 #include "client/Commands.h"
 #include "client/Following.h"
 #include "client/PlayerCall.h"
+#include "client/RowNames.h"
 #include "client/StatusView.h"
 
 #include <optional>
 #include <QJsonDocument>
 #include <QRegularExpression>
+#include <utility>
 
 namespace cli {
 
@@ -53,7 +55,9 @@ int showStatus(const CommandContext& context)
 {
     const ApiReply reply = context.api.get("player");
     return context.show(reply, [&] {
-        context.terminal.lines(StatusView(context.terminal, reply.document).block());
+        QJsonObject player = reply.document;
+        player.insert("listTitle", titleOfList(context, player));
+        context.terminal.lines(StatusView(context.terminal, player).block());
     });
 }
 
@@ -61,9 +65,16 @@ int showStatus(const CommandContext& context)
 int followStatus(const CommandContext& context)
 {
     QString last;
+    QString list;
+    QString listTitle;
     Terminal& terminal = context.terminal;
     const auto print = [&](const QByteArray& document) {
-        const StatusView view(terminal, QJsonDocument::fromJson(document).object());
+        QJsonObject player = QJsonDocument::fromJson(document).object();
+        const QString before = std::exchange(list, textIn(player, "list"));
+        if (before != list || listTitle.isEmpty())
+            listTitle = titleOfList(context, player);
+        player.insert("listTitle", listTitle);
+        const StatusView view(terminal, player);
         if (context.isJson)
             context.printJson(document);
         else if (terminal.isInteractive())

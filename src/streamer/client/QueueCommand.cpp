@@ -34,15 +34,20 @@ private:
     int edit(const CommandContext& context, QJsonObject body) const;
 };
 
-QString heading(const Terminal& terminal, const QJsonObject& page)
+QString heading(const CommandContext& context, const QJsonObject& page)
 {
-    const QString list = shown(textIn(page, "listTitle"));
+    const Terminal& terminal = context.terminal;
+    const QString list = shown(titleOfList(context, page));
     const int queued = page.value("queued").toInt();
     const int rows = rowsCountIn(page);
+    const int got = rowsIn(page).size();
+    const int first = page.value("from").toInt();
     QString count =
         rows == 0 ? QStringLiteral("  nothing to come") : QStringLiteral("  %1 to come").arg(rows);
     if (queued > 0)
         count += QStringLiteral(", %1 queued").arg(queued);
+    if (got > 0 && got < rows)
+        count += QStringLiteral(", here %1 to %2").arg(first).arg(first + got - 1);
     const QString name = list.isEmpty() ? QStringLiteral("Queue") : "Playing from " + list;
     return terminal.styled(cut(name, qMax(8, terminal.width() - columns(count))),
                            Terminal::Style::Bold) +
@@ -58,9 +63,9 @@ int QueueCommand::show(const CommandContext& context) const
         Listing listing{context.api.server()};
         listing.queueVersion = reply.document.value("version").toVariant().toLongLong();
         listing.add(reply.document);
-        context.state.keep(listing);
         if (terminal.hasWidth())
-            terminal.line(heading(terminal, reply.document));
+            terminal.line(heading(context, reply.document));
+        context.state.keep(listing);
         terminal.lines(
             RowsTable(terminal, reply.document, {-1, -1, RowsTable::Options::Paths::Never})
                 .lines());

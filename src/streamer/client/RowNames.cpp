@@ -76,6 +76,25 @@ std::optional<QStringList> namedPaths(const CommandContext& context, const QStri
     return paths;
 }
 
+QString nameOfList(const CommandContext& context, const QString& path)
+{
+    if (!context.terminal.isInteractive() || context.isJson || !path.contains('?'))
+        return {};
+    for (const ListedRow& row :
+         context.state.listing(context.api.server()).value_or(Listing()).rows) {
+        if (row.path == path)
+            return row.title;
+    }
+    const ApiReply reply = context.api.get("row", {{"path", path}});
+    return textIn(objectIn(reply.document, "row"), "Title");
+}
+
+QString titleOfList(const CommandContext& context, const QJsonObject& player)
+{
+    const QString name = nameOfList(context, textIn(player, "list"));
+    return name.isEmpty() ? textIn(player, "listTitle") : name;
+}
+
 int atPath(const CommandContext& context, const QString& text,
            const std::function<int(const QString&)>& run)
 {

@@ -21,15 +21,17 @@ struct RowsCommand
     QString roles; ///< names with commas; empty: the streamer's usual ones
     bool isFollowing = false;
     bool hasPaths = false; ///< also where they take lines of their own
-    QString title;         ///< that of the list, where it does not say it itself
+    bool hasNoPaths = false;
+    QString title; ///< that of the list, where it does not say it itself
 
     int run(const CommandContext& context) const;
 
 private:
     /// Reads the page, and gives what to print of it: the document, or lines for people.
     ApiReply read(const CommandContext& context, QStringList& lines) const;
-    /// Adds the values to a page that shows settings or choices; as it was when they cannot be had.
-    QJsonObject withValues(ApiClient& api, QJsonObject page) const;
+    /// Adds the values to a page that shows settings or choices, and for a person how long tracks
+    /// last; as it was when they cannot be had.
+    QJsonObject withMore(const CommandContext& context, QJsonObject page) const;
     int follow(const CommandContext& context) const;
 };
 
@@ -48,7 +50,7 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
     const ApiReply reply = context.api.rows(path, from, to, wanted);
     if (!reply.isDone() || context.isJson)
         return reply;
-    const QJsonObject page = withValues(context.api, reply.document);
+    const QJsonObject page = withMore(context, reply.document);
     const int got = rowsIn(page).size();
     const int first = page.value("from").toInt();
     const int all = rowsCountIn(page);
@@ -62,24 +64,32 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
         lines += RowsTable(terminal, page).lines();
         return reply;
     }
-    const QString count = QStringLiteral("  %1 rows%2").arg(all).arg(got < all ? range : QString());
+    const QString count = QStringLiteral("  %1 %2%3")
+                              .arg(all)
+                              .arg(all == 1 ? "row" : "rows", got < all ? range : QString());
     lines.append(terminal.styled(cut(title.isEmpty() ? RowsTable::heading(page) : shown(title),
                                      qMax(8, terminal.width() - columns(count))),
                                  Terminal::Style::Bold) +
                  terminal.styled(count, Terminal::Style::Dim));
     using Paths = RowsTable::Options::Paths;
-    const Paths paths = hasPaths ? Paths::Always : title.isEmpty() ? Paths::Usual : Paths::Never;
+    const Paths paths = hasPaths ? Paths::Always : hasNoPaths ? Paths::Never : Paths::Usual;
     lines += RowsTable(terminal, page, {-1, -1, paths}).lines();
     return reply;
 }
 
-/// Values are no usual role of a row, so they are asked for where a row can have one.
-QJsonObject RowsCommand::withValues(ApiClient& api, QJsonObject page) const
+/// These are no usual roles of a row, so they are asked for where a row can have them.
+QJsonObject RowsCommand::withMore(const CommandContext& context, QJsonObject page) const
 {
     QVector<QJsonObject> rows = rowsIn(page);
-    if (!roles.isEmpty() || std::none_of(rows.begin(), rows.end(), &RowsTable::hasValue))
+    const auto isTrack = [](const QJsonObject& row) { return textIn(row, "Type") == "Audio"; };
+    const QString role =
+        std::any_of(rows.begin(), rows.end(), &RowsTable::hasValue) ? "Value"
+        : context.terminal.isInteractive() && std::any_of(rows.begin(), rows.end(), isTrack)
+            ? "Duration"
+            : "";
+    if (!roles.isEmpty() || role.isEmpty())
         return page;
-    const ApiReply reply = api.rows(path, from, to, "Value");
+    const ApiReply reply = context.api.rows(path, from, to, role);
     const QVector<QJsonObject> values = rowsIn(reply.document);
     const QString version = "rowsVersion";
     if (!reply.isDone() || values.size() != rows.size() ||
@@ -87,7 +97,7 @@ QJsonObject RowsCommand::withValues(ApiClient& api, QJsonObject page) const
         return page;
     QJsonArray filled;
     for (int i = 0; i < rows.size(); ++i) {
-        rows[i].insert("Value", values.at(i).value("Value"));
+        rows[i].insert(role, values.at(i).value(role));
         filled.append(rows.at(i));
     }
     page.insert("rows", filled);
@@ -159,6 +169,7 @@ Command rowsCommand()
         .asks([rows](const CommandContext& context) {
             return atPath(context, rows->path, [&](const QString& path) {
                 rows->path = path;
+                rows->title = nameOfList(context, path);
                 return rows->run(context);
             });
         });
@@ -168,6 +179,7 @@ int showRows(const CommandContext& context, const QString& path, const QString& 
 {
     RowsCommand rows;
     rows.title = title;
+    rows.hasNoPaths = !title.isEmpty();
     rows.path = path;
     return rows.run(context);
 }

@@ -5,6 +5,8 @@
 #include "client/PathText.h"
 #include "TrackTitle.h"
 
+#include <algorithm>
+
 namespace cli {
 
 namespace {
@@ -38,6 +40,13 @@ QString secondText(const QJsonObject& row)
     return value.isObject() || value.isArray() || value.isNull() ? QString() : valueText(value);
 }
 
+/// How long a track lasts.
+QString length(const QJsonObject& row)
+{
+    const qint64 duration = row.value("Duration").toVariant().toLongLong();
+    return duration > 0 && textIn(row, "Type") == "Audio" ? clockTime(duration) : QString();
+}
+
 /// A track's title ends with its first artist, who stands beside it in a table.
 QString titleOf(const QJsonObject& row, const Terminal& terminal)
 {
@@ -50,7 +59,8 @@ QString titleOf(const QJsonObject& row, const Terminal& terminal)
 } // namespace
 
 RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, Options options)
-    : m_terminal(terminal)
+    : m_terminal(terminal),
+      m_arePathsExtra(terminal.isInteractive() && options.paths == Options::Paths::Usual)
 {
     int number = options.first < 0 ? page.value("from").toInt() : options.first;
     for (const QJsonObject& row : rowsIn(page).mid(0, options.limit)) {
@@ -61,17 +71,16 @@ RowsTable::RowsTable(const Terminal& terminal, const QJsonObject& page, Options 
         m_rows.append({QString::number(number++),
                        isQueued(row) ? QStringLiteral("Queued") : roleText(row, "Type"), mark(row),
                        titleOf(row, terminal) + (isDisabledRow ? " (disabled)" : ""),
-                       secondText(row),
+                       secondText(row), length(row),
                        !isShown              ? QString()
                        : terminal.hasWidth() ? shellWord(path)
                                              : path,
                        textIn(row, "Type") == "Header", isDisabledRow});
     }
     measure();
-    if (m_pathsBelow && terminal.isInteractive() && options.paths == Options::Paths::Usual) {
+    if (m_pathsBelow && m_arePathsExtra) {
         for (Row& row : m_rows)
             row.path.clear();
-        m_titleWidth = m_descriptionWidth = 0;
         measure();
     }
 }
@@ -114,35 +123,55 @@ bool RowsTable::hasValue(const QJsonObject& row)
     return type == "Choice" || (type == "Text" && isNode);
 }
 
-/// Shares the width out: what the path leaves, or everything with the path below; the description
-/// gives way first, down to a third.
+/// Shares the width out: what the path leaves, or everything with the path below.
 void RowsTable::measure()
 {
     int widestPath = 0;
+    m_titleWidth = m_descriptionWidth = 0;
     for (const Row& row : m_rows) {
         m_numberWidth = qMax(m_numberWidth, columns(row.number));
         m_titleWidth = qMax(m_titleWidth, columns(row.title));
         m_descriptionWidth = qMax(m_descriptionWidth, columns(row.description));
+        m_lengthWidth = qMax(m_lengthWidth, columns(row.length));
         widestPath = qMax(widestPath, columns(row.path));
     }
-    const int before = m_numberWidth + gap + 1 + 1; // number, gap, mark, blank
+    const int before = m_numberWidth + gap + 1 + 1 + // number, gap, mark, blank
+                       (m_lengthWidth > 0 ? gap + m_lengthWidth : 0);
     const int between = m_descriptionWidth > 0 ? gap : 0;
     const int wanted = m_titleWidth + between + m_descriptionWidth;
     const int beside = m_terminal.width() - before - gap - widestPath;
-    m_pathsBelow = widestPath > 0 && beside < qMin(wanted, leastTextWidth);
+    const int least = m_arePathsExtra ? wanted : qMin(wanted, leastTextWidth);
+    m_pathsBelow = widestPath > 0 && beside < least;
     const int available =
         qMax(8, m_pathsBelow || widestPath == 0 ? m_terminal.width() - before : beside);
-    if (wanted <= available)
-        return;
-    const int third = (available - between) / 3;
-    m_descriptionWidth = qMin(m_descriptionWidth, qMax(third, available - between - m_titleWidth));
-    m_titleWidth = available - between - m_descriptionWidth;
+    if (wanted > available)
+        share(available - between);
 }
 
-QStringList RowsTable::lines() const
+/// Few long titles are cut, so that the descriptions of all others do not stand far away from
+/// them; then the description gives way, down to a third.
+void RowsTable::share(int width)
+{
+    if (m_descriptionWidth > 0)
+        m_titleWidth = qMin(m_titleWidth, qMax(width / 2, usualTitleWidth()));
+    m_descriptionWidth = qMin(m_descriptionWidth, qMax(width / 3, width - m_titleWidth));
+    m_titleWidth = qMin(m_titleWidth, width - m_descriptionWidth);
+}
+
+/// The width that nine of ten titles do with.
+int RowsTable::usualTitleWidth() const
+{
+    QVector<int> widths;
+    for (const Row& row : m_rows)
+        widths.append(columns(row.title));
+    std::sort(widths.begin(), widths.end());
+    return widths.value(widths.size() - 1 - widths.size() / 10);
+}
+
+QStringList RowsTable::lines(int from, int count) const
 {
     QStringList result;
-    for (const Row& row : m_rows) {
+    for (const Row& row : m_rows.mid(from, count)) {
         if (!m_terminal.hasWidth()) {
             result.append(
                 QStringList{row.number, row.type, row.title, row.description, row.path}.join('\t'));
@@ -169,11 +198,14 @@ QStringList RowsTable::drawn(const Row& row) const
     const Style titleStyle = row.isHeader     ? Style::Bold
                              : row.isDisabled ? Style::Dim
                                               : Style::Plain;
+    const QString length =
+        m_lengthWidth > 0 ? QString(gap + m_lengthWidth - columns(row.length), ' ') + row.length
+                          : QString();
     const bool hasPathBeside = !m_pathsBelow && !row.path.isEmpty();
-    QString line = m_terminal.styled(number, Style::Dim) + QString(gap, ' ') +
-                   m_terminal.styled(row.mark, Style::Accent) + ' ' +
-                   m_terminal.styled(title, titleStyle) +
-                   m_terminal.styled(description, Style::Dim);
+    QString line =
+        m_terminal.styled(number, Style::Dim) + QString(gap, ' ') +
+        m_terminal.styled(row.mark, Style::Accent) + ' ' + m_terminal.styled(title, titleStyle) +
+        m_terminal.styled(description, Style::Dim) + m_terminal.styled(length, Style::Dim);
     if (hasPathBeside)
         line += QString(gap, ' ') + m_terminal.styled(row.path, Style::Dim);
     while (line.endsWith(' '))

@@ -4,6 +4,8 @@
 #include "client/RowsTable.h"
 #include "client/SearchLists.h"
 
+#include <utility>
+
 namespace cli {
 
 namespace {
@@ -22,9 +24,18 @@ private:
     /// Kind -> encoded path of its list for the text.
     using Lists = QMap<QString, QString>;
 
+    /// The first rows of one kind.
+    struct Hits
+    {
+        QString word;
+        QJsonObject page;
+
+        bool isEmpty() const { return textIn(rowsIn(page).value(0), "Path").isEmpty(); }
+    };
+
     int printAll(const CommandContext& context, const Lists& lists) const;
-    void printKind(Terminal& terminal, const QString& word, const QJsonObject& page,
-                   Listing& listing) const;
+    void print(const CommandContext& context, const QVector<Hits>& all) const;
+    QString heading(const Terminal& terminal, const Hits& hits) const;
 };
 
 int SearchCommand::run(const CommandContext& context) const
@@ -41,7 +52,7 @@ int SearchCommand::run(const CommandContext& context) const
 int SearchCommand::printAll(const CommandContext& context, const Lists& lists) const
 {
     QByteArray document = "{\"query\":" + json(text);
-    Listing listing{context.api.server()};
+    QVector<Hits> all;
     for (const QString& word : searchKinds()) {
         if (!lists.contains(word))
             continue;
@@ -49,42 +60,56 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
         if (!reply.isDone())
             return context.finish(reply);
         document += ",\"" + word.toLatin1() + "\":" + reply.body.trimmed();
-        if (!context.isJson)
-            printKind(context.terminal, word, reply.document, listing);
+        all.append({word, reply.document});
     }
     if (context.isJson)
         context.printJson(document + '}');
     else
-        context.state.keep(listing);
+        print(context, all);
     return ExitDone;
 }
 
-/// The rows of one kind; their numbers go on from those that are listed already.
-void SearchCommand::printKind(Terminal& terminal, const QString& word, const QJsonObject& page,
-                              Listing& listing) const
+/// One table for all kinds, so that their columns stand below each other; the numbers go on.
+void SearchCommand::print(const CommandContext& context, const QVector<Hits>& all) const
 {
-    const bool hasFound = !textIn(rowsIn(page).value(0), "Path").isEmpty();
-    const int first = listing.rows.size();
-    const QStringList rows = RowsTable(terminal, page, {rowsOfEach, first}).lines();
-    if (hasFound)
-        listing.add(page, rowsOfEach, first);
-    if (!terminal.hasWidth()) {
-        for (const QString& row : hasFound ? rows : QStringList())
-            terminal.line(word + '\t' + row);
-        return;
+    Terminal& terminal = context.terminal;
+    Listing listing{context.api.server()};
+    QJsonArray rows;
+    for (const Hits& hits : all) {
+        if (hits.isEmpty())
+            continue;
+        listing.add(hits.page, rowsOfEach, rows.size());
+        for (const QJsonObject& row : rowsIn(hits.page).mid(0, rowsOfEach))
+            rows.append(row);
     }
-    if (word != searchKinds().first())
-        terminal.line();
-    const QString found =
-        hasFound ? QStringLiteral("  %1 found, all:").arg(rowsCountIn(page)) : "  nothing found";
-    const QString all =
-        hasFound ? "kelo search " + shellWord(shown(text)) + " --in " + word : QString();
-    const bool fits = word.size() + columns(found) + 1 + columns(all) <= terminal.width();
-    const QString rest = fits ? found + ' ' + all : found + "\n  " + all;
-    terminal.line(terminal.styled(word, Terminal::Style::Bold) +
-                  terminal.styled(hasFound ? rest : found, Terminal::Style::Dim));
-    if (hasFound)
-        terminal.lines(rows);
+    context.state.keep(listing);
+    const RowsTable table(terminal, {{"rows", rows}}, {-1, 0});
+    int first = 0;
+    for (const Hits& hits : all) {
+        const int count = hits.isEmpty() ? 0 : qMin(rowsOfEach, rowsIn(hits.page).size());
+        const QStringList lines = table.lines(std::exchange(first, first + count), count);
+        if (terminal.hasWidth() && hits.word != all.first().word)
+            terminal.line();
+        if (terminal.hasWidth())
+            terminal.line(heading(terminal, hits));
+        for (const QString& line : lines)
+            terminal.line(terminal.hasWidth() ? line : hits.word + '\t' + line);
+    }
+}
+
+/// The kind, how many there are, and the command that shows them where these are not all.
+QString SearchCommand::heading(const Terminal& terminal, const Hits& hits) const
+{
+    const int found = rowsCountIn(hits.page);
+    QString rest = hits.isEmpty() ? QStringLiteral("  nothing found")
+                                  : QStringLiteral("  %1 found").arg(found);
+    if (!hits.isEmpty() && found > rowsOfEach) {
+        const QString all = "kelo search " + shellWord(shown(text)) + " --in " + hits.word;
+        const bool fits = hits.word.size() + columns(rest) + 7 + columns(all) <= terminal.width();
+        rest += (fits ? ", all: " : ", all:\n  ") + all;
+    }
+    return terminal.styled(hits.word, Terminal::Style::Bold) +
+           terminal.styled(rest, Terminal::Style::Dim);
 }
 
 } // namespace

@@ -18,27 +18,29 @@ std::optional<int> volumeNow(const CommandContext& context)
     return reply.document.value("volume").toInt();
 }
 
+int showVolume(const CommandContext& context, const ApiReply& reply)
+{
+    return context.show(reply, [&] {
+        const int before = context.state.volumeBefore(context.api.server());
+        const int now = reply.document.value("volume").toInt(-1);
+        const QString text = StatusView(context.terminal, reply.document).named("volume");
+        const QString muted = QStringLiteral(" (muted, was %1 %)").arg(before);
+        context.terminal.line(now < 0 ? QStringLiteral("done")
+                                      : text + (now == 0 && before > 0 ? muted : QString()));
+    });
+}
+
 int setVolume(const CommandContext& context, int percent)
 {
     const QByteArray body = "{\"percent\":" + QByteArray::number(percent) + '}';
-    return tellPlayer(context, "volume", body);
+    return showVolume(context, context.api.post("player/volume", body));
 }
 
 /// `kelo volume`: sets it, changes it or, without a wish, shows it.
 int changeVolume(const CommandContext& context, const QString& wish)
 {
-    if (wish.isEmpty()) {
-        const ApiReply reply = context.api.get("player");
-        return context.show(reply, [&] {
-            const int before = context.state.volumeBefore(context.api.server());
-            const int now = reply.document.value("volume").toInt();
-            context.terminal.line(QStringLiteral("volume  %1 %%2")
-                                      .arg(now)
-                                      .arg(now == 0 && before > 0
-                                               ? QStringLiteral(" (muted, was %1 %)").arg(before)
-                                               : QString()));
-        });
-    }
+    if (wish.isEmpty())
+        return showVolume(context, context.api.get("player"));
     int percent = wish.toInt();
     if (wish.startsWith('+') || wish.startsWith('-')) {
         const auto now = volumeNow(context);
@@ -93,7 +95,8 @@ Command muteCommand()
     const auto wish = std::make_shared<QString>();
     return Command("mute", "Turn the sound off, and on again as loud as it was.",
                    "kelo mute\nkelo mute off")
-        .option("[WISH]", {*wish, QStringList{"on", "off"}}, "on or off (the other one than now)")
+        .option("[on|off]", {*wish, QStringList{"on", "off"}},
+                "What it is to be (the other one than now)")
         .asks([wish](const CommandContext& context) { return mute(context, *wish); });
 }
 
