@@ -267,6 +267,10 @@
         <translation>die Audiodaten sind nicht angekommen: %1</translation>
     </message>
     <message>
+        <source>asked for the item of %1, the module handed over one of %2</source>
+        <translation>das Modul sollte den Titel von %1 übergeben und übergab einen von %2</translation>
+    </message>
+    <message>
         <source>the player ends</source>
         <translation>der Player wird beendet</translation>
     </message>
@@ -319,8 +323,8 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>stopped after %1 items in a row that cannot be played</source>
-        <translation>nach %1 nicht abspielbaren Titeln in Folge angehalten</translation>
+        <source>stopped after %1 items in a row that cannot be played: %2</source>
+        <translation>nach %1 nicht abspielbaren Titeln in Folge angehalten: %2</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>

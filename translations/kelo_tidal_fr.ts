@@ -267,6 +267,10 @@
         <translation>l’audio n’est pas arrivé : %1</translation>
     </message>
     <message>
+        <source>asked for the item of %1, the module handed over one of %2</source>
+        <translation>demandé l’élément de %1, le module a remis celui de %2</translation>
+    </message>
+    <message>
         <source>the player ends</source>
         <translation>le lecteur s’arrête</translation>
     </message>
@@ -319,8 +323,8 @@
         <translation>%1 : %2</translation>
     </message>
     <message>
-        <source>stopped after %1 items in a row that cannot be played</source>
-        <translation>arrêté après %1 éléments de suite impossibles à lire</translation>
+        <source>stopped after %1 items in a row that cannot be played: %2</source>
+        <translation>arrêté après %1 éléments de suite impossibles à lire : %2</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>

@@ -267,6 +267,10 @@
         <translation>音声を受信できませんでした: %1</translation>
     </message>
     <message>
+        <source>asked for the item of %1, the module handed over one of %2</source>
+        <translation>%1の項目を求めましたが、モジュールは%2の項目を渡しました</translation>
+    </message>
+    <message>
         <source>the player ends</source>
         <translation>プレーヤーを終了します</translation>
     </message>
@@ -319,8 +323,8 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>stopped after %1 items in a row that cannot be played</source>
-        <translation>再生できない項目が%1件続いたため停止しました</translation>
+        <source>stopped after %1 items in a row that cannot be played: %2</source>
+        <translation>再生できない項目が%1件続いたため停止しました: %2</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>

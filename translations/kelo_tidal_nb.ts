@@ -267,6 +267,10 @@
         <translation>lyden kom ikke fram: %1</translation>
     </message>
     <message>
+        <source>asked for the item of %1, the module handed over one of %2</source>
+        <translation>ba om elementet til %1, modulen leverte et til %2</translation>
+    </message>
+    <message>
         <source>the player ends</source>
         <translation>spilleren avsluttes</translation>
     </message>
@@ -319,8 +323,8 @@
         <translation>%1: %2</translation>
     </message>
     <message>
-        <source>stopped after %1 items in a row that cannot be played</source>
-        <translation>stoppet etter %1 elementer på rad som ikke kan spilles av</translation>
+        <source>stopped after %1 items in a row that cannot be played: %2</source>
+        <translation>stoppet etter %1 elementer på rad som ikke kan spilles av: %2</translation>
     </message>
     <message>
         <source>the audio output did not start within %1 seconds and was made anew</source>

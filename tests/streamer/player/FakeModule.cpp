@@ -166,5 +166,6 @@ void FakeModule::answer(const CMSetDataRequest& request, const QString& id, cons
     if (!answer.error.isEmpty())
         return request.reply().setError(CMError(TrString(answer.error)));
     PlayLogicInterface* player = PlayLogicInterface::instance(KeloPlayerPath());
-    request.reply().setValue(player->play(item(request.path(), id, answer), 0));
+    const CMPath path = answer.itemPath.isEmpty() ? request.path() : answer.itemPath;
+    request.reply().setValue(player->play(item(path, id, answer), 0));
 }

@@ -15,7 +15,8 @@ public:
         QString error;       ///< empty: with the item
         bool isHeld = false; ///< not before release()
         qint64 maxIdleMs = 0;
-        QString uri = {}; ///< empty: "fake:ID"
+        QString uri = {};     ///< empty: "fake:ID"
+        CMPath itemPath = {}; ///< empty: that of the request
     };
 
     static CMPath prePlayPath(const QString& id) { return CMPath("/fake/prePlay/" + id); }

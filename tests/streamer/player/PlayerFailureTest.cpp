@@ -43,10 +43,46 @@ TEST_F(PlayerFailureTest, GivesUpAfterTenFailuresInARow)
         else
             script.refuse(QString("fake:%1").arg(i), {OutputError::Decode, QString("broken")});
     ASSERT_EQ(play(pathOf("1")), "ok");
-    const QString text = "stopped after 10 items in a row that cannot be played";
+    const QString text = "stopped after 10 items in a row that cannot be played: not available";
     EXPECT_EQ(run("next"), text);
     EXPECT_EQ(waitForState("stopped")["note"], text);
     EXPECT_EQ(module->asked().size(), 11);
+}
+
+TEST_F(PlayerFailureTest, AnItemUnderAnotherPathCannotBePlayed)
+{
+    QStringList ids;
+    for (int i = 1; i <= 30; ++i) {
+        ids << QString::number(i);
+        module->setAnswer(ids.last(), {"", false, 0, "", CMPath("/fake/another")});
+    }
+    addTracks(ids);
+    const auto said = [](int id) {
+        return QString("asked for the item of /fake/prePlay/%1, the module handed over one of "
+                       "/fake/another")
+            .arg(id);
+    };
+    EXPECT_EQ(play(pathOf("1")), said(1));
+    EXPECT_EQ(play(list.toEncoded()),
+              "stopped after 10 items in a row that cannot be played: " + said(10));
+    EXPECT_EQ(module->asked().size(), 11);
+    module->setAnswer("1", {});
+    ASSERT_EQ(play(list.toEncoded()), "ok");
+    nearEnd();
+    waitFor([&](const auto& status) { return status["note"].toString().endsWith(said(11)); });
+    EXPECT_EQ(module->asked().size(), 22);
+}
+
+TEST_F(PlayerFailureTest, WhatSomebodyElseAskedForMeanwhilePlaysAfterwards)
+{
+    addTracks({"1", "2"});
+    module->setAnswer("1", {"", true});
+    const auto reply = begin("play", {{"path", pathOf("1")}});
+    ASSERT_TRUE(module->waitForHeld());
+    player->play(FakeModule::item(FakeModule::prePlayPath("2"), "2", {}), 0);
+    module->release();
+    waitForTitle("Track 2");
+    EXPECT_TRUE(reply.waitForFinished(20000));
 }
 
 TEST_F(PlayerFailureTest, ResolvesARefusedAddressOnceAtTheSamePosition)

@@ -15,6 +15,18 @@ QVariant rowWithOffset(KeloRoles row, qint64 offsetMs)
     row.setMediaData(mediaData);
     return row.toVariant();
 }
+
+/// The first segment of a path is its module's.
+bool isOfSameModule(const CMPath& one, const CMPath& other)
+{
+    return one.splitBase().value(0) == other.splitBase().value(0);
+}
+
+TrString misdirected(const CMPath& asked, const CMPath& got)
+{
+    return TrString::in("Player", "asked for the item of %1, the module handed over one of %2",
+                        {asked.toEncoded(), got.toEncoded()});
+}
 } // namespace
 
 void ItemResolver::resolve(const QueueEntry& entry, qint64 offsetMs, Done done)
@@ -43,14 +55,28 @@ void ItemResolver::cancel()
         m_sent->isSuperseded = true;
 }
 
-bool ItemResolver::take(const KeloRoles& item)
+void ItemResolver::take(const KeloRoles& item)
 {
     const CMPath path = item.path();
-    if (m_sent && m_sent->path == path && !m_sent->item) {
-        m_sent->item = item;
-        return true;
+    if (m_sent && m_sent->path == path) {
+        if (!m_sent->item)
+            m_sent->item = item;
+        m_abandoned.removeAll(path);
+        return;
     }
-    return m_abandoned.removeOne(path);
+    if (m_abandoned.removeOne(path))
+        return;
+    if (m_sent && isOfSameModule(m_sent->path, path))
+        m_sent->other = item;
+    else
+        m_handOver(item);
+}
+
+void ItemResolver::abandon(const CMPath& path)
+{
+    m_abandoned.append(path);
+    if (m_abandoned.size() > maxAbandoned)
+        m_abandoned.removeFirst();
 }
 
 void ItemResolver::send()
@@ -70,14 +96,18 @@ void ItemResolver::onAnswered(const CMError& error)
 {
     const Attempt attempt = std::move(*m_sent);
     m_sent.reset();
-    if (error.name() == CMError::DeadlineName() && m_abandoned.size() < maxAbandoned)
-        m_abandoned.append(attempt.path);
+    const bool isMisdirected = attempt.other && !attempt.item && !error.isSet();
+    if (error.name() == CMError::DeadlineName() || (!error.isSet() && !attempt.item))
+        abandon(attempt.path);
     if (m_waiting)
         send();
-    if (attempt.isSuperseded)
-        return;
-    if (error.isSet() || attempt.item)
-        attempt.done(error, attempt.item.value_or(KeloRoles()));
-    else
-        attempt.done(CMError(KELO_TR("the service handed no item over")), KeloRoles());
+    if (!attempt.isSuperseded) {
+        const CMError outcome = error.isSet() || attempt.item ? error
+                                : isMisdirected
+                                    ? CMError(misdirected(attempt.path, attempt.other->path()))
+                                    : CMError(KELO_TR("the service handed no item over"));
+        attempt.done(outcome, attempt.item.value_or(KeloRoles()));
+    }
+    if (attempt.other && !isMisdirected)
+        m_handOver(*attempt.other);
 }

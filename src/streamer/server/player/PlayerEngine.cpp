@@ -218,10 +218,8 @@ void PlayerEngine::setVolume(qint64 percent, const Reply& reply)
     reply.setValue(QVariant(true));
 }
 
-void PlayerEngine::accept(const KeloRoles& roles)
+void PlayerEngine::playUnasked(const KeloRoles& roles)
 {
-    if (m_resolver.take(roles))
-        return;
     const PlayItem item = PlayItem::completed(roles, {roles, QString(), CMPath(), -1});
     if (item.uri.isEmpty()) {
         KELO_LOG("player", WARN) << "an item without an address was handed over";

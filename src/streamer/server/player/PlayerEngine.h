@@ -45,7 +45,7 @@ public:
     /// Answers with the rows at some positions of the queue, as the web API shows them.
     void readQueue(int from, int to, const Reply& reply);
     /// An item that a module hands over.
-    void accept(const KeloRoles& item);
+    void accept(const KeloRoles& item) { m_resolver.take(item); }
 
 private:
     using State = PlayerStatus::State;
@@ -146,6 +146,8 @@ private:
     void restore(bool withItem);
     void forgetBefore() { m_before.reset(); }
     void begin(const RowFinder::Found& found);
+    /// Plays what a module handed over because somebody else asked it.
+    void playUnasked(const KeloRoles& item);
 
     // PlayerEngineChain.cpp: from a row to an item.
     void startChain(Chain::Aim aim, const QueueEntry& at);
@@ -196,7 +198,7 @@ private:
     RowFinder m_finder{m_rows};
     QueueReader m_reader;
     QueueAdder m_adder{m_rows};
-    ItemResolver m_resolver;
+    ItemResolver m_resolver{[this](const KeloRoles& item) { playUnasked(item); }};
     std::unique_ptr<Before> m_before; ///< null while nothing failed
 
     State m_state = State::Stopped;

@@ -307,8 +307,8 @@ void PlayerEngine::onItemFailed(const TrString& text)
         return walk();
     }
     const TrString reason =
-        TrString::in("Player", "stopped after %1 items in a row that cannot be played",
-                     {QString::number(maxFailures)});
+        TrString::in("Player", "stopped after %1 items in a row that cannot be played: %2",
+                     {QString::number(maxFailures), text});
     m_notes.clear();
     addNote(reason);
     if (m_chain.aim == Chain::Start) {
