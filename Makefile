@@ -28,7 +28,10 @@ release:
 	@$(MAKE) --no-print-directory build PRESET=release
 
 PREFIX ?= /usr/local
-install: release
+install:
+	@scripts/install-packages --no-tests
+	@cmake --preset release > /dev/null
+	@cmake --build --preset release -j $(JOBS)
 	@DESTDIR="$(DESTDIR)" cmake --install build/release --prefix "$(PREFIX)"
 
 run: release
