@@ -335,10 +335,6 @@
         <translation>die Warteschlange hat sich geändert; bitte neu ansehen</translation>
     </message>
     <message>
-        <source>the kept queue cannot be read; it was put aside as %1</source>
-        <translation>die gespeicherte Warteschlange ist nicht lesbar; sie liegt jetzt als %1 beiseite</translation>
-    </message>
-    <message>
         <source>the queue has %1 rows, none at this position</source>
         <translation>die Warteschlange hat %1 Einträge, keinen an dieser Stelle</translation>
     </message>
@@ -349,6 +345,18 @@
     <message>
         <source>too much is being added at once</source>
         <translation>es wird zu viel auf einmal hinzugefügt</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1 was written by a later version</source>
+        <translation>die Warteschlange wird nicht gespeichert: %1 stammt von einer späteren Version</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>die gespeicherte Warteschlange ist nicht lesbar; sie liegt jetzt als %1 beiseite</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1: %2</source>
+        <translation>die Warteschlange wird nicht gespeichert: %1: %2</translation>
     </message>
 </context>
 <context>

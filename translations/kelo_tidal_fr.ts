@@ -335,10 +335,6 @@
         <translation>la file d’attente a changé ; consultez-la à nouveau</translation>
     </message>
     <message>
-        <source>the kept queue cannot be read; it was put aside as %1</source>
-        <translation>la file d’attente enregistrée est illisible ; elle a été mise de côté sous %1</translation>
-    </message>
-    <message>
         <source>the queue has %1 rows, none at this position</source>
         <translation>la file d’attente a %1 entrées, aucune à cette position</translation>
     </message>
@@ -349,6 +345,18 @@
     <message>
         <source>too much is being added at once</source>
         <translation>trop d’ajouts à la fois</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1 was written by a later version</source>
+        <translation>la file d’attente n’est pas conservée : %1 provient d’une version ultérieure</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>la file d’attente enregistrée est illisible ; elle a été mise de côté sous %1</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1: %2</source>
+        <translation>la file d’attente n’est pas conservée : %1 : %2</translation>
     </message>
 </context>
 <context>

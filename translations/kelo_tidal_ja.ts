@@ -335,10 +335,6 @@
         <translation>再生キューが変更されました。もう一度確認してください</translation>
     </message>
     <message>
-        <source>the kept queue cannot be read; it was put aside as %1</source>
-        <translation>保存された再生キューを読み込めません。%1 として退避しました</translation>
-    </message>
-    <message>
         <source>the queue has %1 rows, none at this position</source>
         <translation>再生キューは %1 件で、この位置には何もありません</translation>
     </message>
@@ -349,6 +345,18 @@
     <message>
         <source>too much is being added at once</source>
         <translation>一度に追加する数が多すぎます</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1 was written by a later version</source>
+        <translation>再生キューは保存されません: %1 は新しいバージョンで書かれています</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>保存された再生キューを読み込めません。%1 として退避しました</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1: %2</source>
+        <translation>再生キューは保存されません: %1: %2</translation>
     </message>
 </context>
 <context>

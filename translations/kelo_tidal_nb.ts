@@ -335,10 +335,6 @@
         <translation>køen er endret; se på den på nytt</translation>
     </message>
     <message>
-        <source>the kept queue cannot be read; it was put aside as %1</source>
-        <translation>den lagrede køen kan ikke leses; den er lagt til side som %1</translation>
-    </message>
-    <message>
         <source>the queue has %1 rows, none at this position</source>
         <translation>køen har %1 oppføringer, ingen på denne plassen</translation>
     </message>
@@ -349,6 +345,18 @@
     <message>
         <source>too much is being added at once</source>
         <translation>for mye legges til på en gang</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1 was written by a later version</source>
+        <translation>køen blir ikke lagret: %1 er fra en senere versjon</translation>
+    </message>
+    <message>
+        <source>the kept queue cannot be read; it was put aside as %1</source>
+        <translation>den lagrede køen kan ikke leses; den er lagt til side som %1</translation>
+    </message>
+    <message>
+        <source>the queue is not kept: %1: %2</source>
+        <translation>køen blir ikke lagret: %1: %2</translation>
     </message>
 </context>
 <context>

@@ -184,6 +184,23 @@ TEST_F(JourneyServiceTest, noSecretIsInTheLog)
     EXPECT_TRUE(token < 0 || log.mid(token + 6, 3) == "***") << log.mid(token, 60).toStdString();
 }
 
+TEST(JourneyTest, withoutAStateFolderItServesAndSaysOnceWhatIsNotKept)
+{
+    Streamer streamer;
+    QFile inTheWay(streamer.stateFolder());
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(streamer.start({}, {"--demo"})) << streamer.errors().toStdString();
+    const QString track = column(streamer.rows(newTracks), "Path").first();
+    EXPECT_EQ(streamer.kelo({"play", track}).status, 0);
+    for (const char* percent : {"50", "60", "70"})
+        EXPECT_EQ(streamer.kelo({"volume", percent}).status, 0);
+    EXPECT_EQ(streamer.stop(), 0);
+    const QByteArray log = streamer.errors();
+    for (const char* file : {"state/demo: ", "tidal.json: ", "player.json: ", "queue.json: "})
+        EXPECT_TRUE(log.contains(file)) << file << log.toStdString();
+    EXPECT_EQ(log.count(" a restart\n"), 4) << log.toStdString();
+}
+
 TEST(JourneyTest, aServeThatCannotServeSaysWhy)
 {
     const QString noModule = QString(KELO_MODULE).replace("cb_tidal", "api_play");

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <kelo/KeloLog.h>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <sys/stat.h>
@@ -53,6 +54,17 @@ QString reason(int number)
 }
 
 } // namespace
+
+bool KeptFile::makeFolder(const QString& name, QString* error)
+{
+    if (QFileInfo(name).isDir())
+        return true;
+    QDir().mkpath(QFileInfo(name).path());
+    if (::mkdir(QFile::encodeName(name).constData(), S_IRWXU) == 0)
+        return true;
+    *error = reason(errno);
+    return false;
+}
 
 bool KeptFile::write(const QByteArray& bytes, QString* error) const
 {

@@ -10,6 +10,9 @@ class KeptFile
 public:
     explicit KeptFile(const QString& name) : m_name(name) {}
 
+    /// Makes a folder that is not there, of the owner's alone. False with the reason in `error`.
+    [[nodiscard]] static bool makeFolder(const QString& name, QString* error);
+
     const QString& name() const { return m_name; }
     /// On disk when it returns true; else the reason is in `error`, and the old content stands
     /// unless the folder alone could not be brought to the disk.

@@ -1,5 +1,6 @@
 #include "Streamer.h"
 
+#include "KeptFile.h"
 #include "mpris/MprisService.h"
 #include "mpris/SessionBus.h"
 #include "oauth2/OAuth2Worker.h"
@@ -11,12 +12,11 @@
 #include <cmath>
 #include <future>
 #include <kelo/CMRoot.h>
+#include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
 #include <kelosim/SimServer.h>
 #include <mutex>
-#include <QDir>
-#include <QFile>
-#include <sys/stat.h>
+#include <QFileInfo>
 
 namespace {
 
@@ -45,8 +45,9 @@ Streamer::~Streamer()
 
 bool Streamer::start(QString* error)
 {
-    const bool isStarted = makeStateFolder(error) && startDemo(error) && startWorkers(error) &&
-                           startPlayer(error) && startModule(error) && startWeb(error);
+    makeStateFolder();
+    const bool isStarted = startDemo(error) && startWorkers(error) && startPlayer(error) &&
+                           startModule(error) && startWeb(error);
     if (!isStarted) {
         stop();
         return false;
@@ -97,16 +98,13 @@ QString Streamer::address() const
         .arg(m_web ? m_web->port() : 0);
 }
 
-bool Streamer::makeStateFolder(QString* error) const
+/// Without one it serves all the same: each file that cannot be written is told of.
+void Streamer::makeStateFolder() const
 {
-    const bool isThere = QDir().exists(m_stateFolder);
-    if (!QDir().mkpath(m_stateFolder)) {
-        *error = QStringLiteral("cannot make the state folder %1").arg(m_stateFolder);
-        return false;
-    }
-    if (!isThere)
-        ::chmod(QFile::encodeName(m_stateFolder).constData(), S_IRWXU);
-    return true;
+    QString reason;
+    if (!KeptFile::makeFolder(m_stateFolder, &reason))
+        KELO_LOG("Serve", ERROR) << "cannot make the state folder " << m_stateFolder << ": "
+                                 << reason << "; nothing outlasts a restart";
 }
 
 bool Streamer::startDemo(QString* error)

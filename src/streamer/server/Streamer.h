@@ -31,7 +31,7 @@ public:
 private:
     /// Runs the simulated service and points all addresses of the settings at it.
     bool startDemo(QString* error);
-    bool makeStateFolder(QString* error) const;
+    void makeStateFolder() const;
     bool startWorkers(QString* error);
     bool startPlayer(QString* error);
     bool startModule(QString* error);

@@ -328,7 +328,8 @@ TEST_F(PlayerQueueTest, IsKeptOverRestarts)
 TEST_F(PlayerQueueTest, AFileThatIsNoQueueIsPutAside)
 {
     addTracks(numbers(3));
-    for (const char* text : {"", "{", "[1]", R"({"version":2})", R"({"version":1,"origins":7})"}) {
+    for (const char* text :
+         {"", "{", "[1]", "{}", R"({"version":0})", R"({"version":1,"origins":7})"}) {
         SCOPED_TRACE(text);
         ASSERT_EQ(play(pathOf("0")), "ok");
         ASSERT_EQ(add(pathOf("2")), "ok");
@@ -348,6 +349,64 @@ TEST_F(PlayerQueueTest, AFileThatIsNoQueueIsPutAside)
         restart();
         EXPECT_EQ(status()["note"], QJsonValue());
     }
+}
+
+TEST_F(PlayerQueueTest, AFileThatCannotBeReadOrIsOfALaterVersionIsLeftAlone)
+{
+    addTracks(numbers(3));
+    const QByteArray later = R"({"version":2,"volume":7,"entries":"of another form"})";
+    const QString playerFile = stateDir.filePath("player.json");
+    for (const bool isLater : {true, false}) {
+        player.reset();
+        for (const QString& name : {queueFile(), playerFile}) {
+            QFile::remove(name);
+            QFile file(name);
+            // Nobody, root neither, can read a folder as a file.
+            ASSERT_TRUE(isLater ? file.open(QIODevice::WriteOnly) && file.write(later) > 0
+                                : QDir().mkdir(name));
+        }
+        startPlayer();
+        EXPECT_TRUE(status()["note"].toString().contains("the queue is not kept: " + queueFile()));
+        EXPECT_EQ(status()["volume"], isLater ? 7 : 100);
+        ASSERT_EQ(play(pathOf("0")), "ok");
+        ASSERT_EQ(add(pathOf("2")), "ok");
+        time.advance(10000);
+        ASSERT_EQ(run("volume", {{"percent", 50}}), "ok");
+        player.reset();
+        for (const QString& name : {queueFile(), playerFile}) {
+            QFile file(name);
+            EXPECT_EQ(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray(),
+                      isLater ? later : QByteArray());
+            EXPECT_FALSE(QFile::exists(name + ".unreadable"));
+        }
+    }
+    startPlayer();
+}
+
+TEST_F(PlayerQueueTest, AFolderThatCannotBeWrittenIsToldOfOnce)
+{
+    addTracks(numbers(3));
+    player.reset();
+    const QString folder = stateDir.path();
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    QFile file(folder);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    startPlayer();
+    time.advance(2000);
+    waitFor([](const QJsonObject& status) {
+        return status["note"].toString().contains("/queue.json: File exists");
+    });
+    ASSERT_EQ(play(pathOf("0")), "ok");
+    ASSERT_EQ(add(pathOf("2")), "ok");
+    time.advance(10000);
+    ASSERT_EQ(run("volume", {{"percent", 50}}), "ok");
+    EXPECT_EQ(status()["note"], QJsonValue());
+
+    ASSERT_TRUE(file.remove() && QDir().mkpath(folder)); // from here on it is kept again
+    ASSERT_EQ(add(pathOf("1")), "ok");
+    const QString before = titles();
+    restart();
+    EXPECT_EQ(titles(), before);
 }
 
 TEST_F(PlayerQueueTest, TenThousandCallsAreAnsweredAndLeaveItSmall)

@@ -30,9 +30,9 @@ int modeOf(const QString& file)
 TEST(TokenStoreTest, KeepsTokensForTheOwnerAlone)
 {
     QTemporaryDir folder;
-    const TokenStore store(folder.path() + "/deep/oauth2");
+    TokenStore store(folder.path() + "/deep/oauth2");
     const auto info = LoginWorld::info();
-    ASSERT_TRUE(store.save(info, someTokens()));
+    store.save(info, someTokens());
     EXPECT_EQ(modeOf(store.fileName(info)), 0600);
     EXPECT_EQ(modeOf(QFileInfo(store.fileName(info)).path()), 0700);
     const TokenSet back = store.load(info);
@@ -77,5 +77,31 @@ TEST(TokenStoreTest, ADamagedFileCountsAsLoggedOut)
         file.close();
         LoginWorld world(folder.path());
         EXPECT_EQ(world.log, (QStringList{"token ", "logged out"})) << text.toStdString();
+        const bool isObject = text.startsWith("{\"");
+        EXPECT_EQ(QFile::exists(file.fileName() + ".unreadable"), !isObject);
+        world.send("logout"); // no part of a token stays
+        EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList());
+    }
+}
+
+TEST(TokenStoreTest, ReadsWhatHadNoVersionAndLeavesALaterOneAlone)
+{
+    QByteArray text = R"({VERSION"accessToken":"A","clientId":"CLIENT","lifetimeMs":3600000,)"
+                      R"("obtainedAtMs":1700000000000,"refreshToken":"R","tokenUrl":"URL"})";
+    const auto info = LoginWorld::info();
+    text.replace("CLIENT", info.clientId().toUtf8()).replace("URL", info.tokenUrl().toUtf8());
+    for (const char* version : {"", R"("version":1,)", R"("version":2,)"}) {
+        QTemporaryDir folder;
+        QFile file(folder.path() + "/tidal.json");
+        const QByteArray content = QByteArray(text).replace("VERSION", version);
+        ASSERT_TRUE(file.open(QIODevice::ReadWrite) && file.write(content) > 0 && file.flush());
+        TokenStore store(folder.path());
+        const bool isLater = QByteArray(version).contains('2');
+        EXPECT_EQ(store.load(info).refresh.reveal(), isLater ? "" : "R");
+        store.save(info, someTokens());
+        store.remove(info);
+        EXPECT_EQ(file.exists(), isLater);
+        file.seek(0);
+        EXPECT_EQ(file.readAll(), content); // the file that was opened is never written in place
     }
 }

@@ -44,9 +44,8 @@ CMPath below(const CMPath& path, const QString& segment)
 
 } // namespace
 
-OAuth2Service::OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes,
-                             const TokenStore& store, TokenEndpoint& endpoint, Clock& clock,
-                             QObject* parent)
+OAuth2Service::OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes, TokenStore& store,
+                             TokenEndpoint& endpoint, Clock& clock, QObject* parent)
     : QObject(parent), m_info(info), m_path(below(KeloOAuth2ServicePath(), info.serviceName())),
       m_store(store), m_clock(clock),
       m_login(endpoint, clock,
@@ -174,9 +173,7 @@ void OAuth2Service::onLoginFailed(const LoginProblem& problem)
 
 void OAuth2Service::adopt(const TokenSet& tokens)
 {
-    if (!m_store.save(m_info, tokens))
-        KELO_LOG("OAuth2", ERROR) << "The login to " << m_info.displayName()
-                                  << " is not stored and will not outlast a restart";
+    m_store.save(m_info, tokens);
     m_refresh.setTokens(m_info, tokens);
     m_login.cancel();
     publishToken(tokens.access.reveal());

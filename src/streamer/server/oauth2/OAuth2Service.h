@@ -14,7 +14,7 @@ class OAuth2Service : public QObject
     Q_OBJECT
 public:
     /// Publishes the state, logged out, before it returns; then what the store knows.
-    OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes, const TokenStore& store,
+    OAuth2Service(const KeloOAuth2ServiceInfo& info, CMNodes* nodes, TokenStore& store,
                   TokenEndpoint& endpoint, Clock& clock, QObject* parent);
 
     /// Replaces the description; a login of another client or service ends.
@@ -48,7 +48,7 @@ private:
 
     KeloOAuth2ServiceInfo m_info;
     const CMPath m_path;
-    const TokenStore& m_store;
+    TokenStore& m_store;
     Clock& m_clock;
     CMValueNode* m_stateNode = nullptr; ///< of the node tree, as the next
     CMValueNode* m_tokenNode = nullptr;

@@ -24,7 +24,7 @@ private:
     /// What is wrong with a description; empty when nothing is.
     QString fault(const KeloOAuth2ServiceInfo& info) const;
 
-    const TokenStore m_store;
+    TokenStore m_store;
     std::unique_ptr<TokenEndpoint> m_endpoint;
     std::unique_ptr<Clock> m_clock;
     CMListRowsNode* m_list; ///< of the node tree

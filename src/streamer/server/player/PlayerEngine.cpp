@@ -29,8 +29,7 @@ PlayerEngine::PlayerEngine(std::unique_ptr<AudioOutput> output, Clock& clock, Ke
 PlayerEngine::~PlayerEngine()
 {
     save();
-    if (m_isQueueUnsaved)
-        m_queueStore.save(m_queue);
+    keepQueue();
     fail(TrString::in("Player", "the player ends"));
     endChain();
     m_reader.end(CMError(TrString::in("Player", "the player ends")));

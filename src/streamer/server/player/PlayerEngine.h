@@ -139,6 +139,8 @@ private:
     QVariantList rowsOf(const QueueReader::Rows& rows, int from) const;
     /// The queue is another: follows its list and keeps it.
     void queueChanged();
+    /// Writes it. Whether there is a note on it.
+    bool keepQueue();
     /// As queueChanged(), not by the chain: looks for the next item again, unless it stays.
     void queueEdited();
     /// The queue can be as it is now again, unless somebody edits it.

@@ -23,12 +23,11 @@ CMError staleError()
 void PlayerEngine::loadQueue()
 {
     QueueStore::Kept kept = m_queueStore.load(m_clock.wallMs());
-    if (!kept.putAside.isEmpty())
-        addNote(TrString::in("Player", "the kept queue cannot be read; it was put aside as %1",
-                             {kept.putAside}));
+    if (!kept.note.isEmpty())
+        addNote(kept.note);
     if (kept.queue) {
         m_queue = std::move(*kept.queue);
-        m_queueStore.save(m_queue); // its version is given out from now on
+        keepQueue(); // its version is given out from now on
     }
     const QueueEntry& entry = m_item.entry;
     // The item is kept at once, the queue a little later.
@@ -55,8 +54,17 @@ void PlayerEngine::queueChanged()
         return;
     m_saveQueue.start(saveQueueAfterMs, [this] {
         m_isQueueUnsaved = false;
-        m_queueStore.save(m_queue);
+        if (keepQueue())
+            publish();
     });
+}
+
+bool PlayerEngine::keepQueue()
+{
+    const TrString problem = m_queueStore.save(m_queue);
+    if (!problem.isEmpty())
+        addNote(problem);
+    return !problem.isEmpty();
 }
 
 void PlayerEngine::queueEdited()

@@ -1,18 +1,15 @@
 #include "PlayerStore.h"
-#include "KeptFile.h"
 #include <algorithm>
-#include <kelo/KeloLog.h>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
 
 namespace {
-constexpr qint64 maxFileSize = 65536;
+constexpr int version = 1;
 constexpr qint64 largestPosition = 9'999'999'999'999;
 const QString volumeKey = QStringLiteral("volume");
 const QString positionKey = QStringLiteral("positionMs");
 const QString durationKey = QStringLiteral("durationMs");
-const QString versionKey = QStringLiteral("version");
 const QString pathKey = QStringLiteral("path");
 const QString idKey = QStringLiteral("id");
 const QString listKey = QStringLiteral("list");
@@ -63,7 +60,7 @@ QByteArray headOf(const PlayerStore::Kept& kept)
 /// What follows the head: all that stays as it is while an item plays.
 QByteArray restOf(const PlayItem& item)
 {
-    QJsonObject json{{versionKey, 1}};
+    QJsonObject json{{StateFile::versionKey(), version}};
     if (item.entry.canResolve()) {
         json.insert(pathKey, item.path.toEncoded());
         for (const auto& one : texts)
@@ -79,26 +76,21 @@ QByteArray restOf(const PlayItem& item)
 } // namespace
 
 PlayerStore::PlayerStore(const QString& stateDir)
-    : m_file(stateDir.isEmpty() ? QString() : stateDir + QStringLiteral("/player.json"))
+    : m_file(stateDir.isEmpty() ? QString() : stateDir + QStringLiteral("/player.json"),
+             QStringLiteral("volume and position do not outlast a restart"), version)
 {
 }
 
-PlayerStore::Kept PlayerStore::load() const
+PlayerStore::Kept PlayerStore::load()
 {
     Kept kept;
-    if (m_file.isEmpty())
-        return kept;
-    KeptFile(m_file).removeDraft();
-    QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly))
-        return kept;
-    QJsonParseError error;
-    const QJsonObject json = QJsonDocument::fromJson(file.read(maxFileSize), &error).object();
-    if (error.error != QJsonParseError::NoError)
-        KELO_LOG("player", WARN) << m_file << " is not readable: " << error.errorString();
+    QJsonObject json;
+    const StateFile::Found found = m_file.read(&json);
     const int volume = json.value(volumeKey).toInt(kept.volume);
     if (volume >= 0 && volume <= 100)
         kept.volume = volume;
+    if (found != StateFile::Found::Content)
+        return kept;
     const auto path = [&json](const QString& key) {
         return CMPath::fromEncoded(json.value(key).toString());
     };
@@ -119,30 +111,21 @@ PlayerStore::Kept PlayerStore::load() const
 
 void PlayerStore::save(const Kept& kept)
 {
-    if (m_file.isEmpty())
+    if (!m_file.isOurs())
         return;
     const QByteArray head = headOf(kept);
     const QByteArray rest = restOf(kept.item);
     if (head == m_head && rest == m_rest)
         return;
-    if ((rest == m_rest && writeHead(head)) || writeAll(head, rest)) {
+    if ((rest == m_rest && writeHead(head)) || m_file.write(head + rest)) {
         m_head = head;
         m_rest = rest;
     }
 }
 
-bool PlayerStore::writeAll(const QByteArray& head, const QByteArray& rest) const
-{
-    QString error;
-    if (KeptFile(m_file).write(head + rest, &error))
-        return true;
-    KELO_LOG("player", ERROR) << "cannot write " << m_file << ": " << error;
-    return false;
-}
-
 bool PlayerStore::writeHead(const QByteArray& head) const
 {
-    QFile file(m_file);
+    QFile file(m_file.name());
     return file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly | QIODevice::Unbuffered) &&
            file.write(head) == head.size();
 }

@@ -1,8 +1,9 @@
 #pragma once
 #include "PlayItem.h"
+#include "StateFile.h"
 
 /// Keeps volume, queue and position in a file of the state folder over restarts. Owned by the
-/// player's engine and used on its thread alone. A file that cannot be read counts as none.
+/// player's engine and used on its thread alone.
 ///
 /// The queue is written to a new file that takes the old one's place when it is on disk. Volume and
 /// position, which change all the time, stand at the head in a fixed width and are written in
@@ -22,17 +23,16 @@ public:
     /// An empty folder keeps nothing.
     explicit PlayerStore(const QString& stateDir);
 
-    /// For the start: a draft that an end in the middle of save() left goes.
-    Kept load() const;
-    /// Writes when something has changed since the last time. A failure is logged.
+    /// For the start. Of a later version's file the volume alone.
+    Kept load();
+    /// Writes when something has changed since the last time.
     void save(const Kept& kept);
 
 private:
-    bool writeAll(const QByteArray& head, const QByteArray& rest) const;
     /// False when there is no file any more.
     bool writeHead(const QByteArray& head) const;
 
-    QString m_file;    ///< empty: nothing is kept
+    StateFile m_file;
     QByteArray m_head; ///< volume and position in the file
     QByteArray m_rest; ///< what stands behind; empty before the first write
 };

@@ -1,64 +1,69 @@
 #include "QueueStore.h"
 
-#include "KeptFile.h"
-
-#include <kelo/KeloLog.h>
 #include <QCryptographicHash>
-#include <QFile>
 #include <QJsonDocument>
 
 namespace {
+constexpr int version = 1;
 constexpr qint64 maxFileSize = 64 * 1024 * 1024;
 /// More changes than were made since the file was written, when the program ended badly.
 constexpr quint64 unwritten = 100000;
-const QString formatKey = QStringLiteral("version");
 } // namespace
 
 QueueStore::QueueStore(const QString& stateDir)
-    : m_file(stateDir.isEmpty() ? QString() : stateDir + QStringLiteral("/queue.json"))
+    : m_file(stateDir.isEmpty() ? QString() : stateDir + QStringLiteral("/queue.json"),
+             QStringLiteral("the queue does not outlast a restart"), version, maxFileSize)
 {
 }
 
-QueueStore::Kept QueueStore::load(qint64 nowMs) const
+QueueStore::Kept QueueStore::load(qint64 nowMs)
 {
     Kept kept;
-    if (m_file.isEmpty())
+    QJsonObject json;
+    const StateFile::Found found = m_file.read(&json);
+    if (found == StateFile::Found::Nothing)
         return kept;
-    KeptFile(m_file).removeDraft();
-    QFile file(m_file);
-    if (!file.open(QIODevice::ReadOnly))
-        return kept;
-    const QJsonObject json = QJsonDocument::fromJson(file.read(maxFileSize)).object();
-    if (json.value(formatKey) == 1)
+    if (found == StateFile::Found::Content) {
         kept.queue = PlayQueue::fromJson(json);
-    if (kept.queue) {
-        kept.queue->setVersion(kept.queue->version() + unwritten);
-        return kept;
+        if (kept.queue) {
+            kept.queue->setVersion(kept.queue->version() + unwritten);
+            return kept;
+        }
+        m_file.putAside(QStringLiteral("is no queue"));
     }
-    kept.putAside = m_file + QStringLiteral(".unreadable");
-    QFile::remove(kept.putAside);
-    const bool isAside = file.rename(kept.putAside);
-    KELO_LOG("player", WARN) << m_file << " is no queue, "
-                             << (isAside ? "put aside as " + kept.putAside
-                                         : "and cannot be put aside: " + file.errorString());
+    if (found == StateFile::Found::Later)
+        kept.note = TrString::in(
+            "Player", "the queue is not kept: %1 was written by a later version", {m_file.name()});
+    else if (found == StateFile::Found::Closed)
+        kept.note = notKept();
+    else
+        kept.note = TrString::in("Player", "the kept queue cannot be read; it was put aside as %1",
+                                 {m_file.asideName()});
     kept.queue.emplace();
     kept.queue->setVersion(quint64(std::max<qint64>(1, nowMs)) * 1000);
     return kept;
 }
 
-void QueueStore::save(const PlayQueue& queue)
+TrString QueueStore::save(const PlayQueue& queue)
 {
-    if (m_file.isEmpty())
-        return;
+    if (!m_file.isOurs())
+        return TrString();
     QJsonObject json = queue.toJson();
-    json.insert(formatKey, 1);
+    json.insert(StateFile::versionKey(), version);
     const QByteArray content = QJsonDocument(json).toJson(QJsonDocument::Compact);
     const QByteArray digest = QCryptographicHash::hash(content, QCryptographicHash::Sha256);
     if (digest == m_digest)
-        return;
-    QString error;
-    if (KeptFile(m_file).write(content, &error))
+        return TrString();
+    const bool wasKept = m_file.problem().isEmpty();
+    if (m_file.write(content))
         m_digest = digest;
-    else
-        KELO_LOG("player", ERROR) << "cannot write " << m_file << ": " << error;
+    if (!wasKept || m_file.problem().isEmpty())
+        return TrString();
+    return notKept();
+}
+
+TrString QueueStore::notKept() const
+{
+    return TrString::in("Player", "the queue is not kept: %1: %2",
+                        {m_file.name(), m_file.problem()});
 }

@@ -1,16 +1,17 @@
 #pragma once
 #include "PlayQueue.h"
+#include "StateFile.h"
+#include <kelo/TrString.h>
 
 /// Keeps the play queue in a file of the state folder over restarts. Owned by the player's engine
-/// and used on its thread alone. A file that is none is put aside, so that nothing is lost that
-/// somebody may want to look at.
+/// and used on its thread alone.
 class QueueStore
 {
 public:
     struct Kept
     {
         std::optional<PlayQueue> queue; ///< nothing where none is kept
-        QString putAside;               ///< name of the file that could not be read
+        TrString note;                  ///< what people should know of the file
     };
 
     /// An empty folder keeps nothing.
@@ -18,11 +19,14 @@ public:
 
     /// For the start. No version of this queue was given out before, whatever `nowMs`, the time
     /// since 1970, says.
-    Kept load(qint64 nowMs) const;
-    /// Writes when something has changed since the last time. A failure is logged.
-    void save(const PlayQueue& queue);
+    Kept load(qint64 nowMs);
+    /// Writes when something has changed since the last time. The first failure of a row is told to
+    /// people; empty when there is nothing to tell.
+    [[nodiscard]] TrString save(const PlayQueue& queue);
 
 private:
-    QString m_file;      ///< empty: nothing is kept
+    TrString notKept() const;
+
+    StateFile m_file;
     QByteArray m_digest; ///< of what is in the file; empty before the first write
 };
