@@ -1,6 +1,7 @@
 #include "client/AudioCheck.h"
 #include "client/Commands.h"
 #include "client/DisplayText.h"
+#include "client/ProblemReport.h"
 #include "client/SettingsOptions.h"
 #include "settings/StateDirectory.h"
 
@@ -8,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJsonArray>
+#include <sstream>
 #include <sys/timex.h>
 #include <unistd.h>
 
@@ -16,13 +18,14 @@ namespace cli {
 namespace {
 
 /// `kelo doctor`: looks at everything that playing needs and says what is wrong and what helps.
-/// It changes nothing.
+/// It changes nothing; told to, it writes a report to send.
 struct DoctorCommand
 {
     SettingsOptions options;
     QString stateDirectory;
+    QString bundle; ///< the file of the report; empty: none
 
-    /// ExitDone unless a check failed.
+    /// ExitDone unless a check failed, or the report could not be written.
     int run(const CommandContext& context);
 
 private:
@@ -45,26 +48,31 @@ private:
 
     void checkAudio();
     void checkClock();
-    void checkSettings();
+    void checkSettings(const LoadedSettings& loaded);
     void checkState();
     void checkStreamer(ApiClient& api);
     void add(const QString& name, Result result, const QString& detail)
     {
         m_checks.append({name, result, detail});
     }
-    void print(Terminal& terminal) const;
+    QStringList lines(const Terminal& terminal) const;
+    int writeBundle(const CommandContext& context, const LoadedSettings& loaded) const;
 
     QList<Check> m_checks;
+    QString m_audio; ///< the version of the library that plays
 };
 
 int DoctorCommand::run(const CommandContext& context)
 {
     add("versions", Good, QStringLiteral("kelo " KELO_VERSION ", Qt %1").arg(qVersion()));
+    const LoadedSettings loaded = options.load();
     checkAudio();
     checkClock();
-    checkSettings();
+    checkSettings(loaded);
     checkState();
     checkStreamer(context.api);
+    if (!bundle.isEmpty())
+        return writeBundle(context, loaded);
     bool isBad = false;
     QJsonArray checks;
     for (const Check& check : m_checks) {
@@ -75,13 +83,14 @@ int DoctorCommand::run(const CommandContext& context)
     if (context.isJson)
         context.printJson(json(QJsonObject{{"checks", checks}}));
     else
-        print(context.terminal);
+        context.terminal.lines(lines(context.terminal));
     return isBad ? ExitRefused : ExitDone;
 }
 
 void DoctorCommand::checkAudio()
 {
     const AudioCheck audio = AudioCheck::look();
+    m_audio = audio.version;
     if (audio.version.isEmpty()) {
         add("audio", Bad, "GStreamer cannot start");
         return;
@@ -111,9 +120,8 @@ void DoctorCommand::checkClock()
         add("clock", Good, text);
 }
 
-void DoctorCommand::checkSettings()
+void DoctorCommand::checkSettings(const LoadedSettings& loaded)
 {
-    const LoadedSettings loaded = options.load();
     for (const QString& problem : loaded.problems)
         add("settings", Bad, problem);
     if (loaded.problems.isEmpty())
@@ -165,19 +173,43 @@ void DoctorCommand::checkStreamer(ApiClient& api)
         add("login", Warning, "not logged in (kelo login)");
 }
 
-void DoctorCommand::print(Terminal& terminal) const
+/// The problems that the report is for are in it, so that they are no failure here.
+int DoctorCommand::writeBundle(const CommandContext& context, const LoadedSettings& loaded) const
+{
+    std::ostringstream nowhere;
+    ProblemReport report(loaded, ::stateDirectory(stateDirectory));
+    report.addVersions(m_audio);
+    report.addChecks(lines(Terminal(nowhere, nowhere, {Terminal::unlimited})));
+    report.addSettings();
+    report.addState();
+    report.addLog();
+    report.addStreamer(context.api);
+    const QString problem = report.write(bundle);
+    if (!problem.isEmpty())
+        return context.finish(ApiReply::refusal(problem));
+    if (context.isJson)
+        context.printJson(json(QJsonObject{{"bundle", bundle}}));
+    else
+        context.terminal.line(
+            QStringLiteral("wrote %1; look through it before you send it").arg(shown(bundle)));
+    return ExitDone;
+}
+
+QStringList DoctorCommand::lines(const Terminal& terminal) const
 {
     constexpr int nameWidth = 11;
     constexpr int indent = 4 + 2 + nameWidth;
+    QStringList result;
     for (const Check& check : m_checks) {
         const Look& look = looks[check.result];
         QString before =
             terminal.styled(look.shown, look.style) + "  " + check.name.leftJustified(nameWidth);
         for (const QString& line : wrapped(shown(check.detail), terminal.width() - indent)) {
-            terminal.line(before + line);
+            result.append(before + line);
             before = QString(indent, ' ');
         }
     }
+    return result;
 }
 
 } // namespace
@@ -186,10 +218,13 @@ Command doctorCommand()
 {
     const auto doctor = std::make_shared<DoctorCommand>();
     Command result("doctor", "Check what playing needs on this machine.",
-                   "kelo doctor\nkelo doctor --json");
+                   "kelo doctor\nkelo doctor --json\nkelo doctor --bundle report.txt");
     doctor->options.addTo(result);
     return result
         .option("--state-dir FOLDER", doctor->stateDirectory, "Where logins and the queue are kept")
+        .option("--bundle FILE", doctor->bundle,
+                "Write a new file to send with a problem report: versions, checks, settings, log, "
+                "without secrets")
         .asks([doctor](const CommandContext& context) { return doctor->run(context); });
 }
 
