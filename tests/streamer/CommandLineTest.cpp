@@ -177,7 +177,7 @@ TEST(RowsCommand, AtATerminalPathsGiveWayAndFewLongTitlesAreCut)
         lengths += R"({"Duration":65000},)";
     }
     answer("", rows + R"({"Title":")" + std::string(90, 'x') + R"(","Type":"Container"}]})");
-    answer("&roles=Duration", lengths + "{}]}");
+    answer("&roles=Duration%2CSummary", lengths + "{}]}");
     streamer.answer("GET /api/v1/row?path=%2Fa%3Fid%3D1", {200, R"({"row":{"Title":"Blue"}})"});
     const auto lines = [&](int width) {
         const auto run = streamer.run({"rows", "/a?id=1"}, {width, true, false});

@@ -12,14 +12,17 @@ using testing::HasSubstr;
 void addPlaylists(ScriptedStreamer& streamer)
 {
     const auto rows = [&](const std::string& path, const std::string& body) {
-        streamer.answer("GET /api/v1/rows?path=" + path + "&from=0&to=49",
-                        {200, R"({"rowsCount":3,"rows":[)" + body + "]}"});
+        const std::string call = "GET /api/v1/rows?path=" + path + "&from=0&to=49";
+        const ScriptedStreamer::Answer answer{200, R"({"rowsCount":3,"rows":[)" + body + "]}"};
+        streamer.answer(call, answer);
+        streamer.answer(call + "&roles=Type%2CPath%2CTitle%2CId%2CDescription%2CSummary%2CDuration",
+                        answer);
     };
     rows("%2Ftidal", R"({"Type":"Container","Path":"/tidal/myMusic"})");
     rows("%2Ftidal%2FmyMusic", R"({"Type":"Container","Path":"/req/created"})");
     const auto playlist = [](const std::string& id, const std::string& title) {
         return R"({"Type":"Container","Id":")" + id + R"(","Title":")" + title +
-               R"(","Description":"3 tracks","Path":"/p?id=)" + id +
+               R"(","Summary":"3 tracks","Duration":65000,"Path":"/p?id=)" + id +
                R"(","Context":{"Path":"/menu"}})";
     };
     rows("%2Freq%2Fcreated", playlist("p1", "Late evening") + ',' + playlist("p2", "Sea") + ',' +
@@ -63,7 +66,7 @@ TEST(PlaylistCommand, GoesByTitleWhereThatIsTheOnlyOne)
         EXPECT_THAT(run.err, HasSubstr(message));
     }
     for (const auto& [line, expected] : Table<const char*, const char*>{
-             {"kelo playlist show L", "titles\nLate evening\t3 tracks\n"},
+             {"kelo playlist show L", "titles\nLate evening\t3 tracks, 1:05\n"},
              {"kelo playlist show p", "titles\np1\tLate evening\np2\tSea\np3\tSea\n"}})
         EXPECT_EQ(streamer.run({"complete", "--line", line}).out, expected);
 }

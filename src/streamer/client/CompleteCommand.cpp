@@ -32,6 +32,7 @@ _kelo()
     for line in "${!COMPREPLY[@]}"; do
         if [[ ${COMP_TYPE-} == 63 && ${#COMPREPLY[@]} -gt 1 ]]; then
             COMPREPLY[line]+=${notes[line]} # only shown
+            COMPREPLY[line]=${COMPREPLY[line]:0:${COLUMNS:-80}-1}
         elif [[ $kind == titles && ${COMP_WORDS[COMP_CWORD]-} != [\'\"]* ]]; then
             printf -v "COMPREPLY[$line]" %q "${COMPREPLY[line]}"
         fi
@@ -45,13 +46,23 @@ _kelo()
 {
     local kind line
     local -a lines matches notes
+    local -i width=0
+    # What was listed last is asked for with the terminal at hand.
     lines=("${(@f)$("${(Q)words[1]/#\~/$HOME}" complete -- \
-        "${(@Q)words[1,CURRENT-1]}" "${(Q)PREFIX}" 2>/dev/null)}")
+        "${(@Q)words[1,CURRENT-1]}" "${(Q)PREFIX}" 2>/dev/null <"${TTY:-/dev/null}")}")
     kind=$lines[1]
+    matches=("${(@)lines[2,-1]%%$'\t'*}")
+    for line in "${(@)matches}"; do
+        (( ${(m)#line} > width && ${(m)#line} <= COLUMNS / 2 )) && width=${(m)#line}
+    done
     for line in "${(@)lines[2,-1]}"; do
-        matches+=("${line%%$'\t'*}")
-        [[ $line == *$'\t'?* ]] && line=${line/$'\t'/  -- }
-        notes+=("${line[1,COLUMNS-2]}")
+        if [[ $line == *$'\t'?* ]]; then
+            (( ${(m)#line%%$'\t'*} < width )) &&
+                line=${(mr:width:)line%%$'\t'*}$'\t'${line#*$'\t'}
+            line=${line/$'\t'/  -- }
+        fi
+        (( ${(m)#line} > COLUMNS - 2 )) && line=${(mr:COLUMNS-2:)line}
+        notes+=("$line")
     done
     [[ $kind == (files|folders) && $PREFIX == -*=* ]] && compset -P '*='
     case $kind in

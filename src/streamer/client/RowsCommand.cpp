@@ -29,8 +29,8 @@ struct RowsCommand
 private:
     /// Reads the page, and gives what to print of it: the document, or lines for people.
     ApiReply read(const CommandContext& context, QStringList& lines) const;
-    /// Adds the values to a page that shows settings or choices, and for a person how long tracks
-    /// last; as it was when they cannot be had.
+    /// Adds the values to a page that shows settings or choices, and for a person how long items
+    /// last and what playlists say of themselves; as it was when they cannot be had.
     QJsonObject withMore(const CommandContext& context, QJsonObject page) const;
     int follow(const CommandContext& context) const;
 };
@@ -81,15 +81,18 @@ ApiReply RowsCommand::read(const CommandContext& context, QStringList& lines) co
 QJsonObject RowsCommand::withMore(const CommandContext& context, QJsonObject page) const
 {
     QVector<QJsonObject> rows = rowsIn(page);
-    const auto isTrack = [](const QJsonObject& row) { return textIn(row, "Type") == "Audio"; };
-    const QString role =
-        std::any_of(rows.begin(), rows.end(), &RowsTable::hasValue) ? "Value"
-        : context.terminal.isInteractive() && std::any_of(rows.begin(), rows.end(), isTrack)
-            ? "Duration"
-            : "";
-    if (!roles.isEmpty() || role.isEmpty())
+    const auto isItem = [](const QJsonObject& row) {
+        return textIn(row, "Type") == "Audio" || !textIn(row, "Id").isEmpty();
+    };
+    QStringList more;
+    if (std::any_of(rows.begin(), rows.end(), &RowsTable::hasValue))
+        more.append("Value");
+    if (context.terminal.isInteractive() && std::any_of(rows.begin(), rows.end(), isItem))
+        more << "Duration"
+             << "Summary";
+    if (!roles.isEmpty() || more.isEmpty())
         return page;
-    const ApiReply reply = context.api.rows(path, from, to, role);
+    const ApiReply reply = context.api.rows(path, from, to, more.join(','));
     const QVector<QJsonObject> values = rowsIn(reply.document);
     const QString version = "rowsVersion";
     if (!reply.isDone() || values.size() != rows.size() ||
@@ -97,7 +100,8 @@ QJsonObject RowsCommand::withMore(const CommandContext& context, QJsonObject pag
         return page;
     QJsonArray filled;
     for (int i = 0; i < rows.size(); ++i) {
-        rows[i].insert(role, values.at(i).value(role));
+        for (const QString& role : qAsConst(more))
+            rows[i].insert(role, values.at(i).value(role));
         filled.append(rows.at(i));
     }
     page.insert("rows", filled);

@@ -26,12 +26,15 @@ bool isQueued(const QJsonObject& row)
     return row.value("Queued").toBool();
 }
 
-/// The description, or else the value if it is a text, a number or a truth.
+/// The description, what a playlist says of itself, or else the value if it is a text, a number or
+/// a truth.
 QString secondText(const QJsonObject& row)
 {
-    const QString description = roleText(row, "Description");
-    if (!description.isEmpty())
-        return description;
+    for (const char* role : {"Description", "Summary"}) {
+        const QString text = roleText(row, role);
+        if (!text.isEmpty())
+            return text;
+    }
     QJsonValue value = row.value("Value");
     if (value.isObject()) {
         const QJsonObject typed = value.toObject();
@@ -40,11 +43,11 @@ QString secondText(const QJsonObject& row)
     return value.isObject() || value.isArray() || value.isNull() ? QString() : valueText(value);
 }
 
-/// How long a track lasts.
+/// How long an item lasts.
 QString length(const QJsonObject& row)
 {
     const qint64 duration = row.value("Duration").toVariant().toLongLong();
-    return duration > 0 && textIn(row, "Type") == "Audio" ? clockTime(duration) : QString();
+    return duration > 0 ? clockTime(duration) : QString();
 }
 
 /// A track's title ends with its first artist, who stands beside it in a table.

@@ -11,8 +11,20 @@ namespace {
 using Candidates = Completion::Candidates;
 
 constexpr int rowsPerList = 50;
+const char* const playlistRoles = "Type,Path,Title,Id,Description,Summary,Duration";
 /// Lists that a search through the upper levels reads at most.
 constexpr int mostLists = 12;
+
+/// What tells a playlist from the next, beside its title.
+QString describe(const QJsonObject& row)
+{
+    QStringList parts{shown(textIn(row, "Description")), shown(textIn(row, "Summary"))};
+    const qint64 duration = row.value("Duration").toVariant().toLongLong();
+    if (duration > 0)
+        parts.append(clockTime(duration));
+    parts.removeAll({});
+    return parts.join(", ");
+}
 
 Candidates rowsOf(ApiClient& api, const QString& list)
 {
@@ -77,7 +89,9 @@ Completion::Candidates playlistNames(const QString& server, const QString& prefi
 {
     ApiClient api(server);
     TreeWalk walk(api);
-    const QJsonObject page = walk.page(walk.ownPlaylists());
+    const QString list = walk.ownPlaylists();
+    const QJsonObject page =
+        walk.isDone() ? api.rows(list, 0, rowsPerList - 1, playlistRoles).document : QJsonObject();
     Listing titles;
     titles.add(page);
     Candidates result;
@@ -88,7 +102,7 @@ Completion::Candidates playlistNames(const QString& server, const QString& prefi
             continue;
         const bool isUnique = titles.called(textIn(row, "Title")).size() == 1;
         if (isUnique)
-            result.append({title, shown(textIn(row, "Description"))});
+            result.append({title, describe(row)});
         if (!isUnique || (!prefix.isEmpty() && !title.startsWith(prefix)))
             result.append({id, title});
     }
