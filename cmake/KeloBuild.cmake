@@ -19,7 +19,11 @@ if(KELO_CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${KELO_CCACHE}")
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Werror)
+add_compile_options(-Wall -Wextra -Wpedantic $<$<BOOL:${KELO_WERROR}>:-Werror>)
+# The same sources make the same bytes in any folder.
+add_compile_options("-ffile-prefix-map=${CMAKE_BINARY_DIR}=build" "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+set(KELO_RCC_OPTIONS -format-version 1) # without the files' times
 # Qt's words "signals", "slots" and "emit" stay free for other libraries' headers.
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_DEPRECATED_WARNINGS)
 if(KELO_TEST_BUILD)
