@@ -1,5 +1,6 @@
 #include "Streamer.h"
 
+#include "Demo.h"
 #include "KeptFile.h"
 #include "mpris/MprisService.h"
 #include "mpris/SessionBus.h"
@@ -14,7 +15,6 @@
 #include <kelo/CMRoot.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloTidalConstants.h>
-#include <kelosim/SimServer.h>
 #include <mutex>
 #include <QFileInfo>
 
@@ -111,17 +111,10 @@ bool Streamer::startDemo(QString* error)
 {
     if (!m_options.isDemo)
         return true;
-    kelosim::SimOptions options;
-    options.approvals = 1; // a newcomer sees music at once; later logins are a person's to approve
-    options.faults = {"device-code interval=1 expires=300"}; // the start waits for the login
-    m_demo = std::make_unique<kelosim::SimServer>(options);
-    std::string fault;
-    if (!m_demo->start(&fault)) {
-        *error = QStringLiteral("cannot start the simulated service: %1")
-                     .arg(QString::fromStdString(fault));
+    m_demo = std::make_unique<Demo>();
+    const QString base = m_demo->start(error);
+    if (base.isEmpty())
         return false;
-    }
-    const QString base = QString::fromStdString(m_demo->baseUrl());
     TidalSettings& settings = m_settings.tidal;
     settings.apiUrl = base + QStringLiteral("/v1");
     settings.imageUrl = base + QStringLiteral("/images/");

@@ -6,13 +6,11 @@
 #include <kelo/CMWorkerThread.h>
 #include <memory>
 
+class Demo;
 class MprisService;
 class Player;
 class TreeLogin;
 class WebServer;
-namespace kelosim {
-class SimServer;
-}
 
 /// The assembled streamer: settings, login, player, module and web API, started in that order and
 /// stopped in the opposite one. Owned by serve, used on its thread. It reads no command line.
@@ -43,7 +41,7 @@ private:
     Settings m_settings;
     QString m_stateFolder; ///< a demo has one of its own
     QString m_moduleFile;
-    std::unique_ptr<kelosim::SimServer> m_demo; ///< the simulated service; null without a demo
+    std::unique_ptr<Demo> m_demo; ///< the simulated service; null without a demo
     CMWorkerThread m_settingsThread;
     CMWorkerThread m_oauth2Thread;
     std::unique_ptr<Player> m_player;
