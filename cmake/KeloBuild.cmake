@@ -38,6 +38,7 @@ if(KELO_SANITIZE)
     add_link_options(-fsanitize=${KELO_SANITIZE})
 endif()
 
+include(KeloTexts)
 find_package(Qt5 5.15 REQUIRED COMPONENTS Core)
 find_package(PkgConfig REQUIRED)
 find_package(Threads REQUIRED)
