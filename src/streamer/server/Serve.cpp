@@ -18,7 +18,7 @@ constexpr int exitFailed = 1;
 
 int failed(const QString& error)
 {
-    std::cerr << "kelo: " << error.toStdString() << std::endl;
+    std::cerr << (isErrorTheJournal() ? "<3>kelo: " : "kelo: ") << error.toStdString() << std::endl;
     return exitFailed;
 }
 
@@ -47,6 +47,8 @@ int keloServe(const ServeOptions& options, const Settings& settings)
     std::cout << "listening on " << streamer.address().toStdString() << std::endl;
     KELO_LOG("Serve", INFO) << "Listening on " << streamer.address();
     tellServiceManager("READY=1");
+    Watchdog watchdog([&streamer] { return streamer.loops(); });
+    watchdog.start();
 
     QCoreApplication::exec();
     KELO_LOG("Serve", INFO) << "Stopping";

@@ -12,8 +12,10 @@
 
 #include <cmath>
 #include <future>
+#include <kelo/CMAbstractWorker.h>
 #include <kelo/CMRoot.h>
 #include <kelo/KeloLog.h>
+#include <kelo/KeloPost.h>
 #include <kelo/KeloTidalConstants.h>
 #include <mutex>
 #include <QFileInfo>
@@ -96,6 +98,17 @@ QString Streamer::address() const
     return QStringLiteral("http://%1:%2")
         .arg(isV6 ? '[' + host + ']' : host)
         .arg(m_web ? m_web->port() : 0);
+}
+
+std::vector<Watchdog::Loop> Streamer::loops() const
+{
+    std::vector<Watchdog::Loop> loops{m_web->runner(), [this](std::function<void()> function) {
+                                          m_player->callLater(std::move(function));
+                                      }};
+    for (CMAbstractWorker* worker : CMRoot().workers())
+        loops.push_back(
+            [worker](std::function<void()> function) { keloPost(worker, std::move(function)); });
+    return loops;
 }
 
 /// Without one it serves all the same: each file that cannot be written is told of.

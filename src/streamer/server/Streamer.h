@@ -2,6 +2,7 @@
 #include "ModuleLoader.h"
 #include "settings/ServeOptions.h"
 #include "settings/Settings.h"
+#include "Watchdog.h"
 
 #include <kelo/CMWorkerThread.h>
 #include <memory>
@@ -25,6 +26,8 @@ public:
     void stop();
     /// Where clients reach it: "http://ADDR:PORT".
     QString address() const;
+    /// The event loops of all threads that serve. Between start() and stop().
+    std::vector<Watchdog::Loop> loops() const;
 
 private:
     /// Runs the simulated service and points all addresses of the settings at it.

@@ -66,6 +66,11 @@ bool Player::post(std::function<void(PlayerEngine&)> function)
     return true;
 }
 
+void Player::callLater(std::function<void()> function)
+{
+    post([function = std::move(function)](PlayerEngine&) { function(); });
+}
+
 void Player::publish(const PlayerStatus& status)
 {
     {

@@ -37,6 +37,9 @@ public:
     /// twice.
     void stop();
 
+    /// Runs a function on the player's thread, in a later turn; not when the player is stopped.
+    void callLater(std::function<void()> function);
+
     PlayerStatus status() const override;
     CMReply<QVariant> command(const QString& name, const QVariantHash& arguments) override;
     quint64 addListener(Listener listener) override;

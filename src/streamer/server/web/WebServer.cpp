@@ -225,6 +225,11 @@ int WebServer::port() const
     return d->m_server.port();
 }
 
+std::function<void(std::function<void()>)> WebServer::runner() const
+{
+    return d->m_server.runner();
+}
+
 void WebServer::stop()
 {
     d->m_hub.stop();

@@ -1,4 +1,5 @@
 #pragma once
+#include <functional>
 #include <memory>
 #include <QString>
 #include <QStringList>
@@ -32,6 +33,8 @@ public:
     bool start(QString* error);
     /// The port that it listens on.
     int port() const;
+    /// Runs functions on its threads, in later turns. After start().
+    std::function<void(std::function<void()>)> runner() const;
     /// All calls that it answers as "METHOD PATH", the page's files left out.
     std::vector<std::string> routes() const;
     /// Ends open event streams and waiting calls, then the threads. Takes less than a second.
