@@ -927,5 +927,9 @@
         <source>Logged in as %1</source>
         <translation>Angemeldet als %1</translation>
     </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>%1 in den ersten %2 von %3</translation>
+    </message>
 </context>
 </TS>

@@ -927,5 +927,9 @@
         <source>Logged in as %1</source>
         <translation>Connecté en tant que %1</translation>
     </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>%1 parmi les %2 premiers sur %3</translation>
+    </message>
 </context>
 </TS>

@@ -927,5 +927,9 @@
         <source>Logged in as %1</source>
         <translation>%1 としてログイン中</translation>
     </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>最初の %2 / %3 件中 %1 件</translation>
+    </message>
 </context>
 </TS>

@@ -927,5 +927,9 @@
         <source>Logged in as %1</source>
         <translation>Logget inn som %1</translation>
     </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>%1 i de første %2 av %3</translation>
+    </message>
 </context>
 </TS>

@@ -10,7 +10,7 @@ import { VirtualList } from "./list.js";
 import { openMenu } from "./menu.js";
 import { pictureButton, PlaceView } from "./place.js";
 import { playback } from "./playback.js";
-import { albumOf, artistOf } from "./rowtext.js";
+import { albumOf, artistOf, subtitleOf } from "./rowtext.js";
 import { Selection } from "./select.js";
 import { lengthText, t } from "./text.js";
 
@@ -39,13 +39,13 @@ export class BrowseView extends PlaceView {
     super(path, state, scroller);
     this.#place = state.place;
     const { source } = this;
-    this.#filter = new RowFilter(source, () => this.showRows());
+    this.#filter = new RowFilter(source, () => this.#showList());
     this.#list = new VirtualList(
       scroller,
       this.item.title || t("Rows"),
       (index, kind) => this.#make(index, kind),
       (index) => [this.#row(index), this.item.subtitle, this.#filter.at(index)],
-      (from, to) => source.need(this.#filter.at(from) ?? 0, this.#filter.at(to) ?? 0),
+      (from, to) => this.#filter.need(from, to),
     );
     const { element } = this.#list;
     element.addEventListener("current", (event) => this.tellRow(this.#row(event.detail)));
@@ -61,6 +61,7 @@ export class BrowseView extends PlaceView {
 
   close() {
     super.close();
+    this.#filter.close();
     this.#list.close();
     this.#selection.close();
   }
@@ -71,7 +72,7 @@ export class BrowseView extends PlaceView {
   }
 
   #row(index) {
-    return this.source.row(this.#filter.at(index));
+    return this.#filter.row(index);
   }
 
   get place() {
@@ -92,10 +93,14 @@ export class BrowseView extends PlaceView {
     this.#kind = isAlbum ? "tracks" : pictures > rows.length * pictureShare ? "grid" : "rows";
     if (!this.#list.element.isConnected) fill(this.body, this.#list.element);
     this.#filter.update();
-    this.#selection.update((number) => source.row(number));
-    this.#list.update(this.#kind, this.#filter.count);
+    this.#showList();
     this.#restorePlace();
     this.dispatchEvent(new Event("loaded"));
+  }
+
+  #showList() {
+    this.#selection.update((number) => this.#filter.rowOf(number));
+    this.#list.update(this.#kind, this.#filter.count, this.source.rows.some(subtitleOf));
   }
 
   #restorePlace() {

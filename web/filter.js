@@ -1,10 +1,18 @@
-// A filter for the rows of a list: which of them have a text.
+// A filter for the rows of a list: which of them have a text. It looks through the whole list, page by page,
+// also where that is longer than what is kept of it.
 
+import { pageSize } from "./api.js";
+import { isIdle } from "./entries.js";
 import { el } from "./dom.js";
 import { subtitleOf, titleOf } from "./rowtext.js";
 import { t } from "./text.js";
 
 const long = 20;
+const mostKept = 60; // pages
+const mostFound = 1000;
+const typingPause = 200;
+const saidEvery = 10; // pages
+const inWords = (number) => number.toLocaleString(document.documentElement.lang);
 
 export const plain = (text) => text.normalize("NFKD").replace(/\p{M}/gu, "").toLowerCase();
 
@@ -12,19 +20,18 @@ export const plain = (text) => text.normalize("NFKD").replace(/\p{M}/gu, "").toL
 export class RowFilter {
   #input;
   #said = el("span", { class: "hint", role: "status" });
-  #numbers = null; // of the rows that are shown; null for all
+  #found = null; // the rows that are shown as [number, row]; null for all
+  #kept = new Map(); // by number the pages that were looked through
+  #run = new AbortController();
   #source;
+  #onChanged;
   element;
 
   constructor(source, onChanged) {
     this.#source = source;
-    const look = async () => {
-      // What is not read cannot be looked through.
-      if (this.#input.value) await source.need(0, source.count - 1);
-      onChanged();
-    };
+    this.#onChanged = onChanged;
     const shared = { type: "search", "aria-label": t("Filter"), placeholder: t("Filter") };
-    this.#input = el("input", { ...shared, on: { input: look } });
+    this.#input = el("input", { ...shared, on: { input: () => this.#look() } });
     this.element = el("div", { class: "filter", hidden: true }, this.#input, this.#said);
   }
 
@@ -33,24 +40,87 @@ export class RowFilter {
     this.#input.focus();
   }
 
-  /** Looks through the rows as they are now. */
+  close() {
+    this.#run.abort();
+  }
+
+  /** The list's rows may be other ones: looks through them again. */
   update() {
-    const { count } = this.#source;
-    const wanted = plain(this.#input.value.trim());
-    if (count > long) this.element.hidden = false;
-    const has = (row) => row && plain(`${titleOf(row)} ${subtitleOf(row)}`).includes(wanted);
-    const all = wanted ? Array.from({ length: count }, (none, index) => index) : null;
-    this.#numbers = all && all.filter((index) => has(this.#source.row(index)));
-    this.#said.textContent = all ? t("%1 of %2", this.count, count) : "";
+    if (this.#source.count > long) this.element.hidden = false;
+    this.#kept.clear();
+    if (this.#found) this.#look(this.#found);
   }
 
   /** How many rows are shown. */
   get count() {
-    return this.#numbers?.length ?? this.#source.count;
+    return this.#found?.length ?? this.#source.count;
   }
 
   /** The number that a shown row has in the list. */
   at(index) {
-    return this.#numbers ? this.#numbers[index] : index;
+    return this.#found ? this.#found[index]?.[0] : index;
+  }
+
+  /** A shown row; undefined while it is not read. */
+  row(index) {
+    return this.#found ? this.#found[index]?.[1] : this.#source.row(index);
+  }
+
+  /** The row with a number in the list; undefined while it is not known, null where there is none. */
+  rowOf(number) {
+    if (number >= this.#source.count) return null;
+    return this.#source.row(number) ?? this.#found?.find(([one]) => one === number)?.[1];
+  }
+
+  /** Has the rows read that are shown from one to another. */
+  need(from, to) {
+    if (!this.#found) this.#source.need(from, to);
+  }
+
+  // What was found `before` stays until all has been looked through.
+  async #look(before = null) {
+    this.#run.abort();
+    const { signal } = (this.#run = new AbortController());
+    const wanted = plain(this.#input.value.trim());
+    if (!wanted) {
+      this.#kept.clear();
+      this.#said.textContent = "";
+      return this.#show(null);
+    }
+    const has = (row) => plain(`${titleOf(row)} ${subtitleOf(row)}`).includes(wanted);
+    const found = [];
+    let { count } = this.#source;
+    try {
+      for (let page = 0; page * pageSize < count && found.length < mostFound; ++page) {
+        const rows = this.#kept.get(page) ?? (await this.#read(page, signal));
+        if (signal.aborted) return undefined;
+        rows.forEach((row, at) => has(row) && found.push([page * pageSize + at, row]));
+        ({ count } = this.#source);
+        const looked = Math.min(count, (page + 1) * pageSize);
+        const isAll = looked >= count;
+        const said = [found.length, looked, count].map(inWords);
+        const isEnd = isAll || found.length >= mostFound;
+        const text = isAll ? t("%1 of %2", said[0], said[2]) : t("%1 in the first %2 of %3", ...said);
+        if (isEnd || page % saidEvery === 0) this.#said.textContent = text;
+        if (isEnd || !before) this.#show(found);
+      }
+    } catch (error) {
+      if (!signal.aborted) this.#said.textContent = error.message;
+    }
+    return undefined;
+  }
+
+  async #read(page, signal) {
+    // Who types on wants other rows.
+    if (!this.#kept.size) await new Promise((resolve) => setTimeout(resolve, typingPause));
+    if (signal.aborted) return [];
+    const rows = (await this.#source.readPage(page, signal)).rows.filter((row) => !isIdle(row));
+    if (this.#kept.size < mostKept) this.#kept.set(page, rows);
+    return rows;
+  }
+
+  #show(found) {
+    this.#found = found;
+    this.#onChanged();
   }
 }

@@ -18,6 +18,7 @@ export class VirtualList {
   #columns = 1;
   #height = 64;
   #kind = "rows";
+  #hasLines = true;
   #make;
   #content;
   #onRange;
@@ -48,9 +49,13 @@ export class VirtualList {
     return this.#current;
   }
 
-  /** New figures or new items; of what is in sight, the items that are other ones are made anew. */
-  update(kind, count) {
+  /**
+   * New figures or new items; of what is in sight, the items that are other ones are made anew. Below the
+   * titles of a grid stand lines, or none do.
+   */
+  update(kind, count, hasLines = true) {
     this.#kind = kind;
+    this.#hasLines = hasLines;
     this.#count = count;
     this.#current = Math.max(0, Math.min(this.#current, count - 1));
     const focused = document.activeElement;
@@ -80,7 +85,7 @@ export class VirtualList {
     this.element.classList.toggle("grid", this.#kind === "grid");
     if (this.#kind === "grid") {
       this.#columns = Math.max(2, Math.floor(width / 203));
-      this.#height = Math.floor(width / this.#columns) + 80;
+      this.#height = Math.floor(width / this.#columns) + (this.#hasLines ? 80 : 60);
     } else {
       this.#columns = 1;
       this.#height = heights[this.#kind];

@@ -87,6 +87,14 @@ journey("a list of five thousand rows", {}, async (person) => {
   await person.until(async () => (await person.focused()).startsWith("Row 0,"), "Home leads to the first row");
   await page.keyboard.press("End");
   await person.until(async () => (await person.focused()).startsWith(`Row ${count - 1},`), "End leads to the last row");
+
+  // The filter looks through all of it, and knows the rows by their numbers.
+  await page.keyboard.press("f");
+  await page.keyboard.type("row 432");
+  await view.getByRole("status").filter({ hasText: "11 of 5,000" }).waitFor();
+  const found = person.list("Tracks").getByRole("button", { name: "Row 4321," });
+  const [play] = await Promise.all([page.waitForRequest(/player\/play$/), found.click()]);
+  assert.equal(play.postDataJSON().index, 4321);
 });
 
 journey("the keyboard alone", {}, async (person) => {
