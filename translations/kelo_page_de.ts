@@ -931,5 +931,21 @@
         <source>%1 in the first %2 of %3</source>
         <translation>%1 in den ersten %2 von %3</translation>
     </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Zu den Favoriten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>Aus den Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 zu den Favoriten hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 aus den Favoriten entfernt</translation>
+    </message>
 </context>
 </TS>

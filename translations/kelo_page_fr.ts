@@ -931,5 +931,21 @@
         <source>%1 in the first %2 of %3</source>
         <translation>%1 parmi les %2 premiers sur %3</translation>
     </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Ajouter aux favoris</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 ajoutés aux favoris</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 retirés des favoris</translation>
+    </message>
 </context>
 </TS>

@@ -931,5 +931,21 @@
         <source>%1 in the first %2 of %3</source>
         <translation>最初の %2 / %3 件中 %1 件</translation>
     </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>お気に入りに追加</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>お気に入りから削除</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 件をお気に入りに追加しました</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 件をお気に入りから削除しました</translation>
+    </message>
 </context>
 </TS>

@@ -931,5 +931,21 @@
         <source>%1 in the first %2 of %3</source>
         <translation>%1 i de første %2 av %3</translation>
     </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Legg til i favoritter</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>Fjern fra favoritter</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 lagt til i favoritter</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 fjernet fra favoritter</translation>
+    </message>
 </context>
 </TS>

@@ -11,7 +11,7 @@ const isOfPlaylist = ({ parameters }) => parameters.get("type") === "Playlists";
 const isForSeveral = true;
 
 const known = [
-  [/\/favorites$/, () => ({ icon: "heart" })],
+  [/\/favorites$/, () => ({ icon: "heart", isForSeveral })],
   [/\/addToPlaylists\//, () => ({ title: t("Add to playlist…"), icon: "plus", isForSeveral })],
   [/\/addToPlaylists$/, (at, row) => ({ done: t("Added to “%1”", row.Title), isForSeveral })],
   [/\/createPlaylist$/, () => ({ title: t("New playlist…"), icon: "plus" })],

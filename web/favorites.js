@@ -130,24 +130,52 @@ export function heartOfPlaying(signal) {
 
 async function toggle(subject) {
   await need(subject.type);
-  return favor(subject, !isOn(subject));
+  return favor([subject], !isOn(subject));
 }
 
-async function favor(subject, isWanted) {
-  note(subject, isWanted);
-  const confirmed = told(subject);
-  try {
-    await setFavorite(subject.action, isWanted);
-  } catch (error) {
-    note(subject, !isWanted);
-    return toastError(error);
+/** What can be done with several rows as one: {title, icon, run}; null where not all of them can be favourites. */
+export async function favorSeveral(rows) {
+  const subjects = rows.map(aboutRow);
+  if (!subjects.every(Boolean)) return null;
+  for (const { type } of subjects) await need(type);
+  const others = subjects.filter((one) => !isOn(one));
+  if (!others.length)
+    return { title: t("Remove from favorites"), icon: "heart-full", run: () => favor(subjects, false) };
+  return { title: t("Add to favorites"), icon: "heart", run: () => favor(others, true) };
+}
+
+function favoredText(count, isWanted) {
+  if (count === 1) return isWanted ? t("Added to favorites") : t("Removed from favorites");
+  return isWanted ? t("%1 added to favorites", count) : t("%1 removed from favorites", count);
+}
+
+async function favor(subjects, isWanted) {
+  for (const subject of subjects) note(subject, isWanted);
+  const done = [];
+  let failed = null;
+  for (const subject of subjects) {
+    const confirmed = told(subject);
+    try {
+      if (!failed) await setFavorite(subject.action, isWanted);
+    } catch (error) {
+      failed = error;
+    }
+    if (failed) note(subject, !isWanted);
+    else done.push([subject, confirmed]);
   }
-  const undo = { title: t("Undo"), run: () => favor(subject, !isWanted) };
-  toast(isWanted ? t("Added to favorites") : t("Removed from favorites"), undo);
+  if (failed) toastError(failed);
+  if (!done.length) return;
+  const changed = done.map(([subject]) => subject);
+  const undo = { title: t("Undo"), run: () => favor(changed, !isWanted) };
+  toast(favoredText(changed.length, isWanted), undo);
   // The service's refusal is answered like a success: nothing is told then.
-  if ((await confirmed) || !live.isConnected || isOn(subject) !== isWanted) return undefined;
-  note(subject, !isWanted);
-  return toastError(t("The service has refused this."));
+  let isRefused = false;
+  for (const [subject, confirmed] of done) {
+    if ((await confirmed) || !live.isConnected || isOn(subject) !== isWanted) continue;
+    note(subject, !isWanted);
+    isRefused = true;
+  }
+  if (isRefused) toastError(t("The service has refused this."));
 }
 
 /** Whether the stream tells of the edit, before long. */

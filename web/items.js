@@ -5,7 +5,7 @@ import { boxOf, cover, el, icon, iconButton, madeFrom } from "./dom.js";
 import { heart } from "./favorites.js";
 import { menuOfRow } from "./entries.js";
 import { kindOf } from "./kinds.js";
-import { artistLinks, trackLinks } from "./links.js";
+import { albumLink, artistLinks, trackLinks } from "./links.js";
 import { go, onPlainClick } from "./nav.js";
 import { linkTo, loginPath } from "./path.js";
 import { playback } from "./playback.js";
@@ -73,10 +73,12 @@ function pictureOf(row, kind, index) {
   return glyph ? el("span", { class: "glyph" }, icon(glyph)) : null;
 }
 
-// The line below the title, with links to what it names; on an album's page only what is not its own.
+// The line below the title, with links to what it names; on the page of an album or an artist only what is not
+// its own.
 function lineOf(row, kind, { artist = "" }) {
-  const isOwn = kind === "tracks" && `${artist}, `.startsWith(`${artistOf(row)}, `);
-  if (isOwn) return [];
+  const isOwn = Boolean(artist) && `${artist}, `.startsWith(`${artistOf(row)}, `);
+  if (isOwn && kind === "tracks") return [];
+  if (isOwn && row.Type === "Audio" && kind === "rows") return [albumLink(row)];
   if (row.Type === "Audio") return trackLinks(row, kind !== "tracks");
   if (row.ArtistPaths?.length) return artistLinks(row.ArtistPaths);
   const value = isChoice(row) || isField(row) || row.Type === "Text" ? valueText(row) : "";
@@ -113,12 +115,13 @@ export function item(row, kind, list, index, page = {}) {
   }
   if (hasMenu(row)) {
     const pick = () => element.dispatchEvent(new Event("pick", { bubbles: true }));
-    const canPick = () => element.closest("[data-selectable]");
+    const canPick = () => Boolean(row.Id && row.Context?.Path && element.closest("[data-selectable]"));
     const show = (rectangle) => openMenu(row, rectangle, canPick() && pick);
+    const hold = (rectangle) => (canPick() ? pick() : show(rectangle));
     const properties = { class: "icon-button more", "aria-haspopup": "dialog" };
     const more = t("Menu of %1", titleOf(row));
     element.append(iconButton("more", more, (event) => show(boxOf(event)), properties));
-    listenForMenu(element, show);
+    listenForMenu(element, show, hold);
   }
   return madeFrom(element, row);
 }
@@ -130,29 +133,28 @@ export function valueText(row) {
   return value === undefined || value === null || typeof value === "object" ? "" : String(value);
 }
 
-// Right click, the menu key and Shift+F10 come as "contextmenu"; a long press does not everywhere.
-function listenForMenu(element, show) {
+// Right click, the menu key and Shift+F10 come as "contextmenu", and so does a long press, but not everywhere.
+function listenForMenu(element, show, hold) {
   let timer = 0;
-  let wasLong = false;
   const end = () => clearTimeout(timer);
   const at = (x, y) => new DOMRect(x, y, 0, 0);
+  const holdAt = (x, y) => {
+    element.isHeld = true;
+    hold(at(x, y));
+  };
   element.addEventListener("contextmenu", (event) => {
     event.preventDefault();
     end();
-    if (wasLong) return;
-    wasLong = event.pointerType === "touch";
-    const isKey = event.clientX === 0 && event.clientY === 0;
-    show(isKey ? element.getBoundingClientRect() : at(event.clientX, event.clientY));
+    if (element.isHeld) return undefined;
+    const { clientX, clientY } = event;
+    if (event.pointerType === "touch") return holdAt(clientX, clientY);
+    const isKey = clientX === 0 && clientY === 0;
+    return show(isKey ? element.getBoundingClientRect() : at(clientX, clientY));
   });
   element.addEventListener("pointerdown", (event) => {
     end();
-    wasLong = false;
-    if (event.pointerType !== "touch") return;
-    const { clientX, clientY } = event;
-    timer = setTimeout(() => {
-      wasLong = true;
-      show(at(clientX, clientY));
-    }, longPress);
+    element.isHeld = false;
+    if (event.pointerType === "touch") timer = setTimeout(holdAt, longPress, event.clientX, event.clientY);
   });
   for (const type of ["pointerup", "pointercancel", "pointerleave"]) element.addEventListener(type, end);
   element.addEventListener("pointermove", (event) => {
@@ -160,8 +162,8 @@ function listenForMenu(element, show) {
   });
   // The click that ends a long press is none.
   const swallow = (event) => {
-    if (!wasLong) return;
-    wasLong = false;
+    if (!element.isHeld) return;
+    element.isHeld = false;
     event.preventDefault();
     event.stopPropagation();
   };

@@ -5,6 +5,7 @@ import { getRows, setValue } from "./api.js";
 import { busy, Dialog, problem, textPage } from "./dialog.js";
 import { cover, el, fill, icon, madeFrom } from "./dom.js";
 import { choicesOf, entryForEach, entryOf, inOrder, isUseful } from "./entries.js";
+import { favorSeveral } from "./favorites.js";
 import { formPage } from "./form.js";
 import { live } from "./live.js";
 import { currentPath, currentState, go } from "./nav.js";
@@ -207,6 +208,7 @@ function treeItems(context, row, source) {
     if (top.length && context.several) return top;
     return [...top, menuItem(title, { ...shared, mark: icon("forward") }, open)];
   }
+  if (context.several && saysWhatItDoes(row)) return [favorItem(context)];
   if (row.Type === "Action") {
     row.done = done;
     const item = menuItem(title, shared, (button) => act(context, row, button));
@@ -221,6 +223,19 @@ function treeItems(context, row, source) {
     return [item];
   }
   return [el("p", { class: "menu-text", text: row.Title })];
+}
+
+// Stands there as soon as it is known what it does for all of them.
+function favorItem({ dialog, several }) {
+  const place = el("div", { role: "presentation", hidden: true });
+  favorSeveral(several).then((entry) => {
+    if (!entry) return;
+    const run = () => (dialog.close(true), entry.run());
+    fill(place, ownItem({ ...entry, run }));
+    place.hidden = false;
+    dialog.place();
+  });
+  return place;
 }
 
 // The form that moves a track, filled in for the place that is wanted most.

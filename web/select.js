@@ -1,4 +1,4 @@
-// Several rows of a list at once: with Shift or Ctrl, or by their menu on a phone.
+// Several rows of a list at once: with Shift or Ctrl, on a phone by a long press, or by the menu of a row.
 
 import { player } from "./api.js";
 import { boxOf, button, el, icon, iconButton } from "./dom.js";
@@ -22,11 +22,12 @@ export class Selection {
     this.numberOf = numberOf;
     const add = (at) => () => this.#enqueue(at);
     const more = (event) => openMenuOfSeveral(this.rows, boxOf(event)).then((done) => done && this.clear());
+    const one = (name, words, run) => button([icon(name), el("span", {}, words)], run, "small");
     this.#bar.append(
       this.#said,
-      button(t("Play next"), add("next"), "small"),
-      button(t("Add to queue"), add("end"), "small"),
-      button([icon("more"), t("More")], more, "small"),
+      one("play-next", t("Play next"), add("next")),
+      one("queue", t("Add to queue"), add("end")),
+      one("more", t("More"), more),
       iconButton("close", t("Select nothing"), () => this.clear()),
     );
     this.#bar.hidden = true;
@@ -52,9 +53,12 @@ export class Selection {
     this.#show();
   }
 
-  /** Forgets rows that are other ones by now. */
+  /** Forgets rows that are other ones by now; of a number `row` gives undefined while it is not known, or null. */
   update(row) {
-    for (const [number, { Path }] of this.#rows) if (row(number)?.Path !== Path) this.#rows.delete(number);
+    for (const [number, { Path }] of this.#rows) {
+      const now = row(number);
+      if (now !== undefined && now?.Path !== Path) this.#rows.delete(number);
+    }
     this.#show();
   }
 
@@ -77,7 +81,7 @@ export class Selection {
 
   #click(event) {
     const item = event.target.closest("li[data-index]");
-    if (!item || event.target.closest(".more, .heart")) return;
+    if (!item || item.isHeld || event.target.closest(".more, .heart")) return;
     const index = Number(item.dataset.index);
     const isOne = this.#rows.size > 0 || ((event.ctrlKey || event.metaKey) && !event.target.closest("a"));
     if (!event.shiftKey && !isOne) return void (this.#last = index);

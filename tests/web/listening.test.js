@@ -172,21 +172,47 @@ journey("what plays next is put in order", {}, async (person) => {
   }
 });
 
-journey("a menu by a long press", { width: 390, height: 844, hasTouch: true, isMobile: true }, async (person) => {
-  const { page } = person;
-  await person.visit("/tidal/req/featured/new/tracks");
-  const [title] = await person.titles("Just In");
-  const box = await person.row(title).first().boundingBox();
+journey("a long press selects a row where it can, else opens its menu", { width: 390, height: 844, hasTouch: true, isMobile: true }, async (person) => {
+  const { page, streamer, view } = person;
+  const [tracks, favorites] = ["/tidal/req/featured/new/tracks", "/tidal/myMusic/req/favorites/users/tracks"];
+  const { rows, rowsCount } = await streamer.rows(favorites, 999);
+  const isFree = ({ Id, Disabled }) => !Disabled && rows.every((row) => row.Id !== Id);
+  const free = (await streamer.rows(tracks)).rows.flatMap((row, index) => (isFree(row) ? [index] : []));
+  await person.visit(tracks);
+  await person.titles("Just In");
   const finger = await page.context().newCDPSession(page);
-  const [x, y] = [box.x + 80, box.y + box.height / 2];
-  await finger.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: [{ x, y }] });
-  await page.getByRole("dialog", { name: title }).getByRole("menuitem", { name: "Add to playlist…" }).waitFor();
-  await finger.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [] });
-  await page.getByRole("dialog", { name: title }).getByRole("button", { name: "Close" }).tap();
-  await person.noDialog();
-  assert.equal((await person.streamer.call("player")).state, "stopped", "a long press plays nothing");
-  await person.row(title).first().getByRole("button").first().tap();
+  const hold = async (item, seen) => {
+    const { x, y } = await item.boundingBox();
+    await finger.send("Input.dispatchTouchEvent", { type: "touchStart", touchPoints: [{ x: x + 80, y: y + 20 }] });
+    await seen.waitFor();
+    await finger.send("Input.dispatchTouchEvent", { type: "touchEnd", touchPoints: [] });
+  };
+  const item = (index) => view.locator(`li[data-index="${index}"]`);
+  const bar = page.getByRole("toolbar", { name: "Selected rows" });
+  await hold(item(free[0]), bar.getByText("1 selected"));
+  await item(free[1]).tap();
+  await bar.getByText("2 selected").waitFor();
+  assert.equal((await streamer.call("player")).state, "stopped", "that plays nothing");
+  const count = (number) => person.until(async () => (await streamer.rows(favorites, 0)).rowsCount === number, `${number} favorites`);
+  await bar.getByRole("button", { name: "More" }).tap();
+  await person.choose("Add to favorites");
+  await bar.waitFor({ state: "hidden" });
+  await count(rowsCount + 2);
+  const said = page.getByRole("status").filter({ hasText: "2 added to favorites" });
+  await said.getByRole("button", { name: "Undo" }).tap();
+  await count(rowsCount);
+  await item(free[0]).getByRole("button", { name: "Menu of" }).tap();
+  await person.choose("Select");
+  await bar.getByText("1 selected").waitFor();
+  await bar.getByRole("button", { name: "Select nothing" }).tap();
+  await item(free[0]).getByRole("button").first().tap();
   await person.player.getByRole("button", { name: "Pause" }).waitFor();
+
+  await person.visit("/tidal");
+  const cover = person.list("Favorite albums").getByRole("listitem").first();
+  await cover.getByRole("link").first().waitFor();
+  await hold(cover, person.dialog.getByRole("menuitem", { name: "Play next" }));
+  await person.heading("Home");
 });
 
 journey("a favourite is one in every window, until it is taken back", {}, async (person) => {
