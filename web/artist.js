@@ -15,6 +15,7 @@ const topTracks = 5;
 export class ArtistView extends ShelfView {
   #bio = el("div", { class: "bio", hidden: true });
   #shown = "";
+  #lists = [];
 
   constructor(path, state, scroller) {
     super(path, state, scroller);
@@ -37,17 +38,18 @@ export class ArtistView extends ShelfView {
   showRows() {
     const { rows } = this.source;
     const paths = rows.map((row) => row.Path).join();
-    if (paths === this.#shown && this.#bio.isConnected) return;
+    if (paths === this.#shown && this.#bio.isConnected) return this.#lists.forEach((one) => one.refresh());
     this.#shown = paths;
     const lists = rows.filter((row) => row.Type === "Container" && artistPart(row.Path) !== "radio");
-    this.put(lists.map((row) => this.#shelf(row)), this.#bio);
+    this.#lists = lists.map((row) => this.#shelf(row));
+    this.put(this.#lists, this.#bio);
     const bio = rows.find((row) => artistPart(row.Path) === "bio");
-    if (bio) this.#readBio(bio);
+    return bio && this.#readBio(bio);
   }
 
   #shelf(row) {
     const isTracks = artistPart(row.Path) === "toptracks";
-    const rows = isTracks ? { kind: "rows", most: topTracks } : {};
+    const rows = isTracks ? { kind: "rows", most: topTracks, page: () => ({ artist: this.item.title }) } : {};
     return new Shelf(row.Title, { path: row.Path, ...rows });
   }
 
@@ -61,6 +63,7 @@ export class ArtistView extends ShelfView {
     fill(this.#bio, words, more);
     this.#bio.hidden = false;
     more.hidden = words.scrollHeight <= words.clientHeight + 2;
+    words.classList.toggle("cut", !more.hidden);
   }
 
   #openBio(title, text) {

@@ -18,6 +18,12 @@ function follow(show, signal) {
   show();
 }
 
+// A track's length is what the service says of it, whole seconds, unless what came is another one.
+function lengthOf(durationMs) {
+  const said = played.row?.Duration;
+  return Math.abs(said - durationMs) < 1500 ? said : Math.round(durationMs / 1000) * 1000;
+}
+
 /** A slider for the place in the item; it follows the player until the signal. */
 export function seekBar(signal) {
   const input = slider({ max: "1", step: "1000", value: "0", class: "seek", "aria-label": t("Position") });
@@ -32,8 +38,8 @@ export function seekBar(signal) {
     if (!isHeld) input.value = String(position);
     input.style.setProperty("--share", `${durationMs ? (100 * position) / durationMs : 0}%`);
     now.textContent = playback.isActive ? clock(position) : "";
-    whole.textContent = durationMs ? clock(durationMs) : "";
-    input.setAttribute("aria-valuetext", t("%1 of %2", clock(position), clock(durationMs)));
+    whole.textContent = durationMs ? clock(lengthOf(durationMs)) : "";
+    input.setAttribute("aria-valuetext", t("%1 of %2", clock(position), clock(lengthOf(durationMs))));
   };
   input.addEventListener("input", () => ((isHeld = true), show()));
   input.addEventListener("change", async () => {

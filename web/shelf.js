@@ -25,9 +25,13 @@ export class Shelf extends EventTarget {
   #shown = "";
   #end = new AbortController();
 
-  /** Holds `most` rows of a path; without a path those that show() is given. */
-  constructor(title, { path = "", kind = "grid", most = 16 } = {}) {
+  /**
+   * Holds `most` rows of a path; without a path those that show() is given. `page` gives what stands above them,
+   * as item() takes it.
+   */
+  constructor(title, { path = "", kind = "grid", most = 16, page = () => ({}) } = {}) {
     super();
+    this.page = page;
     this.path = path;
     this.kind = kind;
     this.most = most;
@@ -69,6 +73,11 @@ export class Shelf extends EventTarget {
     this.#show();
   }
 
+  /** What stands above the rows is known by now, or is another thing. */
+  refresh() {
+    this.#show();
+  }
+
   /** Reads its rows. */
   read() {
     this.source = new PlaceRows(this.path, () => this.#update());
@@ -90,7 +99,8 @@ export class Shelf extends EventTarget {
   #show() {
     const { path, list } = playback.state;
     const isHere = this.#rows.some((row) => [path, list].includes(row.Path));
-    const key = JSON.stringify([this.#rows, isHere && [path, playback.isPlaying]]);
+    const page = this.page();
+    const key = JSON.stringify([this.#rows, page, isHere && [path, playback.isPlaying]]);
     if (key === this.#shown || !this.#rows.length) return;
     this.#shown = key;
     const at = [...this.#list.children].indexOf(document.activeElement.closest("li"));
@@ -100,7 +110,7 @@ export class Shelf extends EventTarget {
     fill(this.#all, t("All %1", count), icon("forward"));
     fill(
       this.#list,
-      this.#rows.map((row, index) => item(row, this.kind, this.path, index)),
+      this.#rows.map((row, index) => item(row, this.kind, this.path, index, page)),
     );
     this.#list.scrollLeft = scrollLeft;
     this.element.classList.toggle("fits", this.#list.scrollWidth <= this.#list.clientWidth);

@@ -63,6 +63,7 @@ journey("from a track to its artist, its album, and on", {}, async (person) => {
   await person.heading(artist.Title);
   await person.list("Top tracks").getByRole("button", { name: /^Menu of/ }).nth(4).waitFor();
   assert.equal(await person.list("Top tracks").getByRole("listitem").count(), 5);
+  await person.until(async () => !(await person.list("Top tracks").textContent()).includes(artist.Title), "whose tracks they are is said once");
   await view.locator(".hero-row img.loaded").waitFor();
   await person.button("Read more").click();
   assert.ok((await person.dialog.textContent()).length > 100, "the biography can be read");
