@@ -24,7 +24,8 @@ int showVolume(const CommandContext& context, const ApiReply& reply)
         const int before = context.state.volumeBefore(context.api.server());
         const int now = reply.document.value("volume").toInt(-1);
         const QString text = StatusView(context.terminal, reply.document).named("volume");
-        const QString muted = QStringLiteral(" (muted, was %1 %)").arg(before);
+        const QString was = QStringLiteral("muted, was %1 %").arg(before);
+        const QString muted = context.terminal.hasWidth() ? " (" + was + ')' : '\t' + was;
         context.terminal.line(now < 0 ? QStringLiteral("done")
                                       : text + (now == 0 && before > 0 ? muted : QString()));
     });
