@@ -110,13 +110,18 @@ QJsonObject TreeWalk::data(const QString& path, const QString& language)
 }
 
 /// Menus, choosers and forms are containers of their own type, which no list of items has. The
-/// menu of a node without parameters stands in its data.
+/// menu of a node without parameters stands in its data. Not every row with parameters has data.
 QString TreeWalk::menuOf(const QString& path)
 {
+    if (!isDone())
+        return {};
+    const bool isItem = path.contains('?');
     QJsonObject roles = data(path);
+    if (m_reply.outcome == ApiReply::Outcome::Refused && isItem)
+        m_reply.outcome = ApiReply::Outcome::Done;
     if (textIn(roles, "ContainerType") == "List")
         return path;
-    if (path.contains('?')) {
+    if (isItem) {
         const Query query{{"path", path}};
         roles = objectIn(take([&] { return m_api.get("row", query); }), "row");
     }
