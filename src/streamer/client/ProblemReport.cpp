@@ -8,7 +8,6 @@
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
-#include <gnu/libc-version.h>
 #include <link.h>
 #include <memory>
 #include <QDateTime>
@@ -41,6 +40,17 @@ QStringList loadedLibraries()
         &names);
     names.sort();
     return names;
+}
+
+QString libraryOfC()
+{
+#ifdef _CS_GNU_LIBC_VERSION
+    char version[64] = "";
+    confstr(_CS_GNU_LIBC_VERSION, version, sizeof version);
+    return QString::fromLatin1(version);
+#else
+    return QStringLiteral("a C library that does not say its version");
+#endif
 }
 
 /// The last lines of \p text.
@@ -126,7 +136,7 @@ void ProblemReport::addVersions(const QString& audio)
         "kelo " KELO_VERSION,
         QStringLiteral("Qt %1, built with " QT_VERSION_STR).arg(qVersion()),
         audio,
-        QStringLiteral("C library %1").arg(gnu_get_libc_version()),
+        libraryOfC(),
         QSysInfo::prettyProductName(),
         QStringLiteral("%1 %2").arg(QSysInfo::kernelType(), QSysInfo::kernelVersion()),
         QStringLiteral("%1, built for %2")
