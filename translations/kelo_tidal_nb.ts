@@ -226,6 +226,13 @@
     </message>
 </context>
 <context>
+    <name>Modules</name>
+    <message>
+        <source>Modules</source>
+        <translation>Moduler</translation>
+    </message>
+</context>
+<context>
     <name>OAuth2Worker::OAuth2Worker(const QString&amp;, std::unique_ptr&lt;TokenEndpoint&gt;, std::unique_ptr&lt;Clock&gt;)</name>
     <message>
         <source>Logins</source>

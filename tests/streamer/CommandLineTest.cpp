@@ -304,23 +304,26 @@ TEST(ServeCommand, HandsOptionsAndSettingsOver)
     QStringList served;
     const auto run = [&](std::vector<std::string> arguments) {
         err.str({});
-        cli::CommandLine commandLine(
-            {out,
-             err,
-             {},
-             [&](const ServeOptions& options, const Settings& settings) {
-                 served = QStringList{
-                     options.stateDirectory, options.moduleFile, settings.server.listen.toString(),
-                     settings.player.output, settings.log.level, options.isDemo ? "demo" : ""};
-                 return 7;
-             },
-             nullptr});
+        cli::CommandLine commandLine({out,
+                                      err,
+                                      {},
+                                      [&](const ServeOptions& options, const Settings& settings) {
+                                          served = QStringList{options.stateDirectory,
+                                                               options.moduleFiles.join(' '),
+                                                               settings.server.listen.toString(),
+                                                               settings.player.output,
+                                                               settings.log.level,
+                                                               options.isDemo ? "demo" : ""};
+                                          return 7;
+                                      },
+                                      nullptr});
         return commandLine.run(std::move(arguments));
     };
     EXPECT_EQ(run({"serve", "--demo", "--listen", "127.0.0.1:0", "--output", "null", "--log-level",
-                   "warn", "--module", "/m.so", "--state-dir", "/s", "-o", "log.level=debug"}),
+                   "warn", "--module", "/m.so", "--module", "n.so", "--state-dir", "/s", "-o",
+                   "log.level=debug"}),
               7);
-    EXPECT_EQ(served, (QStringList{"/s", "/m.so", "127.0.0.1:0", "null", "warn", "demo"}));
+    EXPECT_EQ(served, (QStringList{"/s", "/m.so n.so", "127.0.0.1:0", "null", "warn", "demo"}));
     EXPECT_EQ(run({"serve", "--listen", "here"}), 2);
     EXPECT_THAT(err.str(), HasSubstr("--listen: server.listen: wanted ADDR:PORT"));
 }

@@ -25,8 +25,10 @@ TEST(DoctorCommand, FailsOnWhatKeepsItFromPlaying)
     EXPECT_THAT(good.out, HasSubstr("warn  ready "));
     EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
     streamer.answer("GET /readyz",
-                    {200, R"({"status":"ready","waiting":{"for":"service","text":"for it"}})"});
-    EXPECT_THAT(streamer.run({"doctor"}).out, HasSubstr("warn  ready      for it"));
+                    {200, R"({"status":"ready","problems":["no x"],"waiting":{"text":"for it"}})"});
+    const std::string late = streamer.run({"doctor"}).out;
+    EXPECT_THAT(late, HasSubstr("warn  ready      for it"));
+    EXPECT_THAT(late, HasSubstr("FAIL  module     no x"));
 
     QFile file(folder.filePath("file"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)); // nothing can be made below a file

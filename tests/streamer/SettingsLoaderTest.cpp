@@ -92,6 +92,8 @@ TEST_F(SettingsLoaderTest, NamesFileLineKeyAndWhatWasWanted)
              {"[tidal]\nuse_post_paywall = 1", ":2: tidal.use_post_paywall: ", "true or false"},
              {"[tidal.oauth2]\nscope = 2024-01-01", ":2: tidal.oauth2.scope: ", "type date"},
              {"[tidal.oauth2]\nclient_secret_file = \"none\"", ":2: ", "cannot read"},
+             {"[module]\nradio = 1", ":1: module.radio: ", "wanted a section [module.radio]"},
+             {"[module.a]\nb = 1\nprefix = \"/x/y\"", ":3: module.a.prefix: ", "such as /a, got"},
              {"[log]\nlevel = ", ":2: ", "not TOML"}}) {
         const QString file = write("wrong.toml", content);
         const LoadedSettings loaded = load(file);
@@ -132,6 +134,22 @@ TEST_F(SettingsLoaderTest, PrefersCommandLineToFileToDefault)
     EXPECT_EQ(named.settings.log.level, "info");
     EXPECT_EQ(load(m_folder.filePath("gone.toml")).problems.size(), 1);
     EXPECT_EQ(load(m_folder.path()).problems.size(), 1);
+}
+
+TEST_F(SettingsLoaderTest, ModulesHaveSectionsOfTheirOwn)
+{
+    const QString file =
+        write("m.toml", "[modules]\nfiles = [\"a/b.so\", \"/c.so\"]\n[module.b]\nprefix = \"/x\"\n"
+                        "rate = 2\nnames = [\"n\"]\n[module.b.deep]\non = true\n");
+    const LoadedSettings loaded = load(file, {"module.b.rate=3", "module.c.name=d"});
+    ASSERT_EQ(loaded.problems, QStringList());
+    const ModuleSettings& modules = loaded.settings.modules;
+    EXPECT_EQ(modules.files, (QStringList{m_folder.filePath("a/b.so"), "/c.so"}));
+    const QVariantHash deep{{"on", true}};
+    EXPECT_EQ(modules.sections["b"],
+              (QVariantHash{
+                  {"prefix", "/x"}, {"rate", "3"}, {"names", QVariantList{"n"}}, {"deep", deep}}));
+    EXPECT_EQ(modules.sections["c"], (QVariantHash{{"name", "d"}}));
 }
 
 TEST_F(SettingsLoaderTest, TakesTheClientSecretFromTheFirstPlaceThatHasOne)

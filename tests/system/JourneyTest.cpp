@@ -207,9 +207,13 @@ TEST(JourneyTest, aServeThatCannotServeSaysWhy)
     for (const auto& [settings, arguments, status, said] :
          Table<const char*, QStringList, int, const char*>{
              {"[server]\nlistn = \"x\"\n", {}, 2, "listn"},
-             {"", {"--module", "/nowhere/libx.so"}, 1, "there is no such file"},
-             {"", {"--module", KELO_OPENAPI}, 1, "it is no shared library"},
-             {"", {"--module", noModule}, 1, "it has no symbol \"kelo_module_interface\""}}) {
+             {"", {"--module", "/nowhere/libx.so"}, 2, "there is no such file"},
+             {"", {"--module", KELO_OPENAPI}, 2, "it is no shared library"},
+             {"[deadlines]\nmodule_s = 0.1\n[module.shelf]\nhow = \"hangs\"\n",
+              {"--module", KELO_SHELF},
+              2,
+              "has not returned within 0.1 s"},
+             {"", {"--module", noModule}, 2, "it has no symbol \"kelo_module_interface\""}}) {
         Streamer streamer;
         EXPECT_FALSE(streamer.start(settings, arguments)) << said;
         EXPECT_EQ(streamer.stop(), status) << said;

@@ -164,6 +164,9 @@ void DoctorCommand::checkStreamer(ApiClient& api)
         add("ready", Warning, ready.message);
     else if (!waiting.isEmpty())
         add("ready", Warning, waiting.value("text").toString());
+    const QJsonArray problems = ready.document.value("problems").toArray();
+    for (const QJsonValue& problem : problems)
+        add("module", Bad, problem.toString());
     const ApiReply login = api.get("login");
     if (!login.isDone())
         add("login", Bad, login.message);

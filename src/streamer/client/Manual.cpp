@@ -63,7 +63,7 @@ void addCommand(ManualText& page, const Command& command, const QString& words,
 const Tagged exitStatuses{
     {"0", "Done."},
     {"1", "The streamer answered with an error; its message is printed."},
-    {"2", "Wrong usage, or wrong settings."},
+    {"2", "Wrong usage or settings; of `serve` also that no module can be served."},
     {"3", "No streamer is reachable, or it broke off."},
 };
 
@@ -167,13 +167,20 @@ QString settingsManual(const QString& date)
             QStringLiteral("Wanted: %1. Default: `%2`").arg(key.wanted, QString::fromUtf8(value)));
         page.end();
     }
+    page.subheading("[module.NAME]");
+    page.paragraph("The settings of one module, NAME being that of its file, `libNAME.so` or "
+                   "`libkelo_cb_NAME.so`. `prefix` is the path below which it stands, `/NAME` "
+                   "where it is not given; what else is here is handed to the module. The module "
+                   "tidal stands at `/tidal`, and its settings are those above.");
     addTagged(page, "Files",
               {{"$XDG_CONFIG_HOME/kelo/kelo.toml",
                 "The user's; `~/.config` where the variable is not set."},
                {"/etc/kelo/kelo.toml", "The machine's."}});
     page.heading("Examples");
     page.lines({"[server]", "listen = \"127.0.0.1:8095\"", "[tidal.oauth2]", "client_id = \"...\"",
-                "client_secret_file = \"client_secret\""});
+                "client_secret_file = \"client_secret\"", "[modules]",
+                "files = [\"/usr/lib/kelo/libkelo_cb_tidal.so\", \"libradio.so\"]",
+                "[module.radio]", "prefix = \"/waves\"", "station = \"...\""});
     page.heading("See also");
     page.paragraph("`kelo`(1)");
     return page.text();

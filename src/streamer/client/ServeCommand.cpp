@@ -40,7 +40,8 @@ Command serveCommand(std::function<int(const ServeOptions&, const Settings&)> se
     result
         .option("--state-dir FOLDER", command->options.stateDirectory,
                 "Where logins and the queue are kept")
-        .option("--module FILE", command->options.moduleFile, "The service module to load");
+        .option("--module FILE", command->options.moduleFiles,
+                "A module to serve, instead of those installed");
     settings.add(result, "--output SINK", "player.output", "auto, null or a GStreamer sink");
     settings.add(result, "--log-level LEVEL", "log.level", "trace, debug, info, warn or error");
     return result.runs([command, serve = std::move(serve)](Terminal& terminal) {

@@ -1,14 +1,27 @@
 #include "library/RuntimeLibrary.h"
 
 #include <dlfcn.h>
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
+
+namespace {
+
+/// The folder above the program's. The commands have no QCoreApplication to ask.
+QString folderAbove()
+{
+    return QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath() + QStringLiteral("/../");
+}
+
+} // namespace
+
+QString RuntimeLibrary::moduleFolder()
+{
+    return QDir::cleanPath(folderAbove() + QStringLiteral(KELO_INSTALL_LIBDIR "/kelo"));
+}
 
 QString RuntimeLibrary::installedFile(const QString& name)
 {
-    // The commands have no QCoreApplication to ask.
-    const QString program = QFileInfo(QStringLiteral("/proc/self/exe")).canonicalPath();
-    const QString above = program + QStringLiteral("/../");
+    const QString above = folderAbove();
     const QString folders[] = {QStringLiteral("lib/"), QStringLiteral(KELO_INSTALL_LIBDIR "/"),
                                QStringLiteral(KELO_INSTALL_LIBDIR "/kelo/")};
     for (const QString& folder : folders) {

@@ -10,6 +10,9 @@ public:
     /// an installation.
     static QString installedFile(const QString& name);
 
+    /// The folder that modules are installed in, which need not be there.
+    static QString moduleFolder();
+
     /// Loads a file. When that fails, `reason` is part of a sentence.
     explicit RuntimeLibrary(const QString& file);
 

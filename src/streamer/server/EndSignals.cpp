@@ -42,6 +42,14 @@ EndSignals::~EndSignals()
     ::close(m_fd);
 }
 
+bool EndSignals::isPending()
+{
+    sigset_t signalSet;
+    sigemptyset(&signalSet);
+    sigpending(&signalSet);
+    return sigismember(&signalSet, SIGTERM) == 1 || sigismember(&signalSet, SIGINT) == 1;
+}
+
 void EndSignals::limitStopTime()
 {
     try {

@@ -3,23 +3,37 @@
 #include "EndSignals.h"
 #include "FreeMemory.h"
 #include "LogSetup.h"
+#include "modules/ModuleApplication.h"
 #include "ServiceManager.h"
 #include "Streamer.h"
 
+#include <cstdlib>
 #include <iostream>
 #include <kelo/KeloLog.h>
-#include <QCoreApplication>
 #include <system_error>
 
 namespace {
 
-constexpr int exitDone = 0;
 constexpr int exitFailed = 1;
+constexpr int exitUsage = 2; ///< starting it again does not help
 
-int failed(const QString& error)
+int failed(const QString& error, int status = exitFailed)
 {
-    std::cerr << (isErrorTheJournal() ? "<3>kelo: " : "kelo: ") << error.toStdString() << std::endl;
-    return exitFailed;
+    const QStringList lines = error.split(QLatin1Char('\n'));
+    for (const QString& line : lines)
+        std::cerr << (isErrorTheJournal() ? "<3>kelo: " : "kelo: ") << line.toStdString()
+                  << std::endl;
+    return status;
+}
+
+/// A thread that is left behind must not meet the end of what it uses.
+int ended(const Streamer& streamer, int status)
+{
+    if (streamer.isThreadLeftBehind()) {
+        std::cout.flush();
+        std::_Exit(status);
+    }
+    return status;
 }
 
 } // namespace
@@ -30,16 +44,17 @@ int keloServe(const ServeOptions& options, const Settings& settings)
     static char* arguments[] = {name, nullptr};
     static int count = 1;
     QString error;
-    QCoreApplication application(count, arguments);
+    ModuleApplication application(count, arguments);
     const FreeMemory freeMemory;
     EndSignals endSignals([] { QCoreApplication::quit(); });
     if (!setUpLog(settings.log, &error))
         return failed(error);
 
-    Streamer streamer(options, settings);
+    Streamer streamer(options, settings, [] { QCoreApplication::exit(exitUsage); });
     try {
         if (!streamer.start(&error))
-            return failed(error);
+            return ended(streamer,
+                         failed(error, streamer.isWithoutModule() ? exitUsage : exitFailed));
     } catch (const std::system_error& fault) {
         return failed(QStringLiteral("cannot start a thread: ") +
                       QString::fromLocal8Bit(fault.what()));
@@ -50,10 +65,10 @@ int keloServe(const ServeOptions& options, const Settings& settings)
     Watchdog watchdog([&streamer] { return streamer.loops(); });
     watchdog.start();
 
-    QCoreApplication::exec();
+    const int status = QCoreApplication::exec();
     KELO_LOG("Serve", INFO) << "Stopping";
     tellServiceManager("STOPPING=1");
     EndSignals::limitStopTime();
     streamer.stop();
-    return exitDone;
+    return ended(streamer, status);
 }

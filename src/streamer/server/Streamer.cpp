@@ -1,6 +1,7 @@
 #include "Streamer.h"
 
 #include "Demo.h"
+#include "EndSignals.h"
 #include "KeptFile.h"
 #include "mpris/MprisService.h"
 #include "mpris/SessionBus.h"
@@ -31,12 +32,12 @@ std::chrono::milliseconds fromSeconds(double seconds)
 
 } // namespace
 
-Streamer::Streamer(const ServeOptions& options, const Settings& settings)
+Streamer::Streamer(const ServeOptions& options, const Settings& settings,
+                   std::function<void()> onNoneLeft)
     : m_options(options), m_settings(settings),
       m_stateFolder(options.isDemo ? options.stateDirectory + QStringLiteral("/demo")
                                    : options.stateDirectory),
-      m_moduleFile(options.moduleFile.isEmpty() ? ModuleLoader::installedFile()
-                                                : options.moduleFile)
+      m_modules(std::move(onNoneLeft))
 {
 }
 
@@ -49,7 +50,7 @@ bool Streamer::start(QString* error)
 {
     makeStateFolder();
     const bool isStarted = startDemo(error) && startWorkers(error) && startPlayer(error) &&
-                           startModule(error) && startWeb(error);
+                           startModules(error) && startWeb(error);
     if (!isStarted) {
         stop();
         return false;
@@ -83,7 +84,7 @@ void Streamer::stop()
     if (m_web)
         m_web->stop();
     m_web.reset();
-    m_module.stop();
+    m_modules.stop();
     m_login.reset();
     m_player.reset();
     m_oauth2Thread.stop();
@@ -166,10 +167,20 @@ bool Streamer::startPlayer(QString* error)
     return m_player->start(error);
 }
 
-bool Streamer::startModule(QString* error)
+bool Streamer::startModules(QString* error)
 {
-    const QVariantHash settings{{QStringLiteral("prefix"), '/' + KeloService_Tidal_Id()}};
-    if (!m_module.start(m_moduleFile, settings, error))
+    QStringList files = m_options.moduleFiles;
+    if (files.isEmpty())
+        files = m_settings.modules.files;
+    if (files.isEmpty())
+        files = ModuleChoice::installedFiles();
+    std::vector<ModuleChoice> choices;
+    for (const QString& file : qAsConst(files))
+        choices.push_back(ModuleChoice::ofFile(file, m_settings.modules));
+    const auto limit = fromSeconds(m_settings.deadlines.moduleSeconds);
+    const auto isWanted = [] { return !EndSignals::isPending(); };
+    m_isWithoutModule = !m_modules.start(choices, limit, isWanted, error);
+    if (m_isWithoutModule)
         return false;
     // Watches are told in their order: a client that hears of a login asks after the module knows.
     m_login = std::make_unique<TreeLogin>(KeloTidalName(), KeloTidalSubscriptionPath());
@@ -181,7 +192,7 @@ bool Streamer::startWeb(QString* error)
     WebServerOptions options;
     options.address = m_settings.server.listen.host;
     options.port = m_settings.server.listen.port;
-    options.moduleFile = m_moduleFile;
+    options.modules = [this] { return m_modules.states(); };
     options.hostNames = m_settings.server.hostNames;
     options.imageUrl = m_settings.tidal.imageUrl;
     options.webDirectory = m_settings.server.webDirectory;

@@ -1,5 +1,5 @@
 #pragma once
-#include "ModuleLoader.h"
+#include "modules/Modules.h"
 #include "settings/ServeOptions.h"
 #include "settings/Settings.h"
 #include "Watchdog.h"
@@ -18,12 +18,18 @@ class WebServer;
 class Streamer
 {
 public:
-    Streamer(const ServeOptions& options, const Settings& settings);
+    /// `onNoneLeft` is called when the last module has failed.
+    Streamer(const ServeOptions& options, const Settings& settings,
+             std::function<void()> onNoneLeft);
     ~Streamer();
 
     /// False with a sentence in `error`; what was started is stopped then.
     [[nodiscard]] bool start(QString* error);
     void stop();
+    /// Whether it was started but for a module to serve.
+    bool isWithoutModule() const { return m_isWithoutModule; }
+    /// Whether a module's thread has not ended, so that the process has to end without it.
+    bool isThreadLeftBehind() const { return m_modules.isThreadLeftBehind(); }
     /// Where clients reach it: "http://ADDR:PORT".
     QString address() const;
     /// The event loops of all threads that serve. Between start() and stop().
@@ -35,7 +41,7 @@ private:
     void makeStateFolder() const;
     bool startWorkers(QString* error);
     bool startPlayer(QString* error);
-    bool startModule(QString* error);
+    bool startModules(QString* error);
     bool startWeb(QString* error);
     void startMpris();
     void logInToDemo();
@@ -43,13 +49,13 @@ private:
     const ServeOptions m_options;
     Settings m_settings;
     QString m_stateFolder; ///< a demo has one of its own
-    QString m_moduleFile;
+    bool m_isWithoutModule = false;
     std::unique_ptr<Demo> m_demo; ///< the simulated service; null without a demo
     CMWorkerThread m_settingsThread;
     CMWorkerThread m_oauth2Thread;
     std::unique_ptr<Player> m_player;
     std::unique_ptr<TreeLogin> m_login;
-    ModuleLoader m_module;
+    Modules m_modules;
     std::unique_ptr<WebServer> m_web;
     std::unique_ptr<MprisService> m_mpris; ///< null unless it is wanted
 };

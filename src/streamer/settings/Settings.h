@@ -3,8 +3,10 @@
 #include "settings/ListenAddress.h"
 #include "settings/Secret.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 
 /// What the streamer can be told, one struct per section of the settings file, with the defaults.
 /// Plain values: made once at start by loadSettings(), then only read, on any thread. They are
@@ -29,12 +31,20 @@ struct DeadlineSettings
     double rowsSeconds = 120;
     double dataSeconds = 120;
     double setSeconds = 180;
+    double moduleSeconds = 20; ///< of a module, until it stands
 };
 
 struct PlayerSettings
 {
     QString output = "auto"; ///< auto, null or a GStreamer sink description
     bool mpris = true;       ///< offered on the session bus, where there is one
+};
+
+/// The modules that are served, and what is theirs.
+struct ModuleSettings
+{
+    QStringList files;                     ///< empty: those that are installed
+    QHash<QString, QVariantHash> sections; ///< by the module's name; as they stand in the file
 };
 
 struct OAuth2Settings
@@ -70,5 +80,6 @@ struct Settings
     LogSettings log;
     DeadlineSettings deadlines;
     PlayerSettings player;
+    ModuleSettings modules;
     TidalSettings tidal;
 };

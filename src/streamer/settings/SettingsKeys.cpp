@@ -118,6 +118,14 @@ Rule<QStringList> hostNames()
             }};
 }
 
+Rule<QStringList> fileNames()
+{
+    return {Kind::TextList, "a list of files", [](const QVariant& value) {
+                const QStringList files = value.toStringList();
+                return onlyIf(!files.contains(QString()), files);
+            }};
+}
+
 Rule<Secret> secret()
 {
     return {Kind::Text, "a text", [](const QVariant& value) { return Secret(value.toString()); }};
@@ -187,10 +195,14 @@ std::vector<SettingsKey> streamerKeys()
             [](auto& s) -> auto& { return s.deadlines.dataSeconds; }, seconds()),
         key("deadlines.set_s", "The same for values that are set.",
             [](auto& s) -> auto& { return s.deadlines.setSeconds; }, seconds()),
+        key("deadlines.module_s", "How long a module may take to start.",
+            [](auto& s) -> auto& { return s.deadlines.moduleSeconds; }, seconds()),
         key("player.output", "Where the sound goes; null plays in real time to nowhere.",
             [](auto& s) -> auto& { return s.player.output; }, output),
         key("player.mpris", "Whether media keys and desktop panels may drive the player.",
             [](auto& s) -> auto& { return s.player.mpris; }, boolean()),
+        key("modules.files", "The modules that are served, instead of all that are installed.",
+            [](auto& s) -> auto& { return s.modules.files; }, fileNames()),
     };
 }
 

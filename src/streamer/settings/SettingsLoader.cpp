@@ -6,11 +6,14 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <sstream>
 #include <string_view>
 #include <toml++/toml.h>
 
 namespace {
+
+const QString moduleSections = "module";
 
 QString fromUtf8(std::string_view text)
 {
@@ -64,6 +67,32 @@ std::optional<QStringList> texts(const toml::array& list)
     return result;
 }
 
+/// What a module gets of its section: texts, numbers, truths, lists and tables of them.
+QVariant moduleValue(const toml::node& node)
+{
+    if (const auto* text = node.as_string())
+        return fromUtf8(text->get());
+    if (const auto* number = node.as_integer())
+        return static_cast<qlonglong>(number->get());
+    if (const auto* fraction = node.as_floating_point())
+        return fraction->get();
+    if (const auto* truth = node.as_boolean())
+        return truth->get();
+    if (const auto* list = node.as_array()) {
+        QVariantList values;
+        for (const toml::node& item : *list)
+            values.append(moduleValue(item));
+        return values;
+    }
+    if (const auto* table = node.as_table()) {
+        QVariantHash values;
+        for (const auto& [word, item] : *table)
+            values.insert(fromUtf8(word.str()), moduleValue(item));
+        return values;
+    }
+    return QVariant(); // dates
+}
+
 /// Gathers the values of one load. Lives on the stack of loadSettings().
 class Reading
 {
@@ -73,8 +102,17 @@ public:
     void readFile(const QString& file);
     void apply(const SettingsOverride& given);
     void findClientSecret();
+    /// Those that the settings file names stand beside it.
+    void findModules();
 
 private:
+    void readModules(const toml::node& node, const QString& where);
+    void storeOfModule(const QString& module, const QString& key, const QVariant& value,
+                       const QString& origin);
+    bool isOfFile(const QString& origin) const
+    {
+        return !m_result.file.isEmpty() && origin.startsWith(m_result.file + ':');
+    }
     void walk(const toml::table& table, const QString& section);
     void readNode(const toml::node& node, const QString& name, const QString& where);
     void store(const SettingsKey& key, const QVariant& value, const QString& origin);
@@ -123,6 +161,8 @@ void Reading::readNode(const toml::node& node, const QString& name, const QStrin
 {
     const SettingsKey* key = findSettingsKey(name);
     const bool isSection = settingsSections().contains(name);
+    if (name == moduleSections)
+        return readModules(node, where);
     if (isSection && node.is_table()) {
         walk(*node.as_table(), name);
     } else if (isSection) {
@@ -146,6 +186,47 @@ void Reading::readNode(const toml::node& node, const QString& name, const QStrin
     }
 }
 
+/// A section for each module, whose keys are the module's own.
+void Reading::readModules(const toml::node& node, const QString& where)
+{
+    const auto* table = node.as_table();
+    if (!table)
+        return problem(where, QStringLiteral("module: wanted sections [module.NAME]"));
+    for (const auto& [word, section] : *table) {
+        const QString name = fromUtf8(word.str());
+        const auto* keys = section.as_table();
+        if (!keys) {
+            problem(where, QStringLiteral("module.%1: wanted a section [module.%1]").arg(name));
+            continue;
+        }
+        m_result.settings.modules.sections[name];
+        for (const auto& [key, value] : *keys) {
+            const int line = key.source().begin.line;
+            storeOfModule(name, fromUtf8(key.str()), moduleValue(value),
+                          QStringLiteral("%1:%2").arg(m_result.file).arg(line));
+        }
+    }
+}
+
+void Reading::storeOfModule(const QString& module, const QString& key, const QVariant& value,
+                            const QString& origin)
+{
+    static const QRegularExpression prefix(QStringLiteral("\\A/[A-Za-z0-9_-]+\\z"));
+    if (key == "prefix" && !prefix.match(value.toString()).hasMatch())
+        return problem(origin, QStringLiteral("module.%1.prefix: wanted a path of one segment, "
+                                              "such as /%1, got %2")
+                                   .arg(module, described(value, false)));
+    m_result.settings.modules.sections[module].insert(key, value);
+}
+
+void Reading::findModules()
+{
+    const bool isBesideFile = isOfFile(m_result.origin("modules.files"));
+    const QDir folder = QFileInfo(m_result.file).absoluteDir();
+    for (QString& file : m_result.settings.modules.files)
+        file = isBesideFile ? folder.absoluteFilePath(file) : file;
+}
+
 void Reading::store(const SettingsKey& key, const QVariant& value, const QString& origin)
 {
     if (key.store(m_result.settings, value))
@@ -156,6 +237,12 @@ void Reading::store(const SettingsKey& key, const QVariant& value, const QString
 
 void Reading::apply(const SettingsOverride& given)
 {
+    const QString module = given.key.section('.', 1, 1);
+    const QString ofModule = given.key.section('.', 2);
+    if (given.key.section('.', 0, 0) == moduleSections && !ofModule.isEmpty()) {
+        storeOfModule(module, ofModule, given.value, given.origin);
+        return;
+    }
     const SettingsKey* key = findSettingsKey(given.key);
     if (!key) {
         problem(given.origin, unknownKey(given.key));
@@ -185,7 +272,7 @@ void Reading::findClientSecret()
     const QString fileKey = "tidal.oauth2.client_secret_file";
     if (!oauth2.clientSecretFile.isEmpty()) {
         const QString origin = m_result.origin(fileKey);
-        if (origin.startsWith(m_result.file + ':') && !m_result.file.isEmpty())
+        if (isOfFile(origin))
             oauth2.clientSecretFile =
                 QFileInfo(m_result.file).absoluteDir().absoluteFilePath(oauth2.clientSecretFile);
         readSecretFile(oauth2.clientSecretFile, origin + ": " + fileKey);
@@ -235,6 +322,7 @@ LoadedSettings loadSettings(const QString& file, const std::vector<SettingsOverr
     for (const SettingsOverride& given : overrides)
         reading.apply(given);
     reading.findClientSecret();
+    reading.findModules();
     return result;
 }
 

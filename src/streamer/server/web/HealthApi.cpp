@@ -5,7 +5,6 @@
 
 #include <kelo/CMRoot.h>
 #include <kelo/CMWorker.h>
-#include <kelo/KeloTidalConstants.h>
 #include <QJsonArray>
 
 namespace {
@@ -23,26 +22,43 @@ HttpReply HealthApi::health() const
         for (const QString& prefix : prefixes)
             workers.append(prefix);
     }
+    QJsonArray modules;
+    const auto states = this->modules();
+    for (const ModuleState& state : states) {
+        QJsonObject module{{QStringLiteral("name"), state.name},
+                           {QStringLiteral("file"), state.file},
+                           {QStringLiteral("prefix"), state.prefix}};
+        if (!state.problem.isEmpty())
+            module.insert(QStringLiteral("problem"), state.problem);
+        modules.append(module);
+    }
     return HttpReply::json(QJsonObject{{QStringLiteral("status"), QStringLiteral("ok")},
-                                       {QStringLiteral("module"), m_moduleFile},
+                                       {QStringLiteral("module"), states.value(0).file},
+                                       {QStringLiteral("modules"), modules},
                                        {QStringLiteral("workers"), workers}});
 }
 
 HttpReply HealthApi::readiness(const TextCatalogue& texts) const
 {
-    bool hasModule = false;
     const auto all = CMRoot().workers();
     for (CMAbstractWorker* worker : all) {
-        hasModule = hasModule || worker->prefixes().contains('/' + KeloService_Tidal_Id());
         auto* service = qobject_cast<CMWorker*>(worker);
         if (service && !service->ping().waitForFinished(longestPingMs)) {
             return HttpReply::problem(
                 503, QStringLiteral("the worker of %1 does not answer").arg(service->serviceId()));
         }
     }
-    if (!hasModule)
+    const auto states = modules();
+    QJsonArray problems;
+    for (const ModuleState& state : states) {
+        if (!state.problem.isEmpty())
+            problems.append(state.problem);
+    }
+    if (problems.size() == states.size())
         return HttpReply::problem(503, QStringLiteral("no module is loaded"));
     QJsonObject state{{QStringLiteral("status"), QStringLiteral("ready")}};
+    if (!problems.isEmpty())
+        state.insert(QStringLiteral("problems"), problems);
     if (const LateAnswer late = LateAnswer::now(); late.isSet()) {
         state.insert(QStringLiteral("waiting"),
                      QJsonObject{{QStringLiteral("for"), late.from},

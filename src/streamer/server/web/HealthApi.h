@@ -1,5 +1,8 @@
 #pragma once
 #include "HttpReply.h"
+#include "modules/ModuleState.h"
+
+#include <functional>
 
 class TextCatalogue;
 
@@ -7,14 +10,19 @@ class TextCatalogue;
 class HealthApi
 {
 public:
-    explicit HealthApi(const QString& moduleFile) : m_moduleFile(moduleFile) {}
+    using Modules = std::function<QList<ModuleState>()>;
 
-    /// The process lives and answers; which workers and module it runs.
+    explicit HealthApi(const Modules& modules) : m_modules(modules) {}
+
+    /// The process lives and answers; which workers and modules it runs.
     HttpReply health() const;
-    /// Whether it can serve: the module is there and every worker's thread turns. What is waited
+    /// Whether it can serve: a module is there and every worker's thread turns. Modules that failed
+    /// are told. What is waited
     /// for meanwhile is told, in the client's language.
     HttpReply readiness(const TextCatalogue& texts) const;
 
 private:
-    const QString m_moduleFile;
+    QList<ModuleState> modules() const { return m_modules ? m_modules() : QList<ModuleState>(); }
+
+    const Modules m_modules;
 };

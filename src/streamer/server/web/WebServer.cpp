@@ -72,7 +72,7 @@ struct WebServer::Private
     Private(const WebServerOptions& options, PlayerControl& player, LoginControl& login)
         : m_options(options), m_guard(options.address, options.hostNames),
           m_assets(options.webDirectory), m_tree(m_waiter, player.keptRows()),
-          m_player(player, m_waiter), m_login(login, m_waiter), m_health(options.moduleFile),
+          m_player(player, m_waiter), m_login(login, m_waiter), m_health(options.modules),
           m_hub(player, login), m_events(m_hub), m_images(options.imageUrl)
     {
         m_tree.addRoutes(m_routes);

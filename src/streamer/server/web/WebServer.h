@@ -1,4 +1,6 @@
 #pragma once
+#include "modules/ModuleState.h"
+
 #include <functional>
 #include <memory>
 #include <QString>
@@ -13,8 +15,8 @@ class PlayerControl;
 struct WebServerOptions
 {
     QString address = QStringLiteral("127.0.0.1");
-    int port = 8095;           ///< 0 picks a free one
-    QString moduleFile;        ///< shown by the health page
+    int port = 8095;                                  ///< 0 picks a free one
+    std::function<QList<ModuleState>()> modules = {}; ///< for the health pages; any thread
     QStringList hostNames;     ///< names, beside the usual ones, under which clients reach it
     QString webDirectory = {}; ///< where the page's files are read from; empty: the built-in ones
     QString imageUrl = {};     ///< how the addresses of pictures begin that may be fetched

@@ -3,9 +3,6 @@
 #include "library/LibraryFile.h"
 #include "library/RuntimeLibrary.h"
 
-#include <kelo/CMAbstractWorker.h>
-#include <kelo/KeloTidalConstants.h>
-
 namespace {
 
 constexpr char entryName[] = "worker_create";
@@ -35,16 +32,15 @@ QString misfit(const QString& file)
 
 } // namespace
 
-QString ModuleLoader::installedFile()
+QString ModuleLoader::refusal(const QString& file, const QString& reason)
 {
-    return RuntimeLibrary::installedFile(QStringLiteral("libkelo_cb_tidal.so"));
+    return QStringLiteral("cannot use the module %1: %2").arg(file, reason);
 }
 
 KeloWorkerCreate ModuleLoader::load(const QString& file, QString* error)
 {
-    const QString refusal = QStringLiteral("cannot use the module %1: %2").arg(file);
     if (const QString reason = misfit(file); !reason.isEmpty()) {
-        *error = refusal.arg(reason);
+        *error = refusal(file, reason);
         return nullptr;
     }
     const RuntimeLibrary library(file);
@@ -54,29 +50,6 @@ KeloWorkerCreate ModuleLoader::load(const QString& file, QString* error)
     }
     const auto create = library.function<KeloWorkerCreate>(entryName);
     if (!create)
-        *error = refusal.arg(without(entryName));
+        *error = refusal(file, without(entryName));
     return create;
-}
-
-bool ModuleLoader::start(const QString& file, const QVariantHash& settings, QString* error)
-{
-    const KeloWorkerCreate create = load(file, error);
-    if (!create)
-        return false;
-    const QByteArray name = KeloService_Tidal_Id().toUtf8();
-    QVariantHash copy = settings;
-    const auto factory = [&] {
-        return static_cast<CMAbstractWorker*>(create(name.constData(), &copy));
-    };
-    if (m_thread.start(name.constData(), factory))
-        return true;
-    *error =
-        QStringLiteral("cannot use the module %1: \"%2\" gave no worker, or its place is taken")
-            .arg(file, QLatin1String(entryName));
-    return false;
-}
-
-void ModuleLoader::stop()
-{
-    m_thread.stop();
 }

@@ -1,0 +1,116 @@
+#include <kelo/CMActivateNode.h>
+#include <kelo/CMListRowsNode.h>
+#include <kelo/CMNodesWorker.h>
+#include <kelo/KeloModule.h>
+#include <kelo/PlayLogicInterface.h>
+#include <stdexcept>
+#include <unistd.h>
+
+#ifdef SHELF_IS_OLD
+#undef KELO_INTERFACE_VERSION
+#define KELO_INTERFACE_VERSION "0.0"
+#endif
+
+/// A module with one list of tones, for tests. Its settings say what it does wrong: "how" is one of
+/// throws, throwsNumber, null, noPaths, hangs. One that hangs waits for the end of the pipe "until"
+/// (for ever without one) and closes "gone" when its worker is deleted.
+class ShelfWorker : public CMNodesWorker
+{
+    Q_OBJECT
+public:
+    ShelfWorker(const QVariantHash& settings, const QString& name) : CMNodesWorker(settings, name)
+    {
+        const QVariantHash own = settings["settings"].toHash();
+        m_hasNoPaths = own["how"] == "noPaths";
+        m_uri = own["uri"].toString();
+        m_gone = own.value("gone", -1).toInt();
+        auto* top = CMListRowsNode::create(nodes(), addPrefix(QString()));
+        top->setTitle(own.value("title", "Shelf").toString());
+        auto* tones = CMListRowsNode::create(nodes(), addPrefix("tones"));
+        tones->setTitle(QString("Tones"));
+        tones->setPlayable(true);
+        top->rowsAppend(tones->path());
+        const CMPath play = addPrefix("play");
+        for (int i = 1; i <= 60; ++i)
+            tones->rowsAppend(tone(QString("Tone %1").arg(i), tones->path(), play));
+        CMActivateNode::create(nodes(), play, this, SLOT(on_play(CMSetDataRequest)),
+                               Qt::QueuedConnection)
+            ->setActivateRole(KeloRoles::PrePlay());
+        auto* crash =
+            CMActivateNode::create(nodes(), addPrefix("crash"), this,
+                                   SLOT(on_crash(CMSetDataRequest)), Qt::QueuedConnection);
+        crash->setTitle(QString("Crash"));
+        top->rowsAppend(crash->path());
+    }
+    ~ShelfWorker() override
+    {
+        if (m_gone >= 0)
+            ::close(m_gone);
+    }
+    QStringList prefixes() const override
+    {
+        return m_hasNoPaths ? QStringList() : CMNodesWorker::prefixes();
+    }
+
+private Q_SLOTS:
+    void on_crash(const CMSetDataRequest&) { throw std::runtime_error("the shelf broke"); }
+    void on_play(const CMSetDataRequest& request)
+    {
+        KeloRoles item{KeloHash(request.value().toHash())};
+        KeloResource resource;
+        resource.setUri(m_uri);
+        resource.setMimeType("audio/wav");
+        KeloMediaData media = item.mediaData();
+        media.setResources({resource});
+        item.setMediaData(media);
+        item.setPath(request.path());
+        request.reply().setValue(PlayLogicInterface::instance(CMPath("/player"))->play(item, 0));
+    }
+
+private:
+    static KeloRoles tone(const QString& title, const CMPath& list, const CMPath& play)
+    {
+        KeloMetaData meta;
+        meta.setArtist("Somebody");
+        meta.setPrePlayPath(play);
+        meta.setContentPlayContextPath(list);
+        KeloMediaData media;
+        media.setMetaData(meta);
+        KeloRoles row;
+        row.setType(KeloRolesType::Audio_);
+        row.setTitle(title);
+        CMPath path = list;
+        path.addParam("id", title);
+        row.setPath(path);
+        row.setMediaData(media);
+        return row;
+    }
+
+    bool m_hasNoPaths;
+    QString m_uri;
+    int m_gone;
+};
+
+#ifndef SHELF_HAS_NO_ENTRY
+extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
+{
+    const QVariantHash given = *static_cast<const QVariantHash*>(settings);
+    const QString how = given["settings"].toHash()["how"].toString();
+    if (how == "throws")
+        throw std::runtime_error("no shelf today");
+    if (how == "throwsNumber")
+        throw 42;
+    if (how == "null")
+        return nullptr;
+    if (how == "hangs" && !given["settings"].toHash().contains("until"))
+        ::pause();
+    char byte;
+    while (how == "hangs" && ::read(given["settings"].toHash()["until"].toInt(), &byte, 1) > 0) {
+    }
+    return static_cast<CMAbstractWorker*>(new ShelfWorker(given, name));
+}
+#endif
+
+KELO_MODULE_INTERFACE;
+
+#include "Shelf.moc"
