@@ -1077,5 +1077,9 @@
         <source>Please login to continue</source>
         <translation>Zum Fortfahren bitte anmelden</translation>
     </message>
+    <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>die Audiodaten sind nicht angekommen: Die Verbindung kam nicht zustande oder brach ab</translation>
+    </message>
 </context>
 </TS>

@@ -1077,5 +1077,9 @@
         <source>Please login to continue</source>
         <translation>Connectez-vous pour continuer</translation>
     </message>
+    <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>l’audio n’est pas arrivé : la connexion a échoué ou a été interrompue</translation>
+    </message>
 </context>
 </TS>

@@ -1077,5 +1077,9 @@
         <source>Please login to continue</source>
         <translation>続けるにはログインしてください</translation>
     </message>
+    <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>音声を受信できませんでした: 接続できないか、接続が切れました</translation>
+    </message>
 </context>
 </TS>

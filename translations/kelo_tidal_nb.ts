@@ -1077,5 +1077,9 @@
         <source>Please login to continue</source>
         <translation>Logg inn for å fortsette</translation>
     </message>
+    <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>lyden kom ikke fram: forbindelsen mislyktes eller ble brutt</translation>
+    </message>
 </context>
 </TS>

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 #include <kelo/KeloLoopThread.h>
 #include <QStringList>
+#include <QUrl>
 
 namespace {
 /// An output on a thread of its own, and the log of its events.
@@ -58,6 +59,7 @@ protected:
     {
         on([&] { output->open({uri, startMs, 0}); });
     }
+    static std::string path(const QString& uri) { return QUrl(uri).path().toStdString(); }
     /// Waits until the log holds an event; the whole log.
     QString waitFor(const QString& event)
     {
@@ -89,13 +91,16 @@ TEST_F(OutputTest, TellsARefusedAddressFromOneThatIsNotThere)
 {
     const QString good = sim.address(0);
     const QString refused = good.left(good.indexOf('?')) + "?token=1~2~3";
-    EXPECT_EQ(sim.server().addFault("reset path=/audio/ when=after after=1"), "");
+    const QString empty = sim.address(1);
+    EXPECT_EQ(sim.server().addFault("reset when=after after=1 path=" + path(good)), "");
+    EXPECT_EQ(sim.server().addFault("empty path=" + path(empty)), "");
     for (const auto& [uri, kind] :
          Table<QString, OutputError::Kind>{{refused, OutputError::Refused},
                                            {sim.baseUrl() + "/nothing", OutputError::NotFound},
                                            {"http://127.0.0.1:1/", OutputError::Network},
                                            {sim.baseUrl() + "/sim/log", OutputError::Decode},
-                                           {good, OutputError::Network}}) {
+                                           {good, OutputError::Network},
+                                           {empty, OutputError::Network}}) {
         SCOPED_TRACE(uri.toStdString());
         make("fakesink sync=false");
         open(uri);

@@ -11,7 +11,21 @@ constexpr guint sourceTimeoutSeconds = 8; // within the player's limit, so that 
 /// How long the end of one stream waits to be told the address of the next.
 constexpr std::chrono::seconds handoverWait{8};
 
-OutputError::Kind kindOf(const GError* failure, guint httpStatus, bool isOfSource)
+/// Whether the address has given no byte yet.
+bool hasNoData(GstElement* playbin)
+{
+    GstElement* source = nullptr;
+    g_object_get(playbin, "source", &source, nullptr);
+    if (!source)
+        return false;
+    gint64 bytes = -1;
+    const bool isKnown = gst_element_query_position(source, GST_FORMAT_BYTES, &bytes);
+    gst_object_unref(source);
+    return isKnown && bytes == 0;
+}
+
+/// `isOfTransfer`: the source says so, or nothing has come that could be decoded.
+OutputError::Kind kindOf(const GError* failure, guint httpStatus, bool isOfTransfer)
 {
     if (httpStatus == 403 || httpStatus == 410)
         return OutputError::Refused;
@@ -27,8 +41,9 @@ OutputError::Kind kindOf(const GError* failure, guint httpStatus, bool isOfSourc
             return OutputError::Device;
         return OutputError::Network;
     }
-    // A source decodes nothing: its stream error says that the data broke off.
-    const bool isDecode = failure->domain == GST_STREAM_ERROR && !isOfSource;
+    // A stream error without data that could be wrong says that none came, or that it broke off.
+    // Newer versions say no more than that of a refused connection.
+    const bool isDecode = failure->domain == GST_STREAM_ERROR && !isOfTransfer;
     return isDecode ? OutputError::Decode : OutputError::Network;
 }
 
@@ -48,6 +63,10 @@ TrString sentenceOf(OutputError::Kind kind, guint httpStatus, const GError* fail
     case OutputError::Network:
         break;
     }
+    // The library's own words for that are of streams and their types.
+    if (failure->domain == GST_STREAM_ERROR && !httpStatus)
+        return TrString::in("Player",
+                            "the audio did not arrive: the connection failed or broke off");
     return TrString::in("Player", "the audio did not arrive: %1", {cause});
 }
 } // namespace
@@ -116,9 +135,10 @@ void GstOutput::postError(GstMessage* message)
     if (httpStatus < 100)
         httpStatus = 0; // a number that the library has for its own failures
     OutputError error;
-    const bool isOfSource =
-        GST_OBJECT_FLAG_IS_SET(GST_MESSAGE_SRC(message), GST_ELEMENT_FLAG_SOURCE);
-    error.kind = kindOf(failure, httpStatus, isOfSource);
+    const bool isOfTransfer =
+        GST_OBJECT_FLAG_IS_SET(GST_MESSAGE_SRC(message), GST_ELEMENT_FLAG_SOURCE) ||
+        hasNoData(m_playbin);
+    error.kind = kindOf(failure, httpStatus, isOfTransfer);
     error.text = sentenceOf(error.kind, httpStatus, failure);
     // The debug text is not logged: it holds the address with its signature.
     KELO_LOG(logger, WARN) << GST_OBJECT_NAME(GST_MESSAGE_SRC(message)) << ": "
