@@ -9,6 +9,9 @@ help:
 	@echo "make run     build, and play music from the simulated service"
 	@echo "make test    build and pass every test (PRESET=asan or tsan: under a sanitizer)"
 	@echo "make install build, and install below PREFIX (/usr/local); DESTDIR stages for a package"
+	@echo "make clang   the tests, built with clang"
+	@echo "make debian12 debian13  the tests in another Debian release, with its compiler"
+	@echo "make compilers  those three after each other"
 	@echo "make bench   measure, by instruction count"
 	@echo "make fuzz    run each fuzzer for FUZZ_SECONDS (default 30)"
 	@echo "make schedules N=100000 [SEED=1]  play random schedules over the module"
@@ -42,6 +45,20 @@ test: build
 
 asan tsan:
 	@$(MAKE) --no-print-directory test PRESET=$@
+
+# Another compiler on this machine, other releases of Debian with theirs (12: GCC 12, 13: GCC 14) in a root.
+clang:
+	@scripts/install-packages scripts/packages-clang.txt
+	@$(MAKE) --no-print-directory test PRESET=clang
+debian12: suite = bookworm
+debian13: suite = trixie
+debian12 debian13:
+	@scripts/install-packages scripts/packages-root.txt
+	@scripts/in-debian $(suite) $(MAKE) test PRESET=$(PRESET) JOBS=$(JOBS) CTEST_ARGS='$(CTEST_ARGS)'
+# One after the other, for each takes the whole machine.
+compilers:
+	@for target in clang debian12 debian13; do $(MAKE) --no-print-directory $$target || exit 1; done
+.PHONY: clang debian12 debian13 compilers
 
 # The same journey again and again, each time with another operation that fails.
 faults: build
