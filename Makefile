@@ -54,7 +54,7 @@ debian12: suite = bookworm
 debian13: suite = trixie
 debian12 debian13:
 	@scripts/install-packages scripts/packages-root.txt
-	@scripts/in-debian $(suite) $(MAKE) test PRESET=$(PRESET) JOBS=$(JOBS) CTEST_ARGS='$(CTEST_ARGS)'
+	@scripts/in-debian $(suite) make test PRESET=$(PRESET) JOBS=$(JOBS) CTEST_ARGS='$(CTEST_ARGS)'
 # One after the other, for each takes the whole machine.
 compilers:
 	@for target in clang debian12 debian13; do $(MAKE) --no-print-directory $$target || exit 1; done
