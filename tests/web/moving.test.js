@@ -11,12 +11,14 @@ const scrollOf = (person) => person.view.evaluate((main) => main.scrollTop);
 journey("back, forward, and an address given to somebody else", {}, async (person) => {
   const { page, view } = person;
   await person.visit(newAlbums);
+  await person.list("Just In").getByRole("link").first().waitFor();
   const [, , title] = await person.titles("Just In");
   await view.evaluate((main) => main.scrollTo(0, 900));
   await person.until(async () => (await person.titles("Just In"))[2] !== title, "other rows are in sight");
   const deep = (await person.titles("Just In"))[14];
   await person.list("Just In").getByRole("link", { name: deep }).first().click();
   await person.heading(deep);
+  await person.button("Play").waitFor();
   const address = page.url();
   const asked = [];
   // Which tracks are favourites is asked beside the rows.
@@ -174,6 +176,7 @@ journey("the streamer goes and comes back", { allowed: [/ERR_CONNECTION_REFUSED|
   const { page, player, streamer } = person;
   const banner = page.getByRole("alert").filter({ hasText: "does not answer" });
   await person.visit(newAlbums);
+  await person.list("Just In").getByRole("link").first().waitFor();
   await person.open((await person.titles("Just In"))[1]);
   await person.button("Play").click();
   await player.getByRole("button", { name: "Pause" }).waitFor();
@@ -266,6 +269,9 @@ journey("in the language of the browser", { locale: "de-DE" }, async (person) =>
   await person.visit("/settings");
   await person.heading("Einstellungen");
   assert.equal(await page.locator("html").getAttribute("lang"), "de");
+  const address = await page.locator("link[rel=manifest]").evaluate((link) => link.href);
+  const { shortcuts } = await (await page.request.get(address, { headers: { "Accept-Language": "de-DE" } })).json();
+  assert.equal(shortcuts[0].name, "Suchen");
   await person.visit("/tidal/myMusic");
   const [own] = (await person.streamer.call("rows?path=/tidal/myMusic&from=1&to=1&language=de")).rows;
   assert.notEqual(own.Title, "My playlists");

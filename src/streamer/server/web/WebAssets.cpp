@@ -1,7 +1,12 @@
 #include "WebAssets.h"
 
+#include "texts/TextCatalogue.h"
+
 #include <QFileInfo>
 #include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QRegularExpression>
 
 /// Outside of every namespace, as the macro declares a function.
@@ -17,6 +22,7 @@ constexpr size_t longestName = 128;
 constexpr char startPage[] = "index.html";
 constexpr char builtIn[] = ":/web";
 constexpr char apiDescription[] = "openapi.yaml";
+constexpr char manifestType[] = "application/manifest+json";
 
 /// Of "WORD.EXTENSION" and "WORD/WORD.EXTENSION" the content type; empty for any other name.
 std::string typeOfName(const std::string& name)
@@ -27,7 +33,7 @@ std::string typeOfName(const std::string& name)
         {QStringLiteral("js"), "text/javascript; charset=utf-8"},
         {QStringLiteral("mjs"), "text/javascript; charset=utf-8"},
         {QStringLiteral("json"), "application/json"},
-        {QStringLiteral("webmanifest"), "application/manifest+json"},
+        {QStringLiteral("webmanifest"), manifestType},
         {QStringLiteral("svg"), "image/svg+xml"},
         {QStringLiteral("png"), "image/png"},
         {QStringLiteral("ico"), "image/x-icon"},
@@ -41,6 +47,24 @@ std::string typeOfName(const std::string& name)
                        "");
 }
 
+/// A manifest with the names of its shortcuts translated; as it is where it is none.
+QByteArray translated(const QByteArray& manifest, const TextCatalogue& texts)
+{
+    QJsonObject json = QJsonDocument::fromJson(manifest).object();
+    QJsonArray shortcuts = json.value(QStringLiteral("shortcuts")).toArray();
+    if (shortcuts.isEmpty())
+        return manifest;
+    for (int i = 0; i < shortcuts.size(); ++i) {
+        QJsonObject shortcut = shortcuts.at(i).toObject();
+        const QString name = shortcut.value(QStringLiteral("name")).toString();
+        shortcut.insert(QStringLiteral("name"), texts.pageTexts().value(name, name));
+        shortcuts.replace(i, shortcut);
+    }
+    json.insert(QStringLiteral("shortcuts"), shortcuts);
+    json.insert(QStringLiteral("lang"), texts.language());
+    return QJsonDocument(json).toJson(QJsonDocument::Compact);
+}
+
 } // namespace
 
 WebAssets::WebAssets(const QString& directory) : m_directory(directory)
@@ -52,8 +76,8 @@ WebAssets::WebAssets(const QString& directory) : m_directory(directory)
     m_isBuiltIn = true;
 }
 
-std::optional<HttpReply> WebAssets::find(const std::string& path,
-                                         const std::string& ifNoneMatch) const
+std::optional<HttpReply> WebAssets::find(const std::string& path, const std::string& ifNoneMatch,
+                                         const TextCatalogue& texts) const
 {
     if (path.empty() || path.front() != '/')
         return std::nullopt;
@@ -66,10 +90,14 @@ std::optional<HttpReply> WebAssets::find(const std::string& path,
     QFile file(folder + '/' + QString::fromStdString(name));
     if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly) || file.size() > largestFile)
         return std::nullopt;
-    const QByteArray body = file.read(largestFile);
+    QByteArray body = file.read(largestFile);
+    const bool isManifest = type == manifestType;
+    if (isManifest)
+        body = translated(body, texts);
     HttpReply reply{200, type, body.toStdString()};
-    reply.headers.emplace_back("Vary", "Accept-Encoding");
-    if (m_isBuiltIn && name != startPage && name != apiDescription)
+    reply.headers.emplace_back("Vary",
+                               isManifest ? "Accept-Encoding, Accept-Language" : "Accept-Encoding");
+    if (m_isBuiltIn && !isManifest && name != startPage && name != apiDescription)
         reply.headers.emplace_back("Cache-Control", "public, max-age=31536000, immutable");
     else
         reply.setTag(HttpReply::tagOf(body), ifNoneMatch);

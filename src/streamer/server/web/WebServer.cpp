@@ -181,7 +181,9 @@ void WebServer::Private::call(const HttpRequest& request, const HttpAnswer& answ
 
 HttpReply WebServer::Private::answerAsset(const HttpRequest& request) const
 {
-    auto reply = m_assets.find(request.path, request.field("If-None-Match"));
+    const TextCatalogue& texts =
+        m_texts.choose(QString(), QString::fromStdString(request.field("Accept-Language")));
+    auto reply = m_assets.find(request.path, request.field("If-None-Match"), texts);
     if (!reply)
         return HttpReply::problem(404, QStringLiteral("there is no such address"));
     reply->isAsset = true;
