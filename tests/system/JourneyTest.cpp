@@ -201,6 +201,26 @@ TEST(JourneyTest, withoutAStateFolderItServesAndSaysOnceWhatIsNotKept)
     EXPECT_EQ(log.count(" a restart\n"), 4) << log.toStdString();
 }
 
+TEST_F(JourneyServiceTest, aSecondModuleStandsBesideTheFirstAndMayEnd)
+{
+    streamer.stop();
+    const QStringList both{"--module", KELO_MODULE, "--module", KELO_SHELF};
+    const QByteArray settings = Streamer::settingsFor(*sim) + "[module.shelf]\ntitle = \"Books\"\n";
+    ASSERT_TRUE(streamer.start(settings, both)) << streamer.errors().toStdString();
+    EXPECT_EQ(column(streamer.rows("/"), "Title"), (QStringList{"TIDAL", "Books"}));
+    EXPECT_EQ(streamer.rows("/shelf/tones")["rows"].toArray().size(), 50);
+    const QByteArray found = streamer.kelo({"search", "silver"}).out;
+    EXPECT_TRUE(found.startsWith("albums\t0\t") && found.contains("\nBooks\t18\tAudio\tTone 1\t"))
+        << found.toStdString();
+    EXPECT_TRUE(streamer.kelo({"tree"}).out.contains("\n1\tContainer\tBooks\t/shelf\n"));
+
+    EXPECT_EQ(streamer.kelo({"set", "/shelf/crash", "1"}).status, 1);
+    EXPECT_TRUE(streamer.rowsError("/shelf").contains("threw an exception: the shelf broke"));
+    EXPECT_EQ(streamer.rows(newAlbums)["rows"].toArray().size(), 50);
+    EXPECT_EQ(streamer.get("/readyz").body["problems"].toArray().size(), 1);
+    EXPECT_EQ(streamer.stop(), 0);
+}
+
 TEST(JourneyTest, aServeThatCannotServeSaysWhy)
 {
     const QString noModule = QString(KELO_MODULE).replace("cb_tidal", "api_play");

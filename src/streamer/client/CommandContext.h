@@ -15,7 +15,7 @@ enum ExitStatus {
     ExitUnreachable = 3, ///< no streamer reachable
 };
 
-/// Where commands begin that are told no path: the service's top node.
+/// The top node of the service whose playlists and searches the commands know by name.
 inline QString topPath()
 {
     return "/tidal";

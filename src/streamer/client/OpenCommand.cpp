@@ -1,5 +1,6 @@
 #include "client/Commands.h"
 #include "client/RowNames.h"
+#include "client/TopNodes.h"
 
 namespace cli {
 
@@ -12,7 +13,7 @@ int openPage(const CommandContext& context, const QString& path)
     const ApiReply health = context.api.probe("/healthz");
     if (!health.isDone())
         return context.finish(health);
-    const QString address = context.api.server() + "/#" + path;
+    const QString address = context.api.server() + (path == "/" ? path : "/#" + path);
     const bool isOpen = context.openAddress && context.openAddress(address);
     if (context.isJson)
         context.printJson(json(QJsonObject{{"address", address}, {"opened", isOpen}}));
@@ -30,7 +31,7 @@ Command openCommand()
                    "kelo open\nkelo open /tidal/new")
         .option("[PATH]", *name, "What it shows (its home)")
         .asks([name](const CommandContext& context) {
-            return name->isEmpty() ? openPage(context, topPath())
+            return name->isEmpty() ? openPage(context, beginPath(context.api))
                                    : atPath(context, *name, [&](const QString& path) {
                                          return openPage(context, path);
                                      });

@@ -3,6 +3,7 @@
 #include "client/PathText.h"
 #include "client/RowsTable.h"
 #include "client/SearchLists.h"
+#include "client/TopNodes.h"
 
 #include <utility>
 
@@ -16,7 +17,7 @@ constexpr int rowsOfEach = 5;
 struct SearchCommand
 {
     QString text;
-    QString kind; ///< one of searchKinds(); empty: the first rows of all four
+    QString kind; ///< one of searchKinds(); empty: the first rows of all, and of other modules
 
     int run(const CommandContext& context) const;
 
@@ -40,11 +41,24 @@ private:
 
 int SearchCommand::run(const CommandContext& context) const
 {
+    Lists lists;
     TreeWalk walk(context.api);
-    const Lists lists = searchLists(walk, text);
+    const QList<TopNode> nodes = topNodes(context.api);
+    for (const TopNode& node : nodes) {
+        if (node.path == topPath())
+            lists = searchLists(walk, text);
+    }
+    for (const TopNode& node : kind.isEmpty() ? nodes : QList<TopNode>()) {
+        const bool isOther = node.path != topPath() && !node.searchPath.isEmpty();
+        const QString list = isOther ? searchList(context.api, node.searchPath, text) : QString();
+        if (!list.isEmpty())
+            lists.insert(node.title, list);
+    }
+    if (lists.isEmpty())
+        walk.refuse("there is no module that can be searched");
     if (!kind.isEmpty() && !lists.contains(kind))
         walk.refuse("the service cannot search in " + kind);
-    if (!walk.isDone())
+    if (!walk.isDone() && (lists.isEmpty() || !kind.isEmpty()))
         return context.finish(walk.reply());
     return kind.isEmpty() ? printAll(context, lists) : showRows(context, lists.value(kind));
 }
@@ -53,13 +67,18 @@ int SearchCommand::printAll(const CommandContext& context, const Lists& lists) c
 {
     QByteArray document = "{\"query\":" + json(text);
     QVector<Hits> all;
-    for (const QString& word : searchKinds()) {
+    QStringList words = searchKinds();
+    for (const QString& word : lists.keys()) {
+        if (!words.contains(word))
+            words.append(word); // a module's title
+    }
+    for (const QString& word : qAsConst(words)) {
         if (!lists.contains(word))
             continue;
         const ApiReply reply = context.api.rows(lists.value(word), 0, rowsOfEach - 1);
         if (!reply.isDone())
             return context.finish(reply);
-        document += ",\"" + word.toLatin1() + "\":" + reply.body.trimmed();
+        document += ',' + json(word) + ':' + reply.body.trimmed();
         all.append({word, reply.document});
     }
     if (context.isJson)
@@ -104,7 +123,9 @@ QString SearchCommand::heading(const Terminal& terminal, const Hits& hits) const
     QString rest = hits.isEmpty() ? QStringLiteral("  nothing found")
                                   : QStringLiteral("  %1 found").arg(found);
     if (!hits.isEmpty() && found > rowsOfEach) {
-        const QString all = "kelo search " + shellWord(shown(text)) + " --in " + hits.word;
+        const QString all = searchKinds().contains(hits.word)
+                                ? "kelo search " + shellWord(shown(text)) + " --in " + hits.word
+                                : "kelo rows " + shellWord(shown(textIn(hits.page, "path")));
         const bool fits = hits.word.size() + columns(rest) + 7 + columns(all) <= terminal.width();
         rest += (fits ? ", all: " : ", all:\n  ") + all;
     }

@@ -51,6 +51,19 @@ QMap<QString, QString> searchLists(TreeWalk& walk, const QString& text)
     return lists;
 }
 
+QString searchList(ApiClient& api, const QString& searchPath, const QString& text)
+{
+    TreeWalk walk(api);
+    QJsonObject question = walk.data(searchPath);
+    if (!question.contains("QueryPath"))
+        question = walk.data(textIn(rowsIn(walk.page(searchPath, 0, 0)).value(0), "Path"));
+    PathText list = PathText::parse(textIn(question, "QueryPath"));
+    if (!walk.isDone() || list.base.isEmpty())
+        return QString();
+    list.parameters.insert(textIn(question, "Query"), text);
+    return list.encoded();
+}
+
 ListedRow bestHit(TreeWalk& walk, const QString& text, const QString& kind)
 {
     const QMap<QString, QString> lists = searchLists(walk, text);

@@ -3,6 +3,7 @@
 #include "client/PathText.h"
 #include "client/RowNames.h"
 #include "client/RowsTable.h"
+#include "client/TopNodes.h"
 #include "client/TreeWalk.h"
 
 #include <QSet>
@@ -120,17 +121,19 @@ Command treeCommand()
 {
     struct Values
     {
-        QString path = topPath();
+        QString path;
         int depth = 2;
     };
     const auto values = std::make_shared<Values>();
     return Command("tree", "Show the tree as an outline.", "kelo tree\nkelo tree /tidal --depth 3")
-        .option("[PATH]", values->path, "Where to begin (/tidal)")
+        .option("[PATH]", values->path, "Where to begin (the service)")
         .option("--depth N", {values->depth, 1, 16}, "Levels below it (2)")
         .asks([values](const CommandContext& context) {
-            return atPath(context, values->path, [&](const QString& path) {
+            const auto print = [&](const QString& path) {
                 return TreeOutline(context).print(path, values->depth);
-            });
+            };
+            return values->path.isEmpty() ? print(beginPath(context.api))
+                                          : atPath(context, values->path, print);
         });
 }
 

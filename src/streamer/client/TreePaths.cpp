@@ -2,6 +2,7 @@
 
 #include "client/CommandContext.h"
 #include "client/DisplayText.h"
+#include "client/TopNodes.h"
 #include "client/TreeWalk.h"
 
 namespace cli {
@@ -43,7 +44,11 @@ Candidates rowsOf(ApiClient& api, const QString& list)
 Candidates searched(ApiClient& api, const QString& prefix)
 {
     const QString settings = "/settings";
-    QStringList lists{prefix.startsWith(settings) ? settings : topPath()};
+    QStringList lists;
+    if (prefix.startsWith(settings))
+        lists.append(settings);
+    for (const TopNode& node : lists.isEmpty() ? topNodes(api) : QList<TopNode>())
+        lists.append(node.path);
     Candidates found;
     for (int i = 0; i < lists.size() && i < mostLists; ++i) {
         for (const auto& row : rowsOf(api, lists.at(i))) {
@@ -62,8 +67,9 @@ Candidates searched(ApiClient& api, const QString& prefix)
 Completion::Candidates treePaths(const QString& server, const QString& prefix)
 {
     ApiClient api(server);
-    const Candidates tops{
-        {topPath(), "the service"}, {"/settings", "settings"}, {"/oauth2/services", "logins"}};
+    Candidates tops{{"/settings", "settings"}, {"/oauth2/services", "logins"}};
+    for (const TopNode& node : topNodes(api))
+        tops.append({node.path, shown(node.title)});
     const Candidates found = keepStarting(tops, prefix);
     const bool isTop = found.size() == 1 && found.first().text == prefix;
     if (!found.isEmpty() && !isTop)

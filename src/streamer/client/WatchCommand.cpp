@@ -3,6 +3,7 @@
 #include "client/Following.h"
 #include "client/PathText.h"
 #include "client/RowNames.h"
+#include "client/TopNodes.h"
 
 #include <QJsonDocument>
 #include <QTime>
@@ -18,7 +19,7 @@ int watch(const CommandContext& context, const QStringList& paths)
     const auto named = namedPaths(context, paths);
     if (!named)
         return ExitRefused;
-    const QStringList watched = named->isEmpty() ? QStringList{topPath()} : *named;
+    const QStringList watched = named->isEmpty() ? QStringList{beginPath(context.api)} : *named;
     const bool hasWidth = context.terminal.hasWidth();
     const auto pathText = [hasWidth](const QJsonValue& path) {
         return hasWidth ? shellWord(valueText(path)) : valueText(path);
@@ -54,7 +55,7 @@ Command watchCommand()
                    "Print each change notice (time, path, change, count) and each edit "
                    "(time, path, what was done).",
                    "kelo watch /tidal\nkelo watch --json /tidal/myMusic /tidal/new")
-        .option("[PATH]", *paths, "Paths to keep open (/tidal)")
+        .option("[PATH]", *paths, "Paths to keep open (the service's top)")
         .asks([paths](const CommandContext& context) { return watch(context, *paths); });
 }
 

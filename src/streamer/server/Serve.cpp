@@ -14,6 +14,7 @@
 
 namespace {
 
+constexpr int exitDone = 0;
 constexpr int exitFailed = 1;
 constexpr int exitUsage = 2; ///< starting it again does not help
 
@@ -24,6 +25,14 @@ int failed(const QString& error, int status = exitFailed)
         std::cerr << (isErrorTheJournal() ? "<3>kelo: " : "kelo: ") << line.toStdString()
                   << std::endl;
     return status;
+}
+
+/// Of a start that failed; being told to end meanwhile is none.
+int exitStatus(const Streamer& streamer)
+{
+    if (EndSignals::isPending())
+        return exitDone;
+    return streamer.isWithoutModule() ? exitUsage : exitFailed;
 }
 
 /// A thread that is left behind must not meet the end of what it uses.
@@ -53,8 +62,7 @@ int keloServe(const ServeOptions& options, const Settings& settings)
     Streamer streamer(options, settings, [] { QCoreApplication::exit(exitUsage); });
     try {
         if (!streamer.start(&error))
-            return ended(streamer,
-                         failed(error, streamer.isWithoutModule() ? exitUsage : exitFailed));
+            return ended(streamer, failed(error, exitStatus(streamer)));
     } catch (const std::system_error& fault) {
         return failed(QStringLiteral("cannot start a thread: ") +
                       QString::fromLocal8Bit(fault.what()));

@@ -1,6 +1,7 @@
 #include <kelo/CMActivateNode.h>
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMNodesWorker.h>
+#include <kelo/CMQueryNode.h>
 #include <kelo/KeloModule.h>
 #include <kelo/PlayLogicInterface.h>
 #include <stdexcept>
@@ -30,6 +31,10 @@ public:
         tones->setTitle(QString("Tones"));
         tones->setPlayable(true);
         top->rowsAppend(tones->path());
+        auto* find = CMQueryNode::create(nodes(), addPrefix("find"));
+        find->setQuery("text");
+        find->setQueryPath(tones->path());
+        top->setSearchPath(find->path());
         const CMPath play = addPrefix("play");
         for (int i = 1; i <= 60; ++i)
             tones->rowsAppend(tone(QString("Tone %1").arg(i), tones->path(), play));

@@ -179,6 +179,8 @@ QString ModuleThread::start(KeloWorkerCreate create, const ModuleChoice& choice,
     if (m_run->isGivenUp) {
         m_thread.detach();
         m_isLeftBehind = true;
+        if (!isWanted())
+            return QStringLiteral("its worker_create is not waited for any longer");
         return QStringLiteral("its worker_create has not returned within %1 s")
             .arg(std::chrono::duration<double>(limit).count());
     }
