@@ -11,11 +11,20 @@ import { kindOf } from "./kinds.js";
 import { live } from "./live.js";
 import { LoginView } from "./login.js";
 import { currentPath, currentState, go, leave, onPlainClick, nav, replace, setPlaceKeeper } from "./nav.js";
-import { home, linkTo, loginPath, settingsPath } from "./path.js";
+import {
+  home,
+  linkTo,
+  loginPath,
+  modules,
+  otherModules,
+  setModules,
+  settingsPath,
+  startPath,
+} from "./path.js";
 import { playback } from "./playback.js";
 import { played } from "./played.js";
 import { PlayingView } from "./playing.js";
-import { forgetPlaces, PlaceRows, readAhead } from "./recent.js";
+import { forgetPlaces, pageAt, PlaceRows, readAhead } from "./recent.js";
 import {
   forgetSearchPlace,
   recentList,
@@ -157,8 +166,9 @@ function startSidebar() {
   const fillIt = () => {
     const rows = top.rows.filter((row) => row.Type === "Container" && row.Path);
     const entries = [
-      { Path: home, Title: t("Home"), picture: "home" },
+      { Path: startPath(), Title: t("Home"), picture: "home" },
       ...rows,
+      ...otherModules().map((row) => ({ ...row, picture: "album" })),
       { Path: "!playing", Title: t("Now playing"), picture: "queue" },
       { Path: settingsPath, Title: t("Settings"), picture: "settings" },
     ];
@@ -172,8 +182,13 @@ function startSidebar() {
       }),
     );
   };
-  const top = new PlaceRows(home, fillIt);
+  const top = new PlaceRows(startPath(), fillIt);
+  const all = new PlaceRows("/", () => {
+    if (all.rows.length) setModules(all.rows);
+    fillIt();
+  });
   top.need(0, 0);
+  all.need(0, 0);
   fillIt();
 }
 
@@ -246,7 +261,7 @@ function onKey(event) {
 function watchLogin() {
   let wasLoggedIn = null;
   live.addEventListener("login", ({ detail }) => {
-    document.body.classList.toggle("logged-out", !detail.loggedIn);
+    document.body.classList.toggle("logged-out", !detail.loggedIn && modules.has(home));
     if (detail.loggedIn === wasLoggedIn) return;
     if (wasLoggedIn !== null || !detail.loggedIn) forgetSearchPlace();
     if (wasLoggedIn !== null) forgetPlaces();
@@ -263,9 +278,10 @@ async function start() {
   watchLogin();
   const path = currentPath();
   readAhead(home);
+  const all = pageAt("/", 0).then(({ rows }) => setModules(rows)).catch(() => {});
   if (path !== home && path.startsWith(home)) readAhead(path);
   live.connect();
-  await loadTexts();
+  await Promise.all([loadTexts(), all]);
   drawer = new Drawer(part("drawer"), (isOpen) => {
     part("drawer-button").setAttribute("aria-expanded", String(isOpen));
     document.body.classList.toggle("with-drawer", isOpen);
@@ -276,7 +292,10 @@ async function start() {
   nav.addEventListener("moved", show);
   playback.addEventListener("changed", nameDocument);
   addEventListener("keydown", onKey);
-  leadTo(part("brand"), home);
+  const [homeTab, , ownTab] = part("tabs").children;
+  part("brand").href = homeTab.href = linkTo(startPath());
+  ownTab.hidden = !modules.has(home);
+  leadTo(part("brand"), startPath());
   for (const link of part("tabs").querySelectorAll("a")) leadTo(link, link.hash.slice(1));
   part("search-tab").addEventListener("click", () => part("search").focus());
   // The address bar holds the path: a link into the page would be taken for one.

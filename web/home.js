@@ -3,7 +3,7 @@
 import { cover, el, fill, icon, twoLines } from "./dom.js";
 import { places } from "./kinds.js";
 import { go, onPlainClick } from "./nav.js";
-import { home, linkTo, loginPath } from "./path.js";
+import { home, linkTo, loginPath, otherModules } from "./path.js";
 import { playback } from "./playback.js";
 import { played } from "./played.js";
 import { Shelf, ShelfView } from "./shelf.js";
@@ -43,7 +43,7 @@ export class HomeView extends ShelfView {
     this.#login = rows.find((row) => row.Path === loginPath);
     this.showHead();
     if (this.#login) return this.#welcome();
-    fill(this.#chips, lists.map((row) => this.#chip(row)));
+    fill(this.#chips, [...lists, ...otherModules()].map((row) => this.#chip(row)));
     if (this.#chips.isConnected || !lists.length) return undefined;
     this.#recent = new Shelf(t("Recently played"));
     this.#showPlayed();

@@ -6,7 +6,7 @@ import { busy, problem } from "./dialog.js";
 import { button, buttonRow, el, fill } from "./dom.js";
 import { live } from "./live.js";
 import { go } from "./nav.js";
-import { home } from "./path.js";
+import { startPath } from "./path.js";
 import { clock, t } from "./text.js";
 import { View } from "./view.js";
 
@@ -103,7 +103,7 @@ export class LoginView extends View {
       this.#who.textContent = accountText(state);
       if (wasLoggedIn && this.#who.isConnected) return;
       this.heading.textContent = wasPending ? t("You are logged in") : t("Account");
-      const music = button(t("To the music"), () => go(home, null, true), "primary");
+      const music = button(t("To the music"), () => go(startPath(), null, true), "primary");
       const out = button(t("Log out"), () => this.#ask(api.logOut));
       fill(this.#body, this.#who, buttonRow(music, out));
       if (wasPending) music.focus();

@@ -1,6 +1,6 @@
 // Where the reader is. The address bar holds the path; the history's entries hold how one came there.
 
-import { home, linkTo } from "./path.js";
+import { linkTo, startPath } from "./path.js";
 
 /**
  * What is known of a place from the row that led there: title, subtitle, icon, menu (context path), row.
@@ -10,7 +10,7 @@ export const nav = new EventTarget();
 
 history.scrollRestoration = "manual";
 
-export const currentPath = () => location.hash.slice(1) || home;
+export const currentPath = () => location.hash.slice(1) || startPath();
 
 export const currentState = () => history.state ?? {};
 
@@ -48,7 +48,7 @@ export function go(path, item = null, isTop = false, place = null) {
 export const goUp = ({ path, item = null }, trail) => move(path, { item, trail });
 
 /** Goes back to where one came from; who came by the address goes to the top. */
-export const leave = () => (history.state?.trail ? history.back() : go(home, null, true));
+export const leave = () => (history.state?.trail ? history.back() : go(startPath(), null, true));
 
 addEventListener("popstate", () => nav.dispatchEvent(new Event("moved")));
 addEventListener("pagehide", rememberPlace);

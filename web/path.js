@@ -1,7 +1,25 @@
 // Paths of the tree in their text form: base?key=value&key=value, keys sorted, all percent-encoded.
 
-/** The path of the tree's top. */
+/** The top of the service whose lists the page knows by name. */
 export const home = "/tidal";
+/** The modules that serve: the titles of their top nodes, by path. */
+export const modules = new Map([[home, ""]]);
+/** Where the page begins: there, or at the top of another module where that is not served. */
+export const startPath = () => (modules.has(home) ? home : [...modules.keys()][0]);
+/** The rows of "/" say which modules there are. */
+export function setModules(rows) {
+  modules.clear();
+  for (const { Path, Title, Disabled } of rows) if (Path && !Disabled) modules.set(Path, Title);
+  if (!modules.size) modules.set(home, "");
+}
+/** The modules that the page does not begin with, as rows. */
+export const otherModules = () =>
+  [...modules].filter(([path]) => path !== startPath()).map(([Path, Title]) => ({ Path, Title }));
+/** The top node of the module that a path belongs to; empty for other paths. */
+export function topOf(path) {
+  const top = `/${baseOf(path).split("/")[1]}`;
+  return modules.has(top) ? top : "";
+}
 /** Where settings stand. */
 export const settingsPath = "/settings";
 /** The login of the service. */

@@ -8,7 +8,7 @@ import { artistLinks } from "./links.js";
 import { isLookedUp, lookUp } from "./lookup.js";
 import { openMenu } from "./menu.js";
 import { goUp, nameHere } from "./nav.js";
-import { home, linkTo, parsePath } from "./path.js";
+import { linkTo, modules, parsePath, startPath, topOf } from "./path.js";
 import { PlaceRows } from "./recent.js";
 import { t } from "./text.js";
 import { View } from "./view.js";
@@ -141,9 +141,10 @@ export class PlaceView extends View {
 
   // Whoever comes by an address from elsewhere gets the list above, as far as the path tells.
   #trailFromPath() {
-    if (this.path === home || !this.path.startsWith(`${home}/`)) return [];
+    const top = topOf(this.path);
+    if (!top || this.path === top) return [];
     const { base, parameters } = parsePath(this.path);
-    const above = [{ path: home, title: t("Home") }];
+    const above = [{ path: top, title: top === startPath() ? t("Home") : modules.get(top) }];
     if (parameters.has("contentId") && this.source.roles.Title)
       above.push({ path: base, title: this.source.roles.Title });
     return above;

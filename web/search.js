@@ -7,7 +7,7 @@ import { plain } from "./filter.js";
 import { item, skeleton } from "./items.js";
 import { kindOf } from "./kinds.js";
 import { VirtualList } from "./list.js";
-import { baseOf, home, parsePath, withParameter } from "./path.js";
+import { baseOf, home, parsePath, startPath, withParameter } from "./path.js";
 import { kindNames } from "./place.js";
 import { PlaceRows } from "./recent.js";
 import { titleOf } from "./rowtext.js";
@@ -25,12 +25,15 @@ let kinds = []; // the rows of the last search: one for each kind
 /** Where the tree answers searches: {path, parameter}; null while nobody is logged in. */
 async function searchPlace() {
   if (found) return found;
-  const top = await getRows(home, 0, 0);
-  if (!top.roles.SearchPath) return null;
-  const container = await getRows(top.roles.SearchPath, 0, 0);
-  const node = container.rows[0];
-  if (!node?.Path) return null;
-  const data = node.QueryPath ? node : (await getData(node.Path)).data;
+  const { SearchPath } = (await getRows(startPath(), 0, 0)).roles;
+  if (!SearchPath) return null;
+  // It is a question itself, or a list that begins with one.
+  let { data } = await getData(SearchPath);
+  if (!data.QueryPath) {
+    const [node] = (await getRows(SearchPath, 0, 0)).rows;
+    if (!node?.Path) return null;
+    data = node.QueryPath ? node : (await getData(node.Path)).data;
+  }
   found = data.QueryPath ? { path: data.QueryPath, parameter: data.Query } : null;
   return found;
 }
@@ -49,11 +52,11 @@ export async function searchPath(text) {
 
 const queryBase = "/search/choose";
 
-/** The text that a path searches for; null when it is no search. */
+/** The text that a path searches for; null when it is no search, or one whose rows are no lists of kinds. */
 export function searchedText(path) {
   const { base, parameters } = parsePath(path);
   const place = found ? parsePath(found.path).base : home + queryBase;
-  return base === place ? (parameters.get(found?.parameter ?? "query") ?? "") : null;
+  return base === place && startPath() === home ? (parameters.get(found?.parameter ?? "query") ?? "") : null;
 }
 
 const nameOf = (row) => baseOf(row.Path).split("/").pop();

@@ -1,5 +1,7 @@
 import assert from "node:assert/strict";
+import path from "node:path";
 import { journey } from "./harness/journey.js";
+import { program } from "./harness/streamer.js";
 import { openWindow } from "./harness/window.js";
 
 const newTracks = "/tidal/req/featured/new/tracks";
@@ -52,6 +54,30 @@ journey("home: shelves of music", { allowed: [/status (of )?502/] }, async (pers
   await person.heading(album);
   await page.goBack();
   await person.until(async () => (await person.focused()).startsWith(album), "the focus is where it was");
+});
+
+const besides = (file) => ["--module", path.join(path.dirname(program), "..", file)];
+const shelf = besides("tests/streamer/modules/libshelf.so");
+
+const both = [...besides("lib/libkelo_cb_tidal.so"), ...shelf];
+
+journey("a second module stands beside the service", { words: both }, async (person) => {
+  const { page } = person;
+  await person.visit();
+  await page.getByRole("navigation", { name: "Music" }).getByRole("link", { name: "Shelf" }).click();
+  await person.open("Tones");
+  await person.heading("Tones");
+  await person.row("Tone 3").waitFor();
+  await person.visit("/#/shelf/tones");
+  await person.heading("Tones");
+  await page.getByRole("navigation", { name: "Where you are" }).getByRole("link", { name: "Shelf" }).click();
+  await person.heading("Shelf");
+});
+
+journey("a page of another module alone", { words: shelf, allowed: [/status (of )?404/] }, async (person) => {
+  await person.visit();
+  await person.open("Tones");
+  await person.row("Tone 3").waitFor();
 });
 
 journey("from a track to its artist, its album, and on", {}, async (person) => {

@@ -56,7 +56,7 @@ bool Streamer::start(QString* error)
         return false;
     }
     startMpris();
-    if (m_options.isDemo)
+    if (m_options.isDemo && m_modules.isServing('/' + KeloService_Tidal_Id()))
         logInToDemo();
     return true;
 }

@@ -14,7 +14,7 @@ const failures = process.env.KELO_WEB_FAILURES || "/tmp/kelo-web-failures";
  */
 export function journey(name, options, steps) {
   test(name, { timeout: 60000 }, async () => {
-    const streamer = await Streamer.start();
+    const streamer = await Streamer.start(options.words);
     try {
       const person = await openWindow(streamer, options);
       try {

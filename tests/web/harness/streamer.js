@@ -17,17 +17,19 @@ export class Streamer {
   #ended = null;
   #folder = "";
   #log = "";
+  #words = [];
 
-  /** Starts one and waits until it listens. */
-  static async start() {
+  /** Starts one, with further words on its command line, and waits until it listens. */
+  static async start(words = []) {
     const streamer = new Streamer();
+    streamer.#words = words;
     streamer.#folder = await mkdtemp(path.join(tmpdir(), "kelo-web-"));
     await streamer.#launch(0);
     return streamer;
   }
 
   async #launch(port) {
-    const words = ["serve", "--demo", "--listen", `127.0.0.1:${port}`, "--output", "null", "--state-dir", path.join(this.#folder, "state")];
+    const words = ["serve", "--demo", "--listen", `127.0.0.1:${port}`, "--output", "null", "--state-dir", path.join(this.#folder, "state"), ...this.#words];
     // The files of the page as they are, in place of those that were built in.
     if (process.env.KELO_WEB_DIR) words.push("-o", `server.web_dir=${process.env.KELO_WEB_DIR}`);
     this.#process = spawn(program, words, { stdio: ["ignore", "pipe", "pipe"] });

@@ -151,6 +151,13 @@ QList<ModuleState> Modules::states() const
     return states;
 }
 
+bool Modules::isServing(const QString& prefix) const
+{
+    return std::any_of(m_modules.begin(), m_modules.end(), [&prefix](const auto& module) {
+        return module->state.problem.isEmpty() && module->state.prefix == prefix;
+    });
+}
+
 bool Modules::isThreadLeftBehind() const
 {
     return std::any_of(m_modules.begin(), m_modules.end(),
