@@ -13,7 +13,7 @@ namespace cli {
 namespace {
 
 const char* const secretNames = "token|secret|passw|passphrase|signature|credential|api_?key|"
-                                "session|cookie|authorization|(?:device|user)_?code";
+                                "session|cookie|authorization|(?:device|user)_?code|\\buser\\b";
 
 /// The texts of a JSON value at names that tell of secrets.
 void collect(const QJsonValue& value, bool isSecret, QStringList& found)
