@@ -13,6 +13,8 @@ void CMContainerNode::addDataRoles(KeloRoles& roles, const CMPath::Params& param
     roles.insert(KeloRoles::ContainerPlayable(), state.isPlayable);
     if (!state.searchPath.isEmpty())
         roles.insert(KeloRoles::SearchPath(), state.searchPath.toEncoded());
+    if (!state.imageUrl.isEmpty())
+        roles.insert(KeloRoles::ImageUrl(), state.imageUrl);
     if (!state.acceptPath.isEmpty())
         roles.insert(KeloRoles::AcceptPath(), acceptPathFor(state.acceptPath, params).toEncoded());
 }

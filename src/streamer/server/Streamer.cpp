@@ -195,6 +195,7 @@ bool Streamer::startWeb(QString* error)
     options.modules = [this] { return m_modules.states(); };
     options.hostNames = m_settings.server.hostNames;
     options.imageUrl = m_settings.tidal.imageUrl;
+    options.imageUrls = [this] { return m_modules.imageUrls(); };
     options.webDirectory = m_settings.server.webDirectory;
     if (!options.webDirectory.isEmpty() && !QFileInfo(options.webDirectory).isDir()) {
         *error = QStringLiteral("server.web_dir: %1 is no folder").arg(options.webDirectory);

@@ -48,7 +48,15 @@ struct ImageWorld
     WebWorld::Answer get(const std::string& url) const { return world.get(call(url)); }
 
     ScriptedServer server{answer};
-    WebWorld world{{"127.0.0.1", 0, {}, {}, {}, QString::fromStdString(server.url("/images/"))}};
+    WebWorld world{
+        {"127.0.0.1", 0, {}, {}, {}, QString::fromStdString(server.url("/images/")), [this] {
+             return QStringList{"",
+                                "http://",
+                                "http:///",
+                                "file:///etc/",
+                                QString::fromStdString(server.url("/covers")),
+                                QString::fromStdString(server.url("/shelf/"))};
+         }}};
 };
 
 } // namespace
@@ -71,6 +79,9 @@ TEST(WebImageTest, FetchesPicturesOfTheServiceAndNothingElse)
     check("", 400, false);
     check(base + "a/b-c/320x320.jpg?v=1", 200, true);
     check("http://127.0.0.1:1/images/kept-from-an-earlier-demo.png", 200, true);
+    check(world.server.url("/shelf/a.png"), 200, true); // another module's
+    check(world.server.url("/shelf/../a.png"), 403, false);
+    check(world.server.url("/coversecret.png"), 403, false);
     check(base + "missing.png", 404, true);
     for (const char* name : {"ill", "broken", "moved", "drawing", "page", "large"})
         check(base + name + ".png", 502, true);

@@ -37,6 +37,9 @@ public:
     void setPlayable(bool playable) { store(m_state.isPlayable, playable); }
     /// The node that searches below this one; an empty path for none.
     void setSearchPath(const CMPath& path) { show(m_state.searchPath, path); }
+    /// Of a module's top node: how the addresses of its pictures begin, such as
+    /// "https://img.example/covers/". No other pictures of the module are shown to a page.
+    void setImageUrl(const QString& url) { store(m_state.imageUrl, url); }
     /// The node that submits a form; an empty path for none.
     void setAcceptPath(const CMPath& path) { store(m_state.acceptPath, path); }
 
@@ -68,5 +71,6 @@ private:
         bool isPlayable = false;
         CMPath searchPath;
         CMPath acceptPath;
+        QString imageUrl;
     } m_state;
 };

@@ -50,6 +50,8 @@ public:
     KELO_NAME(ArtistPaths, "ArtistPaths")
     /// What a playlist says of itself; for requests that name it.
     KELO_NAME(Summary, "Summary")
+    /// Of a module's top node: how the addresses of its pictures begin, up to a slash.
+    KELO_NAME(ImageUrl, "ImageUrl")
 
     KeloRoles() = default;
     explicit KeloRoles(const KeloHash& hash) : KeloHash(hash) {}

@@ -151,6 +151,15 @@ QList<ModuleState> Modules::states() const
     return states;
 }
 
+QStringList Modules::imageUrls() const
+{
+    QStringList urls;
+    const QList<ModuleState> all = states();
+    for (const ModuleState& state : all)
+        urls << CMRoot().dataRoles(CMPath(state.prefix)).value(KeloRoles::ImageUrl()).toString();
+    return urls;
+}
+
 bool Modules::isServing(const QString& prefix) const
 {
     return std::any_of(m_modules.begin(), m_modules.end(), [&prefix](const auto& module) {

@@ -24,6 +24,8 @@ public:
     void stop();
     /// In the order of their start; any thread.
     QList<ModuleState> states() const;
+    /// How the addresses of pictures begin, as the top nodes say; any thread.
+    QStringList imageUrls() const;
     /// Whether a module stands at the prefix.
     bool isServing(const QString& prefix) const;
     /// Whether a thread of a module is left behind, which does not end with this.

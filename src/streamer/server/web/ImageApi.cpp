@@ -1,5 +1,6 @@
 #include "ImageApi.h"
 
+#include <algorithm>
 #include <QRegularExpression>
 
 namespace {
@@ -8,7 +9,7 @@ constexpr int longestUrl = 2048;
 
 } // namespace
 
-ImageApi::ImageApi(const QString& base) : m_base(base) {}
+ImageApi::ImageApi(const QString& base, Bases others) : m_base(base), m_others(std::move(others)) {}
 
 void ImageApi::addRoutes(RouteTable& routes)
 {
@@ -19,15 +20,26 @@ void ImageApi::addRoutes(RouteTable& routes)
 /// The address is the base, letter by letter, and names of files and folders behind it that no
 /// reader of addresses takes for anything else: no dot segments, no escapes of dots and slashes, no
 /// second host. So nothing but the base decides what is reached.
-bool ImageApi::isAllowed(const QString& url) const
+bool ImageApi::isBelow(const QString& base, const QString& url)
 {
     static const QRegularExpression rest(
         QStringLiteral("\\A(?!.*(?:\\A|/)\\.{1,2}(?:/|\\?|\\z))"
                        "(?:[A-Za-z0-9._~,+=-]|%(?:20|[89A-Fa-f][0-9A-Fa-f]))+"
                        "(?:/(?:[A-Za-z0-9._~,+=-]|%(?:20|[89A-Fa-f][0-9A-Fa-f]))+)*"
                        "(?:\\?[A-Za-z0-9._~,+=&-]*)?\\z"));
-    return !m_base.isEmpty() && url.size() <= longestUrl && url.startsWith(m_base) &&
-           rest.match(url.mid(m_base.size())).hasMatch();
+    return !base.isEmpty() && url.size() <= longestUrl && url.startsWith(base) &&
+           rest.match(url.mid(base.size())).hasMatch();
+}
+
+bool ImageApi::isAllowed(const QString& url) const
+{
+    static const QRegularExpression usable(QStringLiteral("\\Ahttps?://[^/@?#]+/([^?#]*/)?\\z"));
+    if (isBelow(m_base, url))
+        return true;
+    const QStringList others = m_others ? m_others() : QStringList();
+    return std::any_of(others.begin(), others.end(), [&url](const QString& base) {
+        return usable.match(base).hasMatch() && isBelow(base, url);
+    });
 }
 
 /// The service of the demo has another port after each start; what clients have kept names the

@@ -73,7 +73,7 @@ struct WebServer::Private
         : m_options(options), m_guard(options.address, options.hostNames),
           m_assets(options.webDirectory), m_tree(m_waiter, player.keptRows()),
           m_player(player, m_waiter), m_login(login, m_waiter), m_health(options.modules),
-          m_hub(player, login), m_events(m_hub), m_images(options.imageUrl)
+          m_hub(player, login), m_events(m_hub), m_images(options.imageUrl, options.imageUrls)
     {
         m_tree.addRoutes(m_routes);
         m_player.addRoutes(m_routes);

@@ -20,6 +20,7 @@ struct WebServerOptions
     QStringList hostNames;     ///< names, beside the usual ones, under which clients reach it
     QString webDirectory = {}; ///< where the page's files are read from; empty: the built-in ones
     QString imageUrl = {};     ///< how the addresses of pictures begin that may be fetched
+    std::function<QStringList()> imageUrls = {}; ///< the same, of other modules; any thread
 };
 
 /// The streamer's web page and its HTTP API under /api/v1, with /healthz, /readyz and /metrics.
