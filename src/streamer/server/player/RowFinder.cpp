@@ -3,7 +3,6 @@
 #include <algorithm>
 
 namespace {
-constexpr int pageSize = RowSearch::pageSize;
 constexpr int maxPages = 40;
 const QString trackIdParam = QStringLiteral("trackId");
 } // namespace
