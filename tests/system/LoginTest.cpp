@@ -27,8 +27,9 @@ TEST_F(LoginTest, everyFailureHasItsReasonAndTheCommandLineSaysWhatToDo)
             EXPECT_EQ(login.status, 1);
             EXPECT_TRUE(login.err.contains(advice)) << login.err.toStdString();
         }
-        EXPECT_TRUE(streamer.waitForEvent(
-            "login", [&](const QJsonObject& login) { return login["reason"] == reason; }));
+        EXPECT_TRUE(streamer.waitForEvent("login", [expected = reason](const QJsonObject& login) {
+            return login["reason"] == expected;
+        }));
         const Outcome status = streamer.kelo({"login", "--status"});
         EXPECT_EQ(status.status, 1);
         EXPECT_TRUE(status.out.contains(advice)) << status.out.toStdString();
