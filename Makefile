@@ -12,6 +12,7 @@ help:
 	@echo "make clang   the tests, built with clang"
 	@echo "make debian12 debian13  the tests in another Debian release, with its compiler"
 	@echo "make compilers  those three after each other"
+	@echo "make aarch64 cross-build for AArch64, and pass the tests under emulation"
 	@echo "make bench   measure, by instruction count"
 	@echo "make fuzz    run each fuzzer for FUZZ_SECONDS (default 30)"
 	@echo "make schedules N=100000 [SEED=1]  play random schedules over the module"
@@ -42,6 +43,16 @@ run: release
 
 test: build
 	@ctest --preset $(PRESET) -j $(JOBS) $(CTEST_ARGS)
+
+# Cross-builds against a device's root (scripts/make-sysroot); the tests run under qemu-user.
+aarch64:
+	@scripts/install-packages scripts/packages-aarch64.txt
+	@cmake --fresh --preset $@ > /dev/null
+	@cmake --build --preset $@ -j $(JOBS)
+	@ctest --preset $@ -j $(JOBS) $(CTEST_ARGS)
+	@sed 's/^/not under emulation: /' build/$@/not-emulated.txt
+	@scripts/stripped-sizes build/$@ aarch64-linux-gnu-
+.PHONY: aarch64
 
 asan tsan:
 	@$(MAKE) --no-print-directory test PRESET=$@

@@ -1,7 +1,7 @@
-# kelo_prints(FILE DESTINATION arguments...): a file that `kelo arguments...` prints, made with every
-# build and installed below share/, manual pages compressed. In a cross build the emulator runs it, or KELO_NATIVE
+# kelo_prints(FILE DESTINATION arguments...): a file that `kelo arguments...` prints, made with every build
+# and installed below share/, manual pages compressed. In a cross build the emulator runs it, or KELO_NATIVE
 # prints in its place.
-set(KELO_NATIVE "" CACHE FILEPATH "A kelo of this version for the build machine, to print manual and completion")
+set(KELO_NATIVE "" CACHE FILEPATH "A kelo for the build machine, to print manual and completion")
 function(kelo_prints file destination)
     set(program ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:kelo>)
     if(KELO_NATIVE)

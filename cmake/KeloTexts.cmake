@@ -1,6 +1,6 @@
-# KELO_CATALOGUES: the folder of the catalogues (translations/) whose contexts are those of the compiler in use. A
-# context is the signature of a function as the compiler prints it; the catalogues have GCC's way, and clang sets a
-# space before & and *, and calls a nameless namespace otherwise.
+# KELO_CATALOGUES: the folder of the catalogues (translations/) whose contexts are those of the compiler in
+# use. A context is the signature of a function as the compiler prints it; the catalogues have GCC's way,
+# and clang sets a space before & and *, and calls a nameless namespace otherwise.
 set(KELO_CATALOGUES "${CMAKE_SOURCE_DIR}/translations")
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     file(GLOB catalogues "${KELO_CATALOGUES}/*.ts" "${KELO_CATALOGUES}/*.qrc")

@@ -7,8 +7,8 @@
 
 class QTranslator;
 
-/// The translation context of a text: the full signature of the function that makes it, as GCC
-/// prints Q_FUNC_INFO.
+/// The translation context of a text: the full signature of the function that makes it, as the
+/// compiler prints Q_FUNC_INFO; catalogues have GCC's way and are turned for others when they are built.
 constexpr const char* trExtractContext(const char* signature)
 {
     return signature;

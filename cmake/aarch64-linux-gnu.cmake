@@ -1,0 +1,32 @@
+# Cross-builds for AArch64 against a device's root, KELO_SYSROOT (or that variable of the environment; by
+# default what scripts/make-sysroot makes). Programs of the build, tests above all, run under qemu-user.
+set(CMAKE_SYSTEM_NAME Linux)
+set(CMAKE_SYSTEM_PROCESSOR aarch64)
+set(kelo_triplet aarch64-linux-gnu)
+set(CMAKE_LIBRARY_ARCHITECTURE ${kelo_triplet})
+set(CMAKE_C_COMPILER ${kelo_triplet}-gcc)
+set(CMAKE_CXX_COMPILER ${kelo_triplet}-g++)
+
+if(NOT KELO_SYSROOT)
+    set(KELO_SYSROOT "$ENV{KELO_SYSROOT}")
+    if(NOT KELO_SYSROOT)
+        execute_process(COMMAND "${CMAKE_CURRENT_LIST_DIR}/../scripts/make-sysroot"
+            OUTPUT_VARIABLE KELO_SYSROOT OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    endif()
+    set(KELO_SYSROOT "${KELO_SYSROOT}" CACHE PATH "The device's root to build against")
+endif()
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES KELO_SYSROOT)
+set(CMAKE_SYSROOT "${KELO_SYSROOT}")
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+set(ENV{PKG_CONFIG_PATH} "")
+set(ENV{PKG_CONFIG_SYSROOT_DIR} "${CMAKE_SYSROOT}")
+set(usr "${CMAKE_SYSROOT}/usr")
+set(ENV{PKG_CONFIG_LIBDIR} "${usr}/lib/${kelo_triplet}/pkgconfig:${usr}/lib/pkgconfig:${usr}/share/pkgconfig")
+
+find_program(KELO_QEMU qemu-aarch64)
+if(KELO_QEMU)
+    set(CMAKE_CROSSCOMPILING_EMULATOR "${KELO_QEMU};-L;${CMAKE_SYSROOT}")
+endif()
