@@ -8,7 +8,8 @@
 namespace {
 
 constexpr int pageSize = 20;
-constexpr int mostOpened = 4;    ///< rows of a list that are opened in turn
+constexpr int shortList = 12;    ///< all its rows are opened in turn
+constexpr int mostOpened = 3;    ///< of a longer one
 constexpr size_t mostRanged = 8; ///< lists whose ranges are tried
 
 const QString rowsCheck = QStringLiteral("rows");
@@ -74,9 +75,10 @@ bool Conformance::visit(const CMPath& path, QList<CMPath>& further)
         m_findings.fault(pathsCheck, text + QStringLiteral(": asked twice, other rows"));
     if (again.count != page.count)
         m_findings.fault(countsCheck, text + QStringLiteral(": asked twice, another count"));
+    const int opened = page.count <= shortList ? shortList : mostOpened;
     for (const KeloRoles& row : page.rows) {
         checkRow(path, row);
-        if (row.type() == KeloRolesType::Container() && further.size() < mostOpened)
+        if (row.type() == KeloRolesType::Container() && further.size() < opened)
             further.append(row.path());
     }
     m_lists.push_back({path, page});
