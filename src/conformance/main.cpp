@@ -1,6 +1,7 @@
 #include "Conformance.h"
 
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 #include <iostream>
 #include <QCoreApplication>
@@ -134,7 +135,9 @@ int main(int argc, char** argv)
         std::vector<char*> words(argv, argv + argc + 1);
         words.insert(words.begin() + 1, const_cast<char*>(mark.c_str()));
         // Anew: threads that libraries have started are not there after a fork.
-        execv("/proc/self/exe", words.data());
+        // By its own name, which unnamed threads show.
+        char* const self = realpath("/proc/self/exe", nullptr);
+        execv(self ? self : "/proc/self/exe", words.data());
         _exit(exitFailed);
     }
     close(ends[1]);
