@@ -35,10 +35,6 @@ Plan& plan()
 
 /// What the libraries do before the program begins does not count.
 bool hasBegun = false;
-__attribute__((constructor)) void begin()
-{
-    hasBegun = true;
-}
 
 /// Whether this call is the one that fails; then `error` is its errno.
 bool fails(const char* kind, int error)
@@ -90,6 +86,16 @@ bool isCalledFrom(void* address, const char* library)
     return ::dladdr(address, &info) && info.dli_fname && std::strstr(info.dli_fname, library);
 }
 } // namespace
+
+// What the C library calls the program through, when every library has been initialized.
+using Main = int(int, char**, char**);
+using Hook = void();
+extern "C" int __libc_start_main(Main* main, int argc, char** argv, Hook* init, Hook* fini,
+                                 Hook* end, void* stack)
+{
+    hasBegun = true;
+    return next(&__libc_start_main, "__libc_start_main")(main, argc, argv, init, fini, end, stack);
+}
 
 // Socket calls.
 #define SOCKET_CALL(name, parameters, arguments)                                                   \
