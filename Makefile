@@ -17,6 +17,7 @@ help:
 	@echo "make fuzz    run each fuzzer for FUZZ_SECONDS (default 30)"
 	@echo "make schedules N=100000 [SEED=1]  play random schedules over the module"
 	@echo "make faults  let each operation of a journey fail once"
+	@echo "make deb     Debian packages, built in a clean root with the tests; make deb-test tries them in another"
 	@echo "make tidy    clang-tidy over all sources"
 	@echo "make format  clang-format over all sources"
 
@@ -91,6 +92,15 @@ fuzz: packages
 	@cmake --preset fuzz > /dev/null
 	@cmake --build --preset fuzz -j $(JOBS) --target fuzz_json fuzz_path fuzz_url
 	@scripts/run-fuzzers build/fuzz $${FUZZ_SECONDS:-30}
+
+# Debian packages of what is committed, in build/packages.
+deb:
+	@scripts/install-packages scripts/packages-deb.txt
+	@JOBS=$(JOBS) scripts/make-packages
+deb-test:
+	@scripts/install-packages scripts/packages-deb.txt
+	@scripts/try-packages
+.PHONY: deb deb-test
 
 tidy: build
 	@git ls-files "host/*.cpp" "src/*.cpp" | xargs -P $(JOBS) -n 4 clang-tidy --quiet -p build/$(PRESET)
