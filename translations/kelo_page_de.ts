@@ -4,12 +4,12 @@
 <context>
     <name>page</name>
     <message>
-        <source>Delete the playlist?</source>
-        <translation>Playlist löschen?</translation>
-    </message>
-    <message>
         <source>“%1” will be deleted from the service. This cannot be undone.</source>
         <translation>„%1“ wird beim Dienst gelöscht. Das lässt sich nicht rückgängig machen.</translation>
+    </message>
+    <message>
+        <source>Delete the playlist?</source>
+        <translation>Playlist löschen?</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -64,6 +64,10 @@
         <translation>Menü der Zeile</translation>
     </message>
     <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>Favorit: die Zeile oder was spielt</translation>
+    </message>
+    <message>
         <source>Space</source>
         <translation>Leertaste</translation>
     </message>
@@ -74,6 +78,34 @@
     <message>
         <source>Next, previous</source>
         <translation>Nächster, vorheriger</translation>
+    </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10 Sekunden zurück, vor</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>Leiser, lauter</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Stumm</translation>
+    </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>Zufall, Wiederholen</translation>
+    </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>Zeilen filtern</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Umschalt</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>Mehrere Zeilen auswählen</translation>
     </message>
     <message>
         <source>Now playing and queue</source>
@@ -100,6 +132,18 @@
         <translation>Tastenkürzel</translation>
     </message>
     <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+    <message>
+        <source>Read more</source>
+        <translation>Weiterlesen</translation>
+    </message>
+    <message>
         <source>Position</source>
         <translation>Position</translation>
     </message>
@@ -112,8 +156,24 @@
         <translation>Lautstärke</translation>
     </message>
     <message>
-        <source>Play</source>
-        <translation>Abspielen</translation>
+        <source>Unmute</source>
+        <translation>Ton an</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Zufällige Reihenfolge</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>Wiederholen: aus</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>Wiederholen: alles</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>Wiederholen: dieser Titel</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -144,36 +204,36 @@
         <translation>Aktuelle Wiedergabe: %1</translation>
     </message>
     <message>
+        <source>1 track</source>
+        <translation>1 Titel</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1 Titel</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>%1 Alben</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>%1 Künstler</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>%1 Playlists</translation>
+    </message>
+    <message>
         <source>Rows</source>
         <translation>Zeilen</translation>
-    </message>
-    <message>
-        <source>Log in</source>
-        <translation>Anmelden</translation>
-    </message>
-    <message>
-        <source>Try again</source>
-        <translation>Erneut versuchen</translation>
     </message>
     <message>
         <source>Nothing is here.</source>
         <translation>Hier ist nichts.</translation>
     </message>
     <message>
-        <source>Artist</source>
-        <translation>Interpret</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Mehr</translation>
-    </message>
-    <message>
         <source>Order</source>
         <translation>Sortierung</translation>
-    </message>
-    <message>
-        <source>Where you are</source>
-        <translation>Aktueller Ort</translation>
     </message>
     <message>
         <source>Close</source>
@@ -190,6 +250,14 @@
     <message>
         <source>Copy its path</source>
         <translation>Pfad kopieren</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Leeren</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -232,6 +300,14 @@
         <translation>Entwicklerbereich schließen</translation>
     </message>
     <message>
+        <source>The description of the HTTP API</source>
+        <translation>Die Beschreibung der HTTP-API</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
         <source>Move to a row: its path, roles and data stand here.</source>
         <translation>Zu einer Zeile gehen: Hier stehen dann ihr Pfad, ihre Rollen und Daten.</translation>
     </message>
@@ -256,8 +332,236 @@
         <translation>fehlgeschlagen</translation>
     </message>
     <message>
+        <source>Copy as curl</source>
+        <translation>Als curl kopieren</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>Als kelo kopieren</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>Zu „%1“ hinzugefügt</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>Neue Playlist…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>Angaben bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>Angaben der Playlist bearbeiten…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Gespeichert</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>An Stelle verschieben…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Verschieben</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>Zum Künstler</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>Zum Album</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>Playlist löschen…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Gelöscht</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>Aus dieser Playlist entfernen</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>Aus der Playlist entfernt</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>Hinzugefügt am</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Interpret</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Länge</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>Reihenfolge der Playlist</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>Erscheinungsdatum</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>Niedrig, AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>Hoch, AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>Verlustfrei, FLAC 16 Bit 44,1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>Hi-Res, bis 24 Bit 96 kHz</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Nicht gefunden</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>Das hat nicht geklappt</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>Unter dieser Adresse ist nichts.</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>Der Musikdienst hat nicht rechtzeitig geantwortet.</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>Der Musikdienst ist nicht erreichbar. Prüfen Sie das Netzwerk des Streamers.</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>Der Musikdienst hat ein Problem (%1).</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>Das gibt es beim Musikdienst nicht.</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>Anmelden</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>Neuer Versuch in %1 s</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>Aus den Favoriten entfernen: %1</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>Zu den Favoriten hinzufügen: %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>Aus den Favoriten entfernen</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Zu den Favoriten hinzufügen</translation>
+    </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>Zu den Favoriten hinzugefügt</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>Aus den Favoriten entfernt</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 zu den Favoriten hinzugefügt</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 aus den Favoriten entfernt</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>Der Dienst hat das abgelehnt.</translation>
+    </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>%1 in den ersten %2 von %3</translation>
+    </message>
+    <message>
         <source>Save</source>
         <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>Lieblingsalben</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>Eigene Playlists</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>Lieblingsplaylists</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>Neu eingetroffen</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>Empfohlen</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>Empfohlene Playlists</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>Stimmungen</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>Zuletzt gehört</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Weiterhören</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>Um Musik zu hören, den Streamer mit dem eigenen Konto verbinden.</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Zu den Zeilen springen</translation>
     </message>
     <message>
         <source>The streamer does not answer. Trying again…</source>
@@ -274,6 +578,18 @@
     <message>
         <source>Player</source>
         <translation>Player</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>Hauptbereiche</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>Meine Musik</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Wiedergabe</translation>
     </message>
     <message>
         <source>“%1” is not available.</source>
@@ -356,6 +672,18 @@
         <translation>In einigen Minuten erneut versuchen.</translation>
     </message>
     <message>
+        <source>Not logged in</source>
+        <translation>Nicht angemeldet</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>Angemeldet als %1</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>Angemeldet</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>Wird geladen …</translation>
     </message>
@@ -378,10 +706,6 @@
     <message>
         <source>Log out</source>
         <translation>Abmelden</translation>
-    </message>
-    <message>
-        <source>To play music, connect the streamer to your account.</source>
-        <translation>Um Musik zu hören, den Streamer mit dem eigenen Konto verbinden.</translation>
     </message>
     <message>
         <source>Get a code</source>
@@ -420,24 +744,96 @@
         <translation>Neuen Code anfordern</translation>
     </message>
     <message>
+        <source>Play next</source>
+        <translation>Als Nächstes spielen</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>Zur Warteschlange hinzufügen</translation>
+    </message>
+    <message>
         <source>Open</source>
         <translation>Öffnen</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Auswählen</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 ausgewählt</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>An den Anfang verschoben</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>An den Anfang</translation>
     </message>
     <message>
         <source>Working…</source>
         <translation>Bitte warten …</translation>
     </message>
     <message>
-        <source>Stop</source>
-        <translation>Stopp</translation>
+        <source>Playlist</source>
+        <translation>Playlist</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>Aktueller Ort</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>Spielt als Nächstes: %1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>In die Warteschlange gestellt: %1</translation>
     </message>
     <message>
         <source>Queue</source>
         <translation>Warteschlange</translation>
     </message>
     <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>Spielt aus %1</translation>
+    </message>
+    <message>
         <source>Play an album, a playlist or a track: what follows stands here.</source>
         <translation>Ein Album, eine Playlist oder einen Titel abspielen: Hier steht, was folgt.</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>Als Nächstes</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>Danach aus %1</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>Danach in der Liste</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1 entfernen</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>Letzte Suchen</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>Arten</translation>
     </message>
     <message>
         <source>Search: %1</source>
@@ -448,8 +844,32 @@
         <translation>Suchbegriff eingeben: Interpret, Album, Titel oder Playlist.</translation>
     </message>
     <message>
-        <source>All %1</source>
-        <translation>Alle %1</translation>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>Bester Treffer</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>Für „%1“ wurde nichts gefunden.</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Titel</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>Ausgewählte Zeilen</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>Auswahl aufheben</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 zur Warteschlange hinzugefügt</translation>
     </message>
     <message>
         <source>As the browser</source>
@@ -468,16 +888,16 @@
         <translation>Dunkel</translation>
     </message>
     <message>
-        <source>This page</source>
-        <translation>Diese Seite</translation>
-    </message>
-    <message>
         <source>Language</source>
         <translation>Sprache</translation>
     </message>
     <message>
         <source>Colours</source>
         <translation>Farben</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>Diese Seite</translation>
     </message>
     <message>
         <source>The streamer</source>
@@ -496,56 +916,16 @@
         <translation>(leer)</translation>
     </message>
     <message>
-        <source>Waiting for the music service, %1 s</source>
-        <translation>Warten auf den Musikdienst, %1 s</translation>
+        <source>Whole tracks, not previews</source>
+        <translation>Ganze Titel statt Hörproben</translation>
     </message>
     <message>
-        <source>Waiting for the streamer, %1 s</source>
-        <translation>Warten auf den Streamer, %1 s</translation>
+        <source>Forward</source>
+        <translation>Weiter</translation>
     </message>
     <message>
-        <source>Added to favorites</source>
-        <translation>Zu den Favoriten hinzugefügt</translation>
-    </message>
-    <message>
-        <source>Removed from favorites</source>
-        <translation>Aus den Favoriten entfernt</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>Rückgängig</translation>
-    </message>
-    <message>
-        <source>Add to favorites: %1</source>
-        <translation>Zu den Favoriten hinzufügen: %1</translation>
-    </message>
-    <message>
-        <source>Remove from favorites: %1</source>
-        <translation>Aus den Favoriten entfernen: %1</translation>
-    </message>
-    <message>
-        <source>Favorite: the row, or what plays</source>
-        <translation>Favorit: die Zeile oder was spielt</translation>
-    </message>
-    <message>
-        <source>The service has refused this.</source>
-        <translation>Der Dienst hat das abgelehnt.</translation>
-    </message>
-    <message>
-        <source>1 track</source>
-        <translation>1 Titel</translation>
-    </message>
-    <message>
-        <source>%1 tracks</source>
-        <translation>%1 Titel</translation>
-    </message>
-    <message>
-        <source>Album</source>
-        <translation>Album</translation>
-    </message>
-    <message>
-        <source>Playlist</source>
-        <translation>Playlist</translation>
+        <source>All %1</source>
+        <translation>Alle %1</translation>
     </message>
     <message>
         <source>%1 min</source>
@@ -556,396 +936,12 @@
         <translation>%1 Std. %2 Min.</translation>
     </message>
     <message>
-        <source>Radio</source>
-        <translation>Radio</translation>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>Warten auf den Musikdienst, %1 s</translation>
     </message>
     <message>
-        <source>Read more</source>
-        <translation>Weiterlesen</translation>
-    </message>
-    <message>
-        <source>Forward</source>
-        <translation>Weiter</translation>
-    </message>
-    <message>
-        <source>Favorite albums</source>
-        <translation>Lieblingsalben</translation>
-    </message>
-    <message>
-        <source>Your playlists</source>
-        <translation>Eigene Playlists</translation>
-    </message>
-    <message>
-        <source>Favorite playlists</source>
-        <translation>Lieblingsplaylists</translation>
-    </message>
-    <message>
-        <source>Just in</source>
-        <translation>Neu eingetroffen</translation>
-    </message>
-    <message>
-        <source>Recommended</source>
-        <translation>Empfohlen</translation>
-    </message>
-    <message>
-        <source>Recommended playlists</source>
-        <translation>Empfohlene Playlists</translation>
-    </message>
-    <message>
-        <source>Moods</source>
-        <translation>Stimmungen</translation>
-    </message>
-    <message>
-        <source>Recently played</source>
-        <translation>Zuletzt gehört</translation>
-    </message>
-    <message>
-        <source>Continue</source>
-        <translation>Weiterhören</translation>
-    </message>
-    <message>
-        <source>Added to “%1”</source>
-        <translation>Zu „%1“ hinzugefügt</translation>
-    </message>
-    <message>
-        <source>New playlist…</source>
-        <translation>Neue Playlist…</translation>
-    </message>
-    <message>
-        <source>Edit details…</source>
-        <translation>Angaben bearbeiten…</translation>
-    </message>
-    <message>
-        <source>Edit playlist details…</source>
-        <translation>Angaben der Playlist bearbeiten…</translation>
-    </message>
-    <message>
-        <source>Saved</source>
-        <translation>Gespeichert</translation>
-    </message>
-    <message>
-        <source>Move to position…</source>
-        <translation>An Stelle verschieben…</translation>
-    </message>
-    <message>
-        <source>Move</source>
-        <translation>Verschieben</translation>
-    </message>
-    <message>
-        <source>Go to artist</source>
-        <translation>Zum Künstler</translation>
-    </message>
-    <message>
-        <source>Go to album</source>
-        <translation>Zum Album</translation>
-    </message>
-    <message>
-        <source>Delete playlist…</source>
-        <translation>Playlist löschen…</translation>
-    </message>
-    <message>
-        <source>Deleted</source>
-        <translation>Gelöscht</translation>
-    </message>
-    <message>
-        <source>Remove from this playlist</source>
-        <translation>Aus dieser Playlist entfernen</translation>
-    </message>
-    <message>
-        <source>Removed from the playlist</source>
-        <translation>Aus der Playlist entfernt</translation>
-    </message>
-    <message>
-        <source>Date added</source>
-        <translation>Hinzugefügt am</translation>
-    </message>
-    <message>
-        <source>Length</source>
-        <translation>Länge</translation>
-    </message>
-    <message>
-        <source>Playlist order</source>
-        <translation>Reihenfolge der Playlist</translation>
-    </message>
-    <message>
-        <source>Release date</source>
-        <translation>Erscheinungsdatum</translation>
-    </message>
-    <message>
-        <source>Low, AAC 96 kbit/s</source>
-        <translation>Niedrig, AAC 96 kbit/s</translation>
-    </message>
-    <message>
-        <source>High, AAC 320 kbit/s</source>
-        <translation>Hoch, AAC 320 kbit/s</translation>
-    </message>
-    <message>
-        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
-        <translation>Verlustfrei, FLAC 16 Bit 44,1 kHz</translation>
-    </message>
-    <message>
-        <source>Hi-Res, up to 24 bit 96 kHz</source>
-        <translation>Hi-Res, bis 24 Bit 96 kHz</translation>
-    </message>
-    <message>
-        <source>Moved to the top</source>
-        <translation>An den Anfang verschoben</translation>
-    </message>
-    <message>
-        <source>Move to top</source>
-        <translation>An den Anfang</translation>
-    </message>
-    <message>
-        <source>10 seconds back, on</source>
-        <translation>10 Sekunden zurück, vor</translation>
-    </message>
-    <message>
-        <source>Less loud, louder</source>
-        <translation>Leiser, lauter</translation>
-    </message>
-    <message>
-        <source>Mute</source>
-        <translation>Stumm</translation>
-    </message>
-    <message>
-        <source>Unmute</source>
-        <translation>Ton an</translation>
-    </message>
-    <message>
-        <source>Main</source>
-        <translation>Hauptbereiche</translation>
-    </message>
-    <message>
-        <source>My Music</source>
-        <translation>Meine Musik</translation>
-    </message>
-    <message>
-        <source>Playing</source>
-        <translation>Wiedergabe</translation>
-    </message>
-    <message>
-        <source>Not found</source>
-        <translation>Nicht gefunden</translation>
-    </message>
-    <message>
-        <source>This did not work</source>
-        <translation>Das hat nicht geklappt</translation>
-    </message>
-    <message>
-        <source>There is nothing at this address.</source>
-        <translation>Unter dieser Adresse ist nichts.</translation>
-    </message>
-    <message>
-        <source>The music service did not answer in time.</source>
-        <translation>Der Musikdienst hat nicht rechtzeitig geantwortet.</translation>
-    </message>
-    <message>
-        <source>The music service cannot be reached. Check the network of the streamer.</source>
-        <translation>Der Musikdienst ist nicht erreichbar. Prüfen Sie das Netzwerk des Streamers.</translation>
-    </message>
-    <message>
-        <source>The music service has a problem (%1).</source>
-        <translation>Der Musikdienst hat ein Problem (%1).</translation>
-    </message>
-    <message>
-        <source>The music service does not have this.</source>
-        <translation>Das gibt es beim Musikdienst nicht.</translation>
-    </message>
-    <message>
-        <source>Trying again in %1 s</source>
-        <translation>Neuer Versuch in %1 s</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Zu den Zeilen springen</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Leeren</translation>
-    </message>
-    <message>
-        <source>Recent searches</source>
-        <translation>Letzte Suchen</translation>
-    </message>
-    <message>
-        <source>Kinds</source>
-        <translation>Arten</translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation>Alle</translation>
-    </message>
-    <message>
-        <source>Best hit</source>
-        <translation>Bester Treffer</translation>
-    </message>
-    <message>
-        <source>Track</source>
-        <translation>Titel</translation>
-    </message>
-    <message>
-        <source>Nothing was found for “%1”.</source>
-        <translation>Für „%1“ wurde nichts gefunden.</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>Filter</translation>
-    </message>
-    <message>
-        <source>API</source>
-        <translation>API</translation>
-    </message>
-    <message>
-        <source>The description of the HTTP API</source>
-        <translation>Die Beschreibung der HTTP-API</translation>
-    </message>
-    <message>
-        <source>Copy as curl</source>
-        <translation>Als curl kopieren</translation>
-    </message>
-    <message>
-        <source>Copy as kelo</source>
-        <translation>Als kelo kopieren</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Zu den Zeilen springen</translation>
-    </message>
-    <message>
-        <source>Shuffle, repeat</source>
-        <translation>Zufall, Wiederholen</translation>
-    </message>
-    <message>
-        <source>Shuffle</source>
-        <translation>Zufällige Reihenfolge</translation>
-    </message>
-    <message>
-        <source>Repeat: off</source>
-        <translation>Wiederholen: aus</translation>
-    </message>
-    <message>
-        <source>Repeat: all</source>
-        <translation>Wiederholen: alles</translation>
-    </message>
-    <message>
-        <source>Repeat: this track</source>
-        <translation>Wiederholen: dieser Titel</translation>
-    </message>
-    <message>
-        <source>Play next</source>
-        <translation>Als Nächstes spielen</translation>
-    </message>
-    <message>
-        <source>Add to queue</source>
-        <translation>Zur Warteschlange hinzufügen</translation>
-    </message>
-    <message>
-        <source>Plays next: %1</source>
-        <translation>Spielt als Nächstes: %1</translation>
-    </message>
-    <message>
-        <source>Added to the queue: %1</source>
-        <translation>In die Warteschlange gestellt: %1</translation>
-    </message>
-    <message>
-        <source>Playing from %1</source>
-        <translation>Spielt aus %1</translation>
-    </message>
-    <message>
-        <source>Next from %1</source>
-        <translation>Danach aus %1</translation>
-    </message>
-    <message>
-        <source>Next in the queue</source>
-        <translation>Als Nächstes</translation>
-    </message>
-    <message>
-        <source>Next in the list</source>
-        <translation>Danach in der Liste</translation>
-    </message>
-    <message>
-        <source>Remove %1</source>
-        <translation>%1 entfernen</translation>
-    </message>
-    <message>
-        <source>Filter the rows</source>
-        <translation>Zeilen filtern</translation>
-    </message>
-    <message>
-        <source>Shift</source>
-        <translation>Umschalt</translation>
-    </message>
-    <message>
-        <source>Select several rows</source>
-        <translation>Mehrere Zeilen auswählen</translation>
-    </message>
-    <message>
-        <source>%1 albums</source>
-        <translation>%1 Alben</translation>
-    </message>
-    <message>
-        <source>%1 artists</source>
-        <translation>%1 Künstler</translation>
-    </message>
-    <message>
-        <source>%1 playlists</source>
-        <translation>%1 Playlists</translation>
-    </message>
-    <message>
-        <source>Select</source>
-        <translation>Auswählen</translation>
-    </message>
-    <message>
-        <source>%1 selected</source>
-        <translation>%1 ausgewählt</translation>
-    </message>
-    <message>
-        <source>Selected rows</source>
-        <translation>Ausgewählte Zeilen</translation>
-    </message>
-    <message>
-        <source>Select nothing</source>
-        <translation>Auswahl aufheben</translation>
-    </message>
-    <message>
-        <source>%1 added to the queue</source>
-        <translation>%1 zur Warteschlange hinzugefügt</translation>
-    </message>
-    <message>
-        <source>Not logged in</source>
-        <translation>Nicht angemeldet</translation>
-    </message>
-    <message>
-        <source>Logged in</source>
-        <translation>Angemeldet</translation>
-    </message>
-    <message>
-        <source>Whole tracks, not previews</source>
-        <translation>Ganze Titel statt Hörproben</translation>
-    </message>
-    <message>
-        <source>Logged in as %1</source>
-        <translation>Angemeldet als %1</translation>
-    </message>
-    <message>
-        <source>%1 in the first %2 of %3</source>
-        <translation>%1 in den ersten %2 von %3</translation>
-    </message>
-    <message>
-        <source>Add to favorites</source>
-        <translation>Zu den Favoriten hinzufügen</translation>
-    </message>
-    <message>
-        <source>Remove from favorites</source>
-        <translation>Aus den Favoriten entfernen</translation>
-    </message>
-    <message>
-        <source>%1 added to favorites</source>
-        <translation>%1 zu den Favoriten hinzugefügt</translation>
-    </message>
-    <message>
-        <source>%1 removed from favorites</source>
-        <translation>%1 aus den Favoriten entfernt</translation>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>Warten auf den Streamer, %1 s</translation>
     </message>
 </context>
 </TS>

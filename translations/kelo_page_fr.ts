@@ -4,12 +4,12 @@
 <context>
     <name>page</name>
     <message>
-        <source>Delete the playlist?</source>
-        <translation>Supprimer la playlist ?</translation>
-    </message>
-    <message>
         <source>“%1” will be deleted from the service. This cannot be undone.</source>
         <translation>« %1 » sera supprimée du service. Cette action est irréversible.</translation>
+    </message>
+    <message>
+        <source>Delete the playlist?</source>
+        <translation>Supprimer la playlist ?</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -64,6 +64,10 @@
         <translation>Menu de la ligne</translation>
     </message>
     <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>Favori : la ligne, ou ce qui est joué</translation>
+    </message>
+    <message>
         <source>Space</source>
         <translation>Espace</translation>
     </message>
@@ -74,6 +78,34 @@
     <message>
         <source>Next, previous</source>
         <translation>Suivant, précédent</translation>
+    </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10 secondes en arrière, en avant</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>Moins fort, plus fort</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Couper le son</translation>
+    </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>Aléatoire, répétition</translation>
+    </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>Filtrer les lignes</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Maj</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>Sélectionner plusieurs lignes</translation>
     </message>
     <message>
         <source>Now playing and queue</source>
@@ -100,6 +132,18 @@
         <translation>Raccourcis clavier</translation>
     </message>
     <message>
+        <source>Play</source>
+        <translation>Lire</translation>
+    </message>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+    <message>
+        <source>Read more</source>
+        <translation>Lire la suite</translation>
+    </message>
+    <message>
         <source>Position</source>
         <translation>Position</translation>
     </message>
@@ -112,8 +156,24 @@
         <translation>Volume</translation>
     </message>
     <message>
-        <source>Play</source>
-        <translation>Lire</translation>
+        <source>Unmute</source>
+        <translation>Rétablir le son</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Lecture aléatoire</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>Répétition : non</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>Répétition : tout</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>Répétition : ce titre</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -144,36 +204,36 @@
         <translation>En cours de lecture : %1</translation>
     </message>
     <message>
+        <source>1 track</source>
+        <translation>1 titre</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1 titres</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>%1 albums</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>%1 artistes</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>%1 playlists</translation>
+    </message>
+    <message>
         <source>Rows</source>
         <translation>Lignes</translation>
-    </message>
-    <message>
-        <source>Log in</source>
-        <translation>Se connecter</translation>
-    </message>
-    <message>
-        <source>Try again</source>
-        <translation>Réessayer</translation>
     </message>
     <message>
         <source>Nothing is here.</source>
         <translation>Il n’y a rien ici.</translation>
     </message>
     <message>
-        <source>Artist</source>
-        <translation>Artiste</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Plus</translation>
-    </message>
-    <message>
         <source>Order</source>
         <translation>Tri</translation>
-    </message>
-    <message>
-        <source>Where you are</source>
-        <translation>Emplacement actuel</translation>
     </message>
     <message>
         <source>Close</source>
@@ -190,6 +250,14 @@
     <message>
         <source>Copy its path</source>
         <translation>Copier son chemin</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filtrer</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Effacer</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -232,6 +300,14 @@
         <translation>Fermer le panneau</translation>
     </message>
     <message>
+        <source>The description of the HTTP API</source>
+        <translation>La description de l’API HTTP</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
         <source>Move to a row: its path, roles and data stand here.</source>
         <translation>Placez-vous sur une ligne : son chemin, ses rôles et ses données s’affichent ici.</translation>
     </message>
@@ -256,8 +332,236 @@
         <translation>échec</translation>
     </message>
     <message>
+        <source>Copy as curl</source>
+        <translation>Copier en curl</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>Copier en kelo</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>Ajouté à « %1 »</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>Nouvelle playlist…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>Modifier les détails…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>Modifier les détails de la playlist…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Enregistré</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>Déplacer à la position…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Déplacer</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>Aller à l’artiste</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>Aller à l’album</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>Supprimer la playlist…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Supprimé</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>Retirer de cette playlist</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>Retiré de la playlist</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>Date d’ajout</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Artiste</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Durée</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>Ordre de la playlist</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>Date de sortie</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>Basse, AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>Élevée, AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>Sans perte, FLAC 16 bits 44,1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>Hi-Res, jusqu’à 24 bits 96 kHz</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Introuvable</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>Cela n’a pas fonctionné</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>Il n’y a rien à cette adresse.</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>Le service de musique n’a pas répondu à temps.</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>Le service de musique est injoignable. Vérifiez le réseau du streamer.</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>Le service de musique a un problème (%1).</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>Le service de musique ne propose pas cela.</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>Se connecter</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>Nouvel essai dans %1 s</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>Retirer des favoris : %1</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>Ajouter aux favoris : %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>Retirer des favoris</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Ajouter aux favoris</translation>
+    </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>Ajouté aux favoris</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>Retiré des favoris</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 ajoutés aux favoris</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 retirés des favoris</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>Le service a refusé.</translation>
+    </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>%1 parmi les %2 premiers sur %3</translation>
+    </message>
+    <message>
         <source>Save</source>
         <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>Albums favoris</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>Vos playlists</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>Playlists favorites</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>Nouveautés</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>Recommandations</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>Playlists recommandées</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>Ambiances</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>Écoutés récemment</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Continuer</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>Pour écouter de la musique, associez le streamer à votre compte.</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Aller aux lignes</translation>
     </message>
     <message>
         <source>The streamer does not answer. Trying again…</source>
@@ -274,6 +578,18 @@
     <message>
         <source>Player</source>
         <translation>Lecteur</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>Navigation principale</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>Ma musique</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Lecture</translation>
     </message>
     <message>
         <source>“%1” is not available.</source>
@@ -356,6 +672,18 @@
         <translation>Réessayez dans quelques minutes.</translation>
     </message>
     <message>
+        <source>Not logged in</source>
+        <translation>Non connecté</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>Connecté en tant que %1</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>Connecté</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>Chargement…</translation>
     </message>
@@ -378,10 +706,6 @@
     <message>
         <source>Log out</source>
         <translation>Se déconnecter</translation>
-    </message>
-    <message>
-        <source>To play music, connect the streamer to your account.</source>
-        <translation>Pour écouter de la musique, associez le streamer à votre compte.</translation>
     </message>
     <message>
         <source>Get a code</source>
@@ -420,24 +744,96 @@
         <translation>Obtenir un nouveau code</translation>
     </message>
     <message>
+        <source>Play next</source>
+        <translation>Lire ensuite</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>Ajouter à la file d’attente</translation>
+    </message>
+    <message>
         <source>Open</source>
         <translation>Ouvrir</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Sélectionner</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 sélectionnés</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>Déplacé en tête</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>Déplacer en tête</translation>
     </message>
     <message>
         <source>Working…</source>
         <translation>Opération en cours…</translation>
     </message>
     <message>
-        <source>Stop</source>
-        <translation>Arrêter</translation>
+        <source>Playlist</source>
+        <translation>Playlist</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Plus</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>Emplacement actuel</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>À suivre : %1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>Ajouté à la file d’attente : %1</translation>
     </message>
     <message>
         <source>Queue</source>
         <translation>File d’attente</translation>
     </message>
     <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>Lecture depuis %1</translation>
+    </message>
+    <message>
         <source>Play an album, a playlist or a track: what follows stands here.</source>
         <translation>Lisez un album, une playlist ou un titre : la suite s’affiche ici.</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>À suivre</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>Ensuite depuis %1</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>Ensuite dans la liste</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>Retirer %1</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>Recherches récentes</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>Types</translation>
     </message>
     <message>
         <source>Search: %1</source>
@@ -448,8 +844,32 @@
         <translation>Saisissez ce que vous cherchez : un artiste, un album, un titre, une playlist.</translation>
     </message>
     <message>
-        <source>All %1</source>
-        <translation>Tout afficher (%1)</translation>
+        <source>All</source>
+        <translation>Tout</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>Meilleur résultat</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>Rien n’a été trouvé pour « %1 ».</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Titre</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>Lignes sélectionnées</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>Tout désélectionner</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 ajoutés à la file d’attente</translation>
     </message>
     <message>
         <source>As the browser</source>
@@ -468,16 +888,16 @@
         <translation>Sombre</translation>
     </message>
     <message>
-        <source>This page</source>
-        <translation>Cette page</translation>
-    </message>
-    <message>
         <source>Language</source>
         <translation>Langue</translation>
     </message>
     <message>
         <source>Colours</source>
         <translation>Couleurs</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>Cette page</translation>
     </message>
     <message>
         <source>The streamer</source>
@@ -496,56 +916,16 @@
         <translation>(vide)</translation>
     </message>
     <message>
-        <source>Waiting for the music service, %1 s</source>
-        <translation>En attente du service de musique, %1 s</translation>
+        <source>Whole tracks, not previews</source>
+        <translation>Titres entiers, pas d’extraits</translation>
     </message>
     <message>
-        <source>Waiting for the streamer, %1 s</source>
-        <translation>En attente du streamer, %1 s</translation>
+        <source>Forward</source>
+        <translation>Suivant</translation>
     </message>
     <message>
-        <source>Added to favorites</source>
-        <translation>Ajouté aux favoris</translation>
-    </message>
-    <message>
-        <source>Removed from favorites</source>
-        <translation>Retiré des favoris</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>Annuler</translation>
-    </message>
-    <message>
-        <source>Add to favorites: %1</source>
-        <translation>Ajouter aux favoris : %1</translation>
-    </message>
-    <message>
-        <source>Remove from favorites: %1</source>
-        <translation>Retirer des favoris : %1</translation>
-    </message>
-    <message>
-        <source>Favorite: the row, or what plays</source>
-        <translation>Favori : la ligne, ou ce qui est joué</translation>
-    </message>
-    <message>
-        <source>The service has refused this.</source>
-        <translation>Le service a refusé.</translation>
-    </message>
-    <message>
-        <source>1 track</source>
-        <translation>1 titre</translation>
-    </message>
-    <message>
-        <source>%1 tracks</source>
-        <translation>%1 titres</translation>
-    </message>
-    <message>
-        <source>Album</source>
-        <translation>Album</translation>
-    </message>
-    <message>
-        <source>Playlist</source>
-        <translation>Playlist</translation>
+        <source>All %1</source>
+        <translation>Tout afficher (%1)</translation>
     </message>
     <message>
         <source>%1 min</source>
@@ -556,396 +936,12 @@
         <translation>%1 h %2 min</translation>
     </message>
     <message>
-        <source>Radio</source>
-        <translation>Radio</translation>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>En attente du service de musique, %1 s</translation>
     </message>
     <message>
-        <source>Read more</source>
-        <translation>Lire la suite</translation>
-    </message>
-    <message>
-        <source>Forward</source>
-        <translation>Suivant</translation>
-    </message>
-    <message>
-        <source>Favorite albums</source>
-        <translation>Albums favoris</translation>
-    </message>
-    <message>
-        <source>Your playlists</source>
-        <translation>Vos playlists</translation>
-    </message>
-    <message>
-        <source>Favorite playlists</source>
-        <translation>Playlists favorites</translation>
-    </message>
-    <message>
-        <source>Just in</source>
-        <translation>Nouveautés</translation>
-    </message>
-    <message>
-        <source>Recommended</source>
-        <translation>Recommandations</translation>
-    </message>
-    <message>
-        <source>Recommended playlists</source>
-        <translation>Playlists recommandées</translation>
-    </message>
-    <message>
-        <source>Moods</source>
-        <translation>Ambiances</translation>
-    </message>
-    <message>
-        <source>Recently played</source>
-        <translation>Écoutés récemment</translation>
-    </message>
-    <message>
-        <source>Continue</source>
-        <translation>Continuer</translation>
-    </message>
-    <message>
-        <source>Added to “%1”</source>
-        <translation>Ajouté à « %1 »</translation>
-    </message>
-    <message>
-        <source>New playlist…</source>
-        <translation>Nouvelle playlist…</translation>
-    </message>
-    <message>
-        <source>Edit details…</source>
-        <translation>Modifier les détails…</translation>
-    </message>
-    <message>
-        <source>Edit playlist details…</source>
-        <translation>Modifier les détails de la playlist…</translation>
-    </message>
-    <message>
-        <source>Saved</source>
-        <translation>Enregistré</translation>
-    </message>
-    <message>
-        <source>Move to position…</source>
-        <translation>Déplacer à la position…</translation>
-    </message>
-    <message>
-        <source>Move</source>
-        <translation>Déplacer</translation>
-    </message>
-    <message>
-        <source>Go to artist</source>
-        <translation>Aller à l’artiste</translation>
-    </message>
-    <message>
-        <source>Go to album</source>
-        <translation>Aller à l’album</translation>
-    </message>
-    <message>
-        <source>Delete playlist…</source>
-        <translation>Supprimer la playlist…</translation>
-    </message>
-    <message>
-        <source>Deleted</source>
-        <translation>Supprimé</translation>
-    </message>
-    <message>
-        <source>Remove from this playlist</source>
-        <translation>Retirer de cette playlist</translation>
-    </message>
-    <message>
-        <source>Removed from the playlist</source>
-        <translation>Retiré de la playlist</translation>
-    </message>
-    <message>
-        <source>Date added</source>
-        <translation>Date d’ajout</translation>
-    </message>
-    <message>
-        <source>Length</source>
-        <translation>Durée</translation>
-    </message>
-    <message>
-        <source>Playlist order</source>
-        <translation>Ordre de la playlist</translation>
-    </message>
-    <message>
-        <source>Release date</source>
-        <translation>Date de sortie</translation>
-    </message>
-    <message>
-        <source>Low, AAC 96 kbit/s</source>
-        <translation>Basse, AAC 96 kbit/s</translation>
-    </message>
-    <message>
-        <source>High, AAC 320 kbit/s</source>
-        <translation>Élevée, AAC 320 kbit/s</translation>
-    </message>
-    <message>
-        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
-        <translation>Sans perte, FLAC 16 bits 44,1 kHz</translation>
-    </message>
-    <message>
-        <source>Hi-Res, up to 24 bit 96 kHz</source>
-        <translation>Hi-Res, jusqu’à 24 bits 96 kHz</translation>
-    </message>
-    <message>
-        <source>Moved to the top</source>
-        <translation>Déplacé en tête</translation>
-    </message>
-    <message>
-        <source>Move to top</source>
-        <translation>Déplacer en tête</translation>
-    </message>
-    <message>
-        <source>10 seconds back, on</source>
-        <translation>10 secondes en arrière, en avant</translation>
-    </message>
-    <message>
-        <source>Less loud, louder</source>
-        <translation>Moins fort, plus fort</translation>
-    </message>
-    <message>
-        <source>Mute</source>
-        <translation>Couper le son</translation>
-    </message>
-    <message>
-        <source>Unmute</source>
-        <translation>Rétablir le son</translation>
-    </message>
-    <message>
-        <source>Main</source>
-        <translation>Navigation principale</translation>
-    </message>
-    <message>
-        <source>My Music</source>
-        <translation>Ma musique</translation>
-    </message>
-    <message>
-        <source>Playing</source>
-        <translation>Lecture</translation>
-    </message>
-    <message>
-        <source>Not found</source>
-        <translation>Introuvable</translation>
-    </message>
-    <message>
-        <source>This did not work</source>
-        <translation>Cela n’a pas fonctionné</translation>
-    </message>
-    <message>
-        <source>There is nothing at this address.</source>
-        <translation>Il n’y a rien à cette adresse.</translation>
-    </message>
-    <message>
-        <source>The music service did not answer in time.</source>
-        <translation>Le service de musique n’a pas répondu à temps.</translation>
-    </message>
-    <message>
-        <source>The music service cannot be reached. Check the network of the streamer.</source>
-        <translation>Le service de musique est injoignable. Vérifiez le réseau du streamer.</translation>
-    </message>
-    <message>
-        <source>The music service has a problem (%1).</source>
-        <translation>Le service de musique a un problème (%1).</translation>
-    </message>
-    <message>
-        <source>The music service does not have this.</source>
-        <translation>Le service de musique ne propose pas cela.</translation>
-    </message>
-    <message>
-        <source>Trying again in %1 s</source>
-        <translation>Nouvel essai dans %1 s</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Aller aux lignes</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Effacer</translation>
-    </message>
-    <message>
-        <source>Recent searches</source>
-        <translation>Recherches récentes</translation>
-    </message>
-    <message>
-        <source>Kinds</source>
-        <translation>Types</translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation>Tout</translation>
-    </message>
-    <message>
-        <source>Best hit</source>
-        <translation>Meilleur résultat</translation>
-    </message>
-    <message>
-        <source>Track</source>
-        <translation>Titre</translation>
-    </message>
-    <message>
-        <source>Nothing was found for “%1”.</source>
-        <translation>Rien n’a été trouvé pour « %1 ».</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>Filtrer</translation>
-    </message>
-    <message>
-        <source>API</source>
-        <translation>API</translation>
-    </message>
-    <message>
-        <source>The description of the HTTP API</source>
-        <translation>La description de l’API HTTP</translation>
-    </message>
-    <message>
-        <source>Copy as curl</source>
-        <translation>Copier en curl</translation>
-    </message>
-    <message>
-        <source>Copy as kelo</source>
-        <translation>Copier en kelo</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Aller aux lignes</translation>
-    </message>
-    <message>
-        <source>Shuffle, repeat</source>
-        <translation>Aléatoire, répétition</translation>
-    </message>
-    <message>
-        <source>Shuffle</source>
-        <translation>Lecture aléatoire</translation>
-    </message>
-    <message>
-        <source>Repeat: off</source>
-        <translation>Répétition : non</translation>
-    </message>
-    <message>
-        <source>Repeat: all</source>
-        <translation>Répétition : tout</translation>
-    </message>
-    <message>
-        <source>Repeat: this track</source>
-        <translation>Répétition : ce titre</translation>
-    </message>
-    <message>
-        <source>Play next</source>
-        <translation>Lire ensuite</translation>
-    </message>
-    <message>
-        <source>Add to queue</source>
-        <translation>Ajouter à la file d’attente</translation>
-    </message>
-    <message>
-        <source>Plays next: %1</source>
-        <translation>À suivre : %1</translation>
-    </message>
-    <message>
-        <source>Added to the queue: %1</source>
-        <translation>Ajouté à la file d’attente : %1</translation>
-    </message>
-    <message>
-        <source>Playing from %1</source>
-        <translation>Lecture depuis %1</translation>
-    </message>
-    <message>
-        <source>Next from %1</source>
-        <translation>Ensuite depuis %1</translation>
-    </message>
-    <message>
-        <source>Next in the queue</source>
-        <translation>À suivre</translation>
-    </message>
-    <message>
-        <source>Next in the list</source>
-        <translation>Ensuite dans la liste</translation>
-    </message>
-    <message>
-        <source>Remove %1</source>
-        <translation>Retirer %1</translation>
-    </message>
-    <message>
-        <source>Filter the rows</source>
-        <translation>Filtrer les lignes</translation>
-    </message>
-    <message>
-        <source>Shift</source>
-        <translation>Maj</translation>
-    </message>
-    <message>
-        <source>Select several rows</source>
-        <translation>Sélectionner plusieurs lignes</translation>
-    </message>
-    <message>
-        <source>%1 albums</source>
-        <translation>%1 albums</translation>
-    </message>
-    <message>
-        <source>%1 artists</source>
-        <translation>%1 artistes</translation>
-    </message>
-    <message>
-        <source>%1 playlists</source>
-        <translation>%1 playlists</translation>
-    </message>
-    <message>
-        <source>Select</source>
-        <translation>Sélectionner</translation>
-    </message>
-    <message>
-        <source>%1 selected</source>
-        <translation>%1 sélectionnés</translation>
-    </message>
-    <message>
-        <source>Selected rows</source>
-        <translation>Lignes sélectionnées</translation>
-    </message>
-    <message>
-        <source>Select nothing</source>
-        <translation>Tout désélectionner</translation>
-    </message>
-    <message>
-        <source>%1 added to the queue</source>
-        <translation>%1 ajoutés à la file d’attente</translation>
-    </message>
-    <message>
-        <source>Not logged in</source>
-        <translation>Non connecté</translation>
-    </message>
-    <message>
-        <source>Logged in</source>
-        <translation>Connecté</translation>
-    </message>
-    <message>
-        <source>Whole tracks, not previews</source>
-        <translation>Titres entiers, pas d’extraits</translation>
-    </message>
-    <message>
-        <source>Logged in as %1</source>
-        <translation>Connecté en tant que %1</translation>
-    </message>
-    <message>
-        <source>%1 in the first %2 of %3</source>
-        <translation>%1 parmi les %2 premiers sur %3</translation>
-    </message>
-    <message>
-        <source>Add to favorites</source>
-        <translation>Ajouter aux favoris</translation>
-    </message>
-    <message>
-        <source>Remove from favorites</source>
-        <translation>Retirer des favoris</translation>
-    </message>
-    <message>
-        <source>%1 added to favorites</source>
-        <translation>%1 ajoutés aux favoris</translation>
-    </message>
-    <message>
-        <source>%1 removed from favorites</source>
-        <translation>%1 retirés des favoris</translation>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>En attente du streamer, %1 s</translation>
     </message>
 </context>
 </TS>

@@ -4,12 +4,12 @@
 <context>
     <name>page</name>
     <message>
-        <source>Delete the playlist?</source>
-        <translation>プレイリストを削除しますか？</translation>
-    </message>
-    <message>
         <source>“%1” will be deleted from the service. This cannot be undone.</source>
         <translation>「%1」をサービスから削除します。この操作は取り消せません。</translation>
+    </message>
+    <message>
+        <source>Delete the playlist?</source>
+        <translation>プレイリストを削除しますか？</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -64,6 +64,10 @@
         <translation>行のメニュー</translation>
     </message>
     <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>お気に入り: その行、または再生中の曲</translation>
+    </message>
+    <message>
         <source>Space</source>
         <translation>スペース</translation>
     </message>
@@ -74,6 +78,34 @@
     <message>
         <source>Next, previous</source>
         <translation>次へ、前へ</translation>
+    </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10秒戻る、進む</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>音量を下げる、上げる</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>ミュート</translation>
+    </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>シャッフル、リピート</translation>
+    </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>行を絞り込む</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Shift</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>複数の行を選択</translation>
     </message>
     <message>
         <source>Now playing and queue</source>
@@ -100,6 +132,18 @@
         <translation>キー操作</translation>
     </message>
     <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Radio</source>
+        <translation>ラジオ</translation>
+    </message>
+    <message>
+        <source>Read more</source>
+        <translation>続きを読む</translation>
+    </message>
+    <message>
         <source>Position</source>
         <translation>再生位置</translation>
     </message>
@@ -112,8 +156,24 @@
         <translation>音量</translation>
     </message>
     <message>
-        <source>Play</source>
-        <translation>再生</translation>
+        <source>Unmute</source>
+        <translation>ミュート解除</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>シャッフル</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>リピート：オフ</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>リピート：すべて</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>リピート：この曲</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -144,36 +204,36 @@
         <translation>再生中: %1</translation>
     </message>
     <message>
+        <source>1 track</source>
+        <translation>1曲</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1曲</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>アルバム %1 枚</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>アーティスト %1 組</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>プレイリスト %1 件</translation>
+    </message>
+    <message>
         <source>Rows</source>
         <translation>一覧</translation>
-    </message>
-    <message>
-        <source>Log in</source>
-        <translation>ログイン</translation>
-    </message>
-    <message>
-        <source>Try again</source>
-        <translation>もう一度試す</translation>
     </message>
     <message>
         <source>Nothing is here.</source>
         <translation>ここには何もありません。</translation>
     </message>
     <message>
-        <source>Artist</source>
-        <translation>アーティスト</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>その他</translation>
-    </message>
-    <message>
         <source>Order</source>
         <translation>並べ替え</translation>
-    </message>
-    <message>
-        <source>Where you are</source>
-        <translation>現在の場所</translation>
     </message>
     <message>
         <source>Close</source>
@@ -190,6 +250,14 @@
     <message>
         <source>Copy its path</source>
         <translation>パスをコピー</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>絞り込み</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>消去</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -232,6 +300,14 @@
         <translation>パネルを閉じる</translation>
     </message>
     <message>
+        <source>The description of the HTTP API</source>
+        <translation>HTTP API の説明</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
         <source>Move to a row: its path, roles and data stand here.</source>
         <translation>行に移動すると、そのパス、ロール、データがここに表示されます。</translation>
     </message>
@@ -256,8 +332,236 @@
         <translation>失敗</translation>
     </message>
     <message>
+        <source>Copy as curl</source>
+        <translation>curl としてコピー</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>kelo としてコピー</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>「%1」に追加しました</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>新しいプレイリスト…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>詳細を編集…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>プレイリストの詳細を編集…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>保存しました</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>位置を指定して移動…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移動</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>アーティストを表示</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>アルバムを表示</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>プレイリストを削除…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>削除しました</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>このプレイリストから削除</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>プレイリストから削除しました</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>追加日</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>アーティスト</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>アルバム</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>長さ</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>プレイリストの順</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>発売日</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>低、AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>高、AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>ロスレス、FLAC 16 bit 44.1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>ハイレゾ、最大 24 bit 96 kHz</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>見つかりません</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>うまくいきませんでした</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>このアドレスには何もありません。</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>音楽サービスが時間内に応答しませんでした。</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>音楽サービスに接続できません。ストリーマーのネットワークを確認してください。</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>音楽サービスに問題があります（%1）。</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>音楽サービスにはこれがありません。</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>ログイン</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>もう一度試す</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>%1 秒後に再試行します</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>お気に入りから削除: %1</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>お気に入りに追加: %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>お気に入りから削除</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>お気に入りに追加</translation>
+    </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>お気に入りに追加しました</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>お気に入りから削除しました</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 件をお気に入りに追加しました</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 件をお気に入りから削除しました</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>サービスに拒否されました。</translation>
+    </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>最初の %2 / %3 件中 %1 件</translation>
+    </message>
+    <message>
         <source>Save</source>
         <translation>保存</translation>
+    </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>お気に入りのアルバム</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>自分のプレイリスト</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>お気に入りのプレイリスト</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>新着</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>おすすめ</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>おすすめのプレイリスト</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>ムード</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>最近再生した項目</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>続きを聴く</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>音楽を再生するには、ストリーマーをアカウントに接続してください。</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>一覧へ移動</translation>
     </message>
     <message>
         <source>The streamer does not answer. Trying again…</source>
@@ -274,6 +578,18 @@
     <message>
         <source>Player</source>
         <translation>プレーヤー</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>メイン</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>マイミュージック</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>再生中</translation>
     </message>
     <message>
         <source>“%1” is not available.</source>
@@ -356,6 +672,18 @@
         <translation>数分後にもう一度試してください。</translation>
     </message>
     <message>
+        <source>Not logged in</source>
+        <translation>ログインしていません</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>%1 としてログイン中</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>ログイン中</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>読み込み中…</translation>
     </message>
@@ -378,10 +706,6 @@
     <message>
         <source>Log out</source>
         <translation>ログアウト</translation>
-    </message>
-    <message>
-        <source>To play music, connect the streamer to your account.</source>
-        <translation>音楽を再生するには、ストリーマーをアカウントに接続してください。</translation>
     </message>
     <message>
         <source>Get a code</source>
@@ -420,24 +744,96 @@
         <translation>新しいコードを取得</translation>
     </message>
     <message>
+        <source>Play next</source>
+        <translation>次に再生</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>キューに追加</translation>
+    </message>
+    <message>
         <source>Open</source>
         <translation>開く</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>選択</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 件を選択中</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>先頭に移動しました</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>先頭に移動</translation>
     </message>
     <message>
         <source>Working…</source>
         <translation>処理中…</translation>
     </message>
     <message>
-        <source>Stop</source>
-        <translation>停止</translation>
+        <source>Playlist</source>
+        <translation>プレイリスト</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>その他</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>現在の場所</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>次に再生：%1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>キューに追加しました：%1</translation>
     </message>
     <message>
         <source>Queue</source>
         <translation>キュー</translation>
     </message>
     <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>再生中：%1</translation>
+    </message>
+    <message>
         <source>Play an album, a playlist or a track: what follows stands here.</source>
         <translation>アルバム、プレイリスト、トラックを再生すると、次の曲がここに表示されます。</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>次に再生する曲</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>次の曲：%1</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>リストの次の曲</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>%1を削除</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>最近の検索</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>種類</translation>
     </message>
     <message>
         <source>Search: %1</source>
@@ -448,8 +844,32 @@
         <translation>探しているアーティスト、アルバム、トラック、プレイリストを入力してください。</translation>
     </message>
     <message>
-        <source>All %1</source>
-        <translation>すべて表示（%1）</translation>
+        <source>All</source>
+        <translation>すべて</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>トップの結果</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>「%1」は見つかりませんでした。</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>トラック</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>選択した行</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>選択を解除</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 件を再生待ちに追加しました</translation>
     </message>
     <message>
         <source>As the browser</source>
@@ -468,16 +888,16 @@
         <translation>ダーク</translation>
     </message>
     <message>
-        <source>This page</source>
-        <translation>このページ</translation>
-    </message>
-    <message>
         <source>Language</source>
         <translation>言語</translation>
     </message>
     <message>
         <source>Colours</source>
         <translation>配色</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>このページ</translation>
     </message>
     <message>
         <source>The streamer</source>
@@ -496,56 +916,16 @@
         <translation>（空）</translation>
     </message>
     <message>
-        <source>Waiting for the music service, %1 s</source>
-        <translation>音楽サービスの応答を待っています（%1 秒）</translation>
+        <source>Whole tracks, not previews</source>
+        <translation>試聴ではなく全曲</translation>
     </message>
     <message>
-        <source>Waiting for the streamer, %1 s</source>
-        <translation>ストリーマーの応答を待っています（%1 秒）</translation>
+        <source>Forward</source>
+        <translation>進む</translation>
     </message>
     <message>
-        <source>Added to favorites</source>
-        <translation>お気に入りに追加しました</translation>
-    </message>
-    <message>
-        <source>Removed from favorites</source>
-        <translation>お気に入りから削除しました</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>元に戻す</translation>
-    </message>
-    <message>
-        <source>Add to favorites: %1</source>
-        <translation>お気に入りに追加: %1</translation>
-    </message>
-    <message>
-        <source>Remove from favorites: %1</source>
-        <translation>お気に入りから削除: %1</translation>
-    </message>
-    <message>
-        <source>Favorite: the row, or what plays</source>
-        <translation>お気に入り: その行、または再生中の曲</translation>
-    </message>
-    <message>
-        <source>The service has refused this.</source>
-        <translation>サービスに拒否されました。</translation>
-    </message>
-    <message>
-        <source>1 track</source>
-        <translation>1曲</translation>
-    </message>
-    <message>
-        <source>%1 tracks</source>
-        <translation>%1曲</translation>
-    </message>
-    <message>
-        <source>Album</source>
-        <translation>アルバム</translation>
-    </message>
-    <message>
-        <source>Playlist</source>
-        <translation>プレイリスト</translation>
+        <source>All %1</source>
+        <translation>すべて表示（%1）</translation>
     </message>
     <message>
         <source>%1 min</source>
@@ -556,396 +936,12 @@
         <translation>%1時間%2分</translation>
     </message>
     <message>
-        <source>Radio</source>
-        <translation>ラジオ</translation>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>音楽サービスの応答を待っています（%1 秒）</translation>
     </message>
     <message>
-        <source>Read more</source>
-        <translation>続きを読む</translation>
-    </message>
-    <message>
-        <source>Forward</source>
-        <translation>進む</translation>
-    </message>
-    <message>
-        <source>Favorite albums</source>
-        <translation>お気に入りのアルバム</translation>
-    </message>
-    <message>
-        <source>Your playlists</source>
-        <translation>自分のプレイリスト</translation>
-    </message>
-    <message>
-        <source>Favorite playlists</source>
-        <translation>お気に入りのプレイリスト</translation>
-    </message>
-    <message>
-        <source>Just in</source>
-        <translation>新着</translation>
-    </message>
-    <message>
-        <source>Recommended</source>
-        <translation>おすすめ</translation>
-    </message>
-    <message>
-        <source>Recommended playlists</source>
-        <translation>おすすめのプレイリスト</translation>
-    </message>
-    <message>
-        <source>Moods</source>
-        <translation>ムード</translation>
-    </message>
-    <message>
-        <source>Recently played</source>
-        <translation>最近再生した項目</translation>
-    </message>
-    <message>
-        <source>Continue</source>
-        <translation>続きを聴く</translation>
-    </message>
-    <message>
-        <source>Added to “%1”</source>
-        <translation>「%1」に追加しました</translation>
-    </message>
-    <message>
-        <source>New playlist…</source>
-        <translation>新しいプレイリスト…</translation>
-    </message>
-    <message>
-        <source>Edit details…</source>
-        <translation>詳細を編集…</translation>
-    </message>
-    <message>
-        <source>Edit playlist details…</source>
-        <translation>プレイリストの詳細を編集…</translation>
-    </message>
-    <message>
-        <source>Saved</source>
-        <translation>保存しました</translation>
-    </message>
-    <message>
-        <source>Move to position…</source>
-        <translation>位置を指定して移動…</translation>
-    </message>
-    <message>
-        <source>Move</source>
-        <translation>移動</translation>
-    </message>
-    <message>
-        <source>Go to artist</source>
-        <translation>アーティストを表示</translation>
-    </message>
-    <message>
-        <source>Go to album</source>
-        <translation>アルバムを表示</translation>
-    </message>
-    <message>
-        <source>Delete playlist…</source>
-        <translation>プレイリストを削除…</translation>
-    </message>
-    <message>
-        <source>Deleted</source>
-        <translation>削除しました</translation>
-    </message>
-    <message>
-        <source>Remove from this playlist</source>
-        <translation>このプレイリストから削除</translation>
-    </message>
-    <message>
-        <source>Removed from the playlist</source>
-        <translation>プレイリストから削除しました</translation>
-    </message>
-    <message>
-        <source>Date added</source>
-        <translation>追加日</translation>
-    </message>
-    <message>
-        <source>Length</source>
-        <translation>長さ</translation>
-    </message>
-    <message>
-        <source>Playlist order</source>
-        <translation>プレイリストの順</translation>
-    </message>
-    <message>
-        <source>Release date</source>
-        <translation>発売日</translation>
-    </message>
-    <message>
-        <source>Low, AAC 96 kbit/s</source>
-        <translation>低、AAC 96 kbit/s</translation>
-    </message>
-    <message>
-        <source>High, AAC 320 kbit/s</source>
-        <translation>高、AAC 320 kbit/s</translation>
-    </message>
-    <message>
-        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
-        <translation>ロスレス、FLAC 16 bit 44.1 kHz</translation>
-    </message>
-    <message>
-        <source>Hi-Res, up to 24 bit 96 kHz</source>
-        <translation>ハイレゾ、最大 24 bit 96 kHz</translation>
-    </message>
-    <message>
-        <source>Moved to the top</source>
-        <translation>先頭に移動しました</translation>
-    </message>
-    <message>
-        <source>Move to top</source>
-        <translation>先頭に移動</translation>
-    </message>
-    <message>
-        <source>10 seconds back, on</source>
-        <translation>10秒戻る、進む</translation>
-    </message>
-    <message>
-        <source>Less loud, louder</source>
-        <translation>音量を下げる、上げる</translation>
-    </message>
-    <message>
-        <source>Mute</source>
-        <translation>ミュート</translation>
-    </message>
-    <message>
-        <source>Unmute</source>
-        <translation>ミュート解除</translation>
-    </message>
-    <message>
-        <source>Main</source>
-        <translation>メイン</translation>
-    </message>
-    <message>
-        <source>My Music</source>
-        <translation>マイミュージック</translation>
-    </message>
-    <message>
-        <source>Playing</source>
-        <translation>再生中</translation>
-    </message>
-    <message>
-        <source>Not found</source>
-        <translation>見つかりません</translation>
-    </message>
-    <message>
-        <source>This did not work</source>
-        <translation>うまくいきませんでした</translation>
-    </message>
-    <message>
-        <source>There is nothing at this address.</source>
-        <translation>このアドレスには何もありません。</translation>
-    </message>
-    <message>
-        <source>The music service did not answer in time.</source>
-        <translation>音楽サービスが時間内に応答しませんでした。</translation>
-    </message>
-    <message>
-        <source>The music service cannot be reached. Check the network of the streamer.</source>
-        <translation>音楽サービスに接続できません。ストリーマーのネットワークを確認してください。</translation>
-    </message>
-    <message>
-        <source>The music service has a problem (%1).</source>
-        <translation>音楽サービスに問題があります（%1）。</translation>
-    </message>
-    <message>
-        <source>The music service does not have this.</source>
-        <translation>音楽サービスにはこれがありません。</translation>
-    </message>
-    <message>
-        <source>Trying again in %1 s</source>
-        <translation>%1 秒後に再試行します</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>一覧へ移動</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>消去</translation>
-    </message>
-    <message>
-        <source>Recent searches</source>
-        <translation>最近の検索</translation>
-    </message>
-    <message>
-        <source>Kinds</source>
-        <translation>種類</translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation>すべて</translation>
-    </message>
-    <message>
-        <source>Best hit</source>
-        <translation>トップの結果</translation>
-    </message>
-    <message>
-        <source>Track</source>
-        <translation>トラック</translation>
-    </message>
-    <message>
-        <source>Nothing was found for “%1”.</source>
-        <translation>「%1」は見つかりませんでした。</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>絞り込み</translation>
-    </message>
-    <message>
-        <source>API</source>
-        <translation>API</translation>
-    </message>
-    <message>
-        <source>The description of the HTTP API</source>
-        <translation>HTTP API の説明</translation>
-    </message>
-    <message>
-        <source>Copy as curl</source>
-        <translation>curl としてコピー</translation>
-    </message>
-    <message>
-        <source>Copy as kelo</source>
-        <translation>kelo としてコピー</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>一覧へ移動</translation>
-    </message>
-    <message>
-        <source>Shuffle, repeat</source>
-        <translation>シャッフル、リピート</translation>
-    </message>
-    <message>
-        <source>Shuffle</source>
-        <translation>シャッフル</translation>
-    </message>
-    <message>
-        <source>Repeat: off</source>
-        <translation>リピート：オフ</translation>
-    </message>
-    <message>
-        <source>Repeat: all</source>
-        <translation>リピート：すべて</translation>
-    </message>
-    <message>
-        <source>Repeat: this track</source>
-        <translation>リピート：この曲</translation>
-    </message>
-    <message>
-        <source>Play next</source>
-        <translation>次に再生</translation>
-    </message>
-    <message>
-        <source>Add to queue</source>
-        <translation>キューに追加</translation>
-    </message>
-    <message>
-        <source>Plays next: %1</source>
-        <translation>次に再生：%1</translation>
-    </message>
-    <message>
-        <source>Added to the queue: %1</source>
-        <translation>キューに追加しました：%1</translation>
-    </message>
-    <message>
-        <source>Playing from %1</source>
-        <translation>再生中：%1</translation>
-    </message>
-    <message>
-        <source>Next from %1</source>
-        <translation>次の曲：%1</translation>
-    </message>
-    <message>
-        <source>Next in the queue</source>
-        <translation>次に再生する曲</translation>
-    </message>
-    <message>
-        <source>Next in the list</source>
-        <translation>リストの次の曲</translation>
-    </message>
-    <message>
-        <source>Remove %1</source>
-        <translation>%1を削除</translation>
-    </message>
-    <message>
-        <source>Filter the rows</source>
-        <translation>行を絞り込む</translation>
-    </message>
-    <message>
-        <source>Shift</source>
-        <translation>Shift</translation>
-    </message>
-    <message>
-        <source>Select several rows</source>
-        <translation>複数の行を選択</translation>
-    </message>
-    <message>
-        <source>%1 albums</source>
-        <translation>アルバム %1 枚</translation>
-    </message>
-    <message>
-        <source>%1 artists</source>
-        <translation>アーティスト %1 組</translation>
-    </message>
-    <message>
-        <source>%1 playlists</source>
-        <translation>プレイリスト %1 件</translation>
-    </message>
-    <message>
-        <source>Select</source>
-        <translation>選択</translation>
-    </message>
-    <message>
-        <source>%1 selected</source>
-        <translation>%1 件を選択中</translation>
-    </message>
-    <message>
-        <source>Selected rows</source>
-        <translation>選択した行</translation>
-    </message>
-    <message>
-        <source>Select nothing</source>
-        <translation>選択を解除</translation>
-    </message>
-    <message>
-        <source>%1 added to the queue</source>
-        <translation>%1 件を再生待ちに追加しました</translation>
-    </message>
-    <message>
-        <source>Not logged in</source>
-        <translation>ログインしていません</translation>
-    </message>
-    <message>
-        <source>Logged in</source>
-        <translation>ログイン中</translation>
-    </message>
-    <message>
-        <source>Whole tracks, not previews</source>
-        <translation>試聴ではなく全曲</translation>
-    </message>
-    <message>
-        <source>Logged in as %1</source>
-        <translation>%1 としてログイン中</translation>
-    </message>
-    <message>
-        <source>%1 in the first %2 of %3</source>
-        <translation>最初の %2 / %3 件中 %1 件</translation>
-    </message>
-    <message>
-        <source>Add to favorites</source>
-        <translation>お気に入りに追加</translation>
-    </message>
-    <message>
-        <source>Remove from favorites</source>
-        <translation>お気に入りから削除</translation>
-    </message>
-    <message>
-        <source>%1 added to favorites</source>
-        <translation>%1 件をお気に入りに追加しました</translation>
-    </message>
-    <message>
-        <source>%1 removed from favorites</source>
-        <translation>%1 件をお気に入りから削除しました</translation>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>ストリーマーの応答を待っています（%1 秒）</translation>
     </message>
 </context>
 </TS>

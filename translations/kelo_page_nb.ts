@@ -4,12 +4,12 @@
 <context>
     <name>page</name>
     <message>
-        <source>Delete the playlist?</source>
-        <translation>Slette spillelisten?</translation>
-    </message>
-    <message>
         <source>“%1” will be deleted from the service. This cannot be undone.</source>
         <translation>«%1» blir slettet fra tjenesten. Dette kan ikke angres.</translation>
+    </message>
+    <message>
+        <source>Delete the playlist?</source>
+        <translation>Slette spillelisten?</translation>
     </message>
     <message>
         <source>Delete</source>
@@ -64,6 +64,10 @@
         <translation>Radens meny</translation>
     </message>
     <message>
+        <source>Favorite: the row, or what plays</source>
+        <translation>Favoritt: raden, eller det som spilles</translation>
+    </message>
+    <message>
         <source>Space</source>
         <translation>Mellomrom</translation>
     </message>
@@ -74,6 +78,34 @@
     <message>
         <source>Next, previous</source>
         <translation>Neste, forrige</translation>
+    </message>
+    <message>
+        <source>10 seconds back, on</source>
+        <translation>10 sekunder tilbake, fram</translation>
+    </message>
+    <message>
+        <source>Less loud, louder</source>
+        <translation>Lavere, høyere</translation>
+    </message>
+    <message>
+        <source>Mute</source>
+        <translation>Demp</translation>
+    </message>
+    <message>
+        <source>Shuffle, repeat</source>
+        <translation>Tilfeldig, gjenta</translation>
+    </message>
+    <message>
+        <source>Filter the rows</source>
+        <translation>Filtrer radene</translation>
+    </message>
+    <message>
+        <source>Shift</source>
+        <translation>Skift</translation>
+    </message>
+    <message>
+        <source>Select several rows</source>
+        <translation>Velg flere rader</translation>
     </message>
     <message>
         <source>Now playing and queue</source>
@@ -100,6 +132,18 @@
         <translation>Hurtigtaster</translation>
     </message>
     <message>
+        <source>Play</source>
+        <translation>Spill av</translation>
+    </message>
+    <message>
+        <source>Radio</source>
+        <translation>Radio</translation>
+    </message>
+    <message>
+        <source>Read more</source>
+        <translation>Les mer</translation>
+    </message>
+    <message>
         <source>Position</source>
         <translation>Posisjon</translation>
     </message>
@@ -112,8 +156,24 @@
         <translation>Volum</translation>
     </message>
     <message>
-        <source>Play</source>
-        <translation>Spill av</translation>
+        <source>Unmute</source>
+        <translation>Lyd på</translation>
+    </message>
+    <message>
+        <source>Shuffle</source>
+        <translation>Tilfeldig rekkefølge</translation>
+    </message>
+    <message>
+        <source>Repeat: off</source>
+        <translation>Gjenta: av</translation>
+    </message>
+    <message>
+        <source>Repeat: all</source>
+        <translation>Gjenta: alt</translation>
+    </message>
+    <message>
+        <source>Repeat: this track</source>
+        <translation>Gjenta: dette sporet</translation>
     </message>
     <message>
         <source>Pause</source>
@@ -144,36 +204,36 @@
         <translation>Spilles nå: %1</translation>
     </message>
     <message>
+        <source>1 track</source>
+        <translation>1 spor</translation>
+    </message>
+    <message>
+        <source>%1 tracks</source>
+        <translation>%1 spor</translation>
+    </message>
+    <message>
+        <source>%1 albums</source>
+        <translation>%1 album</translation>
+    </message>
+    <message>
+        <source>%1 artists</source>
+        <translation>%1 artister</translation>
+    </message>
+    <message>
+        <source>%1 playlists</source>
+        <translation>%1 spillelister</translation>
+    </message>
+    <message>
         <source>Rows</source>
         <translation>Rader</translation>
-    </message>
-    <message>
-        <source>Log in</source>
-        <translation>Logg inn</translation>
-    </message>
-    <message>
-        <source>Try again</source>
-        <translation>Prøv igjen</translation>
     </message>
     <message>
         <source>Nothing is here.</source>
         <translation>Her er det tomt.</translation>
     </message>
     <message>
-        <source>Artist</source>
-        <translation>Artist</translation>
-    </message>
-    <message>
-        <source>More</source>
-        <translation>Mer</translation>
-    </message>
-    <message>
         <source>Order</source>
         <translation>Sortering</translation>
-    </message>
-    <message>
-        <source>Where you are</source>
-        <translation>Her er du</translation>
     </message>
     <message>
         <source>Close</source>
@@ -190,6 +250,14 @@
     <message>
         <source>Copy its path</source>
         <translation>Kopier stien</translation>
+    </message>
+    <message>
+        <source>Filter</source>
+        <translation>Filter</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Tøm</translation>
     </message>
     <message>
         <source>Notices</source>
@@ -232,6 +300,14 @@
         <translation>Lukk panelet</translation>
     </message>
     <message>
+        <source>The description of the HTTP API</source>
+        <translation>Beskrivelsen av HTTP-API-et</translation>
+    </message>
+    <message>
+        <source>API</source>
+        <translation>API</translation>
+    </message>
+    <message>
         <source>Move to a row: its path, roles and data stand here.</source>
         <translation>Gå til en rad: sti, roller og data vises her.</translation>
     </message>
@@ -256,8 +332,236 @@
         <translation>mislyktes</translation>
     </message>
     <message>
+        <source>Copy as curl</source>
+        <translation>Kopier som curl</translation>
+    </message>
+    <message>
+        <source>Copy as kelo</source>
+        <translation>Kopier som kelo</translation>
+    </message>
+    <message>
+        <source>Added to “%1”</source>
+        <translation>Lagt til i «%1»</translation>
+    </message>
+    <message>
+        <source>New playlist…</source>
+        <translation>Ny spilleliste…</translation>
+    </message>
+    <message>
+        <source>Edit details…</source>
+        <translation>Rediger detaljer…</translation>
+    </message>
+    <message>
+        <source>Edit playlist details…</source>
+        <translation>Rediger spillelistens detaljer…</translation>
+    </message>
+    <message>
+        <source>Saved</source>
+        <translation>Lagret</translation>
+    </message>
+    <message>
+        <source>Move to position…</source>
+        <translation>Flytt til plass…</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>Flytt</translation>
+    </message>
+    <message>
+        <source>Go to artist</source>
+        <translation>Gå til artist</translation>
+    </message>
+    <message>
+        <source>Go to album</source>
+        <translation>Gå til album</translation>
+    </message>
+    <message>
+        <source>Delete playlist…</source>
+        <translation>Slett spilleliste…</translation>
+    </message>
+    <message>
+        <source>Deleted</source>
+        <translation>Slettet</translation>
+    </message>
+    <message>
+        <source>Remove from this playlist</source>
+        <translation>Fjern fra denne spillelisten</translation>
+    </message>
+    <message>
+        <source>Removed from the playlist</source>
+        <translation>Fjernet fra spillelisten</translation>
+    </message>
+    <message>
+        <source>Date added</source>
+        <translation>Dato lagt til</translation>
+    </message>
+    <message>
+        <source>Artist</source>
+        <translation>Artist</translation>
+    </message>
+    <message>
+        <source>Album</source>
+        <translation>Album</translation>
+    </message>
+    <message>
+        <source>Length</source>
+        <translation>Lengde</translation>
+    </message>
+    <message>
+        <source>Playlist order</source>
+        <translation>Spillelistens rekkefølge</translation>
+    </message>
+    <message>
+        <source>Release date</source>
+        <translation>Utgivelsesdato</translation>
+    </message>
+    <message>
+        <source>Low, AAC 96 kbit/s</source>
+        <translation>Lav, AAC 96 kbit/s</translation>
+    </message>
+    <message>
+        <source>High, AAC 320 kbit/s</source>
+        <translation>Høy, AAC 320 kbit/s</translation>
+    </message>
+    <message>
+        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
+        <translation>Tapsfri, FLAC 16 bit 44,1 kHz</translation>
+    </message>
+    <message>
+        <source>Hi-Res, up to 24 bit 96 kHz</source>
+        <translation>Hi-Res, inntil 24 bit 96 kHz</translation>
+    </message>
+    <message>
+        <source>Not found</source>
+        <translation>Ikke funnet</translation>
+    </message>
+    <message>
+        <source>This did not work</source>
+        <translation>Dette gikk ikke</translation>
+    </message>
+    <message>
+        <source>There is nothing at this address.</source>
+        <translation>Det finnes ikke noe på denne adressen.</translation>
+    </message>
+    <message>
+        <source>The music service did not answer in time.</source>
+        <translation>Musikktjenesten svarte ikke i tide.</translation>
+    </message>
+    <message>
+        <source>The music service cannot be reached. Check the network of the streamer.</source>
+        <translation>Musikktjenesten kan ikke nås. Sjekk streamerens nettverk.</translation>
+    </message>
+    <message>
+        <source>The music service has a problem (%1).</source>
+        <translation>Musikktjenesten har et problem (%1).</translation>
+    </message>
+    <message>
+        <source>The music service does not have this.</source>
+        <translation>Musikktjenesten har ikke dette.</translation>
+    </message>
+    <message>
+        <source>Log in</source>
+        <translation>Logg inn</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Prøv igjen</translation>
+    </message>
+    <message>
+        <source>Trying again in %1 s</source>
+        <translation>Prøver igjen om %1 s</translation>
+    </message>
+    <message>
+        <source>Remove from favorites: %1</source>
+        <translation>Fjern fra favoritter: %1</translation>
+    </message>
+    <message>
+        <source>Add to favorites: %1</source>
+        <translation>Legg til i favoritter: %1</translation>
+    </message>
+    <message>
+        <source>Remove from favorites</source>
+        <translation>Fjern fra favoritter</translation>
+    </message>
+    <message>
+        <source>Add to favorites</source>
+        <translation>Legg til i favoritter</translation>
+    </message>
+    <message>
+        <source>Added to favorites</source>
+        <translation>Lagt til i favoritter</translation>
+    </message>
+    <message>
+        <source>Removed from favorites</source>
+        <translation>Fjernet fra favoritter</translation>
+    </message>
+    <message>
+        <source>%1 added to favorites</source>
+        <translation>%1 lagt til i favoritter</translation>
+    </message>
+    <message>
+        <source>%1 removed from favorites</source>
+        <translation>%1 fjernet fra favoritter</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Angre</translation>
+    </message>
+    <message>
+        <source>The service has refused this.</source>
+        <translation>Tjenesten avviste dette.</translation>
+    </message>
+    <message>
+        <source>%1 in the first %2 of %3</source>
+        <translation>%1 i de første %2 av %3</translation>
+    </message>
+    <message>
         <source>Save</source>
         <translation>Lagre</translation>
+    </message>
+    <message>
+        <source>Favorite albums</source>
+        <translation>Favorittalbum</translation>
+    </message>
+    <message>
+        <source>Your playlists</source>
+        <translation>Dine spillelister</translation>
+    </message>
+    <message>
+        <source>Favorite playlists</source>
+        <translation>Favorittspillelister</translation>
+    </message>
+    <message>
+        <source>Just in</source>
+        <translation>Nytt</translation>
+    </message>
+    <message>
+        <source>Recommended</source>
+        <translation>Anbefalt</translation>
+    </message>
+    <message>
+        <source>Recommended playlists</source>
+        <translation>Anbefalte spillelister</translation>
+    </message>
+    <message>
+        <source>Moods</source>
+        <translation>Stemninger</translation>
+    </message>
+    <message>
+        <source>Recently played</source>
+        <translation>Nylig spilt</translation>
+    </message>
+    <message>
+        <source>Continue</source>
+        <translation>Fortsett</translation>
+    </message>
+    <message>
+        <source>To play music, connect the streamer to your account.</source>
+        <translation>Koble streameren til kontoen din for å spille musikk.</translation>
+    </message>
+    <message>
+        <source>Skip to the rows</source>
+        <translation>Hopp til radene</translation>
     </message>
     <message>
         <source>The streamer does not answer. Trying again…</source>
@@ -274,6 +578,18 @@
     <message>
         <source>Player</source>
         <translation>Spiller</translation>
+    </message>
+    <message>
+        <source>Main</source>
+        <translation>Hovedområder</translation>
+    </message>
+    <message>
+        <source>My Music</source>
+        <translation>Min musikk</translation>
+    </message>
+    <message>
+        <source>Playing</source>
+        <translation>Spilles</translation>
     </message>
     <message>
         <source>“%1” is not available.</source>
@@ -356,6 +672,18 @@
         <translation>Prøv igjen om noen minutter.</translation>
     </message>
     <message>
+        <source>Not logged in</source>
+        <translation>Ikke logget inn</translation>
+    </message>
+    <message>
+        <source>Logged in as %1</source>
+        <translation>Logget inn som %1</translation>
+    </message>
+    <message>
+        <source>Logged in</source>
+        <translation>Logget inn</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>Laster …</translation>
     </message>
@@ -378,10 +706,6 @@
     <message>
         <source>Log out</source>
         <translation>Logg ut</translation>
-    </message>
-    <message>
-        <source>To play music, connect the streamer to your account.</source>
-        <translation>Koble streameren til kontoen din for å spille musikk.</translation>
     </message>
     <message>
         <source>Get a code</source>
@@ -420,24 +744,96 @@
         <translation>Hent en ny kode</translation>
     </message>
     <message>
+        <source>Play next</source>
+        <translation>Spill som neste</translation>
+    </message>
+    <message>
+        <source>Add to queue</source>
+        <translation>Legg til i køen</translation>
+    </message>
+    <message>
         <source>Open</source>
         <translation>Åpne</translation>
+    </message>
+    <message>
+        <source>Select</source>
+        <translation>Velg</translation>
+    </message>
+    <message>
+        <source>%1 selected</source>
+        <translation>%1 valgt</translation>
+    </message>
+    <message>
+        <source>Moved to the top</source>
+        <translation>Flyttet øverst</translation>
+    </message>
+    <message>
+        <source>Move to top</source>
+        <translation>Flytt øverst</translation>
     </message>
     <message>
         <source>Working…</source>
         <translation>Arbeider …</translation>
     </message>
     <message>
-        <source>Stop</source>
-        <translation>Stopp</translation>
+        <source>Playlist</source>
+        <translation>Spilleliste</translation>
+    </message>
+    <message>
+        <source>More</source>
+        <translation>Mer</translation>
+    </message>
+    <message>
+        <source>Where you are</source>
+        <translation>Her er du</translation>
+    </message>
+    <message>
+        <source>Plays next: %1</source>
+        <translation>Spilles som neste: %1</translation>
+    </message>
+    <message>
+        <source>Added to the queue: %1</source>
+        <translation>Lagt til i køen: %1</translation>
     </message>
     <message>
         <source>Queue</source>
         <translation>Kø</translation>
     </message>
     <message>
+        <source>Stop</source>
+        <translation>Stopp</translation>
+    </message>
+    <message>
+        <source>Playing from %1</source>
+        <translation>Spiller fra %1</translation>
+    </message>
+    <message>
         <source>Play an album, a playlist or a track: what follows stands here.</source>
         <translation>Spill av et album, en spilleliste eller et spor: Her vises det som kommer.</translation>
+    </message>
+    <message>
+        <source>Next in the queue</source>
+        <translation>Neste i køen</translation>
+    </message>
+    <message>
+        <source>Next from %1</source>
+        <translation>Neste fra %1</translation>
+    </message>
+    <message>
+        <source>Next in the list</source>
+        <translation>Neste i listen</translation>
+    </message>
+    <message>
+        <source>Remove %1</source>
+        <translation>Fjern %1</translation>
+    </message>
+    <message>
+        <source>Recent searches</source>
+        <translation>Siste søk</translation>
+    </message>
+    <message>
+        <source>Kinds</source>
+        <translation>Typer</translation>
     </message>
     <message>
         <source>Search: %1</source>
@@ -448,8 +844,32 @@
         <translation>Skriv det du leter etter: artist, album, spor eller spilleliste.</translation>
     </message>
     <message>
-        <source>All %1</source>
-        <translation>Alle %1</translation>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
+    <message>
+        <source>Best hit</source>
+        <translation>Beste treff</translation>
+    </message>
+    <message>
+        <source>Nothing was found for “%1”.</source>
+        <translation>Ingenting ble funnet for «%1».</translation>
+    </message>
+    <message>
+        <source>Track</source>
+        <translation>Spor</translation>
+    </message>
+    <message>
+        <source>Selected rows</source>
+        <translation>Valgte rader</translation>
+    </message>
+    <message>
+        <source>Select nothing</source>
+        <translation>Velg ingenting</translation>
+    </message>
+    <message>
+        <source>%1 added to the queue</source>
+        <translation>%1 lagt til i køen</translation>
     </message>
     <message>
         <source>As the browser</source>
@@ -468,16 +888,16 @@
         <translation>Mørkt</translation>
     </message>
     <message>
-        <source>This page</source>
-        <translation>Denne siden</translation>
-    </message>
-    <message>
         <source>Language</source>
         <translation>Språk</translation>
     </message>
     <message>
         <source>Colours</source>
         <translation>Farger</translation>
+    </message>
+    <message>
+        <source>This page</source>
+        <translation>Denne siden</translation>
     </message>
     <message>
         <source>The streamer</source>
@@ -496,56 +916,16 @@
         <translation>(tom)</translation>
     </message>
     <message>
-        <source>Waiting for the music service, %1 s</source>
-        <translation>Venter på musikktjenesten, %1 s</translation>
+        <source>Whole tracks, not previews</source>
+        <translation>Hele spor, ikke smakebiter</translation>
     </message>
     <message>
-        <source>Waiting for the streamer, %1 s</source>
-        <translation>Venter på streameren, %1 s</translation>
+        <source>Forward</source>
+        <translation>Fremover</translation>
     </message>
     <message>
-        <source>Added to favorites</source>
-        <translation>Lagt til i favoritter</translation>
-    </message>
-    <message>
-        <source>Removed from favorites</source>
-        <translation>Fjernet fra favoritter</translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>Angre</translation>
-    </message>
-    <message>
-        <source>Add to favorites: %1</source>
-        <translation>Legg til i favoritter: %1</translation>
-    </message>
-    <message>
-        <source>Remove from favorites: %1</source>
-        <translation>Fjern fra favoritter: %1</translation>
-    </message>
-    <message>
-        <source>Favorite: the row, or what plays</source>
-        <translation>Favoritt: raden, eller det som spilles</translation>
-    </message>
-    <message>
-        <source>The service has refused this.</source>
-        <translation>Tjenesten avviste dette.</translation>
-    </message>
-    <message>
-        <source>1 track</source>
-        <translation>1 spor</translation>
-    </message>
-    <message>
-        <source>%1 tracks</source>
-        <translation>%1 spor</translation>
-    </message>
-    <message>
-        <source>Album</source>
-        <translation>Album</translation>
-    </message>
-    <message>
-        <source>Playlist</source>
-        <translation>Spilleliste</translation>
+        <source>All %1</source>
+        <translation>Alle %1</translation>
     </message>
     <message>
         <source>%1 min</source>
@@ -556,396 +936,12 @@
         <translation>%1 t %2 min</translation>
     </message>
     <message>
-        <source>Radio</source>
-        <translation>Radio</translation>
+        <source>Waiting for the music service, %1 s</source>
+        <translation>Venter på musikktjenesten, %1 s</translation>
     </message>
     <message>
-        <source>Read more</source>
-        <translation>Les mer</translation>
-    </message>
-    <message>
-        <source>Forward</source>
-        <translation>Fremover</translation>
-    </message>
-    <message>
-        <source>Favorite albums</source>
-        <translation>Favorittalbum</translation>
-    </message>
-    <message>
-        <source>Your playlists</source>
-        <translation>Dine spillelister</translation>
-    </message>
-    <message>
-        <source>Favorite playlists</source>
-        <translation>Favorittspillelister</translation>
-    </message>
-    <message>
-        <source>Just in</source>
-        <translation>Nytt</translation>
-    </message>
-    <message>
-        <source>Recommended</source>
-        <translation>Anbefalt</translation>
-    </message>
-    <message>
-        <source>Recommended playlists</source>
-        <translation>Anbefalte spillelister</translation>
-    </message>
-    <message>
-        <source>Moods</source>
-        <translation>Stemninger</translation>
-    </message>
-    <message>
-        <source>Recently played</source>
-        <translation>Nylig spilt</translation>
-    </message>
-    <message>
-        <source>Continue</source>
-        <translation>Fortsett</translation>
-    </message>
-    <message>
-        <source>Added to “%1”</source>
-        <translation>Lagt til i «%1»</translation>
-    </message>
-    <message>
-        <source>New playlist…</source>
-        <translation>Ny spilleliste…</translation>
-    </message>
-    <message>
-        <source>Edit details…</source>
-        <translation>Rediger detaljer…</translation>
-    </message>
-    <message>
-        <source>Edit playlist details…</source>
-        <translation>Rediger spillelistens detaljer…</translation>
-    </message>
-    <message>
-        <source>Saved</source>
-        <translation>Lagret</translation>
-    </message>
-    <message>
-        <source>Move to position…</source>
-        <translation>Flytt til plass…</translation>
-    </message>
-    <message>
-        <source>Move</source>
-        <translation>Flytt</translation>
-    </message>
-    <message>
-        <source>Go to artist</source>
-        <translation>Gå til artist</translation>
-    </message>
-    <message>
-        <source>Go to album</source>
-        <translation>Gå til album</translation>
-    </message>
-    <message>
-        <source>Delete playlist…</source>
-        <translation>Slett spilleliste…</translation>
-    </message>
-    <message>
-        <source>Deleted</source>
-        <translation>Slettet</translation>
-    </message>
-    <message>
-        <source>Remove from this playlist</source>
-        <translation>Fjern fra denne spillelisten</translation>
-    </message>
-    <message>
-        <source>Removed from the playlist</source>
-        <translation>Fjernet fra spillelisten</translation>
-    </message>
-    <message>
-        <source>Date added</source>
-        <translation>Dato lagt til</translation>
-    </message>
-    <message>
-        <source>Length</source>
-        <translation>Lengde</translation>
-    </message>
-    <message>
-        <source>Playlist order</source>
-        <translation>Spillelistens rekkefølge</translation>
-    </message>
-    <message>
-        <source>Release date</source>
-        <translation>Utgivelsesdato</translation>
-    </message>
-    <message>
-        <source>Low, AAC 96 kbit/s</source>
-        <translation>Lav, AAC 96 kbit/s</translation>
-    </message>
-    <message>
-        <source>High, AAC 320 kbit/s</source>
-        <translation>Høy, AAC 320 kbit/s</translation>
-    </message>
-    <message>
-        <source>Lossless, FLAC 16 bit 44.1 kHz</source>
-        <translation>Tapsfri, FLAC 16 bit 44,1 kHz</translation>
-    </message>
-    <message>
-        <source>Hi-Res, up to 24 bit 96 kHz</source>
-        <translation>Hi-Res, inntil 24 bit 96 kHz</translation>
-    </message>
-    <message>
-        <source>Moved to the top</source>
-        <translation>Flyttet øverst</translation>
-    </message>
-    <message>
-        <source>Move to top</source>
-        <translation>Flytt øverst</translation>
-    </message>
-    <message>
-        <source>10 seconds back, on</source>
-        <translation>10 sekunder tilbake, fram</translation>
-    </message>
-    <message>
-        <source>Less loud, louder</source>
-        <translation>Lavere, høyere</translation>
-    </message>
-    <message>
-        <source>Mute</source>
-        <translation>Demp</translation>
-    </message>
-    <message>
-        <source>Unmute</source>
-        <translation>Lyd på</translation>
-    </message>
-    <message>
-        <source>Main</source>
-        <translation>Hovedområder</translation>
-    </message>
-    <message>
-        <source>My Music</source>
-        <translation>Min musikk</translation>
-    </message>
-    <message>
-        <source>Playing</source>
-        <translation>Spilles</translation>
-    </message>
-    <message>
-        <source>Not found</source>
-        <translation>Ikke funnet</translation>
-    </message>
-    <message>
-        <source>This did not work</source>
-        <translation>Dette gikk ikke</translation>
-    </message>
-    <message>
-        <source>There is nothing at this address.</source>
-        <translation>Det finnes ikke noe på denne adressen.</translation>
-    </message>
-    <message>
-        <source>The music service did not answer in time.</source>
-        <translation>Musikktjenesten svarte ikke i tide.</translation>
-    </message>
-    <message>
-        <source>The music service cannot be reached. Check the network of the streamer.</source>
-        <translation>Musikktjenesten kan ikke nås. Sjekk streamerens nettverk.</translation>
-    </message>
-    <message>
-        <source>The music service has a problem (%1).</source>
-        <translation>Musikktjenesten har et problem (%1).</translation>
-    </message>
-    <message>
-        <source>The music service does not have this.</source>
-        <translation>Musikktjenesten har ikke dette.</translation>
-    </message>
-    <message>
-        <source>Trying again in %1 s</source>
-        <translation>Prøver igjen om %1 s</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Hopp til radene</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Tøm</translation>
-    </message>
-    <message>
-        <source>Recent searches</source>
-        <translation>Siste søk</translation>
-    </message>
-    <message>
-        <source>Kinds</source>
-        <translation>Typer</translation>
-    </message>
-    <message>
-        <source>All</source>
-        <translation>Alle</translation>
-    </message>
-    <message>
-        <source>Best hit</source>
-        <translation>Beste treff</translation>
-    </message>
-    <message>
-        <source>Track</source>
-        <translation>Spor</translation>
-    </message>
-    <message>
-        <source>Nothing was found for “%1”.</source>
-        <translation>Ingenting ble funnet for «%1».</translation>
-    </message>
-    <message>
-        <source>Filter</source>
-        <translation>Filter</translation>
-    </message>
-    <message>
-        <source>API</source>
-        <translation>API</translation>
-    </message>
-    <message>
-        <source>The description of the HTTP API</source>
-        <translation>Beskrivelsen av HTTP-API-et</translation>
-    </message>
-    <message>
-        <source>Copy as curl</source>
-        <translation>Kopier som curl</translation>
-    </message>
-    <message>
-        <source>Copy as kelo</source>
-        <translation>Kopier som kelo</translation>
-    </message>
-    <message>
-        <source>Skip to the rows</source>
-        <translation>Hopp til radene</translation>
-    </message>
-    <message>
-        <source>Shuffle, repeat</source>
-        <translation>Tilfeldig, gjenta</translation>
-    </message>
-    <message>
-        <source>Shuffle</source>
-        <translation>Tilfeldig rekkefølge</translation>
-    </message>
-    <message>
-        <source>Repeat: off</source>
-        <translation>Gjenta: av</translation>
-    </message>
-    <message>
-        <source>Repeat: all</source>
-        <translation>Gjenta: alt</translation>
-    </message>
-    <message>
-        <source>Repeat: this track</source>
-        <translation>Gjenta: dette sporet</translation>
-    </message>
-    <message>
-        <source>Play next</source>
-        <translation>Spill som neste</translation>
-    </message>
-    <message>
-        <source>Add to queue</source>
-        <translation>Legg til i køen</translation>
-    </message>
-    <message>
-        <source>Plays next: %1</source>
-        <translation>Spilles som neste: %1</translation>
-    </message>
-    <message>
-        <source>Added to the queue: %1</source>
-        <translation>Lagt til i køen: %1</translation>
-    </message>
-    <message>
-        <source>Playing from %1</source>
-        <translation>Spiller fra %1</translation>
-    </message>
-    <message>
-        <source>Next from %1</source>
-        <translation>Neste fra %1</translation>
-    </message>
-    <message>
-        <source>Next in the queue</source>
-        <translation>Neste i køen</translation>
-    </message>
-    <message>
-        <source>Next in the list</source>
-        <translation>Neste i listen</translation>
-    </message>
-    <message>
-        <source>Remove %1</source>
-        <translation>Fjern %1</translation>
-    </message>
-    <message>
-        <source>Filter the rows</source>
-        <translation>Filtrer radene</translation>
-    </message>
-    <message>
-        <source>Shift</source>
-        <translation>Skift</translation>
-    </message>
-    <message>
-        <source>Select several rows</source>
-        <translation>Velg flere rader</translation>
-    </message>
-    <message>
-        <source>%1 albums</source>
-        <translation>%1 album</translation>
-    </message>
-    <message>
-        <source>%1 artists</source>
-        <translation>%1 artister</translation>
-    </message>
-    <message>
-        <source>%1 playlists</source>
-        <translation>%1 spillelister</translation>
-    </message>
-    <message>
-        <source>Select</source>
-        <translation>Velg</translation>
-    </message>
-    <message>
-        <source>%1 selected</source>
-        <translation>%1 valgt</translation>
-    </message>
-    <message>
-        <source>Selected rows</source>
-        <translation>Valgte rader</translation>
-    </message>
-    <message>
-        <source>Select nothing</source>
-        <translation>Velg ingenting</translation>
-    </message>
-    <message>
-        <source>%1 added to the queue</source>
-        <translation>%1 lagt til i køen</translation>
-    </message>
-    <message>
-        <source>Not logged in</source>
-        <translation>Ikke logget inn</translation>
-    </message>
-    <message>
-        <source>Logged in</source>
-        <translation>Logget inn</translation>
-    </message>
-    <message>
-        <source>Whole tracks, not previews</source>
-        <translation>Hele spor, ikke smakebiter</translation>
-    </message>
-    <message>
-        <source>Logged in as %1</source>
-        <translation>Logget inn som %1</translation>
-    </message>
-    <message>
-        <source>%1 in the first %2 of %3</source>
-        <translation>%1 i de første %2 av %3</translation>
-    </message>
-    <message>
-        <source>Add to favorites</source>
-        <translation>Legg til i favoritter</translation>
-    </message>
-    <message>
-        <source>Remove from favorites</source>
-        <translation>Fjern fra favoritter</translation>
-    </message>
-    <message>
-        <source>%1 added to favorites</source>
-        <translation>%1 lagt til i favoritter</translation>
-    </message>
-    <message>
-        <source>%1 removed from favorites</source>
-        <translation>%1 fjernet fra favoritter</translation>
+        <source>Waiting for the streamer, %1 s</source>
+        <translation>Venter på streameren, %1 s</translation>
     </message>
 </context>
 </TS>

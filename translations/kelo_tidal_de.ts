@@ -270,6 +270,10 @@
         <translation>das Audiogerät lässt sich nicht verwenden: %1</translation>
     </message>
     <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>die Audiodaten sind nicht angekommen: Die Verbindung kam nicht zustande oder brach ab</translation>
+    </message>
+    <message>
         <source>the audio did not arrive: %1</source>
         <translation>die Audiodaten sind nicht angekommen: %1</translation>
     </message>
@@ -1076,10 +1080,6 @@
     <message>
         <source>Please login to continue</source>
         <translation>Zum Fortfahren bitte anmelden</translation>
-    </message>
-    <message>
-        <source>the audio did not arrive: the connection failed or broke off</source>
-        <translation>die Audiodaten sind nicht angekommen: Die Verbindung kam nicht zustande oder brach ab</translation>
     </message>
 </context>
 </TS>

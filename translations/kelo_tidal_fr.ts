@@ -270,6 +270,10 @@
         <translation>le périphérique audio est inutilisable : %1</translation>
     </message>
     <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>l’audio n’est pas arrivé : la connexion a échoué ou a été interrompue</translation>
+    </message>
+    <message>
         <source>the audio did not arrive: %1</source>
         <translation>l’audio n’est pas arrivé : %1</translation>
     </message>
@@ -1076,10 +1080,6 @@
     <message>
         <source>Please login to continue</source>
         <translation>Connectez-vous pour continuer</translation>
-    </message>
-    <message>
-        <source>the audio did not arrive: the connection failed or broke off</source>
-        <translation>l’audio n’est pas arrivé : la connexion a échoué ou a été interrompue</translation>
     </message>
 </context>
 </TS>

@@ -270,6 +270,10 @@
         <translation>オーディオ機器を使用できません: %1</translation>
     </message>
     <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>音声を受信できませんでした: 接続できないか、接続が切れました</translation>
+    </message>
+    <message>
         <source>the audio did not arrive: %1</source>
         <translation>音声を受信できませんでした: %1</translation>
     </message>
@@ -1076,10 +1080,6 @@
     <message>
         <source>Please login to continue</source>
         <translation>続けるにはログインしてください</translation>
-    </message>
-    <message>
-        <source>the audio did not arrive: the connection failed or broke off</source>
-        <translation>音声を受信できませんでした: 接続できないか、接続が切れました</translation>
     </message>
 </context>
 </TS>

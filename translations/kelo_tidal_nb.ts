@@ -270,6 +270,10 @@
         <translation>lydenheten kan ikke brukes: %1</translation>
     </message>
     <message>
+        <source>the audio did not arrive: the connection failed or broke off</source>
+        <translation>lyden kom ikke fram: forbindelsen mislyktes eller ble brutt</translation>
+    </message>
+    <message>
         <source>the audio did not arrive: %1</source>
         <translation>lyden kom ikke fram: %1</translation>
     </message>
@@ -1076,10 +1080,6 @@
     <message>
         <source>Please login to continue</source>
         <translation>Logg inn for å fortsette</translation>
-    </message>
-    <message>
-        <source>the audio did not arrive: the connection failed or broke off</source>
-        <translation>lyden kom ikke fram: forbindelsen mislyktes eller ble brutt</translation>
     </message>
 </context>
 </TS>
