@@ -52,6 +52,7 @@ struct ModuleThread::Run
     QString problem;
     bool isRemoved = false;             ///< quit() has taken the worker out of the tree
     CMAbstractWorker* worker = nullptr; ///< while it is published; lives on the thread
+    CMAbstractWorker* left = nullptr;   ///< the worker, when the loop has ended by itself
     QEventLoop* loop = nullptr;         ///< until it has ended; lives on the thread
     QString prefix;
     QString thrown; ///< by an event; of the thread alone
@@ -103,9 +104,16 @@ struct ModuleThread::Run
             changed.wait(lock, [this] { return isRemoved; });
             return false;
         }
+        left = published;
         lock.unlock();
         CMRoot().removeWorker(published);
         return true;
+    }
+
+    void waitForQuit()
+    {
+        std::unique_lock<std::mutex> lock(mutex);
+        changed.wait(lock, [this] { return isRemoved; });
     }
 
     /// Takes the worker out of the tree, unless the loop has ended already, and ends that.
@@ -151,10 +159,11 @@ void ModuleThread::work(const std::shared_ptr<Run>& run)
     current = {};
     if (!run->thrown.isEmpty())
         reason = run->thrown;
-    const bool isUnasked = run->end();
-    worker.reset();
-    if (isUnasked)
+    if (run->end()) {
         run->ended(reason.isEmpty() ? QStringLiteral("its event loop ended") : reason);
+        run->waitForQuit(); // others may have got the worker from the tree just before
+    }
+    worker.reset();
     // What was dropped with deleteLater() goes before its thread does.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -187,6 +196,13 @@ QString ModuleThread::start(KeloWorkerCreate create, const ModuleChoice& choice,
     if (!problem.isEmpty())
         m_thread.join();
     return problem;
+}
+
+void ModuleThread::dropQueued()
+{
+    std::lock_guard<std::mutex> lock(m_run->mutex);
+    if (m_run->left)
+        QCoreApplication::removePostedEvents(m_run->left);
 }
 
 QString ModuleThread::prefix() const

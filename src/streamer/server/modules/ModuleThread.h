@@ -29,6 +29,9 @@ public:
                   std::chrono::milliseconds limit, const IsWanted& isWanted, Ended ended);
     /// The first of the worker's own prefixes.
     QString prefix() const;
+    /// Drops what is queued for a worker whose event loop has ended by itself. It lives until
+    /// stop(), as other threads may still hold it.
+    void dropQueued();
     /// Removes the worker from the tree, deletes it on its thread and ends that.
     void stop();
     /// Whether a thread is left behind, which uses the program's memory until the process ends.

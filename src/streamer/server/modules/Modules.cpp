@@ -84,6 +84,7 @@ QString Modules::startOne(Module& module, std::chrono::milliseconds limit,
         return ModuleLoader::refusal(file, reason);
     const auto ended = [this, &module](const QString& reason) {
         keloPost(this, [this, &module, reason] {
+            module.thread.dropQueued();
             fail(module,
                  QStringLiteral("the module %1 has stopped: %2").arg(module.choice.file, reason));
             showRows();
@@ -106,7 +107,6 @@ void Modules::fail(Module& module, const QString& problem)
         std::lock_guard<std::mutex> lock(m_mutex);
         module.state.problem = problem;
     }
-    module.thread.stop();
     module.failed = std::make_unique<FailedModule>(module.choice, problem);
     if (!CMRoot().addWorker(module.failed.get()))
         module.failed.reset(); // its place is another one's
