@@ -10,6 +10,7 @@ KeloRoles FakeModule::track(const CMPath& list, const QString& id)
     KeloMetaData metaData;
     metaData.setArtist("Artist " + id);
     metaData.setPrePlayPath(prePlayPath(id));
+    metaData.setPrePlayData(id);
     metaData.setContentPlayContextPath(list);
     KeloMediaData mediaData;
     mediaData.setMetaData(metaData);
@@ -150,7 +151,9 @@ void FakeModule::setDataRequest(const CMSetDataRequest& request)
         std::lock_guard<std::mutex> lock(m_mutex);
         m_asked << QString("%1 at %2").arg(id).arg(row.mediaData().metaData().prePlayTimeOffset());
         scripted = m_answers[id];
-        if (m_held)
+        if (!isId && row.mediaData().metaData().prePlayData() != id)
+            scripted.error = "no such item";
+        else if (m_held)
             scripted.error = "droping play request, busy";
         else if (scripted.isHeld) {
             m_held = [=] { answer(request, id, scripted); };

@@ -21,7 +21,7 @@ quint64 PlayQueue::keyOf(const QueueEntry& entry)
         return hashOf(entry.id.toUtf8());
     const CMPath prePlay = entry.prePlayPath();
     if (!prePlay.isEmpty())
-        return hashOf(prePlay.toEncoded().toUtf8());
+        return hashOf((prePlay.toEncoded() + entry.prePlayData()).toUtf8());
     const QString id = entry.row.id();
     return hashOf((id.isEmpty() ? entry.row.path().toEncoded() : id).toUtf8());
 }

@@ -15,6 +15,7 @@ const QString idKey = QStringLiteral("id");
 const QString listKey = QStringLiteral("list");
 const QString indexKey = QStringLiteral("index");
 const QString prePlayKey = QStringLiteral("prePlayPath");
+const QString prePlayDataKey = QStringLiteral("prePlayData");
 
 constexpr struct
 {
@@ -26,7 +27,7 @@ constexpr struct
              {"icon", &ShownItem::icon}};
 
 /// What of a row suffices to be sent to its pre-play path again.
-KeloRoles rowOf(const PlayItem& item, const CMPath& prePlayPath)
+KeloRoles rowOf(const PlayItem& item, const CMPath& prePlayPath, const QString& prePlayData)
 {
     if (prePlayPath.isEmpty())
         return {};
@@ -34,6 +35,7 @@ KeloRoles rowOf(const PlayItem& item, const CMPath& prePlayPath)
     metaData.setArtist(item.artist);
     metaData.setAlbum(item.album);
     metaData.setPrePlayPath(prePlayPath);
+    metaData.setPrePlayData(prePlayData);
     metaData.setContentPlayContextPath(item.entry.list);
     KeloMediaData mediaData;
     mediaData.setMetaData(metaData);
@@ -68,6 +70,7 @@ QByteArray restOf(const PlayItem& item)
         json.insert(durationKey, item.durationMs);
         json.insert(idKey, item.entry.id);
         json.insert(prePlayKey, item.entry.prePlayPath().toEncoded());
+        json.insert(prePlayDataKey, item.entry.prePlayData());
         json.insert(listKey, item.entry.list.toEncoded());
         json.insert(indexKey, item.entry.index);
     }
@@ -99,7 +102,7 @@ PlayerStore::Kept PlayerStore::load()
     item.path = path(pathKey);
     for (const auto& one : texts)
         item.*one.text = json.value(QLatin1String(one.key)).toString();
-    item.entry.row = rowOf(item, path(prePlayKey));
+    item.entry.row = rowOf(item, path(prePlayKey), json.value(prePlayDataKey).toString());
     if (!item.entry.canResolve())
         return kept;
     kept.item = item;

@@ -12,6 +12,8 @@ struct QueueEntry
 
     bool isEmpty() const { return row.isEmpty() && id.isEmpty(); }
     CMPath prePlayPath() const { return row.mediaData().metaData().prePlayPath(); }
+    /// What the module knows the item by, where its path does not say it.
+    QString prePlayData() const { return row.mediaData().metaData().prePlayData(); }
     /// Whether a module can be asked for its address, again if need be.
     bool canResolve() const { return !id.isEmpty() || !prePlayPath().isEmpty(); }
     /// Whether the row says that it can be played.
