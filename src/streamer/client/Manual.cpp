@@ -168,10 +168,14 @@ QString settingsManual(const QString& date)
         page.end();
     }
     page.subheading("[module.NAME]");
-    page.paragraph("The settings of one module, NAME being that of its file, `libNAME.so` or "
-                   "`libkelo_cb_NAME.so`. `prefix` is the path below which it stands, `/NAME` "
-                   "where it is not given; what else is here is handed to the module. The module "
-                   "tidal stands at `/tidal`, and its settings are those above.");
+    page.paragraph(
+        "The settings of one module, NAME being that of its file, `libNAME.so` or "
+        "`libkelo_cb_NAME.so`. `prefix` is the path below which it stands, `/NAME` "
+        "where it is not given; what else is here is handed to the module, which judges "
+        "it: an unknown key does not end the program. Of a section whose NAME is that of "
+        "no module that is served, the log warns at the start. `kelo config` does not "
+        "show these sections, as they may hold secrets. The module tidal stands at "
+        "`/tidal`, and its settings are those above.");
     addTagged(page, "Files",
               {{"$XDG_CONFIG_HOME/kelo/kelo.toml",
                 "The user's; `~/.config` where the variable is not set."},
@@ -179,7 +183,7 @@ QString settingsManual(const QString& date)
     page.heading("Examples");
     page.lines({"[server]", "listen = \"127.0.0.1:8095\"", "[tidal.oauth2]", "client_id = \"...\"",
                 "client_secret_file = \"client_secret\"", "[modules]",
-                "files = [\"/usr/lib/kelo/libkelo_cb_tidal.so\", \"libradio.so\"]",
+                "files = [\"/opt/radio/libradio.so\"] # instead of those installed",
                 "[module.radio]", "prefix = \"/waves\"", "station = \"...\""});
     page.heading("See also");
     page.paragraph("`kelo`(1)");

@@ -177,6 +177,9 @@ bool Streamer::startModules(QString* error)
     std::vector<ModuleChoice> choices;
     for (const QString& file : qAsConst(files))
         choices.push_back(ModuleChoice::ofFile(file, m_settings.modules));
+    const QStringList warnings = ModuleChoice::strayingSections(choices, m_settings.modules);
+    for (const QString& warning : warnings)
+        KELO_LOG("Modules", WARN) << warning;
     const auto limit = fromSeconds(m_settings.deadlines.moduleSeconds);
     const auto isWanted = [] { return !EndSignals::isPending(); };
     m_isWithoutModule = !m_modules.start(choices, limit, isWanted, error);

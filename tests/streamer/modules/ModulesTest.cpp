@@ -148,6 +148,20 @@ TEST_F(ModulesTest, OneThatFailsLeavesTheOthersServing)
               "cannot use the module " + twin + ": its prefix /shelf is that of " + file);
 }
 
+TEST_F(ModulesTest, NamesSectionsThatAreNoModules)
+{
+    const ModuleSettings settings{{}, {{"shelf", {}}, {"shelff", {}}, {"kelo_cb_radio", {}}}};
+    std::vector<ModuleChoice> choices;
+    for (const char* file : {"libshelf.so", "libkelo_cb_radio.so"})
+        choices.push_back(ModuleChoice::ofFile(file, settings));
+    EXPECT_THAT(
+        ModuleChoice::strayingSections(choices, settings),
+        ElementsAre("[module.kelo_cb_radio] is not used: no module is called kelo_cb_radio; "
+                    "served are shelf, radio",
+                    "[module.shelff] is not used: no module is called shelff; served are "
+                    "shelf, radio"));
+}
+
 TEST_F(ModulesTest, WhatThrowsInItsLoopEndsAlone)
 {
     const QString radio = copy("radio");

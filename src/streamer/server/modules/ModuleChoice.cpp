@@ -52,3 +52,21 @@ QStringList ModuleChoice::installedFiles()
     }
     return files;
 }
+
+QStringList ModuleChoice::strayingSections(const std::vector<ModuleChoice>& choices,
+                                           const ModuleSettings& settings)
+{
+    QStringList names;
+    for (const ModuleChoice& choice : choices)
+        names.append(choice.name);
+    QStringList sections = settings.sections.keys();
+    sections.sort();
+    QStringList warnings;
+    for (const QString& section : qAsConst(sections)) {
+        if (!names.contains(section))
+            warnings.append(
+                QStringLiteral("[module.%1] is not used: no module is called %1; served are %2")
+                    .arg(section, names.join(QStringLiteral(", "))));
+    }
+    return warnings;
+}

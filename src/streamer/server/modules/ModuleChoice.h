@@ -1,6 +1,8 @@
 #pragma once
 #include "settings/Settings.h"
 
+#include <vector>
+
 /// A module that is to be served: which file, under which name and prefix. A plain value.
 struct ModuleChoice
 {
@@ -14,4 +16,7 @@ struct ModuleChoice
     /// The files that are served when none is named: all of the module folder that belongs to the
     /// program; in a build tree, which has none, its one module.
     static QStringList installedFiles();
+    /// A warning for each section of the settings that belongs to none of these modules.
+    static QStringList strayingSections(const std::vector<ModuleChoice>& choices,
+                                        const ModuleSettings& settings);
 };
