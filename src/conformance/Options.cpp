@@ -1,5 +1,6 @@
 #include "Options.h"
 
+#include <kelo/KeloValue.h>
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
@@ -109,9 +110,34 @@ bool Options::readFile(const QString& file, QString* error)
         return false;
     }
     const QVariantHash all = hashed(document.toVariant()).toHash();
+    const bool isTaken = take(all, error);
+    if (!isTaken)
+        *error = file + QStringLiteral(": ") + *error;
+    return isTaken;
+}
+
+bool Options::take(const QVariantHash& all, QString* error)
+{
+    for (auto it = all.begin(); it != all.end(); ++it) {
+        if (it.key() != QLatin1String("settings") && it.key() != QLatin1String("values"))
+            *error = QStringLiteral("\"%1\": wanted \"settings\" or \"values\"").arg(it.key());
+        else if (it->type() != QVariant::Hash)
+            *error = QStringLiteral("\"%1\": wanted an object").arg(it.key());
+    }
     settings = all.value(QStringLiteral("settings")).toHash();
     values = all.value(QStringLiteral("values")).toHash();
-    return true;
+    for (auto it = values.begin(); error->isEmpty() && it != values.end(); ++it) {
+        const KeloValue value = KeloValue::fromVariant(*it);
+        if (!it.key().startsWith(QLatin1Char('/')))
+            *error = QStringLiteral("\"values\": \"%1\" is no path").arg(it.key());
+        else if (value.type().isEmpty() || !value.contains(value.type()))
+            *error =
+                QStringLiteral("\"values\", %1: wanted a text, a whole number, true or false, a "
+                               "list of texts, or an object with its \"type\" and, under that "
+                               "name, the value")
+                    .arg(it.key());
+    }
+    return error->isEmpty();
 }
 
 void Options::nameByFile()

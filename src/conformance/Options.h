@@ -27,5 +27,6 @@ struct Options
 private:
     bool readOption(const QString& option, const QString& value, QString* error);
     bool readFile(const QString& file, QString* error);
+    bool take(const QVariantHash& all, QString* error);
     void nameByFile();
 };

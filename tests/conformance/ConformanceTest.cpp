@@ -76,6 +76,16 @@ TEST(ConformanceTest, theExampleDoesToo)
     EXPECT_EQ(found.results.keys("pass").size(), checkCount) << found.text();
 }
 
+TEST(ConformanceTest, settingsThatItDoesNotReadAreRefused)
+{
+    for (const char* settings :
+         {R"({"values": 3})", R"({"values": {"radio": "x"}})", R"({"values": {"/radio": 0.5}})",
+          R"({"values": {"/radio": {"type": "string_"}}})", R"({"settings": []})",
+          R"({"vales": {}})"})
+        EXPECT_EQ(check(RADIO_MODULE, QJsonDocument::fromJson(settings).object()).status, 2)
+            << settings;
+}
+
 TEST(ConformanceTest, eachFaultFailsItsCheck)
 {
     for (const auto& [fault, failed, said] : Table<const char*, const char*, const char*>{
