@@ -44,6 +44,7 @@ Page Asker::read(const CMGetRowsRequest& request)
         return page;
     const KeloRowsRoles answer = request.reply().value();
     page.count = answer.rowsCount();
+    page.version = answer.rowsVersion();
     const QVariantList rows = answer.rows().toList();
     for (const QVariant& row : rows) {
         const QVariantList values = row.toList();

@@ -8,6 +8,7 @@ struct Page
 {
     CMError error;
     int count = 0;
+    int version = 0;
     QList<KeloRoles> rows;
 
     bool isAnswered() const { return !error.isSet(); }

@@ -43,6 +43,17 @@ void listenToHost(Findings& findings)
     host.addAppender(log4cplus::SharedAppenderPtr(new SecondAnswers(findings)));
 }
 
+/// What a thread is called. One without a name of its own has that of the thread that started it,
+/// which is the program's or the module's.
+QString ownName(const QString& name, const QString& module)
+{
+    QFile program(QStringLiteral("/proc/self/comm"));
+    QStringList inherited{QString::fromUtf8(module.toUtf8().left(15))};
+    if (program.open(QIODevice::ReadOnly))
+        inherited.append(QString::fromUtf8(program.readAll()).trimmed());
+    return inherited.contains(name) ? QStringLiteral("a thread without a name of its own") : name;
+}
+
 /// The names of the process's threads, by their numbers.
 QMap<QString, QString> threads()
 {
@@ -61,7 +72,7 @@ QMap<QString, QString> threads()
 }
 
 /// The names of the threads that were not there before; those that are about to end get the time.
-QStringList threadsSince(const QMap<QString, QString>& before)
+QStringList threadsSince(const QMap<QString, QString>& before, const QString& module)
 {
     QStringList names;
     for (int i = 0; i < mostThreadTries; ++i) {
@@ -69,7 +80,7 @@ QStringList threadsSince(const QMap<QString, QString>& before)
         const QMap<QString, QString> now = threads();
         for (auto it = now.begin(); it != now.end(); ++it) {
             if (!before.contains(it.key()))
-                names.append(it.value());
+                names.append(ownName(it.value(), module));
         }
         if (names.isEmpty())
             break;
@@ -99,7 +110,7 @@ void Conformance::run()
     checkNotices();
     checkStop();
     m_findings.begin(QStringLiteral("threads"));
-    const QStringList left = threadsSince(before);
+    const QStringList left = threadsSince(before, m_options.name);
     if (!left.isEmpty())
         m_findings.fault(QStringLiteral("threads"),
                          QStringLiteral("left behind: ") + left.join(QStringLiteral(", ")));
@@ -149,11 +160,14 @@ void Conformance::checkParallel()
     for (int i = 0; i < threadCount; ++i) {
         threads.emplace_back([&] {
             for (size_t at = 0; at < std::min(m_lists.size(), mostLists); ++at) {
-                const List& list = m_lists[at];
-                const Page page = m_asker.rows(list.path, 0, 19);
-                if (page.paths() != list.first.paths())
-                    m_findings.fault(check, list.path.toEncoded() +
-                                                QStringLiteral(": other rows than before"));
+                List list = m_lists[at];
+                judge(list, [&](const List& seen) -> Faults {
+                    const Page page = m_asker.rows(seen.path, 0, 19);
+                    if (page.paths() == seen.first.paths())
+                        return {};
+                    return {{check,
+                             seen.path.toEncoded() + QStringLiteral(": other rows than before")}};
+                });
             }
         });
     }

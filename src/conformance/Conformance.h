@@ -1,6 +1,8 @@
 #pragma once
 #include "Asker.h"
 #include "MinimalHost.h"
+#include "Watch.h"
+#include <functional>
 #include <vector>
 
 /// The checks, one after the other, of one module in a host of its own. Owned by the child
@@ -18,15 +20,31 @@ private:
     {
         CMPath path;
         Page first; ///< its first page
+        std::shared_ptr<Watch> watch;
+        int told = 0; ///< what the watch had counted when the page was asked for
     };
+    struct Fault
+    {
+        QString check;
+        QString what;
+    };
+    using Faults = QList<Fault>;
 
     bool start();
     void walk();
     /// Whether it opened, and what of its rows opens in turn.
     bool visit(const CMPath& path, QList<CMPath>& further);
+    /// Notes the faults of a list. One that is told to have changed meanwhile is looked at again.
+    void judge(List& list, const std::function<Faults(List&)>& faultsOf);
+    /// Asks for the list's first page.
+    void look(List& list);
+    bool isToldToChange(const List& list);
+    Faults pageFaults(List& list);
+    Faults lastPageFaults(const List& list);
+    Faults pathFaults(const List& list) const;
+    Faults rangeFaults(const List& list);
     void checkRow(const CMPath& list, const KeloRoles& row);
     void checkRanges();
-    void checkRangesOf(const List& list);
     void checkUnknown();
     void checkParallel();
     void checkPlay();

@@ -24,9 +24,12 @@ struct Heard
 quint64 open(const CMPath& path, size_t number, const std::shared_ptr<Heard>& heard)
 {
     return CMRoot().openRows(path, [number, heard](const CMRowsNotice& notice) {
-        const QStringList change = notice.change.toStringList();
+        // With the count: of two changes in a row, each has its own.
+        QString change = notice.change.toStringList().join(QLatin1Char(' '));
+        if (notice.count >= 0)
+            change += QStringLiteral(" (%1 rows)").arg(notice.count);
         const std::lock_guard<std::mutex> lock(heard->mutex);
-        heard->changes[number].append(change.join(QLatin1Char(' ')));
+        heard->changes[number].append(change);
     });
 }
 
@@ -36,6 +39,8 @@ void Conformance::checkNotices()
 {
     if (m_options.actions.isEmpty())
         return m_findings.skip(check, QStringLiteral("no --act names what may be activated"));
+    for (List& list : m_lists)
+        list.watch.reset(); // who else has it open is told, too
     bool isChanged = false;
     for (const QString& action : m_options.actions) {
         m_findings.begin(check, action);
@@ -53,11 +58,13 @@ bool Conformance::checkAction(const CMPath& action)
     const auto heardByLeft = std::make_shared<Heard>();
     std::vector<quint64> ids;
     for (size_t i = 0; i < m_lists.size(); ++i) {
-        m_lists[i].first = m_asker.rows(m_lists[i].path, 0, 19);
         const quint64 left = open(m_lists[i].path, i, heardByLeft);
         ids.push_back(open(m_lists[i].path, i, heard));
         CMRoot().closeRows(left);
+        // Asked for now: no change goes unheard.
+        m_lists[i].first = m_asker.rows(m_lists[i].path, 0, 19);
     }
+    heardByLeft->take(); // before it left
     const auto act = [&] {
         const CMError error = m_asker.set(action, KeloRoles::Value(), QVariant());
         if (error.isSet())
@@ -83,6 +90,7 @@ bool Conformance::checkAction(const CMPath& action)
     }
     for (const quint64 id : ids)
         CMRoot().closeRows(id);
+    heard->take();
     act();
     if (!heard->take().isEmpty() || !heardByLeft->take().isEmpty())
         m_findings.fault(check, QStringLiteral("who has closed a list is told of it"));

@@ -90,6 +90,7 @@ TEST(ConformanceTest, eachFaultFailsItsCheck)
 {
     for (const auto& [fault, failed, said] : Table<const char*, const char*, const char*>{
              {"", "", ""},
+             {"fills itself", "", ""},
              {"throws", "load", "no antenna"},
              {"gives no worker", "load", "gave no worker"},
              {"stands elsewhere", "load", "stands at /elsewhere"},
@@ -104,6 +105,9 @@ TEST(ConformanceTest, eachFaultFailsItsCheck)
              {"has a row to nowhere", "paths", "/faulty/nowhere"},
              {"gives other rows", "paths", "asked twice, other rows"},
              {"counts wrongly", "counts", "says 15 rows, and gives 20"},
+             {"counts its end wrongly", "counts", "says 67 rows, and gives 13 from row 47 on"},
+             {"has one path", "paths", "rows \"0\" and \"1\" have one path, /faulty/list/0"},
+             {"has one row only", "paths", "20 rows have but one path"},
              {"gives all rows", "ranges", "other rows than in the whole page"},
              {"takes bad ranges", "ranges", "no error"},
              {"answers everything", "unknown", "no-such-place has rows"},
@@ -113,7 +117,7 @@ TEST(ConformanceTest, eachFaultFailsItsCheck)
              {"tells nobody", "notices", "nobody was told"},
              {"tells twice", "notices", "told twice"},
              {"never ends", "stop", "did not come to an end"},
-             {"leaves a thread", "threads", "left behind"}}) {
+             {"leaves a thread", "threads", "left behind: a thread without a name of its own"}}) {
         const bool isEndless = QString(said).contains("come to an end");
         const Found found =
             check(FAULTY_MODULE, {{"settings", QJsonObject{{"fault", fault}}}},

@@ -4,6 +4,7 @@
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMNodesWorker.h>
 #include <kelo/KeloModule.h>
+#include <kelo/KeloPost.h>
 #include <kelo/PlayLogicInterface.h>
 #include <thread>
 #include <unistd.h>
@@ -41,7 +42,11 @@ public:
     }
     bool is(const char* fault) const { return m_fault == QLatin1String(fault); }
     void add() { ++m_count; }
-    int count() const { return m_count; }
+    void tellAdded()
+    {
+        const int count = m_count;
+        subscribe()->rowsChanged(path(), QStringList{QStringLiteral("+%1").arg(count - 1)}, count);
+    }
 
     bool getRowsRequest(const CMGetRowsRequest& request) override
     {
@@ -67,15 +72,34 @@ public:
     }
 
 private:
+    /// Gets a row with the first request, the fourth, the ninth, and so on.
+    void fill()
+    {
+        const int next = m_nextFill;
+        if (++m_asked != next * next)
+            return;
+        m_nextFill = next + 1;
+        keloPost(this, [this] {
+            add();
+            tellAdded();
+        });
+    }
     KeloRowsRoles answer(const CMGetRowsRequest& request)
     {
+        if (is("fills itself"))
+            fill();
+        const int count = m_count; // it may change meanwhile
         const bool isWhole = is("gives all rows");
         const int from = isWhole ? 0 : std::max(0, request.from());
-        const int to = isWhole ? m_count - 1 : std::min(request.to(), m_count - 1);
+        const int to = isWhole ? count - 1 : std::min(request.to(), count - 1);
         const int shift = is("gives other rows") ? ++m_asked : 0;
         QVariantList rows;
         for (int i = from; i <= to; ++i) {
             KeloRoles row = itemRow(path(), i + shift, m_play);
+            if (is("has one path") || is("has one row only"))
+                row.setPath(path() + QStringLiteral("/0"));
+            if (is("has one row only"))
+                row.setTitle(QStringLiteral("0"));
             if (is("has a strange type"))
                 row.insert(KeloRoles::Type(), QStringLiteral("Sound"));
             if (is("has a broken path"))
@@ -93,15 +117,19 @@ private:
         }
         KeloRowsRoles answer;
         answer.setRows(rows);
-        answer.setRowsCount(m_count - (is("counts wrongly") ? 15 : 0));
+        answer.setRowsCount(count - (is("counts wrongly") ? 15 : 0) +
+                            (is("counts its end wrongly") ? 7 : 0));
         answer.setRoles(getDataRoles({}));
         return answer;
     }
 
     const QString m_fault;
     const CMPath m_play;
-    std::atomic<int> m_count{rowCount};
+    std::atomic<int> m_count{is("counts its end wrongly") ? 2 * rowCount
+                             : is("fills itself")         ? rowCount / 3
+                                                          : rowCount};
     std::atomic<int> m_asked{0};
+    std::atomic<int> m_nextFill{1};
     CMGetRowsRequest m_kept;
 };
 
@@ -138,10 +166,9 @@ private Q_SLOTS:
     void on_add(const CMSetDataRequest& request)
     {
         m_list->add();
-        const QStringList change{QStringLiteral("+%1").arg(m_list->count() - 1)};
         const int times = is("tells nobody") ? 0 : is("tells twice") ? 2 : 1;
         for (int i = 0; i < times; ++i)
-            m_list->subscribe()->rowsChanged(m_list->path(), change, m_list->count());
+            m_list->tellAdded();
         request.reply().setValue(QVariant());
     }
     void on_play(const CMSetDataRequest& request)
