@@ -37,10 +37,10 @@ quint64 open(const CMPath& path, size_t number, const std::shared_ptr<Heard>& he
 
 void Conformance::checkNotices()
 {
+    for (List& list : m_lists)
+        list.watch.reset(); // from here on, only clients that come and go
     if (m_options.actions.isEmpty())
         return m_findings.skip(check, QStringLiteral("no --act names what may be activated"));
-    for (List& list : m_lists)
-        list.watch.reset(); // who else has it open is told, too
     bool isChanged = false;
     for (const QString& action : m_options.actions) {
         m_findings.begin(check, action);
