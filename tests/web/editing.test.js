@@ -147,6 +147,7 @@ journey("several rows at once, and few of many", {}, async (person) => {
   await person.visit(mine);
   await person.open("Morning commute");
   await person.heading("Morning commute");
+  await person.list("Morning commute").getByRole("button", { name: "Menu of" }).nth(3).waitFor();
   const first = async () => (await person.titles("Morning commute")).slice(0, 4).join();
   const [a, b, c, d] = await person.titles("Morning commute");
   const pick = (index) => view.getByRole("listitem").locator(".main").nth(index).click({ modifiers: ["Shift"] });

@@ -133,6 +133,7 @@ journey("the keyboard alone", {}, async (person) => {
   await press("End", "Enter");
   await person.heading("Most Played");
   await person.list("Most Played").getByRole("button").first().waitFor();
+  await person.list("Most Played").getByRole("button", { name: "Menu of" }).first().waitFor();
   const [title] = await person.titles("Most Played");
   await tabTo("Play");
   await press("Tab");
