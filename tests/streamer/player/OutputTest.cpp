@@ -24,6 +24,8 @@ protected:
             events.started = [this] { add("started"); };
             events.aboutToFinish = [this] {
                 add("aboutToFinish");
+                if (isNextNamed)
+                    return;
                 if (other.uri.isEmpty() || !next.uri.isEmpty())
                     output->setNext(std::exchange(next, OutputItem()));
                 if (!other.uri.isEmpty())
@@ -32,6 +34,7 @@ protected:
             events.itemChanged = [this](const QString& uri) {
                 add(uri == other.uri ? "itemChanged to another" : "itemChanged");
                 other = OutputItem();
+                isNextNamed = false;
             };
             events.finished = [this] { add("finished"); };
             events.error = [this](const OutputError& error) {
@@ -77,8 +80,9 @@ protected:
     }
 
     SimStreams sim;
-    OutputItem next;  ///< handed over when the output asks for it; of the output's thread
-    OutputItem other; ///< named instead, once the output has taken the next
+    OutputItem next;          ///< handed over when the output asks for it; of the output's thread
+    OutputItem other;         ///< named instead, once the output has taken the next
+    bool isNextNamed = false; ///< before the output asks for it; of the output's thread
     QString problem;
     KeloLoopThread thread;
     std::unique_ptr<AudioOutput> output;
@@ -129,6 +133,26 @@ TEST_F(OutputTest, PlaysAnotherNextItemThanTheOneItHasTakenAlready)
     open(sim.address(0));
     EXPECT_EQ(waitFor("finished").split(',').filter(QRegularExpression("Changed|fini")),
               QStringList({"itemChanged to another", "finished"}));
+}
+
+TEST_F(OutputTest, StartsWhereTheItemIsDecodedToItsEndBeforeItSounds)
+{
+    for (int startMs = 1500; startMs < 2000; startMs += 50) {
+        SCOPED_TRACE(startMs);
+        make("fakesink sync=false");
+        const QString item = sim.address(0);
+        const QString following = sim.address(1);
+        ASSERT_FALSE(item.isEmpty() || following.isEmpty());
+        on([&] {
+            isNextNamed = true;
+            output->open({item, startMs, 0});
+            output->setNext({following, 0, 0});
+        });
+        EXPECT_EQ(waitFor("finished").split(',').filter(QRegularExpression("error|Changed")),
+                  QStringList("itemChanged"));
+        thread.stop([this] { output.reset(); });
+        log.clear();
+    }
 }
 
 TEST_F(OutputTest, StartsAtAPositionPausesAndSeeks)

@@ -11,13 +11,6 @@ constexpr unsigned playFlagAudio = 0x2; // of playbin's flags, which no header d
 constexpr unsigned playFlagSoftVolume = 0x10;
 constexpr unsigned playFlagBuffering = 0x100;
 
-struct Unref
-{
-    void operator()(gpointer object) const { gst_object_unref(object); }
-};
-template <class T>
-using GstPtr = std::unique_ptr<T, Unref>;
-
 /// Whether the machine's automatic sink found a device to open.
 bool hasSoundDevice(GstElement* sink)
 {
@@ -111,6 +104,7 @@ GstOutput::GstOutput(GstElement* playbin, const TrString& note) : m_playbin(play
     gst_bus_set_sync_handler(bus.get(), &GstOutput::onBusMessage, this, nullptr);
     g_signal_connect(m_playbin, "about-to-finish", G_CALLBACK(&GstOutput::onAboutToFinish), this);
     g_signal_connect(m_playbin, "source-setup", G_CALLBACK(&GstOutput::onSourceSetup), this);
+    g_signal_connect(m_playbin, "audio-changed", G_CALLBACK(&GstOutput::onAudioChanged), this);
 }
 
 GstOutput::~GstOutput()
@@ -146,7 +140,11 @@ void GstOutput::halt()
     gst_element_set_state(m_playbin, GST_STATE_NULL);
     ++m_session; // what the pipeline said while it stopped is of no session
     answer(false, QString());
-    m_isOpen = m_hasStarted = m_isBuffering = m_isStartPending = m_isNextGiven = false;
+    m_hasAudio = m_isReady = false;
+    m_isOpen = m_hasStarted = m_isPrerolled = m_isStartPending = m_isNextGiven = false;
+    m_isBuffering = m_isNextBuffering = false;
+    m_state = GST_STATE_NULL;
+    m_source = m_endedSource = nullptr;
     m_group = 0;
     m_seekTargetMs = -1;
     m_next = OutputItem();
@@ -179,6 +177,8 @@ void GstOutput::answer(bool isAnswered, const QString& uri)
         std::lock_guard<std::mutex> lock(m_handover.mutex);
         m_handover.isAnswered = isAnswered;
         m_handover.nextUri = uri.toStdString();
+        if (!isAnswered)
+            m_handover.isTaken = false;
     }
     m_handover.changed.notify_all();
 }
@@ -247,11 +247,17 @@ void GstOutput::settle()
 {
     if (!m_isOpen)
         return;
-    const bool isPaused = m_isPauseWanted || m_isBuffering || m_isStartPending;
+    // Playbin may forget to play when it is told so, or otherwise, before it is ready.
+    const bool isPaused = m_isPauseWanted || m_isBuffering || !m_isPrerolled;
     const GstState state = isPaused ? GST_STATE_PAUSED : GST_STATE_PLAYING;
-    if (gst_element_set_state(m_playbin, state) == GST_STATE_CHANGE_FAILURE)
+    if (std::exchange(m_state, state) == state)
+        return;
+    const GstStateChangeReturn change = gst_element_set_state(m_playbin, state);
+    if (change == GST_STATE_CHANGE_FAILURE)
         KELO_LOG(logger, DEBUG) << "the pipeline refuses to become "
                                 << gst_element_state_get_name(state);
+    else if (change == GST_STATE_CHANGE_NO_PREROLL && !m_isPrerolled)
+        onPrerolled(); // a live source, which says nothing more
 }
 
 void GstOutput::onPrerolled()
@@ -265,6 +271,7 @@ void GstOutput::onPrerolled()
                                     m_item.startMs * GST_MSECOND))
             return;
     }
+    m_isPrerolled = true;
     settle();
     if (m_isPauseWanted)
         onPlaying();
@@ -272,11 +279,10 @@ void GstOutput::onPrerolled()
 
 void GstOutput::onPlaying()
 {
+    m_isReady = true;
     if (std::exchange(m_hasStarted, true))
         return;
-    gint audioStreams = 0;
-    g_object_get(m_playbin, "n-audio", &audioStreams, nullptr);
-    if (audioStreams == 0) {
+    if (!m_hasAudio) {
         OutputError error;
         error.kind = OutputError::Decode;
         error.text = TrString::in("Player", "the address holds no audio");
@@ -294,7 +300,10 @@ void GstOutput::onStreamStart(guint group)
     m_item = m_next;
     m_next = OutputItem();
     m_isNextGiven = false;
+    m_endedSource = std::exchange(m_source, nullptr);
+    m_isBuffering = std::exchange(m_isNextBuffering, false);
     answer(false, QString());
+    settle();
     events().itemChanged(m_item.uri);
 }
 
@@ -317,14 +326,17 @@ void GstOutput::onNextTaken(const QString& uri)
         return beginAgain(positionMs());  // another was named meanwhile
     m_item.durationHintMs = durationMs(); // from now on the pipeline tells the next item's
     m_isNextGiven = true;
+    m_endedSource = nullptr; // its turn comes again
 }
 
-void GstOutput::onBuffering(int percent)
+void GstOutput::onBuffering(const void* source, bool isBuffering)
 {
-    const bool isBuffering = percent < 100;
-    if (m_isBuffering == isBuffering)
+    if (source == m_endedSource)
         return;
-    m_isBuffering = isBuffering;
+    if (!m_isNextGiven)
+        m_source = source;
+    // What sounds does not wait for what follows it.
+    (source == m_source ? m_isBuffering : m_isNextBuffering) = isBuffering;
     settle();
 }
 

@@ -4,8 +4,17 @@
 #include <atomic>
 #include <condition_variable>
 #include <gst/gst.h>
+#include <memory>
 #include <mutex>
 #include <QObject>
+
+/// Gives back a reference to an object of GStreamer's.
+struct GstUnref
+{
+    void operator()(gpointer object) const { gst_object_unref(object); }
+};
+template <class T>
+using GstPtr = std::unique_ptr<T, GstUnref>;
 
 /// Sound through GStreamer's playbin; lives on the thread of a ThreadedOutput, since a pipeline may
 /// take its time to change its state. Messages of the pipeline are posted to that thread from the
@@ -40,6 +49,7 @@ private:
         std::mutex mutex;
         std::condition_variable changed;
         bool isAnswered = false; ///< the player has said what follows, or that nothing waits for it
+        bool isTaken = false;    ///< the answer is used, and no other wanted until that item sounds
         std::string nextUri;     ///< empty: nothing follows
     };
 
@@ -49,11 +59,13 @@ private:
     static GstOutput* of(gpointer self);
     static GstBusSyncReply onBusMessage(GstBus* bus, GstMessage* message, gpointer self);
     static void onAboutToFinish(GstElement* playbin, gpointer self);
+    static void onAudioChanged(GstElement* playbin, gpointer self);
     static void onSourceSetup(GstElement* playbin, GstElement* source, gpointer self);
     void handleBusMessage(GstMessage* message);
     /// Runs a function on the output's thread unless the session has ended by then. Any thread.
     void post(std::function<void()> function);
     void waitForNext();
+    void postBuffering(GstMessage* message);
     void postError(GstMessage* message);
     /// Tells a streaming thread that waits what follows.
     void answer(bool isAnswered, const QString& uri);
@@ -66,7 +78,8 @@ private:
     void onStreamStart(guint group);
     void onEnd();
     void onNextTaken(const QString& uri);
-    void onBuffering(int percent);
+    /// `source`: what reads the item, so that the present one and the next are told apart.
+    void onBuffering(const void* source, bool isBuffering);
     void onError(OutputError error);
     /// Brings the pipeline into the state that the flags ask for.
     void settle();
@@ -76,6 +89,10 @@ private:
     TrString m_note;
     Handover m_handover;
     std::atomic<quint64> m_session{0}; ///< grows with every open and stop
+    /// Whether audio was found since the opening. Not playbin's count: that is of the next item as
+    /// soon as the first has been decoded, which may be before it sounds.
+    std::atomic<bool> m_hasAudio{false};
+    std::atomic<bool> m_isReady{false}; ///< the pipeline plays, or is paused when it could
     /// Set last by the constructor and read first by the streaming threads, which GStreamer hands
     /// the object to: what was written before is seen there.
     std::atomic<bool> m_isMade{false};
@@ -84,9 +101,14 @@ private:
     bool m_isOpen = false;
     bool m_hasStarted = false;
     bool m_isPauseWanted = false;
+    bool m_isPrerolled = false; ///< the pipeline is ready to play, from the start position if any
     bool m_isBuffering = false;
-    bool m_isStartPending = false; ///< a start position waits for the pipeline to be ready
-    bool m_isNextGiven = false;    ///< playbin has taken the next address
+    bool m_isNextBuffering = false;
+    GstState m_state = GST_STATE_NULL;   ///< as asked for
+    const void* m_source = nullptr;      ///< what reads the present item, once it has told of it
+    const void* m_endedSource = nullptr; ///< what has read the item before, and may tell of it late
+    bool m_isStartPending = false;       ///< a start position waits for the pipeline to be ready
+    bool m_isNextGiven = false;          ///< playbin has taken the next address
     qint64 m_seekTargetMs = -1; ///< until a seek has arrived, when the pipeline knows no position
     guint m_group = 0; ///< group of the stream that sounds, which every item has its own of
     OutputItem m_item;

@@ -24,6 +24,26 @@ bool hasNoData(GstElement* playbin)
     return isKnown && bytes == 0;
 }
 
+/// The part of playbin that reads the item which a message is about: to be compared, no more.
+const void* itemSource(GstMessage* message)
+{
+    const GstObject* part = GST_MESSAGE_SRC(message);
+    for (GstObject* parent = part->parent; parent && parent->parent; parent = parent->parent)
+        part = parent;
+    return part;
+}
+
+/// Whether a queue waits for data; `isSaid`: as its message says, when it cannot be asked.
+bool isFilling(GstElement* queue, bool isSaid)
+{
+    GstQuery* query = gst_query_new_buffering(GST_FORMAT_PERCENT);
+    gboolean isBusy = isSaid;
+    if (gst_element_query(queue, query))
+        gst_query_parse_buffering_percent(query, &isBusy, nullptr);
+    gst_query_unref(query);
+    return isBusy;
+}
+
 /// `isOfTransfer`: the source says so, or nothing has come that could be decoded.
 OutputError::Kind kindOf(const GError* failure, guint httpStatus, bool isOfTransfer)
 {
@@ -111,15 +131,24 @@ void GstOutput::handleBusMessage(GstMessage* message)
             post([this] { onPlaying(); });
         break;
     }
-    case GST_MESSAGE_BUFFERING: {
-        gint percent = 100;
-        gst_message_parse_buffering(message, &percent);
-        post([this, percent] { onBuffering(percent); });
+    case GST_MESSAGE_BUFFERING:
+        postBuffering(message);
         break;
-    }
     default:
         break;
     }
+}
+
+void GstOutput::postBuffering(GstMessage* message)
+{
+    gint percent = 100;
+    gst_message_parse_buffering(message, &percent);
+    const std::shared_ptr<GstElement> queue(GST_ELEMENT(gst_object_ref(GST_MESSAGE_SRC(message))),
+                                            GstUnref());
+    // The messages of several threads overtake each other: what counts is how it is by then.
+    post([this, queue, source = itemSource(message), percent] {
+        onBuffering(source, isFilling(queue.get(), percent < 100));
+    });
 }
 
 void GstOutput::postError(GstMessage* message)
@@ -164,21 +193,31 @@ void GstOutput::onAboutToFinish(GstElement*, gpointer self)
 void GstOutput::waitForNext()
 {
     post([this] { events().aboutToFinish(); });
+    // One that was started close to its end. Playbin is not to change its state and its item at
+    // once: the next begins when this one has ended.
+    if (!m_isReady)
+        return;
     std::string uri;
     {
         std::unique_lock<std::mutex> lock(m_handover.mutex);
         const quint64 session = m_session;
         // Playbin takes the next address only from within this call.
         m_handover.changed.wait_for(lock, handoverWait, [this, session] {
-            return m_handover.isAnswered || m_session != session;
+            return (m_handover.isAnswered && !m_handover.isTaken) || m_session != session;
         });
-        if (m_session == session)
+        if (m_session == session && !m_handover.isTaken)
             uri = m_handover.nextUri;
+        m_handover.isTaken = m_handover.isTaken || !uri.empty();
     }
     if (uri.empty())
         return;
     post([this, taken = QString::fromStdString(uri)] { onNextTaken(taken); });
     g_object_set(m_playbin, "uri", uri.c_str(), nullptr);
+}
+
+void GstOutput::onAudioChanged(GstElement*, gpointer self)
+{
+    of(self)->m_hasAudio = true;
 }
 
 void GstOutput::onSourceSetup(GstElement*, GstElement* source, gpointer)
