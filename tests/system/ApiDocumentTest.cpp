@@ -184,9 +184,9 @@ TEST_F(ApiDocumentTest, AnswersAreAsTheDocumentSays)
             R"({"path":")" + menu.toStdString() + R"(","role":"Favorite","value":true})");
     while (acted.wait_for(std::chrono::milliseconds(50)) != std::future_status::ready);
     EXPECT_TRUE(acted.get());
-    for (const char* call :
-         {"GET /api/v1/player", "GET /api/v1/texts", "GET /api/v1/session", "GET /healthz",
-          "GET /readyz", "DELETE /api/v1/login", "POST /api/v1/login", "GET /api/v1/login"})
+    for (const char* call : {"GET /api/v1/player", "GET /api/v1/texts", "GET /api/v1/session",
+                             "GET /healthz", "GET /readyz", "DELETE /api/v1/login",
+                             "POST /api/v1/login", "GET /api/v1/login", "GET /api/v1/logins"})
         ask(call);
 
     // A late answer is told of.

@@ -6,7 +6,7 @@
 #include "mpris/MprisService.h"
 #include "mpris/SessionBus.h"
 #include "oauth2/OAuth2Worker.h"
-#include "oauth2/TreeLogin.h"
+#include "oauth2/TreeLogins.h"
 #include "player/Player.h"
 #include "SettingsWorker.h"
 #include "web/WebServer.h"
@@ -67,15 +67,15 @@ void Streamer::logInToDemo()
 {
     std::promise<void> promise;
     std::once_flag done;
-    const auto tell = [&](const KeloOAuth2Info& login) {
-        if (login.loggedIn())
+    const auto tell = [&](const LoginState& login) {
+        if (login.service == KeloTidalName() && login.info.loggedIn())
             std::call_once(done, [&] { promise.set_value(); });
     };
-    const quint64 listener = m_login->addListener(tell);
-    m_login->start();
-    tell(m_login->status());
+    const quint64 listener = m_logins->addListener(tell);
+    m_logins->start(KeloTidalName());
+    tell({KeloTidalName(), m_logins->status(KeloTidalName())});
     promise.get_future().wait_for(demoLoginLimit);
-    m_login->removeListener(listener);
+    m_logins->removeListener(listener);
 }
 
 void Streamer::stop()
@@ -85,7 +85,7 @@ void Streamer::stop()
         m_web->stop();
     m_web.reset();
     m_modules.stop();
-    m_login.reset();
+    m_logins.reset();
     m_player.reset();
     m_oauth2Thread.stop();
     m_settingsThread.stop();
@@ -185,8 +185,7 @@ bool Streamer::startModules(QString* error)
     m_isWithoutModule = !m_modules.start(choices, limit, isWanted, error);
     if (m_isWithoutModule)
         return false;
-    // Watches are told in their order: a client that hears of a login asks after the module knows.
-    m_login = std::make_unique<TreeLogin>(KeloTidalName(), KeloTidalSubscriptionPath());
+    m_logins = std::make_unique<TreeLogins>();
     return true;
 }
 
@@ -204,7 +203,7 @@ bool Streamer::startWeb(QString* error)
         *error = QStringLiteral("server.web_dir: %1 is no folder").arg(options.webDirectory);
         return false;
     }
-    m_web = std::make_unique<WebServer>(options, *m_player, *m_login);
+    m_web = std::make_unique<WebServer>(options, *m_player, *m_logins);
     return m_web->start(error);
 }
 

@@ -10,7 +10,7 @@
 class Demo;
 class MprisService;
 class Player;
-class TreeLogin;
+class TreeLogins;
 class WebServer;
 
 /// The assembled streamer: settings, login, player, module and web API, started in that order and
@@ -54,7 +54,7 @@ private:
     CMWorkerThread m_settingsThread;
     CMWorkerThread m_oauth2Thread;
     std::unique_ptr<Player> m_player;
-    std::unique_ptr<TreeLogin> m_login;
+    std::unique_ptr<TreeLogins> m_logins;
     Modules m_modules;
     std::unique_ptr<WebServer> m_web;
     std::unique_ptr<MprisService> m_mpris; ///< null unless it is wanted

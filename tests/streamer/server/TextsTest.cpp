@@ -120,9 +120,9 @@ TEST(TextCatalogueTest, NotesAreTranslatedWithTheReasonsInsideButNotTheTitles)
     KeloOAuth2Info login;
     login.setProblem(
         TrString::in("Login", "No client id is set for %1; see the settings.", {title}));
-    EXPECT_EQ(LoginApi::text(login, &german),
-              R"({"loggedIn":false,"problem":"Für Albums ist keine Client-ID festgelegt; )"
-              R"(siehe Einstellungen.","reason":""})");
+    EXPECT_EQ(LoginApi::text({"radio", login}, &german),
+              R"({"displayName":"radio","loggedIn":false,"problem":"Für Albums ist keine )"
+              R"(Client-ID festgelegt; siehe Einstellungen.","reason":"","service":"radio"})");
 }
 
 TEST_F(TextsTest, TheLanguageIsTheBestThatTheClientNames)

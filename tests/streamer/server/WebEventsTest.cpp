@@ -96,8 +96,7 @@ TEST(WebEventsTest, CarriesRowNoticesOfTheNamedPathsAndTheStates)
     subscribe->rowsChanged(CMPath("/web/other"), CMSubscribe::RowsChangeReset(), 1);
     subscribe->rowsChanged(CMPath("/web/list"), QStringList{"-4"}, 119);
     world.player.notify(playing());
-    world.login.isLoggedIn = true;
-    world.login.notify(world.login.status());
+    world.login.start("tidal");
     subscribe->changedStartingWith(CMPath("/web"), CMSubscribe::RowsChangeClose());
     const std::string text =
         follower.waitFor(R"(data: {"path":"/web/small","change":"close","count":-1})");
@@ -107,7 +106,7 @@ event: player
 data: {"queueVersion":0,"repeat":"off","shuffle":false,"state":"stopped","volume":100}
 
 event: login
-data: {"loggedIn":false}
+data: {"displayName":"tidal","loggedIn":false,"service":"tidal"}
 
 event: rows
 data: {"path":"/web/list?a=1","change":["-4"],"count":119}
@@ -116,12 +115,36 @@ event: player
 data: {"positionMs":0,"queueVersion":0,"repeat":"off","shuffle":false,"state":"playing","volume":100}
 
 event: login
-data: {"loggedIn":true}
+data: {"displayName":"tidal","loggedIn":true,"service":"tidal"}
 
 )";
     EXPECT_EQ(text.substr(0, expected.size()), expected);
     EXPECT_NE(text.find(R"({"path":"/web/list?a=1","change":"close","count":-1})"),
               std::string::npos);
+}
+
+TEST(WebEventsTest, WhoKnowsOneLoginHearsOfNoOtherServices)
+{
+    WebWorld world;
+    world.login.names = QStringList{"radio"};
+    Follower old(world.server.port(), "");
+    Follower every(world.server.port(), "?logins=1");
+    old.waitForId();
+    every.waitForId();
+    world.login.names = QStringList{"radio", "tidal"}; // is the usual one from now on
+    world.login.start("radio");
+    world.login.start("tidal");
+    const auto event = [](const char* name, const char* loggedIn) {
+        return std::string("event: login\ndata: {\"displayName\":\"") + name +
+               "\",\"loggedIn\":" + loggedIn + ",\"service\":\"" + name + "\"}\n\n";
+    };
+    const std::string end = event("tidal", "true");
+    const auto logins = [&](Follower& follower) {
+        const std::string text = follower.waitFor(end);
+        return text.substr(text.find("event: login"));
+    };
+    EXPECT_EQ(logins(old), event("radio", "false") + end);
+    EXPECT_EQ(logins(every), event("radio", "false") + event("radio", "true") + end);
 }
 
 TEST(WebEventsTest, EveryStreamTellsOfEditsInTheirOrderAndLanguage)
@@ -238,7 +261,8 @@ TEST(WebEventsTest, TheModulesRequestsAreListedAndTold)
               R"({"last":)" + next + R"(,"requests":[]})");
     EXPECT_EQ(world.get("/api/v1/requests?after=99999").body, world.get("/api/v1/requests").body)
         << "a number from before a restart";
-    for (const char* bad : {"/api/v1/requests?after=x", "/api/v1/events?requests=2"})
+    for (const char* bad :
+         {"/api/v1/requests?after=x", "/api/v1/events?requests=2", "/api/v1/events?logins="})
         EXPECT_EQ(world.get(bad).status, 400) << bad;
 }
 
@@ -289,19 +313,22 @@ TEST(WebEventsTest, OfAStateOnlyTheLatestWaits)
     int wakes = 0;
     EventClient client("id");
     client.setWake([&] { ++wakes; });
-    client.push("player", "1", true);
-    client.pushFirst("player", "old");
-    client.push("player", "2", true);
-    client.push("rows", "a", false);
-    client.push("rows", "b", false);
+    client.push("player", "1", "player");
+    client.pushFirst("player", "old", "player");
+    client.push("player", "2", "player");
+    client.push("login", "a's", "login a");
+    client.push("login", "b's", "login b");
+    client.push("rows", "a");
+    client.push("rows", "b");
     EXPECT_EQ(wakes, 1) << "the others come with the first";
-    EXPECT_EQ(client.take(), "event: player\ndata: 2\n\nevent: rows\ndata: a\n\n"
+    EXPECT_EQ(client.take(), "event: player\ndata: 2\n\nevent: login\ndata: a's\n\n"
+                             "event: login\ndata: b's\n\nevent: rows\ndata: a\n\n"
                              "event: rows\ndata: b\n\n");
     EXPECT_EQ(client.take(), "");
     for (int i = 0; i < 256; ++i)
-        client.push("rows", "x", false);
+        client.push("rows", "x");
     EXPECT_FALSE(client.isDropped());
-    client.push("rows", "one too many", false);
+    client.push("rows", "one too many");
     EXPECT_TRUE(client.isDropped());
     EXPECT_TRUE(client.isClosed());
     EXPECT_EQ(wakes, 3);

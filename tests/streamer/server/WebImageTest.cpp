@@ -139,8 +139,10 @@ TEST(WebImageTest, TheCodeOfAPendingLoginIsAPicture)
     WebWorld world;
     EXPECT_EQ(world.get("/api/v1/login/qr").status, 404);
     const QString address = "link.example/ABCDE";
-    world.login.pending.setVerificationUri("https://other");
-    world.login.pending.setVerificationUriComplete(address);
+    KeloOAuth2Info pending;
+    pending.setVerificationUri("https://other");
+    pending.setVerificationUriComplete(address);
+    world.login.tell("tidal", pending);
     const auto answer = world.get("/api/v1/login/qr");
     EXPECT_EQ(answer.status, 200);
     EXPECT_EQ(answer.header("Content-Type"), "image/svg+xml");

@@ -196,6 +196,41 @@ TEST(WebTreeTest, SetWrapsPlainValuesAndPassesObjectsAndErrorsOn)
     EXPECT_EQ(world.set(QByteArray(500, '[')).status, 400);
 }
 
+TEST(WebLoginTest, ACallMeansTheServiceItNamesElseTheUsualOne)
+{
+    const std::string radio = R"({"displayName":"radio","loggedIn":true,"service":"radio"})";
+    const std::string tidal = R"({"displayName":"tidal","loggedIn":false,"service":"tidal"})";
+    for (const auto& [names, target, status, body] :
+         Table<QStringList, std::string, int, std::string>{
+             {{"radio", "tidal"}, "login", 200, tidal},
+             {{"radio", "tidal"}, "login?service=radio", 200, radio},
+             {{"radio", "tidal"}, "login/qr?service=radio", 404, "no login waits"},
+             {{"radio", "tidal"}, "logins", 200, "{\"logins\":[" + radio + "," + tidal + "]}"},
+             {{"radio", "tidal"}, "login?service=TIDAL", 404, "\"TIDAL\", only: radio, tidal"},
+             {{"radio"}, "login", 200, radio},
+             {{}, "login", 404, "there is no login service"},
+             {{}, "login/qr?service=radio", 404, "there is no login service"},
+             {{}, "logins", 200, R"({"logins":[]})"}}) {
+        WebWorld world;
+        world.login.names = names;
+        httplib::Request request;
+        request.path = "/api/v1/" + target;
+        for (const char* method : {"POST", "DELETE"}) {
+            request.method = method;
+            const int expected =
+                target == "logins" || target.find("qr") != target.npos ? 405 : status;
+            EXPECT_EQ(world.call(request).status, expected) << method << target;
+        }
+        world.login.start("radio");
+        const auto answer = world.get(request.path);
+        EXPECT_EQ(answer.status, status) << target;
+        if (status == 200)
+            EXPECT_EQ(answer.body, body) << target;
+        else
+            EXPECT_TRUE(answer.detail().contains(body.c_str())) << answer.body;
+    }
+}
+
 TEST(WebTreeTest, BodiesOfEveryFramingAreReadOrRefused)
 {
     WebWorld world;

@@ -52,9 +52,26 @@ CMReply<QVariant> FakePlayer::command(const QString& name, const QVariantHash& a
     return reply;
 }
 
-CMReply<QVariant> FakeLogin::finish(bool loggedIn)
+KeloOAuth2Info FakeLogin::status(const QString& service) const
 {
-    isLoggedIn = loggedIn;
+    std::lock_guard<std::mutex> lock(m_mutex);
+    return m_infos.value(service);
+}
+
+void FakeLogin::tell(const QString& service, const KeloOAuth2Info& info)
+{
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_infos[service] = info;
+    }
+    notify({service, info});
+}
+
+CMReply<QVariant> FakeLogin::finish(const QString& service, bool loggedIn)
+{
+    KeloOAuth2Info info;
+    info.setLoggedIn(loggedIn);
+    tell(service, info);
     auto reply = CMReply<QVariant>::create();
     reply.setValue(QVariant());
     return reply;

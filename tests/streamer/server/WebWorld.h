@@ -9,6 +9,7 @@
 #include <kelo/CMNodesWorker.h>
 #include <kelo/CMWorkerThread.h>
 #include <kelo/KeloListeners.h>
+#include <mutex>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -41,23 +42,24 @@ public:
     std::promise<void> waiting; ///< kept when an endless command has come
 };
 
-class FakeLogin : public FakeControl<LoginControl, KeloOAuth2Info>
+/// Logs in and out at once.
+class FakeLogin : public FakeControl<LoginControl, LoginState>
 {
 public:
-    KeloOAuth2Info status() const override
-    {
-        KeloOAuth2Info status = pending;
-        status.setLoggedIn(isLoggedIn);
-        return status;
-    }
-    CMReply<QVariant> start() override { return finish(true); }
-    CMReply<QVariant> logout() override { return finish(false); }
+    QStringList services() const override { return names; }
+    KeloOAuth2Info status(const QString& service) const override;
+    CMReply<QVariant> start(const QString& service) override { return finish(service, true); }
+    CMReply<QVariant> logout(const QString& service) override { return finish(service, false); }
+    /// Changes the state of a service, and tells of it.
+    void tell(const QString& service, const KeloOAuth2Info& info);
 
-    std::atomic<bool> isLoggedIn{false};
-    KeloOAuth2Info pending; ///< set while no call is under way
+    QStringList names{"tidal"}; ///< set while no call is under way
 
 private:
-    CMReply<QVariant> finish(bool loggedIn);
+    CMReply<QVariant> finish(const QString& service, bool loggedIn);
+
+    mutable std::mutex m_mutex;
+    QHash<QString, KeloOAuth2Info> m_infos; ///< guarded by the mutex
 };
 
 /// Paths below /web: "list" has 120 rows, told apart by "id", and fails above 50 at a time, "small"

@@ -4,10 +4,13 @@
 
 #include <kelo/CMRoot.h>
 
-TreeLogin::TreeLogin(const QString& serviceName, const CMPath& subscription)
-    : m_path(KeloOAuth2ServicePath())
+TreeLogin::TreeLogin(const QString& service, Listener listener)
+    : m_path(KeloOAuth2ServicePath()), m_listener(std::move(listener))
 {
-    m_path.appendSubpath(serviceName);
+    m_path.appendSubpath(service);
+    CMPath subscription;
+    subscription.appendSubpath(service);
+    subscription.appendSubpath(QStringLiteral("subscription"));
     m_watch = CMRoot().watchValue(m_path, [this](const KeloValue& value, const KeloValue&) {
         take([&] {
             m_info = value.oauth2Info();
@@ -37,13 +40,23 @@ TreeLogin::~TreeLogin()
 
 void TreeLogin::take(const std::function<void()>& change)
 {
-    // Login and subscription are published on different threads; listeners hear each state in its
-    // order, so the thread that tells already tells of this one, too.
     std::unique_lock<std::mutex> lock(m_mutex);
     const KeloOAuth2Info before = present();
     change();
-    if (present() == before)
-        return;
+    if (!(present() == before))
+        tell(lock);
+}
+
+void TreeLogin::tell()
+{
+    std::unique_lock<std::mutex> lock(m_mutex);
+    tell(lock);
+}
+
+void TreeLogin::tell(std::unique_lock<std::mutex>& lock)
+{
+    // Login and subscription are published on different threads; the listener hears each state in
+    // its order, so the thread that tells already tells of this one, too.
     m_untold.push_back(present());
     if (m_isTelling)
         return;
@@ -52,7 +65,7 @@ void TreeLogin::take(const std::function<void()>& change)
         const KeloOAuth2Info told = m_untold.front();
         m_untold.pop_front();
         lock.unlock();
-        m_listeners.notify(told);
+        m_listener(told);
         lock.lock();
     }
     m_isTelling = false;
@@ -88,14 +101,4 @@ CMReply<QVariant> TreeLogin::logout()
     CMPath path = m_path;
     path.appendSubpath(QStringLiteral("logout"));
     return CMRoot().invoke(path, true);
-}
-
-quint64 TreeLogin::addListener(Listener listener)
-{
-    return m_listeners.add(std::move(listener));
-}
-
-void TreeLogin::removeListener(quint64 id)
-{
-    m_listeners.remove(id);
 }

@@ -6,31 +6,34 @@ constexpr size_t mostEvents = 256;
 
 } // namespace
 
-void EventClient::push(const std::string& kind, const std::string& data, bool isState)
+void EventClient::push(const std::string& kind, const std::string& data, const std::string& state)
 {
     bool isNew = false;
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        isNew = add(kind, data, isState);
+        isNew = add({kind, data, state});
     }
     if (isNew)
         wake();
 }
 
-void EventClient::pushFirst(const std::string& kind, const std::string& data)
+void EventClient::pushFirst(const std::string& kind, const std::string& data,
+                            const std::string& state)
 {
     std::lock_guard<std::mutex> lock(m_mutex);
-    if (m_kinds.count(kind) == 0)
-        add(kind, data, true);
+    if (m_states.count(state) == 0)
+        add({kind, data, state});
 }
 
-bool EventClient::add(const std::string& kind, const std::string& data, bool isState)
+bool EventClient::add(const Event& event)
 {
     if (m_isClosed)
         return false;
-    m_kinds.insert(kind);
-    if (isState && !m_events.empty() && m_events.back().kind == kind) {
-        m_events.back().data = data;
+    const bool isState = !event.state.empty();
+    if (isState)
+        m_states.insert(event.state);
+    if (isState && !m_events.empty() && m_events.back().state == event.state) {
+        m_events.back().data = event.data;
         return false;
     }
     if (m_events.size() >= mostEvents) {
@@ -39,7 +42,7 @@ bool EventClient::add(const std::string& kind, const std::string& data, bool isS
         m_events.clear();
         return true;
     }
-    m_events.push_back({kind, data});
+    m_events.push_back(event);
     return m_events.size() == 1;
 }
 

@@ -39,20 +39,26 @@ std::string editText(const CMEdit& edit, const TextCatalogue* texts)
     return json.text();
 }
 
+const std::string playerState = "player";
+
+std::string stateOf(const QString& service)
+{
+    return "login " + service.toStdString();
+}
+
 } // namespace
 
 EventHub::EventHub(PlayerControl& player, LoginControl& login) : m_player(player), m_login(login)
 {
     m_playerListener = player.addListener([this](const PlayerStatus& status) {
-        broadcast("player", true, [&](auto* texts) { return PlayerApi::text(status, texts); });
+        broadcast("player", playerState,
+                  [&](auto* texts) { return PlayerApi::text(status, texts); });
     });
-    m_loginListener = login.addListener([this](const KeloOAuth2Info& status) {
-        broadcast("login", true, [&](auto* texts) { return LoginApi::text(status, texts); });
-    });
+    m_loginListener = login.addListener([this](const LoginState& state) { tellLogin(state); });
     m_requestObserver = HttpCallLog::instance().addObserver(
         [this](const HttpCallRecord& record) { tellRequest(record); });
     m_editWatch = CMRoot().watchEdits([this](const CMEdit& edit) {
-        broadcast("acted", false, [&](auto* texts) { return editText(edit, texts); });
+        broadcast("acted", {}, [&](auto* texts) { return editText(edit, texts); });
     });
 }
 
@@ -66,10 +72,10 @@ EventHub::~EventHub()
 }
 
 std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, const TextCatalogue* texts,
-                                            bool wantsRequests, HttpReply* refusal)
+                                            EventWishes wishes, HttpReply* refusal)
 {
-    auto client = std::make_shared<EventClient>(randomToken(), texts, wantsRequests);
-    client->push("stream", "{\"id\":\"" + client->id() + "\"}", false);
+    auto client = std::make_shared<EventClient>(randomToken(), texts, wishes);
+    client->push("stream", "{\"id\":\"" + client->id() + "\"}");
     {
         std::lock_guard<std::mutex> lock(m_mutex);
         if (m_isStopped || m_clients.size() >= mostClients) {
@@ -82,8 +88,13 @@ std::shared_ptr<EventClient> EventHub::open(const QList<CMPath>& paths, const Te
         m_clients.emplace(client->id(), client);
     }
     // From here on news reach the client, so that none is between them and the present states.
-    client->pushFirst("player", PlayerApi::text(m_player.status(), texts));
-    client->pushFirst("login", LoginApi::text(m_login.status(), texts));
+    client->pushFirst("player", PlayerApi::text(m_player.status(), texts), playerState);
+    const QString usual = m_login.usual();
+    for (const QString& service : m_login.services()) {
+        if (service == usual || wishes.logins)
+            client->pushFirst("login", LoginApi::text({service, m_login.status(service)}, texts),
+                              stateOf(service));
+    }
     const OpenPaths::Change change = setPaths(client, paths);
     if (change.refused.isEmpty())
         return client;
@@ -101,7 +112,7 @@ OpenPaths::Change EventHub::setPaths(const std::shared_ptr<EventClient>& client,
     const std::weak_ptr<EventClient> weak = client;
     return client->paths().replace(paths, [weak](const CMRowsNotice& notice) {
         if (const auto target = weak.lock())
-            target->push("rows", noticeText(notice), false);
+            target->push("rows", noticeText(notice));
     });
 }
 
@@ -144,18 +155,29 @@ int EventHub::clients() const
     return int(m_clients.size());
 }
 
-void EventHub::broadcast(const std::string& kind, bool isState,
-                         const std::function<std::string(const TextCatalogue*)>& text)
+void EventHub::broadcast(const std::string& kind, const std::string& state, const MakeText& text,
+                         const IsFor& isFor)
 {
     std::map<const TextCatalogue*, std::string> byLanguage;
     std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& client : m_clients) {
+        if (isFor && !isFor(client.second->wishes()))
+            continue;
         const TextCatalogue* texts = client.second->texts();
         std::string& data = byLanguage[texts];
         if (data.empty())
             data = text(texts);
-        client.second->push(kind, data, isState);
+        client.second->push(kind, data, state);
     }
+}
+
+/// Who knows one login alone hears of no other.
+void EventHub::tellLogin(const LoginState& state)
+{
+    const bool isUsual = state.service == m_login.usual();
+    broadcast(
+        "login", stateOf(state.service), [&](auto* texts) { return LoginApi::text(state, texts); },
+        [isUsual](const EventWishes& wishes) { return isUsual || wishes.logins; });
 }
 
 void EventHub::tellRequest(const HttpCallRecord& record)
@@ -163,10 +185,10 @@ void EventHub::tellRequest(const HttpCallRecord& record)
     std::string data;
     std::lock_guard<std::mutex> lock(m_mutex);
     for (const auto& client : m_clients) {
-        if (!client.second->wantsRequests())
+        if (!client.second->wishes().requests)
             continue;
         if (data.empty())
             data = RequestsApi::text(record);
-        client.second->push("request", data, false);
+        client.second->push("request", data);
     }
 }

@@ -10,9 +10,10 @@
 
 class HttpCallRecord;
 class LoginControl;
+struct LoginState;
 class PlayerControl;
 
-/// Hands news of the tree, its edits, the player, the login and the module's requests to the
+/// Hands news of the tree, its edits, the player, the logins and the module's requests to the
 /// clients that follow them. Owned by the web server; any thread. It neither reads nor writes
 /// connections.
 class EventHub
@@ -27,7 +28,7 @@ public:
     /// null with the reason in `refusal` when there are too many clients or paths, or nobody serves
     /// a path.
     std::shared_ptr<EventClient> open(const QList<CMPath>& paths, const TextCatalogue* texts,
-                                      bool wantsRequests, HttpReply* refusal);
+                                      EventWishes wishes, HttpReply* refusal);
     /// Opens other paths for a living stream; nothing when there is no such one.
     std::optional<OpenPaths::Change> setPaths(const std::string& stream,
                                               const QList<CMPath>& paths);
@@ -41,10 +42,14 @@ public:
     int dropped() const { return m_dropped; }
 
 private:
-    /// `text` makes the event's data in a language; of a state only the latest counts.
-    void broadcast(const std::string& kind, bool isState,
-                   const std::function<std::string(const TextCatalogue*)>& text);
+    using MakeText = std::function<std::string(const TextCatalogue*)>;
+    using IsFor = std::function<bool(const EventWishes&)>;
 
+    /// Tells those whom `isFor` names, or all. `state` as for EventClient::push(); `text` makes the
+    /// event's data in a language.
+    void broadcast(const std::string& kind, const std::string& state, const MakeText& text,
+                   const IsFor& isFor = nullptr);
+    void tellLogin(const LoginState& state);
     void tellRequest(const HttpCallRecord& record);
     static OpenPaths::Change setPaths(const std::shared_ptr<EventClient>& client,
                                       const QList<CMPath>& paths);

@@ -34,11 +34,16 @@ HttpReply EventsApi::open(const HttpCall& call)
     const auto paths = readPaths(call.parameters("path"), &fault);
     if (!paths)
         return HttpReply::badRequest(fault);
-    const QString requests = call.parameter("requests").value_or(QStringLiteral("0"));
-    if (requests != QLatin1String("0") && requests != QLatin1String("1"))
-        return HttpReply::badRequest(QStringLiteral("requests: wanted 0 or 1"));
+    EventWishes wishes;
+    for (const auto& [name, wish] :
+         {std::pair("requests", &wishes.requests), {"logins", &wishes.logins}}) {
+        const QString given = call.parameter(name).value_or(QStringLiteral("0"));
+        *wish = given == QLatin1String("1");
+        if (!*wish && given != QLatin1String("0"))
+            return HttpReply::badRequest(QStringLiteral("%1: wanted 0 or 1").arg(name));
+    }
     HttpReply reply;
-    if (auto client = m_hub.open(*paths, call.texts, requests == QLatin1String("1"), &reply))
+    if (auto client = m_hub.open(*paths, call.texts, wishes, &reply))
         reply.stream = std::make_shared<EventStream>(m_hub, std::move(client));
     return reply;
 }

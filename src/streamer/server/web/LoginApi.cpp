@@ -6,9 +6,17 @@
 #include "ReplyWaiter.h"
 #include "texts/TextCatalogue.h"
 
-std::string LoginApi::text(const KeloOAuth2Info& info, const TextCatalogue* texts)
+#include <QJsonArray>
+
+namespace {
+
+QJsonObject jsonOf(const LoginState& state, const TextCatalogue* texts)
 {
-    QJsonObject json{{QStringLiteral("loggedIn"), info.loggedIn()}};
+    const KeloOAuth2Info& info = state.info;
+    const QString name = info.displayName().isEmpty() ? state.service : info.displayName();
+    QJsonObject json{{QStringLiteral("service"), state.service},
+                     {KeloOAuth2Info::DisplayName(), name},
+                     {QStringLiteral("loggedIn"), info.loggedIn()}};
     if (info.isPending()) {
         QJsonObject pending{{KeloOAuth2Info::UserCode(), info.userCode()},
                             {KeloOAuth2Info::VerificationUri(), info.verificationUri()},
@@ -18,20 +26,18 @@ std::string LoginApi::text(const KeloOAuth2Info& info, const TextCatalogue* text
                            info.verificationUriComplete());
         json.insert(QStringLiteral("pending"), pending);
     }
-    for (const auto& [name, text] : {std::pair(KeloOAuth2Info::User(), info.user()),
-                                     {KeloOAuth2Info::Subscription(), info.subscription()}}) {
+    for (const auto& [key, text] : {std::pair(KeloOAuth2Info::User(), info.user()),
+                                    {KeloOAuth2Info::Subscription(), info.subscription()}}) {
         if (info.loggedIn() && !text.isEmpty())
-            json.insert(name, text);
+            json.insert(key, text);
     }
     const TrString problem = info.problem();
     if (!problem.isEmpty()) {
         json.insert(KeloOAuth2Info::Problem(), texts ? problem.toString(*texts) : problem.source());
         json.insert(KeloOAuth2Info::Reason(), info.reason());
     }
-    return JsonText::fromObject(json);
+    return json;
 }
-
-namespace {
 
 /// Light squares around the code (ISO/IEC 18004).
 constexpr int quietZone = 4;
@@ -63,36 +69,74 @@ std::string qrPicture(const QrMatrix& code)
 
 } // namespace
 
+std::string LoginApi::text(const LoginState& state, const TextCatalogue* texts)
+{
+    return JsonText::fromObject(jsonOf(state, texts));
+}
+
 void LoginApi::addRoutes(RouteTable& routes)
 {
     const std::string path = "/api/v1/login";
-    routes.add("GET", path, [this](const HttpCall& call) { return state(call); });
-    routes.add("POST", path, [this](const HttpCall& call, const HttpAnswer& answer) {
-        finish(m_login.start(), call, answer);
-    });
-    routes.add("DELETE", path, [this](const HttpCall& call, const HttpAnswer& answer) {
-        finish(m_login.logout(), call, answer);
-    });
-    routes.add("GET", path + "/qr", [this](const HttpCall&) { return qrCode(); });
+    routes.add("GET", "/api/v1/logins", [this](const HttpCall& call) { return list(call); });
+    add(routes, "GET", path,
+        [this](const QString& service, const HttpCall& call, const HttpAnswer& answer) {
+            answer(state(service, call));
+        });
+    add(routes, "POST", path,
+        [this](const QString& service, const HttpCall& call, const HttpAnswer& answer) {
+            finish(m_login.start(service), service, call, answer);
+        });
+    add(routes, "DELETE", path,
+        [this](const QString& service, const HttpCall& call, const HttpAnswer& answer) {
+            finish(m_login.logout(service), service, call, answer);
+        });
+    add(routes, "GET", path + "/qr",
+        [this](const QString& service, const HttpCall&, const HttpAnswer& answer) {
+            answer(qrCode(service));
+        });
 }
 
-void LoginApi::finish(const CMReply<QVariant>& reply, const HttpCall& call,
+void LoginApi::add(RouteTable& routes, const char* method, const std::string& path,
+                   const Handler& handler)
+{
+    routes.add(method, path, [this, handler](const HttpCall& call, const HttpAnswer& answer) {
+        const QStringList all = m_login.services();
+        const QString named = call.parameter("service").value_or(m_login.usual());
+        if (all.contains(named))
+            return handler(named, call, answer);
+        answer(HttpReply::problem(
+            404, all.isEmpty() ? QStringLiteral("there is no login service")
+                               : QStringLiteral("there is no login service \"%1\", only: %2")
+                                     .arg(named, all.join(QStringLiteral(", ")))));
+    });
+}
+
+void LoginApi::finish(const CMReply<QVariant>& reply, const QString& service, const HttpCall& call,
                       const HttpAnswer& answer)
 {
-    m_waiter.whenFinished(reply, [this, reply, call, answer] {
+    m_waiter.whenFinished(reply, [this, reply, service, call, answer] {
         const CMError error = reply.error();
-        answer(error.isSet() ? HttpReply::error(error) : state(call));
+        answer(error.isSet() ? HttpReply::error(error) : state(service, call));
     });
 }
 
-HttpReply LoginApi::state(const HttpCall& call) const
+HttpReply LoginApi::state(const QString& service, const HttpCall& call) const
 {
-    return HttpReply::json(text(m_login.status(), call.texts));
+    return HttpReply::json(text({service, m_login.status(service)}, call.texts));
 }
 
-HttpReply LoginApi::qrCode() const
+HttpReply LoginApi::list(const HttpCall& call) const
 {
-    const KeloOAuth2Info info = m_login.status();
+    QJsonArray logins;
+    const QStringList all = m_login.services();
+    for (const QString& service : all)
+        logins.append(jsonOf({service, m_login.status(service)}, call.texts));
+    return HttpReply::json(QJsonObject{{QStringLiteral("logins"), logins}});
+}
+
+HttpReply LoginApi::qrCode(const QString& service) const
+{
+    const KeloOAuth2Info info = m_login.status(service);
     QString address = info.verificationUriComplete();
     if (address.isEmpty())
         address = info.verificationUri();

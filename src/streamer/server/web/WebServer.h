@@ -24,7 +24,7 @@ struct WebServerOptions
 };
 
 /// The streamer's web page and its HTTP API under /api/v1, with /healthz, /readyz and /metrics.
-/// Owned by serve; has threads of its own and asks the tree, the player and the login, which
+/// Owned by serve; has threads of its own and asks the tree, the player and the logins, which
 /// outlive it.
 class WebServer
 {
