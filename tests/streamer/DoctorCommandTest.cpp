@@ -24,11 +24,15 @@ TEST(DoctorCommand, FailsOnWhatKeepsItFromPlaying)
     EXPECT_THAT(good.out, HasSubstr("ok    login      logged in"));
     EXPECT_THAT(good.out, HasSubstr("warn  ready "));
     EXPECT_FALSE(QFileInfo::exists(QString::fromStdString(state)));
+    streamer.answer("GET /api/v1/logins",
+                    {200, R"({"logins":[{"service":"a","loggedIn":true},{"service":"b"}]})"});
     streamer.answer("GET /readyz",
                     {200, R"({"status":"ready","problems":["no x"],"waiting":{"text":"for it"}})"});
     const std::string late = streamer.run({"doctor"}).out;
     EXPECT_THAT(late, HasSubstr("warn  ready      for it"));
     EXPECT_THAT(late, HasSubstr("FAIL  module     no x"));
+    EXPECT_THAT(late, HasSubstr("ok    login      a: logged in\n"
+                                "warn  login      b: not logged in (kelo login b)\n"));
 
     QFile file(folder.filePath("file"));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly)); // nothing can be made below a file

@@ -10,6 +10,7 @@ using testing::HasSubstr;
 
 const char* const events = "GET /api/v1/events";
 const char* const eventsOfA = "GET /api/v1/events?path=%2Fa";
+const char* const eventsOfRows = "GET /api/v1/events?path=%2Fa&logins=1";
 
 ScriptedStreamer::Answer stream(const std::string& body)
 {
@@ -46,19 +47,22 @@ TEST(RowsCommand, FollowPrintsThePageAgainAfterEachChange)
     const std::string rows = "GET /api/v1/rows?path=%2Fa&from=0&to=49";
     const std::string notice = "event: rows\ndata: {\"path\":\"/a\"}\n\n";
     streamer.answer(rows, {200, R"({"path":"/a","from":0,"rowsCount":0,"roles":{},"rows":[]})"});
-    streamer.answer(eventsOfA, stream(notice + "event: login\ndata: {}\n\n" + notice));
+    streamer.answer(eventsOfRows, stream(notice + "event: login\ndata: {}\n\n" + notice));
     const auto run = streamer.run({"rows", "/a", "--follow"});
     EXPECT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(run.out, "/a  0 rows\n\n/a  0 rows\n\n/a  0 rows\n");
-    EXPECT_THAT(streamer.calls(), testing::ElementsAre(eventsOfA, rows, rows, rows));
+    EXPECT_THAT(streamer.calls(), testing::ElementsAre(eventsOfRows, rows, rows, rows));
 }
 
 TEST(RowsCommand, FollowWaitsForAStreamerThatGoesAwayAndForALogin)
 {
     ScriptedStreamer streamer;
     const std::string rows = "GET /api/v1/rows?path=%2Fa&from=0&to=49";
-    streamer.answer(eventsOfA, stream("event: login\ndata: {\"loggedIn\":true}\n\n"
-                                      "event: login\ndata: {\"loggedIn\":true}\n\n"));
+    // Another service's login is none of this one's.
+    streamer.answer(eventsOfRows,
+                    stream("event: login\ndata: {\"loggedIn\":true,\"service\":\"b\"}\n\n"
+                           "event: login\ndata: {\"loggedIn\":true}\n\n"
+                           "event: login\ndata: {\"loggedIn\":true}\n\n"));
     std::ostringstream out;
     std::ostringstream err;
     int waits = 0;
@@ -71,7 +75,7 @@ TEST(RowsCommand, FollowWaitsForAStreamerThatGoesAwayAndForALogin)
     EXPECT_EQ(err.str(), missing + missing + gone + "kelo: the streamer is back\n" + missing +
                              missing + missing + gone);
     EXPECT_THAT(streamer.calls(),
-                testing::ElementsAre(eventsOfA, rows, rows, eventsOfA, rows, rows, rows));
+                testing::ElementsAre(eventsOfRows, rows, rows, eventsOfRows, rows, rows, rows));
 }
 
 TEST(Terminal, DrawsOverWhatItDrewHoweverLongAndNoMoreThanFits)
@@ -133,6 +137,50 @@ TEST(LoginCommand, WaitsForTheDecision)
         EXPECT_THAT(out.str(), HasSubstr(shown));
         EXPECT_THAT(err.str(), HasSubstr(said));
     }
+}
+
+TEST(LoginCommand, MeansTheServiceThatIsNamedAndShowsAll)
+{
+    const std::string tidal =
+        R"({"displayName":"Tidal","loggedIn":true,"service":"tidal","user":"Kari"})";
+    const std::string radio = R"({"displayName":"Radio","loggedIn":false,"problem":"too late",)"
+                              R"("reason":"expired","service":"radio"})";
+    ScriptedStreamer streamer;
+    const auto answer = [&streamer](const std::string& call, const std::string& body) {
+        streamer.answer(call, {200, body});
+    };
+    for (const char* method : {"GET", "POST", "DELETE"})
+        answer(std::string(method) + " /api/v1/login?service=radio", radio);
+    answer("GET /api/v1/login", tidal);
+    EXPECT_EQ(streamer.run({"login", "--status"}).out, "logged in: Kari\n") << "an older streamer";
+    answer("GET /api/v1/logins", "{\"logins\":[" + tidal + "]}");
+    EXPECT_EQ(streamer.run({"login", "--status"}).out, "logged in: Kari\n");
+    answer("GET /api/v1/logins", "{\"logins\":[" + radio + "," + tidal + "]}");
+    for (const auto& [arguments, terminal, status, text] :
+         Table<std::vector<std::string>, cli::Terminal::Properties, int, std::string>{
+             {{"login", "--status"},
+              {80, true, false},
+              0,
+              "radio  not logged in\n       problem: too late\n       Run kelo login radio again "
+              "and confirm the code before it ends.\ntidal  logged in: Kari\n"},
+             {{"login", "--status", "radio"},
+              {80, true, false},
+              1,
+              "not logged in\nproblem: too late\nRun kelo login radio again and confirm the code "
+              "before it ends.\n"},
+             {{"login", "--status", "--json", "service,logins"},
+              {},
+              0,
+              "{\"logins\":[" + radio + "," + tidal + "],\"service\":\"tidal\"}\n"},
+             {{"login", "radio"}, {}, 1, ""},
+             {{"logout", "radio"}, {}, 0, "logged out\n"},
+             {{"complete", "--", "kelo", "logout", "r"}, {}, 0, "words\nradio\tRadio\n"}}) {
+        const auto run = streamer.run(arguments, terminal);
+        EXPECT_EQ(run.status, status) << run.err;
+        EXPECT_EQ(run.out, text);
+    }
+    EXPECT_THAT(streamer.run({"login", "--status"}, {cli::Terminal::unlimited}).out,
+                HasSubstr("radio\tproblem: too late\n"));
 }
 
 TEST(LoginCommand, ShowsAddressCodeAndQrCodeAndSaysWhenItExpires)

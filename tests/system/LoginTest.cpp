@@ -1,6 +1,8 @@
 #include "ServiceTest.h"
 #include "Table.h"
 
+#include <QDir>
+
 using LoginTest = ServiceTest;
 
 TEST_F(LoginTest, everyFailureHasItsReasonAndTheCommandLineSaysWhatToDo)
@@ -34,4 +36,29 @@ TEST_F(LoginTest, everyFailureHasItsReasonAndTheCommandLineSaysWhatToDo)
         EXPECT_EQ(status.status, 1);
         EXPECT_TRUE(status.out.contains(advice)) << status.out.toStdString();
     }
+}
+
+TEST_F(LoginTest, aModuleThatRegistersLaterIsLoggedInAndOutBesideTheFirst)
+{
+    streamer.stop();
+    const QStringList both{"--module", KELO_SHELF, "--module", KELO_MODULE};
+    ASSERT_TRUE(streamer.start(Streamer::settingsFor(*sim), both));
+    const Outcome before = streamer.kelo({"login", "--status", "--json"});
+    EXPECT_EQ(before.json().keys(), (QStringList{"displayName", "loggedIn", "service", "user"}));
+    EXPECT_EQ(streamer.kelo({"login", "shelf"}).err,
+              "kelo: there is no login service \"shelf\", only: tidal\n");
+    EXPECT_EQ(streamer.kelo({"set", "/shelf/register"}).status, 0);
+    EXPECT_EQ(streamer.rowsError("/shelf/tones"), "The shelf is locked");
+    EXPECT_EQ(streamer.kelo({"login", "shelf"}).status, 0) << streamer.errors().toStdString();
+    EXPECT_EQ(streamer.rows("/shelf/tones")["rowsCount"].toInt(), 60);
+
+    EXPECT_EQ(streamer.kelo({"logout"}).status, 0);
+    EXPECT_EQ(streamer.kelo({"login", "--status"}).out,
+              "tidal\tnot logged in\nshelf\tlogged in: x@example.invalid\n");
+    const QDir tokens(streamer.stateFolder() + "/oauth2");
+    EXPECT_EQ(tokens.entryList(QDir::Files), QStringList{"shelf.json"});
+    EXPECT_EQ(streamer.get("/api/v1/login").body["service"], "tidal");
+    EXPECT_EQ(streamer.kelo({"rows", "/shelf/tones"}).status, 0);
+    EXPECT_EQ(streamer.kelo({"logout", "shelf"}).status, 0);
+    EXPECT_EQ(streamer.rowsError("/shelf/tones"), "The shelf is locked");
 }

@@ -157,15 +157,15 @@ ApiReply ApiClient::set(const QString& path, const QByteArray& value, const QStr
     return post("set", "{\"path\":" + json(path) + what + ",\"value\":" + value + '}');
 }
 
-ApiReply ApiClient::post(const QString& path, const QByteArray& body)
+ApiReply ApiClient::post(const QString& path, const QByteArray& body, const Query& query)
 {
-    return fromResult(m_server, m_client->Post(target(path, {}), languageFor(path),
+    return fromResult(m_server, m_client->Post(target(path, query), languageFor(path),
                                                body.toStdString(), "application/json"));
 }
 
-ApiReply ApiClient::remove(const QString& path)
+ApiReply ApiClient::remove(const QString& path, const Query& query)
 {
-    return fromResult(m_server, m_client->Delete(target(path, {}), languageFor(path)));
+    return fromResult(m_server, m_client->Delete(target(path, query), languageFor(path)));
 }
 
 ApiReply ApiClient::probe(const QString& path)
@@ -174,11 +174,12 @@ ApiReply ApiClient::probe(const QString& path)
 }
 
 ApiReply ApiClient::events(const QStringList& paths, const std::function<void()>& onOpen,
-                           std::function<bool(const ServerEvent&)> onEvent)
+                           std::function<bool(const ServerEvent&)> onEvent, const Query& more)
 {
     Query query;
     for (const QString& path : paths)
         query.append({"path", path});
+    query += more;
 
     EventParser parser(std::move(onEvent));
     int status = 0;

@@ -60,16 +60,18 @@ public:
     /// Sends a JSON value to a node; \p role says what it is for, where that is not its value.
     [[nodiscard]] ApiReply set(const QString& path, const QByteArray& value,
                                const QString& role = QString());
-    [[nodiscard]] ApiReply post(const QString& path, const QByteArray& body = "{}");
-    [[nodiscard]] ApiReply remove(const QString& path);
+    [[nodiscard]] ApiReply post(const QString& path, const QByteArray& body = "{}",
+                                const Query& query = {});
+    [[nodiscard]] ApiReply remove(const QString& path, const Query& query = {});
     /// A path beside the API, "/healthz"; its body need not be JSON.
     [[nodiscard]] ApiReply probe(const QString& path);
 
     /// Reads events, with \p paths open, until the stream ends or \p onEvent returns
     /// false. \p onOpen is called once the streamer has opened them. Done when the stream ended in
-    /// order.
+    /// order. \p more says what else is wanted.
     [[nodiscard]] ApiReply events(const QStringList& paths, const std::function<void()>& onOpen,
-                                  std::function<bool(const ServerEvent&)> onEvent);
+                                  std::function<bool(const ServerEvent&)> onEvent,
+                                  const Query& more = {});
 
 private:
     const QString m_server;

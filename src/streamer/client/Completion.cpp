@@ -73,6 +73,8 @@ Completion values(const Command& program, const Option& option, const QString& p
         result = listedRows(state, server, prefix);
     else if (value == "PLAYLIST" && hasStreamer)
         result = {playlistNames(server, prefix), Completion::Kind::Titles};
+    else if (value == "SERVICE" && hasStreamer)
+        result.candidates = loginServices(server);
     else if (value == "FILE")
         result.kind = Completion::Kind::Files;
     else if (value == "FOLDER")

@@ -51,6 +51,7 @@ private:
     void checkSettings(const LoadedSettings& loaded);
     void checkState();
     void checkStreamer(ApiClient& api);
+    void checkLogins(ApiClient& api);
     void add(const QString& name, Result result, const QString& detail)
     {
         m_checks.append({name, result, detail});
@@ -167,13 +168,31 @@ void DoctorCommand::checkStreamer(ApiClient& api)
     const QJsonArray problems = ready.document.value("problems").toArray();
     for (const QJsonValue& problem : problems)
         add("module", Bad, problem.toString());
-    const ApiReply login = api.get("login");
-    if (!login.isDone())
-        add("login", Bad, login.message);
-    else if (login.document.value("loggedIn").toBool())
-        add("login", Good, "logged in");
-    else
-        add("login", Warning, "not logged in (kelo login)");
+    checkLogins(api);
+}
+
+/// A streamer that does not list its logins has one.
+void DoctorCommand::checkLogins(ApiClient& api)
+{
+    ApiReply reply = api.get("logins");
+    QJsonArray logins = reply.document.value("logins").toArray();
+    if (!reply.isDone()) {
+        reply = api.get("login");
+        logins = {reply.document};
+    }
+    if (!reply.isDone()) {
+        add("login", Bad, reply.message);
+        return;
+    }
+    for (const QJsonValue& login : qAsConst(logins)) {
+        const QString name = logins.size() > 1 ? textIn(login.toObject(), "service") : QString();
+        const QString before = name.isEmpty() ? name : name + ": ";
+        if (login["loggedIn"].toBool())
+            add("login", Good, before + "logged in");
+        else
+            add("login", Warning,
+                before + QString("not logged in (kelo login %1").arg(name).trimmed() + ')');
+    }
 }
 
 /// The problems that the report is for are in it, so that they are no failure here.

@@ -6,7 +6,7 @@ namespace cli {
 
 ApiReply follow(const CommandContext& context, const QStringList& paths,
                 const std::function<void()>& onOpen,
-                const std::function<bool(const ServerEvent&)>& onEvent)
+                const std::function<bool(const ServerEvent&)>& onEvent, const Query& more)
 {
     if (context.endOnInterrupt)
         context.endOnInterrupt();
@@ -32,7 +32,8 @@ ApiReply follow(const CommandContext& context, const QStringList& paths,
             [&](const ServerEvent& event) {
                 isEnough = !onEvent(event);
                 return !isEnough;
-            });
+            },
+            more);
         if (isEnough || !wasOpen || !context.waitASecond)
             return reply;
         if (!isGone)

@@ -2,6 +2,7 @@
 #include "client/DisplayText.h"
 #include "qr/QrMatrix.h"
 
+#include <algorithm>
 #include <QDeadlineTimer>
 #include <QHash>
 
@@ -33,32 +34,83 @@ QString problemOf(const QJsonObject& login)
     return problem.isNull() || problem.isUndefined() ? QString() : valueText(problem);
 }
 
-/// What the user can do, for each reason that the streamer gives; empty for one that is not known.
-QString adviceFor(const QString& reason)
+/// `kelo login`, `kelo logout` with the service that the person named; empty: the usual one.
+struct LoginCommand
+{
+    QString service;
+    bool wantsStatus = false;
+
+    int run(const CommandContext& context, int (LoginCommand::*run)(const CommandContext&) const);
+
+    /// Starts a login, shows where to confirm it and waits until it is confirmed, refused or
+    /// expired. The tokens stay with the streamer.
+    int logIn(const CommandContext& context) const;
+    /// Of all services where none is named; a login that failed or ended makes it fail too.
+    int show(const CommandContext& context) const;
+    int logOut(const CommandContext& context) const;
+
+private:
+    /// \p login: its state.
+    int waitForDecision(const CommandContext& context, const QJsonObject& login) const;
+    /// Ends the command with the state that decided it.
+    int finished(const CommandContext& context, const ApiReply& reply) const;
+    int refused(Terminal& terminal, const QString& problem, const QJsonObject& login) const;
+    Query query() const { return ofService(service); }
+    static Query ofService(const QString& name)
+    {
+        return name.isEmpty() ? Query() : Query{{"service", name}};
+    }
+};
+
+/// `--json FIELDS` is older than services: the name of a field behind it is none of a service.
+int LoginCommand::run(const CommandContext& context,
+                      int (LoginCommand::*run)(const CommandContext&) const)
+{
+    static const QStringList known{"service", "displayName", "loggedIn", "user",  "subscription",
+                                   "pending", "problem",     "reason",   "logins"};
+    CommandContext meant = context;
+    const QStringList words = service.split(',');
+    const auto isField = [](const QString& word) { return known.contains(word); };
+    if (context.isJson && std::all_of(words.begin(), words.end(), isField)) {
+        meant.fields = words;
+        service.clear();
+    }
+    return (this->*run)(meant);
+}
+
+/// What the user can do about the problem of \p login, by the reason that the streamer gives; empty
+/// for one that is not known. \p service: the one to name for it.
+QString adviceFor(const QJsonObject& login, const QString& service)
 {
     static const QHash<QString, QString> advice{
-        {"expired", "Run kelo login again and confirm the code before it ends."},
-        {"denied", "Run kelo login again and confirm the login at the service's page."},
+        {"expired", "Run %1 again and confirm the code before it ends."},
+        {"denied", "Run %1 again and confirm the login at the service's page."},
         {"client", "Check client_id and client_secret in section [tidal.oauth2] of the "
                    "settings; see kelo config."},
         {"clock", "Set the clock of the streamer's machine (timedatectl)."},
         {"network", "Check the network of the streamer's machine; see kelo doctor."},
         {"service", "Try again in a few minutes."},
-        {"ended", "Run kelo login to log in again."}};
-    return advice.value(reason);
+        {"ended", "Run %1 to log in again."}};
+    const QString reason = textIn(login, "reason");
+    const QString owner = textIn(login, "service");
+    if (reason == "client" && !owner.isEmpty() && owner != "tidal")
+        return "Check the client id and secret in the settings of the module.";
+    QString text = advice.value(reason);
+    return text.replace("%1", shown("kelo login " + service).trimmed());
 }
 
-int refused(Terminal& terminal, const QString& problem, const QString& reason)
+int LoginCommand::refused(Terminal& terminal, const QString& problem,
+                          const QJsonObject& login) const
 {
-    const QString advice = adviceFor(reason);
-    terminal.error("kelo: not logged in: " + problem, {{"reason", reason}, {"advice", advice}});
+    const QString advice = adviceFor(login, service);
+    terminal.error("kelo: not logged in: " + problem,
+                   {{"reason", textIn(login, "reason")}, {"advice", advice}});
     if (!advice.isEmpty() && !terminal.isJson())
         terminal.note(advice);
     return ExitRefused;
 }
 
-/// Ends the command with the answer that decided it.
-int finished(const CommandContext& context, const ApiReply& reply)
+int LoginCommand::finished(const CommandContext& context, const ApiReply& reply) const
 {
     if (isLoggedIn(reply.document)) {
         if (context.isJson)
@@ -69,14 +121,14 @@ int finished(const CommandContext& context, const ApiReply& reply)
     }
     const QString problem = problemOf(reply.document);
     return refused(context.terminal, problem.isEmpty() ? "the login was ended elsewhere" : problem,
-                   textIn(reply.document, "reason"));
+                   reply.document);
 }
 
 /// Looks every second whether the login is decided, with a countdown where somebody looks.
-int waitForDecision(const CommandContext& context, const QJsonObject& pending)
+int LoginCommand::waitForDecision(const CommandContext& context, const QJsonObject& login) const
 {
     constexpr int longestWait = 24 * 60 * 60; // when the streamer does not say
-    const QJsonValue expiresIn = pending.value("expiresIn");
+    const QJsonValue expiresIn = objectIn(login, "pending").value("expiresIn");
     const QDeadlineTimer end(std::chrono::seconds(expiresIn.toInt(longestWait)));
     const bool hasCountdown =
         expiresIn.isDouble() && !context.isJson && context.terminal.isInteractive();
@@ -84,7 +136,8 @@ int waitForDecision(const CommandContext& context, const QJsonObject& pending)
         if (hasCountdown)
             context.terminal.redraw(
                 {QStringLiteral("waiting, %1 left").arg(clockTime(end.remainingTime()))});
-        const ApiReply now = context.api.get("login");
+        // The one that was begun: meanwhile another one may have become the usual one.
+        const ApiReply now = context.api.get("login", ofService(textIn(login, "service")));
         if (!now.isDone()) {
             context.terminal.error("kelo: the streamer ended while waiting for the login");
             return now.outcome == ApiReply::Outcome::Refused ? ExitRefused : ExitUnreachable;
@@ -92,7 +145,7 @@ int waitForDecision(const CommandContext& context, const QJsonObject& pending)
         if (isLoggedIn(now.document) || objectIn(now.document, "pending").isEmpty())
             return finished(context, now);
         if (end.hasExpired())
-            return refused(context.terminal, "the code has expired", "expired");
+            return refused(context.terminal, "the code has expired", {{"reason", "expired"}});
         if (context.waitASecond)
             context.waitASecond();
     }
@@ -151,14 +204,12 @@ void showPending(const CommandContext& context, const QJsonObject& pending)
     terminal.line();
 }
 
-/// `kelo login`: starts a login, shows where to confirm it and waits until it is confirmed, refused
-/// or expired. The tokens stay with the streamer.
-int login(const CommandContext& context)
+int LoginCommand::logIn(const CommandContext& context) const
 {
-    const ApiReply reply = context.api.post("login");
+    const ApiReply reply = context.api.post("login", "{}", query());
     if (reply.outcome == ApiReply::Outcome::Refused) {
         // The refusal is a sentence alone; the state has the reason beside it.
-        const ApiReply state = context.api.get("login");
+        const ApiReply state = context.api.get("login", query());
         if (!problemOf(state.document).isEmpty())
             return finished(context, state);
     }
@@ -168,60 +219,102 @@ int login(const CommandContext& context)
     if (pending.isEmpty())
         return finished(context, reply);
     showPending(context, pending);
-    return waitForDecision(context, pending);
+    return waitForDecision(context, reply.document);
 }
 
-/// `kelo login --status`: a login that failed or ended makes it fail too.
-int showLogin(const CommandContext& context)
+/// What there is to say of a login, as lines. \p service: the one to name in advice.
+QStringList linesOf(const Terminal& terminal, const QJsonObject& login, const QString& service)
 {
-    const ApiReply reply = context.api.get("login");
+    QStringList lines{isLoggedIn(login) ? terminal.styled(loginText(login), Style::Good)
+                                        : terminal.styled("not logged in", Style::Warning)};
+    const QJsonObject pending = objectIn(login, "pending");
+    if (!pending.isEmpty()) {
+        lines.append(QStringLiteral("waiting for code %1 at %2")
+                         .arg(valueText(pending.value("userCode")),
+                              valueText(pending.value("verificationUri"))));
+    }
+    const QString problem = problemOf(login);
+    if (!problem.isEmpty())
+        lines.append("problem: " + problem);
+    lines.append(adviceFor(login, service));
+    lines.removeAll(QString());
+    return lines;
+}
+
+/// The same of several, each behind its name.
+QStringList linesOfAll(const Terminal& terminal, const QJsonArray& logins)
+{
+    int width = 0;
+    for (const QJsonValue& login : logins)
+        width = qMax(width, columns(shown(textIn(login.toObject(), "service"))));
+    QStringList lines;
+    for (const QJsonValue& login : logins) {
+        const QString service = shown(textIn(login.toObject(), "service"));
+        QString before = terminal.hasWidth() ? padded(service, width) + "  " : service + '\t';
+        for (const QString& line : linesOf(terminal, login.toObject(), service)) {
+            lines.append(before + line);
+            if (terminal.hasWidth())
+                before.fill(' ');
+        }
+    }
+    return lines;
+}
+
+int LoginCommand::show(const CommandContext& context) const
+{
+    const ApiReply reply = context.api.get("login", query());
     if (!reply.isDone())
         return context.finish(reply);
-    const QString problem = problemOf(reply.document);
-    const int status = problem.isEmpty() ? ExitDone : ExitRefused;
+    const int status = problemOf(reply.document).isEmpty() ? ExitDone : ExitRefused;
+    QJsonArray all;
+    if (service.isEmpty())
+        all = context.api.get("logins").document.value("logins").toArray();
+    const bool hasSeveral = all.size() > 1;
     if (context.isJson) {
-        context.printJson(reply.body);
-        return status;
+        QJsonObject document = reply.document;
+        if (hasSeveral)
+            document.insert("logins", all);
+        context.printJson(hasSeveral ? json(document) : reply.body);
+    } else {
+        Terminal& terminal = context.terminal;
+        terminal.lines(hasSeveral ? linesOfAll(terminal, all)
+                                  : linesOf(terminal, reply.document, service));
     }
-    Terminal& terminal = context.terminal;
-    terminal.line(isLoggedIn(reply.document)
-                      ? terminal.styled(loginText(reply.document), Style::Good)
-                      : terminal.styled("not logged in", Style::Warning));
-    const QJsonObject pending = objectIn(reply.document, "pending");
-    if (!pending.isEmpty()) {
-        terminal.line(QStringLiteral("waiting for code %1 at %2")
-                          .arg(valueText(pending.value("userCode")),
-                               valueText(pending.value("verificationUri"))));
-    }
-    if (!problem.isEmpty())
-        terminal.line("problem: " + problem);
-    const QString advice = adviceFor(textIn(reply.document, "reason"));
-    if (!advice.isEmpty())
-        terminal.line(advice);
     return status;
 }
 
-int logout(const CommandContext& context)
+int LoginCommand::logOut(const CommandContext& context) const
 {
-    const ApiReply reply = context.api.remove("login");
+    const ApiReply reply = context.api.remove("login", query());
     return context.show(reply, [&] { context.terminal.line("logged out"); });
 }
+
+const char* const serviceText = "The service, as --status names it (TIDAL's, else the first)";
 
 } // namespace
 
 Command loginCommand()
 {
-    const auto wantsStatus = std::make_shared<bool>();
-    return Command("login", "Log in to the service with a code.", "kelo login\nkelo login --status")
-        .option("--status", *wantsStatus, "Only tell whether somebody is logged in")
-        .asks([wantsStatus](const CommandContext& context) {
-            return *wantsStatus ? showLogin(context) : login(context);
+    const auto values = std::make_shared<LoginCommand>();
+    return Command("login", "Log in to a service with a code.",
+                   "kelo login\nkelo login --status\nkelo login radio")
+        .option("[SERVICE]", values->service, serviceText)
+        .option("--status", values->wantsStatus,
+                "Only tell whether somebody is logged in; without a service, of each")
+        .asks([values](const CommandContext& context) {
+            return values->run(context,
+                               values->wantsStatus ? &LoginCommand::show : &LoginCommand::logIn);
         });
 }
 
 Command logoutCommand()
 {
-    return Command("logout", "Log out of the service.", "kelo logout").asks(logout);
+    const auto values = std::make_shared<LoginCommand>();
+    return Command("logout", "Log out of a service.", "kelo logout\nkelo logout radio")
+        .option("[SERVICE]", values->service, serviceText)
+        .asks([values](const CommandContext& context) {
+            return values->run(context, &LoginCommand::logOut);
+        });
 }
 
 } // namespace cli

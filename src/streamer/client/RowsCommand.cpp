@@ -114,8 +114,8 @@ int RowsCommand::follow(const CommandContext& context) const
 {
     Terminal& terminal = context.terminal;
     bool hasPrinted = false;
-    bool isDone = false; ///< the last page was read
-    QJsonValue loggedIn;
+    bool isDone = false;           ///< the last page was read
+    QHash<QString, bool> loggedIn; ///< by the name of the service
     const auto show = [&](const QString& change) {
         QStringList lines;
         const ApiReply reply = read(context, lines);
@@ -143,15 +143,19 @@ int RowsCommand::follow(const CommandContext& context) const
             const QJsonObject body = QJsonDocument::fromJson(event.data).object();
             if (event.name == "rows")
                 show(changeText(body.value("change")));
+            const QString service = textIn(body, "service");
             const QJsonValue now = body.value("loggedIn");
             if (event.name == "login" && now.isBool()) {
-                const QJsonValue before = std::exchange(loggedIn, now);
+                const bool isOther =
+                    loggedIn.contains(service) && loggedIn.value(service) != now.toBool();
+                loggedIn.insert(service, now.toBool());
                 // Nodes that wait for a login tell nobody when it comes.
-                if (before.isBool() && before != now && !isDone)
+                if (isOther && !isDone)
                     show("login");
             }
             return true;
-        });
+        },
+        {{"logins", "1"}});
     return context.finish(stream);
 }
 

@@ -115,4 +115,14 @@ Completion::Candidates playlistNames(const QString& server, const QString& prefi
     return result;
 }
 
+Completion::Candidates loginServices(const QString& server)
+{
+    Candidates result;
+    const QJsonArray logins = ApiClient(server).get("logins").document.value("logins").toArray();
+    for (const QJsonValue& login : logins)
+        result.append({shown(textIn(login.toObject(), "service")),
+                       shown(textIn(login.toObject(), "displayName"))});
+    return result;
+}
+
 } // namespace cli

@@ -14,5 +14,7 @@ Completion::Candidates treePaths(const QString& server, const QString& prefix);
 /// The user's own playlists: their titles, or the ids, with the titles as notes, of those that
 /// share a title or where \p prefix begins one.
 Completion::Candidates playlistNames(const QString& server, const QString& prefix);
+/// The login services.
+Completion::Candidates loginServices(const QString& server);
 
 } // namespace cli

@@ -2,7 +2,11 @@
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMNodesWorker.h>
 #include <kelo/CMQueryNode.h>
+#include <kelo/CMRoot.h>
+#include <kelo/CMValueItem.h>
 #include <kelo/KeloModule.h>
+#include <kelo/KeloOAuth2.h>
+#include <kelo/KeloTidalConstants.h>
 #include <kelo/PlayLogicInterface.h>
 #include <stdexcept>
 #include <unistd.h>
@@ -25,12 +29,13 @@ public:
         m_hasNoPaths = own["how"] == "noPaths";
         m_uri = own["uri"].toString();
         m_gone = own.value("gone", -1).toInt();
-        auto* top = CMListRowsNode::create(nodes(), addPrefix(QString()));
+        m_loginPath.appendSubpath(name);
+        m_login = new CMValueItem(this, m_loginPath, this, SLOT(on_login()));
+        auto* top = m_top = CMListRowsNode::create(nodes(), addPrefix(QString()));
         top->setTitle(own.value("title", "Shelf").toString());
         auto* tones = CMListRowsNode::create(nodes(), addPrefix("tones"));
         tones->setTitle(QString("Tones"));
         tones->setPlayable(true);
-        top->rowsAppend(tones->path());
         auto* find = CMQueryNode::create(nodes(), addPrefix("find"));
         find->setQuery("text");
         find->setQueryPath(tones->path());
@@ -45,7 +50,16 @@ public:
             CMActivateNode::create(nodes(), addPrefix("crash"), this,
                                    SLOT(on_crash(CMSetDataRequest)), Qt::QueuedConnection);
         crash->setTitle(QString("Crash"));
-        top->rowsAppend(crash->path());
+        on_login();
+        CMActivateNode::create(nodes(), addPrefix("register"), this,
+                               SLOT(on_register(CMSetDataRequest)), Qt::QueuedConnection);
+    }
+    void getRowsRequest(const CMGetRowsRequest& request) override
+    {
+        if (request.path() != m_top->path() && wantsLogin())
+            request.reply().setError(CMError("Shelf", QString("The shelf is locked")));
+        else
+            CMNodesWorker::getRowsRequest(request);
     }
     ~ShelfWorker() override
     {
@@ -58,6 +72,26 @@ public:
     }
 
 private Q_SLOTS:
+    /// Wants a login from now on, which TIDAL's addresses serve.
+    void on_register(const CMSetDataRequest& request)
+    {
+        const auto setting = [](const CMPath& path) { return CMRoot().value(path).string_(); };
+        KeloOAuth2ServiceInfo info;
+        info.setServiceName(m_loginPath.splitBase().last());
+        info.setDisplayName(m_top->title());
+        info.setDeviceCodeUrl(setting(KeloTidalDeviceCodeUrlPath()));
+        info.setTokenUrl(setting(KeloTidalTokenServiceUrlPath()));
+        info.setClientId(setting(KeloTidalClientIdPath()));
+        info.setClientSecret(setting(KeloTidalClientSecretPath()));
+        const auto reply = CMRoot().invoke(KeloOAuth2AddServicePath(), info.toVariant());
+        reply.addWatcher(this, [request] { request.reply().setValue(QVariant()); });
+    }
+    void on_login()
+    {
+        m_top->rowsClear();
+        m_top->rowsAppend(wantsLogin() ? m_loginPath : addPrefix("tones"));
+        m_top->rowsAppend(addPrefix("crash"));
+    }
     void on_crash(const CMSetDataRequest&) { throw std::runtime_error("the shelf broke"); }
     void on_play(const CMSetDataRequest& request)
     {
@@ -73,6 +107,11 @@ private Q_SLOTS:
     }
 
 private:
+    bool wantsLogin() const
+    {
+        const KeloValue login = m_login->value();
+        return !login.isEmpty() && !login.oauth2Info().loggedIn();
+    }
     static KeloRoles tone(const QString& title, const CMPath& list, const CMPath& play)
     {
         KeloMetaData meta;
@@ -94,6 +133,9 @@ private:
     bool m_hasNoPaths;
     QString m_uri;
     int m_gone;
+    CMPath m_loginPath = KeloOAuth2ServicePath();
+    CMValueItem* m_login;
+    CMListRowsNode* m_top;
 };
 
 #ifndef SHELF_HAS_NO_ENTRY
