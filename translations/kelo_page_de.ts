@@ -640,6 +640,10 @@
         <translation>client_id und client_secret im Abschnitt [tidal.oauth2] der Einstellungen prüfen.</translation>
     </message>
     <message>
+        <source>Check client id and secret in the section [module.%1] of the settings.</source>
+        <translation>Client-ID und Client-Secret im Abschnitt [module.%1] der Einstellungen prüfen.</translation>
+    </message>
+    <message>
         <source>The clock of the streamer is wrong.</source>
         <translation>Die Uhr des Streamers geht falsch.</translation>
     </message>
@@ -684,6 +688,10 @@
         <translation>Angemeldet</translation>
     </message>
     <message>
+        <source>Account: %1</source>
+        <translation>Konto: %1</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>Wird geladen …</translation>
     </message>
@@ -706,6 +714,10 @@
     <message>
         <source>Log out</source>
         <translation>Abmelden</translation>
+    </message>
+    <message>
+        <source>Log in to %1</source>
+        <translation>Bei %1 anmelden</translation>
     </message>
     <message>
         <source>Get a code</source>

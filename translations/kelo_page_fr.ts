@@ -640,6 +640,10 @@
         <translation>Vérifiez client_id et client_secret dans la section [tidal.oauth2] des réglages.</translation>
     </message>
     <message>
+        <source>Check client id and secret in the section [module.%1] of the settings.</source>
+        <translation>Vérifiez l’identifiant et le secret du client dans la section [module.%1] des réglages.</translation>
+    </message>
+    <message>
         <source>The clock of the streamer is wrong.</source>
         <translation>L’horloge du streamer n’est pas à l’heure.</translation>
     </message>
@@ -684,6 +688,10 @@
         <translation>Connecté</translation>
     </message>
     <message>
+        <source>Account: %1</source>
+        <translation>Compte : %1</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>Chargement…</translation>
     </message>
@@ -706,6 +714,10 @@
     <message>
         <source>Log out</source>
         <translation>Se déconnecter</translation>
+    </message>
+    <message>
+        <source>Log in to %1</source>
+        <translation>Se connecter à %1</translation>
     </message>
     <message>
         <source>Get a code</source>

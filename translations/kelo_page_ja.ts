@@ -640,6 +640,10 @@
         <translation>設定の [tidal.oauth2] セクションの client_id と client_secret を確認してください。</translation>
     </message>
     <message>
+        <source>Check client id and secret in the section [module.%1] of the settings.</source>
+        <translation>設定の [module.%1] セクションのクライアントIDとクライアントシークレットを確認してください。</translation>
+    </message>
+    <message>
         <source>The clock of the streamer is wrong.</source>
         <translation>ストリーマーの時計がずれています。</translation>
     </message>
@@ -684,6 +688,10 @@
         <translation>ログイン中</translation>
     </message>
     <message>
+        <source>Account: %1</source>
+        <translation>アカウント：%1</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>読み込み中…</translation>
     </message>
@@ -706,6 +714,10 @@
     <message>
         <source>Log out</source>
         <translation>ログアウト</translation>
+    </message>
+    <message>
+        <source>Log in to %1</source>
+        <translation>%1にログイン</translation>
     </message>
     <message>
         <source>Get a code</source>

@@ -640,6 +640,10 @@
         <translation>Kontroller client_id og client_secret i delen [tidal.oauth2] i innstillingene.</translation>
     </message>
     <message>
+        <source>Check client id and secret in the section [module.%1] of the settings.</source>
+        <translation>Kontroller klient-ID og klienthemmelighet i delen [module.%1] i innstillingene.</translation>
+    </message>
+    <message>
         <source>The clock of the streamer is wrong.</source>
         <translation>Klokken i streameren går feil.</translation>
     </message>
@@ -684,6 +688,10 @@
         <translation>Logget inn</translation>
     </message>
     <message>
+        <source>Account: %1</source>
+        <translation>Konto: %1</translation>
+    </message>
+    <message>
         <source>Loading…</source>
         <translation>Laster …</translation>
     </message>
@@ -706,6 +714,10 @@
     <message>
         <source>Log out</source>
         <translation>Logg ut</translation>
+    </message>
+    <message>
+        <source>Log in to %1</source>
+        <translation>Logg inn på %1</translation>
     </message>
     <message>
         <source>Get a code</source>

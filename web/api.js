@@ -71,13 +71,13 @@ export function forgetSession() {
   session = null;
 }
 
-async function change(method, name, body) {
+async function change(method, name, body, parameters) {
   for (let attempt = 1; ; ++attempt) {
     session ??= send("GET", "api/v1/session");
     try {
       const { header, token } = await session;
       const headers = { "Content-Type": "application/json", [header]: token };
-      return await send(method, address(name), { headers, body: JSON.stringify(body) });
+      return await send(method, address(name, parameters), { headers, body: JSON.stringify(body) });
     } catch (error) {
       // The token is made anew when the streamer starts.
       if (error.status === 403 || !error.status) forgetSession();
@@ -102,8 +102,9 @@ export const setValue = (path, value = 1) => change("POST", "set", { path, value
 export const setFavorite = (path, value) => change("POST", "set", { path, role: "Favorite", value });
 export const getQueue = (from, to, signal) => send("GET", address("player/queue", { from, to }), { signal });
 export const player = (command, body = {}) => change("POST", `player/${command}`, body);
-export const getLogin = () => send("GET", address("login"));
-export const startLogin = () => change("POST", "login", {});
-export const logOut = () => change("DELETE", "login");
+export const getLogins = () => send("GET", address("logins"));
+export const getLogin = (service) => send("GET", address("login", { service }));
+export const startLogin = (service) => change("POST", "login", {}, { service });
+export const logOut = (service) => change("DELETE", "login", undefined, { service });
 export const getRequests = (after) => send("GET", address("requests", { after }));
 export const getHealth = () => send("GET", "healthz");

@@ -14,9 +14,9 @@ import { currentPath, currentState, go, leave, onPlainClick, nav, replace, setPl
 import {
   home,
   linkTo,
-  loginPath,
   modules,
   otherModules,
+  serviceAt,
   setModules,
   settingsPath,
   startPath,
@@ -55,7 +55,7 @@ const presentPath = () => (isPlaying(currentPath()) ? "!playing" : currentPath()
 function makeView(path) {
   const state = currentState();
   if (isPlaying(path)) return new PlayingView(path, part("view"));
-  if (path === loginPath) return new LoginView();
+  if (serviceAt(path)) return new LoginView(serviceAt(path));
   if (path === settingsPath) return new SettingsView();
   const text = searchedText(path);
   if (text !== null) return new SearchView(path, text, part("view"));
@@ -259,14 +259,11 @@ function onKey(event) {
 }
 
 function watchLogin() {
-  let wasLoggedIn = null;
-  live.addEventListener("login", ({ detail }) => {
-    document.body.classList.toggle("logged-out", !detail.loggedIn && modules.has(home));
-    if (detail.loggedIn === wasLoggedIn) return;
-    if (wasLoggedIn !== null || !detail.loggedIn) forgetSearchPlace();
-    if (wasLoggedIn !== null) forgetPlaces();
-    if (wasLoggedIn !== null) clearToasts();
-    wasLoggedIn = detail.loggedIn;
+  live.addEventListener("login", ({ detail: { was, loggedIn } }) => {
+    if (loggedIn === was) return;
+    if (was !== undefined || !loggedIn) forgetSearchPlace();
+    if (was !== undefined) forgetPlaces();
+    if (was !== undefined) clearToasts();
   });
   live.addEventListener("state", ({ detail }) => (part("offline").hidden = detail));
 }
@@ -277,8 +274,13 @@ async function start() {
   played.start();
   watchLogin();
   const path = currentPath();
-  readAhead(home);
-  const all = pageAt("/", 0).then(({ rows }) => setModules(rows)).catch(() => {});
+  // Where the page began the last time; another top might not be there.
+  const top = localStorage.getItem("top");
+  if (top) readAhead(top);
+  const all = pageAt("/", 0).then(({ rows }) => {
+    setModules(rows);
+    localStorage.setItem("top", startPath());
+  }).catch(() => {});
   if (path !== home && path.startsWith(home)) readAhead(path);
   live.connect();
   await Promise.all([loadTexts(), all]);

@@ -4,6 +4,7 @@
 import { getData, getRequests, watchCalls } from "./api.js";
 import { button, buttonRow, el, fill, iconButton, rowAt } from "./dom.js";
 import { live } from "./live.js";
+import { loginPath } from "./path.js";
 import { t } from "./text.js";
 import { toast } from "./toast.js";
 
@@ -95,7 +96,8 @@ function asCommand({ method, target, body }) {
     data: () => `data ${quoted(query.get("path"))}`,
     set: () => `set ${quoted(path)} ${quoted(JSON.stringify(value))}`,
     "player/play": () => `play ${quoted(path)}`,
-    login: () => ({ GET: "login --status", POST: "login", DELETE: "logout" })[method],
+    login: () => `${{ GET: "login --status", POST: "login", DELETE: "logout" }[method]} ${query.get("service")}`,
+    logins: () => "login --status",
   }[name]?.();
   const simple = /^player\/(pause|resume|stop|next|previous)$/.exec(name)?.[1];
   return words || simple ? `kelo --server ${location.origin} ${words || simple}` : "";
@@ -144,8 +146,8 @@ export class Drawer {
     live.addEventListener("rows", ({ detail: { path, change, count } }) =>
       this.#notice("rows", path, JSON.stringify(change), count),
     );
-    live.addEventListener("login", ({ detail: { loggedIn, problem } }) =>
-      this.#notice("login", "", loggedIn ? "loggedIn" : (problem ?? "loggedOut"), -1),
+    live.addEventListener("login", ({ detail: { service, loggedIn, problem } }) =>
+      this.#notice("login", loginPath(service), loggedIn ? "loggedIn" : (problem ?? "loggedOut"), -1),
     );
     live.addEventListener("request", ({ detail }) => this.#request(detail));
     live.addEventListener("state", ({ detail }) => {

@@ -2,13 +2,20 @@
 
 import { getRequests } from "./api.js";
 import { button, buttonRow, el } from "./dom.js";
-import { linkTo, loginPath } from "./path.js";
+import { live } from "./live.js";
+import { homeLogin, linkTo, serviceAt, topOf } from "./path.js";
+import { pageAt } from "./recent.js";
 import { t } from "./text.js";
 
 const retryAfter = 10;
 const recent = 5;
 
-const isLoggedOut = () => document.body.classList.contains("logged-out");
+// The login that the module of a path wants is a row of its top node.
+async function loginFor(path = "") {
+  const top = topOf(path);
+  const { rows } = top && top !== path ? await pageAt(top, 0).catch(() => ({ rows: [] })) : { rows: [] };
+  return rows.find((row) => serviceAt(row.Path))?.Path;
+}
 
 /** What stands in place of a title where nothing could be read. */
 export const failureTitle = ({ status }) => (status === 404 ? t("Not found") : t("This did not work"));
@@ -17,7 +24,8 @@ export const failureTitle = ({ status }) => (status === 404 ? t("Not found") : t
 export async function explain({ status, name, message }) {
   if (status === 404) return { text: t("There is nothing at this address.") };
   if (status === 504) return { text: t("The music service did not answer in time."), mayPass: true };
-  if (status !== 502 || name !== "TIDAL" || isLoggedOut()) return { text: message, mayPass: !status };
+  const isLoggedOut = live.logins.get(homeLogin)?.loggedIn === false;
+  if (status !== 502 || name !== "TIDAL" || isLoggedOut) return { text: message, mayPass: !status };
   const { requests } = await getRequests(0).catch(() => ({ requests: [] }));
   const failed = requests.slice(-recent).findLast((request) => !request.status || request.status >= 400);
   if (!failed) return { text: message, mayPass: true };
@@ -32,9 +40,8 @@ export async function explain({ status, name, message }) {
 export function failure(source) {
   const next = el("p", { class: "hint" });
   const words = el("p", { role: "alert" }, source.error.message);
-  const login = isLoggedOut() ? el("a", { class: "button", href: linkTo(loginPath) }, t("Log in")) : null;
-  const again = button(t("Try again"), () => source.reload());
-  const element = el("div", { class: "empty" }, words, next, buttonRow(again, login));
+  const buttons = buttonRow(button(t("Try again"), () => source.reload()));
+  const element = el("div", { class: "empty" }, words, next, buttons);
   let left = retryAfter;
   const wait = () => {
     if (!element.isConnected) return null;
@@ -42,9 +49,11 @@ export function failure(source) {
     next.textContent = t("Trying again in %1 s", left--);
     return setTimeout(wait, 1000);
   };
-  explain(source.error).then(({ text, mayPass }) => {
+  const login = loginFor(source.path);
+  login.then((path) => path && buttons.append(el("a", { class: "button", href: linkTo(path) }, t("Log in"))));
+  explain(source.error).then(async ({ text, mayPass }) => {
     words.textContent = text;
-    if (mayPass && !login) wait();
+    if (mayPass && !(await login)) wait();
   });
   return element;
 }

@@ -4,7 +4,7 @@ import { getIds, setFavorite } from "./api.js";
 import { el, fill, iconButton, setIconButton } from "./dom.js";
 import { isFavoring, subjectOf } from "./edits.js";
 import { live } from "./live.js";
-import { home, parsePath } from "./path.js";
+import { home, homeLogin, parsePath } from "./path.js";
 import { playback } from "./playback.js";
 import { titleOf } from "./rowtext.js";
 import { t } from "./text.js";
@@ -196,8 +196,6 @@ live.addEventListener("acted", ({ detail }) => {
   if (isFavoring(detail)) note(subjectOf(detail.path), detail.action === "favorite");
 });
 live.addEventListener("state", ({ detail }) => detail && forget(true));
-let isLoggedIn = null;
-live.addEventListener("login", ({ detail }) => {
-  if (isLoggedIn !== null && detail.loggedIn !== isLoggedIn) forget(false);
-  isLoggedIn = detail.loggedIn;
+live.addEventListener("login", ({ detail: { service, was, loggedIn } }) => {
+  if (service === homeLogin && was === !loggedIn) forget(false);
 });

@@ -3,7 +3,7 @@
 import { cover, el, fill, icon, twoLines } from "./dom.js";
 import { places } from "./kinds.js";
 import { go, onPlainClick } from "./nav.js";
-import { home, linkTo, loginPath, otherModules } from "./path.js";
+import { home, linkTo, otherModules, serviceAt } from "./path.js";
 import { playback } from "./playback.js";
 import { played } from "./played.js";
 import { Shelf, ShelfView } from "./shelf.js";
@@ -40,7 +40,7 @@ export class HomeView extends ShelfView {
   showRows() {
     const { rows } = this.source;
     const lists = rows.filter((row) => row.Type === "Container" && row.Path);
-    this.#login = rows.find((row) => row.Path === loginPath);
+    this.#login = rows.find((row) => serviceAt(row.Path));
     this.showHead();
     if (this.#login) return this.#welcome();
     fill(this.#chips, [...lists, ...otherModules()].map((row) => this.#chip(row)));
@@ -74,8 +74,9 @@ export class HomeView extends ShelfView {
   }
 
   #welcome() {
-    const link = el("a", { class: "button primary large", href: linkTo(loginPath) }, this.#login.Title);
-    onPlainClick(link, () => go(loginPath));
+    const { Path, Title } = this.#login;
+    const link = el("a", { class: "button primary large", href: linkTo(Path) }, Title);
+    onPlainClick(link, () => go(Path));
     const why = el("p", {}, t("To play music, connect the streamer to your account."));
     this.put([], el("div", { class: "welcome" }, why, link));
   }

@@ -7,7 +7,7 @@ import { menuOfRow } from "./entries.js";
 import { kindOf } from "./kinds.js";
 import { albumLink, artistLinks, trackLinks } from "./links.js";
 import { go, onPlainClick } from "./nav.js";
-import { linkTo, loginPath } from "./path.js";
+import { linkTo, serviceAt } from "./path.js";
 import { playback } from "./playback.js";
 import {
   artistOf,
@@ -35,7 +35,7 @@ export function skeleton(kind) {
 /** What a click on the row does; `place` is the {list, index} that it stands at. */
 export function open(row, anchor = null, place = {}) {
   if (row.Disabled) return toast(t("“%1” is not available.", titleOf(row)));
-  if (row.Path === loginPath) return go(loginPath);
+  if (serviceAt(row.Path)) return go(row.Path);
   if (isDialog(row)) return openContainer(row, anchor);
   if (row.Type === "Container") return go(row.Path, placeOf(row));
   if (row.Type === "Audio")

@@ -1,7 +1,7 @@
 // What the streamer tells, by the event stream that all tabs of the browser share (tabs.js). It keeps which
 // paths the views of this page have open.
 // Events: "rows", "acted", "player", "login", "request", "waiting" with the data as `detail`; "state" with a
-// boolean: connected or not.
+// boolean: connected or not. A login has `was`: whether somebody was logged in so far, where that is known.
 
 import { forgetSession } from "./api.js";
 import { chosenLanguage } from "./text.js";
@@ -12,6 +12,8 @@ const shared = new URL("tabs.js", import.meta.url);
 class Live extends EventTarget {
   isConnected = true;
   isResting = false;
+  /** What was told last of each login, by its service. */
+  logins = new Map();
   #owners = new Map();
   #port = null;
   #wantsRequests = false;
@@ -71,6 +73,7 @@ class Live extends EventTarget {
     port.onmessage = ({ data: { kind, detail } }) => {
       if (this.isResting || port !== this.#port) return;
       if (kind === "state") this.#setConnected(detail);
+      else if (kind === "login") this.#takeLogin(detail);
       else this.#tell(kind, detail);
     };
     return port;
@@ -97,6 +100,12 @@ class Live extends EventTarget {
     this.isConnected = isConnected;
     this.#hasMissed = false;
     this.#tell("state", isConnected);
+  }
+
+  #takeLogin(login) {
+    const was = this.logins.get(login.service)?.loggedIn;
+    this.logins.set(login.service, login);
+    this.#tell("login", { ...login, was });
   }
 
   #tell(kind, detail) {

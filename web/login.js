@@ -6,17 +6,19 @@ import { busy, problem } from "./dialog.js";
 import { button, buttonRow, el, fill } from "./dom.js";
 import { live } from "./live.js";
 import { go } from "./nav.js";
-import { startPath } from "./path.js";
+import { homeLogin, startPath, topOf } from "./path.js";
 import { clock, t } from "./text.js";
 import { View } from "./view.js";
 
 // What to do, for each reason that the streamer gives.
-const advice = () => ({
+const advice = (service) => ({
   expired: [t("The code has expired."), t("Take a new code and enter it within the time shown.")],
   denied: [t("The login was refused."), t("Try again, and confirm the login on the service’s page.")],
   client: [
     t("The service does not accept this streamer."),
-    t("Check client_id and client_secret in the section [tidal.oauth2] of the settings."),
+    service === homeLogin
+      ? t("Check client_id and client_secret in the section [tidal.oauth2] of the settings.")
+      : t("Check client id and secret in the section [module.%1] of the settings.", service),
   ],
   clock: [
     t("The clock of the streamer is wrong."),
@@ -31,17 +33,33 @@ const advice = () => ({
 });
 
 /**
- * Tells `take` the state of the login now and whenever it is another one, until the signal. Returns a function
- * that reads it again; an answer that news have overtaken is dropped.
+ * Tells `take` the states of all logins, by service, now and whenever one is another, until the signal: with
+ * the service that alone is news, or without one. Returns a function that reads them again; of an answer, what
+ * news have overtaken is dropped.
  */
-export function followLogin(take, fail, signal) {
-  let news = 0;
-  const read = () => {
-    const seen = news;
-    const unlessOld = (call) => (result) => seen === news && call(result);
-    return api.getLogin().then(unlessOld(take), unlessOld(fail));
+export function followLogins(take, fail, signal) {
+  let logins = new Map(live.logins);
+  let reads = 0;
+  const news = new Set(); // services that were told of since the last read began
+  const read = async () => {
+    const own = ++reads;
+    news.clear();
+    try {
+      const answer = await api.getLogins();
+      if (own !== reads) return;
+      const told = [...news].map((service) => logins.get(service));
+      logins = new Map([...answer.logins, ...told].map((login) => [login.service, login]));
+      take(logins);
+    } catch (error) {
+      if (own === reads && !news.size) fail(error);
+    }
   };
-  live.addEventListener("login", ({ detail }) => (++news, take(detail)), { signal });
+  const hear = ({ detail }) => {
+    news.add(detail.service);
+    logins.set(detail.service, detail);
+    take(logins, detail.service);
+  };
+  live.addEventListener("login", hear, { signal });
   live.addEventListener("state", ({ detail }) => detail && read(), { signal });
   read();
   return read;
@@ -55,6 +73,7 @@ export function accountText({ loggedIn, user, subscription }) {
 
 export class LoginView extends View {
   #body = el("div", { class: "login" });
+  #service;
   #state = null;
   #timer = 0;
   #time = el("strong");
@@ -63,13 +82,14 @@ export class LoginView extends View {
   #isAsking = false;
   #read;
 
-  constructor() {
+  constructor(service) {
     super();
+    this.#service = service;
     this.heading.textContent = t("Log in");
     this.element = el("section", { class: "view" }, this.heading, this.#body);
     fill(this.#body, busy(t("Loading…")));
-    const [take, fail] = [(state) => this.#take(state), (error) => this.#showError(error)];
-    this.#read = followLogin(take, fail, this.ended);
+    const take = (logins, news = service) => news === service && this.#take(logins.get(service));
+    this.#read = followLogins(take, (error) => this.#showError(error), this.ended);
   }
 
   close() {
@@ -82,13 +102,13 @@ export class LoginView extends View {
     this.#isAsking = true;
     fill(this.#body, busy(t("Asking the service…")));
     try {
-      const state = await call();
+      const state = await call(this.#service);
       this.#isAsking = false;
       this.#take(state);
     } catch (error) {
       this.#isAsking = false;
       // The reason stands in the state; where there is none, the refusal itself is shown.
-      const state = await api.getLogin().catch(() => null);
+      const state = await api.getLogin(this.#service).catch(() => null);
       if (state?.problem) this.#take(state);
       else this.#showError(error);
     }
@@ -96,20 +116,22 @@ export class LoginView extends View {
 
   #take(state) {
     if (this.#isAsking) return;
+    if (!state) return fill(this.#body, problem(t("There is nothing at this address.")));
     const { pending: wasPending, loggedIn: wasLoggedIn } = this.#state ?? {};
     this.#state = state;
     clearInterval(this.#timer);
     if (state.loggedIn) {
       this.#who.textContent = accountText(state);
       if (wasLoggedIn && this.#who.isConnected) return;
-      this.heading.textContent = wasPending ? t("You are logged in") : t("Account");
-      const music = button(t("To the music"), () => go(startPath(), null, true), "primary");
+      this.heading.textContent = wasPending ? t("You are logged in") : t("Account: %1", state.displayName);
+      const top = () => topOf(`/${this.#service}`) || startPath();
+      const music = button(t("To the music"), () => go(top(), null, true), "primary");
       const out = button(t("Log out"), () => this.#ask(api.logOut));
       fill(this.#body, this.#who, buttonRow(music, out));
       if (wasPending) music.focus();
       return;
     }
-    this.heading.textContent = t("Log in");
+    this.heading.textContent = t("Log in to %1", state.displayName);
     if (state.pending) return this.#showCode(state.pending);
     if (state.problem) return this.#showProblem(state);
     const get = button(t("Get a code"), () => this.#ask(api.startLogin), "primary");
@@ -124,7 +146,7 @@ export class LoginView extends View {
     const target = { href: safeAddress(address), target: "_blank", rel: "noopener noreferrer" };
     const link = el("a", target, shown);
     const code = el("div", { class: "code", "aria-label": [...userCode].join(" ") }, userCode);
-    const source = `api/v1/login/qr?code=${encodeURIComponent(userCode)}`;
+    const source = `api/v1/login/qr?service=${this.#service}&code=${encodeURIComponent(userCode)}`;
     const open = el("li", {}, t("On your phone or computer, open"), " ", link);
     const enter = el("li", {}, t("Enter this code:"), code);
     const confirm = el("li", {}, t("Confirm. This page goes on by itself."));
@@ -145,7 +167,7 @@ export class LoginView extends View {
       this.#code = "";
       return this.#ask(api.startLogin);
     }
-    const [what, todo] = advice()[state.reason] ?? [state.problem, t("Try again.")];
+    const [what, todo] = advice(this.#service)[state.reason] ?? [state.problem, t("Try again.")];
     fill(
       this.#body,
       problem(what),

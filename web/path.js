@@ -22,8 +22,12 @@ export function topOf(path) {
 }
 /** Where settings stand. */
 export const settingsPath = "/settings";
-/** The login of the service. */
-export const loginPath = "/oauth2/services/tidal";
+/** The login service that this page knows by name. */
+export const homeLogin = "tidal";
+/** Where the login of a service stands. */
+export const loginPath = (service) => `/oauth2/services/${service}`;
+/** The service that a path is the login of; empty for other paths. */
+export const serviceAt = (path) => /^\/oauth2\/services\/([\w-]+)$/.exec(path)?.[1] ?? "";
 
 export function parsePath(text) {
   const [base, query = ""] = text.split("?");

@@ -5,6 +5,7 @@ import { pageSize } from "./api.js";
 import { idOf, kindOf, menuOf } from "./kinds.js";
 import { live } from "./live.js";
 import { isLookedUp, lookUp } from "./lookup.js";
+import { home, topOf } from "./path.js";
 import { playback } from "./playback.js";
 import { pageAt } from "./recent.js";
 
@@ -18,6 +19,13 @@ function read() {
   } catch {
     return [];
   }
+}
+
+// Whether the module of a list shows it: one without a login does, TIDAL when its login is known.
+function isLoggedInFor(list) {
+  const top = topOf(list);
+  const login = live.logins.get(top.slice(1));
+  return login ? login.loggedIn : top !== home;
 }
 
 const nameOf = (path) => (idOf(path) ? `${kindOf(path)} ${idOf(path)}` : path);
@@ -40,14 +48,10 @@ class Played extends EventTarget {
   /** Its list: {path, item}; null while it is not known. */
   list = null;
   #seen = "";
-  #isLoggedIn = false;
 
   start() {
     playback.addEventListener("changed", () => this.#follow());
-    live.addEventListener("login", ({ detail }) => {
-      this.#isLoggedIn = detail.loggedIn;
-      this.#follow();
-    });
+    live.addEventListener("login", () => this.#follow());
   }
 
   /** Lists as rows, with what played last in them: [{row, at: {path, list, index, title, artist, icon}}]. */
@@ -58,13 +62,14 @@ class Played extends EventTarget {
   async #follow() {
     const { state } = playback;
     const { path, list, index = -1, title = "", artist = "", icon = "" } = state;
-    const seen = [path, list, index, this.#isLoggedIn].join("\n");
+    const isOpen = isLoggedInFor(list ?? "");
+    const seen = [path, list, index, isOpen].join("\n");
     if (seen === this.#seen) return;
     this.#seen = seen;
     this.row = null;
     if (this.list?.path !== list) this.list = null;
     this.#tell();
-    if (!path || !list || index < 0 || !this.#isLoggedIn) return;
+    if (!path || !list || index < 0 || !isOpen) return;
     const { rows = [], roles = {} } = await pageAt(list, Math.floor(index / pageSize)).catch(() => ({}));
     const row = rows.find((one) => one.Path === path) ?? null;
     const item = this.list?.item ?? (await itemOf(list, state, roles, row));

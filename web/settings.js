@@ -3,7 +3,7 @@
 import { getHealth } from "./api.js";
 import { boxOf, el, fill, madeFrom } from "./dom.js";
 import { valueText } from "./items.js";
-import { accountText, followLogin } from "./login.js";
+import { accountText, followLogins } from "./login.js";
 import { openValue, presentChoice } from "./menu.js";
 import { linkTo, loginPath, settingsPath } from "./path.js";
 import { RowSource } from "./rows.js";
@@ -42,6 +42,12 @@ function chooser(label, options, key, take) {
   return el("label", { class: "setting" }, el("span", {}, label), select);
 }
 
+function account(login, hasName) {
+  const name = hasName ? t("Account: %1", login.displayName) : t("Account");
+  const who = el("span", { class: "value" }, accountText(login));
+  return el("a", { class: "setting", href: linkTo(loginPath(login.service)) }, el("span", {}, name), who);
+}
+
 export class SettingsView extends View {
   #source = new RowSource(settingsPath, () => this.#show());
   #rows = el("div", { class: "settings-rows" });
@@ -51,15 +57,13 @@ export class SettingsView extends View {
     super();
     this.path = settingsPath;
     this.heading.textContent = t("Settings");
-    const account = el("a", { class: "setting", href: linkTo(loginPath) });
-    const who = el("span", { class: "value" });
-    fill(account, el("span", {}, t("Account")), who);
-    const showLogin = (state) => (who.textContent = accountText(state));
-    followLogin(showLogin, () => {}, this.ended);
+    const accounts = el("div", { class: "settings-rows" });
+    const showLogins = (logins) => fill(accounts, [...logins.values()].map((login) => account(login, logins.size > 1)));
+    followLogins(showLogins, () => {}, this.ended);
     const language = chooser(t("Language"), languages, "language", () => location.reload());
     const colours = chooser(t("Colours"), themes, "theme", applyTheme);
     const page = el("div", { class: "settings-rows" }, language, colours);
-    const streamer = [el("div", { class: "settings-rows" }, account), this.#rows, this.#about];
+    const streamer = [accounts, this.#rows, this.#about];
     const [ofPage, ofStreamer] = [el("h2", {}, t("This page")), el("h2", {}, t("The streamer"))];
     const parts = [this.heading, ofPage, page, ofStreamer, streamer];
     this.element = el("section", { class: "view settings" }, parts);

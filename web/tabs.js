@@ -8,7 +8,8 @@ const mostPaths = 256;
 
 // By port what the tab wants: {paths, requests, language, base}; which has asked last stands last.
 const tabs = new Map();
-const present = new Map(); // by kind {detail, at}: what was told last and when, for tabs that come later
+// What was told last and when, for tabs that come later: {kind, detail, at} by kind, of logins by service, too.
+const present = new Map();
 let source = null;
 let stream = "";
 let query = ""; // of the stream, but for its paths
@@ -30,7 +31,7 @@ function take(port, wants) {
   tabs.delete(port);
   if (wants.paths) tabs.set(port, wants);
   if (!tabs.size) return close();
-  if (isNew) for (const [kind, told] of present) port.postMessage({ kind, detail: untilNow(told) });
+  if (isNew) for (const told of present.values()) port.postMessage({ kind: told.kind, detail: untilNow(told) });
   return !source || queryOf() !== query ? connect() : send();
 }
 
@@ -49,7 +50,7 @@ function wanted() {
 }
 
 function queryOf() {
-  const parameters = new URLSearchParams();
+  const parameters = new URLSearchParams({ logins: 1 });
   if ([...tabs.values()].some(({ requests }) => requests)) parameters.append("requests", "1");
   if (newest().language) parameters.append("language", newest().language);
   return parameters.toString();
@@ -57,7 +58,8 @@ function queryOf() {
 
 function tell(kind, detail) {
   if (kind === "state" && detail === present.get(kind)?.detail) return;
-  if (!["rows", "acted", "request"].includes(kind)) present.set(kind, { detail, at: performance.now() });
+  const key = kind === "login" ? `login ${detail.service}` : kind;
+  if (!["rows", "acted", "request"].includes(kind)) present.set(key, { kind, detail, at: performance.now() });
   for (const [port, { requests }] of tabs)
     if (kind !== "request" || requests) port.postMessage({ kind, detail });
 }

@@ -94,7 +94,8 @@ QString adviceFor(const QJsonObject& login, const QString& service)
     const QString reason = textIn(login, "reason");
     const QString owner = textIn(login, "service");
     if (reason == "client" && !owner.isEmpty() && owner != "tidal")
-        return "Check the client id and secret in the settings of the module.";
+        return QStringLiteral("Check client id and secret in section [module.%1] of the settings.")
+            .arg(shown(owner));
     QString text = advice.value(reason);
     return text.replace("%1", shown("kelo login " + service).trimmed());
 }

@@ -12,6 +12,11 @@ const root = path.resolve(path.dirname(fileURLToPath(import.meta.url)), "../../.
 const patience = 20000;
 export const program = process.env.KELO_PROGRAM || path.join(root, "build/dev/bin/kelo");
 
+const besides = (file) => ["--module", path.join(path.dirname(program), "..", file)];
+/** Words that have the module for tests served alone, and beside the service. */
+export const shelf = besides("tests/streamer/modules/libshelf.so");
+export const both = [...besides("lib/libkelo_cb_tidal.so"), ...shelf];
+
 export class Streamer {
   #process = null;
   #ended = null;
