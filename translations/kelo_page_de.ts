@@ -955,5 +955,21 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>Warten auf den Streamer, %1 s</translation>
     </message>
+    <message>
+        <source>Where to search</source>
+        <translation>Wo gesucht wird</translation>
+    </message>
+    <message>
+        <source>Only %1 can be searched now.</source>
+        <translation>Zurzeit kann nur %1 durchsucht werden.</translation>
+    </message>
+    <message>
+        <source>Search %1</source>
+        <translation>%1 durchsuchen</translation>
+    </message>
+    <message>
+        <source>There is nothing to search here.</source>
+        <translation>Hier gibt es nichts zu durchsuchen.</translation>
+    </message>
 </context>
 </TS>

@@ -955,5 +955,21 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>En attente du streamer, %1 s</translation>
     </message>
+    <message>
+        <source>Where to search</source>
+        <translation>Où chercher</translation>
+    </message>
+    <message>
+        <source>Only %1 can be searched now.</source>
+        <translation>Pour l’instant, seul %1 permet la recherche.</translation>
+    </message>
+    <message>
+        <source>Search %1</source>
+        <translation>Rechercher dans %1</translation>
+    </message>
+    <message>
+        <source>There is nothing to search here.</source>
+        <translation>Il n’y a rien à rechercher ici.</translation>
+    </message>
 </context>
 </TS>

@@ -955,5 +955,21 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>ストリーマーの応答を待っています（%1 秒）</translation>
     </message>
+    <message>
+        <source>Where to search</source>
+        <translation>検索先</translation>
+    </message>
+    <message>
+        <source>Only %1 can be searched now.</source>
+        <translation>現在検索できるのは%1だけです。</translation>
+    </message>
+    <message>
+        <source>Search %1</source>
+        <translation>%1を検索</translation>
+    </message>
+    <message>
+        <source>There is nothing to search here.</source>
+        <translation>ここには検索できるものがありません。</translation>
+    </message>
 </context>
 </TS>

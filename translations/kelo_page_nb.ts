@@ -955,5 +955,21 @@
         <source>Waiting for the streamer, %1 s</source>
         <translation>Venter på streameren, %1 s</translation>
     </message>
+    <message>
+        <source>Where to search</source>
+        <translation>Hvor det søkes</translation>
+    </message>
+    <message>
+        <source>Only %1 can be searched now.</source>
+        <translation>Nå kan du bare søke i %1.</translation>
+    </message>
+    <message>
+        <source>Search %1</source>
+        <translation>Søk i %1</translation>
+    </message>
+    <message>
+        <source>There is nothing to search here.</source>
+        <translation>Her er det ingenting å søke i.</translation>
+    </message>
 </context>
 </TS>

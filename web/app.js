@@ -26,7 +26,10 @@ import { played } from "./played.js";
 import { PlayingView } from "./playing.js";
 import { forgetPlaces, pageAt, PlaceRows, readAhead } from "./recent.js";
 import {
-  forgetSearchPlace,
+  askedAt,
+  findSearches,
+  forgetSearches,
+  learnSearch,
   recentList,
   rememberSearch,
   searchedText,
@@ -70,6 +73,7 @@ function show() {
   shown = path;
   const text = searchedText(path);
   const isTyping = document.activeElement === part("search");
+  nameField();
   if (!isTyping || text === null) part("search").value = text ?? "";
   if (text !== null && view instanceof SearchView) {
     view.look(path, text);
@@ -84,7 +88,7 @@ function show() {
   view.addEventListener("current", ({ detail }) => drawer.isOpen && drawer.showRow(detail.row));
   view.addEventListener("call", ({ detail }) => drawer.showReply(detail));
   view.addEventListener("loaded", nameDocument);
-  view.addEventListener("search", ({ detail }) => searchFor(detail));
+  view.addEventListener("search", ({ detail }) => searchFor(...detail));
   if (!isTyping && !isFirst) view.focus();
   isFirst = false;
   const present = linkTo(presentPath());
@@ -93,6 +97,18 @@ function show() {
     else link.removeAttribute("aria-current");
   }
   nameDocument();
+}
+
+// A search that a module has to be asked about is shown when that is known.
+function route() {
+  const asked = currentState().item ? null : learnSearch(currentPath());
+  return asked ? asked.then(show) : show();
+}
+
+// The field says whose search it is, where there are several modules.
+function nameField() {
+  const title = modules.size > 1 && modules.get(askedAt(currentPath()));
+  part("search").placeholder = title ? t("Search %1", title) : t("Search");
 }
 
 function nameDocument() {
@@ -106,13 +122,14 @@ let searchFor = () => {};
 function startSearch() {
   const input = part("search");
   let timer = 0;
-  const search = async () => {
+  const search = async (from = currentPath()) => {
     const text = input.value.trim();
     const isSearching = searchedText(currentPath()) !== null;
     if (!text) return isSearching && history.back();
     try {
-      const path = await searchPath(text);
-      if (!path) return toastError(t("Log in to search."));
+      const path = await searchPath(text, from);
+      const none = () => (modules.has(home) ? t("Log in to search.") : t("There is nothing to search here."));
+      if (!path) return toastError(none());
       if (text !== input.value.trim() || path === currentPath()) return;
       return isSearching ? replace(path) : go(path, null, true);
     } catch (error) {
@@ -121,7 +138,7 @@ function startSearch() {
   };
   input.addEventListener("input", () => {
     clearTimeout(timer);
-    timer = setTimeout(search, typingPause);
+    timer = setTimeout(() => search(), typingPause);
   });
   const form = part("search-form");
   form.addEventListener("submit", (event) => {
@@ -139,16 +156,22 @@ function startSearch() {
   };
   const offer = () => {
     drop();
-    recent = input.value || searchedText(currentPath()) === "" ? null : recentList(searchFor);
+    recent = input.value || searchedText(currentPath()) === "" ? null : recentList((text) => searchFor(text));
     if (recent) form.append(recent);
   };
-  input.addEventListener("focus", () => (offer(), searchPath("").catch(() => {})));
+  // What the first search needs to know is asked for while one types.
+  const prepare = async () => {
+    await findSearches();
+    nameField();
+    await searchPath("", currentPath());
+  };
+  input.addEventListener("focus", () => (offer(), prepare().catch(() => {})));
   input.addEventListener("input", offer);
   form.addEventListener("focusout", ({ relatedTarget }) => form.contains(relatedTarget) || drop());
-  searchFor = (text) => {
+  searchFor = (text, from) => {
     input.value = text;
     offer();
-    search();
+    search(from);
   };
   input.addEventListener("keydown", (event) => {
     if (event.key !== "ArrowDown") return;
@@ -261,7 +284,7 @@ function onKey(event) {
 function watchLogin() {
   live.addEventListener("login", ({ detail: { was, loggedIn } }) => {
     if (loggedIn === was) return;
-    if (was !== undefined || !loggedIn) forgetSearchPlace();
+    if (was !== undefined || !loggedIn) forgetSearches();
     if (was !== undefined) forgetPlaces();
     if (was !== undefined) clearToasts();
   });
@@ -291,7 +314,7 @@ async function start() {
   startBar(part("bar"));
   startSearch();
   setPlaceKeeper(() => view?.place ?? {});
-  nav.addEventListener("moved", show);
+  nav.addEventListener("moved", route);
   playback.addEventListener("changed", nameDocument);
   addEventListener("keydown", onKey);
   const [homeTab, , ownTab] = part("tabs").children;
@@ -308,7 +331,7 @@ async function start() {
   part("drawer-button").addEventListener("click", () => drawer.toggle());
   part("help-button").addEventListener("click", showHelp);
   part("offline-retry").addEventListener("click", () => live.connect());
-  show();
+  route();
   if (location.search === "?search") part("search").focus();
   startSidebar();
 }

@@ -4,12 +4,19 @@
 export const home = "/tidal";
 /** The modules that serve: the titles of their top nodes, by path. */
 export const modules = new Map([[home, ""]]);
+/** Where those that offer search are asked how: their `SearchPath`, by path. */
+export const searches = new Map();
 /** Where the page begins: there, or at the top of another module where that is not served. */
 export const startPath = () => (modules.has(home) ? home : [...modules.keys()][0]);
 /** The rows of "/" say which modules there are. */
 export function setModules(rows) {
   modules.clear();
-  for (const { Path, Title, Disabled } of rows) if (Path && !Disabled) modules.set(Path, Title);
+  searches.clear();
+  for (const { Path, Title, Disabled, SearchPath } of rows) {
+    if (!Path || Disabled) continue;
+    modules.set(Path, Title);
+    if (SearchPath) searches.set(Path, SearchPath);
+  }
   if (!modules.size) modules.set(home, "");
 }
 /** The modules that the page does not begin with, as rows. */

@@ -11,7 +11,8 @@ import { t } from "./text.js";
 
 const ahead = "300px 0px";
 
-const isShown = (row) => ["Container", "Audio"].includes(row.Type) && row.Path;
+/** Whether a row is something to open or to play. */
+export const isShown = (row) => ["Container", "Audio"].includes(row.Type) && row.Path;
 
 /**
  * Covers side by side ("grid"), or rows one below the other. It is gone when there is nothing on it, and

@@ -2,6 +2,7 @@ import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { createRequire } from "node:module";
 import { journey } from "./harness/journey.js";
+import { both } from "./harness/streamer.js";
 
 const axe = await readFile(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 
@@ -56,7 +57,12 @@ const views = {
     await person.visit("/tidal/search/choose?query=harb");
     for (const kind of ["Albums", "Tracks", "Artists", "Playlists"]) await person.list(kind).getByRole("button", { name: "Menu of" }).first().waitFor();
   },
+  "search in another module": async (person) => {
+    await person.button("Shelf").click();
+    await person.row("Tone 3").waitFor();
+  },
   playing: async (person) => {
+    await person.button("TIDAL").click();
     await person.list("Tracks").getByRole("button").first().click();
     await person.player.getByRole("button", { name: "Pause" }).waitFor();
     await person.player.getByRole("link", { name: /^Now playing/ }).click();
@@ -100,10 +106,10 @@ async function examine(person, options) {
 
 const allowed = [/nowhere|status of 404/];
 
-journey("nothing hinders who cannot see or point", { colorScheme: "light", allowed }, (person) => examine(person, {}));
-journey("dark, it can be read as well", { colorScheme: "dark", allowed }, (person) => examine(person, { runOnly: ["color-contrast"] }));
+journey("nothing hinders who cannot see or point", { words: both, colorScheme: "light", allowed }, (person) => examine(person, {}));
+journey("dark, it can be read as well", { words: both, colorScheme: "dark", allowed }, (person) => examine(person, { runOnly: ["color-contrast"] }));
 
-journey("a phone has room for every view", { width: 390, height: 844, hasTouch: true, isMobile: true, allowed }, async (person) => {
+journey("a phone has room for every view", { words: both, width: 390, height: 844, hasTouch: true, isMobile: true, allowed }, async (person) => {
   const wide = [];
   for (const [name, reach] of Object.entries(views)) {
     await reach(person);

@@ -1,7 +1,6 @@
 import assert from "node:assert/strict";
-import path from "node:path";
 import { journey } from "./harness/journey.js";
-import { program } from "./harness/streamer.js";
+import { both, shelf } from "./harness/streamer.js";
 import { openWindow } from "./harness/window.js";
 
 const newTracks = "/tidal/req/featured/new/tracks";
@@ -56,14 +55,17 @@ journey("home: shelves of music", { allowed: [/status (of )?502/] }, async (pers
   await person.until(async () => (await person.focused()).startsWith(album), "the focus is where it was");
 });
 
-const besides = (file) => ["--module", path.join(path.dirname(program), "..", file)];
-const shelf = besides("tests/streamer/modules/libshelf.so");
+const rowsOf = (path) => (url) => url.pathname.endsWith("/rows") && url.searchParams.get("path") === path;
 
-const both = [...besides("lib/libkelo_cb_tidal.so"), ...shelf];
-
-journey("a second module stands beside the service", { words: both }, async (person) => {
-  const { page } = person;
+journey("a second module stands beside the service, and is searched for itself", { words: both }, async (person) => {
+  const { page, view } = person;
+  const field = page.getByRole("searchbox", { name: "Search", exact: true });
+  const chip = (name) => view.getByRole("group", { name: "Where to search" }).getByRole("button", { name, exact: true });
+  const kinds = view.getByRole("group", { name: "Kinds" });
+  const asks = (name) => page.getByPlaceholder(`Search ${name}`, { exact: true }).waitFor({ state: "attached" });
+  const isPressed = (name) => chip(name).and(page.locator("[aria-pressed=true]")).waitFor();
   await person.visit();
+  await asks("TIDAL");
   await page.getByRole("navigation", { name: "Music" }).getByRole("link", { name: "Shelf" }).click();
   await person.open("Tones");
   await person.heading("Tones");
@@ -72,10 +74,68 @@ journey("a second module stands beside the service", { words: both }, async (per
   await person.heading("Tones");
   await page.getByRole("navigation", { name: "Where you are" }).getByRole("link", { name: "Shelf" }).click();
   await person.heading("Shelf");
+
+  await asks("Shelf");
+  await field.fill("harb");
+  await person.row("Tone 3").waitFor();
+  await isPressed("Shelf");
+  assert.equal(await kinds.count(), 0, "tones are no kinds");
+  await chip("TIDAL").click();
+  await person.list("Best hit").getByRole("link", { name: "Harbour & Tower" }).waitFor();
+  await kinds.getByRole("button", { name: "Albums" }).waitFor();
+  assert.equal(await field.inputValue(), "harb");
+  assert.equal(await person.focused(), "TIDAL");
+  await chip("Shelf").click();
+  await person.row("Tone 3").waitFor();
+
+  // Its address leads there again: as a link, by the way back, and after what is no search.
+  await page.reload();
+  await person.row("Tone 3").waitFor();
+  await isPressed("Shelf");
+  await page.goto("/#/shelf/tones?id=Tone%203");
+  await person.heading("Tones");
+  await page.reload();
+  await person.heading("Tones");
+  assert.equal(await field.inputValue(), "");
+  await page.goBack();
+  await isPressed("Shelf");
+  assert.equal(await field.inputValue(), "harb");
+
+  // What was found stands in a list, whatever the paths are like.
+  const answer = (rows) => ({ json: { path: "", from: 0, rowsCount: rows.length, rowsVersion: 0, roles: {}, rows } });
+  const album = { Type: "Container", Path: "/shelf/albums?id=1", Id: "1", Title: "Blue", Icon: "" };
+  await page.route(rowsOf("/shelf/tones?text=blue"), (route) => route.fulfill(answer([album])));
+  await page.route(rowsOf("/shelf/tones?text=red"), (route) => route.fulfill(answer([])));
+  await field.fill("blue");
+  await person.row("Blue").getByRole("link").waitFor();
+  assert.equal(await kinds.count(), 0, "an album is no kind");
+  await field.fill("red");
+  await view.getByText("Nothing was found for “red”.").waitFor();
+
+  // While the service that the page begins with is not there to be searched, another one is.
+  await person.visit("/oauth2/services/tidal");
+  await asks("TIDAL");
+  await person.button("Log out").click();
+  await person.button("Get a code").waitFor();
+  await field.fill("tone");
+  await view.getByText("Only Shelf can be searched now.").waitFor();
+  await person.row("Tone 3").waitFor();
 });
 
 journey("a page of another module alone", { words: shelf, allowed: [/status (of )?404/] }, async (person) => {
+  const { page } = person;
+  await page.route(rowsOf("/"), async (route) => {
+    const answer = await (await route.fetch()).json();
+    for (const row of answer.rows) delete row.SearchPath;
+    await route.fulfill({ json: answer });
+  });
   await person.visit();
+  await page.getByPlaceholder("Search", { exact: true }).fill("tone");
+  await page.getByRole("alert").getByText("There is nothing to search here.").waitFor();
+  await page.unrouteAll();
+  await page.getByPlaceholder("Search", { exact: true }).fill("tones");
+  await person.row("Tone 3").waitFor();
+  await page.goBack();
   await person.open("Tones");
   await person.row("Tone 3").waitFor();
 });
