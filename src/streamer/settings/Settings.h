@@ -45,6 +45,9 @@ struct ModuleSettings
 {
     QStringList files;                     ///< empty: those that are installed
     QHash<QString, QVariantHash> sections; ///< by the module's name; as they stand in the file
+
+    /// Whether a module may stand there: "/radio", one segment of letters, digits, - and _.
+    static bool isPrefix(const QString& path);
 };
 
 struct OAuth2Settings

@@ -211,8 +211,7 @@ void Reading::readModules(const toml::node& node, const QString& where)
 void Reading::storeOfModule(const QString& module, const QString& key, const QVariant& value,
                             const QString& origin)
 {
-    static const QRegularExpression prefix(QStringLiteral("\\A/[A-Za-z0-9_-]+\\z"));
-    if (key == "prefix" && !prefix.match(value.toString()).hasMatch())
+    if (key == "prefix" && !ModuleSettings::isPrefix(value.toString()))
         return problem(origin, QStringLiteral("module.%1.prefix: wanted a path of one segment, "
                                               "such as /%1, got %2")
                                    .arg(module, described(value, false)));
@@ -311,6 +310,12 @@ QString defaultFile()
 }
 
 } // namespace
+
+bool ModuleSettings::isPrefix(const QString& path)
+{
+    static const QRegularExpression form(QStringLiteral("\\A/[A-Za-z0-9_-]+\\z"));
+    return form.match(path).hasMatch();
+}
 
 LoadedSettings loadSettings(const QString& file, const std::vector<SettingsOverride>& overrides)
 {

@@ -119,7 +119,9 @@ TEST_F(ModulesTest, SaysWhatAnEntryDoesWrong)
              {"throws", "its worker_create threw an exception: no shelf today"},
              {"throwsNumber", "its worker_create threw an exception of an unknown type"},
              {"null", "its worker_create gave no worker"},
-             {"noPaths", "it serves no paths"}}) {
+             {"noPaths", "it serves no paths"},
+             {"top", "it stands at \"/\", which is no path of one segment"},
+             {"throwsPaths", "its worker threw an exception: no paths today"}}) {
         const QString file = folder + "libshelf.so";
         EXPECT_EQ(start({file}, {{"shelf", {{"how", how}}}}),
                   "cannot use the module " + file + ": " + said);
@@ -131,7 +133,7 @@ TEST_F(ModulesTest, OneThatFailsLeavesTheOthersServing)
 {
     const QString file = folder + "libshelf.so";
     const QString twin = copy("twin");
-    EXPECT_EQ(start({file, folder + "liboldshelf.so", twin, copy("kelo_cb_radio")},
+    EXPECT_EQ(start({file, folder + "liboldshelf.so", twin, copy("kelo_cb_radio"), copy(QString())},
                     {{"shelf", {{"title", "Books"}}},
                      {"twin", {{"prefix", "/shelf"}}},
                      {"radio", {{"prefix", "/waves"}, {"title", "Radio"}}}}),
@@ -146,6 +148,7 @@ TEST_F(ModulesTest, OneThatFailsLeavesTheOthersServing)
     EXPECT_EQ(modules.states().at(1).problem, old);
     EXPECT_EQ(modules.states().at(2).problem,
               "cannot use the module " + twin + ": its prefix /shelf is that of " + file);
+    EXPECT_TRUE(modules.states().at(4).problem.contains("its name \"\" has more than"));
 }
 
 TEST_F(ModulesTest, NamesSectionsThatAreNoModules)
@@ -182,22 +185,35 @@ TEST_F(ModulesTest, WhatThrowsInItsLoopEndsAlone)
 
 TEST_F(ModulesTest, OneThatHangsIsLeftBehindAndNeverPublished)
 {
-    int until[2];
-    int gone[2];
-    ASSERT_TRUE(::pipe2(until, O_CLOEXEC) == 0 && ::pipe2(gone, O_CLOEXEC) == 0);
-    const QHash<QString, QVariantHash> hangs{
-        {"shelf", {{"how", "hangs"}, {"until", until[0]}, {"gone", gone[1]}}}};
-    EXPECT_EQ(start({folder + "libshelf.so", copy("radio")}, hangs, std::chrono::milliseconds(50)),
-              QString());
-    EXPECT_TRUE(rows("/shelf").value(0).endsWith("has not returned within 0.05 s"));
-    EXPECT_TRUE(modules.isThreadLeftBehind());
-    modules.stop();
-    ::close(until[1]);
-    char byte;
-    EXPECT_EQ(::read(gone[0], &byte, 1), 0);
-    EXPECT_EQ(rows("/shelf").value(0).left(6), "error:");
-    ::close(until[0]);
-    ::close(gone[0]);
+    for (const bool isInFirstCode : {false, true}) {
+        int until[2];
+        int gone[2];
+        ASSERT_TRUE(::pipe2(until, O_CLOEXEC) == 0 && ::pipe2(gone, O_CLOEXEC) == 0);
+        const QString name = isInFirstCode ? "stuck" : "shelf";
+        QVariantHash settings{{"until", until[0]}, {"gone", gone[1]}};
+        // While the first code of one runs, the system loads no other library.
+        QStringList files{copy(name)};
+        if (isInFirstCode)
+            qputenv("SHELF_UNTIL", QByteArray::number(until[0]));
+        else
+            files << copy("radio");
+        settings["how"] = isInFirstCode ? "" : "hangs";
+        (void)start(files, {{name, settings}}, std::chrono::milliseconds(50));
+        EXPECT_TRUE(rows('/' + name)
+                        .value(0)
+                        .endsWith(isInFirstCode
+                                      ? "its own first code has not returned within 0.05 s"
+                                      : "its worker_create has not returned within 0.05 s"));
+        EXPECT_TRUE(modules.isThreadLeftBehind());
+        modules.stop();
+        ::close(until[1]);
+        char byte;
+        EXPECT_EQ(::read(gone[0], &byte, 1), 0);
+        EXPECT_EQ(rows('/' + name).value(0).left(6), "error:");
+        ::close(until[0]);
+        ::close(gone[0]);
+        qunsetenv("SHELF_UNTIL");
+    }
 }
 
 } // namespace

@@ -17,8 +17,10 @@
 #endif
 
 /// A module with one list of tones, for tests. Its settings say what it does wrong: "how" is one of
-/// throws, throwsNumber, null, noPaths, hangs. One that hangs waits for the end of the pipe "until"
-/// (for ever without one) and closes "gone" when its worker is deleted.
+/// throws, throwsNumber, null, hangs, or of its prefixes noPaths, top, throwsPaths. One that hangs
+/// waits for the end of the pipe "until" (for ever without one) and closes "gone" when its worker
+/// is deleted. Where the environment names the pipe (SHELF_UNTIL), its first code hangs in that
+/// way.
 class ShelfWorker : public CMNodesWorker
 {
     Q_OBJECT
@@ -26,7 +28,7 @@ public:
     ShelfWorker(const QVariantHash& settings, const QString& name) : CMNodesWorker(settings, name)
     {
         const QVariantHash own = settings["settings"].toHash();
-        m_hasNoPaths = own["how"] == "noPaths";
+        m_how = own["how"].toString();
         m_uri = own["uri"].toString();
         m_gone = own.value("gone", -1).toInt();
         m_loginPath.appendSubpath(name);
@@ -68,7 +70,11 @@ public:
     }
     QStringList prefixes() const override
     {
-        return m_hasNoPaths ? QStringList() : CMNodesWorker::prefixes();
+        if (m_how == "throwsPaths")
+            throw std::runtime_error("no paths today");
+        return m_how == "noPaths" ? QStringList()
+               : m_how == "top"   ? QStringList("/")
+                                  : CMNodesWorker::prefixes();
     }
 
 private Q_SLOTS:
@@ -130,13 +136,33 @@ private:
         return row;
     }
 
-    bool m_hasNoPaths;
+    QString m_how;
     QString m_uri;
     int m_gone;
     CMPath m_loginPath = KeloOAuth2ServicePath();
     CMValueItem* m_login;
     CMListRowsNode* m_top;
 };
+
+namespace {
+
+void waitForEnd(int pipe)
+{
+    char byte;
+    while (::read(pipe, &byte, 1) > 0) {
+    }
+}
+
+struct FirstCode
+{
+    FirstCode()
+    {
+        if (qEnvironmentVariableIsSet("SHELF_UNTIL"))
+            waitForEnd(qEnvironmentVariableIntValue("SHELF_UNTIL"));
+    }
+} firstCode;
+
+} // namespace
 
 #ifndef SHELF_HAS_NO_ENTRY
 extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
@@ -151,9 +177,8 @@ extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
         return nullptr;
     if (how == "hangs" && !given["settings"].toHash().contains("until"))
         ::pause();
-    char byte;
-    while (how == "hangs" && ::read(given["settings"].toHash()["until"].toInt(), &byte, 1) > 0) {
-    }
+    if (how == "hangs")
+        waitForEnd(given["settings"].toHash()["until"].toInt());
     return static_cast<CMAbstractWorker*>(new ShelfWorker(given, name));
 }
 #endif

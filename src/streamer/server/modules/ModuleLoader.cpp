@@ -13,9 +13,9 @@ QString without(const char* symbol)
     return QStringLiteral("it has no symbol \"%1\"").arg(QLatin1String(symbol));
 }
 
-/// Why the file is none that fits this program, as the end of a sentence; empty when it fits. The
-/// file is only read: loading it would run its first code.
-QString misfit(const QString& file)
+} // namespace
+
+QString ModuleLoader::misfit(const QString& file)
 {
     const LibraryFile library(file);
     if (!library.reason().isEmpty())
@@ -30,8 +30,6 @@ QString misfit(const QString& file)
     return QString();
 }
 
-} // namespace
-
 QString ModuleLoader::refusal(const QString& file, const QString& reason)
 {
     return QStringLiteral("cannot use the module %1: %2").arg(file, reason);
@@ -39,17 +37,9 @@ QString ModuleLoader::refusal(const QString& file, const QString& reason)
 
 KeloWorkerCreate ModuleLoader::load(const QString& file, QString* error)
 {
-    if (const QString reason = misfit(file); !reason.isEmpty()) {
-        *error = refusal(file, reason);
-        return nullptr;
-    }
     const RuntimeLibrary library(file);
-    if (!library.isLoaded()) {
-        *error = QStringLiteral("cannot load the module %1: %2").arg(file, library.reason());
-        return nullptr;
-    }
     const auto create = library.function<KeloWorkerCreate>(entryName);
     if (!create)
-        *error = refusal(file, without(entryName));
+        *error = library.isLoaded() ? without(entryName) : library.reason();
     return create;
 }

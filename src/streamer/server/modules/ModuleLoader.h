@@ -6,8 +6,10 @@
 class ModuleLoader
 {
 public:
-    /// The entry of a module; null with a sentence that names the file in `error`. Nothing of a
-    /// file runs that was built for another machine or another version of the interface.
+    /// Why a file is none that fits this program, as the end of a sentence; empty when it fits. It
+    /// is only read: loading it would run its first code.
+    static QString misfit(const QString& file);
+    /// The entry of a module that fits; null with the end of a sentence in `error`.
     [[nodiscard]] static KeloWorkerCreate load(const QString& file, QString* error);
     /// The sentence that says why a module cannot be used.
     static QString refusal(const QString& file, const QString& reason);

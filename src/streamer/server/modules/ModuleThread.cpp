@@ -41,12 +41,13 @@ QString thrownBy(const char* who, const std::function<void()>& function)
 
 struct ModuleThread::Run
 {
-    KeloWorkerCreate create;
+    Load load;
     ModuleChoice choice;
     Ended ended;
 
     std::mutex mutex; ///< guards what follows
     std::condition_variable changed;
+    bool isLoaded = false;  ///< its entry is known
     bool isDone = false;    ///< the worker stands, or `problem` says why not
     bool isGivenUp = false; ///< nobody waits for the worker any more
     QString problem;
@@ -60,6 +61,13 @@ struct ModuleThread::Run
     std::unique_ptr<CMAbstractWorker> make(QString* reason)
     {
         std::unique_ptr<CMAbstractWorker> made;
+        const KeloWorkerCreate create = load(reason);
+        if (!create)
+            return made;
+        {
+            const std::lock_guard<std::mutex> lock(mutex);
+            isLoaded = true;
+        }
         const QByteArray name = choice.name.toUtf8();
         QVariantHash settings = choice.settings;
         *reason = thrownBy("its worker_create", [&] {
@@ -70,20 +78,38 @@ struct ModuleThread::Run
         return made;
     }
 
-    /// False when the worker is not wanted, or its place is taken.
+    /// Why the worker cannot have its place in the tree, as the end of a sentence; empty when it
+    /// stands there.
+    QString place(CMAbstractWorker* made)
+    {
+        const QStringList prefixes = made->prefixes();
+        if (prefixes.value(0).isEmpty())
+            return QStringLiteral("it serves no paths");
+        for (const QString& one : prefixes) {
+            if (!ModuleSettings::isPrefix(one))
+                return QStringLiteral("it stands at \"%1\", which is no path of one segment")
+                    .arg(one);
+        }
+        if (!CMRoot().addWorker(made))
+            return QStringLiteral("the prefix %1 is taken")
+                .arg(prefixes.join(QStringLiteral(" or ")));
+        prefix = prefixes.first();
+        return QString();
+    }
+
+    /// False when the worker is not wanted, or cannot have its place.
     bool publish(CMAbstractWorker* made, QEventLoop* madeLoop, const QString& reason)
     {
         std::lock_guard<std::mutex> lock(mutex);
         if (isGivenUp)
             return false;
         problem = reason;
-        if (problem.isEmpty()) {
-            prefix = made->prefixes().value(0);
-            if (prefix.isEmpty())
-                problem = QStringLiteral("it serves no paths");
-            else if (!CMRoot().addWorker(made))
-                problem = QStringLiteral("the prefix %1 is taken").arg(prefix);
-        }
+        const QString thrown = thrownBy("its worker", [&] {
+            if (problem.isEmpty())
+                problem = place(made);
+        });
+        if (!thrown.isEmpty())
+            problem = thrown;
         if (problem.isEmpty()) {
             worker = made;
             loop = madeLoop;
@@ -168,11 +194,11 @@ void ModuleThread::work(const std::shared_ptr<Run>& run)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-QString ModuleThread::start(KeloWorkerCreate create, const ModuleChoice& choice,
-                            std::chrono::milliseconds limit, const IsWanted& isWanted, Ended ended)
+QString ModuleThread::start(Load load, const ModuleChoice& choice, std::chrono::milliseconds limit,
+                            const IsWanted& isWanted, Ended ended)
 {
     m_run = std::make_shared<Run>();
-    m_run->create = create;
+    m_run->load = std::move(load);
     m_run->choice = choice;
     m_run->ended = std::move(ended);
     m_thread = std::thread([run = m_run] { work(run); });
@@ -184,14 +210,16 @@ QString ModuleThread::start(KeloWorkerCreate create, const ModuleChoice& choice,
         m_run->changed.wait_for(lock, pollInterval, [this] { return m_run->isDone; });
     m_run->isGivenUp = !m_run->isDone;
     const QString problem = m_run->problem;
+    const QString step = m_run->isLoaded ? QStringLiteral("its worker_create")
+                                         : QStringLiteral("its own first code");
     lock.unlock();
     if (m_run->isGivenUp) {
         m_thread.detach();
         m_isLeftBehind = true;
         if (!isWanted())
-            return QStringLiteral("its worker_create is not waited for any longer");
-        return QStringLiteral("its worker_create has not returned within %1 s")
-            .arg(std::chrono::duration<double>(limit).count());
+            return step + QStringLiteral(" is not waited for any longer");
+        return step + QStringLiteral(" has not returned within %1 s")
+                          .arg(std::chrono::duration<double>(limit).count());
     }
     if (!problem.isEmpty())
         m_thread.join();

@@ -7,11 +7,14 @@
 #include <memory>
 #include <thread>
 
-/// The thread of one module: makes its worker, publishes it and runs its event loop. What the
-/// module throws ends this thread alone. Owned by Modules, used on its thread.
+/// The thread of one module: loads it, makes its worker, publishes that and runs its event loop.
+/// What the module throws ends this thread alone. Owned by Modules, used on its thread.
 class ModuleThread
 {
 public:
+    /// Gives the module's entry, on its thread: loading it runs its first code. Null with the end
+    /// of a sentence in `error`.
+    using Load = std::function<KeloWorkerCreate(QString* error)>;
     /// Told on the module's thread when that has come to an end by itself, with the reason.
     using Ended = std::function<void(const QString& reason)>;
     /// Whether to wait any longer; asked now and then.
@@ -22,11 +25,11 @@ public:
     ModuleThread(const ModuleThread&) = delete;
     ModuleThread& operator=(const ModuleThread&) = delete;
 
-    /// Calls the entry on a new thread and waits until the worker is published. Why it is not, as
-    /// the end of a sentence; empty when it is. A thread that has not come back within the limit is
-    /// left behind, and nothing of it is published later.
-    QString start(KeloWorkerCreate create, const ModuleChoice& choice,
-                  std::chrono::milliseconds limit, const IsWanted& isWanted, Ended ended);
+    /// Loads and calls the entry on a new thread and waits until the worker is published. Why it is
+    /// not, as the end of a sentence; empty when it is. A thread that has not come back within the
+    /// limit is left behind, and nothing of it is published later.
+    QString start(Load load, const ModuleChoice& choice, std::chrono::milliseconds limit,
+                  const IsWanted& isWanted, Ended ended);
     /// The first of the worker's own prefixes.
     QString prefix() const;
     /// Drops what is queued for a worker whose event loop has ended by itself. It lives until

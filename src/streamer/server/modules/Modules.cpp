@@ -6,7 +6,6 @@
 #include <kelo/CMNodesWorker.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloPost.h>
-#include <QRegularExpression>
 
 /// The node "/": a row for each module, which leads to its top node.
 class Modules::Top : public CMNodesWorker
@@ -60,8 +59,7 @@ bool Modules::start(const std::vector<ModuleChoice>& choices, std::chrono::milli
 
 QString Modules::clash(const ModuleChoice& choice) const
 {
-    static const QRegularExpression names(QStringLiteral("\\A[A-Za-z0-9_-]+\\z"));
-    if (!names.match(choice.name).hasMatch())
+    if (!ModuleSettings::isPrefix('/' + choice.name))
         return QStringLiteral("its name \"%1\" has more than letters, digits, - and _")
             .arg(choice.name);
     for (const auto& other : m_modules) {
@@ -76,12 +74,7 @@ QString Modules::startOne(Module& module, std::chrono::milliseconds limit,
                           const ModuleThread::IsWanted& isWanted)
 {
     const QString file = module.choice.file;
-    QString error;
-    const KeloWorkerCreate create = ModuleLoader::load(file, &error);
-    if (!create)
-        return error;
-    if (const QString reason = clash(module.choice); !reason.isEmpty())
-        return ModuleLoader::refusal(file, reason);
+    const auto load = [file](QString* error) { return ModuleLoader::load(file, error); };
     const auto ended = [this, &module](const QString& reason) {
         keloPost(this, [this, &module, reason] {
             module.thread.dropQueued();
@@ -92,7 +85,11 @@ QString Modules::startOne(Module& module, std::chrono::milliseconds limit,
                 m_onNoneLeft();
         });
     };
-    const QString reason = module.thread.start(create, module.choice, limit, isWanted, ended);
+    QString reason = ModuleLoader::misfit(file);
+    if (reason.isEmpty())
+        reason = clash(module.choice);
+    if (reason.isEmpty())
+        reason = module.thread.start(load, module.choice, limit, isWanted, ended);
     if (!reason.isEmpty())
         return ModuleLoader::refusal(file, reason);
     module.choice.prefix = module.thread.prefix();
@@ -107,6 +104,8 @@ void Modules::fail(Module& module, const QString& problem)
         std::lock_guard<std::mutex> lock(m_mutex);
         module.state.problem = problem;
     }
+    if (module.choice.prefix == QLatin1String("/"))
+        return; // of a file without a name; there stand the others
     module.failed = std::make_unique<FailedModule>(module.choice, problem);
     if (!CMRoot().addWorker(module.failed.get()))
         module.failed.reset(); // its place is another one's
