@@ -241,6 +241,14 @@ TEST(JourneyTest, aServeThatCannotServeSaysWhy)
               {"--module", KELO_SHELF},
               2,
               "has not returned within 0.1 s"},
+             {"[module.shelf]\nhow = \"exits\"\n",
+              {"--module", KELO_SHELF},
+              2,
+              "a module has called exit()"},
+             {"[server]\nweb_dir = \"/nowhere\"\n[module.shelf]\nhow = \"stays\"\n",
+              {"--module", KELO_SHELF},
+              1,
+              "server.web_dir: /nowhere is no folder"},
              {"", {"--module", noModule}, 2, "it has no symbol \"kelo_module_interface\""}}) {
         Streamer streamer;
         EXPECT_FALSE(streamer.start(settings, arguments)) << said;

@@ -50,13 +50,13 @@ bool EndSignals::isPending()
     return sigismember(&signalSet, SIGTERM) == 1 || sigismember(&signalSet, SIGINT) == 1;
 }
 
-void EndSignals::limitStopTime()
+void EndSignals::limitStopTime(int status)
 {
     try {
-        std::thread([] {
+        std::thread([status] {
             std::this_thread::sleep_for(stopPatience);
             std::fputs("kelo: stopping took too long, ending now\n", stderr);
-            ::_exit(1);
+            ::_exit(status);
         }).detach();
     } catch (const std::system_error&) {
         std::fputs("kelo: there is no thread to limit the time of stopping\n", stderr);

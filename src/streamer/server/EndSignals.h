@@ -15,9 +15,9 @@ public:
 
     /// Whether one has come that the event loop has not been told of yet.
     static bool isPending();
-    /// Ends the process the hard way when stopping takes longer than a second and a half; one that
-    /// hangs in a foreign library must not outlive its manager's patience.
-    static void limitStopTime();
+    /// Ends the process the hard way, with that status, when stopping takes longer than a second
+    /// and a half; one that hangs in a foreign library must not outlive its manager's patience.
+    static void limitStopTime(int status);
 
 private:
     int m_fd;

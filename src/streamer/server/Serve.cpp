@@ -7,10 +7,13 @@
 #include "ServiceManager.h"
 #include "Streamer.h"
 
+#include <atomic>
+#include <cstdio>
 #include <cstdlib>
 #include <iostream>
 #include <kelo/KeloLog.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace {
 
@@ -35,6 +38,30 @@ int exitStatus(const Streamer& streamer)
     return streamer.isWithoutModule() ? exitUsage : exitFailed;
 }
 
+/// Guards against exit() of a module, or of a library that it uses: the program would seem to have
+/// ended in order. Lives as long as serve.
+class OwnEnd
+{
+public:
+    OwnEnd()
+    {
+        std::atexit([] {
+            if (foreignStatus == exitDone)
+                return;
+            std::fputs("kelo: a module has called exit()\n", stderr);
+            ::_exit(foreignStatus);
+        });
+    }
+    ~OwnEnd() { foreignStatus = exitDone; }
+    OwnEnd(const OwnEnd&) = delete;
+    OwnEnd& operator=(const OwnEnd&) = delete;
+    /// From now on another start may help.
+    static void hasStarted() { foreignStatus = exitFailed; }
+
+private:
+    inline static std::atomic<int> foreignStatus{exitUsage}; ///< what such an end is given
+};
+
 /// A thread that is left behind must not meet the end of what it uses.
 int ended(const Streamer& streamer, int status)
 {
@@ -53,6 +80,7 @@ int keloServe(const ServeOptions& options, const Settings& settings)
     static char* arguments[] = {name, nullptr};
     static int count = 1;
     QString error;
+    const OwnEnd ownEnd;
     ModuleApplication application(count, arguments);
     const FreeMemory freeMemory;
     EndSignals endSignals([] { QCoreApplication::quit(); });
@@ -60,23 +88,29 @@ int keloServe(const ServeOptions& options, const Settings& settings)
         return failed(error);
 
     Streamer streamer(options, settings, [] { QCoreApplication::exit(exitUsage); });
+    bool isStarted = false;
     try {
-        if (!streamer.start(&error))
-            return ended(streamer, failed(error, exitStatus(streamer)));
+        isStarted = streamer.start(&error);
     } catch (const std::system_error& fault) {
-        return failed(QStringLiteral("cannot start a thread: ") +
-                      QString::fromLocal8Bit(fault.what()));
+        error = QStringLiteral("cannot start a thread: ") + QString::fromLocal8Bit(fault.what());
+    }
+    if (!isStarted) {
+        const int status = failed(error, exitStatus(streamer));
+        EndSignals::limitStopTime(status);
+        streamer.stop();
+        return ended(streamer, status);
     }
     std::cout << "listening on " << streamer.address().toStdString() << std::endl;
     KELO_LOG("Serve", INFO) << "Listening on " << streamer.address();
     tellServiceManager("READY=1");
+    OwnEnd::hasStarted();
     Watchdog watchdog([&streamer] { return streamer.loops(); });
     watchdog.start();
 
     const int status = QCoreApplication::exec();
     KELO_LOG("Serve", INFO) << "Stopping";
     tellServiceManager("STOPPING=1");
-    EndSignals::limitStopTime();
+    EndSignals::limitStopTime(exitFailed);
     streamer.stop();
     return ended(streamer, status);
 }

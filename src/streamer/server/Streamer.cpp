@@ -49,12 +49,9 @@ Streamer::~Streamer()
 bool Streamer::start(QString* error)
 {
     makeStateFolder();
-    const bool isStarted = startDemo(error) && startWorkers(error) && startPlayer(error) &&
-                           startModules(error) && startWeb(error);
-    if (!isStarted) {
-        stop();
+    if (!startDemo(error) || !startWorkers(error) || !startPlayer(error) || !startModules(error) ||
+        !startWeb(error))
         return false;
-    }
     startMpris();
     if (m_options.isDemo && m_modules.isServing('/' + KeloService_Tidal_Id()))
         logInToDemo();

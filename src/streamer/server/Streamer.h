@@ -23,7 +23,7 @@ public:
              std::function<void()> onNoneLeft);
     ~Streamer();
 
-    /// False with a sentence in `error`; what was started is stopped then.
+    /// False with a sentence in `error`; what was started stays, to be stopped.
     [[nodiscard]] bool start(QString* error);
     void stop();
     /// Whether it was started but for a module to serve.

@@ -1,3 +1,4 @@
+#include <cstdlib>
 #include <kelo/CMActivateNode.h>
 #include <kelo/CMListRowsNode.h>
 #include <kelo/CMNodesWorker.h>
@@ -17,10 +18,10 @@
 #endif
 
 /// A module with one list of tones, for tests. Its settings say what it does wrong: "how" is one of
-/// throws, throwsNumber, null, hangs, or of its prefixes noPaths, top, throwsPaths. One that hangs
-/// waits for the end of the pipe "until" (for ever without one) and closes "gone" when its worker
-/// is deleted. Where the environment names the pipe (SHELF_UNTIL), its first code hangs in that
-/// way.
+/// throws, throwsNumber, null, hangs, exits, stays (when it is to end), or of its prefixes noPaths,
+/// top, throwsPaths. One that hangs waits for the end of the pipe "until" (for ever without one)
+/// and closes "gone" when its worker is deleted. Where the environment names the pipe
+/// (SHELF_UNTIL), its first code hangs in that way.
 class ShelfWorker : public CMNodesWorker
 {
     Q_OBJECT
@@ -65,6 +66,8 @@ public:
     }
     ~ShelfWorker() override
     {
+        while (m_how == "stays")
+            ::pause();
         if (m_gone >= 0)
             ::close(m_gone);
     }
@@ -173,6 +176,8 @@ extern "C" Q_DECL_EXPORT void* worker_create(const char* name, void* settings)
         throw std::runtime_error("no shelf today");
     if (how == "throwsNumber")
         throw 42;
+    if (how == "exits")
+        std::exit(0);
     if (how == "null")
         return nullptr;
     if (how == "hangs" && !given["settings"].toHash().contains("until"))

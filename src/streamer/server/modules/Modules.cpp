@@ -74,6 +74,7 @@ QString Modules::startOne(Module& module, std::chrono::milliseconds limit,
                           const ModuleThread::IsWanted& isWanted)
 {
     const QString file = module.choice.file;
+    KELO_LOG("Modules", INFO) << "Loading " << file; // said before it can end the program
     const auto load = [file](QString* error) { return ModuleLoader::load(file, error); };
     const auto ended = [this, &module](const QString& reason) {
         keloPost(this, [this, &module, reason] {
