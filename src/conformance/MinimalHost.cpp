@@ -1,10 +1,10 @@
 #include "MinimalHost.h"
 
 #include <dlfcn.h>
-#include <exception>
 #include <kelo/CMNodesWorker.h>
 #include <kelo/CMValueNode.h>
 #include <kelo/KeloOAuth2.h>
+#include <kelo/KeloThrown.h>
 #include <kelo/KeloTidalConstants.h>
 #include <QFile>
 #include <QFileInfo>
@@ -102,22 +102,20 @@ QString MinimalHost::start()
     const QByteArray name = m_options.name.toUtf8();
     QVariantHash settings{{QStringLiteral("prefix"), m_options.prefix},
                           {QStringLiteral("settings"), m_options.settings}};
-    m_worker = m_moduleThread.start(name.constData(), [&]() -> CMAbstractWorker* {
-        try {
-            auto* worker = static_cast<CMAbstractWorker*>(m_create(name.constData(), &settings));
-            if (!worker)
-                fault = QStringLiteral("worker_create gave no worker");
-            else if (worker->prefixes() != QStringList(m_options.prefix))
-                fault = QStringLiteral("it was told to stand at %1, and stands at %2")
-                            .arg(m_options.prefix, worker->prefixes().join(QStringLiteral(", ")));
-            return worker;
-        } catch (const std::exception& exception) {
-            fault = QStringLiteral("worker_create threw: ") + QString::fromUtf8(exception.what());
-        } catch (...) {
-            fault = QStringLiteral("worker_create threw");
-        }
-        return nullptr;
+    QStringList prefixes;
+    m_worker = m_moduleThread.start(name.constData(), [&] {
+        CMAbstractWorker* worker = nullptr;
+        fault = keloThrownBy(QStringLiteral("worker_create"), [&] {
+            worker = static_cast<CMAbstractWorker*>(m_create(name.constData(), &settings));
+            prefixes = worker ? worker->prefixes() : QStringList();
+        });
+        if (!worker && fault.isEmpty())
+            fault = QStringLiteral("worker_create gave no worker");
+        return fault.isEmpty() ? worker : nullptr;
     });
+    if (m_worker && prefixes != QStringList(m_options.prefix))
+        fault = QStringLiteral("it was told to stand at %1, and stands at %2")
+                    .arg(m_options.prefix, prefixes.join(QStringLiteral(", ")));
     if (!m_worker && fault.isEmpty())
         fault = QStringLiteral("its place in the tree is taken");
     return fault;

@@ -6,6 +6,7 @@
 #include "CMWorkerRoute.h"
 #include "KeloListeners.h"
 #include "KeloLog.h"
+#include "KeloThrown.h"
 
 #include <atomic>
 #include <map>
@@ -76,7 +77,30 @@ bool isUpsideDown(const CMRequest& request)
     return !rows.isNull() && rows.from() >= 0 && rows.to() >= 0 && rows.from() > rows.to();
 }
 
+/// Calls into a worker, mostly on a thread that is not its own: what it throws ends here. As
+/// keloThrownBy().
+QString visited(const CMPath& path, const std::function<void()>& call)
+{
+    const QString thrown = keloThrownBy(QStringLiteral("the module"), call);
+    if (!thrown.isEmpty())
+        KELO_LOG("Host", ERROR) << path.toEncoded() << ": " << thrown;
+    return thrown;
+}
+
 /// Hands the request to the operation of its kind.
+void serve(CMAbstractWorker* worker, const CMRequest& serving)
+{
+    switch (serving.kind()) {
+    case CMRequestData::Kind::GetRows:
+        return worker->getRowsRequest(CMGetRowsRequest(serving));
+    case CMRequestData::Kind::SetData:
+        return worker->setDataRequest(CMSetDataRequest(serving));
+    case CMRequestData::Kind::GetData:
+        return worker->getDataRequest(CMGetDataRequest(serving));
+    }
+}
+
+/// Hands the request to the worker that it is for.
 void route(const CMRequest& request, std::chrono::milliseconds deadline)
 {
     RootState& root = state();
@@ -95,14 +119,9 @@ void route(const CMRequest& request, std::chrono::milliseconds deadline)
     // Without the holder, which the root is not.
     root.pending.add(CMVoidReply(request.reply().data()), worker, deadline);
     const CMRequest serving = request.servingSide();
-    switch (serving.kind()) {
-    case CMRequestData::Kind::GetRows:
-        return worker->getRowsRequest(CMGetRowsRequest(serving));
-    case CMRequestData::Kind::SetData:
-        return worker->setDataRequest(CMSetDataRequest(serving));
-    case CMRequestData::Kind::GetData:
-        return worker->getDataRequest(CMGetDataRequest(serving));
-    }
+    const QString thrown = visited(request.path(), [&] { serve(worker, serving); });
+    if (!thrown.isEmpty())
+        request.reply().giveUp(CMError(TrString(thrown)));
 }
 } // namespace
 
@@ -189,19 +208,28 @@ std::optional<std::chrono::steady_clock::time_point> CMRoot::oldestRequest() con
 KeloValue CMRoot::value(const CMPath& path) const
 {
     const CMWorkerRoute::Visit visit(state().find(path));
-    return visit.worker() ? visit.worker()->nodeValue(path) : KeloValue();
+    KeloValue value;
+    if (visit.worker())
+        visited(path, [&] { value = visit.worker()->nodeValue(path); });
+    return value;
 }
 
 KeloRoles CMRoot::dataRoles(const CMPath& path) const
 {
     const CMWorkerRoute::Visit visit(state().find(path));
-    return visit.worker() ? visit.worker()->dataRoles(path) : KeloRoles();
+    KeloRoles roles;
+    if (visit.worker())
+        visited(path, [&] { roles = visit.worker()->dataRoles(path); });
+    return roles;
 }
 
 KeloRoles CMRoot::servingRoles(const CMPath& path) const
 {
     const CMWorkerRoute::Visit visit(state().find(path));
-    return visit.worker() ? visit.worker()->servingRoles(path) : KeloRoles();
+    KeloRoles roles;
+    if (visit.worker())
+        visited(path, [&] { roles = visit.worker()->servingRoles(path); });
+    return roles;
 }
 
 quint64 CMRoot::openRows(const CMPath& path, CMSubscribe::RowsListener listener) const

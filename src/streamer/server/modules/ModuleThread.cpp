@@ -4,6 +4,7 @@
 #include <kelo/CMAbstractWorker.h>
 #include <kelo/KeloLog.h>
 #include <kelo/KeloPost.h>
+#include <kelo/KeloThrown.h>
 #include <mutex>
 #include <QCoreApplication>
 #include <QEvent>
@@ -12,7 +13,7 @@
 namespace {
 
 constexpr std::chrono::milliseconds pollInterval{100};
-constexpr char loopName[] = "its event loop";
+const QString loopName = QStringLiteral("its event loop");
 
 /// Of a module's thread, while its event loop runs.
 struct Current
@@ -21,21 +22,6 @@ struct Current
     QEventLoop* loop = nullptr;
 };
 thread_local Current current;
-
-/// Runs a function; what it threw, as the end of a sentence that begins with `who`; empty when
-/// nothing.
-QString thrownBy(const char* who, const std::function<void()>& function)
-{
-    try {
-        function();
-        return QString();
-    } catch (const std::exception& fault) {
-        return QStringLiteral("%1 threw an exception: %2")
-            .arg(QLatin1String(who), QString::fromLocal8Bit(fault.what()));
-    } catch (...) {
-        return QStringLiteral("%1 threw an exception of an unknown type").arg(QLatin1String(who));
-    }
-}
 
 } // namespace
 
@@ -70,7 +56,7 @@ struct ModuleThread::Run
         }
         const QByteArray name = choice.name.toUtf8();
         QVariantHash settings = choice.settings;
-        *reason = thrownBy("its worker_create", [&] {
+        *reason = keloThrownBy(QStringLiteral("its worker_create"), [&] {
             made.reset(static_cast<CMAbstractWorker*>(create(name.constData(), &settings)));
         });
         if (!made && reason->isEmpty())
@@ -104,7 +90,7 @@ struct ModuleThread::Run
         if (isGivenUp)
             return false;
         problem = reason;
-        const QString thrown = thrownBy("its worker", [&] {
+        const QString thrown = keloThrownBy(QStringLiteral("its worker"), [&] {
             if (problem.isEmpty())
                 problem = place(made);
         });
@@ -167,7 +153,7 @@ bool ModuleThread::handle(const std::function<void()>& event)
 {
     const auto [thrown, loop] = current;
     if (thrown->isEmpty())
-        *thrown = thrownBy(loopName, event);
+        *thrown = keloThrownBy(loopName, event);
     if (!thrown->isEmpty())
         loop->quit();
     return true;
@@ -181,7 +167,7 @@ void ModuleThread::work(const std::shared_ptr<Run>& run)
     if (!run->publish(worker.get(), &loop, reason))
         return;
     current = {&run->thrown, &loop};
-    reason = thrownBy(loopName, [&] { loop.exec(); });
+    reason = keloThrownBy(loopName, [&] { loop.exec(); });
     current = {};
     if (!run->thrown.isEmpty())
         reason = run->thrown;
