@@ -14,19 +14,22 @@ namespace {
 
 constexpr int mostThreadTries = 200; // of 10 ms
 
-/// Notes what the host says of second answers.
-class SecondAnswers : public log4cplus::Appender
+/// Notes what the host says of second answers, and of what the module throws.
+class HostLog : public log4cplus::Appender
 {
 public:
-    explicit SecondAnswers(Findings& findings) : m_findings(findings) {}
-    ~SecondAnswers() override { destructorImpl(); }
+    explicit HostLog(Findings& findings) : m_findings(findings) {}
+    ~HostLog() override { destructorImpl(); }
     void close() override { closed = true; }
 
 protected:
     void append(const log4cplus::spi::InternalLoggingEvent& event) override
     {
-        if (event.getMessage().find(LOG4CPLUS_TEXT("second answer")) != std::string::npos)
+        const QString text = QString::fromStdString(event.getMessage());
+        if (text.contains(QLatin1String("second answer")))
             m_findings.fault(Asker::checkName(), QStringLiteral("a request was answered twice"));
+        else if (text.contains(QLatin1String("threw an exception")))
+            m_findings.fault(Asker::checkName(), text);
     }
 
 private:
@@ -40,7 +43,7 @@ void listenToHost(Findings& findings)
     log4cplus::Logger host = keloLogger("Host");
     host.setAdditivity(false);
     host.setLogLevel(log4cplus::DEBUG_LOG_LEVEL);
-    host.addAppender(log4cplus::SharedAppenderPtr(new SecondAnswers(findings)));
+    host.addAppender(log4cplus::SharedAppenderPtr(new HostLog(findings)));
 }
 
 /// What a thread is called. One without a name of its own has that of the thread that started it,

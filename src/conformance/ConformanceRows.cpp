@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <kelo/KeloRolesType.h>
+#include <limits>
 #include <QSet>
 
 namespace {
@@ -12,6 +13,7 @@ constexpr int shortList = 12;    ///< all its rows are opened in turn
 constexpr int mostOpened = 3;    ///< of a longer one
 constexpr size_t mostRanged = 8; ///< lists whose ranges are tried
 constexpr int mostLooks = 5;     ///< at a list that changes, or at its end
+constexpr int mostRows = std::numeric_limits<int>::max() - 100; ///< so that one can ask beyond
 
 const QString rowsCheck = QStringLiteral("rows");
 const QString countsCheck = QStringLiteral("counts");
@@ -111,6 +113,8 @@ Conformance::Faults Conformance::pageFaults(List& list)
     const QString text = list.path.toEncoded();
     const Page page = list.first;
     Faults faults;
+    if (page.count < 0 || page.count > mostRows)
+        return {{countsCheck, QStringLiteral("%1 says %2 rows").arg(text).arg(page.count)}};
     if (page.rows.size() != std::min(page.count, pageSize))
         faults.append({countsCheck, QStringLiteral("%1 says %2 rows, and gives %3 of the first %4")
                                         .arg(text)
@@ -189,6 +193,11 @@ void Conformance::checkRow(const CMPath& list, const KeloRoles& row)
 {
     const QString path = row.toHash().value(KeloRoles::Path()).toString();
     const QString where = QStringLiteral("%1, row \"%2\"").arg(list.toEncoded(), row.title());
+    for (const QString& role : {KeloRoles::Path(), KeloRoles::Type()}) {
+        const QVariant value = row.toHash().value(role);
+        if (value.isValid() && value.type() != QVariant::String)
+            m_findings.fault(rowsCheck, QStringLiteral("%1: %2 is no text").arg(where, role));
+    }
     if (!isKnownType(row.type()))
         m_findings.fault(rowsCheck, QStringLiteral("%1: type %2").arg(where, row.type()));
     bool isWell = true;
@@ -212,7 +221,8 @@ void Conformance::checkRanges()
 {
     size_t tried = 0;
     for (List& list : m_lists) {
-        if (list.first.rows.isEmpty() || tried == mostRanged)
+        const bool isCounted = list.first.count >= 0 && list.first.count <= mostRows;
+        if (list.first.rows.isEmpty() || !isCounted || tried == mostRanged)
             continue;
         ++tried;
         m_findings.begin(rangesCheck, list.path.toEncoded());

@@ -28,7 +28,10 @@ void Findings::begin(const QString& check, const QString& detail)
 void Findings::fault(const QString& check, const QString& what)
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
-    m_faults[check].append(what);
+    QStringList& faults = m_faults[check];
+    if (faults.isEmpty())
+        write("fault", {check, QStringLiteral("FAIL"), what}); // the end may not come
+    faults.append(what);
 }
 
 void Findings::end(const QString& check, const QString& summary)

@@ -1,14 +1,13 @@
+#include "Child.h"
 #include "Conformance.h"
 
-#include <csignal>
-#include <cstdlib>
+#include <algorithm>
 #include <cstring>
 #include <iostream>
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -29,24 +28,9 @@ void onMessage(QtMsgType type, const QMessageLogContext&, const QString& text)
     _exit(exitFailed);
 }
 
-/// The checks, in a process that the module may end. Its arguments begin with the descriptor to
-/// report to.
-int runChecks(int argc, char** argv)
+/// The checks, in a process that the module may end.
+int runChecks(const Options& options, int descriptor)
 {
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments().mid(1);
-    const int descriptor = arguments.value(0).mid(int(std::strlen(childMark))).toInt();
-    Options options;
-    QString error;
-    if (!options.read(arguments.mid(1), &error)) {
-        std::cerr << "kelo-conformance: " << error.toStdString() << std::endl;
-        return exitUsage;
-    }
-    if (options.isHelp) {
-        std::cout << Options::help().toStdString();
-        return 0;
-    }
-    alarm(unsigned(options.limit.count()));
     Findings findings(descriptor);
     childFindings = &findings;
     qInstallMessageHandler(onMessage);
@@ -55,46 +39,52 @@ int runChecks(int argc, char** argv)
     return 0;
 }
 
+/// A module's text as one line that does nothing to a terminal.
+std::string shown(QString text)
+{
+    for (QChar& letter : text) {
+        if (letter.category() == QChar::Other_Control || letter.category() == QChar::Other_Format)
+            letter = QLatin1Char('?');
+    }
+    return text.toStdString();
+}
+
 /// What the child reported, and how it ended.
 struct Report
 {
     QList<Finding> findings;
-    Finding begun; ///< the last check that began
-    bool isEmpty = true;
+    QList<Finding> faults; ///< of checks that have not ended
+    Finding begun;         ///< the last check that began
     bool isComplete = false;
 
-    void read(int descriptor)
-    {
-        QByteArray text;
-        char piece[4096];
-        for (ssize_t size = 0; (size = ::read(descriptor, piece, sizeof piece)) > 0;)
-            text.append(piece, int(size));
-        for (const QByteArray& line : text.split('\n'))
-            take(QJsonDocument::fromJson(line).object());
-    }
     void take(const QJsonObject& line)
     {
         const QString kind = line["kind"].toString();
         const Finding finding{line["check"].toString(), line["result"].toString(),
                               line["detail"].toString()};
-        isEmpty = isEmpty && kind.isEmpty();
         isComplete = isComplete || kind == QLatin1String("complete");
         if (kind == QLatin1String("begin"))
             begun = finding;
-        else if (kind == QLatin1String("end"))
-            findings.append(finding);
-    }
-    void end(int status)
-    {
-        if (isComplete)
+        else if (kind == QLatin1String("fault"))
+            faults.append(finding);
+        if (kind != QLatin1String("end"))
             return;
-        const int signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
-        const QString how = signal == SIGALRM ? QStringLiteral("it did not come to an end")
-                            : signal != 0     ? QString::fromLocal8Bit(strsignal(signal))
-                                              : QStringLiteral("the module ended the process");
-        const QString where =
-            begun.detail.isEmpty() ? QString() : QStringLiteral(" at ") + begun.detail;
-        findings.append({begun.check, QStringLiteral("FAIL"), how + where});
+        findings.append(finding);
+        const auto ofIt = [&](const Finding& fault) { return fault.check == finding.check; };
+        faults.erase(std::remove_if(faults.begin(), faults.end(), ofIt), faults.end());
+    }
+    void end(QString how)
+    {
+        findings += faults;
+        if (how.isEmpty() && !isComplete)
+            how = QStringLiteral("the module ended the process");
+        if (how.isEmpty())
+            return;
+        const QString where = isComplete               ? QStringLiteral(" after main()")
+                              : begun.detail.isEmpty() ? QString()
+                                                       : QStringLiteral(" at ") + begun.detail;
+        findings.append({isComplete ? QStringLiteral("exit") : begun.check, QStringLiteral("FAIL"),
+                         how + where});
     }
     bool isPassed() const
     {
@@ -110,8 +100,7 @@ struct Report
                 {"check", finding.check}, {"result", finding.result}, {"detail", finding.detail}});
             if (!isJson)
                 std::cout << finding.check.leftJustified(10).toStdString()
-                          << finding.result.toStdString() << "  " << finding.detail.toStdString()
-                          << "\n";
+                          << finding.result.toStdString() << "  " << shown(finding.detail) << "\n";
         }
         const QJsonObject all{{"passed", isPassed()}, {"checks", checks}};
         if (isJson)
@@ -123,32 +112,29 @@ struct Report
 
 int main(int argc, char** argv)
 {
-    if (argc > 1 && std::strncmp(argv[1], childMark, std::strlen(childMark)) == 0)
-        return runChecks(argc, argv);
-    int ends[2];
-    if (pipe(ends) != 0)
-        return exitFailed;
-    const pid_t child = fork();
-    if (child == 0) {
-        close(ends[0]);
-        const std::string mark = childMark + std::to_string(ends[1]);
-        std::vector<char*> words(argv, argv + argc + 1);
-        words.insert(words.begin() + 1, const_cast<char*>(mark.c_str()));
-        // Anew: threads that libraries have started are not there after a fork.
-        // By its own name, which unnamed threads show.
-        char* const self = realpath("/proc/self/exe", nullptr);
-        execv(self ? self : "/proc/self/exe", words.data());
-        _exit(exitFailed);
+    QCoreApplication application(argc, argv);
+    QStringList arguments = QCoreApplication::arguments().mid(1);
+    const QString first = arguments.value(0);
+    const bool isChild = first.startsWith(QLatin1String(childMark));
+    if (isChild)
+        arguments.removeFirst();
+    Options options;
+    QString error;
+    if (!options.read(arguments, &error)) {
+        std::cerr << "kelo-conformance: " << error.toStdString() << std::endl;
+        return exitUsage;
     }
-    close(ends[1]);
+    if (options.isHelp) {
+        std::cout << Options::help().toStdString();
+        return 0;
+    }
+    if (isChild)
+        return runChecks(options, first.mid(int(std::strlen(childMark))).toInt());
+    Child child(childMark, {argv, argv + argc});
     Report report;
-    report.read(ends[0]);
-    int status = 0;
-    waitpid(child, &status, 0);
-    if (report.isEmpty && WIFEXITED(status))
-        return WEXITSTATUS(status);
-    report.end(status);
-    report.print(std::any_of(argv, argv + argc,
-                             [](const char* word) { return std::strcmp(word, "--json") == 0; }));
+    for (const QByteArray& line : child.follow(options.limit).split('\n'))
+        report.take(QJsonDocument::fromJson(line).object());
+    report.end(child.fault());
+    report.print(options.isJson);
     return report.isPassed() ? 0 : exitFailed;
 }

@@ -6,6 +6,7 @@
 #include <kelo/KeloModule.h>
 #include <kelo/KeloPost.h>
 #include <kelo/PlayLogicInterface.h>
+#include <limits>
 #include <thread>
 #include <unistd.h>
 
@@ -65,6 +66,8 @@ public:
             request.reply().setError(CMError(TrString(QStringLiteral("bad range"))));
             return true;
         }
+        if (is("throws later"))
+            throw std::runtime_error("no rows");
         request.reply().setValue(answer(request));
         if (is("answers twice"))
             request.reply().setError(CMError(TrString(QStringLiteral("again"))));
@@ -100,6 +103,8 @@ private:
                 row.setPath(path() + QStringLiteral("/0"));
             if (is("has one row only"))
                 row.setTitle(QStringLiteral("0"));
+            if (is("has a number for a path"))
+                row.insert(KeloRoles::Path(), i);
             if (is("has a strange type"))
                 row.insert(KeloRoles::Type(), QStringLiteral("Sound"));
             if (is("has a broken path"))
@@ -117,8 +122,9 @@ private:
         }
         KeloRowsRoles answer;
         answer.setRows(rows);
-        answer.setRowsCount(count - (is("counts wrongly") ? 15 : 0) +
-                            (is("counts its end wrongly") ? 7 : 0));
+        answer.setRowsCount(is("counts for ever") ? std::numeric_limits<int>::max()
+                                                  : count - (is("counts wrongly") ? 15 : 0) +
+                                                        (is("counts its end wrongly") ? 7 : 0));
         answer.setRoles(getDataRoles({}));
         return answer;
     }
@@ -152,6 +158,15 @@ public:
                                SLOT(on_add(CMSetDataRequest)), Qt::QueuedConnection);
         CMActivateNode::create(nodes(), play, this, SLOT(on_play(CMSetDataRequest)),
                                Qt::QueuedConnection);
+        if (is("leaves a process") && fork() == 0)
+            pause();
+        if (is("blocks every signal")) {
+            sigset_t all;
+            sigfillset(&all);
+            sigprocmask(SIG_SETMASK, &all, nullptr);
+            std::signal(SIGALRM, SIG_IGN);
+            pause();
+        }
         if (is("leaves a thread"))
             std::thread([] { pause(); }).detach();
     }
@@ -191,6 +206,21 @@ private:
     FaultyList* m_list;
 };
 
+namespace {
+
+/// Of the library, gone when the process ends.
+struct Last
+{
+    ~Last()
+    {
+        if (crashes)
+            std::raise(SIGSEGV);
+    }
+    bool crashes = false;
+} last;
+
+} // namespace
+
 KELO_MODULE_INTERFACE
 
 extern "C" Q_DECL_EXPORT void* worker_create(const char*, void* settings)
@@ -198,6 +228,7 @@ extern "C" Q_DECL_EXPORT void* worker_create(const char*, void* settings)
     QVariantHash given = *static_cast<const QVariantHash*>(settings);
     const QVariantHash own = given.value(QStringLiteral("settings")).toHash();
     const QString fault = own.value(QStringLiteral("fault")).toString();
+    last.crashes = fault == QLatin1String("crashes at last");
     if (fault == QLatin1String("throws"))
         throw std::runtime_error("no antenna");
     if (fault == QLatin1String("gives no worker"))
