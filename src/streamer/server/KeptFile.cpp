@@ -41,11 +41,19 @@ bool writeFile(const QByteArray& name, const QByteArray& bytes)
     return isWritten;
 }
 
-/// Whether the file is not there any more.
-bool unlinkFile(const QString& name)
+/// Whether the file is not there any more. Where nothing may be written, the system says that
+/// before it looks for the file.
+bool unlinkFile(const QString& file)
 {
-    return ::unlink(QFile::encodeName(name).constData()) == 0 || errno == ENOENT ||
-           errno == ENOTDIR;
+    const QByteArray name = QFile::encodeName(file);
+    if (::unlink(name.constData()) == 0)
+        return true;
+    const int number = errno;
+    struct stat status = {};
+    if (::lstat(name.constData(), &status) != 0)
+        return errno == ENOENT || errno == ENOTDIR;
+    errno = number;
+    return false;
 }
 
 QString reason(int number)

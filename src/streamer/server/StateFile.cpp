@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QJsonDocument>
+#include <sys/stat.h>
 
 namespace {
 
@@ -32,13 +33,13 @@ StateFile::Found StateFile::read(QJsonObject* content)
     QFile file(m_name);
     if (!file.exists())
         return Found::Nothing;
+    // Opening a pipe would wait for somebody who writes.
+    if (!QFileInfo(m_name).isFile())
+        return close(QStringLiteral("it is no file"));
     const bool isOpen = file.open(QIODevice::ReadOnly);
     const QByteArray text = isOpen ? file.read(m_largest) : QByteArray();
-    if (!isOpen || file.error() != QFile::NoError) {
-        m_problem = file.errorString();
-        leave(QStringLiteral("cannot be read: ") + m_problem);
-        return Found::Closed;
-    }
+    if (!isOpen || file.error() != QFile::NoError)
+        return close(file.errorString());
     QJsonParseError error;
     *content = QJsonDocument::fromJson(text, &error).object();
     if (content->isEmpty() || versionOf(*content) < 1) {
@@ -57,6 +58,13 @@ StateFile::Found StateFile::read(QJsonObject* content)
     return Found::Later;
 }
 
+StateFile::Found StateFile::close(const QString& problem)
+{
+    m_problem = problem;
+    leave(QStringLiteral("cannot be read: ") + problem);
+    return Found::Closed;
+}
+
 void StateFile::leave(const QString& reason)
 {
     m_isLeft = true;
@@ -66,6 +74,7 @@ void StateFile::leave(const QString& reason)
 void StateFile::putAside(const QString& reason) const
 {
     const QByteArray aside = QFile::encodeName(asideName());
+    ::chmod(QFile::encodeName(m_name).constData(), S_IRUSR | S_IWUSR); // it may hold a secret
     if (std::rename(QFile::encodeName(m_name).constData(), aside.constData()) == 0)
         KELO_LOG("Serve", WARN) << m_name << " " << reason << "; put aside as " << asideName();
     else
@@ -77,8 +86,9 @@ bool StateFile::write(const QByteArray& text)
 {
     if (!isOurs())
         return false;
-    QString problem;
-    const bool isKept = KeptFile::makeFolder(QFileInfo(m_name).path(), &problem) &&
+    QString problem = QStringLiteral("%1 bytes are too many").arg(text.size());
+    const bool isKept = text.size() <= m_largest &&
+                        KeptFile::makeFolder(QFileInfo(m_name).path(), &problem) &&
                         KeptFile(m_name).write(text, &problem);
     if (isKept && !m_problem.isEmpty())
         KELO_LOG("Serve", INFO) << m_name << " is written again";

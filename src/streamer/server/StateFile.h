@@ -39,7 +39,7 @@ public:
     Found read(QJsonObject* content);
     /// For an object that is none of this file's.
     void putAside(const QString& reason) const;
-    /// Whether it is on disk; makes the folder.
+    /// Whether it is on disk; makes the folder. Not what read() would not read again.
     [[nodiscard]] bool write(const QByteArray& text);
     /// Removes the file and what was put aside of it, but for a later version's.
     void remove();
@@ -49,6 +49,7 @@ public:
 
 private:
     void leave(const QString& reason);
+    Found close(const QString& problem);
 
     QString m_name;
     QString m_loss;

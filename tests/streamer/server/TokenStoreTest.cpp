@@ -41,6 +41,12 @@ TEST(TokenStoreTest, KeepsTokensForTheOwnerAlone)
     EXPECT_TRUE(back.isAlive(1700000000001));
     EXPECT_FALSE(back.isAlive(1699999999999)) << "a token of the future";
 
+    // What could not be read again is not written.
+    TokenSet large = someTokens();
+    large.access = Secret(QString(100000, 'x'));
+    store.save(info, large);
+    EXPECT_EQ(store.load(info).access.reveal(), "A");
+
     auto otherClient = info;
     otherClient.setClientId("another");
     EXPECT_TRUE(store.load(otherClient).isEmpty());
@@ -78,7 +84,9 @@ TEST(TokenStoreTest, ADamagedFileCountsAsLoggedOut)
         LoginWorld world(folder.path());
         EXPECT_EQ(world.log, (QStringList{"token ", "logged out"})) << text.toStdString();
         const bool isObject = text.startsWith("{\"");
-        EXPECT_EQ(QFile::exists(file.fileName() + ".unreadable"), !isObject);
+        const QString aside = file.fileName() + ".unreadable";
+        EXPECT_EQ(QFile::exists(aside), !isObject);
+        EXPECT_EQ(modeOf(aside), isObject ? 0 : 0600);
         world.send("logout"); // no part of a token stays
         EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList());
     }

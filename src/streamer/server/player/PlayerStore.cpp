@@ -6,6 +6,7 @@
 
 namespace {
 constexpr int version = 1;
+constexpr qint64 maxFileSize = 1024 * 1024; // pictures may be in their addresses
 constexpr qint64 largestPosition = 9'999'999'999'999;
 const QString volumeKey = QStringLiteral("volume");
 const QString positionKey = QStringLiteral("positionMs");
@@ -80,7 +81,7 @@ QByteArray restOf(const PlayItem& item)
 
 PlayerStore::PlayerStore(const QString& stateDir)
     : m_file(stateDir.isEmpty() ? QString() : stateDir + QStringLiteral("/player.json"),
-             QStringLiteral("volume and position do not outlast a restart"), version)
+             QStringLiteral("volume and position do not outlast a restart"), version, maxFileSize)
 {
 }
 
