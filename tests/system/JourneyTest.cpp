@@ -158,6 +158,14 @@ TEST_F(JourneyServiceTest, aRestartKeepsTheLoginAndALogoutClosesTheTree)
     EXPECT_TRUE(streamer.get("/api/v1/login").body["loggedIn"].toBool());
     EXPECT_EQ(albums(), 50);
 
+    const QByteArray warning = "another streamer has the state folder";
+    EXPECT_FALSE(streamer.errors().contains(warning));
+    Streamer second;
+    ASSERT_TRUE(QFile::link(streamer.stateFolder(), second.stateFolder()));
+    EXPECT_TRUE(second.start(Streamer::settingsFor(*sim)));
+    EXPECT_TRUE(second.errors().contains(warning));
+    EXPECT_EQ(second.stop(), 0);
+
     EXPECT_EQ(streamer.kelo({"logout"}).status, 0);
     const QJsonObject top = streamer.rows("/tidal");
     EXPECT_EQ(column(top, "Title").first(), "Please login to continue");

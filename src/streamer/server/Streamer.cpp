@@ -11,7 +11,9 @@
 #include "SettingsWorker.h"
 #include "web/WebServer.h"
 
+#include <cerrno>
 #include <cmath>
+#include <fcntl.h>
 #include <future>
 #include <kelo/CMAbstractWorker.h>
 #include <kelo/CMRoot.h>
@@ -20,6 +22,8 @@
 #include <kelo/KeloTidalConstants.h>
 #include <mutex>
 #include <QFileInfo>
+#include <sys/file.h>
+#include <unistd.h>
 
 namespace {
 
@@ -44,11 +48,13 @@ Streamer::Streamer(const ServeOptions& options, const Settings& settings,
 Streamer::~Streamer()
 {
     stop();
+    ::close(m_stateLock);
 }
 
 bool Streamer::start(QString* error)
 {
     makeStateFolder();
+    lockStateFolder();
     if (!startDemo(error) || !startWorkers(error) || !startPlayer(error) || !startModules(error) ||
         !startWeb(error))
         return false;
@@ -116,6 +122,17 @@ void Streamer::makeStateFolder() const
     if (!KeptFile::makeFolder(m_stateFolder, &reason))
         KELO_LOG("Serve", ERROR) << "cannot make the state folder " << m_stateFolder << ": "
                                  << reason << "; nothing outlasts a restart";
+}
+
+/// Each would overwrite what the other one keeps, and use up the tokens of its login. It serves all
+/// the same: the lock of a process that hangs must not keep its successor from it.
+void Streamer::lockStateFolder()
+{
+    m_stateLock =
+        ::open(QFile::encodeName(m_stateFolder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (m_stateLock >= 0 && ::flock(m_stateLock, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK)
+        KELO_LOG("Serve", ERROR) << "another streamer has the state folder " << m_stateFolder
+                                 << "; login and queue of one of them will be lost";
 }
 
 bool Streamer::startDemo(QString* error)

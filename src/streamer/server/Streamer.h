@@ -39,6 +39,8 @@ private:
     /// Runs the simulated service and points all addresses of the settings at it.
     bool startDemo(QString* error);
     void makeStateFolder() const;
+    /// Tells of another streamer that has the state folder.
+    void lockStateFolder();
     bool startWorkers(QString* error);
     bool startPlayer(QString* error);
     bool startModules(QString* error);
@@ -49,6 +51,7 @@ private:
     const ServeOptions m_options;
     Settings m_settings;
     QString m_stateFolder; ///< a demo has one of its own
+    int m_stateLock = -1;  ///< the folder, locked for as long as this lives
     bool m_isWithoutModule = false;
     std::unique_ptr<Demo> m_demo; ///< the simulated service; null without a demo
     CMWorkerThread m_settingsThread;
