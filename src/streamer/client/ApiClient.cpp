@@ -138,6 +138,11 @@ bool ApiClient::isServerAddress(const QString& text)
            (url.scheme() == "http" || url.scheme() == "https");
 }
 
+void ApiClient::limitSilence(std::chrono::seconds limit)
+{
+    m_client->set_read_timeout(limit);
+}
+
 ApiReply ApiClient::get(const QString& path, const Query& query)
 {
     return fromResult(m_server, m_client->Get(target(path, query), languageFor(path)));

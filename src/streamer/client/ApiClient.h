@@ -2,6 +2,7 @@
 
 #include "client/EventParser.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <QJsonObject>
@@ -51,6 +52,9 @@ public:
     static bool isServerAddress(const QString& text);
 
     const QString& server() const { return m_server; }
+    /// How long a call may go without a word of the streamer, from now on; before, longer than any
+    /// deadline of its own.
+    void limitSilence(std::chrono::seconds limit);
 
     /// \p path is below /api/v1, "rows". Query values are encoded here.
     [[nodiscard]] ApiReply get(const QString& path, const Query& query = {});

@@ -17,6 +17,9 @@ namespace cli {
 
 namespace {
 
+/// A streamer that hangs is told of, not waited for.
+constexpr std::chrono::seconds patience{10};
+
 /// `kelo doctor`: looks at everything that playing needs and says what is wrong and what helps.
 /// It changes nothing; told to, it writes a report to send.
 struct DoctorCommand
@@ -71,6 +74,7 @@ int DoctorCommand::run(const CommandContext& context)
     checkClock();
     checkSettings(loaded);
     checkState();
+    context.api.limitSilence(patience);
     checkStreamer(context.api);
     if (!bundle.isEmpty())
         return writeBundle(context, loaded);

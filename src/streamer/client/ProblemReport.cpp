@@ -66,8 +66,10 @@ QByteArray readEnd(const QString& name)
     QFile file(name);
     if (!file.open(QIODevice::ReadOnly))
         return {};
-    file.seek(qMax<qint64>(0, file.size() - mostBytes));
-    return file.read(mostBytes);
+    const bool isCut = file.size() > mostBytes && file.seek(file.size() - mostBytes);
+    const QByteArray end = file.read(mostBytes);
+    // What a cut line holds is not told any more by its name.
+    return isCut ? end.mid(end.indexOf('\n') + 1) : end;
 }
 
 /// What the service manager's journal has of the units, where there is one that may be read.
@@ -117,6 +119,8 @@ ProblemReport::ProblemReport(const LoadedSettings& loaded, const QString& stateF
     m_redaction.add(loaded.settings.tidal.oauth2.clientSecret.reveal());
     m_redaction.add(loaded.settings.tidal.oauth2.clientId);
     m_redaction.addTokensBelow(stateFolder);
+    for (const QVariantHash& section : loaded.settings.modules.sections)
+        m_redaction.addSecretsOf(QJsonObject::fromVariantHash(section));
     m_text = QStringLiteral("kelo problem report, %1\n"
                             "*** stands for what was left out. Look through it before you send "
                             "it.\n")

@@ -12,8 +12,9 @@ namespace cli {
 
 namespace {
 
-const char* const secretNames = "token|secret|passw|passphrase|signature|credential|api_?key|"
-                                "session|cookie|authorization|(?:device|user)_?code|\\buser\\b";
+const char* const secretNames =
+    "token|secret|passw|passphrase|\\bpwd\\b|signature|credential|(?:api|access|private)[_-]?key|"
+    "session|cookie|authorization|(?:device|user)_?code|\\buser\\b|user[_-]?(?:name|id)";
 
 /// The texts of a JSON value at names that tell of secrets.
 void collect(const QJsonValue& value, bool isSecret, QStringList& found)
@@ -44,10 +45,13 @@ const QVector<Rule>& rules()
         rule("((?:authorization|cookie)\"?\\s*[:=]).*", "\\1 ***"),
         rule("\\b(bearer|basic)\\s+[^\\s\"',]+", "\\1 ***"),
         rule("\\beyJ[\\w-]+\\.[\\w.-]+", "***"), // a JSON Web Token (RFC 7519)
-        rule("([a-z][a-z0-9+.-]*://)[^/\\s\"'@]*@", "\\1***@"),
+        // A password may hold what ends it by the rules: up to the last @.
+        rule("([a-z][a-z0-9+.-]*://)[^\\s\"'<>]*@", "\\1***@"),
+        rule("(/users/)\\d+", "\\1***"),
         rule("([a-z][a-z0-9+.-]*://[^\\s\"'<>?#]*)[?#][^\\s\"'<>]*", "\\1?***"),
-        rule(QStringLiteral("(\\b[\\w.-]*(?:%1)[\\w.-]*\\\\?[\"']?\\s*[:=]\\s*)"
-                            "(?:\\\\?\"(?:[^\"\\\\]|\\\\.)*\"?|'[^']*'?|[^\\s,;&\"'}]+)")
+        rule(QStringLiteral(
+                 "(\\b[\\w.-]*(?:%1)[\\w.-]*\\\\?[\"']?\\s*[:=]\\s*)"
+                 "(?:[\\[{][^\\]}]*|\\\\?\"(?:[^\"\\\\]|\\\\.)*\"?|'[^']*'?|[^\\s,;&\"'}]+)")
                  .arg(secretNames),
              "\\1***"),
         rule("\\b(code=)[^\\s,;&\"'}]+", "\\1***"),
@@ -71,6 +75,14 @@ void Redaction::add(const QString& secret)
               [](const QString& a, const QString& b) { return a.size() > b.size(); });
 }
 
+void Redaction::addSecretsOf(const QJsonObject& values)
+{
+    QStringList found;
+    collect(values, false, found);
+    for (const QString& secret : found)
+        add(secret);
+}
+
 void Redaction::addTokensBelow(const QString& folder)
 {
     constexpr qint64 mostBytes = 1024 * 1024;
@@ -81,18 +93,15 @@ void Redaction::addTokensBelow(const QString& folder)
         if (!file.open(QIODevice::ReadOnly))
             continue;
         const QJsonDocument document = QJsonDocument::fromJson(file.read(mostBytes));
-        QStringList found;
-        collect(document.isArray() ? QJsonValue(document.array()) : document.object(), false,
-                found);
-        for (const QString& secret : found)
-            add(secret);
+        addSecretsOf(document.isArray() ? QJsonObject{{QString(), document.array()}}
+                                        : document.object());
     }
 }
 
 QString Redaction::cleaned(QString text) const
 {
     for (const QString& secret : m_secrets)
-        text.replace(secret, "***");
+        text.replace(secret, "***", Qt::CaseInsensitive);
     for (const Rule& rule : rules())
         text.replace(rule.expression, rule.replacement);
     return text;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 
@@ -13,6 +14,8 @@ class Redaction
 public:
     /// A text that must not be seen, in whatever form; one of less than four letters is no secret.
     void add(const QString& secret);
+    /// The texts that stand at names such as "token".
+    void addSecretsOf(const QJsonObject& values);
     /// The tokens that are kept in the files below \p folder.
     void addTokensBelow(const QString& folder);
 
