@@ -100,7 +100,7 @@ TEST(ConformanceTest, eachFaultFailsItsCheck)
              {"answers twice", "answers", "answered twice"},
              {"throws later", "answers", "exception: no rows"},
              {"crashes", "paths", " at /faulty/list"},
-             {"crashes at last", "exit", "fault after main()"},
+             {"crashes at last", "exit", " after main()"},
              {"leaves a value out", "rows", "a row of 4 values for 5 roles"},
              {"has a strange type", "rows", "type Sound"},
              {"has a number for a path", "rows", "Path is no text"},
