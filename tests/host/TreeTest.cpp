@@ -21,8 +21,7 @@ CMPath path(const char* encoded)
 
 const QStringList shortRoles{KeloRoles::Path(), KeloRoles::Title(), KeloRoles::Disabled()};
 
-/// A worker with one node of each kind; "/demo/hold" keeps its request, "/demo/drop" forgets it,
-/// "/demo/throw" throws, and so does all of "/demo/broken".
+/// A worker with one node of each kind; "/demo/hold" keeps its request, "/demo/drop" forgets it.
 class DemoWorker : public CMNodesWorker
 {
     Q_OBJECT
@@ -55,8 +54,6 @@ public:
         hold->setActivateRole(KeloRoles::PrePlay());
         CMActivateNode::create(nodes(), addPrefix(QStringLiteral("drop")), this,
                                SLOT(on_drop(CMSetDataRequest)), Qt::QueuedConnection);
-        CMActivateNode::create(nodes(), addPrefix(QStringLiteral("throw")), this,
-                               SLOT(on_throw(CMSetDataRequest)), Qt::DirectConnection);
         auto* query = CMQueryNode::create(nodes(), addPrefix(QStringLiteral("search")));
         query->setQuery(QStringLiteral("query"));
         query->setQueryPath(list->path());
@@ -72,26 +69,7 @@ public:
     std::promise<void> entered;
     CMSetDataRequest held;
 
-    void getRowsRequest(const CMGetRowsRequest& request) override
-    {
-        if (isBroken(request.path()))
-            throw 42;
-        CMNodesWorker::getRowsRequest(request);
-    }
-    KeloRoles dataRoles(const CMPath& path) const override
-    {
-        return isBroken(path) ? throw std::runtime_error("no roles")
-                              : CMNodesWorker::dataRoles(path);
-    }
-
-private:
-    static bool isBroken(const CMPath& path)
-    {
-        return path.base() == QLatin1String("/demo/broken");
-    }
-
 private Q_SLOTS:
-    void on_throw(const CMSetDataRequest&) { throw std::runtime_error("torn"); }
     void on_action(const CMSetDataRequest& request) { request.reply().setValue(42); }
     void on_drop(const CMSetDataRequest&) {}
     void on_hold(const CMSetDataRequest& request)
@@ -150,10 +128,6 @@ TEST_F(TreeTest, everyRequestIsAnsweredAlsoWhereNobodyStands)
     EXPECT_EQ(lastError.name(), QStringLiteral("Refused"));
     EXPECT_EQ(errorOf(set("/demo/nothing", 1)), QStringLiteral("NotAvailable"));
     EXPECT_EQ(errorOf(set("/demo/hold", 1)), QStringLiteral("Refused"));
-    rows("/demo/broken");
-    EXPECT_TRUE(lastError.message().endsWith(QStringLiteral("of an unknown type")));
-    EXPECT_TRUE(set("/demo/throw", 1).error().message().endsWith(QStringLiteral(": torn")));
-    EXPECT_TRUE(CMRoot().dataRoles(path("/demo/broken")).isEmpty());
     EXPECT_EQ(CMRoot().pendingRequests(), 0) << "each was answered on this thread";
 }
 
