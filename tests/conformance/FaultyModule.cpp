@@ -6,7 +6,6 @@
 #include <kelo/KeloModule.h>
 #include <kelo/KeloPost.h>
 #include <kelo/PlayLogicInterface.h>
-#include <limits>
 #include <thread>
 #include <unistd.h>
 
@@ -122,9 +121,8 @@ private:
         }
         KeloRowsRoles answer;
         answer.setRows(rows);
-        answer.setRowsCount(is("counts for ever") ? std::numeric_limits<int>::max()
-                                                  : count - (is("counts wrongly") ? 15 : 0) +
-                                                        (is("counts its end wrongly") ? 7 : 0));
+        answer.setRowsCount(count - (is("counts wrongly") ? 15 : 0) +
+                            (is("counts its end wrongly") ? 7 : 0));
         answer.setRoles(getDataRoles({}));
         return answer;
     }
