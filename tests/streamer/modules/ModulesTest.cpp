@@ -198,12 +198,12 @@ TEST_F(ModulesTest, OneThatHangsIsLeftBehindAndNeverPublished)
         else
             files << copy("radio");
         settings["how"] = isInFirstCode ? "" : "hangs";
-        (void)start(files, {{name, settings}}, std::chrono::milliseconds(50));
+        (void)start(files, {{name, settings}}, std::chrono::milliseconds(500));
         EXPECT_TRUE(rows('/' + name)
                         .value(0)
                         .endsWith(isInFirstCode
-                                      ? "its own first code has not returned within 0.05 s"
-                                      : "its worker_create has not returned within 0.05 s"));
+                                      ? "its own first code has not returned within 0.5 s"
+                                      : "its worker_create has not returned within 0.5 s"));
         EXPECT_TRUE(modules.isThreadLeftBehind());
         modules.stop();
         ::close(until[1]);
