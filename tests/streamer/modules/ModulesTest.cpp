@@ -1,4 +1,5 @@
 #include "modules/Modules.h"
+#include "library/RuntimeLibrary.h"
 #include "modules/ModuleApplication.h"
 #include "Table.h"
 
@@ -20,6 +21,9 @@ class ModulesTest : public testing::Test
 {
 protected:
     static constexpr std::chrono::milliseconds longLimit{20000};
+
+    /// A copy does not find the library that its original finds beside itself, unless it is loaded.
+    static void SetUpTestSuite() { ASSERT_TRUE(RuntimeLibrary(KELO_NO_MODULE).isLoaded()); }
 
     /// Starts files with settings by name; what was wrong when none serves.
     QString start(const QStringList& files, const QHash<QString, QVariantHash>& sections = {},
