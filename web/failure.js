@@ -55,5 +55,12 @@ export function failure(source) {
     words.textContent = text;
     if (mayPass && !(await login)) wait();
   });
+  // Also of a streamer that has come back, and finds its login a moment later.
+  const onLogin = ({ detail: { loggedIn } }) => {
+    if (element.isConnected && !loggedIn) return;
+    live.removeEventListener("login", onLogin);
+    if (element.isConnected) source.reload();
+  };
+  live.addEventListener("login", onLogin);
   return element;
 }

@@ -30,6 +30,9 @@ journey("logging out, being refused, and logging in again", { allowed }, async (
   await person.button("Get a code").waitFor();
   await person.visit("/tidal/new");
   await view.getByRole("link", { name: "Log in", exact: true }).waitFor();
+  const waiting = await page.context().newPage();
+  await waiting.goto(page.url());
+  await waiting.getByRole("link", { name: "Log in", exact: true }).waitFor();
   await page.getByRole("banner").getByRole("link", { name: "kelo" }).click();
   await view.getByRole("link", { name: "Log in to Tidal" }).click();
 
@@ -40,6 +43,8 @@ journey("logging out, being refused, and logging in again", { allowed }, async (
   await person.button("Get a new code").click();
   await answerWith(person, /Confirm/);
   await person.heading("You are logged in");
+  await waiting.getByText("Most Played").first().waitFor();
+  await waiting.close();
   await page.keyboard.press("Enter");
   await person.list("Favorite albums").getByRole("link").first().waitFor();
   await page.getByRole("navigation", { name: "Music" }).getByRole("link", { name: "New" }).click();
