@@ -161,6 +161,7 @@ export class SearchView extends View {
   #only = "";
   #top = "";
   #place = homePlace;
+  #kinds = []; // that are shown; those of the place go with a login
   #mark = () => {}; // shows in the list what plays
   #hits = new Map(); // by kind the first of its rows
   #modules = chipGroup(t("Where to search"), "search-modules");
@@ -238,7 +239,7 @@ export class SearchView extends View {
   }
 
   #show() {
-    const { kinds } = this.#place;
+    const kinds = (this.#kinds = this.#place.kinds);
     const chipOf = (name, title) =>
       chip(title, name === this.#only, () => ((this.#only = name), this.#end(), this.#show()));
     const chips = [chipOf("", t("All")), ...kinds.map((row) => chipOf(nameOf(row), row.Title))];
@@ -259,7 +260,7 @@ export class SearchView extends View {
       if (source.error && !source.count) return fill(this.#body, failure(source));
       if (!source.count) return fill(this.#body, this.#nothing());
       const pictures = source.rows.filter((one) => one.Type === "Container" && one.Icon).length;
-      if (!this.#place.kinds.length) kind = pictures > source.rows.length * pictureShare ? "grid" : "rows";
+      if (!this.#kinds.length) kind = pictures > source.rows.length * pictureShare ? "grid" : "rows";
       if (!list.element.isConnected) fill(this.#body, list.element);
       list.update(kind, source.count);
       return this.dispatchEvent(new Event("loaded"));
@@ -281,7 +282,7 @@ export class SearchView extends View {
   #showAll() {
     this.#hits.clear();
     const best = el("ul", { class: "plain-list best", "aria-label": t("Best hit") }, skeleton("rows"));
-    const { kinds } = this.#place;
+    const kinds = this.#kinds;
     const nothing = this.#nothing({ hidden: true });
     this.#shelves = kinds.map((row) => {
       const look = nameOf(row) === "tracks" ? { kind: "rows", most: 5 } : {};
@@ -305,7 +306,7 @@ export class SearchView extends View {
   #replace = () => {};
 
   #showBest(place, nothing) {
-    const { kinds } = this.#place;
+    const kinds = this.#kinds;
     if (this.#hits.size < kinds.length) return;
     this.#replace();
     this.#replace = () => {};
