@@ -46,9 +46,8 @@ struct TextsTest : testing::Test
         append(KeloRolesType::Container_, TrString("Albums"));
         append(KeloRolesType::Container_, TrString(TrCharData{context, "Albums", nullptr}));
         append(KeloRolesType::Container_, TrString(TrCharData{context, "Foghorns", nullptr}));
-        append(KeloRolesType::Action_, TrString(TrCharData{"void OAuth2Service::addNodes(CMNodes*)",
-                                                           "Log in to %1", nullptr},
-                                                {QString("%1 Albums")}));
+        append(KeloRolesType::Action_,
+               TrString::in("Player", "the audio did not arrive: %1", {QString("%1 Albums")}));
     }
 
     WebWorld world;
@@ -58,11 +57,15 @@ TEST_F(TextsTest, ClientsAtTheSameTimeGetTheSameRowsEachInItsLanguage)
 {
     // A heading and a text of ours are put into words, an album of that name is not.
     const std::map<std::string, QStringList> expected{
-        {"en", {"My Music", "Albums", "Albums", "Albums", "Foghorns", "Log in to %1 Albums"}},
-        {"de", {"Meine Musik", "Alben", "Albums", "Alben", "Foghorns", "Bei %1 Albums anmelden"}},
+        {"en",
+         {"My Music", "Albums", "Albums", "Albums", "Foghorns",
+          "the audio did not arrive: %1 Albums"}},
+        {"de",
+         {"Meine Musik", "Alben", "Albums", "Alben", "Foghorns",
+          "die Audiodaten sind nicht angekommen: %1 Albums"}},
         {"ja",
          {"マイミュージック", "アルバム", "Albums", "アルバム", "Foghorns",
-          "%1 Albumsにログイン"}}};
+          "音声を受信できませんでした: %1 Albums"}}};
     std::vector<std::thread> clients;
     for (const auto& [language, texts] : expected) {
         clients.emplace_back([this, language = language, texts = texts] {
